@@ -1,0 +1,32 @@
+# The warnings every target of the project is built with, and the two kinds of target that
+# folders define.
+
+add_library(feedloom_warnings INTERFACE)
+target_compile_options(feedloom_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                                                   -Werror)
+if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+  target_compile_options(feedloom_warnings INTERFACE -Wthread-safety)
+endif()
+
+# feedloom_library(NAME SOURCES file... LINKS target...): the static library of one folder of src/.
+function(feedloom_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(
+    ${name}
+    PUBLIC ${arg_LINKS}
+    PRIVATE feedloom_warnings ${arg_PRIVATE_LINKS})
+endfunction()
+
+# feedloom_test(NAME SOURCES file... LINKS target... LABELS label...): the test program of one
+# folder; each of its test cases is a ctest of its own.
+function(feedloom_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;LABELS")
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE feedloom_warnings test_kit ${arg_LINKS} GTest::gtest_main)
+  gtest_discover_tests(
+    ${name}
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 120)
+endfunction()

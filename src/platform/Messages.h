@@ -1,0 +1,28 @@
+// The numbers of all messages that the module's parts exchange with each other and with the host.
+#pragma once
+
+namespace feedloom {
+
+enum Message : unsigned {
+  // Refresh threads to the frame.
+  kMessageChannelResult = 0x500,  // wParam a ChannelResult, lParam the channel id
+  kMessageChannelWorker = 0x506,  // wParam the channel id, lParam 0: a worker began or was stopped
+  kMessageChannelInserted = 0x508,  // wParam the channel id, lParam 1
+
+  // The feed check to the dialog that asked for it.
+  kMessageFeedChecked = 0x502,  // wParam 1 and lParam a std::string* (the title), or 0 and 0
+
+  // The module to the host's window.
+  kMessageRefreshBegan = 0x5601,
+  kMessageRefreshEnded = 0x5602,
+};
+
+// The wParam of kMessageChannelResult.
+enum ChannelResult : int {
+  kChannelRefreshed = 0,
+  kRunEnded = 1,
+  kDownloadFailed = -2,
+  kDocumentRefused = -3,
+};
+
+}  // namespace feedloom

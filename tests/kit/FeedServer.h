@@ -1,0 +1,62 @@
+// A web server on 127.0.0.1 that serves what a test tells it to, well or badly.
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+namespace feedloom {
+
+// Serves from the constructor to the destructor, which ends at once: answers under way are broken
+// off, requests that wait for one get a 503. Any thread may call it.
+//
+// A path is what stands in the request line: "/feed.xml", "/search?q=x", or a whole address when
+// the server is used as a proxy. What is served at "/search" answers "/search?q=x" as well unless
+// that path has an answer of its own, and both names see the request. GET and POST get the same
+// answer. A later answer for a path replaces the earlier one; a path without an answer gets 404.
+class FeedServer {
+ public:
+  FeedServer();
+  ~FeedServer();
+  FeedServer(const FeedServer&) = delete;
+  FeedServer& operator=(const FeedServer&) = delete;
+
+  int Port() const;
+  // "http://127.0.0.1:<port>" and `path`.
+  std::string Url(const std::string& path) const;
+
+  // Answers.
+  void Serve(const std::string& path, const std::string& bytes,
+             const std::string& contentType = "text/xml");
+  void Compressed(const std::string& path, const std::string& bytes);  // gzip in transfer
+  void Redirect(const std::string& path, const std::string& toUrl);    // 302, any URL
+  void Fail(const std::string& path, int status);
+  void Echo(const std::string& path);  // the request's own body
+  // No answer until the server ends or the path is given another answer, which they then get.
+  void Hang(const std::string& path);
+  void Endless(const std::string& path);  // bytes for ever
+  void SlowDrip(const std::string& path, const std::string& bytes, std::chrono::milliseconds pause);
+  void BreakOff(const std::string& path, const std::string& bytes);  // announces more than these
+
+  // From now on each answer begins so long after its request has arrived.
+  void SetLatency(std::chrono::milliseconds latency);
+
+  // Requests to `path` that have arrived so far.
+  int Requests(const std::string& path) const;
+  // The most requests that were in progress at one time. A request is in progress from its arrival
+  // until its answer begins.
+  int HighestConcurrency() const;
+  // Blocks until `count` requests to `path` have arrived, now or before; false when they don't.
+  [[nodiscard]] bool WaitForRequest(const std::string& path,
+                                    std::chrono::milliseconds timeout = std::chrono::seconds(20),
+                                    int count = 1) const;
+  // Of the latest request to `path`; "" without one.
+  std::string LastHeader(const std::string& path, const std::string& name) const;
+  std::string LastBody(const std::string& path) const;
+
+ private:
+  class Impl;
+  const std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace feedloom

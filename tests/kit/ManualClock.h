@@ -1,0 +1,59 @@
+#pragma once
+
+#include <chrono>
+#include <stop_token>
+
+#include "platform/Clock.h"
+#include "platform/Mutex.h"
+
+namespace feedloom {
+
+// A clock that stands still until the test sets it. A pause returns at once, takes no time from the
+// clock and is counted. Any thread may use it.
+class ManualClock : public Clock {
+ public:
+  using TimePoint = std::chrono::system_clock::time_point;
+
+  // Stands at the machine's time unless told otherwise.
+  explicit ManualClock(TimePoint now = std::chrono::system_clock::now()) : now_(now) {}
+
+  TimePoint Now() const override {
+    const MutexLock lock(mutex_);
+    return now_;
+  }
+
+  void Pause(std::chrono::milliseconds duration, std::stop_token = {}) override {
+    const MutexLock lock(mutex_);
+    ++pauses_;
+    paused_ += duration;
+  }
+
+  void Set(TimePoint now) {
+    const MutexLock lock(mutex_);
+    now_ = now;
+  }
+
+  void Advance(std::chrono::milliseconds duration) {
+    const MutexLock lock(mutex_);
+    now_ += duration;
+  }
+
+  int PauseCount() const {
+    const MutexLock lock(mutex_);
+    return pauses_;
+  }
+
+  // The sum of all pauses asked for.
+  std::chrono::milliseconds TimePaused() const {
+    const MutexLock lock(mutex_);
+    return paused_;
+  }
+
+ private:
+  mutable Mutex mutex_;
+  TimePoint now_ FEEDLOOM_GUARDED_BY(mutex_);
+  int pauses_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
+  std::chrono::milliseconds paused_ FEEDLOOM_GUARDED_BY(mutex_){0};
+};
+
+}  // namespace feedloom
