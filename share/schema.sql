@@ -1,0 +1,71 @@
+-- The tables of a new database file. Whoever makes the file runs this text in one transaction and
+-- adds the first rows; the module itself never creates or alters a table.
+--
+-- Texts are stored in the module's code page as they are. Dates are texts such as
+-- 2008-03-07 14:05:00; those that the tables fill in themselves are in UTC. The relations between
+-- the tables are kept by the module's operations, not by constraints.
+
+-- A folder, shown as a group of channels. A negative order protects it from renaming and deletion.
+CREATE TABLE TB_FOLDER (
+  folder_id    INTEGER PRIMARY KEY,
+  folder_name  TEXT,
+  folder_order INTEGER DEFAULT 0
+);
+
+-- A subscribed feed.
+CREATE TABLE TB_CHANNEL (
+  channel_id         INTEGER PRIMARY KEY,
+  channel_folderID   INTEGER,            -- folder_id
+  channel_title      TEXT,
+  channel_xmllink    TEXT,               -- the feed's address
+  channel_htmllink   TEXT,               -- the site's address
+  channel_type       TEXT,               -- the feed format's name, or NULL
+  channel_order      INTEGER DEFAULT 0,  -- position in its folder
+  channel_state      INTEGER DEFAULT 0,  -- outcome of the last refresh
+  channel_createDate TEXT DEFAULT CURRENT_TIMESTAMP,
+  channel_updateDate TEXT
+);
+
+-- An item of a feed; within its channel the link identifies it.
+CREATE TABLE TB_POST (
+  post_id         INTEGER PRIMARY KEY,
+  post_channelID  INTEGER,            -- channel_id
+  post_title      TEXT,
+  post_link       TEXT,
+  post_pubDate    TEXT,               -- from the feed, or empty
+  post_desc       TEXT,
+  post_ispodcast  INTEGER DEFAULT 0,  -- 1: post_link is a media file
+  post_readStatus INTEGER DEFAULT 0,  -- 0 unread, 1 read
+  post_createDate TEXT DEFAULT CURRENT_TIMESTAMP,  -- the clean-up counts a post's age from here
+  post_updateDate TEXT
+);
+
+-- A cabinet: a collection of saved posts.
+CREATE TABLE TB_SCRAP_CHANNEL (
+  scrap_channel_id         INTEGER PRIMARY KEY,
+  scrap_channel_title      TEXT,
+  scrap_channel_order      INTEGER DEFAULT 0,
+  scrap_channel_createDate TEXT DEFAULT CURRENT_TIMESTAMP,
+  scrap_channel_updateDate TEXT
+);
+
+-- A saved post: a copy, which stays when the post or its channel goes.
+CREATE TABLE TB_SCRAP_POST (
+  scrap_post_id             INTEGER PRIMARY KEY,
+  scrap_post_scrapChannelID INTEGER,            -- scrap_channel_id
+  scrap_post_title          TEXT,
+  scrap_post_link           TEXT,
+  scrap_post_pubDate        TEXT,
+  scrap_post_desc           TEXT,
+  scrap_post_readStatus     INTEGER DEFAULT 0,  -- 0 unread, 1 read
+  scrap_post_createDate     TEXT DEFAULT CURRENT_TIMESTAMP,
+  scrap_post_updateDate     TEXT
+);
+
+-- Is this item stored already? Asked for every item of every refresh.
+CREATE INDEX IX_POST_CHANNEL_LINK ON TB_POST (post_channelID, post_link);
+-- The counts of unread posts.
+CREATE INDEX IX_POST_READ_STATUS ON TB_POST (post_readStatus);
+-- The rows of one folder, and of one cabinet.
+CREATE INDEX IX_CHANNEL_FOLDER ON TB_CHANNEL (channel_folderID);
+CREATE INDEX IX_SCRAP_POST_CABINET ON TB_SCRAP_POST (scrap_post_scrapChannelID);

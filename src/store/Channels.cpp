@@ -1,0 +1,124 @@
+#include "store/Channels.h"
+
+#include <optional>
+
+#include "store/Connection.h"
+#include "store/SqlText.h"
+
+namespace feedloom {
+namespace {
+
+// The order for a channel that brings none.
+std::optional<int> SharedOrder(Connection& connection, int folderId) {
+  const auto table = connection.Query(
+      FormatSql("Select Max(channel_order) From TB_CHANNEL Where channel_folderID = %d Group By "
+                "channel_folderID",
+                folderId));
+  if (!table) return std::nullopt;
+  return table->Rows() > 0 ? table->Int(0, 0) : 0;
+}
+
+}  // namespace
+
+bool LoadChannelList(Store& store, std::vector<ChannelRow>& out) {
+  // "innjer" is a table alias to SQLite, so this is an inner join; the text stays as it is.
+  const auto table = QueryOnce(
+      store,
+      "Select channel_title, channel_xmllink, channel_id, channel_folderID, channel_order, "
+      "ifnull(a_cnt,0) cnt, channel_state from TB_CHANNEL left join (select count(post_id) a_cnt, "
+      "channel_id a_id from tb_channel innjer join tb_post on channel_id = post_channelID where "
+      "post_readStatus = 0 group by channel_id) on channel_id = a_id order by channel_order");
+  if (!table) return false;
+  for (int row = 0; row < table->Rows(); ++row) {
+    out.push_back({table->Text(row, 0), table->Text(row, 1), table->Int(row, 2), table->Int(row, 3),
+                   table->Int(row, 4), table->Int(row, 5), table->Int(row, 6)});
+  }
+  return true;
+}
+
+bool FindChannelByXmlLink(Store& store, std::string_view xmlLink, int folderId, int& id,
+                          int& order) {
+  const auto table = QueryOnce(
+      store, FormatSql("Select channel_id, channel_order from TB_CHANNEL Where channel_xmllink = "
+                       "'%s' and channel_folderID = %d",
+                       xmlLink, folderId));
+  if (!table || table->Rows() == 0) return false;
+  id = table->Int(table->Rows() - 1, 0);
+  order = table->Int(table->Rows() - 1, 1);
+  return true;
+}
+
+bool ChannelTitleExists(Store& store, std::string_view title, int folderId) {
+  const auto table =
+      QueryOnce(store, FormatSql("Select channel_id from TB_CHANNEL Where channel_title = '%s' and "
+                                 "channel_folderID = %d",
+                                 title, folderId));
+  return table && table->Rows() > 0;
+}
+
+int GetChannelFolderId(Store& store, int channelId) {
+  return QueryNumber(
+      store, FormatSql("select channel_folderID from tb_channel where channel_id = %d", channelId),
+      -1);
+}
+
+bool AddChannelRecord(Connection& connection, ChannelRecord& record) {
+  const std::optional<int> order =
+      record.order < 0 ? SharedOrder(connection, record.folderId) : record.order;
+  if (!order) return false;
+  const auto present = connection.Query(FormatSql(
+      "Select channel_id From TB_CHANNEL Where channel_xmllink = '%s' and channel_folderID = %d",
+      record.xmlLink, record.folderId));
+  if (!present) return false;
+  if (present->Rows() > 0) {
+    record.id = present->Int(0, 0);
+    return true;
+  }
+  const auto inserted = connection.Query(FormatSql(
+      "Insert Into TB_CHANNEL(channel_title, channel_type, channel_xmllink, "
+      "channel_htmllink, channel_folderID, channel_order) values ('%s', '%s', '%s', "
+      "'%s', %d, %d);select last_insert_rowid()",
+      record.title, record.type, record.xmlLink, record.htmlLink, record.folderId, *order));
+  if (!inserted) return false;
+  record.id = inserted->Int(0, 0);
+  record.order = *order;
+  record.newlyInserted = true;
+  return true;
+}
+
+int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,
+                  std::string_view htmlLink, int folderId, int order) {
+  return QueryNumber(
+      store,
+      FormatSql("insert into TB_CHANNEL(channel_title, channel_xmllink, channel_htmllink, "
+                "channel_folderID, channel_order) values('%s', '%s', '%s', %d, %d)"
+                ";select last_insert_rowid()",
+                title, xmlLink, htmlLink, folderId, order),
+      -1);
+}
+
+bool RenameChannel(Store& store, int channelId, std::string_view title) {
+  return ExecuteOnce(
+      store, FormatSql("Update TB_CHANNEL Set channel_title = '%s' Where channel_id = %d;", title,
+                       channelId));
+}
+
+bool MoveChannel(Store& store, int channelId, int folderId) {
+  return ExecuteOnce(store,
+                     FormatSql("Update TB_CHANNEL Set channel_folderID = %d Where channel_id = %d",
+                               folderId, channelId));
+}
+
+bool SetChannelState(Store& store, int channelId, int state) {
+  return ExecuteOnce(
+      store, FormatSql("Update TB_CHANNEL Set channel_state = %d Where channel_id = %d", state,
+                       channelId));
+}
+
+bool DeleteChannel(Store& store, int channelId) {
+  return ExecuteEach(store,
+                     {FormatSql("Delete From TB_CHANNEL where channel_id = %d", channelId),
+                      FormatSql("Delete From TB_POST where post_channelID = %d", channelId)});
+}
+
+}  // namespace feedloom

@@ -1,0 +1,49 @@
+#include "store/Counts.h"
+
+#include "store/Connection.h"
+#include "store/SqlText.h"
+
+namespace feedloom {
+
+int CountUnreadPosts(Store& store) {
+  return QueryNumber(store, "select count(post_id) a_cnt from tb_post where post_readStatus = 0",
+                     -1);
+}
+
+int CountUnreadInFolder(Store& store, int folderId, bool isCabinetGroup) {
+  if (isCabinetGroup) {
+    return QueryNumber(store,
+                       "select count(scrap_post_id) a_cnt from tb_scrap_channel left join "
+                       "tb_scrap_post on scrap_channel_id = scrap_post_scrapChannelID where "
+                       "scrap_post_readStatus = 0",
+                       -1);
+  }
+  return QueryNumber(
+      store,
+      FormatSql("select count(post_id) a_cnt from tb_channel left join tb_post on channel_id = "
+                "post_channelID where post_readStatus = 0 and channel_folderID = %d group by "
+                "channel_folderID",
+                folderId),
+      -1);
+}
+
+int CountUnreadInItem(Store& store, int id, bool isCabinet) {
+  const char* statement =
+      isCabinet
+          ? "select count(scrap_post_id) a_cnt from tb_scrap_channel left join tb_scrap_post "
+            "on scrap_channel_id = scrap_post_scrapChannelID where scrap_post_readStatus = 0 "
+            "and scrap_channel_id = %d group by scrap_channel_id"
+          : "select count(post_id) a_cnt from tb_channel left join tb_post on channel_id = "
+            "post_channelID where post_readStatus = 0 and channel_id = %d group by channel_id";
+  Connection connection(store);
+  if (!connection) {
+    // Hosts count on two messages here.
+    store.ReportStoreError("Can't open database");
+    return -1;
+  }
+  const auto table = connection.Query(FormatSql(statement, id));
+  if (!table) return -1;
+  return table->Rows() > 0 ? table->Int(0, 0) : 0;
+}
+
+}  // namespace feedloom

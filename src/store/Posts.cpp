@@ -1,0 +1,160 @@
+#include "store/Posts.h"
+
+#include "store/Connection.h"
+#include "store/IdStatement.h"
+#include "store/PostColumns.h"
+#include "store/SqlText.h"
+
+namespace feedloom {
+namespace {
+
+// Fills a channel's fields from the first row of `table`, whose columns begin at `first`.
+void ReadChannelFields(const ResultTable& table, int first, ChannelWithPosts& out) {
+  if (table.Rows() == 0) return;
+  out.folderId = table.Int(0, first);
+  out.created = table.Text(0, first + 1);
+  out.htmlLink = table.Text(0, first + 2);
+  out.title = table.Text(0, first + 3);
+  out.type = table.Text(0, first + 4);
+  out.updated = table.Text(0, first + 5);
+  out.xmlLink = table.Text(0, first + 6);
+}
+
+void ReadCabinetFields(const ResultTable& table, int first, CabinetWithPosts& out) {
+  if (table.Rows() == 0) return;
+  out.created = table.Text(0, first);
+  out.title = table.Text(0, first + 1);
+  out.updated = table.Text(0, first + 2);
+}
+
+// Runs the two statements of a container on one connection; read(table) takes the first one's rows.
+template <typename Read>
+bool LoadContainer(Store& store, const std::string& containerSql, Read read,
+                   const std::string& postsSql, const PostLayout& layout,
+                   std::vector<PostRow>& posts) {
+  Connection connection(store);
+  if (!connection) return false;
+  {
+    const auto container = connection.Query(containerSql);
+    if (!container) return false;
+    read(*container);
+  }
+  const auto table = connection.Query(postsSql);
+  if (!table) return false;
+  AppendPosts(*table, layout, posts);
+  return true;
+}
+
+}  // namespace
+
+bool LoadChannelWithPosts(Store& store, int channelId, ChannelWithPosts& out) {
+  const bool loaded = LoadContainer(
+      store,
+      FormatSql("Select channel_folderID, channel_createDate, channel_htmllink, channel_title, "
+                "channel_type, channel_updateDate, channel_xmllink From TB_CHANNEL Where "
+                "channel_id = %d",
+                channelId),
+      [&](const ResultTable& table) { ReadChannelFields(table, 0, out); },
+      FormatSql("Select post_readStatus, post_id, post_createDate, post_desc, post_link, "
+                "post_pubDate, post_title, post_updateDate, channel_title, post_ispodcast From "
+                "TB_POST Join TB_CHANNEL On TB_POST.post_channelID = TB_CHANNEL.channel_id Where "
+                "post_channelId = %d Order By channel_order Asc, post_pubDate desc, post_title Asc",
+                channelId),
+      {.podcast = 9}, out.posts);
+  for (PostRow& post : out.posts) post.ownerId = channelId;
+  return loaded;
+}
+
+bool LoadFolderWithPosts(Store& store, int folderId, ChannelWithPosts& out) {
+  return LoadContainer(
+      store,
+      FormatSql("Select channel_id, channel_folderID, channel_createDate, channel_htmllink, "
+                "channel_title, channel_type, channel_updateDate, channel_xmllink From TB_CHANNEL "
+                "Where channel_folderID = %d  Order By channel_order",
+                folderId),
+      [&](const ResultTable& table) { ReadChannelFields(table, 1, out); },
+      FormatSql("Select channel_id, post_readStatus, post_id, post_createDate, post_desc, "
+                "post_link, post_pubDate, post_title, post_updateDate, channel_title, "
+                "post_ispodcast From TB_POST Join TB_CHANNEL On TB_POST.post_channelID = "
+                "TB_CHANNEL.channel_id Where channel_folderID = %d Order By channel_order Asc, "
+                "post_pubDate Desc, post_title Asc",
+                folderId),
+      {.first = 1, .podcast = 10, .ownerId = 0}, out.posts);
+}
+
+bool LoadCabinetWithPosts(Store& store, int cabinetId, CabinetWithPosts& out) {
+  const bool loaded = LoadContainer(
+      store,
+      FormatSql("Select scrap_channel_createDate, scrap_channel_title, scrap_channel_updateDate, "
+                "scrap_channel_order From TB_SCRAP_CHANNEL Where scrap_channel_id = %d",
+                cabinetId),
+      [&](const ResultTable& table) {
+        ReadCabinetFields(table, 0, out);
+        if (table.Rows() > 0) out.order = table.Int(0, 3);
+      },
+      FormatSql("Select scrap_post_readStatus, scrap_post_id, scrap_post_createDate, "
+                "scrap_post_desc, scrap_post_link, scrap_post_pubDate, scrap_post_title, "
+                "scrap_post_updateDate, scrap_channel_title From TB_SCRAP_POST Join "
+                "TB_SCRAP_CHANNEL On TB_SCRAP_POST.scrap_post_scrapChannelID = "
+                "TB_SCRAP_CHANNEL.scrap_channel_id Where scrap_post_scrapChannelId = %d Order By "
+                "scrap_channel_order Asc, scrap_post_pubDate desc, scrap_post_title Asc",
+                cabinetId),
+      {}, out.posts);
+  for (PostRow& post : out.posts) post.ownerId = cabinetId;
+  return loaded;
+}
+
+bool LoadAllCabinetsWithPosts(Store& store, CabinetWithPosts& out) {
+  return LoadContainer(
+      store,
+      "Select scrap_channel_id, scrap_channel_createDate, scrap_channel_title, "
+      "scrap_channel_updateDate From TB_SCRAP_CHANNEL Order By scrap_channel_order",
+      [&](const ResultTable& table) { ReadCabinetFields(table, 1, out); },
+      "Select scrap_channel_id, scrap_post_readStatus, scrap_post_id, scrap_post_createDate, "
+      "scrap_post_desc, scrap_post_link, scrap_post_pubDate, scrap_post_title, "
+      "scrap_post_updateDate, scrap_channel_title From TB_SCRAP_POST Join TB_SCRAP_CHANNEL On "
+      "TB_SCRAP_POST.scrap_post_scrapChannelID = TB_SCRAP_CHANNEL.scrap_channel_id Order By "
+      "scrap_channel_order Asc, scrap_post_pubDate Desc, scrap_post_title Asc",
+      {.first = 1, .ownerId = 0}, out.posts);
+}
+
+std::optional<PostRow> FindPost(Store& store, int postId) {
+  const auto table = QueryOnce(
+      store,
+      FormatSql("Select post_readStatus, post_id, post_createDate, post_desc, post_link, "
+                "post_pubDate, post_title, post_updateDate, channel_title, post_ispodcast, "
+                "post_channelID From TB_POST Inner Join TB_CHANNEL On TB_POST.post_channelID = "
+                "TB_CHANNEL.channel_id Where post_id = %d",
+                postId));
+  std::vector<PostRow> posts;
+  if (table) AppendPosts(*table, {.podcast = 9, .ownerId = 10}, posts);
+  return posts.empty() ? std::nullopt : std::optional(std::move(posts.front()));
+}
+
+void InsertChannelPosts(Connection& connection, const ChannelRecord& record, std::stop_token stop) {
+  for (const NewPost& post : record.posts) {
+    if (stop.stop_requested()) return;
+    connection.Execute(FormatSql(
+        "Insert Into TB_POST(post_channelID, post_title, post_link, post_pubDate, post_Desc, "
+        "post_ispodcast) Select %d, '%s', '%s', '%s', '%s', %d Where not exists (Select post_id "
+        "From TB_POST Where post_channelID = %d and post_link = '%s');",
+        record.id, post.title, post.link, post.published, post.description, post.isPodcast,
+        record.id, post.link));
+  }
+}
+
+bool DeletePosts(Store& store, std::span<const int> postIds) {
+  return ExecuteForIds(store, "Delete From TB_POST", " post_id = %d", "", postIds);
+}
+
+bool DeleteScrapPosts(Store& store, std::span<const int> scrapPostIds) {
+  return ExecuteForIds(store, "Delete From TB_SCRAP_POST", " scrap_post_id = %d", "", scrapPostIds);
+}
+
+bool DeleteOldPosts(Store& store, int days) {
+  return ExecuteOnce(store, FormatSql("Delete From TB_POST where ABS(JULIANDAY('now') - "
+                                      "JULIANDAY(post_createdate)) >= %d",
+                                      days));
+}
+
+}  // namespace feedloom

@@ -1,0 +1,90 @@
+// The plain records that the store hands out and takes in. Texts are in the module's code page,
+// dates are "%Y-%m-%d %H:%M:%S" or empty.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace feedloom {
+
+struct FolderRow {
+  std::string name;
+  int id = 0;
+  int order = 0;  // negative: protected, neither renamed nor deleted
+  int unreadCount = 0;
+};
+
+struct ChannelRow {
+  std::string title;
+  std::string xmlLink;  // the feed's address
+  int id = 0;
+  int folderId = 0;
+  int order = 0;
+  int unreadCount = 0;
+  int state = 0;  // the last refresh: 0 done, below 0 a failure (ChannelResult)
+};
+
+struct CabinetRow {
+  int id = 0;
+  std::string title;
+  int order = 0;
+  int unreadCount = 0;
+};
+
+// A post of a channel, or a saved post of a cabinet.
+struct PostRow {
+  int readStatus = 0;  // 0 unread, 1 read
+  int id = 0;
+  std::string created;
+  std::string description;
+  std::string link;
+  std::string published;
+  std::string title;
+  std::string updated;
+  std::string ownerTitle;  // of the channel or cabinet
+  int isPodcast = 0;       // posts only
+  int ownerId = 0;         // 0 where the operation does not tell it
+};
+
+struct ChannelWithPosts {
+  int folderId = 0;
+  std::string created;
+  std::string htmlLink;  // the site's home page
+  std::string title;
+  std::string type;
+  std::string updated;
+  std::string xmlLink;
+  std::vector<PostRow> posts;
+};
+
+struct CabinetWithPosts {
+  std::string created;
+  std::string title;
+  std::string updated;
+  int order = 0;
+  std::vector<PostRow> posts;
+};
+
+// A post on its way into the store.
+struct NewPost {
+  std::string title;
+  std::string link;
+  std::string published;
+  std::string description;
+  int isPodcast = 0;
+};
+
+// A channel on its way into the store, with the posts that its feed holds.
+struct ChannelRecord {
+  int id = -1;
+  int folderId = 0;
+  std::string title;
+  std::string type;
+  std::string xmlLink;
+  std::string htmlLink;
+  int order = -1;  // negative: choose one
+  bool newlyInserted = false;
+  std::vector<NewPost> posts;
+};
+
+}  // namespace feedloom

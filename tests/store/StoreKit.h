@@ -1,0 +1,75 @@
+// A store on a real, new database file, and a look at that file past the store.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kit/ManualClock.h"
+#include "kit/TempFolder.h"
+#include "platform/Mutex.h"
+#include "store/Store.h"
+
+namespace feedloom {
+
+// The database lies in a folder of its own and has the tables, and no rows, that a profile's has.
+class TestStore {
+ public:
+  explicit TestStore(CodePage codePage = CodePage::Korean());
+
+  Store& Get() { return *store_; }
+  std::shared_ptr<Store> Shared() { return store_; }
+  ManualClock& Clock() { return clock_; }
+  const TempFolder& Folder() const { return folder_; }
+  std::string DbPath() const { return folder_.File("rssdb"); }
+
+  // What the store has reported so far. Any thread.
+  std::vector<std::string> Reports() const;
+
+  // Runs `sql` on the file directly; a failure fails the test.
+  void Sql(const std::string& sql) const;
+  // The first cell of `sql`'s result, "(null)" for NULL and "(none)" without a row.
+  std::string Value(const std::string& sql) const;
+  int Count(const std::string& tableAndCondition) const;
+
+  // A channel in a folder of its own, with `posts` unread posts "Post 1" ... and links "l1" ...
+  int AddChannelWithPosts(int folderId, const std::string& title, int posts);
+
+ private:
+  void Report(std::string_view text);
+
+  TempFolder folder_;
+  ManualClock clock_;
+  mutable Mutex mutex_;
+  std::vector<std::string> reports_ FEEDLOOM_GUARDED_BY(mutex_);
+  std::shared_ptr<Store> store_;
+};
+
+// Every SQL statement that any connection of this process runs while the object lives.
+class StatementLog {
+ public:
+  StatementLog();
+  ~StatementLog();
+  StatementLog(const StatementLog&) = delete;
+  StatementLog& operator=(const StatementLog&) = delete;
+
+  std::vector<std::string> Take();
+};
+
+// Holds the write lock of a database file as another process would.
+class ForeignLock {
+ public:
+  explicit ForeignLock(const std::string& dbPath);
+  ~ForeignLock();
+  ForeignLock(const ForeignLock&) = delete;
+  ForeignLock& operator=(const ForeignLock&) = delete;
+
+ private:
+  void* handle_ = nullptr;
+};
+
+// `utf8` in the Korean code page.
+std::string Korean(std::string_view utf8);
+
+}  // namespace feedloom
