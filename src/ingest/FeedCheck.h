@@ -1,0 +1,19 @@
+#pragma once
+
+#include <stop_token>
+#include <string>
+
+#include "ingest/IngestServices.h"
+#include "platform/MessageTarget.h"
+
+namespace feedloom {
+
+// Finds out whether `address` yields an RSS or Atom document and answers `dialog` with
+// kMessageFeedChecked: 1 and a pointer to the channel's title (a std::string in the module's code
+// page, valid during the send), or 0 and 0. Returns 1 or 0 likewise. Begins after a second's wait,
+// in which a user who types on can still stop it; ends within 100 ms of `stop`, and then answers
+// nothing. Blocks: give it a thread of its own. One check at a time in one work folder.
+int CheckFeed(const IngestServices& services, MessageTarget& dialog, const std::string& address,
+              std::stop_token stop);
+
+}  // namespace feedloom

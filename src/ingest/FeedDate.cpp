@@ -1,0 +1,248 @@
+#include "ingest/FeedDate.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <ctime>
+#include <optional>
+
+#include "platform/Text.h"
+
+namespace feedloom {
+namespace {
+
+constexpr auto kNone = std::string_view::npos;
+
+struct DateFields {
+  int year = 0;
+  int month = 0;
+  int day = 0;
+  int hour = 0;
+  int minute = 0;
+  int second = 0;
+};
+
+struct Offset {
+  int hours = 0;
+  int minutes = 0;
+};
+
+struct ZoneName {
+  std::string_view name;
+  int hours;
+};
+
+constexpr ZoneName kZoneNames[] = {{"UT", 0},   {"Z", 0},    {"GMT", 0},  {"EST", -5},
+                                   {"EDT", -4}, {"CST", -6}, {"CDT", -5}, {"MST", -7},
+                                   {"MDT", -6}, {"PST", -8}, {"PDT", -7}};
+
+constexpr std::array<std::string_view, 12> kMonths = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
+                                                      "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool AllDigits(std::string_view text) { return std::ranges::all_of(text, IsDigit); }
+
+int TwoCharsAt(std::string_view text, std::size_t at) {
+  return at < text.size() ? ParseInt(text.substr(at, 2)) : 0;
+}
+
+// The hours of a military zone letter (RFC 822, 5.1): A to I, K to M west to -12, N to Y east.
+std::optional<int> MilitaryHours(char letter) {
+  if (letter >= 'A' && letter <= 'I') return -(letter - 'A' + 1);
+  if (letter >= 'K' && letter <= 'M') return -(letter - 'K' + 10);
+  if (letter >= 'N' && letter <= 'Y') return letter - 'N' + 1;
+  return std::nullopt;
+}
+
+// The hours that a zone's name stands for; none when `zone` is no name.
+std::optional<int> NamedZoneHours(std::string_view zone) {
+  const std::string name = ToUpperAscii(zone);
+  for (const ZoneName& known : kZoneNames) {
+    if (known.name == name) return known.hours;
+  }
+  return name.size() == 1 ? MilitaryHours(name[0]) : std::nullopt;
+}
+
+// Adds what `zone` says to `date`; read(zone) gives the numbers after a sign.
+template <typename ReadOffset>
+void ApplyZone(std::string_view zone, DateFields& date, ReadOffset read) {
+  if (const auto hours = NamedZoneHours(zone)) {
+    date.hour += *hours;
+    return;
+  }
+  if (!zone.starts_with('+') && !zone.starts_with('-')) return;
+  const int sign = zone.starts_with('+') ? 1 : -1;
+  const Offset offset = read();
+  date.hour += sign * offset.hours;
+  date.minute += sign * offset.minutes;
+}
+
+// Reads a text from left to right. Once something that was looked for is not there, Ended() holds
+// and what was read before stays.
+class Reader {
+ public:
+  explicit Reader(std::string_view text) : text_(text) {}
+
+  bool Ended() const { return ended_; }
+  std::size_t Position() const { return at_; }
+  std::string_view Rest() const { return text_.substr(std::min(at_, text_.size())); }
+
+  // The text up to the next `mark`, which is passed; empty, and the end, when there is none.
+  std::string_view UpTo(char mark) {
+    const auto found = text_.find(mark, at_);
+    ended_ = found == kNone;
+    if (ended_) return {};
+    const std::string_view taken = text_.substr(at_, found - at_);
+    at_ = found + 1;
+    return taken;
+  }
+
+  // As UpTo(' '), passing a whole run of blanks.
+  std::string_view Word() {
+    const std::string_view word = UpTo(' ');
+    if (!ended_) at_ = std::min(text_.find_first_not_of(' ', at_), text_.size());
+    return word;
+  }
+
+  std::string_view TwoChars() {
+    const std::string_view taken = Rest().substr(0, 2);
+    at_ += 2;
+    return taken;
+  }
+
+  void MoveTo(std::size_t at) { at_ = at; }
+
+ private:
+  const std::string_view text_;
+  std::size_t at_ = 0;
+  bool ended_ = false;
+};
+
+// "+09:00": the hours stand before the colon and the minutes behind it. Without a colon the hours
+// are 0 and the minutes come from the start of the whole text.
+Offset ReadIsoOffset(std::string_view text, std::size_t signAt) {
+  const auto colon = text.find(':', signAt + 1);
+  if (colon == kNone) return {0, TwoCharsAt(text, 0)};
+  return {ParseInt(text.substr(signAt + 1, colon - signAt - 1)), TwoCharsAt(text, colon + 1)};
+}
+
+DateFields ReadIso8601(std::string_view text) {
+  DateFields date;
+  Reader reader(text);
+  date.year = ParseInt(reader.UpTo('-'));
+  if (reader.Ended()) return {};
+  date.month = ParseInt(reader.UpTo('-'));
+  if (reader.Ended()) return date;
+  const std::size_t dayAt = reader.Position();
+  date.day = ParseInt(reader.TwoChars());
+  auto time = text.find('T', dayAt);
+  if (time == kNone) time = text.find(' ', dayAt);
+  if (time == kNone) return date;
+  reader.MoveTo(time + 1);
+  date.hour = ParseInt(reader.UpTo(':'));
+  if (reader.Ended()) return date;
+  date.minute = ParseInt(reader.UpTo(':'));
+  if (reader.Ended()) return date;
+  date.second = ParseInt(reader.TwoChars());
+  const std::size_t zoneAt = reader.Position();
+  ApplyZone(reader.Rest(), date, [&] { return ReadIsoOffset(text, zoneAt); });
+  return date;
+}
+
+int ReadMonth(std::string_view token) {
+  if (AllDigits(token)) return ParseInt(token);
+  const std::string upper = ToUpperAscii(token);
+  const auto month = std::ranges::find_if(
+      kMonths, [&](std::string_view name) { return upper.find(name) != std::string::npos; });
+  return month == kMonths.end() ? 0 : static_cast<int>(month - kMonths.begin()) + 1;
+}
+
+// A year of fewer than four characters is one of the 1900s, whatever it was meant to be.
+int ReadYear(std::string_view token) {
+  return token.size() >= 4 ? ParseInt(token) : ParseInt("19" + std::string(token));
+}
+
+void ReadRfc822Time(Reader& reader, DateFields& date) {
+  date.hour = ParseInt(reader.UpTo(':'));
+  if (reader.Ended()) return;
+  date.minute = ParseInt(reader.UpTo(':'));
+  if (reader.Ended()) return;
+  date.second = ParseInt(reader.Word());
+  if (reader.Ended()) return;
+  const std::string_view zone = reader.Rest();
+  ApplyZone(zone, date, [&] { return Offset{TwoCharsAt(zone, 1), TwoCharsAt(zone, 3)}; });
+}
+
+DateFields ReadRfc822(std::string_view text) {
+  DateFields date;
+  Reader reader(text);
+  reader.Word();  // the day's name
+  if (reader.Ended()) return date;
+  date.day = ParseInt(reader.Word());
+  if (reader.Ended()) return date;
+  const std::string_view month = reader.Word();
+  if (reader.Ended()) return date;
+  date.month = ReadMonth(month);
+  const std::string_view year = reader.Word();
+  if (reader.Ended()) return date;
+  date.year = ReadYear(year);
+  ReadRfc822Time(reader, date);
+  return date;
+}
+
+bool InRange(const DateFields& date) {
+  return date.year >= 1970 && date.year <= 3000 && date.month >= 1 && date.month <= 12 &&
+         date.day >= 1 && date.day <= 31;
+}
+
+// The stored form; mktime carries hours and minutes that an offset took out of their range.
+std::string StoredForm(const DateFields& date) {
+  if (!InRange(date)) return "";
+  std::tm time{};
+  time.tm_year = date.year - 1900;
+  time.tm_mon = date.month - 1;
+  time.tm_mday = date.day;
+  time.tm_hour = date.hour;
+  time.tm_min = date.minute;
+  time.tm_sec = date.second;
+  time.tm_isdst = -1;
+  time.tm_wday = -1;  // -1 is a time too: only an untouched week day tells that mktime refused
+  std::mktime(&time);
+  const int year = time.tm_year + 1900;
+  if (time.tm_wday < 0 || year < 0 || year > 9999) return "";
+  return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", year, time.tm_mon + 1, time.tm_mday,
+                     time.tm_hour, time.tm_min, time.tm_sec);
+}
+
+}  // namespace
+
+void NormalizeFeedDate(std::string& text) {
+  const std::string_view trimmed = Trim(text);
+  if (trimmed.empty()) {
+    text.clear();
+    return;
+  }
+  text = StoredForm(IsDigit(trimmed[0]) ? ReadIso8601(trimmed) : ReadRfc822(trimmed));
+}
+
+std::string FormatPostDateForDisplay(std::string_view stored, const Clock& clock) {
+  Reader reader(stored);
+  DateFields date;
+  int* const fields[] = {&date.year, &date.month, &date.day, &date.hour, &date.minute};
+  constexpr std::string_view kMarks = "-- ::";
+  for (std::size_t i = 0; i < kMarks.size(); ++i) {
+    *fields[i] = ParseInt(reader.UpTo(kMarks[i]));
+    if (reader.Ended()) return "";
+  }
+  date.second = ParseInt(reader.Rest());
+  if (!InRange(date)) return "";
+  const std::tm today = LocalTime(clock.Now());
+  const bool isToday = date.year == today.tm_year + 1900 && date.month == today.tm_mon + 1 &&
+                       date.day == today.tm_mday;
+  return isToday ? fmt::format("{:02}:{:02}:{:02}", date.hour, date.minute, date.second)
+                 : fmt::format("{}-{:02}-{:02}", date.year, date.month, date.day);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,50 @@
+#include "ingest/FeedFetch.h"
+
+#include <fmt/core.h>
+
+#include <filesystem>
+
+#include "platform/Path.h"
+#include "platform/ProxySettings.h"
+#include "platform/TempFile.h"
+#include "platform/UrlDownload.h"
+
+namespace feedloom {
+namespace {
+
+constexpr std::string_view kTempPrefix = "Feedloom_tmp";
+constexpr std::string_view kTempSuffix = ".xml";
+
+std::string TempPath(const std::string& workDir, std::string_view middle) {
+  return JoinPath(workDir, fmt::format("{}{}{}", kTempPrefix, middle, kTempSuffix));
+}
+
+}  // namespace
+
+std::string WorkerFilePath(const std::string& workDir, int channelId) {
+  return TempPath(workDir, fmt::format("{}", channelId));
+}
+
+std::string CheckFilePath(const std::string& workDir) { return TempPath(workDir, ""); }
+
+void SweepTempFiles(const std::string& workDir) {
+  std::error_code ignored;
+  for (const auto& entry : std::filesystem::directory_iterator(workDir, ignored)) {
+    const std::string name = entry.path().filename().string();
+    if (name.starts_with(kTempPrefix) && name.ends_with(kTempSuffix)) {
+      std::filesystem::remove(entry.path(), ignored);
+    }
+  }
+}
+
+FetchOutcome FetchFeed(const std::string& address, const std::string& path,
+                       const IngestServices& services, std::stop_token stop, FeedParser& parser) {
+  const TempFile file(path);
+  const TransferResult download =
+      UrlDownloadToFile(address, path, ReadProxySettings(services.registry), stop);
+  if (!download.ok) return {kDownloadFailed, kParsed, download.error};
+  const int code = parser.Parse(path, stop);
+  return {code < 0 || !parser.IsFeed() ? kDocumentRefused : kChannelRefreshed, code, ""};
+}
+
+}  // namespace feedloom

@@ -1,0 +1,20 @@
+#include "ingest/FeedParser.h"
+
+namespace feedloom {
+
+int FeedParser::Parse(const std::string& path, std::stop_token stop) {
+  XmlDocument document;
+  const XmlDocument::LoadStatus status = document.Load(path);
+  if (status == XmlDocument::LoadStatus::OutOfMemory) return kDocumentNotCreated;
+  if (status == XmlDocument::LoadStatus::Unreadable) return kDocumentUnreadable;
+  const XmlElement root = document.Root();
+  if (!root) return kNoDocumentElement;
+  ParseCode code = DetectFormat(root, format_, header_.variants);
+  if (code < 0) return code;
+  if (format_ == FeedFormat::Opml) return ReadOpmlOutlines(root, codePage_, outlines_);
+  code = ReadFeedHeader(root, codePage_, header_);
+  if (code < 0) return code;
+  return ReadFeedItems(root, header_.variants, codePage_, std::move(stop), items_);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,82 @@
+#include "ingest/HttpClient.h"
+
+#include <fmt/core.h>
+
+namespace feedloom {
+namespace {
+
+// An address without a scheme, or with any but https, is plain HTTP.
+std::string CompleteAddress(std::string_view address) {
+  constexpr std::string_view kHttp = "http://";
+  if (address.starts_with("https://")) return std::string(address);
+  if (address.starts_with(kHttp)) address.remove_prefix(kHttp.size());
+  return std::string(kHttp).append(address);
+}
+
+}  // namespace
+
+std::string HttpStatusLine(TransferEvent event, std::string_view name) {
+  switch (event) {
+    case TransferEvent::Created:
+      return "Handle created";
+    case TransferEvent::ResolvingName:
+      return fmt::format("Resolving name {}", name);
+    case TransferEvent::NameResolved:
+      return fmt::format("Name resolved {}", name);
+    case TransferEvent::Connecting:
+      return "Connecting to socket address";
+    case TransferEvent::Connected:
+      return "Connected to socket address";
+    case TransferEvent::SendingRequest:
+      return "Sending request";
+    case TransferEvent::RequestSent:
+      return "Request sent";
+    case TransferEvent::ResponseReceived:
+      return "Response received";
+    case TransferEvent::Redirecting:
+      return "Being redirected";
+    case TransferEvent::ClosingConnection:
+      return "Closing the connection to the server";
+    case TransferEvent::ConnectionClosed:
+      return "Connection to the server closed";
+    case TransferEvent::Complete:
+      return "Request complete";
+  }
+  return fmt::format("Unknown status: {}", static_cast<int>(event));
+}
+
+HttpClient::HttpClient(const Registry& registry, StatusLog log)
+    : proxy_(ReadProxySettings(registry)), log_(std::move(log)) {}
+
+std::string HttpClient::Get(const std::string& address, std::stop_token stop) {
+  TransferRequest request;
+  request.address = CompleteAddress(address);
+  return Exchange(std::move(request), std::move(stop));
+}
+
+std::string HttpClient::Post(const std::string& address, const std::string& formData,
+                             std::stop_token stop) {
+  TransferRequest request;
+  request.address = CompleteAddress(address);
+  request.form = formData;
+  return Exchange(std::move(request), std::move(stop));
+}
+
+std::string HttpClient::Exchange(TransferRequest request, std::stop_token stop) {
+  constexpr long kStatusOk = 200;
+  std::string body;
+  request.proxy = proxy_;
+  request.sink = [&body](std::string_view bytes) {
+    body += bytes;
+    return true;
+  };
+  if (log_) {
+    request.onEvent = [this](TransferEvent event, std::string_view name) {
+      log_(HttpStatusLine(event, name));
+    };
+  }
+  const TransferResult result = RunTransfer(request, std::move(stop));
+  return result.ok && result.status == kStatusOk ? body : std::string();
+}
+
+}  // namespace feedloom

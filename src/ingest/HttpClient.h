@@ -1,0 +1,40 @@
+// Short exchanges of text with a web service.
+#pragma once
+
+#include <functional>
+#include <stop_token>
+#include <string>
+#include <string_view>
+
+#include "platform/ProxySettings.h"
+#include "platform/Registry.h"
+#include "platform/UrlTransfer.h"
+
+namespace feedloom {
+
+// Takes one line of progress for diagnosis; ASCII.
+using StatusLog = std::function<void(std::string_view line)>;
+
+// The line for a progress event; `name` is the host that it is about.
+std::string HttpStatusLine(TransferEvent event, std::string_view name);
+
+// One object an exchange, used by one thread. Reads the user's proxy settings when it is made.
+class HttpClient {
+ public:
+  explicit HttpClient(const Registry& registry, StatusLog log = {});
+
+  // The answer's body, byte for byte; empty on any failure, on `stop`, and for any status but 200.
+  // `address` is "host/path" or "host:port/path", with "http://" or "https://" in front or nothing.
+  // The form data of a POST is URL-encoded already.
+  std::string Get(const std::string& address, std::stop_token stop = {});
+  std::string Post(const std::string& address, const std::string& formData,
+                   std::stop_token stop = {});
+
+ private:
+  std::string Exchange(TransferRequest request, std::stop_token stop);
+
+  const ProxySettings proxy_;
+  const StatusLog log_;
+};
+
+}  // namespace feedloom

@@ -1,0 +1,28 @@
+// The outlines of an OPML document: two levels, as folders and their channels.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/CodePage.h"
+#include "platform/XmlDom.h"
+
+namespace feedloom {
+
+// The attributes of one "outline" element; one that is missing is an empty text. In the code page
+// that the reader was given.
+struct OpmlOutline {
+  std::string title;
+  std::string url;
+  std::string text;
+  std::string type;
+  std::string xmlUrl;
+  std::string htmlUrl;
+  std::vector<OpmlOutline> children;  // of a top-level outline; deeper ones are not read
+};
+
+// Appends the outlines directly below `element` and the outlines directly below those. 0, or
+// kNoOutlineElement when `element` is null. Pure; any thread.
+int ReadOpmlOutlines(const XmlElement& element, CodePage codePage, std::vector<OpmlOutline>& out);
+
+}  // namespace feedloom

@@ -1,0 +1,82 @@
+#include "ingest/RefreshEngine.h"
+
+#include <algorithm>
+
+#include "ingest/FeedFetch.h"
+#include "ingest/RefreshMonitor.h"
+
+namespace feedloom {
+namespace {
+
+using Phase = RefreshJob::Phase;
+
+// From here on no worker says anything more, but for a message that is on its way.
+void StopJobs(RefreshRun& run) {
+  std::vector<SharedJob> jobs;
+  {
+    const MutexLock lock(run.lock);
+    run.stopping = true;
+    jobs = run.jobs;
+    for (const SharedJob& job : jobs) {
+      if (job->phase == Phase::Working) job->phase = Phase::Dropped;
+    }
+    run.changed.notify_all();
+  }
+  for (const SharedJob& job : jobs) job->stop.request_stop();
+}
+
+bool IsReporting(const SharedJob& job) { return job->phase == Phase::Reporting; }
+
+// Waits for the workers, at most as long as the patience lasts and a message is on its way, and
+// gives up those that remain.
+void JoinJobs(RefreshRun& run) {
+  const SteadyTime until = std::chrono::steady_clock::now() + run.limits.patience;
+  const MutexLock lock(run.lock);
+  for (run.Reap(); !run.jobs.empty(); run.Reap()) {
+    if (run.changed.wait_until(run.lock, until) == std::cv_status::timeout) break;
+  }
+  while (std::ranges::any_of(run.jobs, IsReporting)) run.changed.wait(run.lock);
+  run.Reap();
+  for (const SharedJob& job : run.jobs) job->thread.detach();
+  run.jobs.clear();
+}
+
+}  // namespace
+
+RefreshEngine::RefreshEngine(SharedServices services, MessageTarget& frame, MessageTarget& host,
+                             const RefreshLimits& limits)
+    : run_(std::make_shared<RefreshRun>(std::move(services), frame, host, limits)) {
+  SweepTempFiles(run_->services->workDir);
+}
+
+RefreshEngine::~RefreshEngine() { Stop(); }
+
+bool RefreshEngine::Enqueue(RefreshEntry entry) {
+  const MutexLock lock(run_->lock);
+  const bool appended = run_->queue.Append(std::move(entry));
+  run_->changed.notify_all();
+  return appended;
+}
+
+void RefreshEngine::StartRefresh() {
+  {
+    const MutexLock lock(run_->lock);
+    if (run_->stopping || run_->monitorRuns || !run_->queue.HasWaiting()) return;
+    run_->monitorRuns = true;
+  }
+  if (monitor_.joinable()) monitor_.join();
+  monitor_ = std::thread([run = run_] { RunRefreshMonitor(run); });
+}
+
+bool RefreshEngine::IsChannelQueued(int channelId) const {
+  const MutexLock lock(run_->lock);
+  return run_->queue.Contains(channelId);
+}
+
+void RefreshEngine::Stop() {
+  StopJobs(*run_);
+  if (monitor_.joinable()) monitor_.join();
+  JoinJobs(*run_);
+}
+
+}  // namespace feedloom

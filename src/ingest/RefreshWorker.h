@@ -1,0 +1,30 @@
+// The refresh of one channel, as a worker thread runs it.
+#pragma once
+
+#include <stop_token>
+
+#include "ingest/IngestServices.h"
+#include "ingest/RefreshQueue.h"
+#include "platform/Messages.h"
+
+namespace feedloom {
+
+// How a worker tells its run what happens. Once the worker was stopped or given up, nothing of it
+// is passed on.
+class WorkerReport {
+ public:
+  virtual ~WorkerReport() = default;
+  // The document is here and is a feed: a worker that is stopped from now on has not failed.
+  virtual void Fetched() = 0;
+  // A channel that was not in the store is there as `channelId`, inserted now or found.
+  virtual void Stored(int channelId, bool newlyInserted) = 0;
+  // The worker is done; its last call.
+  virtual void Ended(ChannelResult result) = 0;
+};
+
+// Downloads and parses the feed of `entry` and stores the posts that its channel does not have yet;
+// a channel that is not in the store is inserted first. Blocks; ends soon after `stop`.
+void RefreshChannel(const RefreshEntry& entry, const IngestServices& services, WorkerReport& report,
+                    std::stop_token stop);
+
+}  // namespace feedloom

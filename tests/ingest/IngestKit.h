@@ -1,0 +1,30 @@
+// What refresh and check need, on a real database, a work folder and a local server.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "ingest/IngestServices.h"
+#include "kit/FeedServer.h"
+#include "kit/RecordingTarget.h"
+#include "store/StoreKit.h"
+
+namespace feedloom {
+
+class IngestKit {
+ public:
+  SharedServices Services() {
+    return std::make_shared<IngestServices>(
+        IngestServices{db.Shared(), Registry(folder.File("registry.reg")), db.Clock(), WorkDir()});
+  }
+  std::string WorkDir() const { return folder.Path(); }
+  // The names of the files in the work folder.
+  std::vector<std::string> WorkFiles() const { return folder.Names(); }
+
+  TestStore db;
+  TempFolder folder;
+  FeedServer server;
+};
+
+}  // namespace feedloom
