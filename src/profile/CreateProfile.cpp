@@ -1,0 +1,124 @@
+#include <fmt/core.h>
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "platform/Path.h"
+#include "platform/RegistryFile.h"
+#include "platform/Text.h"
+#include "profile/IniFile.h"
+#include "profile/Profile.h"
+#include "profile/ProfileDatabase.h"
+#include "profile/SharePaths.h"
+#include "skin/HostConfig.h"
+#include "skin/Keys.h"
+
+namespace feedloom {
+namespace {
+
+// What a profile is made from, read before anything is written.
+struct Ingredients {
+  std::string schema;
+  std::string sampleFeed;
+  FirstContent content;
+};
+
+Failure ReadShared(const std::string& path, std::string& content) {
+  auto read = ReadFile(path);
+  if (!read) return fmt::format("Cannot read the shared file '{}'.", path);
+  content = *std::move(read);
+  return {};
+}
+
+Failure ReadNames(const std::string& path, const std::string& language, CodePage codePage,
+                  FirstContent& content) {
+  std::string text;
+  if (Failure failure = ReadShared(path, text)) return failure;
+  const IniFile ini = IniFile::Parse(text);
+  const std::pair<const char*, std::string*> names[] = {
+      {kHostTextFolder, &content.folderName},
+      {kHostTextCabinet, &content.cabinetName},
+      {kHostTextSampleChannel, &content.sampleTitle}};
+  for (const auto& [key, name] : names) {
+    *name = codePage.FromUtf8(ini.ValueInLanguage(kSectionHost, key, language).value_or(""));
+    if (name->empty()) return fmt::format("The shared file '{}' lacks the text {}.", path, key);
+  }
+  return {};
+}
+
+Failure ReadIngredients(const std::string& shareDir, const std::string& language, CodePage codePage,
+                        Ingredients& result) {
+  const std::string sample = JoinPath(JoinPath(shareDir, "sample"), language + ".xml");
+  if (auto failure = ReadShared(JoinPath(shareDir, "schema.sql"), result.schema)) return failure;
+  if (auto failure = ReadShared(sample, result.sampleFeed)) return failure;
+  return ReadNames(JoinPath(shareDir, "string.ini"), language, codePage, result.content);
+}
+
+std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir, CodePage codePage,
+                         const std::string& language) {
+  std::vector<RegistryEntry> entries = {
+      {kHostKey, kValueWorkDir, paths.workDir},
+      {kHostKey, kValueAppTitle, kDefaultAppTitle},
+      {kHostKey, kValueLanguage, language},
+      {kHostKey, kValueCodePage, std::string(codePage.DeclaredName())}};
+  for (const auto& [name, path] : SharePathsIn(shareDir)) {
+    entries.push_back({kHostKey, name, path});
+  }
+  return FormatRegistryFile(entries);
+}
+
+// The registry cuts longer paths, so a profile with one would not work.
+Failure CheckLengths(const ProfilePaths& paths, const std::string& shareDir) {
+  for (const std::string& path : {paths.workDir, SharePathsIn(shareDir).front().second}) {
+    if (path.size() > kMaxHostPath) {
+      return fmt::format("The path '{}' is longer than {} bytes.", path, kMaxHostPath);
+    }
+  }
+  return {};
+}
+
+Failure CheckNoProfile(const ProfilePaths& paths) {
+  if (!ProfileExists(paths)) return {};
+  return fmt::format("There is a profile in '{}' already.", paths.dir);
+}
+
+bool IsRegularFile(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(path, ignored);
+}
+
+Failure Write(const ProfilePaths& paths, const Ingredients& ingredients,
+              const std::string& registryText) {
+  const DirectoryLock lock(paths.dir);
+  if (auto failure = CheckNoProfile(paths)) return failure;
+  if (auto failure = WriteFileWhole(paths.sampleFeed, ingredients.sampleFeed)) return failure;
+  if (!IsRegularFile(paths.database)) {
+    auto failure = CreateDatabase(paths.database, ingredients.schema, ingredients.content);
+    if (failure) return failure;
+  }
+  return WriteFileWhole(paths.registry, registryText);
+}
+
+}  // namespace
+
+Failure CreateProfile(const std::string& dir, const std::string& shareDir, CodePage codePage,
+                      const std::string& language) {
+  if (dir.empty()) return "No directory is named for the profile.";
+  const ProfilePaths paths(AbsolutePath(dir));
+  const std::string share = AbsolutePath(shareDir);
+  const std::string languageCode = ToUpperAscii(language);
+
+  Ingredients ingredients;
+  ingredients.content.sampleFeedUrl = FileUrl(paths.sampleFeed);
+  if (auto failure = CheckNoProfile(paths)) return failure;
+  if (auto failure = CheckLengths(paths, share)) return failure;
+  if (auto failure = ReadIngredients(share, languageCode, codePage, ingredients)) return failure;
+  for (const std::string& directory : {paths.moduleDir, paths.workDir}) {
+    if (auto failure = MakeDirectories(directory)) return failure;
+  }
+  return Write(paths, ingredients, RegistryText(paths, share, codePage, languageCode));
+}
+
+}  // namespace feedloom

@@ -1,0 +1,45 @@
+// The file operations that making a profile needs. Paths are the file system's own bytes.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace feedloom {
+
+// What went wrong, in English, for the user; none when all went well.
+using Failure = std::optional<std::string>;
+
+// The file's content; none when it cannot be read.
+std::optional<std::string> ReadFile(const std::string& path);
+
+// Puts `content` at `path` whole or not at all: it is written beside it and renamed when it has
+// reached the disk.
+[[nodiscard]] Failure WriteFileWhole(const std::string& path, std::string_view content);
+
+// Puts the finished file `from` in the place of `to`, in the same directory; removes it on failure.
+[[nodiscard]] Failure MoveIntoPlace(const std::string& from, const std::string& to);
+
+// Makes `path` and the directories above it that are missing, for this user alone.
+[[nodiscard]] Failure MakeDirectories(const std::string& path);
+
+// `path` from the root on; an empty one stays empty.
+std::string AbsolutePath(const std::string& path);
+
+// The file:// address of an absolute path.
+std::string FileUrl(std::string_view path);
+
+// Keeps other programs that lock the same directory waiting until the object ends. A file system
+// that knows no locks does not lock.
+class DirectoryLock {
+ public:
+  explicit DirectoryLock(const std::string& directory);
+  ~DirectoryLock();
+  DirectoryLock(const DirectoryLock&) = delete;
+  DirectoryLock& operator=(const DirectoryLock&) = delete;
+
+ private:
+  int handle_;
+};
+
+}  // namespace feedloom

@@ -1,0 +1,49 @@
+#include "profile/Profile.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "platform/Path.h"
+
+namespace feedloom {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string EnvironmentValue(const char* name) {
+  const char* value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe)
+  return value == nullptr ? std::string() : std::string(value);
+}
+
+}  // namespace
+
+ProfilePaths::ProfilePaths(const std::string& profileDir)
+    : dir(profileDir),
+      registry(JoinPath(dir, "registry.reg")),
+      sampleFeed(JoinPath(dir, "sample.xml")),
+      moduleDir(JoinPath(dir, "module")),
+      module(JoinPath(moduleDir, "feedloom.so")),
+      database(JoinPath(moduleDir, "rssdb")),
+      workDir(JoinPath(dir, "work")) {}
+
+std::string DefaultProfileDir() {
+  const std::string dataHome = EnvironmentValue("XDG_DATA_HOME");
+  if (dataHome.starts_with('/')) return JoinPath(dataHome, "halvix");
+  const std::string home = EnvironmentValue("HOME");
+  return home.empty() ? home : JoinPath(home, ".local/share/halvix");
+}
+
+std::string ShareDir() {
+  std::error_code error;
+  const fs::path program = fs::read_symlink("/proc/self/exe", error);
+  const fs::path installed = program.parent_path().parent_path() / "share" / "feedloom";
+  return !error && fs::is_directory(installed, error) ? installed.string() : FEEDLOOM_SHARE_DIR;
+}
+
+bool ProfileExists(const ProfilePaths& paths) {
+  std::error_code ignored;
+  return fs::exists(fs::symlink_status(paths.registry, ignored));
+}
+
+}  // namespace feedloom

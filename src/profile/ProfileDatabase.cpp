@@ -1,0 +1,82 @@
+#include "profile/ProfileDatabase.h"
+
+#include <fmt/core.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <initializer_list>
+#include <memory>
+
+namespace feedloom {
+namespace {
+
+struct CloseDatabase {
+  void operator()(sqlite3* database) const { sqlite3_close(database); }
+};
+using Database = std::unique_ptr<sqlite3, CloseDatabase>;
+
+struct FinalizeStatement {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+
+// Order -1 protects the folder: users can neither rename nor delete it.
+constexpr char kInsertFolder[] = "INSERT INTO TB_FOLDER(folder_name, folder_order) VALUES(?1, -1)";
+constexpr char kInsertCabinet[] =
+    "INSERT INTO TB_SCRAP_CHANNEL(scrap_channel_title, scrap_channel_order) VALUES(?1, 0)";
+constexpr char kInsertChannel[] =
+    "INSERT INTO TB_CHANNEL(channel_folderID, channel_title, channel_xmllink, channel_htmllink,"
+    " channel_order) SELECT folder_id, ?1, ?2, ?3, 0 FROM TB_FOLDER";
+
+constexpr char kSampleSiteUrl[] = "https://feedloom.example/";
+
+bool Execute(sqlite3* database, const char* sql) {
+  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+bool Insert(sqlite3* database, const char* sql, std::initializer_list<std::string_view> values) {
+  sqlite3_stmt* prepared = nullptr;
+  if (sqlite3_prepare_v2(database, sql, -1, &prepared, nullptr) != SQLITE_OK) return false;
+  const std::unique_ptr<sqlite3_stmt, FinalizeStatement> statement(prepared);
+  int index = 0;
+  for (const std::string_view value : values) {
+    sqlite3_bind_text(prepared, ++index, value.data(), static_cast<int>(value.size()),
+                      SQLITE_TRANSIENT);
+  }
+  return sqlite3_step(prepared) == SQLITE_DONE;
+}
+
+bool Fill(sqlite3* database, const std::string& schema, const FirstContent& content) {
+  return Execute(database, "BEGIN") && Execute(database, schema.c_str()) &&
+         Insert(database, kInsertFolder, {content.folderName}) &&
+         Insert(database, kInsertCabinet, {content.cabinetName}) &&
+         Insert(database, kInsertChannel,
+                {content.sampleTitle, content.sampleFeedUrl, kSampleSiteUrl}) &&
+         Execute(database, "COMMIT");
+}
+
+Failure Build(const std::string& path, const std::string& schema, const FirstContent& content) {
+  sqlite3* opened = nullptr;
+  const bool ok = sqlite3_open(path.c_str(), &opened) == SQLITE_OK;
+  const Database database(opened);
+  if (ok && Fill(opened, schema, content)) return {};
+  return fmt::format("Cannot make the database '{}': {}.", path, sqlite3_errmsg(opened));
+}
+
+void RemoveDatabase(const std::string& path) {
+  for (const char* suffix : {"", "-journal"}) unlink((path + suffix).c_str());
+}
+
+}  // namespace
+
+Failure CreateDatabase(const std::string& path, const std::string& schema,
+                       const FirstContent& content) {
+  const std::string temporary = path + ".new";
+  RemoveDatabase(temporary);  // of a creation that was interrupted
+  if (Failure failure = Build(temporary, schema, content)) {
+    RemoveDatabase(temporary);
+    return failure;
+  }
+  return MoveIntoPlace(temporary, path);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,144 @@
+#include <fmt/format.h>
+
+#include <cstddef>
+#include <iterator>
+#include <utility>
+
+#include "ui/page/Pages.h"
+
+namespace feedloom {
+namespace {
+
+// One post of a page: what the templates below are filled with.
+struct PagePost {
+  std::size_t number;
+  std::string_view title;
+  std::string_view link;
+  std::string_view description;
+  std::string_view date;
+  std::string_view feedUrl;  // empty: no button to add the feed
+};
+
+// {0} the charset
+constexpr char kHead[] =
+    R"(<!DOCTYPE HTML PUBLIC "-//W3C//DTD HTML 4.01 Transitional//EN">)"
+    R"(<html><head><title>Feedloom</title>)"
+    R"(<meta http-equiv="Content-Type" content="text/html; charset={0}"></head>)"
+    R"(<body style='margin-top:0px;margin-left:0px;margin-right:0px;margin-bottom:0px'>)"
+    R"(<table width="100%" border="0" cellpadding="0" cellspacing="0">)";
+
+// {0} the number, {1} the title bar's image, {2} the title
+constexpr char kTitleCell[] =
+    R"(<tr><td height="33" background="{1}">)"
+    R"(<table width="100%" border="0" cellspacing="0" cellpadding="0"><tr>)"
+    R"(<td><div id="title-{0}" align="center"><strong><font color="#333333" size="2">{2})"
+    R"(</font></strong></div></td>)";
+
+// {0} the number, {1} the button's image, {2} its tooltip, {3} the feed URL
+constexpr char kAddCells[] =
+    R"(<td width="18"><a href="ID_BTN_RSSADD?{0}"><img src="{1}" name="ID_BTN_RSSADD" alt="{2}")"
+    R"( width="18" height="33" border="0"></a></td>)"
+    R"(<td width="0"><div id="rsspath-{0}" title="{3}"></div></td>)";
+
+// {0} the number, {1} the button's image, {2} its tooltip, {3} the link
+constexpr char kScrapCells[] =
+    R"(<td width="18"><a href="ID_BTN_RSSSCRAP?{0}"><img src="{1}" name="ID_BTN_RSSSCRAP" alt="{2}")"
+    R"( width="18" height="33" border="0"></a></td>)"
+    R"(<td width="11"><div id="scraplink-{0}" title="{3}"></div></td>)";
+
+// {0} the number, {1} the description, {2} the bottom bar's image
+constexpr char kDescriptionRow[] =
+    R"(<tr><td><table width="80%" border="0" align="center" cellpadding="0" cellspacing="0"><tr>)"
+    R"(<td><div id="disc-{0}" align="left"><font color="#575757" size="2">{1})"
+    R"(</font><strong><br></strong></div></td></tr></table></td></tr>)"
+    R"(<tr><td>&nbsp;</td></tr><tr>)"
+    R"(<td height="29" background="{2}">)"
+    R"(<table width="80%" border="0" align="left" cellpadding="0" cellspacing="0">)";
+
+constexpr char kTail[] = "</table></body></html>";
+
+// Where the two kinds of preview page differ.
+struct PreviewShape {
+  // The title bar's cell before the save button, and what follows the bar: {0} the number, {1} the
+  // date.
+  std::string_view beforeScrapButton;
+  std::string_view afterTitleBar;
+  // The cells of the bottom bar: {0} the link, {1} the save icon.
+  std::string_view bottomCells;
+};
+
+// The date stays out of view, in an attribute. The link's anchor is left open; browsers close it.
+constexpr PreviewShape kPostShape = {
+    R"(<td width="10"><div id="pubdate-{0}" title="{1}"></div></td>)",
+    R"(</tr></table></td></tr><tr><td>&nbsp;</td></tr>)",
+    R"(<tr><td width="10"></td><td><a href="{0}"><font color="#999999" size="2">{0})"
+    R"(</font></td></tr></table></td></tr>)"};
+
+constexpr PreviewShape kPodcastShape = {
+    R"(<td width="18">&nbsp;</td>)",
+    R"(</tr></table></td></tr>)"
+    R"(<tr><td><table width="95%" border="0" align="center" cellpadding="0" cellspacing="0">)"
+    R"(<tr><td><div id="pubdate-{0}" align="left"><font color="#B2B2B2" size="2">{1})"
+    R"(</font><strong><br></strong></div></td></tr></table></td></tr>)",
+    R"(<tr><td width="20">&nbsp;</td><td width="16"><a href="{0}">)"
+    R"(<img src="{1}" width="16" height="29" border="0"></a></td><td width="10">&nbsp;</td>)"
+    R"(<td><font color="#999999" size="2"><a href="{0}">{0}</a></font></td></tr></table></td></tr>)"};
+
+void AppendPost(std::string& page, const PreviewShape& shape, const PagePost& post,
+                const PageSkin& skin) {
+  const auto out = std::back_inserter(page);
+  fmt::format_to(out, kTitleCell, post.number, skin.titleImage, post.title);
+  if (!post.feedUrl.empty()) {
+    fmt::format_to(out, kAddCells, post.number, skin.addButtonImage, skin.addTooltip, post.feedUrl);
+  }
+  fmt::format_to(out, fmt::runtime(shape.beforeScrapButton), post.number, post.date);
+  fmt::format_to(out, kScrapCells, post.number, skin.scrapButtonImage, skin.scrapTooltip,
+                 post.link);
+  fmt::format_to(out, fmt::runtime(shape.afterTitleBar), post.number, post.date);
+  fmt::format_to(out, kDescriptionRow, post.number, post.description, skin.bottomImage);
+  fmt::format_to(out, fmt::runtime(shape.bottomCells), post.link, skin.saveImage);
+}
+
+std::string_view TextAt(const PageTexts& texts, std::size_t index) {
+  return index < texts.size() ? std::string_view(texts[index]) : std::string_view();
+}
+
+std::string BuildPreviewPage(const PreviewShape& shape, int count, const PageTexts& titles,
+                             const PageTexts& links, const PageTexts& descriptions,
+                             const PageTexts& dates, const PageTexts& feedUrls, bool showAdd,
+                             const PageSkin& skin, std::string_view charset) {
+  for (const PageTexts* texts : {&titles, &links, &descriptions}) {
+    if (std::cmp_not_equal(texts->size(), count)) return {};
+  }
+  std::string page = fmt::format(kHead, charset);
+  for (std::size_t i = 0; i < titles.size(); ++i) {
+    const std::string_view feedUrl = showAdd ? TextAt(feedUrls, i) : std::string_view();
+    AppendPost(page, shape, {i, titles[i], links[i], descriptions[i], TextAt(dates, i), feedUrl},
+               skin);
+  }
+  return page += kTail;
+}
+
+}  // namespace
+
+std::string_view PageCharset(CodePage codePage) {
+  return codePage == CodePage::Utf8() ? "utf-8" : "euc-kr";
+}
+
+std::string BuildPostPreviewPage(int count, const PageTexts& titles, const PageTexts& links,
+                                 const PageTexts& descriptions, const PageTexts& dates,
+                                 const PageTexts& feedUrls, bool showAdd, const PageSkin& skin,
+                                 std::string_view charset) {
+  return BuildPreviewPage(kPostShape, count, titles, links, descriptions, dates, feedUrls, showAdd,
+                          skin, charset);
+}
+
+std::string BuildPodcastPreviewPage(int count, const PageTexts& titles, const PageTexts& links,
+                                    const PageTexts& descriptions, const PageTexts& dates,
+                                    const PageTexts& feedUrls, bool showAdd, const PageSkin& skin,
+                                    std::string_view charset) {
+  return BuildPreviewPage(kPodcastShape, count, titles, links, descriptions, dates, feedUrls,
+                          showAdd, skin, charset);
+}
+
+}  // namespace feedloom
