@@ -1,0 +1,93 @@
+// feedloomctl add: subscribes to a feed.
+#include <fmt/core.h>
+
+#include <algorithm>
+
+#include "ctl/Commands.h"
+#include "ctl/FeedAddress.h"
+#include "ctl/Output.h"
+#include "ctl/Session.h"
+#include "ingest/FeedFetch.h"
+#include "ingest/FeedParser.h"
+#include "ingest/RefreshQueue.h"
+#include "store/Channels.h"
+#include "store/Connection.h"
+#include "store/Folders.h"
+
+namespace feedloom {
+namespace {
+
+// The id of the folder with this name, added when there is none; of the first folder without a
+// name. 0 or less, after a message, when there is no such folder to be had.
+int FolderFor(Session& session, const std::string& name) {
+  Store& store = session.TheStore();
+  if (!name.empty()) {
+    int id = 0;
+    int order = 0;
+    const std::string text = session.Text(name);
+    if (FindFolderByName(store, text, id, order)) return id;
+    return AddFolder(store, text, GetMaxOrder(store, true, 0) + 1);
+  }
+  std::vector<FolderRow> folders;
+  if (!LoadFolderList(store, folders)) return -1;
+  if (!folders.empty()) return folders.front().id;
+  PrintError("there is no folder yet; name one with --folder");
+  return 0;
+}
+
+const char* Reason(const FetchOutcome& outcome) {
+  return outcome.result == kDownloadFailed ? outcome.error.c_str() : "this is not a feed";
+}
+
+// The channel as its feed describes it; none, after a message, when the address is not a feed's.
+std::optional<ChannelRecord> ReadChannel(Session& session, const std::string& address) {
+  const SharedServices services = session.Services();
+  if (!services) return std::nullopt;
+  FeedParser parser(session.TextCodePage());
+  const FetchOutcome outcome =
+      FetchFeed(address, CheckFilePath(services->workDir), *services, {}, parser);
+  if (outcome.result != kChannelRefreshed) {
+    PrintError(fmt::format("{}: {}", address, Reason(outcome)));
+    return std::nullopt;
+  }
+  ChannelRecord record;
+  record.title = parser.GetChannelTitle();
+  record.type = RefreshEntry().type;
+  record.xmlLink = session.Text(address);
+  record.htmlLink = parser.GetChannelLink();
+  if (record.title.empty()) record.title = record.xmlLink;
+  return record;
+}
+
+bool StoreChannel(Session& session, ChannelRecord& record) {
+  record.order = GetMaxOrder(session.TheStore(), false, record.folderId) + 1;
+  Connection connection(session.TheStore());
+  return connection && AddChannelRecord(connection, record);
+}
+
+void PrintAdded(const Session& session, const ChannelRecord& record) {
+  const std::string title = session.Utf8(record.title);
+  if (session.WantsJson()) {
+    PrintJson({{"id", record.id}, {"folderId", record.folderId}, {"title", title}});
+  } else {
+    PrintLine(fmt::format("Added channel {}: {}", record.id, OneLine(title)));
+  }
+}
+
+}  // namespace
+
+int RunAdd(Session& session, const AddOptions& options) {
+  auto record = ReadChannel(session, FeedAddress(session.TheSkin(), options.address));
+  if (!record) return kFailure;
+  if (!options.title.empty()) record->title = session.Text(options.title);
+  record->folderId = FolderFor(session, options.folder);
+  if (record->folderId <= 0 || !StoreChannel(session, *record)) return session.Finish(kFailure);
+  if (!record->newlyInserted) {
+    PrintError(fmt::format("{} is channel {} of that folder already", options.address, record->id));
+    return kFailure;
+  }
+  PrintAdded(session, *record);
+  return session.Finish(kSuccess);
+}
+
+}  // namespace feedloom

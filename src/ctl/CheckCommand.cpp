@@ -1,0 +1,67 @@
+// feedloomctl check: what the reader sees in a feed.
+#include <filesystem>
+
+#include "ctl/Commands.h"
+#include "ctl/FeedAddress.h"
+#include "ctl/Output.h"
+#include "ctl/Session.h"
+#include "ingest/FeedDate.h"
+#include "ingest/FeedFetch.h"
+#include "ingest/FeedParser.h"
+
+namespace feedloom {
+namespace {
+
+Json ItemJson(const Session& session, const FeedItem& item) {
+  std::string stored = item.date;
+  NormalizeFeedDate(stored);
+  return {{"title", session.Utf8(item.title)},
+          {"link", session.Utf8(item.link)},
+          {"date", session.Utf8(item.date)},
+          {"stored", stored},
+          {"podcast", item.isPodcast},
+          {"enclosureType", session.Utf8(item.enclosureType)},
+          {"description", session.Utf8(item.description)}};
+}
+
+Json FeedJson(const Session& session, const FeedParser& parser, int result) {
+  Json items = Json::array();
+  for (const FeedItem& item : parser.Items()) items.push_back(ItemJson(session, item));
+  const bool known = parser.GetFormat() != FeedFormat::Unknown;
+  return {{"result", result},
+          {"format", known ? Json(static_cast<int>(parser.GetFormat())) : Json(nullptr)},
+          {"rssVariant", parser.Variants().rss},
+          {"atomVariant", parser.Variants().atom},
+          {"title", session.Utf8(parser.GetChannelTitle())},
+          {"link", session.Utf8(parser.GetChannelLink())},
+          {"items", std::move(items)}};
+}
+
+int PrintFeed(const Session& session, const FeedParser& parser, int result) {
+  PrintJson(FeedJson(session, parser, result));
+  return result < 0 ? kFailure : kSuccess;
+}
+
+int CheckAddress(Session& session, const std::string& address) {
+  const SharedServices services = session.Services();
+  if (!services) return kFailure;
+  FeedParser parser(session.TextCodePage());
+  const FetchOutcome outcome =
+      FetchFeed(address, CheckFilePath(services->workDir), *services, {}, parser);
+  if (outcome.result != kDownloadFailed) return PrintFeed(session, parser, outcome.parseCode);
+  PrintJson({{"result", nullptr}, {"error", outcome.error}});
+  return kFailure;
+}
+
+}  // namespace
+
+int RunCheck(Session& session, const std::string& source) {
+  if (!std::filesystem::is_regular_file(source)) {
+    return CheckAddress(session, FeedAddress(session.TheSkin(), source));
+  }
+  FeedParser parser(session.TextCodePage());
+  const int result = parser.Parse(source);
+  return PrintFeed(session, parser, result);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,152 @@
+#include "ctl/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <functional>
+
+#include "ctl/Commands.h"
+#include "ctl/Session.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kUsageError = 2;
+
+// The arguments' owner: the library writes into these while it parses.
+struct Arguments {
+  GlobalOptions global;
+  InitOptions init;
+  std::string source;
+  AddOptions add;
+  RefreshOptions refresh;
+  PostsOptions posts;
+  ShowOptions show;
+  Targets targets;
+  std::string status;
+  int post = 0;
+  int cabinet = 0;
+  int days = 0;
+
+  // What the command given on the line does.
+  std::function<int()> run;
+};
+
+// A command that needs an open profile.
+CLI::App* AddCommand(CLI::App& app, Arguments& arguments, const char* name, const char* help,
+                     std::function<int(Session&)> command) {
+  CLI::App* sub = app.add_subcommand(name, help)->fallthrough();
+  sub->callback([&arguments, command = std::move(command)] {
+    arguments.run = [&arguments, command] {
+      const auto session = Session::Open(arguments.global);
+      return session ? command(*session) : kFailure;
+    };
+  });
+  return sub;
+}
+
+void AddTargets(CLI::App* sub, Arguments& arguments) {
+  CLI::Option_group* group = sub->add_option_group("what", "Just one of these");
+  group->add_option("--post", arguments.targets.posts, "Posts by id")->type_name("ID ...");
+  group->add_option("--channel", arguments.targets.channels, "Channels by id")->type_name("ID ...");
+  group->add_option("--folder", arguments.targets.folders, "Folders by id")->type_name("ID ...");
+  group->require_option(1);
+}
+
+void AddProfileCommands(CLI::App& app, Arguments& a) {
+  CLI::App* init = app.add_subcommand("init", "Make a profile")->fallthrough();
+  init->add_option("--code-page", a.init.codePage, "EUC-KR (Korean, the default) or UTF-8")
+      ->check(CLI::IsMember({"EUC-KR", "UTF-8"}, CLI::ignore_case));
+  init->add_option("--lang", a.init.language, "KOR (the default) or ENG")
+      ->check(CLI::IsMember({"KOR", "ENG"}, CLI::ignore_case));
+  init->callback([&a] { a.run = [&a] { return RunInit(a.global, a.init); }; });
+
+  AddCommand(app, a, "list", "List folders, channels and cabinets",
+             [](Session& session) { return RunList(session); });
+}
+
+void AddFeedCommands(CLI::App& app, Arguments& a) {
+  CLI::App* check = AddCommand(app, a, "check", "Print what the reader sees in a feed, as JSON",
+                               [&a](Session& session) { return RunCheck(session, a.source); });
+  check->add_option("source", a.source, "A file or an address")->required();
+
+  CLI::App* add = AddCommand(app, a, "add", "Subscribe to a feed",
+                             [&a](Session& session) { return RunAdd(session, a.add); });
+  add->add_option("url", a.add.address, "The feed's address")->required();
+  add->add_option("--folder", a.add.folder, "The folder's name; made when there is none");
+  add->add_option("--title", a.add.title, "The channel's title, instead of the feed's own");
+
+  CLI::App* refresh = AddCommand(app, a, "refresh", "Fetch the feeds and store their new posts",
+                                 [&a](Session& session) { return RunRefresh(session, a.refresh); });
+  auto* channel = refresh->add_option("--channel", a.refresh.channel, "One channel by id");
+  refresh->add_option("--folder", a.refresh.folder, "The channels of a folder by id")
+      ->excludes(channel);
+}
+
+void AddReadingCommands(CLI::App& app, Arguments& a) {
+  CLI::App* posts = AddCommand(app, a, "posts", "List posts, newest first",
+                               [&a](Session& session) { return RunPosts(session, a.posts); });
+  auto* channel = posts->add_option("--channel", a.posts.channel, "Of a channel by id");
+  auto* folder = posts->add_option("--folder", a.posts.folder, "Of a folder by id");
+  auto* cabinet = posts->add_option("--cabinet", a.posts.cabinet, "Of a cabinet by id");
+  auto* today = posts->add_flag("--today", a.posts.today, "Unread ones published today");
+  posts->add_option("--search", a.posts.word, "With this word in their title")->excludes(today);
+  folder->excludes(channel)->excludes(cabinet);
+  channel->excludes(cabinet)->excludes(today);
+  cabinet->excludes(today);
+
+  CLI::App* show = AddCommand(app, a, "show", "Print a post's page",
+                              [&a](Session& session) { return RunShow(session, a.show); });
+  show->add_option("post", a.show.post, "The post's id")->required();
+  show->add_option("--output", a.show.output,
+                   "Write the page to this file, in the profile's own code page");
+}
+
+void AddChangingCommands(CLI::App& app, Arguments& a) {
+  CLI::App* mark = AddCommand(app, a, "mark", "Mark posts read or unread", [&a](Session& session) {
+    return RunMark(session, a.status == "read", a.targets);
+  });
+  mark->add_option("status", a.status, "read or unread")
+      ->required()
+      ->check(CLI::IsMember({"read", "unread"}));
+  AddTargets(mark, a);
+
+  CLI::App* remove =
+      AddCommand(app, a, "delete", "Delete posts, channels or folders with all they hold",
+                 [&a](Session& session) { return RunDelete(session, a.targets); });
+  AddTargets(remove, a);
+
+  CLI::App* clip =
+      AddCommand(app, a, "clip", "Save a copy of a post into a cabinet",
+                 [&a](Session& session) { return RunClip(session, a.post, a.cabinet); });
+  clip->add_option("post", a.post, "The post's id")->required();
+  clip->add_option("--cabinet", a.cabinet, "The cabinet's id")->required();
+
+  CLI::App* cleanup = AddCommand(app, a, "cleanup", "Delete posts that were stored long ago",
+                                 [&a](Session& session) { return RunCleanup(session, a.days); });
+  cleanup->add_option("days", a.days, "Stored so many days ago or earlier")
+      ->required()
+      ->check(CLI::NonNegativeNumber);
+}
+
+}  // namespace
+
+int RunCommandLine(int argc, const char* const* argv) {
+  CLI::App app("Feedloom from the command line", "feedloomctl");
+  Arguments arguments;
+  app.set_version_flag("--version", "feedloomctl " FEEDLOOM_VERSION);
+  app.add_option("--profile", arguments.global.profileDir, "The profile's directory")
+      ->type_name("DIR");
+  app.add_flag("--json", arguments.global.json, "Print results for machines");
+  app.require_subcommand(1);
+  AddProfileCommands(app, arguments);
+  AddFeedCommands(app, arguments);
+  AddReadingCommands(app, arguments);
+  AddChangingCommands(app, arguments);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kSuccess : kUsageError;
+  }
+  return arguments.run();
+}
+
+}  // namespace feedloom

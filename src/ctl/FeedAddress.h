@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "skin/Skin.h"
+
+namespace feedloom {
+
+// The address of a feed as the user named it: the file: address of a file that exists, else the
+// text itself, with the host's usual scheme in front when it has none.
+std::string FeedAddress(const Skin& skin, const std::string& typed);
+
+}  // namespace feedloom

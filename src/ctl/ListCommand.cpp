@@ -1,0 +1,102 @@
+// feedloomctl list: folders, channels and cabinets.
+#include <fmt/core.h>
+
+#include "ctl/Commands.h"
+#include "ctl/Output.h"
+#include "ctl/Session.h"
+#include "platform/Messages.h"
+#include "store/Cabinets.h"
+#include "store/Channels.h"
+#include "store/Folders.h"
+
+namespace feedloom {
+namespace {
+
+struct Lists {
+  std::vector<FolderRow> folders;
+  std::vector<ChannelRow> channels;
+  std::vector<CabinetRow> cabinets;
+};
+
+std::string_view StateWord(int state) {
+  switch (state) {
+    case kDownloadFailed:
+      return "download failed";
+    case kDocumentRefused:
+      return "not a feed";
+    default:
+      return "ok";
+  }
+}
+
+Json ChannelJson(const Session& session, const ChannelRow& channel) {
+  return {{"id", channel.id},
+          {"title", session.Utf8(channel.title)},
+          {"url", session.Utf8(channel.xmlLink)},
+          {"order", channel.order},
+          {"unread", channel.unreadCount},
+          {"state", channel.state}};
+}
+
+Json FolderJson(const Session& session, const FolderRow& folder, const Lists& lists) {
+  Json channels = Json::array();
+  for (const ChannelRow& channel : lists.channels) {
+    if (channel.folderId == folder.id) channels.push_back(ChannelJson(session, channel));
+  }
+  return {{"id", folder.id},
+          {"name", session.Utf8(folder.name)},
+          {"order", folder.order},
+          {"unread", folder.unreadCount},
+          {"channels", std::move(channels)}};
+}
+
+Json ListsJson(const Session& session, const Lists& lists) {
+  Json folders = Json::array();
+  for (const FolderRow& folder : lists.folders) {
+    folders.push_back(FolderJson(session, folder, lists));
+  }
+  Json cabinets = Json::array();
+  for (const CabinetRow& cabinet : lists.cabinets) {
+    cabinets.push_back({{"id", cabinet.id},
+                        {"title", session.Utf8(cabinet.title)},
+                        {"order", cabinet.order},
+                        {"unread", cabinet.unreadCount}});
+  }
+  return {{"folders", std::move(folders)}, {"cabinets", std::move(cabinets)}};
+}
+
+void PrintLists(const Session& session, const Lists& lists) {
+  const auto line = [&](std::string_view text) { return OneLine(session.Utf8(text)); };
+  for (const FolderRow& folder : lists.folders) {
+    PrintLine(
+        fmt::format("folder {}: {} ({} unread)", folder.id, line(folder.name), folder.unreadCount));
+    for (const ChannelRow& channel : lists.channels) {
+      if (channel.folderId != folder.id) continue;
+      PrintLine(fmt::format("  channel {}: {} ({} unread, {}) {}", channel.id, line(channel.title),
+                            channel.unreadCount, StateWord(channel.state), line(channel.xmlLink)));
+    }
+  }
+  for (const CabinetRow& cabinet : lists.cabinets) {
+    PrintLine(fmt::format("cabinet {}: {} ({} unread)", cabinet.id, line(cabinet.title),
+                          cabinet.unreadCount));
+  }
+}
+
+}  // namespace
+
+int RunList(Session& session) {
+  Lists lists;
+  if (!LoadFolderList(session.TheStore(), lists.folders) ||
+      !LoadChannelList(session.TheStore(), lists.channels) ||
+      !LoadCabinetList(session.TheStore(), lists.cabinets)) {
+    return kFailure;
+  }
+  if (session.WantsJson()) {
+    PrintJson(ListsJson(session, lists));
+  } else {
+    PrintLists(session, lists);
+  }
+  return kSuccess;
+}
+
+}  // namespace feedloom

@@ -1,0 +1,87 @@
+// feedloomctl mark, delete, clip, cleanup: what changes posts that are stored.
+#include <fmt/core.h>
+
+#include <algorithm>
+
+#include "ctl/Commands.h"
+#include "ctl/Output.h"
+#include "ctl/Selection.h"
+#include "ctl/Session.h"
+#include "store/Cabinets.h"
+#include "store/Channels.h"
+#include "store/Folders.h"
+#include "store/Posts.h"
+#include "store/ReadStatus.h"
+
+namespace feedloom {
+namespace {
+
+// True when all that `targets` names exists. Nothing is changed when one does not.
+bool AllExist(Store& store, const Targets& targets) {
+  const auto all = [&](const std::vector<int>& ids, auto find) {
+    return std::ranges::all_of(ids, [&](int id) { return find(store, id).has_value(); });
+  };
+  return all(targets.posts, FindNamedPost) && all(targets.channels, FindChannel) &&
+         all(targets.folders, FindFolder);
+}
+
+int Done(const Session& session, std::string_view what) {
+  if (session.WantsJson()) {
+    PrintJson({{"done", what}});
+  } else {
+    PrintLine(what);
+  }
+  return session.Finish(kSuccess);
+}
+
+bool IsProtected(Store& store, int folderId) {
+  const auto folder = FindFolder(store, folderId);
+  if (!folder || folder->order >= 0) return false;
+  PrintError(fmt::format("folder {} is protected", folderId));
+  return true;
+}
+
+}  // namespace
+
+int RunMark(Session& session, bool read, const Targets& targets) {
+  Store& store = session.TheStore();
+  if (!AllExist(store, targets)) return kFailure;
+  const int status = read ? 1 : 0;
+  const bool marked =
+      (targets.posts.empty() || MarkPostsRead(store, status, targets.posts)) &&
+      (targets.channels.empty() || MarkChannelsRead(store, status, targets.channels)) &&
+      (targets.folders.empty() || MarkFoldersRead(store, status, targets.folders));
+  return marked ? Done(session, read ? "marked read" : "marked unread") : kFailure;
+}
+
+int RunDelete(Session& session, const Targets& targets) {
+  Store& store = session.TheStore();
+  if (!AllExist(store, targets)) return kFailure;
+  if (std::ranges::any_of(targets.folders, [&](int id) { return IsProtected(store, id); })) {
+    return kFailure;
+  }
+  if (!targets.posts.empty() && !DeletePosts(store, targets.posts)) return kFailure;
+  for (const int id : targets.channels) {
+    if (!DeleteChannel(store, id)) return kFailure;
+  }
+  for (const int id : targets.folders) {
+    if (!DeleteFolder(store, id)) return kFailure;
+  }
+  return Done(session, "deleted");
+}
+
+int RunClip(Session& session, int postId, int cabinetId) {
+  Store& store = session.TheStore();
+  const auto post = FindNamedPost(store, postId);
+  if (!post || !FindCabinet(store, cabinetId)) return kFailure;
+  const int id = InsertScrapPost(store, cabinetId, post->title, post->link, post->published,
+                                 post->description);
+  return id > 0 ? Done(session, "clipped") : kFailure;
+}
+
+int RunCleanup(Session& session, int days) {
+  if (!DeleteOldPosts(session.TheStore(), days)) return kFailure;
+  return Done(session, fmt::format("deleted the posts stored {} days ago or earlier", days));
+}
+
+}  // namespace feedloom

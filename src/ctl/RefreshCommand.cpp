@@ -1,0 +1,63 @@
+// feedloomctl refresh: fetches the feeds and stores their new posts.
+#include "ctl/Commands.h"
+#include "ctl/RefreshProgress.h"
+#include "ctl/Selection.h"
+#include "ctl/Session.h"
+#include "ingest/RefreshEngine.h"
+#include "store/Channels.h"
+#include "store/Folders.h"
+
+namespace feedloom {
+namespace {
+
+// Nobody shows a busy mark here.
+class NoHost : public MessageTarget {
+ public:
+  std::intptr_t Send(unsigned, std::intptr_t, std::intptr_t) override { return 0; }
+};
+
+// The channels that `options` name, all without one; none, after a message, when there are no such.
+std::optional<std::vector<ChannelRow>> ChannelsToRefresh(Session& session,
+                                                         const RefreshOptions& options) {
+  Store& store = session.TheStore();
+  if (options.folder && !FindFolder(store, *options.folder)) return std::nullopt;
+  if (options.channel && !FindChannel(store, *options.channel)) return std::nullopt;
+  std::vector<ChannelRow> channels;
+  if (!LoadChannelList(store, channels)) return std::nullopt;
+  std::erase_if(channels, [&](const ChannelRow& channel) {
+    return (options.channel && channel.id != *options.channel) ||
+           (options.folder && channel.folderId != *options.folder);
+  });
+  return channels;
+}
+
+RefreshEntry EntryFor(const ChannelRow& channel) {
+  RefreshEntry entry;
+  entry.channelId = channel.id;
+  entry.folderId = channel.folderId;
+  entry.title = channel.title;
+  entry.xmlLink = channel.xmlLink;
+  entry.order = channel.order;
+  return entry;
+}
+
+}  // namespace
+
+int RunRefresh(Session& session, const RefreshOptions& options) {
+  const auto channels = ChannelsToRefresh(session, options);
+  if (!channels) return kFailure;
+  const SharedServices services = session.Services();
+  if (!services) return kFailure;
+  RefreshProgress progress(session, *channels);
+  if (!channels->empty()) {
+    NoHost host;
+    RefreshEngine engine(services, progress, host);
+    for (const ChannelRow& channel : *channels) engine.Enqueue(EntryFor(channel));
+    engine.StartRefresh();
+    progress.Wait();
+  }
+  progress.PrintSummary();
+  return session.Finish(progress.AllRefreshed() ? kSuccess : kFailure);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,123 @@
+#include "ctl/RefreshProgress.h"
+
+#include <fmt/core.h>
+#include <unistd.h>
+
+#include "ctl/Session.h"
+#include "platform/Messages.h"
+#include "store/Counts.h"
+
+namespace feedloom {
+namespace {
+
+constexpr const char* kRefreshedWord = "ok";
+
+const char* FailureWord(int result) {
+  return result == kDownloadFailed ? "download failed" : "not a feed";
+}
+
+}  // namespace
+
+RefreshProgress::RefreshProgress(Session& session, const std::vector<ChannelRow>& channels)
+    : session_(session),
+      started_(std::chrono::steady_clock::now()),
+      drawsBar_(!session.WantsJson() && isatty(STDOUT_FILENO) != 0) {
+  for (const ChannelRow& channel : channels) {
+    channels_[channel.id] = {OneLine(session.Utf8(channel.title)), channel.unreadCount};
+  }
+}
+
+std::intptr_t RefreshProgress::Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) {
+  if (message == kMessageChannelWorker) OnWorker(static_cast<int>(wParam));
+  if (message != kMessageChannelResult) return 0;
+  if (wParam != kRunEnded) {
+    OnResult(static_cast<int>(wParam), static_cast<int>(lParam));
+    return 0;
+  }
+  const MutexLock lock(mutex_);
+  runEnded_ = true;
+  changed_.notify_all();
+  return 0;
+}
+
+// Comes when a worker begins, and again when it is stopped at its time limit.
+void RefreshProgress::OnWorker(int channelId) {
+  {
+    const MutexLock lock(mutex_);
+    Channel& channel = channels_[channelId];
+    if (!channel.began) {
+      channel.began = true;
+      return;
+    }
+  }
+  End(channelId, "stopped, it took too long", 0);
+}
+
+void RefreshProgress::OnResult(int result, int channelId) {
+  if (result != kChannelRefreshed) {
+    End(channelId, FailureWord(result), 0);
+    return;
+  }
+  const int unread = CountUnreadInItem(session_.TheStore(), channelId, false);
+  int before = 0;
+  {
+    const MutexLock lock(mutex_);
+    before = channels_[channelId].unreadBefore;
+  }
+  End(channelId, kRefreshedWord, std::max(unread - before, 0));
+}
+
+void RefreshProgress::End(int channelId, const char* result, int newPosts) {
+  const MutexLock lock(mutex_);
+  Channel& channel = channels_[channelId];
+  channel.ended = true;
+  newPosts_ += newPosts;
+  const bool failed = std::string_view(result) != kRefreshedWord;
+  if (failed) ++failures_;
+  if (session_.WantsJson()) {
+    lines_.push_back(
+        {{"id", channelId}, {"title", channel.title}, {"result", result}, {"new", newPosts}});
+    return;
+  }
+  if (drawsBar_) fmt::print("\r\x1b[K");
+  PrintLine(failed ? fmt::format("{}: {}", channel.title, result)
+                   : fmt::format("{}: {} new", channel.title, newPosts));
+  if (drawsBar_) DrawBar();
+}
+
+void RefreshProgress::DrawBar() const {
+  constexpr std::size_t kWidth = 40;
+  std::size_t done = 0;
+  for (const auto& [id, channel] : channels_) done += channel.ended ? 1 : 0;
+  const std::size_t filled = done * kWidth / channels_.size();
+  fmt::print("[{}{}] {}/{}", std::string(filled, '#'), std::string(kWidth - filled, ' '), done,
+             channels_.size());
+  std::fflush(stdout);
+}
+
+void RefreshProgress::Wait() {
+  const MutexLock lock(mutex_);
+  while (!runEnded_) changed_.wait(mutex_);
+}
+
+void RefreshProgress::PrintSummary() const {
+  const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - started_;
+  const MutexLock lock(mutex_);
+  if (session_.WantsJson()) {
+    PrintJson({{"channels", lines_},
+               {"newPosts", newPosts_},
+               {"failures", failures_},
+               {"seconds", seconds.count()}});
+    return;
+  }
+  if (drawsBar_) fmt::print("\r\x1b[K");
+  PrintLine(fmt::format("{} channels, {} new posts, {} failures, {:.1f} seconds", channels_.size(),
+                        newPosts_, failures_, seconds.count()));
+}
+
+bool RefreshProgress::AllRefreshed() const {
+  const MutexLock lock(mutex_);
+  return failures_ == 0;
+}
+
+}  // namespace feedloom

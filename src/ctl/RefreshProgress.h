@@ -1,0 +1,61 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <map>
+#include <string>
+
+#include "ctl/Output.h"
+#include "platform/MessageTarget.h"
+#include "platform/Mutex.h"
+#include "store/Rows.h"
+#include "store/Store.h"
+
+namespace feedloom {
+
+class Session;
+
+// Follows a refresh through the engine's messages: prints a line for each channel that ends, draws
+// a bar when stdout is a terminal, and knows the sums at the end.
+class RefreshProgress : public MessageTarget {
+ public:
+  // `channels` are those that the run refreshes, as they were before it.
+  RefreshProgress(Session& session, const std::vector<ChannelRow>& channels);
+
+  // From the engine's threads.
+  std::intptr_t Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) override;
+
+  // Blocks until the run has ended.
+  void Wait();
+
+  // To be asked after Wait.
+  void PrintSummary() const;
+  bool AllRefreshed() const;
+
+ private:
+  struct Channel {
+    std::string title;  // UTF-8
+    int unreadBefore = 0;
+    bool began = false;
+    bool ended = false;
+  };
+
+  void OnWorker(int channelId);
+  void OnResult(int result, int channelId);
+  void End(int channelId, const char* result, int newPosts);
+  void DrawBar() const FEEDLOOM_REQUIRES(mutex_);
+
+  Session& session_;
+  const std::chrono::steady_clock::time_point started_;
+  const bool drawsBar_;
+
+  mutable Mutex mutex_;
+  std::condition_variable_any changed_;
+  std::map<int, Channel> channels_ FEEDLOOM_GUARDED_BY(mutex_);
+  Json lines_ FEEDLOOM_GUARDED_BY(mutex_) = Json::array();
+  int newPosts_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
+  int failures_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
+  bool runEnded_ FEEDLOOM_GUARDED_BY(mutex_) = false;
+};
+
+}  // namespace feedloom

@@ -1,0 +1,88 @@
+#include "ctl/Session.h"
+
+#include <fmt/core.h>
+
+#include "ctl/Output.h"
+#include "platform/Clock.h"
+#include "profile/HostTexts.h"
+
+namespace feedloom {
+namespace {
+
+// The profile's directory; empty, after a message, when none can be told.
+std::string ProfileDir(const GlobalOptions& global) {
+  std::string dir = global.profileDir.empty() ? DefaultProfileDir() : global.profileDir;
+  if (dir.empty()) PrintError("no home directory for a profile; name one with --profile");
+  return dir;
+}
+
+bool Succeeded(const Failure& failure) {
+  if (failure) PrintError(*failure);
+  return !failure;
+}
+
+// Sees to it that `paths` hold a profile that can be used.
+bool Prepare(const ProfilePaths& paths) {
+  if (!ProfileExists(paths)) {
+    const InitOptions defaults;
+    if (!Succeeded(CreateProfile(paths.dir, ShareDir(), CodePage::FromName(defaults.codePage),
+                                 defaults.language))) {
+      return false;
+    }
+    fmt::print(stderr, "feedloomctl: made a new profile in {}\n", paths.dir);
+  }
+  if (!Registry(paths.registry).IsReadable()) {
+    PrintError(fmt::format("{} is damaged; nothing was changed", paths.registry));
+    return false;
+  }
+  return Succeeded(RepairSharePaths(paths.dir, ShareDir()));
+}
+
+}  // namespace
+
+int RunInit(const GlobalOptions& global, const InitOptions& options) {
+  const std::string dir = ProfileDir(global);
+  if (dir.empty()) return kFailure;
+  if (!Succeeded(
+          CreateProfile(dir, ShareDir(), CodePage::FromName(options.codePage), options.language))) {
+    return kFailure;
+  }
+  if (global.json) {
+    PrintJson({{"profile", dir}});
+  } else {
+    PrintLine(fmt::format("Made a profile in {}", dir));
+  }
+  return kSuccess;
+}
+
+std::unique_ptr<Session> Session::Open(const GlobalOptions& global) {
+  const std::string dir = ProfileDir(global);
+  if (dir.empty()) return nullptr;
+  const ProfilePaths paths(dir);
+  if (!Prepare(paths)) return nullptr;
+  return std::unique_ptr<Session>(new Session(global, paths));
+}
+
+Session::Session(const GlobalOptions& global, const ProfilePaths& paths)
+    : json_(global.json),
+      registry_(paths.registry),
+      config_(registry_),
+      skin_(ReadHostTexts(config_), config_),
+      storeFailed_(std::make_shared<std::atomic<bool>>(false)),
+      store_(std::make_shared<Store>(GetDbPath(paths.module), config_.GetCodePage(), SystemClock(),
+                                     [failed = storeFailed_](std::string_view text) {
+                                       *failed = true;
+                                       PrintError(text);
+                                     })) {}
+
+SharedServices Session::Services() {
+  workFolder_ = std::make_unique<WorkFolder>(config_.GetWorkDir());
+  if (workFolder_->Path().empty()) {
+    PrintError(fmt::format("cannot make a folder in {}", config_.GetWorkDir()));
+    return nullptr;
+  }
+  return std::make_shared<IngestServices>(
+      IngestServices{store_, registry_, SystemClock(), workFolder_->Path()});
+}
+
+}  // namespace feedloom

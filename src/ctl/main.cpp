@@ -1,0 +1,3 @@
+#include "ctl/CommandLine.h"
+
+int main(int argc, char** argv) { return feedloom::RunCommandLine(argc, argv); }
