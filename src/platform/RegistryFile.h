@@ -31,7 +31,8 @@ struct RegistryEntry {
 // without content has no entries and is no fault.
 std::optional<std::vector<RegistryEntry>> ParseRegistryFile(std::string_view text);
 
-// The text of a file with `entries`; those of one key stand together.
+// The text of a file with `entries`, in their order. Those of one key should stand together: each
+// run of them gets a heading.
 std::string FormatRegistryFile(const std::vector<RegistryEntry>& entries);
 
 }  // namespace feedloom

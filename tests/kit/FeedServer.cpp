@@ -263,12 +263,14 @@ void FeedServer::Echo(const std::string& path) {
 void FeedServer::Hang(const std::string& path) { impl_->Put(path, {}); }
 
 void FeedServer::Endless(const std::string& path) {
+  constexpr std::size_t kEnd = 256u << 20;
   impl_->Put(path, [this](const httplib::Request&, httplib::Response& response) {
     // A type that the library does not compress.
     response.set_chunked_content_provider(
-        "application/octet-stream", [this](std::size_t, httplib::DataSink& sink) {
+        "application/octet-stream", [this](std::size_t offset, httplib::DataSink& sink) {
           static const std::string block(1 << 16, 'x');
-          return !impl_->Ended() && sink.write(block.data(), block.size());
+          if (offset >= kEnd) sink.done();
+          return !impl_->Ended() && (offset >= kEnd || sink.write(block.data(), block.size()));
         });
   });
 }

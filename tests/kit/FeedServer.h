@@ -34,7 +34,8 @@ class FeedServer {
   void Echo(const std::string& path);  // the request's own body
   // No answer until the server ends or the path is given another answer, which they then get.
   void Hang(const std::string& path);
-  void Endless(const std::string& path);  // bytes for ever
+  // Bytes without end, as far as the client can tell; a client without a limit gets 256 MiB.
+  void Endless(const std::string& path);
   void SlowDrip(const std::string& path, const std::string& bytes, std::chrono::milliseconds pause);
   void BreakOff(const std::string& path, const std::string& bytes);  // announces more than these
 
