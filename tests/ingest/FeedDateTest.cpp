@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "ingest/FeedDate.h"
 #include "kit/ManualClock.h"
 
@@ -93,13 +91,7 @@ TEST(FeedDate, ATwoDigitYearIsOneOf1900) {
 }
 
 TEST(FeedDate, IsShownAsTimeTodayAndAsDateOtherwise) {
-  std::tm noon{};
-  noon.tm_year = 108;
-  noon.tm_mon = 4;
-  noon.tm_mday = 1;
-  noon.tm_hour = 12;
-  noon.tm_isdst = -1;
-  const ManualClock clock(std::chrono::system_clock::from_time_t(std::mktime(&noon)));
+  const ManualClock clock(NoonOf(2008, 5, 1));
   EXPECT_EQ(FormatPostDateForDisplay("2008-05-01 09:30:00", clock), "09:30:00");
   EXPECT_EQ(FormatPostDateForDisplay("2008-05-02 09:30:00", clock), "2008-05-02");
   EXPECT_EQ(FormatPostDateForDisplay("2007-5-1 9:3:0", clock), "2007-05-01");

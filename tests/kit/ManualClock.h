@@ -1,12 +1,24 @@
 #pragma once
 
 #include <chrono>
+#include <ctime>
 #include <stop_token>
 
 #include "platform/Clock.h"
 #include "platform/Mutex.h"
 
 namespace feedloom {
+
+// Noon of a day in the machine's time zone.
+inline std::chrono::system_clock::time_point NoonOf(int year, int month, int day) {
+  std::tm noon{};
+  noon.tm_year = year - 1900;
+  noon.tm_mon = month - 1;
+  noon.tm_mday = day;
+  noon.tm_hour = 12;
+  noon.tm_isdst = -1;
+  return std::chrono::system_clock::from_time_t(std::mktime(&noon));
+}
 
 // A clock that stands still until the test sets it. A pause returns at once, takes no time from the
 // clock and is counted. Any thread may use it.

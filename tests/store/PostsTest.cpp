@@ -153,13 +153,7 @@ TEST_F(Posts, TitlesAreSearchedInEveryScope) {
 }
 
 TEST_F(Posts, TodayMeansTheLocalDateOfPublication) {
-  std::tm noon{};
-  noon.tm_year = 108;
-  noon.tm_mon = 4;
-  noon.tm_mday = 2;
-  noon.tm_hour = 12;
-  noon.tm_isdst = -1;
-  db_.Clock().Set(std::chrono::system_clock::from_time_t(std::mktime(&noon)));
+  db_.Clock().Set(NoonOf(2008, 5, 2));
   const int channel = db_.AddChannelWithPosts(3, "c", 0);
   Insert(channel, {{"yesterday", "1", "2008-05-01 23:59:59", "", 0},
                    {"first", "2", "2008-05-02 00:00:00", "", 0},
