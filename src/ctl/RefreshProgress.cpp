@@ -16,6 +16,10 @@ const char* FailureWord(int result) {
   return result == kDownloadFailed ? "download failed" : "not a feed";
 }
 
+std::string Counted(std::size_t count, std::string_view noun) {
+  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+}
+
 }  // namespace
 
 RefreshProgress::RefreshProgress(Session& session, const std::vector<ChannelRow>& channels)
@@ -64,10 +68,10 @@ void RefreshProgress::OnResult(int result, int channelId) {
     const MutexLock lock(mutex_);
     before = channels_[channelId].unreadBefore;
   }
-  End(channelId, kRefreshedWord, std::max(unread - before, 0));
+  End(channelId, kRefreshedWord, static_cast<std::size_t>(std::max(unread - before, 0)));
 }
 
-void RefreshProgress::End(int channelId, const char* result, int newPosts) {
+void RefreshProgress::End(int channelId, const char* result, std::size_t newPosts) {
   const MutexLock lock(mutex_);
   Channel& channel = channels_[channelId];
   channel.ended = true;
@@ -111,8 +115,9 @@ void RefreshProgress::PrintSummary() const {
     return;
   }
   if (drawsBar_) fmt::print("\r\x1b[K");
-  PrintLine(fmt::format("{} channels, {} new posts, {} failures, {:.1f} seconds", channels_.size(),
-                        newPosts_, failures_, seconds.count()));
+  PrintLine(fmt::format("{}, {}, {}, {:.1f} seconds", Counted(channels_.size(), "channel"),
+                        Counted(newPosts_, "new post"), Counted(failures_, "failure"),
+                        seconds.count()));
 }
 
 bool RefreshProgress::AllRefreshed() const {

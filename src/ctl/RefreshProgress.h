@@ -42,7 +42,7 @@ class RefreshProgress : public MessageTarget {
 
   void OnWorker(int channelId);
   void OnResult(int result, int channelId);
-  void End(int channelId, const char* result, int newPosts);
+  void End(int channelId, const char* result, std::size_t newPosts);
   void DrawBar() const FEEDLOOM_REQUIRES(mutex_);
 
   Session& session_;
@@ -53,8 +53,8 @@ class RefreshProgress : public MessageTarget {
   std::condition_variable_any changed_;
   std::map<int, Channel> channels_ FEEDLOOM_GUARDED_BY(mutex_);
   Json lines_ FEEDLOOM_GUARDED_BY(mutex_) = Json::array();
-  int newPosts_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
-  int failures_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
+  std::size_t newPosts_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
+  std::size_t failures_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
   bool runEnded_ FEEDLOOM_GUARDED_BY(mutex_) = false;
 };
 

@@ -1,6 +1,6 @@
 #include "ingest/FeedDate.h"
 
-#include <fmt/core.h>
+#include <fmt/compile.h>
 
 #include <algorithm>
 #include <array>
@@ -197,7 +197,26 @@ bool InRange(const DateFields& date) {
          date.day >= 1 && date.day <= 31;
 }
 
-// The stored form; mktime carries hours and minutes that an offset took out of their range.
+// What mktime makes of `time`: hours and minutes that an offset took out of their range are
+// carried, and a time of day that the machine's zone leaves out is moved. mktime itself looks at
+// the zone's file each time, which takes longer than all the rest, so it is asked only where the
+// carried time is left out: where no offset of the zone leads back to it.
+std::tm Carried(std::tm time) {
+  thread_local long offset = 0;  // seconds east of Greenwich; the one that fitted last
+  std::tm carried = time;
+  const std::time_t asUtc = timegm(&carried);
+  for (int tries = 0; tries < 2; ++tries) {
+    const std::time_t instant = asUtc - offset;
+    std::tm local{};
+    if (localtime_r(&instant, &local) == nullptr) break;
+    if (local.tm_gmtoff == offset) return carried;
+    offset = local.tm_gmtoff;
+  }
+  std::mktime(&time);
+  return time;
+}
+
+// The stored form; empty when `date` has none.
 std::string StoredForm(const DateFields& date) {
   if (!InRange(date)) return "";
   std::tm time{};
@@ -209,11 +228,11 @@ std::string StoredForm(const DateFields& date) {
   time.tm_sec = date.second;
   time.tm_isdst = -1;
   time.tm_wday = -1;  // -1 is a time too: only an untouched week day tells that mktime refused
-  std::mktime(&time);
+  time = Carried(time);
   const int year = time.tm_year + 1900;
   if (time.tm_wday < 0 || year < 0 || year > 9999) return "";
-  return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", year, time.tm_mon + 1, time.tm_mday,
-                     time.tm_hour, time.tm_min, time.tm_sec);
+  return fmt::format(FMT_COMPILE("{:04}-{:02}-{:02} {:02}:{:02}:{:02}"), year, time.tm_mon + 1,
+                     time.tm_mday, time.tm_hour, time.tm_min, time.tm_sec);
 }
 
 }  // namespace

@@ -48,23 +48,37 @@ class Converter {
   // Appends what `in` converts to and moves `in` past it; false when it ends before a character
   // that cannot be converted.
   bool Convert(std::string_view& in, std::string& out) {
-    char buffer[4096];
+    char buffer[kLongest];
     while (!in.empty()) {
+      const std::size_t given = std::min(in.size(), piece_);
+      const bool isCut = given < in.size();
       char* from = const_cast<char*>(in.data());
-      std::size_t left = in.size();
+      std::size_t left = given;
       char* to = buffer;
       std::size_t room = sizeof buffer;
       const std::size_t status = iconv(handle_, &from, &left, &to, &room);
       const int error = errno;
       out.append(buffer, sizeof buffer - room);
-      in.remove_prefix(in.size() - left);
-      if (status == static_cast<std::size_t>(-1) && error != E2BIG) return false;
+      in.remove_prefix(given - left);
+      const bool goesOn = error == E2BIG || (error == EINVAL && isCut);
+      if (status == static_cast<std::size_t>(-1) && !goesOn) {
+        piece_ = kShortest;
+        return false;
+      }
+      piece_ = std::min(2 * piece_, kLongest);
     }
     return true;
   }
 
  private:
+  // iconv reads far ahead and begins again when it meets a character that it cannot convert, so
+  // that a long text full of such takes the square of its length. After such a character it gets
+  // short pieces, then longer ones again.
+  static constexpr std::size_t kShortest = 16;
+  static constexpr std::size_t kLongest = 4096;
+
   iconv_t handle_;
+  std::size_t piece_ = kLongest;
 };
 
 template <typename CharLengthOf>

@@ -37,7 +37,7 @@ std::string UrlPart(const std::string& address, CURLUPart part) {
       curl_url_get(url.get(), part, &text, 0) != CURLUE_OK) {
     return "";
   }
-  const std::string result = text;
+  std::string result = text;
   curl_free(text);
   return result;
 }

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-struct _xmlDoc;
-struct _xmlNode;
+struct _xmlDoc;   // NOLINT(bugprone-reserved-identifier): the XML library's names
+struct _xmlNode;  // NOLINT(bugprone-reserved-identifier)
 
 namespace feedloom {
 

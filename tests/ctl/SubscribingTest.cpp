@@ -83,7 +83,7 @@ TEST_F(Subscribing, RefreshTellsEachChannelAndFailsWhenOneFails) {
   EXPECT_EQ(result.status, 1);
   EXPECT_NE(result.out.find("A: 3 new\n"), std::string::npos);
   EXPECT_NE(result.out.find("B: download failed\n"), std::string::npos);
-  EXPECT_NE(result.out.find("2 channels, 3 new posts, 1 failures"), std::string::npos);
+  EXPECT_NE(result.out.find("2 channels, 3 new posts, 1 failure,"), std::string::npos);
   EXPECT_EQ(RunJson("list")["folders"][0]["channels"][1]["state"], -2);
 
   server_.Serve("/b", NumberedRss("B", "http://b/", 2));
