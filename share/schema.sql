@@ -64,8 +64,8 @@ CREATE TABLE TB_SCRAP_POST (
 
 -- Is this item stored already? Asked for every item of every refresh.
 CREATE INDEX IX_POST_CHANNEL_LINK ON TB_POST (post_channelID, post_link);
--- The counts of unread posts.
-CREATE INDEX IX_POST_READ_STATUS ON TB_POST (post_readStatus);
+-- The counts of unread posts, answered from the index alone.
+CREATE INDEX IX_POST_READ_STATUS ON TB_POST (post_readStatus, post_channelID);
 -- The rows of one folder, and of one cabinet.
 CREATE INDEX IX_CHANNEL_FOLDER ON TB_CHANNEL (channel_folderID);
 CREATE INDEX IX_SCRAP_POST_CABINET ON TB_SCRAP_POST (scrap_post_scrapChannelID);

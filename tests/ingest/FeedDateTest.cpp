@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "ingest/FeedDate.h"
 #include "kit/ManualClock.h"
 
@@ -88,6 +90,30 @@ TEST(FeedDate, WhatCannotBeReadBecomesEmpty) {
 
 TEST(FeedDate, ATwoDigitYearIsOneOf1900) {
   ExpectStored({{"Thu, 10 Jun 99 04:00:00 GMT", "1999-06-10 04:00:00"}});
+}
+
+// The machine's time zone while the object lives.
+class TimeZone {
+ public:
+  explicit TimeZone(const char* name) {
+    setenv("TZ", name, 1);
+    tzset();
+  }
+  ~TimeZone() {
+    unsetenv("TZ");
+    tzset();
+  }
+  TimeZone(const TimeZone&) = delete;
+  TimeZone& operator=(const TimeZone&) = delete;
+};
+
+TEST(FeedDate, OnlyATimeThatTheMachinesZoneLeavesOutIsMoved) {
+  const TimeZone newYork("EST5EDT,M3.2.0,M11.1.0");
+  ExpectStored({{"2008-03-09T02:30:00", "2008-03-09 03:30:00"},
+                {"2008-03-09T01:59:59", "2008-03-09 01:59:59"},
+                {"2008-03-08T22:00:00+04:00", "2008-03-09 03:00:00"},
+                {"2008-11-02T01:30:00", "2008-11-02 01:30:00"},
+                {"2008-07-01T12:00:00", "2008-07-01 12:00:00"}});
 }
 
 TEST(FeedDate, IsShownAsTimeTodayAndAsDateOtherwise) {

@@ -39,6 +39,17 @@ TEST(CodePageTest, ACharacterThatThePageLacksBecomesOneQuestionMark) {
   EXPECT_EQ(kUtf8.FromUtf8("é😀x"), "é😀x");
 }
 
+TEST(CodePageTest, LongTextsKeepTheirPlaceAroundMissingCharacters) {
+  std::string text;
+  std::string expected;
+  for (int i = 0; i < 3000; ++i) {
+    const std::string run(static_cast<std::size_t>(i % 37), 'x');
+    text += run + "가é나😀";
+    expected += run + "가?나?";
+  }
+  EXPECT_EQ(kKorean.ToUtf8(kKorean.FromUtf8(text)), expected);
+}
+
 TEST(CodePageTest, BytesThatAreNotUtf8BecomeQuestionMarksAndTheRestStays) {
   for (const CodePage& page : {kKorean, kUtf8}) {
     EXPECT_EQ(page.FromUtf8("a\xFF"

@@ -1,0 +1,57 @@
+// feed_server FEEDS ITEMS LATENCY_MS: serves RSS feeds "/feed/1" to "/feed/FEEDS" on 127.0.0.1,
+// each answer after the latency. Prints the port; at the end of its input prints the highest number
+// of simultaneous requests and the number of requests, and ends.
+#include <fmt/core.h>
+
+#include <chrono>
+#include <cstdio>
+#include <iostream>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "kit/FeedDocuments.h"
+#include "kit/FeedServer.h"
+#include "platform/Text.h"
+
+namespace feedloom {
+namespace {
+
+std::string PathOf(int feed) { return fmt::format("/feed/{}", feed); }
+
+std::string Feed(int feed, int items) {
+  std::vector<SampleItem> posts =
+      NumberedItems(fmt::format("http://site.example/{}/articles/", feed), items);
+  for (SampleItem& post : posts) {
+    post.title += " of a village by the river";
+    for (int i = 0; i < 6; ++i) {
+      post.description += ". All that night the people sat on the hill & waited for the morning";
+    }
+  }
+  return RssDocument(fmt::format("Channel {}", feed), posts);
+}
+
+void Run(int feeds, int items, std::chrono::milliseconds latency) {
+  FeedServer server;
+  server.SetLatency(latency);
+  for (int feed = 1; feed <= feeds; ++feed) server.Serve(PathOf(feed), Feed(feed, items));
+  fmt::print("{}\n", server.Port());
+  std::fflush(stdout);
+  std::cin.ignore(std::numeric_limits<std::streamsize>::max());
+  int requests = 0;
+  for (int feed = 1; feed <= feeds; ++feed) requests += server.Requests(PathOf(feed));
+  fmt::print("{} {}\n", server.HighestConcurrency(), requests);
+}
+
+}  // namespace
+}  // namespace feedloom
+
+int main(int argc, char** argv) {
+  if (argc != 4) {
+    fmt::print(stderr, "usage: {} FEEDS ITEMS LATENCY_MS\n", argv[0]);
+    return 2;
+  }
+  const auto number = [&](int at) { return feedloom::ParseInt(argv[at]); };
+  feedloom::Run(number(1), number(2), std::chrono::milliseconds(number(3)));
+  return 0;
+}
