@@ -5,6 +5,7 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <functional>
 #include <map>
@@ -137,7 +138,12 @@ class FeedServer::Impl {
   void Start() {
     constexpr int kThreads = 32;
     constexpr int kBacklog = 256;
-    server_.new_task_queue = [] { return new httplib::ThreadPool(kThreads); };
+    server_.new_task_queue = [this] {
+      auto* const pool = new httplib::ThreadPool(kThreads);
+      poolStands_ = true;
+      poolStands_.notify_one();
+      return pool;
+    };
     server_.set_keep_alive_max_count(1);
     int socket = -1;
     server_.set_socket_options([&socket](int created) { socket = created; });
@@ -146,7 +152,8 @@ class FeedServer::Impl {
     if (port_ < 0 || listen(socket, kBacklog) != 0)
       throw std::runtime_error("no port to listen on");
     listener_ = std::thread([this] { server_.listen_after_bind(); });
-    while (!server_.is_running()) std::this_thread::yield();
+    // The library calls itself running before its threads are there; a test may count threads.
+    poolStands_.wait(false);
   }
 
   void Handle(const httplib::Request& request, httplib::Response& response) {
@@ -207,6 +214,7 @@ class FeedServer::Impl {
 
   httplib::Server server_;
   int port_ = 0;
+  std::atomic<bool> poolStands_ = false;
   std::thread listener_;
 
   mutable Mutex mutex_;
