@@ -33,6 +33,7 @@ ChannelRecord ToRecord(const RefreshEntry& entry, FeedParser& parser) {
 void StoreChannel(ChannelRecord record, Store& store, WorkerReport& report, std::stop_token stop) {
   Connection connection(store);
   if (!connection) return;
+  connection.KeepJournalFile();
   if (record.id < 0) {
     if (!AddChannelRecord(connection, record)) return;
     report.Stored(record.id, record.newlyInserted);

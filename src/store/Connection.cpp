@@ -55,6 +55,12 @@ Connection::Connection(Store& store) : store_(store) {
 
 Connection::~Connection() { sqlite3_close(handle_); }
 
+void Connection::KeepJournalFile() {
+  const MutexLock lock(store_.Lock());
+  // Only a saving: where it fails, the statements to come tell why.
+  sqlite3_exec(handle_, "PRAGMA journal_mode = TRUNCATE", nullptr, nullptr, nullptr);
+}
+
 template <typename Statement>
 bool Connection::Run(Statement statement) {
   char* message = nullptr;

@@ -51,7 +51,10 @@ class Connection {
   std::optional<ResultTable> Query(const std::string& sql);
   bool Execute(const std::string& sql);
 
-  const Store& Owner() const { return store_; }
+  // For a connection that is going to write many times: the rollback journal's file stays from one
+  // statement to the next instead of being made and deleted for each. The next write through a
+  // connection without this removes it.
+  void KeepJournalFile();
 
  private:
   template <typename Statement>
