@@ -53,12 +53,20 @@ Connection::Connection(Store& store) : store_(store) {
                           nullptr, nullptr);
 }
 
-Connection::~Connection() { sqlite3_close(handle_); }
+Connection::~Connection() {
+  if (keepsJournalFile_) SetJournalMode("PRAGMA journal_mode = DELETE");
+  sqlite3_close(handle_);
+}
 
 void Connection::KeepJournalFile() {
+  keepsJournalFile_ = true;
+  SetJournalMode("PRAGMA journal_mode = TRUNCATE");
+}
+
+// Only a saving: where it fails, the statements to come tell why.
+void Connection::SetJournalMode(const char* pragma) {
   const MutexLock lock(store_.Lock());
-  // Only a saving: where it fails, the statements to come tell why.
-  sqlite3_exec(handle_, "PRAGMA journal_mode = TRUNCATE", nullptr, nullptr, nullptr);
+  sqlite3_exec(handle_, pragma, nullptr, nullptr, nullptr);
 }
 
 template <typename Statement>

@@ -52,17 +52,18 @@ class Connection {
   bool Execute(const std::string& sql);
 
   // For a connection that is going to write many times: the rollback journal's file stays from one
-  // statement to the next instead of being made and deleted for each. The next write through a
-  // connection without this removes it.
+  // statement to the next, until the connection ends, instead of being made and deleted for each.
   void KeepJournalFile();
 
  private:
   template <typename Statement>
   bool Run(Statement statement);
+  void SetJournalMode(const char* pragma);
 
   Store& store_;
   sqlite3* handle_ = nullptr;
   bool open_ = false;
+  bool keepsJournalFile_ = false;
 };
 
 // The rows of `sql`, run on a connection of its own; none after a (reported) failure.
