@@ -10,7 +10,10 @@ namespace {
 
 using nlohmann::json;
 
-class Subscribing : public CtlFixture {};
+class Subscribing : public CtlFixture {
+ protected:
+  std::filesystem::path WorkDir() const { return std::filesystem::path(ProfileDir()) / "work"; }
+};
 
 TEST_F(Subscribing, ANewUserSeesPostsAtOnceAndOffline) {
   EXPECT_EQ(Run("list").status, 0);
@@ -115,14 +118,14 @@ TEST_F(Subscribing, TwoRefreshesOfOneProfileDoNotMeetInOneFile) {
   }
   EXPECT_EQ(Run(refresh).status, 0);
   EXPECT_EQ(RunJson("posts --search Post").size(), 2u);
-  EXPECT_TRUE(std::filesystem::is_empty(ProfileDir() + "/work"));
+  EXPECT_TRUE(std::filesystem::is_empty(WorkDir()));
 }
 
 TEST_F(Subscribing, AFolderThatAKilledProgramLeftIsSwept) {
   Run("init");
-  std::filesystem::create_directory(ProfileDir() + "/work/feedloomctl-gone");
+  std::filesystem::create_directory(WorkDir() / "feedloomctl-gone");
   EXPECT_EQ(Run("refresh").status, 0);
-  EXPECT_TRUE(std::filesystem::is_empty(ProfileDir() + "/work"));
+  EXPECT_TRUE(std::filesystem::is_empty(WorkDir()));
 }
 
 }  // namespace

@@ -46,8 +46,8 @@ TEST(TextTest, CaseRulesTouchAsciiOnly) {
 }
 
 TEST(PathTest, JoinsWithTheSeparatorThatTheDirectoryUses) {
-  EXPECT_EQ(JoinPath("/var/work", "a.xml"), "/var/work/a.xml");
-  EXPECT_EQ(JoinPath("/var/work/", "a.xml"), "/var/work/a.xml");
+  EXPECT_EQ(JoinPath("/var/feeds", "a.xml"), "/var/feeds/a.xml");
+  EXPECT_EQ(JoinPath("/var/feeds/", "a.xml"), "/var/feeds/a.xml");
   EXPECT_EQ(JoinPath(R"(C:\work)", "a.xml"), R"(C:\work\a.xml)");
   EXPECT_EQ(JoinPath(R"(C:\work\)", "a.xml"), R"(C:\work\a.xml)");
   EXPECT_EQ(JoinPath("", "a.xml"), "a.xml");
