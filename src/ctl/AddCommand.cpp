@@ -1,13 +1,11 @@
 // feedloomctl add: subscribes to a feed.
 #include <fmt/core.h>
 
-#include <algorithm>
-
 #include "ctl/Commands.h"
 #include "ctl/FeedAddress.h"
+#include "ctl/FetchOnce.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
-#include "ingest/FeedFetch.h"
 #include "ingest/FeedParser.h"
 #include "ingest/RefreshQueue.h"
 #include "store/Channels.h"
@@ -41,11 +39,8 @@ const char* Reason(const FetchOutcome& outcome) {
 
 // The channel as its feed describes it; none, after a message, when the address is not a feed's.
 std::optional<ChannelRecord> ReadChannel(Session& session, const std::string& address) {
-  const SharedServices services = session.Services();
-  if (!services) return std::nullopt;
   FeedParser parser(session.TextCodePage());
-  const FetchOutcome outcome =
-      FetchFeed(address, CheckFilePath(services->workDir), *services, {}, parser);
+  const FetchOutcome outcome = FetchOnce(session, address, parser);
   if (outcome.result != kChannelRefreshed) {
     PrintError(fmt::format("{}: {}", address, Reason(outcome)));
     return std::nullopt;

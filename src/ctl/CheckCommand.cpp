@@ -1,13 +1,12 @@
 // feedloomctl check: what the reader sees in a feed.
-#include <filesystem>
-
 #include "ctl/Commands.h"
 #include "ctl/FeedAddress.h"
+#include "ctl/FetchOnce.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "ingest/FeedDate.h"
-#include "ingest/FeedFetch.h"
 #include "ingest/FeedParser.h"
+#include "profile/Files.h"
 
 namespace feedloom {
 namespace {
@@ -43,11 +42,8 @@ int PrintFeed(const Session& session, const FeedParser& parser, int result) {
 }
 
 int CheckAddress(Session& session, const std::string& address) {
-  const SharedServices services = session.Services();
-  if (!services) return kFailure;
   FeedParser parser(session.TextCodePage());
-  const FetchOutcome outcome =
-      FetchFeed(address, CheckFilePath(services->workDir), *services, {}, parser);
+  const FetchOutcome outcome = FetchOnce(session, address, parser);
   if (outcome.result != kDownloadFailed) return PrintFeed(session, parser, outcome.parseCode);
   PrintJson({{"result", nullptr}, {"error", outcome.error}});
   return kFailure;
@@ -56,7 +52,7 @@ int CheckAddress(Session& session, const std::string& address) {
 }  // namespace
 
 int RunCheck(Session& session, const std::string& source) {
-  if (!std::filesystem::is_regular_file(source)) {
+  if (!IsRegularFile(source)) {
     return CheckAddress(session, FeedAddress(session.TheSkin(), source));
   }
   FeedParser parser(session.TextCodePage());

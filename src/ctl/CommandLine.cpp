@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "ctl/Commands.h"
+#include "ctl/Output.h"
 #include "ctl/Session.h"
 
 namespace feedloom {
@@ -30,10 +31,15 @@ struct Arguments {
   std::function<int()> run;
 };
 
+CLI::App* AddSubcommand(CLI::App& app, const char* name, const char* help) {
+  CLI::App* sub = app.add_subcommand(name, help)->fallthrough();
+  return sub->footer("Every command takes --profile DIR and --json.");
+}
+
 // A command that needs an open profile.
 CLI::App* AddCommand(CLI::App& app, Arguments& arguments, const char* name, const char* help,
                      std::function<int(Session&)> command) {
-  CLI::App* sub = app.add_subcommand(name, help)->fallthrough();
+  CLI::App* sub = AddSubcommand(app, name, help);
   sub->callback([&arguments, command = std::move(command)] {
     arguments.run = [&arguments, command] {
       const auto session = Session::Open(arguments.global);
@@ -45,14 +51,14 @@ CLI::App* AddCommand(CLI::App& app, Arguments& arguments, const char* name, cons
 
 void AddTargets(CLI::App* sub, Arguments& arguments) {
   CLI::Option_group* group = sub->add_option_group("what", "Just one of these");
-  group->add_option("--post", arguments.targets.posts, "Posts by id")->type_name("ID ...");
-  group->add_option("--channel", arguments.targets.channels, "Channels by id")->type_name("ID ...");
-  group->add_option("--folder", arguments.targets.folders, "Folders by id")->type_name("ID ...");
+  group->add_option("--post", arguments.targets.posts, "Posts by id")->type_name("ID");
+  group->add_option("--channel", arguments.targets.channels, "Channels by id")->type_name("ID");
+  group->add_option("--folder", arguments.targets.folders, "Folders by id")->type_name("ID");
   group->require_option(1);
 }
 
 void AddProfileCommands(CLI::App& app, Arguments& a) {
-  CLI::App* init = app.add_subcommand("init", "Make a profile")->fallthrough();
+  CLI::App* init = AddSubcommand(app, "init", "Make a profile");
   init->add_option("--code-page", a.init.codePage, "EUC-KR (Korean, the default) or UTF-8")
       ->check(CLI::IsMember({"EUC-KR", "UTF-8"}, CLI::ignore_case));
   init->add_option("--lang", a.init.language, "KOR (the default) or ENG")
@@ -146,7 +152,10 @@ int RunCommandLine(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kSuccess : kUsageError;
   }
-  return arguments.run();
+  const int status = arguments.run();
+  if (AllPrinted()) return status;
+  PrintError("cannot write to stdout");
+  return kFailure;
 }
 
 }  // namespace feedloom

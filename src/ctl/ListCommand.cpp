@@ -4,7 +4,6 @@
 #include "ctl/Commands.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
-#include "platform/Messages.h"
 #include "store/Cabinets.h"
 #include "store/Channels.h"
 #include "store/Folders.h"
@@ -17,17 +16,6 @@ struct Lists {
   std::vector<ChannelRow> channels;
   std::vector<CabinetRow> cabinets;
 };
-
-std::string_view StateWord(int state) {
-  switch (state) {
-    case kDownloadFailed:
-      return "download failed";
-    case kDocumentRefused:
-      return "not a feed";
-    default:
-      return "ok";
-  }
-}
 
 Json ChannelJson(const Session& session, const ChannelRow& channel) {
   return {{"id", channel.id},
@@ -73,7 +61,8 @@ void PrintLists(const Session& session, const Lists& lists) {
     for (const ChannelRow& channel : lists.channels) {
       if (channel.folderId != folder.id) continue;
       PrintLine(fmt::format("  channel {}: {} ({} unread, {}) {}", channel.id, line(channel.title),
-                            channel.unreadCount, StateWord(channel.state), line(channel.xmlLink)));
+                            channel.unreadCount, ResultWords(channel.state),
+                            line(channel.xmlLink)));
     }
   }
   for (const CabinetRow& cabinet : lists.cabinets) {

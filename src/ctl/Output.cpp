@@ -4,15 +4,37 @@
 
 #include <cstdio>
 
+#include "platform/Messages.h"
+
 namespace feedloom {
+namespace {
+
+void Write(std::FILE* stream, const std::string& line) {
+  std::fwrite(line.data(), 1, line.size(), stream);
+}
+
+}  // namespace
 
 void PrintJson(const Json& value) {
   PrintLine(value.dump(2, ' ', false, Json::error_handler_t::replace));
 }
 
-void PrintLine(std::string_view utf8) { fmt::print("{}\n", utf8); }
+void PrintLine(std::string_view utf8) { Write(stdout, fmt::format("{}\n", utf8)); }
 
-void PrintError(std::string_view utf8) { fmt::print(stderr, "feedloomctl: {}\n", utf8); }
+void PrintError(std::string_view utf8) { Write(stderr, fmt::format("feedloomctl: {}\n", utf8)); }
+
+bool AllPrinted() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0; }
+
+std::string_view ResultWords(int result) {
+  switch (result) {
+    case kDownloadFailed:
+      return "download failed";
+    case kDocumentRefused:
+      return "not a feed";
+    default:
+      return "ok";
+  }
+}
 
 std::string OneLine(std::string_view utf8) {
   std::string line;

@@ -15,8 +15,14 @@ void PrintJson(const Json& value);
 // One line to stdout.
 void PrintLine(std::string_view utf8);
 
+// Whether all that was printed to stdout so far has arrived there.
+bool AllPrinted();
+
 // "feedloomctl: " and the text, to stderr.
 void PrintError(std::string_view utf8);
+
+// What became of a channel's refresh (a ChannelResult), in words.
+std::string_view ResultWords(int result);
 
 // `utf8` for one line on a terminal: control characters, which feeds may hold, become blanks.
 std::string OneLine(std::string_view utf8);

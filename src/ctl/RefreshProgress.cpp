@@ -3,18 +3,14 @@
 #include <fmt/core.h>
 #include <unistd.h>
 
+#include <algorithm>
+
 #include "ctl/Session.h"
 #include "platform/Messages.h"
 #include "store/Counts.h"
 
 namespace feedloom {
 namespace {
-
-constexpr const char* kRefreshedWord = "ok";
-
-const char* FailureWord(int result) {
-  return result == kDownloadFailed ? "download failed" : "not a feed";
-}
 
 std::string Counted(std::size_t count, std::string_view noun) {
   return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
@@ -27,7 +23,7 @@ RefreshProgress::RefreshProgress(Session& session, const std::vector<ChannelRow>
       started_(std::chrono::steady_clock::now()),
       drawsBar_(!session.WantsJson() && isatty(STDOUT_FILENO) != 0) {
   for (const ChannelRow& channel : channels) {
-    channels_[channel.id] = {OneLine(session.Utf8(channel.title)), channel.unreadCount};
+    channels_[channel.id] = {session.Utf8(channel.title), channel.unreadCount};
   }
 }
 
@@ -35,7 +31,8 @@ std::intptr_t RefreshProgress::Send(unsigned message, std::intptr_t wParam, std:
   if (message == kMessageChannelWorker) OnWorker(static_cast<int>(wParam));
   if (message != kMessageChannelResult) return 0;
   if (wParam != kRunEnded) {
-    OnResult(static_cast<int>(wParam), static_cast<int>(lParam));
+    const int result = static_cast<int>(wParam);
+    End(static_cast<int>(lParam), ResultWords(result), result != kChannelRefreshed);
     return 0;
   }
   const MutexLock lock(mutex_);
@@ -54,29 +51,16 @@ void RefreshProgress::OnWorker(int channelId) {
       return;
     }
   }
-  End(channelId, "stopped, it took too long", 0);
+  End(channelId, "stopped, it took too long", true);
 }
 
-void RefreshProgress::OnResult(int result, int channelId) {
-  if (result != kChannelRefreshed) {
-    End(channelId, FailureWord(result), 0);
-    return;
-  }
+void RefreshProgress::End(int channelId, std::string_view result, bool failed) {
   const int unread = CountUnreadInItem(session_.TheStore(), channelId, false);
-  int before = 0;
-  {
-    const MutexLock lock(mutex_);
-    before = channels_[channelId].unreadBefore;
-  }
-  End(channelId, kRefreshedWord, static_cast<std::size_t>(std::max(unread - before, 0)));
-}
-
-void RefreshProgress::End(int channelId, const char* result, std::size_t newPosts) {
   const MutexLock lock(mutex_);
   Channel& channel = channels_[channelId];
   channel.ended = true;
+  const auto newPosts = static_cast<std::size_t>(std::max(unread - channel.unreadBefore, 0));
   newPosts_ += newPosts;
-  const bool failed = std::string_view(result) != kRefreshedWord;
   if (failed) ++failures_;
   if (session_.WantsJson()) {
     lines_.push_back(
@@ -84,8 +68,9 @@ void RefreshProgress::End(int channelId, const char* result, std::size_t newPost
     return;
   }
   if (drawsBar_) fmt::print("\r\x1b[K");
-  PrintLine(failed ? fmt::format("{}: {}", channel.title, result)
-                   : fmt::format("{}: {} new", channel.title, newPosts));
+  const std::string title = OneLine(channel.title);
+  PrintLine(failed ? fmt::format("{}: {}", title, result)
+                   : fmt::format("{}: {} new", title, newPosts));
   if (drawsBar_) DrawBar();
 }
 

@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <map>
 #include <string>
+#include <string_view>
 
 #include "ctl/Output.h"
 #include "platform/MessageTarget.h"
@@ -41,8 +42,7 @@ class RefreshProgress : public MessageTarget {
   };
 
   void OnWorker(int channelId);
-  void OnResult(int result, int channelId);
-  void End(int channelId, const char* result, std::size_t newPosts);
+  void End(int channelId, std::string_view result, bool failed);
   void DrawBar() const FEEDLOOM_REQUIRES(mutex_);
 
   Session& session_;

@@ -40,9 +40,11 @@ std::optional<CabinetRow> FindCabinet(Store& store, int id) {
 }
 
 std::optional<PostRow> FindNamedPost(Store& store, int id) {
-  auto post = FindPost(store, id);
-  if (!post) PrintError(fmt::format("there is no post {}", id));
-  return post;
+  std::vector<PostRow> posts;
+  if (!FindPost(store, id, posts)) return std::nullopt;
+  if (!posts.empty()) return std::move(posts.front());
+  PrintError(fmt::format("there is no post {}", id));
+  return std::nullopt;
 }
 
 }  // namespace feedloom

@@ -29,7 +29,7 @@ bool Prepare(const ProfilePaths& paths) {
                                  defaults.language))) {
       return false;
     }
-    fmt::print(stderr, "feedloomctl: made a new profile in {}\n", paths.dir);
+    PrintError(fmt::format("made a new profile in {}", paths.dir));
   }
   if (!Registry(paths.registry).IsReadable()) {
     PrintError(fmt::format("{} is damaged; nothing was changed", paths.registry));

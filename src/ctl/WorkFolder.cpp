@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "platform/Path.h"
+#include "profile/Files.h"
 
 namespace feedloom {
 namespace {
@@ -40,6 +41,8 @@ void RemoveAbandoned(const std::string& parent) {
 WorkFolder::WorkFolder(const std::string& parent) {
   std::error_code ignored;
   std::filesystem::create_directories(parent, ignored);
+  // Until the new folder is locked, another program would take it for an abandoned one.
+  const DirectoryLock turn(parent);
   RemoveAbandoned(parent);
   std::string path = JoinPath(parent, std::string(kPrefix) + "XXXXXX");
   if (mkdtemp(path.data()) == nullptr) return;

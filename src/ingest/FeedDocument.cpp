@@ -78,7 +78,7 @@ void ReadAtomEntry(const XmlElement& element, const TextSource& source, FeedItem
 ParseCode ReadItemList(const std::vector<XmlElement>& elements, const FeedVariants& variants,
                        CodePage codePage, const std::stop_token& stop,
                        std::vector<FeedItem>& items) {
-  if (variants.BothSet() || variants.NoneSet()) return kItemListContradiction;
+  if (variants.NoneSet()) return kItemListContradiction;
   for (const XmlElement& element : elements) {
     if (stop.stop_requested()) return kParseStopped;
     FeedItem item;

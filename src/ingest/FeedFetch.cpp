@@ -40,8 +40,8 @@ void SweepTempFiles(const std::string& workDir) {
 FetchOutcome FetchFeed(const std::string& address, const std::string& path,
                        const IngestServices& services, std::stop_token stop, FeedParser& parser) {
   const TempFile file(path);
-  const TransferResult download =
-      UrlDownloadToFile(address, path, ReadProxySettings(services.registry), stop);
+  const TransferResult download = UrlDownloadToFile(services.TextCodePage().ToUtf8(address), path,
+                                                    ReadProxySettings(services.registry), stop);
   if (!download.ok) return {kDownloadFailed, kParsed, download.error};
   const int code = parser.Parse(path, stop);
   return {code < 0 || !parser.IsFeed() ? kDocumentRefused : kChannelRefreshed, code, ""};

@@ -24,8 +24,9 @@ struct FetchOutcome {
   std::string error;     // of the download; English, empty where it succeeded
 };
 
-// Downloads `address` into `path`, reads the document into `parser` and removes the file, whatever
-// the result. Blocks the calling thread; ends within 100 ms of `stop`, as failed.
+// Downloads `address`, a text in the module's code page that is sent as UTF-8, into `path`, reads
+// the document into `parser` and removes the file, whatever the result. Blocks the calling thread;
+// ends within 100 ms of `stop`, as failed.
 FetchOutcome FetchFeed(const std::string& address, const std::string& path,
                        const IngestServices& services, std::stop_token stop, FeedParser& parser);
 

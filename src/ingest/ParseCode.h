@@ -15,7 +15,7 @@ enum ParseCode : int {
   kFormatContradiction = -93,  // both variants set when the items are read
   kUnknownRoot = -92,
   kHeaderContradiction = -700,    // both variants set when the header is read
-  kItemListContradiction = -648,  // both variants set, or none
+  kItemListContradiction = -648,  // no variant set when the items are read
   kItemContradiction = -600,      // both variants set when one item is read
   kItemIncomplete = -599,         // no title or no link: the item is left out, the parse goes on
   kUnknownVariant = -150,         // an RSS variant without a rule for dates

@@ -5,11 +5,9 @@
 namespace feedloom {
 
 bool RefreshQueue::Append(RefreshEntry entry) {
-  if (entry.channelId < 0) {
-    entry.channelId = --lastUnstoredId_;
-  } else if (Contains(entry.channelId)) {
-    return false;
-  }
+  const bool isStored = entry.channelId >= 0;
+  if (isStored ? Contains(entry.channelId) : ContainsAddress(entry)) return false;
+  if (!isStored) entry.channelId = --lastUnstoredId_;
   slots_.push_back({std::move(entry)});
   return true;
 }
@@ -28,6 +26,12 @@ bool RefreshQueue::HasWaiting() const {
 bool RefreshQueue::Contains(int channelId) const {
   return std::ranges::any_of(slots_,
                              [&](const Slot& slot) { return slot.entry.channelId == channelId; });
+}
+
+bool RefreshQueue::ContainsAddress(const RefreshEntry& entry) const {
+  return std::ranges::any_of(slots_, [&](const Slot& slot) {
+    return slot.entry.folderId == entry.folderId && slot.entry.xmlLink == entry.xmlLink;
+  });
 }
 
 void RefreshQueue::Renumber(int channelId, int newId) {

@@ -21,7 +21,8 @@ struct RefreshEntry {
 class RefreshQueue {
  public:
   // False, and nothing is appended, when that channel is in the queue already. A channel that is
-  // not in the store yet gets a negative id of its own.
+  // not in the store yet is known by its folder and address, and gets a negative id of its own: two
+  // workers with the same one would both insert it.
   bool Append(RefreshEntry entry);
 
   // Takes the first entry that waits: it stays in the queue until Remove. None when none waits.
@@ -41,6 +42,8 @@ class RefreshQueue {
     RefreshEntry entry;
     bool taken = false;
   };
+
+  bool ContainsAddress(const RefreshEntry& entry) const;
 
   std::list<Slot> slots_;
   int lastUnstoredId_ = 0;

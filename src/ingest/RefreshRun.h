@@ -23,7 +23,8 @@ struct RefreshLimits {
 
 using SteadyTime = std::chrono::steady_clock::time_point;
 
-// One worker. All but `entry`, `stop` and `started` belongs under the run's lock.
+// One worker. All but `entry`, `stop` and `started` belongs under the run's lock; `channelId` is
+// written by the worker alone, which may read it without.
 struct RefreshJob {
   enum class Phase {
     Working,    // may be stopped

@@ -31,6 +31,7 @@ ChannelRecord ToRecord(const RefreshEntry& entry, FeedParser& parser) {
 }
 
 void StoreChannel(ChannelRecord record, Store& store, WorkerReport& report, std::stop_token stop) {
+  if (stop.stop_requested()) return;
   Connection connection(store);
   if (!connection) return;
   connection.KeepJournalFile();

@@ -88,6 +88,22 @@ struct FreeContext {
   void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
 };
 
+// The library would print to stderr, piece by piece, what the load's status says. The setting is
+// the thread's, which may be the host's: it is put back.
+class SilentXmlErrors {
+ public:
+  SilentXmlErrors() : context_(xmlStructuredErrorContext), report_(xmlStructuredError) {
+    xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {});
+  }
+  ~SilentXmlErrors() { xmlSetStructuredErrorFunc(context_, report_); }
+  SilentXmlErrors(const SilentXmlErrors&) = delete;
+  SilentXmlErrors& operator=(const SilentXmlErrors&) = delete;
+
+ private:
+  void* const context_;
+  const xmlStructuredErrorFunc report_;
+};
+
 class FileDescriptor {
  public:
   explicit FileDescriptor(const std::string& path)
@@ -183,6 +199,7 @@ void XmlDocument::Free::operator()(_xmlDoc* document) const { xmlFreeDoc(documen
 XmlDocument::LoadStatus XmlDocument::Load(const std::string& path) {
   InitializeXmlOnce();
   document_.reset();
+  const SilentXmlErrors silence;
   const std::unique_ptr<xmlParserCtxt, FreeContext> context(xmlNewParserCtxt());
   if (!context) return LoadStatus::OutOfMemory;
   const FileDescriptor file(path);

@@ -1,7 +1,5 @@
 #include <fmt/core.h>
 
-#include <filesystem>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -82,11 +80,6 @@ Failure CheckLengths(const ProfilePaths& paths, const std::string& shareDir) {
 Failure CheckNoProfile(const ProfilePaths& paths) {
   if (!ProfileExists(paths)) return {};
   return fmt::format("There is a profile in '{}' already.", paths.dir);
-}
-
-bool IsRegularFile(const std::string& path) {
-  std::error_code ignored;
-  return std::filesystem::is_regular_file(path, ignored);
 }
 
 Failure Write(const ProfilePaths& paths, const Ingredients& ingredients,

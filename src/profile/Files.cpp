@@ -39,6 +39,11 @@ std::optional<std::string> ReadFile(const std::string& path) {
   return content;
 }
 
+bool IsRegularFile(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(path, ignored);
+}
+
 Failure WriteFileWhole(const std::string& path, std::string_view content) {
   const std::string temporary = path + ".new";
   const int handle = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);

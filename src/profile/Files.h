@@ -13,6 +13,9 @@ using Failure = std::optional<std::string>;
 // The file's content; none when it cannot be read.
 std::optional<std::string> ReadFile(const std::string& path);
 
+// False also when it cannot be told.
+bool IsRegularFile(const std::string& path);
+
 // Puts `content` at `path` whole or not at all: it is written beside it and renamed when it has
 // reached the disk.
 [[nodiscard]] Failure WriteFileWhole(const std::string& path, std::string_view content);

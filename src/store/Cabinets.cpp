@@ -23,19 +23,17 @@ bool LoadCabinetList(Store& store, std::vector<CabinetRow>& out) {
 }
 
 bool CabinetTitleExists(Store& store, std::string_view title) {
-  const auto table = QueryOnce(
+  return HasRows(
       store,
       FormatSql("Select scrap_channel_id from TB_SCRAP_CHANNEL Where scrap_channel_title = '%s'",
                 title));
-  return table && table->Rows() > 0;
 }
 
 bool ScrapPostLinkExists(Store& store, int cabinetId, std::string_view link) {
-  const auto table = QueryOnce(
+  return HasRows(
       store, FormatSql("Select scrap_post_id from TB_SCRAP_POST Where scrap_post_scrapChannelID = "
                        "%d and scrap_post_link = '%s'",
                        cabinetId, link));
-  return table && table->Rows() > 0;
 }
 
 int AddCabinet(Store& store, std::string_view title, int order) {

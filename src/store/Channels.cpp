@@ -49,11 +49,10 @@ bool FindChannelByXmlLink(Store& store, std::string_view xmlLink, int folderId, 
 }
 
 bool ChannelTitleExists(Store& store, std::string_view title, int folderId) {
-  const auto table =
-      QueryOnce(store, FormatSql("Select channel_id from TB_CHANNEL Where channel_title = '%s' and "
-                                 "channel_folderID = %d",
-                                 title, folderId));
-  return table && table->Rows() > 0;
+  return HasRows(store,
+                 FormatSql("Select channel_id from TB_CHANNEL Where channel_title = '%s' and "
+                           "channel_folderID = %d",
+                           title, folderId));
 }
 
 int GetChannelFolderId(Store& store, int channelId) {

@@ -114,6 +114,11 @@ bool ExecuteOnce(Store& store, const std::string& sql) {
   return connection && connection.Execute(sql);
 }
 
+bool HasRows(Store& store, const std::string& sql) {
+  const auto table = QueryOnce(store, sql);
+  return table && table->Rows() > 0;
+}
+
 bool ExecuteEach(Store& store, std::initializer_list<std::string> statements) {
   Connection connection(store);
   if (!connection) return false;

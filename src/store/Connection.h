@@ -72,6 +72,9 @@ std::optional<ResultTable> QueryOnce(Store& store, const std::string& sql);
 // True when `sql`, run on a connection of its own, succeeded.
 bool ExecuteOnce(Store& store, const std::string& sql);
 
+// True when `sql` returned a row; false also after a failure.
+bool HasRows(Store& store, const std::string& sql);
+
 // Runs each of `statements` on one connection, the next one also when one before it failed; true
 // when all succeeded.
 bool ExecuteEach(Store& store, std::initializer_list<std::string> statements);

@@ -31,9 +31,8 @@ bool FindFolderByName(Store& store, std::string_view name, int& id, int& order) 
 }
 
 bool FolderNameExists(Store& store, std::string_view name) {
-  const auto table =
-      QueryOnce(store, FormatSql("Select folder_id from TB_FOLDER Where folder_name = '%s'", name));
-  return table && table->Rows() > 0;
+  return HasRows(store,
+                 FormatSql("Select folder_id from TB_FOLDER Where folder_name = '%s'", name));
 }
 
 int GetMaxOrder(Store& store, bool isFolder, int folderId) {

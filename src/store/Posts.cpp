@@ -118,7 +118,7 @@ bool LoadAllCabinetsWithPosts(Store& store, CabinetWithPosts& out) {
       {.first = 1, .ownerId = 0}, out.posts);
 }
 
-std::optional<PostRow> FindPost(Store& store, int postId) {
+bool FindPost(Store& store, int postId, std::vector<PostRow>& out) {
   const auto table = QueryOnce(
       store,
       FormatSql("Select post_readStatus, post_id, post_createDate, post_desc, post_link, "
@@ -126,9 +126,8 @@ std::optional<PostRow> FindPost(Store& store, int postId) {
                 "post_channelID From TB_POST Inner Join TB_CHANNEL On TB_POST.post_channelID = "
                 "TB_CHANNEL.channel_id Where post_id = %d",
                 postId));
-  std::vector<PostRow> posts;
-  if (table) AppendPosts(*table, {.podcast = 9, .ownerId = 10}, posts);
-  return posts.empty() ? std::nullopt : std::optional(std::move(posts.front()));
+  if (table) AppendPosts(*table, {.podcast = 9, .ownerId = 10}, out);
+  return table.has_value();
 }
 
 void InsertChannelPosts(Connection& connection, const ChannelRecord& record, std::stop_token stop) {

@@ -3,9 +3,9 @@
 // connection. Loaders return false after a failure, with `out` filled as far as they came.
 #pragma once
 
-#include <optional>
 #include <span>
 #include <stop_token>
+#include <vector>
 
 #include "store/Rows.h"
 #include "store/Store.h"
@@ -22,8 +22,8 @@ bool LoadFolderWithPosts(Store& store, int folderId, ChannelWithPosts& out);
 bool LoadCabinetWithPosts(Store& store, int cabinetId, CabinetWithPosts& out);
 bool LoadAllCabinetsWithPosts(Store& store, CabinetWithPosts& out);
 
-// The post with this id; none when there is no such post or after a failure.
-std::optional<PostRow> FindPost(Store& store, int postId);
+// Appends the post with this id, if there is one; false after a failure.
+bool FindPost(Store& store, int postId, std::vector<PostRow>& out);
 
 // Adds those of `record`'s posts whose link its channel does not hold yet, in list order, unread
 // and dated now; the title, date and text of a link that is stored already stay as they are. A post

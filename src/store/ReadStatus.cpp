@@ -1,5 +1,6 @@
 #include "store/ReadStatus.h"
 
+#include "store/Connection.h"
 #include "store/IdStatement.h"
 #include "store/SqlText.h"
 
@@ -39,7 +40,7 @@ bool MarkCabinetsRead(Store& store, int status, std::span<const int> cabinetIds)
 }
 
 bool MarkAllScrapPostsRead(Store& store, int status) {
-  return ExecuteForIds(store, FormatSql(kMarkScrapPosts, status), "", "", {});
+  return ExecuteOnce(store, FormatSql(kMarkScrapPosts, status));
 }
 
 }  // namespace feedloom

@@ -145,5 +145,32 @@ TEST_F(Reading, CheckTellsWhyADocumentIsNoFeed) {
   EXPECT_NE(absent["error"].get<std::string>().find("404"), std::string::npos);
 }
 
+TEST_F(Reading, CheckSurvivesNamesThatNoFileCanHave) {
+  for (const std::size_t length : {300u, 5000u}) {
+    const CtlResult result = Run("check " + std::string(length, 'a') + ".invalid");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(json::parse(result.out)["result"].is_null());
+    EXPECT_EQ(Run("add " + std::string(length, 'a') + ".invalid").status, 1);
+  }
+}
+
+TEST_F(Reading, ADocumentThatCannotBeReadLeavesNoNoiseOnStderr) {
+  Run("init");
+  const CtlResult result = Run("check " + folder_.Write("bytes.xml",
+                                                        "<?xml version='1.0' encoding='EUC-KR'?>"
+                                                        "<rss version='2.0'>\xFF\xFF</rss>"));
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.err, "");
+}
+
+TEST_F(Reading, AResultThatCannotBeWrittenIsAFailure) {
+  Run("init");
+  for (const std::string& command :
+       {std::string("list"),
+        "check " + folder_.Write("long.xml", NumberedRss("A", "http://a/", 500))}) {
+    EXPECT_EQ(Run(command + " >/dev/full 2>&1; (exit $?)").status, 1) << command;
+  }
+}
+
 }  // namespace
 }  // namespace feedloom

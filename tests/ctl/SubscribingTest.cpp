@@ -1,4 +1,5 @@
 // init, add, list, refresh: from nothing to stored posts.
+#include <atomic>
 #include <filesystem>
 #include <thread>
 
@@ -126,6 +127,27 @@ TEST_F(Subscribing, AFolderThatAKilledProgramLeftIsSwept) {
   std::filesystem::create_directory(WorkDir() / "feedloomctl-gone");
   EXPECT_EQ(Run("refresh").status, 0);
   EXPECT_TRUE(std::filesystem::is_empty(WorkDir()));
+}
+
+TEST_F(Subscribing, AnAddressInAnotherScriptIsFetchedAsItWasAdded) {
+  server_.Serve("/%ED%95%9C%E2%82%AC%F0%9F%98%80.xml", NumberedRss("A", "http://a/", 2));
+  const int channel = Add("/한€😀.xml");
+  EXPECT_EQ(RunJson("refresh --channel " + std::to_string(channel))["newPosts"], 2);
+}
+
+TEST_F(Subscribing, ProgramsThatStartTogetherEachKeepTheirFolder) {
+  Run("init");
+  const std::string check = "check file://" + folder_.Write("a.xml", NumberedRss("A", "l", 1));
+  std::atomic<int> failures = 0;
+  {
+    std::vector<std::jthread> starters;
+    for (int i = 0; i < 6; ++i) {
+      starters.emplace_back([&] {
+        for (int run = 0; run < 30; ++run) failures += Run(check).status;
+      });
+    }
+  }
+  EXPECT_EQ(failures, 0);
 }
 
 }  // namespace

@@ -152,8 +152,10 @@ TEST_F(Refresh, AChannelWithoutAnIdIsInsertedWithItsPosts) {
   RefreshEntry entry;
   entry.folderId = 4;
   entry.xmlLink = kit_.server.Url("/new");
-  engine_->Enqueue(entry);
-  engine_->Enqueue(entry);
+  EXPECT_TRUE(engine_->Enqueue(entry));
+  EXPECT_FALSE(engine_->Enqueue(entry));
+  RunToEnd();
+  EXPECT_TRUE(engine_->Enqueue(entry));  // found in the store this time
   RunToEnd();
   const int id = std::stoi(kit_.db.Value("select channel_id from TB_CHANNEL"));
   EXPECT_TRUE(FrameGot(kMessageChannelInserted, id, 1));
@@ -164,6 +166,23 @@ TEST_F(Refresh, AChannelWithoutAnIdIsInsertedWithItsPosts) {
                           "and channel_type = 'rss' and channel_state = 0"),
             1);
   EXPECT_EQ(kit_.db.Count(fmt::format("TB_POST where post_channelID = {}", id)), 2);
+}
+
+TEST_F(Refresh, AnAddressInTheCodePageIsSentAsUtf8) {
+  Begin();
+  kit_.server.Serve("/%ed%95%9c.xml", NumberedRss("c", "http://l/", 1));
+  Queue(Korean("/한.xml"));
+  RunToEnd();
+  EXPECT_EQ(kit_.db.Count("TB_POST"), 1);
+}
+
+TEST_F(Refresh, ASuccessClearsTheMarkOfAnEarlierFailureAndKeepsTheTitle) {
+  Begin();
+  const int id = ServeAndQueue("/a", 1);
+  kit_.db.Sql("update TB_CHANNEL set channel_state = -2");
+  RunToEnd();
+  EXPECT_EQ(State(id), "0");
+  EXPECT_EQ(kit_.db.Count("TB_CHANNEL where channel_title = 'a'"), 1);
 }
 
 TEST_F(Refresh, NeverRunsMoreThanFiveDownloadsAndTheSixthTakesAFreedPlace) {

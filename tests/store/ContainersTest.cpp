@@ -141,6 +141,19 @@ TEST_F(Containers, DeletingAFolderTakesItsChannelsAndPostsButNoSavedPost) {
   EXPECT_EQ(db_.Count("TB_POST"), 0);
 }
 
+TEST_F(Containers, OfSeveralMatchesAFinderGivesTheLast) {
+  db_.Sql("insert into TB_FOLDER(folder_name, folder_order) values('f', 1), ('f', 2)");
+  db_.Sql(
+      "insert into TB_CHANNEL(channel_xmllink, channel_folderID, channel_order) values('u', 1, "
+      "3), ('u', 1, 4)");
+  int id = 0;
+  int order = 0;
+  EXPECT_TRUE(FindFolderByName(store_, "f", id, order));
+  EXPECT_EQ(order, 2);
+  EXPECT_TRUE(FindChannelByXmlLink(store_, "u", 1, id, order));
+  EXPECT_EQ(order, 4);
+}
+
 TEST_F(Containers, CabinetsHoldCopiesAndCountTheUnread) {
   const int cabinet = AddCabinet(store_, "Tom's", 1);
   EXPECT_EQ(AddCabinet(store_, "Tom's", 2), 0);

@@ -243,11 +243,11 @@ TEST_F(Posts, CleanUpGoesByTheAgeInTheStore) {
 
 TEST_F(Posts, OnePostIsFoundById) {
   const int channel = db_.AddChannelWithPosts(1, "c", 2);
-  const auto post = FindPost(store_, 2);
-  ASSERT_TRUE(post);
-  EXPECT_EQ(post->title, "Post 2");
-  EXPECT_EQ(post->ownerId, channel);
-  EXPECT_FALSE(FindPost(store_, 3));
+  std::vector<PostRow> posts;
+  EXPECT_TRUE(FindPost(store_, 2, posts));
+  EXPECT_TRUE(FindPost(store_, 3, posts));
+  ASSERT_EQ(Titles(posts), Strings{"Post 2"});
+  EXPECT_EQ(posts[0].ownerId, channel);
 }
 
 TEST_F(Posts, SavedPostsAreDeletedById) {

@@ -169,6 +169,16 @@ TEST(StoreFaults, OneFailingPostDoesNotStopTheOthers) {
   EXPECT_EQ(db.Count("TB_POST"), 2);
 }
 
+TEST(StoreFaults, AfterADeleteThatFailsTheNextOneStillRuns) {
+  TestStore db;
+  const int folder = AddFolder(db.Get(), "f", 1);
+  db.AddChannelWithPosts(folder, "c", 1);
+  db.Sql("drop table TB_POST");
+  EXPECT_FALSE(DeleteFolder(db.Get(), folder));
+  EXPECT_EQ(db.Reports(), Strings{"no such table: TB_POST"});
+  EXPECT_EQ(db.Count("TB_CHANNEL"), 0);
+}
+
 TEST(StoreFaults, AFailedChannelRecordIsLeftUnchanged) {
   TestStore db;
   db.Sql("drop table TB_CHANNEL");
