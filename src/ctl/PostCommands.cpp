@@ -18,11 +18,10 @@ namespace {
 
 // True when all that `targets` names exists. Nothing is changed when one does not.
 bool AllExist(Store& store, const Targets& targets) {
-  const auto all = [&](const std::vector<int>& ids, auto find) {
-    return std::ranges::all_of(ids, [&](int id) { return find(store, id).has_value(); });
-  };
-  return all(targets.posts, FindNamedPost) && all(targets.channels, FindChannel) &&
-         all(targets.folders, FindFolder);
+  return std::ranges::all_of(targets.posts,
+                             [&](int id) { return FindNamedPost(store, id).has_value(); }) &&
+         (targets.channels.empty() || FindChannels(store, targets.channels)) &&
+         (targets.folders.empty() || FindFolders(store, targets.folders));
 }
 
 int Done(const Session& session, std::string_view what) {
@@ -34,11 +33,15 @@ int Done(const Session& session, std::string_view what) {
   return session.Finish(kSuccess);
 }
 
-bool IsProtected(Store& store, int folderId) {
-  const auto folder = FindFolder(store, folderId);
-  if (!folder || folder->order >= 0) return false;
-  PrintError(fmt::format("folder {} is protected", folderId));
-  return true;
+// True when all these folders exist and may be deleted.
+bool AreDeletable(Store& store, const std::vector<int>& folderIds) {
+  if (folderIds.empty()) return true;
+  const auto folders = FindFolders(store, folderIds);
+  if (!folders) return false;
+  const auto kept = std::ranges::find_if(*folders, [](const auto& row) { return row.order < 0; });
+  if (kept == folders->end()) return true;
+  PrintError(fmt::format("folder {} is protected", kept->id));
+  return false;
 }
 
 }  // namespace
@@ -56,10 +59,8 @@ int RunMark(Session& session, bool read, const Targets& targets) {
 
 int RunDelete(Session& session, const Targets& targets) {
   Store& store = session.TheStore();
-  if (!AllExist(store, targets)) return kFailure;
-  if (std::ranges::any_of(targets.folders, [&](int id) { return IsProtected(store, id); })) {
-    return kFailure;
-  }
+  if (!AllExist(store, {targets.posts, targets.channels, {}})) return kFailure;
+  if (!AreDeletable(store, targets.folders)) return kFailure;
   if (!targets.posts.empty() && !DeletePosts(store, targets.posts)) return kFailure;
   for (const int id : targets.channels) {
     if (!DeleteChannel(store, id)) return kFailure;

@@ -14,14 +14,20 @@ namespace {
 
 using PostRows = std::vector<PostRow>;
 
+// Takes the posts of the container that `load` fills.
+template <typename Container>
+bool TakePosts(Store& store, bool (*load)(Store&, int, Container&), int id, PostRows& out) {
+  Container container;
+  const bool loaded = load(store, id, container);
+  out = std::move(container.posts);
+  return loaded;
+}
+
 bool LoadChannel(Session& session, int id, const std::optional<std::string>& word, PostRows& out) {
   Store& store = session.TheStore();
   if (!FindChannel(store, id)) return false;
   if (word) return SearchChannelPosts(store, id, *word, out);
-  ChannelWithPosts channel;
-  const bool loaded = LoadChannelWithPosts(store, id, channel);
-  out = std::move(channel.posts);
-  return loaded;
+  return TakePosts(store, LoadChannelWithPosts, id, out);
 }
 
 bool LoadFolder(Session& session, int id, bool today, const std::optional<std::string>& word,
@@ -30,20 +36,14 @@ bool LoadFolder(Session& session, int id, bool today, const std::optional<std::s
   if (!FindFolder(store, id)) return false;
   if (today) return LoadFolderTodayUnread(store, id, out);
   if (word) return SearchFolderPosts(store, id, *word, out);
-  ChannelWithPosts folder;
-  const bool loaded = LoadFolderWithPosts(store, id, folder);
-  out = std::move(folder.posts);
-  return loaded;
+  return TakePosts(store, LoadFolderWithPosts, id, out);
 }
 
 bool LoadCabinet(Session& session, int id, const std::optional<std::string>& word, PostRows& out) {
   Store& store = session.TheStore();
   if (!FindCabinet(store, id)) return false;
   if (word) return SearchCabinetPosts(store, id, *word, out);
-  CabinetWithPosts cabinet;
-  const bool loaded = LoadCabinetWithPosts(store, id, cabinet);
-  out = std::move(cabinet.posts);
-  return loaded;
+  return TakePosts(store, LoadCabinetWithPosts, id, out);
 }
 
 bool Load(Session& session, const PostsOptions& options, PostRows& out) {

@@ -15,28 +15,47 @@ namespace {
 
 // `load` appends all rows; `kind` is what the user calls one.
 template <typename Row>
-std::optional<Row> Find(Store& store, bool (*load)(Store&, std::vector<Row>&), const char* kind,
-                        int id) {
+std::optional<std::vector<Row>> Find(Store& store, bool (*load)(Store&, std::vector<Row>&),
+                                     const char* kind, std::span<const int> ids) {
   std::vector<Row> rows;
   if (!load(store, rows)) return std::nullopt;
-  const auto found = std::ranges::find(rows, id, &Row::id);
-  if (found != rows.end()) return *found;
-  PrintError(fmt::format("there is no {} {}", kind, id));
-  return std::nullopt;
+  std::vector<Row> wanted;
+  for (const int id : ids) {
+    const auto found = std::ranges::find(rows, id, &Row::id);
+    if (found == rows.end()) {
+      PrintError(fmt::format("there is no {} {}", kind, id));
+      return std::nullopt;
+    }
+    wanted.push_back(*found);
+  }
+  return wanted;
+}
+
+template <typename Row>
+std::optional<Row> Only(std::optional<std::vector<Row>> rows) {
+  return rows ? std::optional(std::move(rows->front())) : std::nullopt;
 }
 
 }  // namespace
 
+std::optional<std::vector<FolderRow>> FindFolders(Store& store, std::span<const int> ids) {
+  return Find(store, LoadFolderList, "folder", ids);
+}
+
+std::optional<std::vector<ChannelRow>> FindChannels(Store& store, std::span<const int> ids) {
+  return Find(store, LoadChannelList, "channel", ids);
+}
+
 std::optional<FolderRow> FindFolder(Store& store, int id) {
-  return Find(store, LoadFolderList, "folder", id);
+  return Only(FindFolders(store, {&id, 1}));
 }
 
 std::optional<ChannelRow> FindChannel(Store& store, int id) {
-  return Find(store, LoadChannelList, "channel", id);
+  return Only(FindChannels(store, {&id, 1}));
 }
 
 std::optional<CabinetRow> FindCabinet(Store& store, int id) {
-  return Find(store, LoadCabinetList, "cabinet", id);
+  return Only(Find(store, LoadCabinetList, "cabinet", {&id, 1}));
 }
 
 std::optional<PostRow> FindNamedPost(Store& store, int id) {

@@ -49,22 +49,21 @@ HttpClient::HttpClient(const Registry& registry, StatusLog log)
     : proxy_(ReadProxySettings(registry)), log_(std::move(log)) {}
 
 std::string HttpClient::Get(const std::string& address, std::stop_token stop) {
-  TransferRequest request;
-  request.address = CompleteAddress(address);
-  return Exchange(std::move(request), std::move(stop));
+  return Exchange(address, std::nullopt, std::move(stop));
 }
 
 std::string HttpClient::Post(const std::string& address, const std::string& formData,
                              std::stop_token stop) {
-  TransferRequest request;
-  request.address = CompleteAddress(address);
-  request.form = formData;
-  return Exchange(std::move(request), std::move(stop));
+  return Exchange(address, formData, std::move(stop));
 }
 
-std::string HttpClient::Exchange(TransferRequest request, std::stop_token stop) {
+std::string HttpClient::Exchange(const std::string& address, std::optional<std::string> form,
+                                 std::stop_token stop) {
   constexpr long kStatusOk = 200;
   std::string body;
+  TransferRequest request;
+  request.address = CompleteAddress(address);
+  request.form = std::move(form);
   request.proxy = proxy_;
   request.sink = [&body](std::string_view bytes) {
     body += bytes;

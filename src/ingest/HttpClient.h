@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -31,7 +32,8 @@ class HttpClient {
                    std::stop_token stop = {});
 
  private:
-  std::string Exchange(TransferRequest request, std::stop_token stop);
+  std::string Exchange(const std::string& address, std::optional<std::string> form,
+                       std::stop_token stop);
 
   const ProxySettings proxy_;
   const StatusLog log_;
