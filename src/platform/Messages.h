@@ -13,8 +13,14 @@ enum Message : unsigned {
   kMessageFeedChecked = 0x502,  // wParam 1 and lParam a std::string* (the title), or 0 and 0
 
   // The module to the host's window.
+  kMessageShowText = 0x3063,  // lParam a const std::string*, in the module's code page
   kMessageRefreshBegan = 0x5601,
   kMessageRefreshEnded = 0x5602,
+
+  // The host to the frame. The parameters are not looked at; the answer is 0.
+  kMessageShowTextAgain = 0x3079,
+  kMessageOpenPanel = 0x307B,
+  kMessageRefreshAll = 0x307C,
 };
 
 // The wParam of kMessageChannelResult.

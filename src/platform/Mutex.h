@@ -1,7 +1,9 @@
-// A std::mutex that clang's thread-safety analysis understands. Data that a mutex guards is
+// A fair mutex that clang's thread-safety analysis understands. Data that a mutex guards is
 // declared FEEDLOOM_GUARDED_BY(mutex); a clang build fails where it is touched without the lock.
 #pragma once
 
+#include <condition_variable>
+#include <cstdint>
 #include <mutex>
 
 #if defined(__clang__)
@@ -21,15 +23,19 @@
 
 namespace feedloom {
 
-// Has the lowercase names of the standard's BasicLockable, so that std::condition_variable_any can
-// wait on it.
+// Threads get it in the order in which they asked for it: a worker that locks again and again must
+// not keep the interface thread waiting. Has the lowercase names of the standard's BasicLockable, so
+// that std::condition_variable_any can wait on it.
 class FEEDLOOM_CAPABILITY("mutex") Mutex {
  public:
-  void lock() FEEDLOOM_ACQUIRE() { mutex_.lock(); }
-  void unlock() FEEDLOOM_RELEASE() { mutex_.unlock(); }
+  void lock() FEEDLOOM_ACQUIRE();
+  void unlock() FEEDLOOM_RELEASE();
 
  private:
-  std::mutex mutex_;
+  std::mutex guard_;
+  std::condition_variable turn_;
+  std::uint64_t nextTicket_ = 0;
+  std::uint64_t served_ = 0;  // the ticket that holds the mutex, or will when it is asked for
 };
 
 class FEEDLOOM_SCOPED_CAPABILITY MutexLock {

@@ -1,5 +1,5 @@
-// The names under which the host keeps texts, skin values and its configuration. Each stands here
-// once.
+// The names under which the host keeps texts, skin values and its configuration. Each stands once,
+// here or in the two tables that this header reads.
 #pragma once
 
 namespace feedloom {
@@ -7,22 +7,18 @@ namespace feedloom {
 // Sections of the host's tables.
 inline constexpr char kSectionTexts[] = "FEEDLOOM";
 inline constexpr char kSectionHtml[] = "RSS_HTML";
+inline constexpr char kSectionLeft[] = "RSS_LEFT";
+inline constexpr char kSectionMsgBox[] = "GLAZEKIT_UI";
+inline constexpr char kSectionFont[] = "THEMEMANAGER_FONT";
 inline constexpr char kSectionHost[] = "HALVIX";  // the host program's own texts
 
-// Texts of kSectionTexts.
-inline constexpr char kTextAddTooltip[] = "RSS_RIGHT_BOTTOM_TOOLBAR_TOOLTIP_BUTTON_RSS";
-inline constexpr char kTextScrapTooltip[] = "RSS_RIGHT_BOTTOM_TOOLBAR_TOOLTIP_BUTTON_SCRAP";
-inline constexpr char kTextScrapFinish[] = "RSS_MSG_SCRAP_FINISH";
-inline constexpr char kTextUrlScheme[] = "RSS_DLG_DIRECTORY_URLPRE";
-
-// Images and pages of kSectionHtml.
-inline constexpr char kImageMainPage[] = "RSS_HTML_MAIN_PAGE";
-inline constexpr char kImageTitle[] = "RSS_HTML_POSTNEWS_TITLE_IMG";
-inline constexpr char kImageAddButton[] = "RSS_HTML_POSTNEWS_ADDBTN_IMG";
-inline constexpr char kImageScrapButton[] = "RSS_HTML_POSTNEWS_SCRAPBTN_IMG";
-inline constexpr char kImageBottom[] = "RSS_HTML_POSTNEWS_BOTTOM_IMG";
-inline constexpr char kImageSave[] = "RSS_HTML_POSTNEWS_SAVE_IMG";
-inline constexpr char kImagePlayerBackground[] = "RSS_HTML_PODCAST_ORG_BG";
+// Texts of kSectionTexts, and skin values, each of its section.
+#define FEEDLOOM_TEXT(constant, key) inline constexpr char constant[] = key;
+#include "skin/TextKeys.def"
+#undef FEEDLOOM_TEXT
+#define FEEDLOOM_SKIN(constant, section, key, kind) inline constexpr char constant[] = key;
+#include "skin/SkinKeys.def"
+#undef FEEDLOOM_SKIN
 
 // Names in kSectionHost for what a new profile holds.
 inline constexpr char kHostTextFolder[] = "PROFILE_FOLDER";
@@ -43,5 +39,8 @@ inline constexpr char kValuePlatform[] = "CORVANE_PLATFORM";
 inline constexpr char kValueOsType[] = "CORVANE_OSTYPE";
 inline constexpr char kValueDebugMode[] = "Debug Mode";
 inline constexpr char kValueCodePage[] = "CODEPAGE";
+
+// The key of the module's own settings.
+inline constexpr char kModuleKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold";
 
 }  // namespace feedloom

@@ -222,6 +222,23 @@ TEST_F(Refresh, AServerThatNeverAnswersIsStoppedAfterTheTimeLimit) {
   EXPECT_EQ(kit_.WorkFiles(), std::vector<std::string>());
 }
 
+TEST_F(Refresh, AWorkerStoppedWhileItStoresHasNotFailedAndKeepsWhatItStored) {
+  Begin({.timeLimit = 1s});
+  const int id = ServeAndQueue("/slow", 300);
+  kit_.db.Sql("update TB_CHANNEL set channel_state = -3");
+  kit_.db.Sql(
+      "create trigger slow after insert on TB_POST begin select (with recursive n(i) as (select 1 "
+      "union all select i + 1 from n where i < 200000) select count(*) from n); end");
+  RunToEnd();
+  engine_->Stop();
+  EXPECT_EQ(frame_.All(), (std::vector<SentMessage>{{kMessageChannelWorker, id, 0},
+                                                    {kMessageChannelWorker, id, 0},
+                                                    {kMessageChannelResult, kRunEnded, 0}}));
+  EXPECT_EQ(State(id), "0");
+  EXPECT_GT(kit_.db.Count("TB_POST"), 0);
+  EXPECT_LT(kit_.db.Count("TB_POST"), 300);
+}
+
 TEST_F(Refresh, ASecondStartDuringARunOnlyAddsToIt) {
   Begin();
   kit_.server.Hang("/hang");
