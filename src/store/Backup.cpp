@@ -1,0 +1,75 @@
+#include "store/Backup.h"
+
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+namespace feedloom {
+namespace {
+
+constexpr int kBusyTimeoutMs = 200;
+
+struct CloseHandle {
+  void operator()(sqlite3* handle) const { sqlite3_close(handle); }
+};
+using Handle = std::unique_ptr<sqlite3, CloseHandle>;
+
+Handle Open(const std::string& path, int flags) {
+  sqlite3* raw = nullptr;
+  const int status = sqlite3_open_v2(path.c_str(), &raw, flags, nullptr);
+  Handle handle(raw);
+  if (status != SQLITE_OK) return nullptr;
+  sqlite3_busy_timeout(raw, kBusyTimeoutMs);
+  return handle;
+}
+
+// A file that was emptied or replaced by something else must not cost the user the older copy.
+bool HasTables(sqlite3* handle) {
+  return sqlite3_exec(handle,
+                      "Select 1 From TB_FOLDER, TB_CHANNEL, TB_POST, TB_SCRAP_CHANNEL, "
+                      "TB_SCRAP_POST Limit 0;",
+                      nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+// All pages in one step: the database stays as it is meanwhile.
+bool CopyPages(sqlite3* from, sqlite3* to) {
+  sqlite3_exec(to, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF;", nullptr, nullptr,
+               nullptr);
+  sqlite3_backup* const backup = sqlite3_backup_init(to, "main", from, "main");
+  if (backup == nullptr) return false;
+  const int status = sqlite3_backup_step(backup, -1);
+  return sqlite3_backup_finish(backup) == SQLITE_OK && status == SQLITE_DONE;
+}
+
+bool CopyDatabase(const std::string& fromPath, const std::string& toPath) {
+  const Handle from = Open(fromPath, SQLITE_OPEN_READWRITE);
+  if (!from || !HasTables(from.get())) return false;
+  const Handle to = Open(toPath, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  return to && CopyPages(from.get(), to.get());
+}
+
+bool ReachedDisk(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) return false;
+  const bool synced = fdatasync(file) == 0;
+  return close(file) == 0 && synced;
+}
+
+}  // namespace
+
+bool BackupDatabase(Store& store) {
+  const std::string copy = store.DbPath() + ".bak";
+  const std::string unfinished = copy + ".new";
+  const MutexLock lock(store.Lock());
+  std::remove(unfinished.c_str());  // of a program that was killed
+  const bool made = CopyDatabase(store.DbPath(), unfinished) && ReachedDisk(unfinished) &&
+                    std::rename(unfinished.c_str(), copy.c_str()) == 0;
+  if (!made) std::remove(unfinished.c_str());
+  return made;
+}
+
+}  // namespace feedloom
