@@ -19,14 +19,36 @@ function(feedloom_library name)
     PRIVATE feedloom_warnings ${arg_PRIVATE_LINKS})
 endfunction()
 
+# The same with classes of the toolkit's object system in it.
+function(feedloom_widget_library name)
+  feedloom_library(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name} PUBLIC Qt6::Widgets)
+endfunction()
+
 # feedloom_test(NAME SOURCES file... LINKS target... LABELS label...): the test program of one
 # folder; each of its test cases is a ctest of its own.
 function(feedloom_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;LABELS")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE feedloom_warnings test_kit ${arg_LINKS} GTest::gtest_main)
+  feedloom_discover(${name} "${arg_LABELS}")
+endfunction()
+
+# The same for tests of widgets: off screen, with an application object.
+function(feedloom_widget_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;LABELS")
+  add_executable(${name} ${arg_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name} PRIVATE feedloom_warnings test_kit widget_test_main ${arg_LINKS}
+                                        Qt6::Test)
+  feedloom_discover(${name} "${arg_LABELS}")
+endfunction()
+
+# Each test case of the program `name` becomes a ctest. 
+function(feedloom_discover name labels)
   gtest_discover_tests(
     ${name}
     DISCOVERY_TIMEOUT 60
-    PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 120)
+    PROPERTIES LABELS "${labels}" TIMEOUT 120)
 endfunction()

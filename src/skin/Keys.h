@@ -1,5 +1,5 @@
 // The names under which the host keeps texts, skin values and its configuration. Each stands once,
-// here or in the two tables that this header reads.
+// here or in the three tables that this header reads.
 #pragma once
 
 namespace feedloom {
@@ -20,10 +20,10 @@ inline constexpr char kSectionHost[] = "HALVIX";  // the host program's own text
 #include "skin/SkinKeys.def"
 #undef FEEDLOOM_SKIN
 
-// Names in kSectionHost for what a new profile holds.
-inline constexpr char kHostTextFolder[] = "PROFILE_FOLDER";
-inline constexpr char kHostTextCabinet[] = "PROFILE_CABINET";
-inline constexpr char kHostTextSampleChannel[] = "PROFILE_SAMPLE_CHANNEL";
+// Texts of kSectionHost.
+#define FEEDLOOM_HOST_TEXT(constant, key) inline constexpr char constant[] = key;
+#include "skin/HostTextKeys.def"
+#undef FEEDLOOM_HOST_TEXT
 
 // The host's registry key and its values.
 inline constexpr char kHostKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0";
@@ -39,6 +39,7 @@ inline constexpr char kValuePlatform[] = "CORVANE_PLATFORM";
 inline constexpr char kValueOsType[] = "CORVANE_OSTYPE";
 inline constexpr char kValueDebugMode[] = "Debug Mode";
 inline constexpr char kValueCodePage[] = "CODEPAGE";
+inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
 // The key of the module's own settings.
 inline constexpr char kModuleKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold";

@@ -1,0 +1,223 @@
+#include "shell/CRSS_MainFrame.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+
+#include "platform/Text.h"
+#include "shell/Feedloom.h"
+#include "shell/FrameRefresh.h"
+#include "shell/FrameTexts.h"
+#include "shell/SettingsStore.h"
+#include "skin/Keys.h"
+#include "store/Backup.h"
+#include "store/Counts.h"
+#include "store/Posts.h"
+#include "ui/browser/CRSS_RightBottomContainer.h"
+#include "ui/list/CRSS_RightTopContainer.h"
+#include "ui/tree/CRSS_LeftContainer.h"
+#include "vxctrl/QtText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kLeftMinimumWidth = 251;  // pixels
+constexpr int kTopHeight = 200;
+constexpr int kRest = 1 << 16;  // what a splitter cuts to the room there is
+
+intptr_t SendToWindow(QWidget* window, unsigned number, std::intptr_t lParam) {
+  WindowMessage message(number, 0, lParam);
+  if (window != nullptr) QCoreApplication::sendEvent(window, &message);
+  return message.result;
+}
+
+}  // namespace
+
+CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWidget* parent)
+    : QSplitter(Qt::Horizontal, parent),
+      interfaceThread_(std::make_shared<InterfaceThread>()),
+      registry_(paths.registry),
+      skin_(std::move(lookup), HostConfig(registry_)),
+      store_(std::make_shared<Store>(
+          GetDbPath(paths.module), skin_.Config().GetCodePage(), SystemClock(),
+          [this, thread = interfaceThread_](std::string_view text) {
+            thread->Run([this, copy = std::string(text)] { ReportMessage(copy); });
+          })) {
+  BuildPanes();
+  BeginLife();
+}
+
+// The panes use what the frame owns, so they go first; no thread speaks to it any more by then.
+CRSS_MainFrame::~CRSS_MainFrame() {
+  interfaceThread_->Close();
+  refresh_.reset();
+  delete left_;
+  delete rightTop_;
+  delete rightBottom_;
+  BackupDatabase(*store_);
+}
+
+void CRSS_MainFrame::BuildPanes() {
+  left_ = new CRSS_LeftContainer(*this, this);
+  left_->setMinimumWidth(kLeftMinimumWidth);
+  auto* const right = new QSplitter(Qt::Vertical, this);
+  rightTop_ = new CRSS_RightTopContainer(*this, right);
+  rightBottom_ = new CRSS_RightBottomContainer(*this, right);
+  right->setSizes({kTopHeight, kRest});
+  right->setStretchFactor(1, 1);
+  right->setChildrenCollapsible(false);
+  setSizes({kLeftMinimumWidth, kRest});
+  setStretchFactor(1, 1);
+  setChildrenCollapsible(false);
+  setFocusProxy(left_);
+  connect(rightBottom_, &CRSS_RightBottomContainer::PageShown, this, &CRSS_MainFrame::PageShown);
+}
+
+void CRSS_MainFrame::BeginLife() {
+  settings_ = LoadFrameSettings(registry_);
+  rightBottom_->SetMode(settings_.previewMode == 0 ? 1 : 0);
+  state_.unreadTotal = state_.announcedTotal = CountUnreadPosts(*store_);
+  if (settings_.feedDeleteMode == 0 && settings_.feedDeleteDate > 0) {
+    DeleteOldPosts(*store_, settings_.feedDeleteDate);
+  }
+  const auto services = std::make_shared<IngestServices>(
+      IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir()});
+  refresh_ = std::make_unique<FrameRefresh>(
+      interfaceThread_, services,
+      [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
+        return OnMessage(number, wParam, lParam);
+      },
+      [this](unsigned number, std::intptr_t, std::intptr_t) {
+        OnRefreshMessage(number);
+        return std::intptr_t{0};
+      });
+  left_->LoadTree();
+  ShowMainPage();
+}
+
+// Messages of the host and of the refresh.
+
+bool CRSS_MainFrame::event(QEvent* event) {
+  if (event->type() != WindowMessage::kType) return QSplitter::event(event);
+  auto& message = static_cast<WindowMessage&>(*event);
+  message.result = OnMessage(message.number, message.wParam, message.lParam);
+  return true;
+}
+
+std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
+                                        std::intptr_t lParam) {
+  switch (number) {
+    case kMessageChannelResult:
+      OnChannelResult(static_cast<int>(wParam), static_cast<int>(lParam));
+      break;
+    case kMessageChannelWorker:
+      left_->SetChannelNew(static_cast<int>(wParam), lParam != 0);
+      break;
+    case kMessageChannelInserted:
+      left_->AddStoredChannel(static_cast<int>(wParam));
+      break;
+    case kMessageShowTextAgain:
+      SendText();
+      break;
+    case kMessageRefreshAll:
+      left_->RefreshAll();
+      break;
+    default:
+      break;
+  }
+  return 0;
+}
+
+void CRSS_MainFrame::OnChannelResult(int result, int channelId) {
+  switch (result) {
+    case kChannelRefreshed:
+      OnChannelRefreshed(channelId);
+      break;
+    case kDownloadFailed:
+    case kDocumentRefused:
+      left_->SetChannelState(channelId, result);
+      ReportChannel(kTextRefreshError, channelId);
+      break;
+    case kRunEnded:
+      SetRefreshBusy(false);
+      break;
+    default:
+      break;
+  }
+}
+
+void CRSS_MainFrame::OnChannelRefreshed(int channelId) {
+  left_->SetChannelState(channelId, kChannelRefreshed);
+  const int unread = CountUnreadInItem(*store_, channelId, false);
+  if (unread >= 0) {
+    const int added = left_->SetChannelUnread(channelId, unread);
+    state_.unreadTotal += added;
+    if (added > 0) left_->SetChannelNew(channelId, true);
+  }
+  if (state_.listMode == ListMode::Selection && left_->SelectedChannel() == channelId) {
+    left_->ReloadSelection();
+  }
+  ReportChannel(kTextReceivedChannel, channelId);
+}
+
+void CRSS_MainFrame::ReportChannel(const char* textKey, int channelId) {
+  ReportMessage(WithTitle(skin_.GetText(kSectionTexts, textKey), left_->ChannelTitle(channelId)));
+}
+
+void CRSS_MainFrame::OnRefreshMessage(unsigned number) {
+  if (number == kMessageRefreshBegan) SetRefreshBusy(true);
+  SendToWindow(window(), number, 0);
+}
+
+void CRSS_MainFrame::SetRefreshBusy(bool busy) {
+  if (busy) {
+    setCursor(Qt::WaitCursor);
+  } else {
+    unsetCursor();
+  }
+}
+
+// What the panes ask for.
+
+void CRSS_MainFrame::ReportMessage(std::string_view text) {
+  messageText_ = text;
+  SendText();
+}
+
+void CRSS_MainFrame::SendText() {
+  SendToWindow(parentWidget(), kMessageShowText, reinterpret_cast<std::intptr_t>(&messageText_));
+}
+
+MsgBoxAnswer CRSS_MainFrame::ShowTextMessage(const char* section, const char* key,
+                                             MsgBoxKind kind) {
+  const std::string text = WithLineBreaks(skin_.GetText(section, key));
+  return ShowMsgBox(skin_, ToQString(store_->TextCodePage(), text), kind, this);
+}
+
+bool CRSS_MainFrame::QueueRefresh(RefreshEntry entry) {
+  return refresh_->Engine().Enqueue(std::move(entry));
+}
+
+void CRSS_MainFrame::StartRefresh() { refresh_->Engine().StartRefresh(); }
+
+bool CRSS_MainFrame::IsChannelQueued(int channelId) const {
+  return refresh_->Engine().IsChannelQueued(channelId);
+}
+
+void CRSS_MainFrame::ListPosts(ListMode mode, PostList list) {
+  state_.listMode = mode;
+  const bool isEmpty = list.posts.empty();
+  rightTop_->Fill(std::move(list));
+  rightTop_->Show(isEmpty ? -1 : 0);
+}
+
+void CRSS_MainFrame::RelistPosts(PostList list) { rightTop_->Refill(std::move(list)); }
+
+void CRSS_MainFrame::ShowPost(const PostRow& post) { rightBottom_->ShowPost(post); }
+
+void CRSS_MainFrame::ShowMainPage() { rightBottom_->ShowMainPage(); }
+
+void CRSS_MainFrame::PostWasRead(int ownerId, bool isScrapPost) {
+  left_->PostWasRead(ownerId, isScrapPost);
+}
+
+}  // namespace feedloom

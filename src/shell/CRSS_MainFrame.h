@@ -1,0 +1,81 @@
+// The main frame: the module's window in its host. It holds the panes, owns what they share, and
+// takes the messages of the host and of the refresh.
+#pragma once
+
+#include <QSplitter>
+#include <memory>
+#include <string>
+
+#include "ingest/IngestServices.h"
+#include "shell/ModulePaths.h"
+#include "ui/Frame.h"
+
+namespace feedloom {
+
+class CRSS_LeftContainer;
+class CRSS_RightBottomContainer;
+class CRSS_RightTopContainer;
+class FrameRefresh;
+class InterfaceThread;
+
+// Belongs to the interface thread. Its parent is the window that gets its messages.
+class CRSS_MainFrame : public QSplitter, public Frame {
+  Q_OBJECT
+
+ public:
+  // Builds the panes, reads the settings, deletes old posts when that is wanted, fills the tree and
+  // shows the main page. A store that cannot be read is reported to the host.
+  CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWidget* parent);
+
+  // Stops a refresh and backs the database up.
+  ~CRSS_MainFrame() override;
+
+  // Handles one message; 0 for every one.
+  std::intptr_t OnMessage(unsigned number, std::intptr_t wParam, std::intptr_t lParam);
+
+  Store& TheStore() override { return *store_; }
+  const Skin& TheSkin() const override { return skin_; }
+  SharedState& State() override { return state_; }
+  void ReportMessage(std::string_view text) override;
+  MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) override;
+  bool QueueRefresh(RefreshEntry entry) override;
+  void StartRefresh() override;
+  bool IsChannelQueued(int channelId) const override;
+  void ListPosts(ListMode mode, PostList list) override;
+  void RelistPosts(PostList list) override;
+  void ShowPost(const PostRow& post) override;
+  void ShowMainPage() override;
+  void PostWasRead(int ownerId, bool isScrapPost) override;
+
+ signals:
+  // The browser has put the page that was asked for last on screen.
+  void PageShown();
+
+ protected:
+  bool event(QEvent* event) override;
+
+ private:
+  void BuildPanes();
+  void BeginLife();
+  void SendText();
+  void OnChannelResult(int result, int channelId);
+  void OnChannelRefreshed(int channelId);
+  void ReportChannel(const char* textKey, int channelId);
+  void OnRefreshMessage(unsigned number);
+  void SetRefreshBusy(bool busy);
+
+  const std::shared_ptr<InterfaceThread> interfaceThread_;
+  const Registry registry_;
+  const Skin skin_;
+  const std::shared_ptr<Store> store_;
+  Settings settings_;  // as they were stored when the frame was made
+  SharedState state_;
+  std::string messageText_;  // the last text handed to the host
+  std::unique_ptr<FrameRefresh> refresh_;
+
+  CRSS_LeftContainer* left_ = nullptr;
+  CRSS_RightTopContainer* rightTop_ = nullptr;
+  CRSS_RightBottomContainer* rightBottom_ = nullptr;
+};
+
+}  // namespace feedloom

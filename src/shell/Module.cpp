@@ -1,0 +1,35 @@
+// The module's entry: what happens when it is loaded, and its two exported functions.
+#include <QApplication>
+#include <QPointer>
+#include <exception>
+
+#include "shell/CRSS_MainFrame.h"
+#include "shell/Feedloom.h"
+#include "shell/ModulePaths.h"
+#include "ui/browser/CRSS_RightBottomContainer.h"
+
+namespace feedloom {
+namespace {
+
+// The module's only state; empty while no frame stands.
+QPointer<CRSS_MainFrame> theFrame;
+
+__attribute__((constructor)) void OnLoad() { PrepareBrowser(); }
+
+}  // namespace
+}  // namespace feedloom
+
+QWidget* Create(feedloom::HostCallback HostGetText, feedloom::HostCallback HostGetSkinValue,
+                QWidget* parent) {
+  using namespace feedloom;
+  if (parent == nullptr || qApp == nullptr || theFrame) return nullptr;
+  try {
+    theFrame = new CRSS_MainFrame({HostGetText, HostGetSkinValue}, FindModulePaths(), parent);
+  } catch (const std::exception&) {
+    return nullptr;
+  }
+  theFrame->show();
+  return theFrame;
+}
+
+void DestroyBtn() { delete feedloom::theFrame.data(); }

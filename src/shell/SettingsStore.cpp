@@ -1,0 +1,82 @@
+#include "shell/SettingsStore.h"
+
+#include <span>
+#include <string>
+
+#include "platform/Text.h"
+#include "skin/Keys.h"
+
+namespace feedloom {
+namespace {
+
+struct Field {
+  const char* name;
+  int Settings::*member;
+};
+
+constexpr Field kNewFeedMode{"NewFeedMode", &Settings::newFeedMode};
+constexpr Field kNewFeedDuration{"NewFeedDuration", &Settings::newFeedDuration};
+constexpr Field kNewFeedMsgDuration{"NewFeedMsgDuration", &Settings::newFeedMsgDuration};
+constexpr Field kNewFeedMsgTransparency{"NewFeedMsgTransparency",
+                                        &Settings::newFeedMsgTransparency};
+constexpr Field kPreviewMode{"PreviewMode", &Settings::previewMode};
+constexpr Field kFeedDeleteMode{"FeedDeleteMode", &Settings::feedDeleteMode};
+constexpr Field kFeedDeleteDate{"FeedDeleteDate", &Settings::feedDeleteDate};
+
+constexpr Field kFrameOrder[] = {kPreviewMode,    kNewFeedMode,        kNewFeedDuration,
+                                 kFeedDeleteMode, kFeedDeleteDate,     kNewFeedMsgDuration,
+                                 kNewFeedMsgTransparency};
+constexpr Field kPanelOrder[] = {kNewFeedMode,            kNewFeedDuration, kNewFeedMsgDuration,
+                                 kNewFeedMsgTransparency, kPreviewMode,     kFeedDeleteMode,
+                                 kFeedDeleteDate};
+
+std::string TextName(const Field& field) { return std::string(field.name) + "Str"; }
+
+Settings Load(const Registry& registry, std::span<const Field> fields) {
+  Settings settings;
+  for (const Field& field : fields) {
+    const auto text = registry.ReadString(kModuleKey, TextName(field));
+    settings.*field.member = ParseInt(text.value_or(""));
+  }
+  return settings;
+}
+
+// A value that cannot be written is dropped, as the next one will be.
+void SaveNumber(const Registry& registry, const Settings& settings, const Field& field) {
+  const auto number = static_cast<std::uint32_t>(settings.*field.member);
+  (void)registry.WriteDword(kModuleKey, field.name, number);
+}
+
+void SaveText(const Registry& registry, const Settings& settings, const Field& field) {
+  (void)registry.WriteString(kModuleKey, TextName(field), std::to_string(settings.*field.member));
+}
+
+}  // namespace
+
+Settings LoadFrameSettings(const Registry& registry) {
+  Settings settings = Load(registry, kFrameOrder);
+  for (int Settings::*mode :
+       {&Settings::previewMode, &Settings::newFeedMode, &Settings::feedDeleteMode}) {
+    settings.*mode = settings.*mode != 0 ? 1 : 0;
+  }
+  return settings;
+}
+
+Settings LoadPanelSettings(const Registry& registry) { return Load(registry, kPanelOrder); }
+
+void SavePanelSettings(const Registry& registry, const Settings& settings) {
+  const std::span<const Field> all(kPanelOrder);
+  const auto update = all.first(2);  // mode and interval: both numbers, then both texts
+  for (const Field& field : update) SaveNumber(registry, settings, field);
+  for (const Field& field : update) SaveText(registry, settings, field);
+  for (const Field& field : all.subspan(update.size())) {
+    SaveNumber(registry, settings, field);
+    SaveText(registry, settings, field);
+  }
+}
+
+bool ValidatePanelSettings(const Settings& settings) {
+  return settings.feedDeleteMode != 0 || settings.feedDeleteDate >= 1;
+}
+
+}  // namespace feedloom

@@ -1,0 +1,23 @@
+// What the panes share: the module-wide state. The frame owns the one object; it belongs to the
+// interface thread.
+#pragma once
+
+#include "ui/Settings.h"
+
+namespace feedloom {
+
+// What the list shows.
+enum class ListMode { Selection = 0, WebDirectory = 1, Today = 2 };
+
+struct SharedState {
+  // Posts not read yet: counted at start (-1 when the store could not be read), raised by what a
+  // refresh brings, lowered by clicks on posts.
+  int unreadTotal = 0;
+  // The unread total when new posts were last announced.
+  int announcedTotal = 0;
+  ListMode listMode = ListMode::Selection;
+  // All zero until the user confirms the control panel, whatever is stored.
+  Settings liveSettings;
+};
+
+}  // namespace feedloom

@@ -1,0 +1,33 @@
+#include "ui/browser/GeneratedPages.h"
+
+#include <utility>
+
+namespace feedloom {
+namespace {
+
+// Far more than anybody goes back; the bytes are what a few very large posts need.
+constexpr std::size_t kMaxPages = 200;
+constexpr qsizetype kMaxBytes = 64 << 20;
+
+}  // namespace
+
+int GeneratedPages::Add(QByteArray html) {
+  bytes_ += html.size();
+  pages_.insert(++lastNumber_, std::move(html));
+  order_.push_back(lastNumber_);
+  while (order_.size() > 1 && (order_.size() > kMaxPages || bytes_ > kMaxBytes)) DropOldest();
+  return lastNumber_;
+}
+
+std::optional<QByteArray> GeneratedPages::Find(int number) const {
+  const auto page = pages_.find(number);
+  if (page == pages_.end()) return {};
+  return *page;
+}
+
+void GeneratedPages::DropOldest() {
+  bytes_ -= pages_.take(order_.front()).size();
+  order_.pop_front();
+}
+
+}  // namespace feedloom

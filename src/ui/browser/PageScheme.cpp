@@ -1,0 +1,52 @@
+#include "ui/browser/PageScheme.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QMimeDatabase>
+#include <QWebEngineUrlRequestJob>
+#include <QWebEngineUrlScheme>
+
+#include "ui/browser/PageRules.h"
+
+namespace feedloom {
+namespace {
+
+// Web pages must not see what the module shows, nor what the skin's directory holds.
+bool MayAsk(const QUrl& initiator) { return initiator.isEmpty() || IsGenerated(initiator); }
+
+void Reply(QWebEngineUrlRequestJob& job, const QByteArray& type, const QByteArray& bytes) {
+  auto* const content = new QBuffer(&job);
+  content->setData(bytes);
+  job.reply(type, content);
+}
+
+void ReplyWithFile(QWebEngineUrlRequestJob& job, const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return job.fail(QWebEngineUrlRequestJob::UrlNotFound);
+  Reply(job, QMimeDatabase().mimeTypeForFile(path).name().toUtf8(), file.readAll());
+}
+
+}  // namespace
+
+void RegisterPageScheme() {
+  if (!QWebEngineUrlScheme::schemeByName(kPageScheme).name().isEmpty()) return;
+  QWebEngineUrlScheme scheme(kPageScheme);
+  scheme.setSyntax(QWebEngineUrlScheme::Syntax::Host);
+  QWebEngineUrlScheme::registerScheme(scheme);
+}
+
+PageSchemeHandler::PageSchemeHandler(QString skinDir, QObject* parent)
+    : QWebEngineUrlSchemeHandler(parent), skinDir_(std::move(skinDir)) {}
+
+void PageSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
+  if (!MayAsk(job->initiator())) return job->fail(QWebEngineUrlRequestJob::RequestDenied);
+  const QUrl url = job->requestUrl();
+  if (const auto number = PageNumber(url)) {
+    if (const auto page = pages_.Find(*number)) return Reply(*job, "text/html; charset=utf-8", *page);
+  }
+  const QString file = SkinFile(url, skinDir_);
+  if (file.isEmpty()) return job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+  ReplyWithFile(*job, file);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,28 @@
+// Serves generated pages and the skin's files to the browser engine, from memory and from the skin's
+// directory.
+#pragma once
+
+#include <QWebEngineUrlSchemeHandler>
+
+#include "ui/browser/GeneratedPages.h"
+
+namespace feedloom {
+
+// Makes the engine know the scheme of generated pages. Once a process, before the engine starts; a
+// second call does nothing.
+void RegisterPageScheme();
+
+class PageSchemeHandler : public QWebEngineUrlSchemeHandler {
+ public:
+  PageSchemeHandler(QString skinDir, QObject* parent);
+
+  GeneratedPages& Pages() { return pages_; }
+
+  void requestStarted(QWebEngineUrlRequestJob* job) override;
+
+ private:
+  const QString skinDir_;
+  GeneratedPages pages_;
+};
+
+}  // namespace feedloom

@@ -1,0 +1,51 @@
+#include "ui/list/PostDelegate.h"
+
+#include <QPainter>
+
+#include "ui/list/PostListModel.h"
+
+namespace feedloom {
+namespace {
+
+bool IsRead(const QModelIndex& index) { return index.data(PostListModel::kIsReadRole).toBool(); }
+
+QColor TextColour(const QStyleOptionViewItem& option) {
+  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+  const bool isActive = option.state.testFlag(QStyle::State_Active);
+  return option.palette.color(isActive ? QPalette::Active : QPalette::Inactive,
+                              isSelected ? QPalette::HighlightedText : QPalette::Text);
+}
+
+void PaintUnreadMark(QPainter& painter, const QPointF& centre, const QColor& colour) {
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(colour);
+  painter.drawEllipse(centre, 3.5, 3.5);
+}
+
+void PaintReadMark(QPainter& painter, const QPointF& centre, const QColor& colour) {
+  const QPointF check[] = {centre + QPointF(-3.5, 0), centre + QPointF(-1, 2.5),
+                           centre + QPointF(3.5, -3)};
+  painter.setPen(QPen(colour, 1.2));
+  painter.drawPolyline(check, 3);
+}
+
+}  // namespace
+
+void PostDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  VxListDelegate::initStyleOption(option, index);
+  option->font.setBold(!IsRead(index));
+  if (index.column() == PostListModel::kReadColumn) option->text.clear();  // the mark stands for it
+}
+
+void PostDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+  VxListDelegate::paint(painter, option, index);
+  if (index.column() != PostListModel::kReadColumn) return;
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  const auto paintMark = IsRead(index) ? PaintReadMark : PaintUnreadMark;
+  paintMark(*painter, QRectF(option.rect).center(), TextColour(option));
+  painter->restore();
+}
+
+}  // namespace feedloom

@@ -1,0 +1,81 @@
+// The left pane: the tree of folders, channels and cabinets, its toolbar, and the timer that
+// refreshes the channels.
+#pragma once
+
+#include <QWidget>
+#include <optional>
+#include <string>
+
+#include "ui/tree/GroupTreeModel.h"
+#include "vxctrl/SkinPieces.h"
+
+class QTimer;
+
+namespace feedloom {
+
+class CRSS_GroupTreeCtrl;
+class CRSS_LeftToolBarWnd;
+class Frame;
+
+// When the user selects a row, its posts go to Frame::ListPosts, and a channel's new mark goes out.
+// An operation that names a channel or cabinet that is not in the tree does nothing.
+class CRSS_LeftContainer : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Loads the tree and starts the update timer, so `frame` must be ready for calls; it outlives the
+  // pane. The pane's focus goes to the tree.
+  CRSS_LeftContainer(Frame& frame, QWidget* parent);
+
+  // Reads all rows from the store again; nothing is selected then. What the store cannot read (it
+  // reports that itself) is left out.
+  void LoadTree();
+
+  // Queues every channel that is not queued yet, in the order of the rows, and starts the refresh.
+  void RefreshAll();
+
+  // Timer 1 starts anew with the period of State().liveSettings, or stops when they ask for none.
+  // It fires once: RefreshAll.
+  void RestartUpdateTimer();
+
+  // Sets a channel's unread count and its folder's along with it. Returns the difference to the
+  // count before; 0, and nothing changes, for a negative count.
+  int SetChannelUnread(int channelId, int count);
+  // The row's new mark; the tree shows it at once.
+  void SetChannelNew(int channelId, bool isNew);
+  // The result of the channel's last refresh: below 0 a failure.
+  void SetChannelState(int channelId, int state);
+
+  // A refresh put this channel into the store: appends its row unless it is there. Its unread count
+  // is 0 until SetChannelUnread tells it, so that the difference holds all of the channel's posts.
+  void AddStoredChannel(int channelId);
+
+  // One unread post less in the channel, or cabinet, and in its group.
+  void PostWasRead(int ownerId, bool isScrapPost);
+
+  // The bare name; empty when there is no such channel.
+  std::string ChannelTitle(int channelId) const;
+  // None when no row, or one of another kind, is selected.
+  std::optional<int> SelectedChannel() const;
+  // Hands the posts of the selected row to Frame::RelistPosts; nothing when no row is selected or
+  // the store cannot read them.
+  void ReloadSelection();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void ListSelectedPosts();
+
+  Frame& frame_;
+  GroupTreeModel model_;
+  const QPixmap leftBorder_;
+  const QPixmap rightBorder_;
+  const ThreePieces bottomBorder_;
+  CRSS_LeftToolBarWnd* const toolbar_;
+  CRSS_GroupTreeCtrl* const tree_;
+  QTimer* const updateTimer_;
+};
+
+}  // namespace feedloom

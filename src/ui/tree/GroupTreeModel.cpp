@@ -1,0 +1,266 @@
+#include "ui/tree/GroupTreeModel.h"
+
+#include <QString>
+#include <algorithm>
+#include <utility>
+
+#include "ui/tree/RowLabel.h"
+#include "vxctrl/QtText.h"
+
+namespace feedloom {
+namespace {
+
+// More than fits any pane. A character has at most four bytes, so that a cut through one in the
+// bytes always lies behind the cut in the characters.
+constexpr qsizetype kLongestName = 256;
+constexpr std::size_t kLongestNameBytes = 4 * kLongestName;
+
+bool BreaksLine(QChar character) {
+  const QChar::Category category = character.category();
+  return category == QChar::Other_Control || category == QChar::Separator_Line ||
+         category == QChar::Separator_Paragraph;
+}
+
+void CutTo(qsizetype length, QString& text) {
+  if (text.size() <= length) return;
+  text.truncate(text.at(length - 1).isHighSurrogate() ? length - 1 : length);
+  text += QChar(0x2026);  // an ellipsis
+}
+
+ChildRow ToRow(ChannelRow channel) {
+  return {.kind = RowKind::Channel,
+          .id = channel.id,
+          .order = channel.order,
+          .unreadCount = std::max(channel.unreadCount, 0),
+          .state = channel.state,
+          .title = std::move(channel.title),
+          .xmlLink = std::move(channel.xmlLink)};
+}
+
+ChildRow ToRow(CabinetRow cabinet) {
+  return {.kind = RowKind::Cabinet,
+          .id = cabinet.id,
+          .order = cabinet.order,
+          .unreadCount = std::max(cabinet.unreadCount, 0),
+          .title = std::move(cabinet.title)};
+}
+
+std::unique_ptr<GroupRow> ToRow(FolderRow folder) {
+  return std::make_unique<GroupRow>(GroupRow{.kind = RowKind::Folder,
+                                             .id = folder.id,
+                                             .order = folder.order,
+                                             .unreadCount = std::max(folder.unreadCount, 0),
+                                             .name = std::move(folder.name)});
+}
+
+}  // namespace
+
+GroupTreeModel::GroupTreeModel(CodePage codePage, QObject* parent)
+    : QAbstractItemModel(parent), codePage_(codePage) {}
+
+GroupTreeModel::~GroupTreeModel() = default;
+
+void GroupTreeModel::Load(TreeContent content) {
+  beginResetModel();
+  groups_.clear();
+  channels_.clear();
+  FillGroups(std::move(content));
+  endResetModel();
+}
+
+void GroupTreeModel::FillGroups(TreeContent content) {
+  std::unordered_map<int, GroupRow*> folders;
+  for (FolderRow& folder : content.folders) {
+    const int id = folder.id;
+    folders[id] = groups_.emplace_back(ToRow(std::move(folder))).get();
+  }
+  for (ChannelRow& channel : content.channels) {
+    const auto folder = folders.find(channel.folderId);
+    if (folder == folders.end()) continue;
+    std::vector<ChildRow>& rows = folder->second->children;
+    channels_[channel.id] = {folder->second, static_cast<int>(rows.size())};
+    rows.push_back(ToRow(std::move(channel)));
+  }
+  auto cabinets =
+      std::make_unique<GroupRow>(GroupRow{.kind = RowKind::CabinetRoot,
+                                          .unreadCount = std::max(content.unreadInCabinets, 0),
+                                          .name = std::move(content.cabinetTitle)});
+  for (CabinetRow& cabinet : content.cabinets) {
+    cabinets->children.push_back(ToRow(std::move(cabinet)));
+  }
+  groups_.push_back(std::move(cabinets));
+}
+
+const GroupRow* GroupTreeModel::GroupAt(const QModelIndex& index) const {
+  if (!index.isValid() || index.internalPointer() != nullptr) return nullptr;
+  return groups_[static_cast<std::size_t>(index.row())].get();
+}
+
+const ChildRow* GroupTreeModel::ChildAt(const QModelIndex& index) const {
+  const auto* group = static_cast<const GroupRow*>(index.internalPointer());
+  return group == nullptr ? nullptr : &group->children[static_cast<std::size_t>(index.row())];
+}
+
+ChildRow* GroupTreeModel::MutableChildAt(const QModelIndex& index) {
+  return const_cast<ChildRow*>(ChildAt(index));
+}
+
+QModelIndex GroupTreeModel::FindChannel(int channelId) const {
+  const auto place = channels_.find(channelId);
+  return place == channels_.end() ? QModelIndex()
+                                  : createIndex(place->second.row, 0, place->second.group);
+}
+
+QModelIndex GroupTreeModel::FindCabinet(int cabinetId) const {
+  if (groups_.empty()) return {};
+  GroupRow& root = *groups_.back();
+  const auto cabinet = std::ranges::find(root.children, cabinetId, &ChildRow::id);
+  if (cabinet == root.children.end()) return {};
+  return createIndex(static_cast<int>(cabinet - root.children.begin()), 0, &root);
+}
+
+QModelIndex GroupTreeModel::IndexOf(const GroupRow& group) const {
+  const auto found = std::ranges::find(groups_, &group, &std::unique_ptr<GroupRow>::get);
+  return createIndex(static_cast<int>(found - groups_.begin()), 0);
+}
+
+int GroupTreeModel::SetChannelUnread(int channelId, int count) {
+  const QModelIndex index = FindChannel(channelId);
+  return index.isValid() && count >= 0 ? SetUnread(index, count) : 0;
+}
+
+void GroupTreeModel::LowerChannelUnread(int channelId) { LowerUnread(FindChannel(channelId)); }
+
+void GroupTreeModel::LowerCabinetUnread(int cabinetId) { LowerUnread(FindCabinet(cabinetId)); }
+
+void GroupTreeModel::LowerUnread(const QModelIndex& child) {
+  const ChildRow* const row = ChildAt(child);
+  if (row != nullptr && row->unreadCount > 0) SetUnread(child, row->unreadCount - 1);
+}
+
+int GroupTreeModel::SetUnread(const QModelIndex& child, int count) {
+  ChildRow& row = *MutableChildAt(child);
+  const int difference = count - row.unreadCount;
+  if (difference == 0) return 0;
+  row.unreadCount = count;
+  emit dataChanged(child, child, {Qt::DisplayRole, UnreadRole});
+  auto& group = *static_cast<GroupRow*>(child.internalPointer());
+  group.unreadCount = std::max(group.unreadCount + difference, 0);
+  const QModelIndex header = IndexOf(group);
+  emit dataChanged(header, header, {Qt::DisplayRole, UnreadRole});
+  return difference;
+}
+
+void GroupTreeModel::SetChannelNew(int channelId, bool isNew) {
+  const QModelIndex index = FindChannel(channelId);
+  ChildRow* const row = MutableChildAt(index);
+  if (row == nullptr || row->isNew == isNew) return;
+  row->isNew = isNew;
+  emit dataChanged(index, index, {IsNewRole});
+}
+
+void GroupTreeModel::SetChannelState(int channelId, int state) {
+  const QModelIndex index = FindChannel(channelId);
+  ChildRow* const row = MutableChildAt(index);
+  if (row == nullptr || row->state == state) return;
+  row->state = state;
+  emit dataChanged(index, index, {StateRole});
+}
+
+bool GroupTreeModel::AppendChannel(ChannelRow channel) {
+  const auto group = std::ranges::find_if(groups_, [&](const auto& candidate) {
+    return candidate->kind == RowKind::Folder && candidate->id == channel.folderId;
+  });
+  if (group == groups_.end() || channels_.contains(channel.id)) return false;
+  GroupRow& folder = **group;
+  const QModelIndex header = IndexOf(folder);
+  const int row = static_cast<int>(folder.children.size());
+  const int id = channel.id;
+  const int unreadCount = channel.unreadCount;
+  beginInsertRows(header, row, row);
+  ChildRow child = ToRow(std::move(channel));
+  child.unreadCount = 0;
+  folder.children.push_back(std::move(child));
+  channels_[id] = {&folder, row};
+  endInsertRows();
+  SetChannelUnread(id, unreadCount);
+  return true;
+}
+
+QModelIndex GroupTreeModel::index(int row, int column, const QModelIndex& parent) const {
+  if (!hasIndex(row, column, parent)) return {};
+  if (!parent.isValid()) return createIndex(row, column);
+  return createIndex(row, column, groups_[static_cast<std::size_t>(parent.row())].get());
+}
+
+QModelIndex GroupTreeModel::parent(const QModelIndex& child) const {
+  const auto* group = static_cast<const GroupRow*>(child.internalPointer());
+  return group == nullptr ? QModelIndex() : IndexOf(*group);
+}
+
+int GroupTreeModel::rowCount(const QModelIndex& parent) const {
+  if (!parent.isValid()) return static_cast<int>(groups_.size());
+  const GroupRow* const group = GroupAt(parent);
+  return group == nullptr ? 0 : static_cast<int>(group->children.size());
+}
+
+int GroupTreeModel::columnCount(const QModelIndex&) const { return 1; }
+
+Qt::ItemFlags GroupTreeModel::flags(const QModelIndex& index) const {
+  if (!index.isValid()) return Qt::NoItemFlags;
+  const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  return GroupAt(index) == nullptr ? flags | Qt::ItemNeverHasChildren : flags;
+}
+
+QVariant GroupTreeModel::data(const QModelIndex& index, int role) const {
+  if (const GroupRow* const group = GroupAt(index)) return GroupData(*group, role);
+  if (const ChildRow* const child = ChildAt(index)) return ChildData(*child, role);
+  return {};
+}
+
+QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {
+  switch (role) {
+    case Qt::DisplayRole:
+      return ShownLabel(group.name, group.unreadCount);
+    case KindRole:
+      return static_cast<int>(group.kind);
+    case NameRole:
+      return ShownName(group.name);
+    case UnreadRole:
+      return group.unreadCount;
+    default:
+      return {};
+  }
+}
+
+QVariant GroupTreeModel::ChildData(const ChildRow& child, int role) const {
+  switch (role) {
+    case Qt::DisplayRole:
+      return ShownLabel(child.title, child.unreadCount);
+    case KindRole:
+      return static_cast<int>(child.kind);
+    case NameRole:
+      return ShownName(child.title);
+    case UnreadRole:
+      return child.unreadCount;
+    case StateRole:
+      return child.state;
+    case IsNewRole:
+      return child.isNew;
+    default:
+      return {};
+  }
+}
+
+QString GroupTreeModel::ShownName(const std::string& name) const {
+  QString shown = ToQString(codePage_, std::string_view(name).substr(0, kLongestNameBytes));
+  std::ranges::replace_if(shown, BreaksLine, QChar(' '));
+  CutTo(kLongestName, shown);
+  return shown;
+}
+
+QString GroupTreeModel::ShownLabel(const std::string& name, int unreadCount) const {
+  return ShownName(name) + QString::fromStdString(AppendCount({}, unreadCount));
+}
+
+}  // namespace feedloom

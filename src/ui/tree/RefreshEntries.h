@@ -1,0 +1,14 @@
+// What is queued for a refresh of the tree's channels. Pure.
+#pragma once
+
+#include <vector>
+
+#include "ingest/RefreshQueue.h"
+#include "ui/tree/TreeRows.h"
+
+namespace feedloom {
+
+// One entry a channel, in the order of the rows.
+std::vector<RefreshEntry> RefreshEntriesOf(const GroupRows& groups);
+
+}  // namespace feedloom

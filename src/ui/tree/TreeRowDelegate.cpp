@@ -1,0 +1,135 @@
+#include "ui/tree/TreeRowDelegate.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <utility>
+
+#include "ui/tree/GroupTreeModel.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kTextGap = 4;   // between icon and label
+constexpr int kRightGap = 6;  // between label and the row's right edge
+constexpr QColor kNewMarkColor(0xE8, 0x6A, 0x17);
+
+RowKind KindOf(const QModelIndex& index) {
+  return static_cast<RowKind>(index.data(GroupTreeModel::KindRole).toInt());
+}
+
+QColor SelectionColor(const QStyleOptionViewItem& option) {
+  const bool hasFocus = option.state.testFlag(QStyle::State_HasFocus);
+  return option.palette.color(hasFocus ? QPalette::Active : QPalette::Inactive,
+                              QPalette::Highlight);
+}
+
+// The middle of the square of a row's first indentation.
+QPointF GutterCenter(const QRect& row) {
+  return {row.left() + kRowIndentation / 2.0, row.top() + row.height() / 2.0};
+}
+
+void FillPolygon(QPainter& painter, const QPolygonF& polygon, const QColor& color) {
+  QPainterPath path;
+  path.addPolygon(polygon);
+  painter.fillPath(path, color);
+}
+
+// A triangle that points down when the group is open, to the right when it is closed.
+void PaintExpandMark(QPainter& painter, const QRect& row, bool isOpen, const QColor& color) {
+  const QPolygonF closed({{-2, -4}, {2.5, 0}, {-2, 4}});
+  const QPolygonF open({{-4, -2}, {4, -2}, {0, 2.5}});
+  FillPolygon(painter, (isOpen ? open : closed).translated(GutterCenter(row)), color);
+}
+
+// A four-pointed star.
+void PaintNewMark(QPainter& painter, QPointF center) {
+  constexpr double kLong = 5.5;
+  constexpr double kShort = 1.6;
+  const QPolygonF star({{0, -kLong},
+                        {kShort, -kShort},
+                        {kLong, 0},
+                        {kShort, kShort},
+                        {0, kLong},
+                        {-kShort, kShort},
+                        {-kLong, 0},
+                        {-kShort, -kShort}});
+  FillPolygon(painter, star.translated(center), kNewMarkColor);
+}
+
+// A name that is too long loses its end, and the count behind it stays to be seen.
+void PaintLabel(QPainter& painter, const QRect& area, const QModelIndex& index) {
+  const QString name = index.data(GroupTreeModel::NameRole).toString();
+  const QString count = index.data(Qt::DisplayRole).toString().sliced(name.size());
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int room = area.width() - metrics.horizontalAdvance(count);
+  const QString shown = metrics.elidedText(name, Qt::ElideRight, room);
+  painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+  painter.drawText(area.adjusted(metrics.horizontalAdvance(shown), 0, 0, 0),
+                   Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, count);
+}
+
+}  // namespace
+
+TreeRowDelegate::TreeRowDelegate(TreeSkin skin, QObject* parent)
+    : QStyledItemDelegate(parent), skin_(std::move(skin)) {}
+
+QSize TreeRowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
+                                const QModelIndex& index) const {
+  return {0, IsGroup(KindOf(index)) ? kGroupRowHeight : kChildRowHeight};
+}
+
+void TreeRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const {
+  const bool isGroup = IsGroup(KindOf(index));
+  QFont font = option.font;
+  font.setBold(index.data(GroupTreeModel::UnreadRole).toInt() > 0);
+
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setFont(font);
+  painter->setPen(option.palette.color(QPalette::Text));
+  if (option.state.testFlag(QStyle::State_Selected)) {
+    painter->fillRect(option.rect, SelectionColor(option));
+  } else if (isGroup) {
+    DrawThreePieces(*painter, option.rect, HeaderOf(index));
+  }
+  isGroup ? PaintGroup(*painter, option, index) : PaintChild(*painter, option, index);
+  painter->restore();
+}
+
+void TreeRowDelegate::PaintGroup(QPainter& painter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+  if (option.state.testFlag(QStyle::State_Children)) {
+    PaintExpandMark(painter, option.rect, option.state.testFlag(QStyle::State_Open),
+                    painter.pen().color());
+  }
+  PaintLabel(painter, option.rect.adjusted(kRowIndentation + kTextGap, 0, -kRightGap, 0), index);
+}
+
+void TreeRowDelegate::PaintChild(QPainter& painter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+  if (index.data(GroupTreeModel::IsNewRole).toBool()) {
+    PaintNewMark(painter, GutterCenter(option.rect.translated(kRowIndentation, 0)));
+  }
+  const int left = 2 * kRowIndentation;
+  const int top = (option.rect.height() - kRowIconSize) / 2;
+  const QPoint place = option.rect.topLeft() + QPoint(left, top);
+  painter.drawPixmap(QRect(place, QSize(kRowIconSize, kRowIconSize)), IconOf(index));
+  PaintLabel(painter, option.rect.adjusted(left + kRowIconSize + kTextGap, 0, -kRightGap, 0),
+             index);
+}
+
+const ThreePieces& TreeRowDelegate::HeaderOf(const QModelIndex& group) const {
+  return KindOf(group) == RowKind::Folder ? skin_.folderHeader : skin_.cabinetHeader;
+}
+
+const QPixmap& TreeRowDelegate::IconOf(const QModelIndex& child) const {
+  if (KindOf(child) == RowKind::Cabinet) {
+    const bool hasUnread = child.data(GroupTreeModel::UnreadRole).toInt() > 0;
+    return hasUnread ? skin_.unreadCabinetIcon : skin_.cabinetIcon;
+  }
+  const bool isFailing = child.data(GroupTreeModel::StateRole).toInt() < 0;
+  return isFailing ? skin_.failingChannelIcon : skin_.channelIcon;
+}
+
+}  // namespace feedloom

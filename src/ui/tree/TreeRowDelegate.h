@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+#include "ui/tree/TreeSkin.h"
+
+namespace feedloom {
+
+// Where the parts of a row lie, in pixels.
+inline constexpr int kGroupRowHeight = 24;
+inline constexpr int kChildRowHeight = 20;
+inline constexpr int kRowIndentation = 14;  // a group's contents; a child's lie twice as far
+
+// Paints the rows of the tree. Unlike other delegates it paints a whole row, indentation and
+// expand mark too: option.rect is the row's.
+class TreeRowDelegate : public QStyledItemDelegate {
+ public:
+  TreeRowDelegate(TreeSkin skin, QObject* parent);
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+ private:
+  void PaintGroup(QPainter& painter, const QStyleOptionViewItem& option,
+                  const QModelIndex& index) const;
+  void PaintChild(QPainter& painter, const QStyleOptionViewItem& option,
+                  const QModelIndex& index) const;
+  const ThreePieces& HeaderOf(const QModelIndex& group) const;
+  const QPixmap& IconOf(const QModelIndex& child) const;
+
+  const TreeSkin skin_;
+};
+
+}  // namespace feedloom

@@ -1,0 +1,41 @@
+// What the tree holds, as plain records: groups, and the rows under them. Texts are in the module's
+// code page.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace feedloom {
+
+enum class RowKind { Folder, CabinetRoot, Channel, Cabinet };
+
+constexpr bool IsGroup(RowKind kind) {
+  return kind == RowKind::Folder || kind == RowKind::CabinetRoot;
+}
+
+// A channel of a folder, or a cabinet of the cabinet root.
+struct ChildRow {
+  RowKind kind = RowKind::Channel;
+  int id = 0;
+  int order = 0;
+  int unreadCount = 0;
+  int state = 0;       // of a channel: below 0 after a refresh that failed
+  bool isNew = false;  // of a channel: posts have arrived that the user has not looked at
+  std::string title = {};
+  std::string xmlLink = {};  // of a channel: the feed's address
+};
+
+struct GroupRow {
+  RowKind kind = RowKind::Folder;
+  int id = 0;     // of a folder
+  int order = 0;  // of a folder; negative: protected
+  int unreadCount = 0;
+  std::string name = {};
+  std::vector<ChildRow> children = {};
+};
+
+// A group keeps its address, whatever happens to the others.
+using GroupRows = std::vector<std::unique_ptr<GroupRow>>;
+
+}  // namespace feedloom

@@ -1,0 +1,119 @@
+#include "vxctrl/CButtonEx.h"
+
+#include <qdrawutil.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPainter>
+#include <QStyleOptionButton>
+#include <algorithm>
+
+namespace feedloom {
+namespace {
+
+// The text lies on the skin's image, so its colours must not follow the desktop's.
+constexpr QColor kTextColor(0x2B, 0x3A, 0x40);
+constexpr QColor kDisabledTextColor(0x9A, 0xA8, 0xAD);
+constexpr QColor kFocusColor(0x2F, 0x7F, 0xB8);
+
+constexpr int kTextMargin = 12;  // between text and left or right edge
+constexpr int kImageEdge = 6;    // what stays as it is at the edges of an image that is stretched
+
+void DrawImage(QPainter& painter, const QRect& area, const QPixmap& image) {
+  if (image.deviceIndependentSize().toSize() == area.size()) {
+    painter.drawPixmap(area.topLeft(), image);
+    return;
+  }
+  const int edge = std::min({kImageEdge, image.width() / 2, image.height() / 2});
+  qDrawBorderPixmap(&painter, area, QMargins(edge, edge, edge, edge), image);
+}
+
+}  // namespace
+
+CButtonEx::CButtonEx(const std::string& imagePath, QWidget* parent) : QAbstractButton(parent) {
+  setAttribute(Qt::WA_Hover);  // painted anew when the pointer comes and goes
+  setFocusPolicy(Qt::StrongFocus);
+  LoadImages(imagePath);
+}
+
+void CButtonEx::LoadImages(const std::string& imagePath) {
+  const auto paths = ButtonImagePaths(imagePath);
+  QString missing;
+  for (std::size_t state = 0; state < paths.size(); ++state) {
+    const QString path = QFile::decodeName(paths[state].c_str());
+    if (!QFileInfo(path).isFile()) {
+      if (missing.isEmpty()) missing = path;
+    } else {
+      images_[state].load(path);
+    }
+    if (images_[state].isNull()) images_[state] = images_[kButtonNormal];
+  }
+  if (missing.isNull()) return;
+  // Later, when the window that holds the button is there for the warning to stand over.
+  QMetaObject::invokeMethod(
+      this, [this, missing] { WarnOfMissingFile(missing); }, Qt::QueuedConnection);
+}
+
+void CButtonEx::WarnOfMissingFile(const QString& path) {
+  auto* warning = new QMessageBox(QMessageBox::Warning, QStringLiteral("Warning"),
+                                  path + QStringLiteral(" File not found!"), QMessageBox::Ok, this);
+  warning->setTextFormat(Qt::PlainText);
+  warning->setAttribute(Qt::WA_DeleteOnClose);
+  warning->open();
+}
+
+QSize CButtonEx::sizeHint() const {
+  const QSize image = images_[kButtonNormal].deviceIndependentSize().toSize();
+  if (text().isEmpty()) return image.isEmpty() ? QSize(24, 24) : image;
+  const QSize label = fontMetrics().size(Qt::TextShowMnemonic, text());
+  return image.expandedTo(label + QSize(2 * kTextMargin, kImageEdge));
+}
+
+QSize CButtonEx::minimumSizeHint() const { return sizeHint(); }
+
+ButtonState CButtonEx::State() const {
+  if (!isEnabled()) return kButtonDisabled;
+  if (isDown()) return kButtonPressed;
+  return underMouse() ? kButtonHover : kButtonNormal;
+}
+
+void CButtonEx::DrawDesktopButton(QPainter& painter) const {
+  QStyleOptionButton option;
+  option.initFrom(this);
+  option.state |= isDown() ? QStyle::State_Sunken : QStyle::State_Raised;
+  style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+}
+
+void CButtonEx::DrawLabel(QPainter& painter) const {
+  const QRect area = rect().adjusted(kImageEdge / 2, 0, -kImageEdge / 2, 0);
+  const QString label =
+      fontMetrics().elidedText(text(), Qt::ElideRight, area.width(), Qt::TextShowMnemonic);
+  painter.setPen(isEnabled() ? kTextColor : kDisabledTextColor);
+  painter.drawText(area, Qt::AlignCenter | Qt::TextShowMnemonic, label);
+}
+
+void CButtonEx::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const QPixmap& image = images_[State()];
+  if (image.isNull()) {
+    DrawDesktopButton(painter);
+  } else {
+    DrawImage(painter, rect(), image);
+  }
+  if (!text().isEmpty()) DrawLabel(painter);
+  if (!hasFocus()) return;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(kFocusColor);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), 2, 2);
+}
+
+void CButtonEx::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!isEnter) return QAbstractButton::keyPressEvent(event);
+  // An Enter that has been held since before the button appeared was meant for something else.
+  if (!event->isAutoRepeat()) click();
+}
+
+}  // namespace feedloom

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QPixmap>
+#include <array>
+#include <string>
+
+#include "vxctrl/ButtonImages.h"
+
+namespace feedloom {
+
+// A button that is an image: one file for each state (ButtonImages.h), and optionally a text over
+// it. A file that is missing is named by a warning, one for a button, and the normal image stands
+// in; without that the button looks as the desktop's buttons do. Space, Enter and a click press it.
+class CButtonEx : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  // `imagePath` is the file system's own bytes.
+  CButtonEx(const std::string& imagePath, QWidget* parent);
+
+  // The image's size, or what the text needs when that is more.
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void LoadImages(const std::string& imagePath);
+  void WarnOfMissingFile(const QString& path);
+  ButtonState State() const;
+  void DrawDesktopButton(QPainter& painter) const;
+  void DrawLabel(QPainter& painter) const;
+
+  std::array<QPixmap, kButtonStateCount> images_;
+};
+
+}  // namespace feedloom

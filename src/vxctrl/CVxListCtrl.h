@@ -1,0 +1,49 @@
+// The skinned report list: a header, and rows of fixed height in columns.
+#pragma once
+
+#include <QStyledItemDelegate>
+#include <QTreeView>
+#include <initializer_list>
+
+namespace feedloom {
+
+// Paints the rows of a CVxListCtrl; whoever paints them in another way derives from it. The view
+// asks it for the rows' height, and for nothing else when it lays out a long list.
+class VxListDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};
+
+// Shows any flat model. Several rows may be selected, always whole ones. The user may drag the
+// columns' widths.
+class CVxListCtrl : public QTreeView {
+  Q_OBJECT
+
+ public:
+  static constexpr int kRowHeight = 19;
+  static constexpr int kFurtherColumnWidth = 100;
+
+  explicit CVxListCtrl(QWidget* parent);
+
+  // In pixels, from the left; columns without a width here have kFurtherColumnWidth. Needs the
+  // model.
+  void SetColumnWidths(std::initializer_list<int> widths);
+
+ signals:
+  // The left button went down on a row, which is selected by now as the modifier keys ask. A double
+  // click is one click. Other buttons only select.
+  void RowClicked(int row);
+  // Enter was pressed while this row was the current one.
+  void RowEntered(int row);
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void SetUpHeader();
+};
+
+}  // namespace feedloom

@@ -1,0 +1,47 @@
+#include "vxctrl/SkinPieces.h"
+
+#include <QFile>
+#include <QPainter>
+
+#include "skin/Skin.h"
+
+namespace feedloom {
+namespace {
+
+int WidthOf(const QPixmap& piece) { return piece.deviceIndependentSize().toSize().width(); }
+
+void DrawMiddle(QPainter& painter, const QRect& area, const QPixmap& piece) {
+  if (area.width() <= 0 || piece.isNull()) return;
+  const QSize size(piece.width(), qRound(area.height() * piece.devicePixelRatio()));
+  const bool fits = piece.size() == size;
+  painter.drawTiledPixmap(area, fits ? piece : piece.scaled(size));
+}
+
+}  // namespace
+
+QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key) {
+  if (skin.GetSkinValue(section, key).empty()) return {};
+  return QPixmap(QFile::decodeName(skin.GetImagePath(section, key).c_str()));
+}
+
+ThreePieces LoadThreePieces(const Skin& skin, const char* section, const char* leftKey,
+                            const char* middleKey, const char* rightKey) {
+  return {.left = LoadSkinImage(skin, section, leftKey),
+          .middle = LoadSkinImage(skin, section, middleKey),
+          .right = LoadSkinImage(skin, section, rightKey)};
+}
+
+void DrawThreePieces(QPainter& painter, const QRect& area, const ThreePieces& pieces) {
+  if (area.isEmpty()) return;
+  painter.save();
+  painter.setClipRect(area, Qt::IntersectClip);  // an area may be narrower than its outer pieces
+  const QRect left(area.topLeft(), QSize(WidthOf(pieces.left), area.height()));
+  const int rightWidth = WidthOf(pieces.right);
+  const QRect right(area.right() + 1 - rightWidth, area.top(), rightWidth, area.height());
+  DrawMiddle(painter, area.adjusted(left.width(), 0, -right.width(), 0), pieces.middle);
+  painter.drawPixmap(left, pieces.left);
+  painter.drawPixmap(right, pieces.right);
+  painter.restore();
+}
+
+}  // namespace feedloom

@@ -1,0 +1,29 @@
+// Skin images, and strips that are put together from three of them.
+#pragma once
+
+#include <QPixmap>
+
+class QPainter;
+class QRect;
+
+namespace feedloom {
+
+class Skin;
+
+// The image that the host names under this key; a null pixmap when there is none.
+QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key);
+
+struct ThreePieces {
+  QPixmap left;
+  QPixmap middle;
+  QPixmap right;
+};
+
+ThreePieces LoadThreePieces(const Skin& skin, const char* section, const char* leftKey,
+                            const char* middleKey, const char* rightKey);
+
+// Fills `area`: the outer pieces at their own width, the middle one repeated between them, all
+// stretched to the area's height.
+void DrawThreePieces(QPainter& painter, const QRect& area, const ThreePieces& pieces);
+
+}  // namespace feedloom

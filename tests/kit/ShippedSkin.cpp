@@ -1,0 +1,28 @@
+#include "kit/ShippedSkin.h"
+
+#include <gtest/gtest.h>
+
+#include "profile/HostTexts.h"
+#include "profile/SharePaths.h"
+#include "skin/Keys.h"
+
+namespace feedloom {
+namespace {
+
+HostConfig Written(const Registry& registry, const std::string& language) {
+  for (const auto& [name, path] : SharePathsIn(ShippedShareDir())) {
+    EXPECT_TRUE(registry.WriteString(kHostKey, name, path));
+  }
+  EXPECT_TRUE(registry.WriteString(kHostKey, kValueLanguage, language));
+  return HostConfig(registry);
+}
+
+}  // namespace
+
+std::string ShippedShareDir() { return FEEDLOOM_SHARE_DIR; }
+
+ShippedSkin::ShippedSkin(const std::string& language)
+    : registry_(folder_.File("registry.reg")),
+      skin_(ReadHostTexts(Written(registry_, language)), HostConfig(registry_)) {}
+
+}  // namespace feedloom

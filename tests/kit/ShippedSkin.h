@@ -1,0 +1,29 @@
+// The texts and the skin that the project ships, as a host answers with them.
+#pragma once
+
+#include <string>
+
+#include "kit/TempFolder.h"
+#include "skin/Skin.h"
+
+namespace feedloom {
+
+// The directory with the shipped files.
+std::string ShippedShareDir();
+
+// Has the skin written down in a registry of its own, in `language` ("KOR", "ENG"), with texts in
+// the Korean code page.
+class ShippedSkin {
+ public:
+  explicit ShippedSkin(const std::string& language = "KOR");
+
+  const Skin& Get() const { return skin_; }
+  const TempFolder& Folder() const { return folder_; }
+
+ private:
+  TempFolder folder_;
+  Registry registry_;
+  Skin skin_;
+};
+
+}  // namespace feedloom

@@ -1,0 +1,24 @@
+#include "kit/TestProfile.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "kit/ShippedSkin.h"
+#include "profile/HostTexts.h"
+
+namespace feedloom {
+
+TestProfile::TestProfile(CodePage codePage, const std::string& language)
+    : paths_(folder_.File("profile")) {
+  EXPECT_EQ(CreateProfile(paths_.dir, ShippedShareDir(), codePage, language), Failure());
+}
+
+HostLookup TestProfile::Lookup() const { return ReadHostTexts(HostConfig(TheRegistry())); }
+
+std::string TestProfile::LinkModule(const std::string& module) const {
+  std::filesystem::create_symlink(module, paths_.module);
+  return paths_.module;
+}
+
+}  // namespace feedloom

@@ -1,0 +1,188 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include "store/StoreKit.h"
+#include "ui/tree/GroupTreeModel.h"
+#include "ui/tree/RefreshEntries.h"
+
+namespace feedloom {
+namespace {
+
+// News (5 unread) holds Daily (3) and Weekly (2), Sports (0) holds nothing; the cabinet root (4)
+// holds Keep (3) and Later (1).
+class GroupTreeModelTest : public testing::Test {
+ protected:
+  GroupTreeModelTest() { model.Load(Content()); }
+
+  static TreeContent Content() {
+    return {.folders = {{.name = "News", .id = 7, .order = -1, .unreadCount = 5},
+                        {.name = "Sports", .id = 3, .order = 1}},
+            .channels = {Channel(11, 7, "Daily", 3), Channel(12, 99, "Lost", 6),
+                         Channel(10, 7, "Weekly", 2)},
+            .cabinets = {{.id = 11, .title = "Keep", .order = 1, .unreadCount = 3},
+                         {.id = 2, .title = "Later", .order = 2, .unreadCount = 1}},
+            .cabinetTitle = "Cabinets",
+            .unreadInCabinets = 4};
+  }
+
+  static ChannelRow Channel(int id, int folderId, const std::string& title, int unreadCount) {
+    return {.title = title,
+            .xmlLink = "http://feed.example/" + title,
+            .id = id,
+            .folderId = folderId,
+            .order = 2 * id,
+            .unreadCount = unreadCount};
+  }
+
+  // All labels, children indented by a blank.
+  std::vector<std::string> Labels() const {
+    std::vector<std::string> labels;
+    for (int group = 0; group < model.rowCount(); ++group) {
+      const QModelIndex header = model.index(group, 0);
+      labels.push_back(header.data().toString().toStdString());
+      for (int child = 0; child < model.rowCount(header); ++child) {
+        labels.push_back(" " + model.index(child, 0, header).data().toString().toStdString());
+      }
+    }
+    return labels;
+  }
+
+  QVariant OfChannel(int id, int role) const { return model.FindChannel(id).data(role); }
+
+  GroupTreeModel model{CodePage::Korean()};
+  QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+using Strings = std::vector<std::string>;
+
+TEST_F(GroupTreeModelTest, ShowsFoldersWithTheirChannelsAndThenTheCabinets) {
+  EXPECT_EQ(Labels(), (Strings{"News(5)", " Daily(3)", " Weekly(2)", "Sports", "Cabinets(4)",
+                               " Keep(3)", " Later(1)"}));
+}
+
+TEST_F(GroupTreeModelTest, IsReplacedWholeByAnotherLoad) {
+  model.Load({.folders = {{.name = "Only", .id = 1}},
+              .channels = {Channel(5, 1, "One", -1)},
+              .cabinets = {},
+              .cabinetTitle = "Cabinets",
+              .unreadInCabinets = -1});
+  EXPECT_EQ(Labels(), (Strings{"Only", " One", "Cabinets"}));
+  EXPECT_FALSE(model.FindChannel(11).isValid());
+}
+
+TEST_F(GroupTreeModelTest, ChangesAChannelsCountTogetherWithItsFolders) {
+  EXPECT_EQ(model.SetChannelUnread(11, 10), 7);
+  EXPECT_EQ(model.SetChannelUnread(10, 0), -2);
+  EXPECT_EQ(model.SetChannelUnread(10, 0), 0);
+  EXPECT_EQ(Labels(), (Strings{"News(10)", " Daily(10)", " Weekly", "Sports", "Cabinets(4)",
+                               " Keep(3)", " Later(1)"}));
+}
+
+TEST_F(GroupTreeModelTest, IgnoresUnknownChannelsAndCountsThatTheStoreCouldNotTell) {
+  const Strings before = Labels();
+  EXPECT_EQ(model.SetChannelUnread(12, 6), 0);
+  EXPECT_EQ(model.SetChannelUnread(11, -1), 0);
+  model.LowerChannelUnread(999);
+  model.LowerCabinetUnread(999);
+  model.SetChannelNew(999, true);
+  model.SetChannelState(999, -2);
+  EXPECT_EQ(Labels(), before);
+  EXPECT_FALSE(model.FindChannel(999).isValid());
+  EXPECT_EQ(model.ChildAt(QModelIndex()), nullptr);
+}
+
+TEST_F(GroupTreeModelTest, LowersCountsOneByOneAndNotBelowZero) {
+  model.LowerChannelUnread(11);
+  for (int i = 0; i < 3; ++i) model.LowerCabinetUnread(2);
+  EXPECT_EQ(Labels(), (Strings{"News(4)", " Daily(2)", " Weekly(2)", "Sports", "Cabinets(3)",
+                               " Keep(3)", " Later"}));
+  model.LowerCabinetUnread(11);  // a channel has this id too
+  EXPECT_EQ(Labels()[5], " Keep(2)");
+  EXPECT_EQ(Labels()[1], " Daily(2)");
+}
+
+TEST_F(GroupTreeModelTest, MarksChannelsAsNewAndAsFailing) {
+  model.SetChannelNew(11, true);
+  model.SetChannelState(10, -3);
+  EXPECT_TRUE(OfChannel(11, GroupTreeModel::IsNewRole).toBool());
+  EXPECT_FALSE(OfChannel(10, GroupTreeModel::IsNewRole).toBool());
+  EXPECT_EQ(OfChannel(10, GroupTreeModel::StateRole), -3);
+  EXPECT_EQ(OfChannel(11, GroupTreeModel::StateRole), 0);
+}
+
+TEST_F(GroupTreeModelTest, SaysOnceForEachRowWhatHasChanged) {
+  QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+  model.SetChannelUnread(11, 4);
+  EXPECT_EQ(changes.size(), 2);  // channel and folder
+  model.SetChannelNew(11, true);
+  model.SetChannelState(11, -2);
+  EXPECT_EQ(changes.size(), 4);
+  model.SetChannelUnread(11, 4);
+  model.SetChannelNew(11, true);
+  model.SetChannelState(11, -2);
+  EXPECT_EQ(changes.size(), 4);
+}
+
+TEST_F(GroupTreeModelTest, AppendsAChannelToItsFolder) {
+  EXPECT_TRUE(model.AppendChannel(Channel(50, 3, "Ball", 2)));
+  EXPECT_TRUE(model.AppendChannel(Channel(51, 3, "Bat", 0)));
+  EXPECT_FALSE(model.AppendChannel(Channel(50, 7, "Ball again", 1)));
+  EXPECT_FALSE(model.AppendChannel(Channel(52, 99, "Nowhere", 1)));
+  EXPECT_FALSE(model.AppendChannel(Channel(53, 0, "In the cabinets", 1)));
+  EXPECT_EQ(model.SetChannelUnread(51, 5), 5);
+  EXPECT_EQ(Labels(), (Strings{"News(5)", " Daily(3)", " Weekly(2)", "Sports(7)", " Ball(2)",
+                               " Bat(5)", "Cabinets(4)", " Keep(3)", " Later(1)"}));
+}
+
+TEST_F(GroupTreeModelTest, QueuesEachChannelOnceInTheOrderOfTheRows) {
+  model.AppendChannel(Channel(50, 3, "Ball", 0));
+  const auto entries = RefreshEntriesOf(model.Groups());
+  ASSERT_EQ(entries.size(), 3U);
+  EXPECT_EQ(entries[0].channelId, 11);
+  EXPECT_EQ(entries[1].channelId, 10);
+  EXPECT_EQ(entries[2].channelId, 50);
+  EXPECT_EQ(entries[2].folderId, 3);
+  EXPECT_EQ(entries[2].title, "Ball");
+  EXPECT_EQ(entries[2].xmlLink, "http://feed.example/Ball");
+  EXPECT_EQ(entries[2].type, "rss");
+  EXPECT_EQ(entries[2].order, 100);
+}
+
+TEST_F(GroupTreeModelTest, ShowsANameThatEndsInParenthesesWhole) {
+  model.AppendChannel(Channel(60, 3, "News(2)", 0));
+  EXPECT_EQ(Labels()[4], " News(2)");
+  model.SetChannelUnread(60, 3);
+  EXPECT_EQ(Labels()[4], " News(2)(3)");
+  model.SetChannelUnread(60, 0);
+  EXPECT_EQ(Labels()[4], " News(2)");
+  EXPECT_EQ(model.ChildAt(model.FindChannel(60))->title, "News(2)");
+}
+
+TEST_F(GroupTreeModelTest, ShowsAnyTitleOnOneLine) {
+  model.AppendChannel(Channel(60, 3, Korean("속보\r\n경제\t\x01") + std::string(1, '\0'), 1));
+  EXPECT_EQ(OfChannel(60, Qt::DisplayRole).toString(), "속보  경제   (1)");
+}
+
+TEST_F(GroupTreeModelTest, CutsAVeryLongTitleBetweenCharactersAndKeepsItsCount) {
+  std::string title = "x";  // so that the cut would go through a character
+  for (int i = 0; i < 50000; ++i) title += Korean("한");
+  model.AppendChannel(Channel(60, 3, title, 9));
+  EXPECT_EQ(OfChannel(60, Qt::DisplayRole).toString(), "x" + QString(255, u'한') + "…(9)");
+
+  GroupTreeModel utf8(CodePage::Utf8());
+  title = "x";
+  for (int i = 0; i < 50000; ++i) title += "😀";  // two units of a QString
+  utf8.Load({.folders = {{.name = title, .id = 1}},
+             .channels = {},
+             .cabinets = {},
+             .cabinetTitle = "",
+             .unreadInCabinets = 0});
+  const QString label = utf8.index(0, 0).data().toString();
+  EXPECT_EQ(label.size(), 256);
+  EXPECT_TRUE(label.endsWith("😀…"));
+}
+
+}  // namespace
+}  // namespace feedloom

@@ -1,0 +1,41 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "store/StoreKit.h"
+#include "ui/Settings.h"
+#include "ui/tree/RowLabel.h"
+#include "ui/tree/UpdatePeriod.h"
+
+namespace feedloom {
+namespace {
+
+TEST(RowLabel, HasItsCountRightBehindTheNameAndNoneForZero) {
+  EXPECT_EQ(AppendCount("Economy", 12), "Economy(12)");
+  EXPECT_EQ(AppendCount("Economy", 0), "Economy");
+  EXPECT_EQ(AppendCount("Economy", -1), "Economy");
+  EXPECT_EQ(AppendCount("News(2)", 3), "News(2)(3)");
+}
+
+TEST(RowLabel, IsCutBeforeItsLastParenthesis) {
+  EXPECT_EQ(StripCount("Economy(12)"), "Economy");
+  EXPECT_EQ(StripCount("News(2)(3)"), "News(2)");
+  EXPECT_EQ(StripCount("Economy"), "Economy");
+  EXPECT_EQ(StripCount(AppendCount(Korean("똠방각하 (뉴스)"), 7)), Korean("똠방각하 (뉴스)"));
+}
+
+TEST(UpdatePeriod, IsOneOfFourWhileAutomaticUpdateIsOn) {
+  using std::chrono::milliseconds;
+  const auto period = [](int mode, int index) {
+    return UpdatePeriod({.newFeedMode = mode, .newFeedDuration = index});
+  };
+  EXPECT_EQ(period(0, 0), milliseconds(900000));
+  EXPECT_EQ(period(0, 1), milliseconds(1800000));
+  EXPECT_EQ(period(0, 2), milliseconds(3600000));
+  EXPECT_EQ(period(0, 3), milliseconds(7200000));
+  for (const int index : {4, -1, 1000000}) EXPECT_EQ(period(0, index), std::nullopt);
+  EXPECT_EQ(period(1, 0), std::nullopt);
+}
+
+}  // namespace
+}  // namespace feedloom
