@@ -169,6 +169,7 @@ void CRSS_MainFrame::OnRefreshMessage(unsigned number) {
 }
 
 void CRSS_MainFrame::SetRefreshBusy(bool busy) {
+  left_->SetBusy(busy);
   if (busy) {
     setCursor(Qt::WaitCursor);
   } else {

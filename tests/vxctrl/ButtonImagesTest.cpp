@@ -1,6 +1,6 @@
-#include "vxctrl/ButtonImages.h"
-
 #include <gtest/gtest.h>
+
+#include "vxctrl/ButtonImages.h"
 
 namespace feedloom {
 namespace {
@@ -8,9 +8,9 @@ namespace {
 using Paths = std::array<std::string, kButtonStateCount>;
 
 TEST(ButtonImagesTest, TheStatesLieBesideTheNormalImage) {
-  EXPECT_EQ(ButtonImagePaths("/skin/go.png"), (Paths{"/skin/go.png", "/skin/go_hover.png",
-                                                     "/skin/go_pressed.png",
-                                                     "/skin/go_disabled.png"}));
+  EXPECT_EQ(ButtonImagePaths("/skin/go.png"),
+            (Paths{"/skin/go.png", "/skin/go_hover.png", "/skin/go_pressed.png",
+                   "/skin/go_disabled.png"}));
 }
 
 TEST(ButtonImagesTest, OnlyTheFileNameHasAnExtension) {

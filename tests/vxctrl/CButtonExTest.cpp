@@ -1,5 +1,3 @@
-#include "vxctrl/CButtonEx.h"
-
 #include <gtest/gtest.h>
 
 #include <QAccessible>
@@ -7,16 +5,21 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QSignalSpy>
-#include <QtTest/QTest>
+#include <QTest>
 #include <filesystem>
 #include <memory>
+#include <ostream>
 
 #include "kit/TempFolder.h"
+#include "vxctrl/CButtonEx.h"
+
+// QColor in a failed test's report.
+void PrintTo(const QColor& color, std::ostream* out) { *out << color.name().toStdString(); }
 
 namespace feedloom {
 namespace {
 
-constexpr QColor kColors[] = {Qt::white, Qt::yellow, Qt::green, Qt::gray};  // by ButtonState
+const QColor kColors[] = {Qt::white, Qt::yellow, Qt::green, Qt::gray};  // by ButtonState
 
 class CButtonExTest : public testing::Test {
  protected:
@@ -34,12 +37,14 @@ class CButtonExTest : public testing::Test {
     std::filesystem::remove(ButtonImagePaths(folder_.File("go.png"))[state]);
   }
 
-  // A new button, shown and without the focus.
+  // A new button, shown away from the pointer and without the focus.
   CButtonEx& Show(const QString& text = {}) {
     button_ = std::make_unique<CButtonEx>(folder_.File("go.png"), nullptr);
     button_->setText(text);
+    button_->move(300, 300);
     button_->show();
     QTest::qWait(0);
+    button_->setAttribute(Qt::WA_UnderMouse, false);
     button_->clearFocus();
     return *button_;
   }

@@ -1,6 +1,6 @@
-#include "vxctrl/QtText.h"
-
 #include <gtest/gtest.h>
+
+#include "vxctrl/QtText.h"
 
 namespace feedloom {
 namespace {

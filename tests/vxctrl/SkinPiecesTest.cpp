@@ -1,5 +1,3 @@
-#include "vxctrl/SkinPieces.h"
-
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -12,11 +10,14 @@
 #include "skin/Keys.h"
 #include "vxctrl/ButtonImages.h"
 #include "vxctrl/SkinFont.h"
+#include "vxctrl/SkinPieces.h"
 
 namespace feedloom {
 namespace {
 
-QSize SizeOfImage(const std::string& path) { return QImage(QFile::decodeName(path.c_str())).size(); }
+QSize SizeOfImage(const std::string& path) {
+  return QImage(QFile::decodeName(path.c_str())).size();
+}
 
 QPixmap Piece(int width, int height, const QColor& color) {
   QPixmap piece(width, height);
@@ -34,8 +35,9 @@ QImage Drawn(const QRect& area, const ThreePieces& pieces) {
 }
 
 const ThreePieces& RedGreenBlue() {
-  static const ThreePieces pieces = {
-      .left = Piece(4, 10, Qt::red), .middle = Piece(3, 10, Qt::green), .right = Piece(6, 10, Qt::blue)};
+  static const ThreePieces pieces = {.left = Piece(4, 10, Qt::red),
+                                     .middle = Piece(3, 10, Qt::green),
+                                     .right = Piece(6, 10, Qt::blue)};
   return pieces;
 }
 
@@ -91,9 +93,9 @@ TEST(SkinPiecesTest, AMissingValueOrFileGivesANullImage) {
   const TempFolder folder;
   const Registry registry(folder.File("registry.reg"));
   EXPECT_TRUE(LoadSkinImage(Skin({}, HostConfig(registry)), "S", "K").isNull());
-  const Skin naming({.HostGetText = {},
-                     .HostGetSkinValue = [](const char*, const char*) { return "none.png"; }},
-                    HostConfig(registry));
+  const Skin naming(
+      {.HostGetText = {}, .HostGetSkinValue = [](const char*, const char*) { return "none.png"; }},
+      HostConfig(registry));
   EXPECT_TRUE(LoadSkinImage(naming, "S", "K").isNull());
 }
 
@@ -105,8 +107,10 @@ TEST(SkinPiecesTest, TheMiddleFillsWhatTheOuterPiecesLeave) {
 }
 
 TEST(SkinPiecesTest, ANarrowAreaIsNotPaintedOver) {
-  EXPECT_EQ(Row(Drawn({2, 0, 8, 20}, RedGreenBlue()), 0), "..rrbbbbbb..............................");
-  EXPECT_EQ(Row(Drawn({2, 0, 3, 20}, RedGreenBlue()), 0), "..bbb...................................");
+  EXPECT_EQ(Row(Drawn({2, 0, 8, 20}, RedGreenBlue()), 0),
+            "..rrbbbbbb..............................");
+  EXPECT_EQ(Row(Drawn({2, 0, 3, 20}, RedGreenBlue()), 0),
+            "..bbb...................................");
   EXPECT_EQ(Row(Drawn({2, 0, 0, 20}, RedGreenBlue()), 0), std::string(40, '.'));
 }
 

@@ -57,6 +57,11 @@ QModelIndex CRSS_GroupTreeCtrl::SelectedRow() const {
   return selected.isEmpty() ? QModelIndex() : selected.first();
 }
 
+void CRSS_GroupTreeCtrl::SetOwnCursor(bool own) {
+  hasOwnCursor_ = own;
+  if (!own) viewport()->unsetCursor();
+}
+
 void CRSS_GroupTreeCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
   QStyleOptionViewItem row = option;
@@ -108,7 +113,7 @@ void CRSS_GroupTreeCtrl::ReportPress(const QModelIndex& index) {
 void CRSS_GroupTreeCtrl::mouseMoveEvent(QMouseEvent* event) {
   if (event->buttons() != Qt::NoButton) return;
   QTreeView::mouseMoveEvent(event);
-  if (indexAt(event->position().toPoint()).isValid()) {
+  if (hasOwnCursor_ && indexAt(event->position().toPoint()).isValid()) {
     viewport()->setCursor(rowCursor_);
   } else {
     viewport()->unsetCursor();

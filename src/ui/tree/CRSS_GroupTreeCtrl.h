@@ -19,6 +19,9 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   // Not valid when no row is selected.
   QModelIndex SelectedRow() const;
 
+  // Whether the skin's cursor shows over rows; otherwise the parent's does.
+  void SetOwnCursor(bool own);
+
  signals:
   // The user selected this row, or clicked on it again: once for each click or key.
   void RowSelected(const QModelIndex& index);
@@ -40,6 +43,7 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void ReportPress(const QModelIndex& index);
 
   QCursor rowCursor_;
+  bool hasOwnCursor_ = true;
   // Of the press that is being handled, or was handled last:
   bool isLeftPress_ = false;
   bool wasReported_ = false;  // RowSelected was emitted for it

@@ -56,7 +56,6 @@ CRSS_LeftContainer::CRSS_LeftContainer(Frame& frame, QWidget* parent)
   connect(toolbar_, &CRSS_LeftToolBarWnd::UpdateClicked, this, &CRSS_LeftContainer::RefreshAll);
   connect(updateTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::RefreshAll);
   connect(tree_, &CRSS_GroupTreeCtrl::RowSelected, this, &CRSS_LeftContainer::ListSelectedPosts);
-  LoadTree();
   RestartUpdateTimer();
 }
 
@@ -105,6 +104,8 @@ void CRSS_LeftContainer::AddStoredChannel(int channelId) {
   channel->unreadCount = 0;
   model_.AppendChannel(std::move(*channel));
 }
+
+void CRSS_LeftContainer::SetBusy(bool busy) { tree_->SetOwnCursor(!busy); }
 
 void CRSS_LeftContainer::PostWasRead(int ownerId, bool isScrapPost) {
   isScrapPost ? model_.LowerCabinetUnread(ownerId) : model_.LowerChannelUnread(ownerId);

@@ -23,8 +23,8 @@ class CRSS_LeftContainer : public QWidget {
   Q_OBJECT
 
  public:
-  // Loads the tree and starts the update timer, so `frame` must be ready for calls; it outlives the
-  // pane. The pane's focus goes to the tree.
+  // Without rows until LoadTree. Starts the update timer. `frame` outlives the pane; the pane's
+  // focus goes to the tree.
   CRSS_LeftContainer(Frame& frame, QWidget* parent);
 
   // Reads all rows from the store again; nothing is selected then. What the store cannot read (it
@@ -49,6 +49,9 @@ class CRSS_LeftContainer : public QWidget {
   // A refresh put this channel into the store: appends its row unless it is there. Its unread count
   // is 0 until SetChannelUnread tells it, so that the difference holds all of the channel's posts.
   void AddStoredChannel(int channelId);
+
+  // While it is busy the pane has no cursor of its own, so that the frame's shows.
+  void SetBusy(bool busy);
 
   // One unread post less in the channel, or cabinet, and in its group.
   void PostWasRead(int ownerId, bool isScrapPost);

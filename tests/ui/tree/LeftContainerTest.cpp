@@ -35,6 +35,7 @@ class LeftContainerTest : public testing::Test {
 
   void Open() {
     pane = std::make_unique<CRSS_LeftContainer>(frame, nullptr);
+    pane->LoadTree();
     pane->resize(251, 400);
     pane->show();
     pane->activateWindow();
@@ -225,6 +226,20 @@ TEST_F(LeftContainerTest, ThePointerIsAHandOverRowsOnly) {
   EXPECT_EQ(Tree().viewport()->cursor().shape(), Qt::BitmapCursor);
   MovePointer(QPoint(100, 330), Qt::NoButton);
   EXPECT_EQ(Tree().viewport()->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(LeftContainerTest, ABusyPaneLeavesTheCursorToItsFrame) {
+  Open();
+  pane->setCursor(Qt::WaitCursor);
+  const QPoint overRow = Tree().visualRect(Row("Daily(2)")).center();
+  MovePointer(overRow, Qt::NoButton);
+  pane->SetBusy(true);
+  EXPECT_EQ(Tree().viewport()->cursor().shape(), Qt::WaitCursor);
+  MovePointer(overRow, Qt::NoButton);
+  EXPECT_EQ(Tree().viewport()->cursor().shape(), Qt::WaitCursor);
+  pane->SetBusy(false);
+  MovePointer(overRow, Qt::NoButton);
+  EXPECT_EQ(Tree().viewport()->cursor().shape(), Qt::BitmapCursor);
 }
 
 TEST_F(LeftContainerTest, KeysSelectAndListOnceEach) {
