@@ -48,7 +48,7 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   void PostWasRead(int ownerId, bool isScrapPost) override;
 
  signals:
-  // The browser has put the page that was asked for last on screen.
+  // The browser has drawn the page that was asked for last.
   void PageShown();
 
  protected:

@@ -23,12 +23,12 @@ constexpr Field kPreviewMode{"PreviewMode", &Settings::previewMode};
 constexpr Field kFeedDeleteMode{"FeedDeleteMode", &Settings::feedDeleteMode};
 constexpr Field kFeedDeleteDate{"FeedDeleteDate", &Settings::feedDeleteDate};
 
-constexpr Field kFrameOrder[] = {kPreviewMode,    kNewFeedMode,        kNewFeedDuration,
-                                 kFeedDeleteMode, kFeedDeleteDate,     kNewFeedMsgDuration,
+constexpr Field kFrameOrder[] = {kPreviewMode,           kNewFeedMode,    kNewFeedDuration,
+                                 kFeedDeleteMode,        kFeedDeleteDate, kNewFeedMsgDuration,
                                  kNewFeedMsgTransparency};
-constexpr Field kPanelOrder[] = {kNewFeedMode,            kNewFeedDuration, kNewFeedMsgDuration,
-                                 kNewFeedMsgTransparency, kPreviewMode,     kFeedDeleteMode,
-                                 kFeedDeleteDate};
+constexpr Field kPanelOrder[] = {
+    kNewFeedMode, kNewFeedDuration, kNewFeedMsgDuration, kNewFeedMsgTransparency,
+    kPreviewMode, kFeedDeleteMode,  kFeedDeleteDate};
 
 std::string TextName(const Field& field) { return std::string(field.name) + "Str"; }
 

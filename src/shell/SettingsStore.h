@@ -1,6 +1,6 @@
 // The user's settings in the registry. Each is stored twice, as a number under its name and as that
-// number's decimal text under its name and "Str"; only the text is ever read back, the number is for
-// other programs. Any thread.
+// number's decimal text under its name and "Str"; only the text is ever read back, the number is
+// for other programs. Any thread.
 #pragma once
 
 #include "platform/Registry.h"

@@ -26,8 +26,8 @@ class InterfaceThread {
   // makes it, which goes on meanwhile.
   void Run(std::function<void()> work);
 
-  // The same, and comes back when `work` is done, or when this is closed meanwhile: `work` may still
-  // be running then, so it owns all that it touches.
+  // The same, and comes back when `work` is done, or when this is closed meanwhile: `work` may
+  // still be running then, so it owns all that it touches.
   void RunAndWait(std::function<void()> work);
 
   // From now on nothing is run, and no caller waits.

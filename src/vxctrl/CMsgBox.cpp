@@ -85,6 +85,8 @@ QWidget* CMsgBox::MakeTextArea(const QString& text) {
   area->setWidgetResizable(true);
   area->setFixedSize(TextAreaSize(*label, screen()->availableSize()));
   area->setWidget(label);
+  // The Tab key stops at a text only to scroll it.
+  if (label->heightForWidth(area->width()) <= area->height()) area->setFocusPolicy(Qt::NoFocus);
   return area;
 }
 

@@ -10,6 +10,11 @@
 namespace feedloom {
 
 QString ToQString(CodePage codePage, std::string_view text);
+// `text` on one line: white space and control characters become single blanks. A feed may send a
+// text of any length; what is longer than any row shows is cut, marked by an ellipsis, without a
+// look at the rest.
+QString ToLine(CodePage codePage, std::string_view text);
+
 // What the code page lacks becomes "?".
 std::string FromQString(CodePage codePage, const QString& text);
 

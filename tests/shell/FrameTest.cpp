@@ -48,7 +48,8 @@ TEST_F(MainFrame, TheDividerCannotMakeTheTreeNarrowerButWider) {
 
 TEST_F(MainFrame, ShowsTheTreeAndTheMainPageAtFirst) {
   CreateFrame();
-  EXPECT_EQ(TreeLabels(), (QStringList{"기본 그룹", "  Feedloom 시작하기", "보관함", "  내 보관함"}));
+  EXPECT_EQ(TreeLabels(),
+            (QStringList{"기본 그룹", "  Feedloom 시작하기", "보관함", "  내 보관함"}));
   EXPECT_EQ(ListedTitles(), QStringList());
   EXPECT_TRUE(PageText().contains("Feedloom")) << PageText().toStdString();
 }

@@ -1,6 +1,6 @@
-#include "shell/FrameTexts.h"
-
 #include <gtest/gtest.h>
+
+#include "shell/FrameTexts.h"
 
 namespace feedloom {
 namespace {

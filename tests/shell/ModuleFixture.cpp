@@ -119,7 +119,8 @@ std::string ModuleFixture::Value(const std::string& sql) {
 }
 
 int ModuleFixture::AddChannel(const std::string& title, const std::string& path) {
-  Sql(fmt::format("insert into TB_CHANNEL(channel_title, channel_xmllink, channel_folderID, "
+  Sql(
+      fmt::format("insert into TB_CHANNEL(channel_title, channel_xmllink, channel_folderID, "
                   "channel_order) values('{}', '{}', 1, 1)",
                   title, server_.Url(path)));
   return std::stoi(Value("select max(channel_id) from TB_CHANNEL"));
@@ -148,8 +149,8 @@ void ModuleFixture::Select(const QString& label) {
   QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(found[0]).center());
 }
 
-// An event loop of its own, because the toolkit's helper sleeps between looks, and the browser engine
-// needs the loop a hundred times for a page.
+// An event loop of its own, because the toolkit's helper sleeps between looks, and the browser
+// engine needs the loop a hundred times for a page.
 bool ModuleFixture::WaitUntil(const std::function<bool()>& isTrue, int milliseconds) {
   if (isTrue()) return true;
   QEventLoop loop;
@@ -168,7 +169,9 @@ bool ModuleFixture::WaitForRunEnd() {
   });
 }
 
-QTreeView& ModuleFixture::Tree() { return *qobject_cast<QTreeView*>(FindByClass("CRSS_GroupTreeCtrl")); }
+QTreeView& ModuleFixture::Tree() {
+  return *qobject_cast<QTreeView*>(FindByClass("CRSS_GroupTreeCtrl"));
+}
 
 QTreeView& ModuleFixture::List() { return *qobject_cast<QTreeView*>(FindByClass("CVxListCtrl")); }
 

@@ -28,7 +28,7 @@ class RecordingHost : public QMainWindow {
 
   QWidget* Pane() { return centralWidget(); }
 
-  std::vector<std::string> texts;      // of the messages that carry one, as UTF-8
+  std::vector<std::string> texts;        // of the messages that carry one, as UTF-8
   std::vector<unsigned> windowMessages;  // to the main window
 
  protected:

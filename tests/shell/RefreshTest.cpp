@@ -20,7 +20,8 @@ TEST_F(RefreshInTheWindow, GoesFromTheServerToRowsLabelsListAndPage) {
   ASSERT_TRUE(WaitForRunEnd());
   EXPECT_EQ(host_->windowMessages,
             (std::vector<unsigned>{kMessageRefreshBegan, kMessageRefreshEnded}));
-  EXPECT_EQ(Value("select count(*) from TB_POST where post_channelID = " + std::to_string(id)), "3");
+  EXPECT_EQ(Value("select count(*) from TB_POST where post_channelID = " + std::to_string(id)),
+            "3");
   EXPECT_TRUE(TreeLabels().contains("  News(3)")) << TreeLabels().join('|').toStdString();
   EXPECT_EQ(ListedTitles(), (QStringList{"Post 1", "Post 2", "Post 3"}));
 

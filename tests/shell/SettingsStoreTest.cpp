@@ -1,8 +1,7 @@
-#include "shell/SettingsStore.h"
-
 #include <gtest/gtest.h>
 
 #include "kit/TempFolder.h"
+#include "shell/SettingsStore.h"
 #include "skin/Keys.h"
 
 namespace feedloom {

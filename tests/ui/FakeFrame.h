@@ -32,7 +32,9 @@ class FakeFrame : public Frame {
   void RelistPosts(PostList list) override { relists.push_back(std::move(list)); }
   void ShowPost(const PostRow& post) override { shown.push_back(post.title); }
   void ShowMainPage() override { shown.emplace_back("(main page)"); }
-  void PostWasRead(int ownerId, bool isScrapPost) override { read.emplace_back(ownerId, isScrapPost); }
+  void PostWasRead(int ownerId, bool isScrapPost) override {
+    read.emplace_back(ownerId, isScrapPost);
+  }
 
   TestStore db;
   ShippedSkin skin;

@@ -1,11 +1,11 @@
-#include "ui/InterfaceThread.h"
-
 #include <gtest/gtest.h>
 
 #include <QTest>
 #include <QThread>
 #include <atomic>
 #include <thread>
+
+#include "ui/InterfaceThread.h"
 
 namespace feedloom {
 namespace {

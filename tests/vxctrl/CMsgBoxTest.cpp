@@ -103,6 +103,15 @@ TEST_F(CMsgBoxTest, EnterPressesTheButtonThatTabWentTo) {
   EXPECT_EQ(Answer(MsgBoxKind::YesNo, tabAndEnter), MsgBoxAnswer::Declined);
 }
 
+TEST_F(CMsgBoxTest, TabStopsOnlyAtTheButtonsOfAShortText) {
+  const auto tabTwice = [](CMsgBox& box) {
+    for (int i = 0; i < 2; ++i) QTest::keyClick(box.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(qobject_cast<CButtonEx*>(box.focusWidget())->text(), "Yes");
+    box.close();
+  };
+  Answer(MsgBoxKind::YesNo, tabTwice);
+}
+
 TEST_F(CMsgBoxTest, EnterConsentsFromTheTextToo) {
   const auto enterInText = [](CMsgBox& box) {
     auto* label = box.findChild<QLabel*>();

@@ -23,7 +23,8 @@ class CRSS_HtmlView : public QWidget {
   void WritePage(const QByteArray& html, PageKind kind);
 
  signals:
-  // The page that was asked for last is loaded, or has failed, and its first picture is on screen.
+  // The page that was asked for last is loaded, or has failed, and is drawn. The engine may put its
+  // images on screen a few frames later.
   void PageShown();
 
  private:

@@ -54,9 +54,8 @@ void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
 void CRSS_RightBottomContainer::ShowPreview(const PostRow& post) {
   const CodePage codePage = frame_.TheStore().TextCodePage();
   const auto build = post.isPodcast == 1 ? BuildPodcastPreviewPage : BuildPostPreviewPage;
-  const std::string html =
-      build(1, {post.title}, {post.link}, {post.description}, {post.published}, {}, false,
-            LoadPageSkin(frame_.TheSkin()), PageCharset(codePage));
+  const std::string html = build(1, {post.title}, {post.link}, {post.description}, {post.published},
+                                 {}, false, LoadPageSkin(frame_.TheSkin()), PageCharset(codePage));
   view_->WritePage(Utf8(codePage, html), PageKind::Preview);
 }
 

@@ -8,8 +8,8 @@ class CRSS_HtmlView;
 class Frame;
 struct PostRow;
 
-// Once a process, before the browser is used: makes the engine know the addresses of the module's own
-// pages. A second call does nothing.
+// Once a process, before the engine starts: makes it know the addresses of the module's own pages.
+// A second call does nothing.
 void PrepareBrowser();
 
 // The lower right pane: the browser, which shows posts and the main page. Interface thread.
@@ -29,7 +29,8 @@ class CRSS_RightBottomContainer : public QWidget {
   void ShowPost(const PostRow& post);
 
  signals:
-  // The page that was asked for last is on screen, or has failed.
+  // The page that was asked for last is loaded, or has failed, and is drawn. The engine may put its
+  // images on screen a few frames later.
   void PageShown();
 
  private:

@@ -7,7 +7,8 @@ namespace {
 
 constexpr char kPageHost[] = "page";
 constexpr char kPreviewPolicy[] =
-    "default-src 'none'; img-src feedloom: http: https: data:; style-src 'unsafe-inline' feedloom:; "
+    "default-src 'none'; img-src feedloom: http: https: data:; style-src 'unsafe-inline' "
+    "feedloom:; "
     "base-uri 'none'; form-action 'none'";
 // The player embeds its media file as an object.
 constexpr char kPlayerPolicy[] =
@@ -51,8 +52,7 @@ QByteArray WithContentPolicy(const QByteArray& html, PageKind kind) {
   if (at < 0) return html;
   const QByteArray policy = kind == PageKind::Player ? kPlayerPolicy : kPreviewPolicy;
   return QByteArray(html).insert(
-      at + head.size(),
-      "<meta http-equiv=\"Content-Security-Policy\" content=\"" + policy + "\">");
+      at + head.size(), "<meta http-equiv=\"Content-Security-Policy\" content=\"" + policy + "\">");
 }
 
 bool MayNavigate(const QUrl& from, const QUrl& to, NavigationCause cause, bool isMainFrame) {

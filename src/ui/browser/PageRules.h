@@ -35,8 +35,8 @@ QByteArray WithContentPolicy(const QByteArray& html, PageKind kind);
 // that the user clicked, or the page.
 enum class NavigationCause { Command, Link, Page };
 
-// Whether a page at `from` may be left for `to`, or may load `to` in a frame of its own. A generated
-// page has no frames and is left for web pages only; no page leads to a generated one.
+// Whether a page at `from` may be left for `to`, or may load `to` in a frame of its own. A
+// generated page has no frames and is left for web pages only; no page leads to a generated one.
 bool MayNavigate(const QUrl& from, const QUrl& to, NavigationCause cause, bool isMainFrame);
 
 // http and https.

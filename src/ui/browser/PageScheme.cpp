@@ -42,7 +42,8 @@ void PageSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
   if (!MayAsk(job->initiator())) return job->fail(QWebEngineUrlRequestJob::RequestDenied);
   const QUrl url = job->requestUrl();
   if (const auto number = PageNumber(url)) {
-    if (const auto page = pages_.Find(*number)) return Reply(*job, "text/html; charset=utf-8", *page);
+    if (const auto page = pages_.Find(*number))
+      return Reply(*job, "text/html; charset=utf-8", *page);
   }
   const QString file = SkinFile(url, skinDir_);
   if (file.isEmpty()) return job->fail(QWebEngineUrlRequestJob::UrlNotFound);

@@ -1,5 +1,5 @@
-// Serves generated pages and the skin's files to the browser engine, from memory and from the skin's
-// directory.
+// Serves generated pages and the skin's files to the browser engine, from memory and from the
+// skin's directory.
 #pragma once
 
 #include <QWebEngineUrlSchemeHandler>

@@ -16,7 +16,7 @@ class WebPage : public QWebEnginePage {
   void Open(const QUrl& url);
 
  signals:
-  // What was opened or followed last is loaded, or has failed, and its first picture is on screen.
+  // What was opened or followed last is loaded, or has failed, and is drawn.
   void Painted();
 
  protected:

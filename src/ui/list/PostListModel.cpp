@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "ui/list/PostCells.h"
+#include "vxctrl/QtText.h"
 
 namespace feedloom {
 namespace {
@@ -55,11 +56,11 @@ QString PostListModel::CellText(const PostRow& post, int column) const {
     case kReadColumn:
       return IsRead(post) ? "1" : "0";
     case kTitleColumn:
-      return TitleCell(codePage_, post.title);
+      return ToLine(codePage_, post.title);
     case kDateColumn:
       return DateCell(post.published);
     default:
-      return TitleCell(codePage_, post.ownerTitle);
+      return ToLine(codePage_, post.ownerTitle);
   }
 }
 

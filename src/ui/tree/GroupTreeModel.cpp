@@ -10,23 +10,6 @@
 namespace feedloom {
 namespace {
 
-// More than fits any pane. A character has at most four bytes, so that a cut through one in the
-// bytes always lies behind the cut in the characters.
-constexpr qsizetype kLongestName = 256;
-constexpr std::size_t kLongestNameBytes = 4 * kLongestName;
-
-bool BreaksLine(QChar character) {
-  const QChar::Category category = character.category();
-  return category == QChar::Other_Control || category == QChar::Separator_Line ||
-         category == QChar::Separator_Paragraph;
-}
-
-void CutTo(qsizetype length, QString& text) {
-  if (text.size() <= length) return;
-  text.truncate(text.at(length - 1).isHighSurrogate() ? length - 1 : length);
-  text += QChar(0x2026);  // an ellipsis
-}
-
 ChildRow ToRow(ChannelRow channel) {
   return {.kind = RowKind::Channel,
           .id = channel.id,
@@ -252,12 +235,7 @@ QVariant GroupTreeModel::ChildData(const ChildRow& child, int role) const {
   }
 }
 
-QString GroupTreeModel::ShownName(const std::string& name) const {
-  QString shown = ToQString(codePage_, std::string_view(name).substr(0, kLongestNameBytes));
-  std::ranges::replace_if(shown, BreaksLine, QChar(' '));
-  CutTo(kLongestName, shown);
-  return shown;
-}
+QString GroupTreeModel::ShownName(const std::string& name) const { return ToLine(codePage_, name); }
 
 QString GroupTreeModel::ShownLabel(const std::string& name, int unreadCount) const {
   return ShownName(name) + QString::fromStdString(AppendCount({}, unreadCount));

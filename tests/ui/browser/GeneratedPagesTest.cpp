@@ -1,6 +1,6 @@
-#include "ui/browser/GeneratedPages.h"
-
 #include <gtest/gtest.h>
+
+#include "ui/browser/GeneratedPages.h"
 
 namespace feedloom {
 namespace {

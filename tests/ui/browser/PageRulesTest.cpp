@@ -1,10 +1,9 @@
-#include "ui/browser/PageRules.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "kit/TempFolder.h"
+#include "ui/browser/PageRules.h"
 
 namespace feedloom {
 namespace {

@@ -78,24 +78,5 @@ TEST(DateCellTest, ShowsTheDayOfAStoredDateOnly) {
   }
 }
 
-TEST(TitleCellTest, StandsOnOneLine) {
-  const auto cell = [](std::string_view title) { return TitleCell(CodePage::Utf8(), title); };
-  EXPECT_EQ(cell("  first\r\n\tsecond \x01 third\x7f "), "first second third");
-  EXPECT_EQ(cell(std::string_view("a\0b", 3)), "a b");
-  EXPECT_EQ(cell("line\xE2\x80\xA8paragraph\xE2\x80\xA9next\xC2\x85last"),
-            "line paragraph next last");
-  EXPECT_EQ(cell(" \n "), "");
-  EXPECT_EQ(cell(""), "");
-}
-
-TEST(TitleCellTest, CutsALongTitleBetweenCharacters) {
-  // The one-byte letter puts every double-byte character on an odd byte.
-  const std::string utf8 = "x" + QString("글").repeated(50'000).toStdString();
-  const QString cell = TitleCell(CodePage::Korean(), Korean(utf8));
-  EXPECT_EQ(cell, "x" + QString("글").repeated(499) + "…");
-  EXPECT_EQ(TitleCell(CodePage::Utf8(), utf8), cell);
-  EXPECT_LT(TitleCell(CodePage::Korean(), std::string(100'000, '\xFF')).size(), 1000);
-}
-
 }  // namespace
 }  // namespace feedloom

@@ -18,6 +18,19 @@ namespace {
 using Strings = std::vector<std::string>;
 using ReadPosts = std::vector<std::pair<int, bool>>;
 
+// Unread posts "Post <newest>" down to "Post 1" that are not in the store; the number is the id.
+PostList NumberedPosts(int newest) {
+  PostList list;
+  for (int number = newest; number >= 1; --number) {
+    PostRow& post = list.posts.emplace_back();
+    post.id = number;
+    post.published = "2008-05-01 10:00:00";
+    post.title = "Post " + std::to_string(number);
+    post.ownerTitle = "News";
+  }
+  return list;
+}
+
 // Shows a pane on a real store.
 class PostListPane : public testing::Test {
  protected:
@@ -30,10 +43,6 @@ class PostListPane : public testing::Test {
   // The posts of a new channel with `count` unread posts, newest first.
   PostList ChannelPosts(int count) {
     channel_ = frame_.db.AddChannelWithPosts(1, "News", count);
-    return Reloaded();
-  }
-
-  PostList Reloaded() {
     ChannelWithPosts loaded;
     EXPECT_TRUE(LoadChannelWithPosts(frame_.TheStore(), channel_, loaded));
     return {std::move(loaded.posts), false};
@@ -212,23 +221,17 @@ TEST_F(PostListPane, APostThatCannotBeMarkedIsShownAndStaysUnread) {
 }
 
 TEST_F(PostListPane, AFillBeginsAtTheTopWithNothingSelected) {
-  pane_.Fill(ChannelPosts(50));
+  pane_.Fill(NumberedPosts(50));
   pane_.Show(49);
   EXPECT_NE(TopTitle(), "Post 50");
-  pane_.Fill(ChannelPosts(40));
+  pane_.Fill(NumberedPosts(40));
   EXPECT_EQ(TopTitle(), "Post 40");
   EXPECT_EQ(SelectedTitles(), Strings());
   EXPECT_FALSE(list_.currentIndex().isValid());
 }
 
 TEST_F(PostListPane, ShowsTwoHundredThousandPostsAtOnce) {
-  PostList list;
-  for (int i = 1; i <= 200'000; ++i) {
-    PostRow& post = list.posts.emplace_back();
-    post.id = i;
-    post.published = "2008-05-01 10:00:00";
-    post.title = Korean("제목 ") + std::to_string(i);
-  }
+  PostList list = NumberedPosts(200'000);
   list.posts[0].title.assign(100'000, '\xFF');
   QElapsedTimer timer;
   timer.start();
@@ -241,32 +244,21 @@ TEST_F(PostListPane, ShowsTwoHundredThousandPostsAtOnce) {
 
 class Refilling : public PostListPane {
  protected:
-  // Fifty posts, some of them selected, the list scrolled away from all of these.
+  // Fifty posts, two of them selected, the list scrolled away from these.
   Refilling() {
-    pane_.Fill(ChannelPosts(50));
+    pane_.Fill(NumberedPosts(50));
     pane_.Show(2);
     Press(Qt::LeftButton, 1, Qt::ControlModifier);
     list_.verticalScrollBar()->setValue(20);
     frame_.shown.clear();
   }
-
-  void StoreNewerPosts(int count) {
-    for (int i = 0; i < count; ++i) {
-      frame_.db.Sql(
-          "insert into TB_POST(post_channelID, post_title, post_link, post_pubDate) values(" +
-          std::to_string(channel_) + ", 'Newer', 'n" + std::to_string(i) +
-          "', '2030-01-01 00:00:00')");
-    }
-  }
 };
 
 TEST_F(Refilling, KeepsSelectionCurrentRowAndPlaceByPost) {
-  const std::string top = TopTitle();
-  StoreNewerPosts(5);
-  pane_.Refill(Reloaded());
+  pane_.Refill(NumberedPosts(55));
   EXPECT_EQ(list_.model()->rowCount(), 55);
-  EXPECT_EQ(Title(0), "Newer");
-  EXPECT_EQ(TopTitle(), top);
+  EXPECT_EQ(Title(0), "Post 55");
+  EXPECT_EQ(TopTitle(), "Post 30");
   EXPECT_EQ(SelectedTitles(), (Strings{"Post 48", "Post 49"}));
   EXPECT_EQ(Title(list_.currentIndex().row()), "Post 49");
   EXPECT_EQ(frame_.shown, Strings());
@@ -274,22 +266,30 @@ TEST_F(Refilling, KeepsSelectionCurrentRowAndPlaceByPost) {
   EXPECT_EQ(frame_.shown, Strings{"Post 49"});
 }
 
+TEST_F(Refilling, KeepsThePlaceAtTheEndOfTheList) {
+  list_.selectionModel()->clear();
+  list_.verticalScrollBar()->setValue(list_.verticalScrollBar()->maximum());
+  const std::string top = TopTitle();
+  pane_.Refill(NumberedPosts(500));
+  EXPECT_EQ(TopTitle(), top);
+}
+
 TEST_F(Refilling, PostsThatAreGoneLeaveTheOthersWhereTheyStood) {
-  const std::string third = Title(22);
-  frame_.db.Sql("delete from TB_POST where post_title in ('Post 49', '" + Title(20) + "', '" +
-                Title(21) + "')");
-  pane_.Refill(Reloaded());
+  PostList fewer = NumberedPosts(50);
+  std::erase_if(fewer.posts, [](const PostRow& post) {
+    return post.id == 49 || post.id == 30 || post.id == 29;
+  });
+  pane_.Refill(std::move(fewer));
   EXPECT_EQ(SelectedTitles(), Strings{"Post 48"});
   EXPECT_FALSE(list_.currentIndex().isValid());
-  EXPECT_EQ(list_.indexAt({0, 2 * CVxListCtrl::kRowHeight}).siblingAtColumn(1).data(),
-            QString::fromStdString(third));
+  EXPECT_EQ(list_.indexAt({0, 2 * CVxListCtrl::kRowHeight}).siblingAtColumn(1).data(), "Post 28");
 }
 
 TEST_F(Refilling, WithNothingLeftIsEmpty) {
   pane_.Refill({});
   EXPECT_EQ(list_.model()->rowCount(), 0);
   EXPECT_EQ(SelectedTitles(), Strings());
-  pane_.Refill(Reloaded());
+  pane_.Refill(NumberedPosts(50));
   EXPECT_EQ(TopTitle(), "Post 50");
 }
 
