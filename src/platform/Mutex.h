@@ -24,8 +24,8 @@
 namespace feedloom {
 
 // Threads get it in the order in which they asked for it: a worker that locks again and again must
-// not keep the interface thread waiting. Has the lowercase names of the standard's BasicLockable, so
-// that std::condition_variable_any can wait on it.
+// not keep the interface thread waiting. Has the lowercase names of the standard's BasicLockable,
+// so that std::condition_variable_any can wait on it.
 class FEEDLOOM_CAPABILITY("mutex") Mutex {
  public:
   void lock() FEEDLOOM_ACQUIRE();

@@ -1,10 +1,10 @@
-#include "platform/Mutex.h"
-
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <latch>
 #include <thread>
+
+#include "platform/Mutex.h"
 
 namespace feedloom {
 namespace {

@@ -1,9 +1,8 @@
-#include "store/Backup.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
+#include "store/Backup.h"
 #include "store/StoreKit.h"
 
 namespace feedloom {
@@ -29,7 +28,8 @@ TEST_F(Backup, KeepsTheOlderCopyWhenTheDatabaseIsGoneEmptyOrDamaged) {
   std::filesystem::remove(db_.DbPath());
   EXPECT_FALSE(BackupDatabase(db_.Get()));
   EXPECT_EQ(db_.Folder().Names(), std::vector<std::string>{"rssdb.bak"});
-  for (const char* content : {"", "this is no database at all, but it is long enough for a header"}) {
+  for (const char* content :
+       {"", "this is no database at all, but it is long enough for a header"}) {
     db_.Folder().Write("rssdb", content);
     EXPECT_FALSE(BackupDatabase(db_.Get()));
   }

@@ -1,0 +1,30 @@
+#include "host/Complaint.h"
+
+#include <fmt/core.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <cstdio>
+#include <memory>
+
+namespace feedloom {
+
+void Complain(const std::string& text) { fmt::print(stderr, "halvix: {}\n", text); }
+
+bool HasDisplay() {
+  const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+  if (platform.startsWith("offscreen") || platform.startsWith("minimal")) return false;
+  return !qgetenv("DISPLAY").isEmpty() || !qgetenv("WAYLAND_DISPLAY").isEmpty();
+}
+
+void ComplainInBox(const std::string& text) {
+  int argc = 1;
+  char name[] = "halvix";
+  char* argv[] = {name, nullptr};
+  const auto application = qApp == nullptr ? std::make_unique<QApplication>(argc, argv) : nullptr;
+  QMessageBox box(QMessageBox::Critical, "Halvix", QString::fromStdString(text), QMessageBox::Ok);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+}  // namespace feedloom

@@ -1,0 +1,94 @@
+#include "host/HostProfile.h"
+
+#include <fmt/core.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+
+#include "host/CommandLine.h"
+#include "platform/Registry.h"
+#include "platform/Text.h"
+#include "skin/HostConfig.h"
+#include "skin/Keys.h"
+
+namespace feedloom {
+namespace {
+
+constexpr char kFirstLanguage[] = "KOR";
+constexpr char kFirstCodePage[] = "EUC-KR";
+
+// A database that is not one would also replace its copy when the module ends.
+bool IsDatabase(const std::string& path) {
+  constexpr std::string_view kMark("SQLite format 3\0", 16);
+  std::array<char, kMark.size()> start{};
+  std::ifstream file(path, std::ios::binary);
+  return file.read(start.data(), start.size()) &&
+         std::string_view(start.data(), start.size()) == kMark;
+}
+
+Failure CheckWhole(const ProfilePaths& paths) {
+  if (!Registry(paths.registry).IsReadable()) {
+    return fmt::format("The registry file '{}' cannot be read or is damaged.", paths.registry);
+  }
+  const char* fault = !IsRegularFile(paths.database) ? "is missing"
+                      : !IsDatabase(paths.database)  ? "cannot be read or is damaged"
+                                                     : nullptr;
+  if (fault == nullptr) return {};
+  const std::string copy = paths.database + ".bak";
+  return fmt::format("The database '{}' {}.{}", paths.database, fault,
+                     IsDatabase(copy) ? fmt::format(" There is a copy of it: '{}'.", copy) : "");
+}
+
+Failure CheckCodePage(const ProfilePaths& paths, const HostOptions& options) {
+  const CodePage present = HostConfig(Registry(paths.registry)).GetCodePage();
+  if (!options.codePage || CodePage::FromName(*options.codePage) == present) return {};
+  return fmt::format("The profile '{}' keeps its texts in {}; only a new profile can have {}.",
+                     paths.dir, present.DeclaredName(),
+                     CodePage::FromName(*options.codePage).DeclaredName());
+}
+
+Failure CheckWritable(const ProfilePaths& paths) {
+  for (const std::string& path : {paths.dir, paths.registry, paths.moduleDir, paths.database}) {
+    if (access(path.c_str(), W_OK) != 0) {
+      return fmt::format("Cannot write '{}': {}.", path, std::generic_category().message(errno));
+    }
+  }
+  return {};
+}
+
+Failure SetLanguage(const ProfilePaths& paths, const HostOptions& options) {
+  const Registry registry(paths.registry);
+  const std::string language = ToUpperAscii(options.language.value_or(""));
+  if (language.empty() || HostConfig(registry).GetHostLanguage() == language) return {};
+  if (registry.WriteString(kHostKey, kValueLanguage, language)) return {};
+  return fmt::format("Cannot write the registry file '{}'.", paths.registry);
+}
+
+}  // namespace
+
+std::string ProfileDir(const HostOptions& options) {
+  return options.profileDir.empty() ? DefaultProfileDir() : options.profileDir;
+}
+
+Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
+  const ProfilePaths& paths = profile.paths;
+  if (paths.dir.empty()) return "No home directory for a profile; name one with --profile.";
+  if (!ProfileExists(paths)) {
+    const CodePage codePage = CodePage::FromName(options.codePage.value_or(kFirstCodePage));
+    const std::string language = options.language.value_or(kFirstLanguage);
+    if (auto failure = CreateProfile(paths.dir, ShareDir(), codePage, language)) return failure;
+    profile.isNew = true;
+  }
+  if (auto failure = CheckWhole(paths)) return failure;
+  if (auto failure = CheckCodePage(paths, options)) return failure;
+  if (auto failure = CheckWritable(paths)) return failure;
+  if (auto failure = profile.lock.Take(paths.dir)) return failure;
+  if (auto failure = RepairSharePaths(paths.dir, ShareDir())) return failure;
+  return SetLanguage(paths, options);
+}
+
+}  // namespace feedloom

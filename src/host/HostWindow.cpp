@@ -1,0 +1,103 @@
+#include "host/HostWindow.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QStatusBar>
+
+#include "host/HostTables.h"
+#include "host/ModulePane.h"
+#include "shell/Feedloom.h"
+#include "skin/Keys.h"
+
+namespace feedloom {
+namespace {
+
+// One line, clipped where the window ends; the whole text is its tool tip.
+void ShowStatus(QLabel& label, const QString& text) {
+  label.setText(text.simplified());
+  label.setToolTip(text.isEmpty() ? text : "<p>" + text.toHtmlEscaped() + "</p>");
+}
+
+}  // namespace
+
+HostWindow::HostWindow(const QString& caption)
+    : pane_(new ModulePane(this)), status_(new QLabel(this)), busy_(new QProgressBar(this)) {
+  setWindowTitle(caption);
+  setCentralWidget(pane_);
+  MakeMenu();
+  MakeStatusBar();
+}
+
+QWidget* HostWindow::ModuleParent() const { return pane_; }
+
+void HostWindow::SetFrame(QWidget* frame) {
+  frame_ = frame;
+  pane_->Fill(frame);
+  frame->setFocus();
+}
+
+std::intptr_t HostWindow::SendToFrame(unsigned message) {
+  if (!frame_) return 0;
+  WindowMessage event(message, 0, 0);
+  QCoreApplication::sendEvent(frame_, &event);
+  return event.result;
+}
+
+bool HostWindow::event(QEvent* event) {
+  if (event->type() != WindowMessage::kType) return QMainWindow::event(event);
+  switch (static_cast<WindowMessage*>(event)->number) {
+    case kMessageRefreshBegan:
+      busy_->show();
+      return true;
+    case kMessageRefreshEnded:
+      busy_->hide();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void HostWindow::closeEvent(QCloseEvent* event) {
+  emit Closing();
+  QMainWindow::closeEvent(event);
+}
+
+void HostWindow::MakeMenu() {
+  QMenu* file = menuBar()->addMenu(HostText(kHostTextMenuFile));
+  file->addAction(HostText(kHostTextMenuRefreshAll), QKeySequence(Qt::CTRL | Qt::Key_R), this,
+                  [this] { SendToFrame(kMessageRefreshAll); });
+  file->addAction(HostText(kHostTextMenuShowMessage), this,
+                  [this] { SendToFrame(kMessageShowTextAgain); });
+  file->addSeparator();
+  file->addAction(HostText(kHostTextMenuQuit), QKeySequence(Qt::CTRL | Qt::Key_Q), this,
+                  &QWidget::close);
+  QMenu* help = menuBar()->addMenu(HostText(kHostTextMenuHelp));
+  help->addAction(HostText(kHostTextMenuAbout), this, &HostWindow::ShowAbout);
+}
+
+void HostWindow::MakeStatusBar() {
+  constexpr int kBusyWidth = 120;
+  status_->setTextFormat(Qt::PlainText);
+  // A long text must not widen the window.
+  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  busy_->setRange(0, 0);
+  busy_->setFixedWidth(kBusyWidth);
+  busy_->setToolTip(HostText(kHostTextBusy));
+  busy_->setAccessibleName(HostText(kHostTextBusy));
+  busy_->hide();
+  statusBar()->addWidget(status_, 1);
+  statusBar()->addPermanentWidget(busy_);
+  connect(pane_, &ModulePane::TextReported, status_,
+          [label = status_](const QString& text) { ShowStatus(*label, text); });
+}
+
+void HostWindow::ShowAbout() {
+  QMessageBox::about(this, windowTitle(), HostText(kHostTextAbout).replace("%1", FEEDLOOM_VERSION));
+}
+
+}  // namespace feedloom

@@ -1,0 +1,28 @@
+#include "host/ModulePane.h"
+
+#include <QVBoxLayout>
+#include <string>
+
+#include "host/HostTables.h"
+#include "shell/Feedloom.h"
+
+namespace feedloom {
+
+ModulePane::ModulePane(QWidget* parent) : QWidget(parent) {
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+}
+
+void ModulePane::Fill(QWidget* frame) { layout()->addWidget(frame); }
+
+bool ModulePane::event(QEvent* event) {
+  if (event->type() != WindowMessage::kType) return QWidget::event(event);
+  const auto& message = *static_cast<WindowMessage*>(event);
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): this is how a message carries a pointer
+  const auto* text = reinterpret_cast<const std::string*>(message.lParam);
+  if (message.number != kMessageShowText || text == nullptr) return false;
+  emit TextReported(FromModuleText(*text));
+  return true;
+}
+
+}  // namespace feedloom

@@ -1,0 +1,186 @@
+// The window and what stands behind it, in this process.
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTest>
+#include <filesystem>
+#include <vector>
+
+#include "host/HostTables.h"
+#include "host/HostWindow.h"
+#include "host/ModuleLink.h"
+#include "host/Screenshot.h"
+#include "host/WindowPlace.h"
+#include "kit/ShippedSkin.h"
+#include "profile/HostTexts.h"
+#include "profile/IniFile.h"
+#include "shell/Feedloom.h"
+#include "skin/Keys.h"
+
+namespace feedloom {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Keeps the messages that it is sent.
+class RecordingFrame : public QWidget {
+  Q_OBJECT
+
+ public:
+  using QWidget::QWidget;
+  std::vector<unsigned> messages;
+
+ signals:
+  void PageShown();
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() != WindowMessage::kType) return QWidget::event(event);
+    messages.push_back(static_cast<WindowMessage*>(event)->number);
+    return true;
+  }
+};
+
+class HostWindowTest : public testing::Test {
+ protected:
+  HostWindowTest() {
+    SetHostTables(ReadHostTexts(skin_.Get().Config()), CodePage::Korean());
+    window_ = std::make_unique<HostWindow>("Halvix");
+    frame_ = new RecordingFrame(window_->ModuleParent());
+    window_->SetFrame(frame_);
+    window_->resize(400, 300);
+    window_->show();
+  }
+
+  // A message of the module, to its parent or to the window around it.
+  static void Send(QWidget* receiver, unsigned number, const std::string* text = nullptr) {
+    WindowMessage message(number, 0, reinterpret_cast<std::intptr_t>(text));
+    QCoreApplication::sendEvent(receiver, &message);
+  }
+  void Report(const char* utf8) {
+    const std::string text = CodePage::Korean().FromUtf8(utf8);
+    Send(window_->ModuleParent(), kMessageShowText, &text);
+  }
+  const QLabel& Status() const { return *window_->statusBar()->findChild<QLabel*>(); }
+  const QWidget& Busy() const { return *window_->statusBar()->findChild<QProgressBar*>(); }
+
+  // Chooses the entry of the menu with this text.
+  void Choose(const QString& text) {
+    for (QAction* action : window_->findChildren<QAction*>()) {
+      if (action->text() == text) return action->trigger();
+    }
+    ADD_FAILURE() << "no entry " << text.toStdString();
+  }
+
+  const ShippedSkin skin_;
+  std::unique_ptr<HostWindow> window_;
+  RecordingFrame* frame_;
+};
+
+TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAre) {
+  Report("똠방각하 <b>새</b>\r\n글 &amp; 3개");
+  EXPECT_EQ(Status().text(), "똠방각하 <b>새</b> 글 &amp; 3개");
+  EXPECT_EQ(Status().textFormat(), Qt::PlainText);
+  Report(std::string(5000, 'x').c_str());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window_->width(), 400);
+  Send(window_->ModuleParent(), kMessageShowText);
+  EXPECT_EQ(Status().text().size(), 5000);
+}
+
+TEST_F(HostWindowTest, IsMarkedBusyWhileChannelsAreRefreshed) {
+  EXPECT_FALSE(Busy().isVisible());
+  Send(window_->ModuleParent()->window(), kMessageRefreshBegan);
+  EXPECT_TRUE(Busy().isVisible());
+  Send(window_->ModuleParent()->window(), kMessageRefreshEnded);
+  EXPECT_FALSE(Busy().isVisible());
+}
+
+TEST_F(HostWindowTest, TheMenuCommandsTheModule) {
+  const QSignalSpy closing(window_.get(), &HostWindow::Closing);
+  Choose("모두 새로 고침(&R)");
+  Choose("마지막 메시지 보기(&M)");
+  EXPECT_EQ(frame_->messages, (std::vector<unsigned>{kMessageRefreshAll, kMessageShowTextAgain}));
+  EXPECT_EQ(closing.count(), 0);
+  Choose("끝내기(&Q)");
+  EXPECT_EQ(closing.count(), 1);
+}
+
+TEST_F(HostWindowTest, TheFrameFillsTheWindowAndHasTheFocus) {
+  EXPECT_EQ(frame_->width(), window_->width());
+  EXPECT_EQ(window_->focusWidget(), frame_);
+}
+
+TEST_F(HostWindowTest, StandsAgainWhereItStood) {
+  const Registry registry(skin_.Folder().File("registry.reg"));
+  window_->setGeometry(30, 60, 500, 320);
+  ASSERT_TRUE(RememberPlace(*window_, registry));
+  HostWindow next("Halvix");
+  PlaceWindow(next, registry);
+  EXPECT_EQ(next.geometry(), QRect(30, 60, 500, 320));
+}
+
+TEST_F(HostWindowTest, FirstStandsInTheMiddleOfTheScreen) {
+  EXPECT_EQ(FirstPlace(QRect(0, 100, 1924, 900)), QRect(450, 200, 1024, 700));
+  EXPECT_EQ(FirstPlace(QRect(10, 20, 640, 480)), QRect(10, 20, 640, 480));
+  const Registry registry(skin_.Folder().File("registry.reg"));
+  ASSERT_TRUE(registry.WriteString(kHostKey, kValueWindowGeometry, "nonsense"));
+  PlaceWindow(*window_, registry);
+  EXPECT_EQ(window_->geometry(), FirstPlace(window_->screen()->availableGeometry()));
+}
+
+TEST_F(HostWindowTest, APictureNeedsAModuleThatTellsOfItsPages) {
+  EXPECT_TRUE(Screenshot(*window_, *window_, "unused.png").Start());
+  Screenshot late(*window_, *frame_, "unused.png");
+  ASSERT_FALSE(late.Start(std::chrono::milliseconds(1)));
+  EXPECT_EQ(QCoreApplication::exec(), 1);
+}
+
+TEST(ModuleLinkTest, LeadsToTheInstalledModule) {
+  const TempFolder folder;
+  const std::string installed = folder.Write("installed", "module");
+  const std::string link = folder.File("link");
+  EXPECT_TRUE(LinkModule(link, ""));
+  EXPECT_EQ(LinkModule(link, installed), std::nullopt);
+  EXPECT_EQ(fs::read_symlink(link), installed);
+  EXPECT_EQ(LinkModule(link, ""), std::nullopt);
+
+  const std::string moved = folder.Write("moved", "module");
+  EXPECT_EQ(LinkModule(link, moved), std::nullopt);
+  EXPECT_EQ(fs::read_symlink(link), moved);
+  fs::remove(moved);
+  EXPECT_TRUE(LinkModule(link, ""));
+
+  const std::string own = folder.Write("own", "my module");
+  EXPECT_EQ(LinkModule(own, installed), std::nullopt);
+  EXPECT_EQ(folder.Read("own"), "my module");
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"installed", "link", "own"}));
+}
+
+TEST(HostTextKeysTest, EachHasATextInBothLanguages) {
+  constexpr const char* kKeys[] = {
+#define FEEDLOOM_HOST_TEXT(constant, key) key,
+#include "skin/HostTextKeys.def"
+#undef FEEDLOOM_HOST_TEXT
+  };
+  const IniFile ini = IniFile::Read(ShippedShareDir() + "/string.ini");
+  for (const char* key : kKeys) {
+    for (const char* section : {"HALVIX", "HALVIX.ENG"}) {
+      const std::string text = ini.Value(section, key).value_or("");
+      EXPECT_NE(text, "") << section << ' ' << key;
+      EXPECT_EQ(CodePage::Korean().ToUtf8(CodePage::Korean().FromUtf8(text)), text);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace feedloom
+
+#include "HostWindowTest.moc"

@@ -1,0 +1,55 @@
+// Hosts with the module that the project builds.
+
+#include <QImage>
+#include <filesystem>
+
+#include "host/HalvixFixture.h"
+
+namespace feedloom {
+namespace {
+
+class RealModuleTest : public HalvixFixture {
+ protected:
+  QImage Picture() const {
+    const QString file = QString::fromStdString(folder_.File("window.png"));
+    const HalvixResult result = Run({"--screenshot", file});
+    EXPECT_EQ(result.status, 0) << result.err.toStdString();
+    return QImage(file);
+  }
+
+  QByteArray Feedloomctl(const char* command) const {
+    QProcess program;
+    program.start(FEEDLOOMCTL, {"--profile", QString::fromStdString(paths_.dir), command});
+    EXPECT_TRUE(program.waitForFinished());
+    return program.readAllStandardOutput();
+  }
+};
+
+TEST_F(RealModuleTest, HalvixLinksItAndTakesThePictureOfTheFirstPost) {
+  std::filesystem::create_directories(paths_.moduleDir);
+  std::filesystem::create_symlink("/nowhere/feedloom.so", paths_.module);
+  const QImage withoutPosts = Picture();
+  EXPECT_EQ(withoutPosts.size(), QSize(1024, 700));
+  EXPECT_EQ(std::filesystem::read_symlink(paths_.module), MODULE);
+  EXPECT_TRUE(IsRegularFile(paths_.database + ".bak"));
+
+  Feedloomctl("refresh");
+  EXPECT_NE(Picture(), withoutPosts);
+  const QByteArray posts = Feedloomctl("posts");
+  EXPECT_EQ(posts.count('\n'), 5);
+  EXPECT_EQ(posts.count(" * "), 4) << "the post that was shown is read\n" << posts.constData();
+}
+
+TEST_F(RealModuleTest, TheMinimalHostShowsItAndLeaves) {
+  ASSERT_EQ(CreateProfile(paths_.dir, ShareDir(), CodePage::Korean(), "KOR"), std::nullopt);
+  std::filesystem::create_symlink(MODULE, paths_.module);
+  QProcess host;
+  host.start(MINIMAL_HOST, {QString::fromStdString(paths_.module),
+                            QString::fromStdString(ShareDir() + "/image.ini")});
+  ASSERT_TRUE(host.waitForFinished());
+  EXPECT_EQ(host.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(host.exitCode(), 0) << host.readAllStandardError().toStdString();
+}
+
+}  // namespace
+}  // namespace feedloom
