@@ -13,10 +13,12 @@ namespace feedloom {
 // keeps cookies and its cache in memory only.
 class CRSS_HtmlView::Engine {
  public:
-  explicit Engine(const QString& skinDir) : pages(skinDir, nullptr), page(&profile, nullptr) {
+  explicit Engine(SkinDirectory skinDir)
+      : pages(std::move(skinDir), nullptr), page(&profile, nullptr) {
     profile.installUrlSchemeHandler(kPageScheme, &pages);
     view.setPage(&page);
     view.setWindowTitle(QStringLiteral("Web Browser"));
+    view.setContextMenuPolicy(Qt::NoContextMenu);  // the engine's offers what the pane cannot do
   }
 
   PageSchemeHandler pages;
@@ -25,8 +27,8 @@ class CRSS_HtmlView::Engine {
   QWebEngineView view;
 };
 
-CRSS_HtmlView::CRSS_HtmlView(const QString& skinDir, QWidget* parent)
-    : QWidget(parent), engine_(std::make_unique<Engine>(skinDir)) {
+CRSS_HtmlView::CRSS_HtmlView(SkinDirectory skinDir, QWidget* parent)
+    : QWidget(parent), engine_(std::make_unique<Engine>(std::move(skinDir))) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(&engine_->view);

@@ -13,8 +13,8 @@ class CRSS_HtmlView : public QWidget {
   Q_OBJECT
 
  public:
-  // Generated pages may show images from `skinDir`.
-  CRSS_HtmlView(const QString& skinDir, QWidget* parent);
+  // Generated pages may show images from the directory that `skinDir` names each time.
+  CRSS_HtmlView(SkinDirectory skinDir, QWidget* parent);
   ~CRSS_HtmlView() override;
 
   void Navigate(const QUrl& url);

@@ -26,7 +26,9 @@ QByteArray Utf8(CodePage codePage, const std::string& text) {
 void PrepareBrowser() { RegisterPageScheme(); }
 
 CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* parent)
-    : QWidget(parent), frame_(frame), view_(new CRSS_HtmlView(SkinDir(frame.TheSkin()), this)) {
+    : QWidget(parent),
+      frame_(frame),
+      view_(new CRSS_HtmlView([&frame] { return SkinDir(frame.TheSkin()); }, this)) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(view_);

@@ -23,7 +23,6 @@ class CRSS_RightBottomContainer : public QWidget {
 
   // 1: posts show as pages that the module makes; 0: as their own web pages.
   void SetMode(int mode) { mode_ = mode; }
-  int Mode() const { return mode_; }
 
   void ShowMainPage();
   void ShowPost(const PostRow& post);

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QUrl>
+#include <functional>
 #include <optional>
 
 namespace feedloom {
@@ -20,6 +21,9 @@ bool IsGenerated(const QUrl& url);
 
 // The number in the address of a generated page; none in any other address.
 std::optional<int> PageNumber(const QUrl& url);
+
+// Tells the skin's directory as it is now: the host may change it.
+using SkinDirectory = std::function<QString()>;
 
 // The file that such an address names, if it exists and lies in `skinDir` when all links and ".."
 // are resolved; empty otherwise.

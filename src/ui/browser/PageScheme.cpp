@@ -6,8 +6,6 @@
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
 
-#include "ui/browser/PageRules.h"
-
 namespace feedloom {
 namespace {
 
@@ -35,7 +33,7 @@ void RegisterPageScheme() {
   QWebEngineUrlScheme::registerScheme(scheme);
 }
 
-PageSchemeHandler::PageSchemeHandler(QString skinDir, QObject* parent)
+PageSchemeHandler::PageSchemeHandler(SkinDirectory skinDir, QObject* parent)
     : QWebEngineUrlSchemeHandler(parent), skinDir_(std::move(skinDir)) {}
 
 void PageSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
@@ -45,7 +43,7 @@ void PageSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
     if (const auto page = pages_.Find(*number))
       return Reply(*job, "text/html; charset=utf-8", *page);
   }
-  const QString file = SkinFile(url, skinDir_);
+  const QString file = SkinFile(url, skinDir_());
   if (file.isEmpty()) return job->fail(QWebEngineUrlRequestJob::UrlNotFound);
   ReplyWithFile(*job, file);
 }

@@ -5,6 +5,7 @@
 #include <QWebEngineUrlSchemeHandler>
 
 #include "ui/browser/GeneratedPages.h"
+#include "ui/browser/PageRules.h"
 
 namespace feedloom {
 
@@ -14,14 +15,14 @@ void RegisterPageScheme();
 
 class PageSchemeHandler : public QWebEngineUrlSchemeHandler {
  public:
-  PageSchemeHandler(QString skinDir, QObject* parent);
+  PageSchemeHandler(SkinDirectory skinDir, QObject* parent);
 
   GeneratedPages& Pages() { return pages_; }
 
   void requestStarted(QWebEngineUrlRequestJob* job) override;
 
  private:
-  const QString skinDir_;
+  const SkinDirectory skinDir_;
   GeneratedPages pages_;
 };
 

@@ -1,32 +1,16 @@
 #include "ui/browser/WebPage.h"
 
 #include <QUuid>
+#include <QWebEngineNewWindowRequest>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
 
-#include "ui/browser/PageRules.h"
-
 namespace feedloom {
-namespace {
-
-NavigationCause CauseOf(QWebEnginePage::NavigationType type) {
-  switch (type) {
-    case QWebEnginePage::NavigationTypeTyped:
-    case QWebEnginePage::NavigationTypeBackForward:
-    case QWebEnginePage::NavigationTypeReload:
-      return NavigationCause::Command;
-    case QWebEnginePage::NavigationTypeLinkClicked:
-      return NavigationCause::Link;
-    default:
-      return NavigationCause::Page;
-  }
-}
-
-}  // namespace
 
 WebPage::WebPage(QWebEngineProfile* profile, QObject* parent)
     : QWebEnginePage(profile, parent), paintedMark_(QUuid::createUuid().toString()) {
-  connect(this, &QWebEnginePage::loadFinished, this, &WebPage::AwaitPicture);
+  connect(this, &QWebEnginePage::loadFinished, this, &WebPage::EndLoad);
+  connect(this, &QWebEnginePage::newWindowRequested, this, &WebPage::OpenHere);
 }
 
 void WebPage::Open(const QUrl& url) {
@@ -35,13 +19,48 @@ void WebPage::Open(const QUrl& url) {
 }
 
 bool WebPage::acceptNavigationRequest(const QUrl& target, NavigationType type, bool isMainFrame) {
-  if (!MayNavigate(url(), target, CauseOf(type), isMainFrame)) return false;
-  if (isMainFrame) AllowScripts(!IsGenerated(target));
+  const NavigationCause cause = CauseOf(target, type);
+  if (!MayNavigate(url(), target, cause, isMainFrame)) return false;
+  if (!isMainFrame) return true;
+  AllowScripts(!IsGenerated(target));
+  underway_ = cause == NavigationCause::Page ? QUrl() : target;
   return true;
+}
+
+// A server's redirect belongs to the navigation that is underway. One that no navigation to a web
+// page has brought is the page's own doing.
+NavigationCause WebPage::CauseOf(const QUrl& target, NavigationType type) const {
+  switch (type) {
+    case NavigationTypeTyped:
+    case NavigationTypeBackForward:
+    case NavigationTypeReload:
+      return NavigationCause::Command;
+    case NavigationTypeLinkClicked:
+      return NavigationCause::Link;
+    case NavigationTypeRedirect:
+      return IsWebAddress(underway_) && IsWebAddress(target) ? NavigationCause::Link
+                                                             : NavigationCause::Page;
+    default:
+      return NavigationCause::Page;
+  }
 }
 
 void WebPage::AllowScripts(bool allow) {
   settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, allow);
+}
+
+// A load may have ended without another page, in a download or by the user's stop.
+void WebPage::EndLoad() {
+  underway_ = QUrl();
+  AllowScripts(!IsGenerated(url()));
+  AwaitPicture();
+}
+
+void WebPage::OpenHere(const QWebEngineNewWindowRequest& request) {
+  const QUrl target = request.requestedUrl();
+  if (request.isUserInitiated() && MayNavigate(url(), target, NavigationCause::Link, true)) {
+    Open(target);
+  }
 }
 
 // The second animation frame after the load begins when the first one has been handed over. The

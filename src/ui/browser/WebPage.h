@@ -1,12 +1,17 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
 #include <QWebEnginePage>
+
+#include "ui/browser/PageRules.h"
+
+class QWebEngineNewWindowRequest;
 
 namespace feedloom {
 
 // The engine's page, with the rules for generated ones: they run no scripts, and lead to web pages
-// only.
+// only. A page that asks for a new window gets it in its own place.
 class WebPage : public QWebEnginePage {
   Q_OBJECT
 
@@ -25,10 +30,14 @@ class WebPage : public QWebEnginePage {
                                 int line, const QString& source) override;
 
  private:
+  NavigationCause CauseOf(const QUrl& target, NavigationType type) const;
   void AllowScripts(bool allow);
+  void EndLoad();
+  void OpenHere(const QWebEngineNewWindowRequest& request);
   void AwaitPicture();
 
   const QString paintedMark_;  // nobody else can say it
+  QUrl underway_;              // what a command or a link is loading
 };
 
 }  // namespace feedloom

@@ -43,6 +43,23 @@ class HtmlView : public testing::Test {
     EXPECT_TRUE(shown.wait(30'000));
   }
 
+  // A link that covers the upper left corner.
+  QByteArray Link(const std::string& address, const QByteArray& attributes = {}) {
+    return "<a style='display:block;height:100px' " + attributes + " href=\"" +
+           QByteArray::fromStdString(address) + "\">link</a>";
+  }
+
+  void Click() {
+    QTest::mouseClick(view_.findChild<QWebEngineView*>()->focusProxy(), Qt::LeftButton, {},
+                      {50, 50});
+  }
+
+  bool ClickLeadsTo(const QString& text) {
+    QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
+    Click();
+    return shown.wait(20'000) && Text() == text;
+  }
+
   QWebEnginePage& Page() { return *view_.findChild<QWebEngineView*>()->page(); }
 
   QString Text() {
@@ -59,7 +76,7 @@ class HtmlView : public testing::Test {
 
   TempFolder skin_;
   FeedServer server_;
-  CRSS_HtmlView view_{QString::fromStdString(skin_.Path()), nullptr};
+  CRSS_HtmlView view_{[this] { return QString::fromStdString(skin_.Path()); }, nullptr};
 };
 
 TEST_F(HtmlView, AWrittenPageComesOnScreen) {
@@ -106,6 +123,41 @@ TEST_F(HtmlView, WebPagesSeeNothingOfTheSkin) {
                 "text/html");
   Navigate(QUrl(QString::fromStdString(server_.Url("/page"))));
   EXPECT_EQ(Text(), "refused");
+}
+
+TEST_F(HtmlView, ALinkLeadsWhereItsServerSendsIt) {
+  server_.Serve("/story", "the story", "text/html");
+  server_.Redirect("/link", server_.Url("/story"));
+  Write(Link(server_.Url("/link")));
+  EXPECT_TRUE(ClickLeadsTo("the story"));
+  Write(Link(server_.Url("/link"), "target=_blank"));
+  EXPECT_TRUE(ClickLeadsTo("the story"));
+}
+
+TEST_F(HtmlView, AGeneratedPageLeadsNowhereByItself) {
+  server_.Serve("/trap", "the trap", "text/html");
+  Write("<meta http-equiv=refresh content=\"0;url=" +
+        QByteArray::fromStdString(server_.Url("/trap")) + "\">stays" +
+        Link("file:///etc/hostname"));
+  EXPECT_FALSE(server_.WaitForRequest("/trap", std::chrono::milliseconds(300)));
+  Click();
+  EXPECT_FALSE(server_.WaitForRequest("/trap", std::chrono::milliseconds(300)));
+  EXPECT_TRUE(Text().startsWith("stays")) << Text().toStdString();
+}
+
+TEST_F(HtmlView, BackBringsAGeneratedPageAgainWithoutScripts) {
+  server_.Serve("/page", "a web page", "text/html");
+  Write("<div id=d>still</div><script>d.textContent = 'ran'</script>");
+  Navigate(QUrl(QString::fromStdString(server_.Url("/page"))));
+  QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
+  Page().triggerAction(QWebEnginePage::Back);
+  EXPECT_TRUE(shown.wait(20'000));
+  EXPECT_EQ(Text(), "still");
+}
+
+TEST_F(HtmlView, APageThatCannotBeLoadedCountsAsShown) {
+  Navigate(QUrl("feedloom://page/4711"));
+  Navigate(QUrl("http://127.0.0.1:1/"));
 }
 
 }  // namespace
