@@ -58,6 +58,12 @@ bool RefreshEngine::Enqueue(RefreshEntry entry) {
   return appended;
 }
 
+void RefreshEngine::EnqueueAll(std::vector<RefreshEntry> entries) {
+  const MutexLock lock(run_->lock);
+  for (RefreshEntry& entry : entries) run_->queue.Append(std::move(entry));
+  run_->changed.notify_all();
+}
+
 void RefreshEngine::StartRefresh() {
   {
     const MutexLock lock(run_->lock);

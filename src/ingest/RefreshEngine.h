@@ -6,13 +6,14 @@
 
 #include <memory>
 #include <thread>
+#include <vector>
 
 #include "ingest/RefreshRun.h"
 
 namespace feedloom {
 
 // One object a process and work folder. Its functions belong to the thread that made it, except
-// IsChannelQueued and Enqueue, which any thread may call.
+// IsChannelQueued, Enqueue and EnqueueAll, which any thread may call.
 //
 // To `frame` go kMessageChannelWorker (a worker began, or was stopped after the time limit),
 // kMessageChannelInserted, kMessageChannelResult; to `host` kMessageRefreshBegan and
@@ -30,6 +31,8 @@ class RefreshEngine {
 
   // False when that channel is queued or being refreshed already.
   bool Enqueue(RefreshEntry entry);
+  // Many at once, waiting for the lock once; those that are queued already are left out.
+  void EnqueueAll(std::vector<RefreshEntry> entries);
 
   // Sees to it that the queue is being worked off: starts a monitor unless one runs, which then
   // takes the new entries. Does nothing when the queue is empty.

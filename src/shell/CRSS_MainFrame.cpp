@@ -1,9 +1,7 @@
 #include "shell/CRSS_MainFrame.h"
 
 #include <QCoreApplication>
-#include <QPointer>
 
-#include "platform/Text.h"
 #include "shell/Feedloom.h"
 #include "shell/FrameRefresh.h"
 #include "shell/FrameTexts.h"
@@ -24,10 +22,9 @@ constexpr int kLeftMinimumWidth = 251;  // pixels
 constexpr int kTopHeight = 200;
 constexpr int kRest = 1 << 16;  // what a splitter cuts to the room there is
 
-intptr_t SendToWindow(QWidget* window, unsigned number, std::intptr_t lParam) {
+void SendToWindow(QWidget* window, unsigned number, std::intptr_t lParam) {
   WindowMessage message(number, 0, lParam);
   if (window != nullptr) QCoreApplication::sendEvent(window, &message);
-  return message.result;
 }
 
 }  // namespace
@@ -48,12 +45,21 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWid
 
 // The panes use what the frame owns, so they go first; no thread speaks to it any more by then.
 CRSS_MainFrame::~CRSS_MainFrame() {
-  interfaceThread_->Close();
-  refresh_.reset();
+  StopRefresh();
   delete left_;
   delete rightTop_;
   delete rightBottom_;
   BackupDatabase(*store_);
+}
+
+void CRSS_MainFrame::StopRefresh() {
+  interfaceThread_->Close();
+  refresh_.reset();
+}
+
+void CRSS_MainFrame::EndRefresh() {
+  StopRefresh();
+  if (hostShowsBusy_) OnRefreshMessage(kMessageRefreshEnded);
 }
 
 void CRSS_MainFrame::BuildPanes() {
@@ -110,7 +116,7 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       OnChannelResult(static_cast<int>(wParam), static_cast<int>(lParam));
       break;
     case kMessageChannelWorker:
-      left_->SetChannelNew(static_cast<int>(wParam), lParam != 0);
+      OnChannelWorker(static_cast<int>(wParam), lParam != 0);
       break;
     case kMessageChannelInserted:
       left_->AddStoredChannel(static_cast<int>(wParam));
@@ -128,6 +134,7 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
 }
 
 void CRSS_MainFrame::OnChannelResult(int result, int channelId) {
+  channelsAtWork_.erase(channelId);
   switch (result) {
     case kChannelRefreshed:
       OnChannelRefreshed(channelId);
@@ -138,11 +145,21 @@ void CRSS_MainFrame::OnChannelResult(int result, int channelId) {
       ReportChannel(kTextRefreshError, channelId);
       break;
     case kRunEnded:
+      channelsAtWork_.clear();
       SetRefreshBusy(false);
       break;
     default:
       break;
   }
+}
+
+// A worker begins its channel, or was stopped in the middle of it: then it reports nothing more,
+// but may have stored posts.
+void CRSS_MainFrame::OnChannelWorker(int channelId, bool isNew) {
+  left_->SetChannelNew(channelId, isNew);
+  if (isNew || channelsAtWork_.insert(channelId).second) return;
+  channelsAtWork_.erase(channelId);
+  state_.unreadTotal += left_->RecountChannels();
 }
 
 void CRSS_MainFrame::OnChannelRefreshed(int channelId) {
@@ -164,7 +181,8 @@ void CRSS_MainFrame::ReportChannel(const char* textKey, int channelId) {
 }
 
 void CRSS_MainFrame::OnRefreshMessage(unsigned number) {
-  if (number == kMessageRefreshBegan) SetRefreshBusy(true);
+  hostShowsBusy_ = number == kMessageRefreshBegan;
+  if (hostShowsBusy_) SetRefreshBusy(true);
   SendToWindow(window(), number, 0);
 }
 
@@ -194,14 +212,12 @@ MsgBoxAnswer CRSS_MainFrame::ShowTextMessage(const char* section, const char* ke
   return ShowMsgBox(skin_, ToQString(store_->TextCodePage(), text), kind, this);
 }
 
-bool CRSS_MainFrame::QueueRefresh(RefreshEntry entry) {
-  return refresh_->Engine().Enqueue(std::move(entry));
+void CRSS_MainFrame::QueueRefresh(std::vector<RefreshEntry> entries) {
+  if (refresh_) refresh_->Engine().EnqueueAll(std::move(entries));
 }
 
-void CRSS_MainFrame::StartRefresh() { refresh_->Engine().StartRefresh(); }
-
-bool CRSS_MainFrame::IsChannelQueued(int channelId) const {
-  return refresh_->Engine().IsChannelQueued(channelId);
+void CRSS_MainFrame::StartRefresh() {
+  if (refresh_) refresh_->Engine().StartRefresh();
 }
 
 void CRSS_MainFrame::ListPosts(ListMode mode, PostList list) {

@@ -5,6 +5,8 @@
 #include <QSplitter>
 #include <memory>
 #include <string>
+#include <unordered_set>
+#include <vector>
 
 #include "ingest/IngestServices.h"
 #include "shell/ModulePaths.h"
@@ -30,6 +32,9 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   // Stops a refresh and backs the database up.
   ~CRSS_MainFrame() override;
 
+  // Stops a refresh for good and tells the host, which is still there, that it has ended.
+  void EndRefresh();
+
   // Handles one message; 0 for every one.
   std::intptr_t OnMessage(unsigned number, std::intptr_t wParam, std::intptr_t lParam);
 
@@ -38,9 +43,8 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   SharedState& State() override { return state_; }
   void ReportMessage(std::string_view text) override;
   MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) override;
-  bool QueueRefresh(RefreshEntry entry) override;
+  void QueueRefresh(std::vector<RefreshEntry> entries) override;
   void StartRefresh() override;
-  bool IsChannelQueued(int channelId) const override;
   void ListPosts(ListMode mode, PostList list) override;
   void RelistPosts(PostList list) override;
   void ShowPost(const PostRow& post) override;
@@ -57,9 +61,11 @@ class CRSS_MainFrame : public QSplitter, public Frame {
  private:
   void BuildPanes();
   void BeginLife();
+  void StopRefresh();
   void SendText();
   void OnChannelResult(int result, int channelId);
   void OnChannelRefreshed(int channelId);
+  void OnChannelWorker(int channelId, bool isNew);
   void ReportChannel(const char* textKey, int channelId);
   void OnRefreshMessage(unsigned number);
   void SetRefreshBusy(bool busy);
@@ -70,8 +76,10 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   const std::shared_ptr<Store> store_;
   Settings settings_;  // as they were stored when the frame was made
   SharedState state_;
-  std::string messageText_;  // the last text handed to the host
-  std::unique_ptr<FrameRefresh> refresh_;
+  std::string messageText_;                // the last text handed to the host
+  std::unique_ptr<FrameRefresh> refresh_;  // null once it was stopped
+  bool hostShowsBusy_ = false;  // it was told that a refresh has begun, and not of its end
+  std::unordered_set<int> channelsAtWork_;  // a worker has them, and has not reported yet
 
   CRSS_LeftContainer* left_ = nullptr;
   CRSS_RightTopContainer* rightTop_ = nullptr;

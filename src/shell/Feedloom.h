@@ -1,8 +1,8 @@
 // Everything that a host program needs of the module feedloom.so. docs/host-interface.md has the
 // whole contract and a minimal host.
 //
-// The host loads the module, calls Create once, DestroyBtn once, and unloads it. All of this is
-// done on the interface thread.
+// The host loads the module before it makes its application object, calls Create, shows the frame,
+// calls DestroyBtn, and may unload it. All of this is done on the interface thread.
 #pragma once
 
 #include <QEvent>
@@ -55,7 +55,8 @@ FEEDLOOM_EXPORT QWidget* Create(feedloom::HostCallback HostGetText,
                                 feedloom::HostCallback HostGetSkinValue, QWidget* parent);
 
 // Destroys the frame and all that the module has open; a refresh that runs is stopped. Posts stored
-// so far stay, and a copy of the database is made. Returns within a second. Not to be called from
-// the handler of a message that the module has sent.
+// so far stay, and a copy of the database is made. Returns within a second, or as soon as a very
+// large database is copied. Not to be called from the handler of a message that the module has
+// sent.
 FEEDLOOM_EXPORT void DestroyBtn();
 }

@@ -32,4 +32,7 @@ QWidget* Create(feedloom::HostCallback HostGetText, feedloom::HostCallback HostG
   return theFrame;
 }
 
-void DestroyBtn() { delete feedloom::theFrame.data(); }
+void DestroyBtn() {
+  if (feedloom::theFrame) feedloom::theFrame->EndRefresh();
+  delete feedloom::theFrame.data();
+}

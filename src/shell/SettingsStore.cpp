@@ -75,8 +75,9 @@ void SavePanelSettings(const Registry& registry, const Settings& settings) {
   }
 }
 
-bool ValidatePanelSettings(const Settings& settings) {
-  return settings.feedDeleteMode != 0 || settings.feedDeleteDate >= 1;
+const char* ValidatePanelSettings(const Settings& settings) {
+  const bool isSound = settings.feedDeleteMode != 0 || settings.feedDeleteDate >= 1;
+  return isSound ? nullptr : kTextDeleteDateError;
 }
 
 }  // namespace feedloom

@@ -14,7 +14,8 @@ Settings LoadFrameSettings(const Registry& registry);
 Settings LoadPanelSettings(const Registry& registry);
 void SavePanelSettings(const Registry& registry, const Settings& settings);
 
-// False when automatic deletion is on without an age to delete at.
-bool ValidatePanelSettings(const Settings& settings);
+// The key of the text that says what is wrong with `settings`, null when nothing is: automatic
+// deletion needs an age to delete at.
+const char* ValidatePanelSettings(const Settings& settings);
 
 }  // namespace feedloom

@@ -34,12 +34,10 @@ class Frame {
   // when it returns; the answer is Declined then.
   virtual MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) = 0;
 
-  // False when that channel is queued already.
-  virtual bool QueueRefresh(RefreshEntry entry) = 0;
+  // Puts the channels into the queue, but for those that are in it already.
+  virtual void QueueRefresh(std::vector<RefreshEntry> entries) = 0;
   // Works off the queue; does nothing when it is empty.
   virtual void StartRefresh() = 0;
-  // True while the channel waits or is being refreshed.
-  virtual bool IsChannelQueued(int channelId) const = 0;
 
   // From the tree to the list: fills it, in this mode, and shows its first post, or the main page
   // when there is none.

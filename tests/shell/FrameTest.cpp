@@ -118,6 +118,17 @@ TEST_F(MainFrame, TheNewMarkGoesOutWhenARefreshBeginsAndWhenTheChannelIsSelected
   EXPECT_FALSE(IsNew());
 }
 
+TEST_F(MainFrame, AChannelWhoseWorkerWasStoppedIsCountedToo) {
+  CreateFrame();
+  Send(kMessageChannelWorker, 1, 0);
+  AddPosts(1, 3);
+  Sql("update TB_CHANNEL set channel_state = -2");
+  EXPECT_EQ(TreeLabels()[1], "  Feedloom 시작하기");
+  Send(kMessageChannelWorker, 1, 0);
+  EXPECT_EQ(TreeLabels()[1], "  Feedloom 시작하기(3)");
+  EXPECT_EQ(SampleChannel().data(GroupTreeModel::StateRole).toInt(), -2);
+}
+
 TEST_F(MainFrame, AChannelThatARefreshInsertedGetsItsRow) {
   CreateFrame();
   const int id = AddChannel("Fresh", "/fresh.xml");

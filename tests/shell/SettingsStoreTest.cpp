@@ -76,9 +76,10 @@ TEST_F(SettingsStore, ARegistryThatCannotBeReadGivesDefaultsAndIsLeftAlone) {
 }
 
 TEST(Settings, AutomaticDeletionNeedsAnAge) {
-  EXPECT_FALSE(ValidatePanelSettings({.feedDeleteMode = 0, .feedDeleteDate = 0}));
-  EXPECT_TRUE(ValidatePanelSettings({.feedDeleteMode = 0, .feedDeleteDate = 1}));
-  EXPECT_TRUE(ValidatePanelSettings({.feedDeleteMode = 1, .feedDeleteDate = 0}));
+  EXPECT_STREQ(ValidatePanelSettings({.feedDeleteMode = 0, .feedDeleteDate = 0}),
+               "RSS_MSG_CONFIG_DELETEDATE_ERROR");
+  EXPECT_EQ(ValidatePanelSettings({.feedDeleteMode = 0, .feedDeleteDate = 1}), nullptr);
+  EXPECT_EQ(ValidatePanelSettings({.feedDeleteMode = 1, .feedDeleteDate = 0}), nullptr);
 }
 
 }  // namespace

@@ -22,9 +22,10 @@ class FakeFrame : public Frame {
     questions.emplace_back(key);
     return nextAnswer;
   }
-  bool QueueRefresh(RefreshEntry entry) override { return queue.Append(std::move(entry)); }
+  void QueueRefresh(std::vector<RefreshEntry> entries) override {
+    for (RefreshEntry& entry : entries) queue.Append(std::move(entry));
+  }
   void StartRefresh() override { ++refreshes; }
-  bool IsChannelQueued(int channelId) const override { return queue.Contains(channelId); }
   void ListPosts(ListMode mode, PostList list) override {
     state.listMode = mode;
     lists.push_back(std::move(list));

@@ -35,19 +35,24 @@ TEST_F(InterfaceThreadTest, WorkOfTheInterfaceThreadItselfRunsAtOnce) {
   EXPECT_EQ(runs, 2);
 }
 
+// Many rounds, so that the sender is met at its wait, too.
 TEST_F(InterfaceThreadTest, ClosingLetsAWaitingSenderGoWithoutRunningItsWork) {
-  std::atomic<bool> sent = false;
-  std::atomic<bool> ran = false;
-  std::thread sender([&] {
-    interface_->Run([&] { ran = true; });
-    sent = true;
-    interface_->RunAndWait([&] { ran = true; });
-  });
-  while (!sent) std::this_thread::yield();
-  interface_->Close();
-  sender.join();
-  QCoreApplication::processEvents();
-  EXPECT_FALSE(ran);
+  for (int round = 0; round < 200; ++round) {
+    InterfaceThread closing;
+    std::atomic<bool> sent = false;
+    std::atomic<bool> ran = false;
+    std::thread sender([&] {
+      closing.Run([&] { ran = true; });
+      sent = true;
+      closing.RunAndWait([&] { ran = true; });
+    });
+    while (!sent) std::this_thread::yield();
+    for (int i = 0; i < round; ++i) std::this_thread::yield();
+    closing.Close();
+    sender.join();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(ran);
+  }
 }
 
 TEST_F(InterfaceThreadTest, IsDeafOnceItIsClosed) {

@@ -44,8 +44,6 @@ QVariant PostListModel::data(const QModelIndex& index, int role) const {
       return CellText(post, index.column());
     case kIsReadRole:
       return IsRead(post);
-    case kPostIdRole:
-      return post.id;
     default:
       return {};
   }

@@ -14,7 +14,7 @@ namespace feedloom {
 class PostListModel : public QAbstractTableModel {
  public:
   enum Column { kReadColumn, kTitleColumn, kDateColumn, kOwnerColumn, kColumnCount };
-  enum Role { kIsReadRole = Qt::UserRole, kPostIdRole };
+  enum Role { kIsReadRole = Qt::UserRole };
 
   // The texts of the posts are in `codePage`.
   PostListModel(CodePage codePage, QObject* parent);

@@ -71,9 +71,7 @@ void CRSS_LeftContainer::LoadTree() {
 }
 
 void CRSS_LeftContainer::RefreshAll() {
-  for (RefreshEntry& entry : RefreshEntriesOf(model_.Groups())) {
-    frame_.QueueRefresh(std::move(entry));
-  }
+  frame_.QueueRefresh(RefreshEntriesOf(model_.Groups()));
   frame_.StartRefresh();
 }
 
@@ -93,6 +91,17 @@ void CRSS_LeftContainer::SetChannelNew(int channelId, bool isNew) {
 
 void CRSS_LeftContainer::SetChannelState(int channelId, int state) {
   model_.SetChannelState(channelId, state);
+}
+
+int CRSS_LeftContainer::RecountChannels() {
+  std::vector<ChannelRow> stored;
+  if (!LoadChannelList(frame_.TheStore(), stored)) return 0;
+  int added = 0;
+  for (const ChannelRow& channel : stored) {
+    added += model_.SetChannelUnread(channel.id, channel.unreadCount);
+    model_.SetChannelState(channel.id, channel.state);
+  }
+  return added;
 }
 
 void CRSS_LeftContainer::AddStoredChannel(int channelId) {

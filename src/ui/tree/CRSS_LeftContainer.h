@@ -46,6 +46,10 @@ class CRSS_LeftContainer : public QWidget {
   // The result of the channel's last refresh: below 0 a failure.
   void SetChannelState(int channelId, int state);
 
+  // Reads the counts and states of all channels from the store again. Returns the sum of the
+  // differences to the counts before.
+  int RecountChannels();
+
   // A refresh put this channel into the store: appends its row unless it is there. Its unread count
   // is 0 until SetChannelUnread tells it, so that the difference holds all of the channel's posts.
   void AddStoredChannel(int channelId);

@@ -26,9 +26,15 @@ QPixmap BuiltInIcon(QColor color) {
   return icon;
 }
 
-QPixmap LoadIcon(const Skin& skin, const char* key, QColor builtInColor) {
-  const QPixmap icon = LoadSkinImage(skin, kSectionLeft, key);
-  return icon.isNull() ? BuiltInIcon(builtInColor) : icon;
+// In an image that knows no transparency, these colours are the transparent ones.
+constexpr QColor kChannelMask(0xEC, 0xFF, 0xE6);
+constexpr QColor kCabinetMask(0xE4, 0xF3, 0xFF);
+
+QPixmap LoadIcon(const Skin& skin, const char* key, QColor mask, QColor builtInColor) {
+  QPixmap icon = LoadSkinImage(skin, kSectionLeft, key);
+  if (icon.isNull()) return BuiltInIcon(builtInColor);
+  if (!icon.hasAlphaChannel()) icon.setMask(icon.createMaskFromColor(mask));
+  return icon;
 }
 
 QCursor LoadRowCursor(const Skin& skin) {
@@ -44,10 +50,10 @@ TreeSkin LoadTreeSkin(const Skin& skin) {
                                           kImageFolderRight),
           .cabinetHeader = LoadThreePieces(skin, kSectionLeft, kImageCabinetLeft,
                                            kImageCabinetMiddle, kImageCabinetRight),
-          .channelIcon = LoadIcon(skin, kImageRowIcon1, kChannelColor),
-          .failingChannelIcon = LoadIcon(skin, kImageRowIcon2, kFailingColor),
-          .cabinetIcon = LoadIcon(skin, kImageRowIcon3, kCabinetColor),
-          .unreadCabinetIcon = LoadIcon(skin, kImageRowIcon4, kUnreadCabinetColor),
+          .channelIcon = LoadIcon(skin, kImageRowIcon1, kChannelMask, kChannelColor),
+          .failingChannelIcon = LoadIcon(skin, kImageRowIcon2, kChannelMask, kFailingColor),
+          .cabinetIcon = LoadIcon(skin, kImageRowIcon3, kCabinetMask, kCabinetColor),
+          .unreadCabinetIcon = LoadIcon(skin, kImageRowIcon4, kCabinetMask, kUnreadCabinetColor),
           .rowCursor = LoadRowCursor(skin)};
 }
 

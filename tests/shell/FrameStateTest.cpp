@@ -1,0 +1,72 @@
+// The counters behind the frame, which no host sees.
+#include <gtest/gtest.h>
+
+#include <QWidget>
+#include <filesystem>
+
+#include "kit/TestProfile.h"
+#include "platform/Messages.h"
+#include "shell/CRSS_MainFrame.h"
+#include "skin/Keys.h"
+#include "store/Connection.h"
+#include "store/Posts.h"
+#include "ui/browser/CRSS_RightBottomContainer.h"
+
+namespace feedloom {
+namespace {
+
+class FrameState : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { PrepareBrowser(); }
+
+  void CreateFrame() {
+    const ModulePaths paths{profile_.Paths().module, profile_.Paths().registry};
+    frame_ = std::make_unique<CRSS_MainFrame>(profile_.Lookup(), paths, &host_);
+  }
+
+  void AddPosts(std::initializer_list<const char*> links) {
+    Store store(profile_.Paths().database, CodePage::Korean(), SystemClock(), [](auto) {});
+    ChannelRecord record;
+    record.id = 1;
+    for (const char* link : links) record.posts.emplace_back().link = link;
+    Connection connection(store);
+    InsertChannelPosts(connection, record);
+  }
+
+  SharedState& State() { return frame_->State(); }
+
+  TestProfile profile_;
+  QWidget host_;
+  std::unique_ptr<CRSS_MainFrame> frame_;
+};
+
+TEST_F(FrameState, TheUnreadTotalBeginsWithTheStoresAndGrowsByWhatARefreshBrings) {
+  AddPosts({"a", "b"});
+  CreateFrame();
+  EXPECT_EQ(State().unreadTotal, 2);
+  EXPECT_EQ(State().announcedTotal, 2);
+  AddPosts({"c", "d", "e"});
+  frame_->OnMessage(kMessageChannelResult, kChannelRefreshed, 1);
+  EXPECT_EQ(State().unreadTotal, 5);
+  EXPECT_EQ(State().announcedTotal, 2);
+  frame_->OnMessage(kMessageChannelResult, kDownloadFailed, 1);
+  EXPECT_EQ(State().unreadTotal, 5);
+}
+
+TEST_F(FrameState, AStoreThatCannotBeReadGivesTheFailureValue) {
+  std::filesystem::remove(profile_.Paths().database);
+  std::filesystem::create_directory(profile_.Paths().database);
+  CreateFrame();
+  EXPECT_EQ(State().unreadTotal, -1);
+  EXPECT_EQ(State().announcedTotal, -1);
+}
+
+TEST_F(FrameState, LiveSettingsBeginAtZeroWhateverIsStored) {
+  EXPECT_TRUE(profile_.TheRegistry().WriteString(kModuleKey, "NewFeedModeStr", "1"));
+  EXPECT_TRUE(profile_.TheRegistry().WriteString(kModuleKey, "PreviewModeStr", "1"));
+  CreateFrame();
+  EXPECT_EQ(State().liveSettings, Settings());
+}
+
+}  // namespace
+}  // namespace feedloom
