@@ -55,8 +55,8 @@ FEEDLOOM_EXPORT QWidget* Create(feedloom::HostCallback HostGetText,
                                 feedloom::HostCallback HostGetSkinValue, QWidget* parent);
 
 // Destroys the frame and all that the module has open; a refresh that runs is stopped. Posts stored
-// so far stay, and a copy of the database is made. Returns within a second, or as soon as a very
-// large database is copied. Not to be called from the handler of a message that the module has
-// sent.
+// so far stay, and a copy of the database is made. Returns within a second; a database of
+// more than 200 MB takes longer to copy. Not to be called from the handler of a message that the
+// module has sent.
 FEEDLOOM_EXPORT void DestroyBtn();
 }

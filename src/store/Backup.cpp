@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace feedloom {
 namespace {
@@ -35,6 +36,17 @@ bool HasTables(sqlite3* handle) {
                       nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
+// Neither must one whose pages are damaged.
+bool IsSound(sqlite3* handle) {
+  const auto isOk = [](void* result, int, char** cells, char**) {
+    *static_cast<bool*>(result) = std::string_view(cells[0]) == "ok";
+    return 0;
+  };
+  bool sound = false;
+  sqlite3_exec(handle, "PRAGMA quick_check(1);", isOk, &sound, nullptr);
+  return sound;
+}
+
 // All pages in one step: the database stays as it is meanwhile.
 bool CopyPages(sqlite3* from, sqlite3* to) {
   sqlite3_exec(to, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF;", nullptr, nullptr,
@@ -49,7 +61,7 @@ bool CopyDatabase(const std::string& fromPath, const std::string& toPath) {
   const Handle from = Open(fromPath, SQLITE_OPEN_READWRITE);
   if (!from || !HasTables(from.get())) return false;
   const Handle to = Open(toPath, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-  return to && CopyPages(from.get(), to.get());
+  return to && CopyPages(from.get(), to.get()) && IsSound(to.get());
 }
 
 bool ReachedDisk(const std::string& path) {

@@ -38,6 +38,16 @@ TEST_F(Backup, KeepsTheOlderCopyWhenTheDatabaseIsGoneEmptyOrDamaged) {
   EXPECT_EQ(db_.Reports(), std::vector<std::string>());
 }
 
+TEST_F(Backup, KeepsTheOlderCopyWhenPagesInTheMiddleAreDamaged) {
+  db_.AddChannelWithPosts(1, "c", 300);
+  db_.Folder().Write("rssdb.bak", "an older copy");
+  std::string bytes = db_.Folder().Read("rssdb");
+  bytes.replace(bytes.size() / 2, 8192, 8192, '\x5A');
+  db_.Folder().Write("rssdb", bytes);
+  EXPECT_FALSE(BackupDatabase(db_.Get()));
+  EXPECT_EQ(db_.Folder().Read("rssdb.bak"), "an older copy");
+}
+
 TEST_F(Backup, IsNotTakenWhileAnotherProgramWrites) {
   db_.Folder().Write("rssdb.bak", "an older copy");
   {
