@@ -26,7 +26,7 @@ function(feedloom_widget_library name)
   target_link_libraries(${name} PUBLIC Qt6::Widgets)
 endfunction()
 
-# feedloom_test(NAME SOURCES file... LINKS target... LABELS label...): the test program of one
+# feedloom_test(NAME SOURCES file... LINKS target... LABELS label): the test program of one
 # folder; each of its test cases is a ctest of its own.
 function(feedloom_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;LABELS")

@@ -33,6 +33,8 @@ int WriteAndSync(int handle, std::string_view content) {
 }  // namespace
 
 std::optional<std::string> ReadFile(const std::string& path) {
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path, ignored)) return std::nullopt;  // a stream would throw
   std::ifstream file(path, std::ios::binary);
   std::string content(std::istreambuf_iterator<char>(file), {});
   if (!file) return std::nullopt;

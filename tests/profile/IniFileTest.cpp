@@ -36,6 +36,12 @@ TEST(IniFileTest, TheLanguagesOwnSectionComesFirst) {
   EXPECT_EQ(file.ValueInLanguage("S", "C", "ENG"), std::nullopt);
 }
 
+TEST(IniFileTest, WhatIsNoFileHasNoValues) {
+  const TempFolder folder;
+  EXPECT_EQ(IniFile::Read(folder.File("missing")).Value("S", "A"), std::nullopt);
+  EXPECT_EQ(IniFile::Read(folder.Path()).Value("S", "A"), std::nullopt);
+}
+
 TEST(HostTextsTest, AnswerFromTheHostsIniFiles) {
   const TempFolder folder;
   folder.Write("string.ini", "[FEEDLOOM]\nHELLO=안녕\n[FEEDLOOM.ENG]\nHELLO=Hello\n");
