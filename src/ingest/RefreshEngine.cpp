@@ -75,8 +75,15 @@ void RefreshEngine::StartRefresh() {
 }
 
 bool RefreshEngine::IsChannelQueued(int channelId) const {
+  return IsAnyChannelQueued({&channelId, 1});
+}
+
+bool RefreshEngine::IsAnyChannelQueued(std::span<const int> channelIds) const {
   const MutexLock lock(run_->lock);
-  return run_->queue.Contains(channelId);
+  for (const int channelId : channelIds) {
+    if (run_->queue.Contains(channelId)) return true;
+  }
+  return false;
 }
 
 void RefreshEngine::Stop() {

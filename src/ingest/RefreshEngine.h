@@ -5,6 +5,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <thread>
 #include <vector>
 
@@ -13,7 +14,7 @@
 namespace feedloom {
 
 // One object a process and work folder. Its functions belong to the thread that made it, except
-// IsChannelQueued, Enqueue and EnqueueAll, which any thread may call.
+// IsChannelQueued, IsAnyChannelQueued, Enqueue and EnqueueAll, which any thread may call.
 //
 // To `frame` go kMessageChannelWorker (a worker began, or was stopped after the time limit),
 // kMessageChannelInserted, kMessageChannelResult; to `host` kMessageRefreshBegan and
@@ -40,6 +41,8 @@ class RefreshEngine {
 
   // True while the channel waits or is being refreshed.
   bool IsChannelQueued(int channelId) const;
+  // The same of one of many, waiting for the lock once.
+  bool IsAnyChannelQueued(std::span<const int> channelIds) const;
 
   // Ends the run for good, in well under a second: entries that wait are discarded, workers are
   // stopped, and one that does not come back is given up. Posts stored so far stay. A second call

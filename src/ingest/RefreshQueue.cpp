@@ -1,51 +1,62 @@
 #include "ingest/RefreshQueue.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace feedloom {
+namespace {
+
+std::string AddressIn(const RefreshEntry& entry) {
+  return std::to_string(entry.folderId) + ' ' + entry.xmlLink;
+}
+
+}  // namespace
 
 bool RefreshQueue::Append(RefreshEntry entry) {
   const bool isStored = entry.channelId >= 0;
-  if (isStored ? Contains(entry.channelId) : ContainsAddress(entry)) return false;
+  if (isStored ? Contains(entry.channelId) : addresses_.contains(AddressIn(entry))) return false;
   if (!isStored) entry.channelId = --lastUnstoredId_;
-  slots_.push_back({std::move(entry)});
+  const Place place = entries_.insert(entries_.end(), std::move(entry));
+  if (!HasWaiting()) firstWaiting_ = place;
+  Index(place);
   return true;
 }
 
 std::optional<RefreshEntry> RefreshQueue::Claim() {
-  const auto waiting = std::ranges::find(slots_, false, &Slot::taken);
-  if (waiting == slots_.end()) return std::nullopt;
-  waiting->taken = true;
-  return waiting->entry;
-}
-
-bool RefreshQueue::HasWaiting() const {
-  return std::ranges::find(slots_, false, &Slot::taken) != slots_.end();
-}
-
-bool RefreshQueue::Contains(int channelId) const {
-  return std::ranges::any_of(slots_,
-                             [&](const Slot& slot) { return slot.entry.channelId == channelId; });
-}
-
-bool RefreshQueue::ContainsAddress(const RefreshEntry& entry) const {
-  return std::ranges::any_of(slots_, [&](const Slot& slot) {
-    return slot.entry.folderId == entry.folderId && slot.entry.xmlLink == entry.xmlLink;
-  });
+  if (!HasWaiting()) return std::nullopt;
+  return *firstWaiting_++;
 }
 
 void RefreshQueue::Renumber(int channelId, int newId) {
-  for (Slot& slot : slots_) {
-    if (slot.entry.channelId == channelId) slot.entry.channelId = newId;
+  if (newId == channelId) return;
+  while (auto indexed = byId_.extract(channelId)) {
+    indexed.mapped()->channelId = newId;
+    indexed.key() = newId;
+    byId_.insert(std::move(indexed));
   }
 }
 
 void RefreshQueue::Remove(int channelId) {
-  slots_.remove_if([&](const Slot& slot) { return slot.entry.channelId == channelId; });
+  while (const auto indexed = byId_.extract(channelId)) Erase(indexed.mapped());
 }
 
 void RefreshQueue::RemoveWaiting() {
-  slots_.remove_if([](const Slot& slot) { return !slot.taken; });
+  entries_.erase(firstWaiting_, entries_.end());
+  firstWaiting_ = entries_.end();
+  byId_.clear();
+  addresses_.clear();
+  for (Place place = entries_.begin(); place != entries_.end(); ++place) Index(place);
+}
+
+void RefreshQueue::Index(Place place) {
+  byId_.emplace(place->channelId, place);
+  addresses_.insert(AddressIn(*place));
+}
+
+// The entry that `byId_` no longer names.
+void RefreshQueue::Erase(Place place) {
+  addresses_.erase(addresses_.find(AddressIn(*place)));
+  if (place == firstWaiting_) ++firstWaiting_;
+  entries_.erase(place);
 }
 
 }  // namespace feedloom

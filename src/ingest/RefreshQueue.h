@@ -4,6 +4,8 @@
 #include <list>
 #include <optional>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace feedloom {
 
@@ -17,9 +19,14 @@ struct RefreshEntry {
   int order = -1;
 };
 
-// A plain container: whoever shares it between threads guards it.
+// A plain container: whoever shares it between threads guards it. But for RemoveWaiting, what a
+// function takes does not grow with the queue.
 class RefreshQueue {
  public:
+  RefreshQueue() = default;
+  RefreshQueue(const RefreshQueue&) = delete;
+  RefreshQueue& operator=(const RefreshQueue&) = delete;
+
   // False, and nothing is appended, when that channel is in the queue already. A channel that is
   // not in the store yet is known by its folder and address, and gets a negative id of its own: two
   // workers with the same one would both insert it.
@@ -28,9 +35,9 @@ class RefreshQueue {
   // Takes the first entry that waits: it stays in the queue until Remove. None when none waits.
   std::optional<RefreshEntry> Claim();
 
-  bool HasWaiting() const;
-  bool IsEmpty() const { return slots_.empty(); }
-  bool Contains(int channelId) const;
+  bool HasWaiting() const { return firstWaiting_ != entries_.end(); }
+  bool IsEmpty() const { return entries_.empty(); }
+  bool Contains(int channelId) const { return byId_.contains(channelId); }
 
   // A channel that was inserted into the store goes on under its new id.
   void Renumber(int channelId, int newId);
@@ -38,14 +45,18 @@ class RefreshQueue {
   void RemoveWaiting();
 
  private:
-  struct Slot {
-    RefreshEntry entry;
-    bool taken = false;
-  };
+  using Entries = std::list<RefreshEntry>;
+  using Place = Entries::iterator;
 
-  bool ContainsAddress(const RefreshEntry& entry) const;
+  void Index(Place place);
+  void Erase(Place place);
 
-  std::list<Slot> slots_;
+  // In the order of Append, which is that of Claim: those that are taken stand before the others.
+  Entries entries_;
+  Place firstWaiting_ = entries_.end();
+  // Several have one id when a channel turns out, on being inserted, to be in the store already.
+  std::unordered_multimap<int, Place> byId_;
+  std::unordered_multiset<std::string> addresses_;  // each with its folder
   int lastUnstoredId_ = 0;
 };
 
