@@ -8,6 +8,10 @@ namespace feedloom {
 inline constexpr char kSectionTexts[] = "FEEDLOOM";
 inline constexpr char kSectionHtml[] = "RSS_HTML";
 inline constexpr char kSectionLeft[] = "RSS_LEFT";
+inline constexpr char kSectionRightTopToolbar[] = "RSS_RIGHTTOP_TOOLBAR";
+inline constexpr char kSectionControls[] = "RSS_COMMON_CTRL_IMAGE";
+inline constexpr char kSectionSearchDialog[] = "RSS_DLG_SEARCH";
+inline constexpr char kSectionScrapDialog[] = "RSS_DLG_SCRAP";
 inline constexpr char kSectionMsgBox[] = "GLAZEKIT_UI";
 inline constexpr char kSectionFont[] = "THEMEMANAGER_FONT";
 inline constexpr char kSectionHost[] = "HALVIX";  // the host program's own texts

@@ -10,16 +10,14 @@
 #include <QStyleOptionButton>
 #include <algorithm>
 
+#include "vxctrl/SkinLook.h"
+
 namespace feedloom {
 namespace {
 
-// The text lies on the skin's image, so its colours must not follow the desktop's.
-constexpr QColor kTextColor(0x2B, 0x3A, 0x40);
-constexpr QColor kDisabledTextColor(0x9A, 0xA8, 0xAD);
-constexpr QColor kFocusColor(0x2F, 0x7F, 0xB8);
-
 constexpr int kTextMargin = 12;  // between text and left or right edge
 constexpr int kImageEdge = 6;    // what stays as it is at the edges of an image that is stretched
+constexpr int kFocusInset = 2;
 
 void DrawImage(QPainter& painter, const QRect& area, const QPixmap& image) {
   if (image.deviceIndependentSize().toSize() == area.size()) {
@@ -90,7 +88,7 @@ void CButtonEx::DrawLabel(QPainter& painter) const {
   const QRect area = rect().adjusted(kImageEdge / 2, 0, -kImageEdge / 2, 0);
   const QString label =
       fontMetrics().elidedText(text(), Qt::ElideRight, area.width(), Qt::TextShowMnemonic);
-  painter.setPen(isEnabled() ? kTextColor : kDisabledTextColor);
+  painter.setPen(isEnabled() ? kSkinTextColor : kSkinDisabledTextColor);
   painter.drawText(area, Qt::AlignCenter | Qt::TextShowMnemonic, label);
 }
 
@@ -103,10 +101,7 @@ void CButtonEx::paintEvent(QPaintEvent* /*event*/) {
     DrawImage(painter, rect(), image);
   }
   if (!text().isEmpty()) DrawLabel(painter);
-  if (!hasFocus()) return;
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(kFocusColor);
-  painter.drawRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), 2, 2);
+  if (hasFocus()) DrawSkinFocus(painter, rect(), kFocusInset);
 }
 
 void CButtonEx::keyPressEvent(QKeyEvent* event) {

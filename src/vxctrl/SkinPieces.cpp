@@ -8,8 +8,6 @@
 namespace feedloom {
 namespace {
 
-int WidthOf(const QPixmap& piece) { return piece.deviceIndependentSize().toSize().width(); }
-
 void DrawMiddle(QPainter& painter, const QRect& area, const QPixmap& piece) {
   if (area.width() <= 0 || piece.isNull()) return;
   const QSize size(piece.width(), qRound(area.height() * piece.devicePixelRatio()));
@@ -24,6 +22,8 @@ QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key) {
   return QPixmap(QFile::decodeName(skin.GetImagePath(section, key).c_str()));
 }
 
+QSize SizeOf(const QPixmap& piece) { return piece.deviceIndependentSize().toSize(); }
+
 ThreePieces LoadThreePieces(const Skin& skin, const char* section, const char* leftKey,
                             const char* middleKey, const char* rightKey) {
   return {.left = LoadSkinImage(skin, section, leftKey),
@@ -35,8 +35,8 @@ void DrawThreePieces(QPainter& painter, const QRect& area, const ThreePieces& pi
   if (area.isEmpty()) return;
   painter.save();
   painter.setClipRect(area, Qt::IntersectClip);  // an area may be narrower than its outer pieces
-  const QRect left(area.topLeft(), QSize(WidthOf(pieces.left), area.height()));
-  const int rightWidth = WidthOf(pieces.right);
+  const QRect left(area.topLeft(), QSize(SizeOf(pieces.left).width(), area.height()));
+  const int rightWidth = SizeOf(pieces.right).width();
   const QRect right(area.right() + 1 - rightWidth, area.top(), rightWidth, area.height());
   DrawMiddle(painter, area.adjusted(left.width(), 0, -right.width(), 0), pieces.middle);
   painter.drawPixmap(left, pieces.left);

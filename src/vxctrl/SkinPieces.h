@@ -13,6 +13,9 @@ class Skin;
 // The image that the host names under this key; a null pixmap when there is none.
 QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key);
 
+// The piece's size on the screen.
+QSize SizeOf(const QPixmap& piece);
+
 struct ThreePieces {
   QPixmap left;
   QPixmap middle;

@@ -15,6 +15,7 @@
 #include "platform/Text.h"
 #include "skin/KeyTable.h"
 #include "skin/Keys.h"
+#include "skin/Labels.h"
 
 namespace feedloom {
 namespace {
@@ -82,7 +83,20 @@ TEST(KeysTest, EachTextIsThereInBothLanguagesAndNoOther) {
   Keys known = KnownTexts();
   EXPECT_EQ(KeysOf(sections["FEEDLOOM"]), known);
   known.erase(kTextUrlScheme);  // the same in all languages
+  for (const Label& label : Labels()) known.insert(label.key);  // Korean is built in
   EXPECT_EQ(KeysOf(sections["FEEDLOOM.ENG"]), known);
+}
+
+TEST(KeysTest, LabelsAreTheHostsOrElseTheModulesOwn) {
+  const ShippedSkin korean("KOR");
+  const ShippedSkin english("ENG");
+  const CodePage codePage = CodePage::Korean();
+  for (const Label& label : Labels()) {
+    const std::string builtIn = GetLabel(korean.Get(), label);
+    EXPECT_EQ(codePage.ToUtf8(builtIn), label.builtIn);
+    EXPECT_NE(GetLabel(english.Get(), label), builtIn);
+  }
+  EXPECT_EQ(GetLabel(english.Get(), kLabelSearchResult), "Posts found: %d");
 }
 
 TEST(KeysTest, NoTextIsEmptyOrHoldsWhatTheKoreanCodePageLacks) {

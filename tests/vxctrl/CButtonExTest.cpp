@@ -8,13 +8,10 @@
 #include <QTest>
 #include <filesystem>
 #include <memory>
-#include <ostream>
 
 #include "kit/TempFolder.h"
 #include "vxctrl/CButtonEx.h"
-
-// QColor in a failed test's report.
-void PrintTo(const QColor& color, std::ostream* out) { *out << color.name().toStdString(); }
+#include "vxctrl/PrintColor.h"
 
 namespace feedloom {
 namespace {

@@ -1,0 +1,37 @@
+#include "ui/dialogs/CRSS_ScrapDlg.h"
+
+#include "skin/Keys.h"
+#include "store/Cabinets.h"
+#include "ui/Frame.h"
+#include "vxctrl/CVxComboBox.h"
+#include "vxctrl/QtText.h"
+
+namespace feedloom {
+
+CRSS_ScrapDlg::CRSS_ScrapDlg(Frame& frame, QWidget* parent)
+    : CVxDialog(frame.TheSkin(), kTextScrapDialogTitle, parent),
+      frame_(frame),
+      cabinets_(*AddComboBox(kTextScrapDialogLabel)) {
+  ListCabinets();
+  AddButtons(kSectionScrapDialog, kButtonScrapConfirm, kButtonScrapCancel);
+}
+
+void CRSS_ScrapDlg::ListCabinets() {
+  std::vector<CabinetRow> cabinets;
+  LoadCabinetList(frame_.TheStore(), cabinets);
+  const CodePage codePage = frame_.TheStore().TextCodePage();
+  for (const CabinetRow& cabinet : cabinets) {
+    cabinets_.addItem(ToLine(codePage, cabinet.title), cabinet.id);
+  }
+  cabinets_.setCurrentIndex(cabinets.size() == 1 ? 0 : -1);
+}
+
+int CRSS_ScrapDlg::CabinetId() const { return cabinets_.currentData().toInt(); }
+
+void CRSS_ScrapDlg::accept() {
+  if (cabinets_.currentIndex() >= 0) return CVxDialog::accept();
+  cabinets_.setFocus();
+  frame_.ShowTextMessage(kSectionTexts, kTextScrapEmpty, MsgBoxKind::Notice);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,67 @@
+#include "vxctrl/CVxEdit.h"
+
+#include <QPainter>
+#include <QValidator>
+#include <algorithm>
+#include <limits>
+
+#include "skin/Keys.h"
+#include "vxctrl/SkinLook.h"
+
+namespace feedloom {
+namespace {
+
+bool BreaksLine(QChar c) {
+  return c == '\n' || c == '\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
+// Takes any text, on one line.
+class OneLine : public QValidator {
+ public:
+  using QValidator::QValidator;
+
+  State validate(QString& text, int& /*cursor*/) const override {
+    std::ranges::replace_if(text, BreaksLine, QChar(' '));
+    return Acceptable;
+  }
+};
+
+QPalette ColorsOnSkin() {
+  QPalette colors;
+  colors.setColor(QPalette::Base, Qt::transparent);
+  colors.setColor(QPalette::Text, kSkinTextColor);
+  colors.setColor(QPalette::Disabled, QPalette::Text, kSkinDisabledTextColor);
+  return colors;
+}
+
+}  // namespace
+
+CVxEdit::CVxEdit(const Skin& skin, QWidget* parent)
+    : QLineEdit(parent),
+      pieces_(LoadThreePieces(skin, kSectionControls, kImageEditLeft, kImageEditMiddle,
+                              kImageEditRight)) {
+  setMaxLength(std::numeric_limits<int>::max());
+  setValidator(new OneLine(this));
+  if (pieces_.middle.isNull()) return;
+  setFrame(false);
+  setPalette(ColorsOnSkin());
+  setTextMargins(SizeOf(pieces_.left).width(), 0, SizeOf(pieces_.right).width(), 0);
+}
+
+QSize CVxEdit::sizeHint() const {
+  return QLineEdit::sizeHint().expandedTo({0, SizeOf(pieces_.middle).height()});
+}
+
+QSize CVxEdit::minimumSizeHint() const {
+  return QLineEdit::minimumSizeHint().expandedTo({0, SizeOf(pieces_.middle).height()});
+}
+
+void CVxEdit::paintEvent(QPaintEvent* event) {
+  if (!pieces_.middle.isNull()) {
+    QPainter painter(this);
+    DrawSkinField(painter, *this, pieces_);
+  }
+  QLineEdit::paintEvent(event);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,53 @@
+#include "vxctrl/PaneFrame.h"
+
+#include <QPainter>
+
+#include "skin/Keys.h"
+#include "skin/Skin.h"
+
+namespace feedloom {
+namespace {
+
+constexpr QColor kGround(0xF4, 0xF7, 0xF8);
+constexpr QColor kLine(0x76, 0x8A, 0x8E);
+
+// The line around the view lies so far from the left, right and bottom edges.
+constexpr int kLineInset = 5;
+
+}  // namespace
+
+PaneFrame LoadPaneFrame(const Skin& skin) {
+  return {.top = LoadThreePieces(skin, kSectionLeft, kImageLeftTopLeft, kImageLeftTopMiddle,
+                                 kImageLeftTopRight),
+          .left = LoadSkinImage(skin, kSectionLeft, kImageLeftMiddleLeft),
+          .right = LoadSkinImage(skin, kSectionLeft, kImageLeftMiddleRight),
+          .bottom = LoadThreePieces(skin, kSectionLeft, kImageLeftBottomLeft,
+                                    kImageLeftBottomMiddle, kImageLeftBottomRight)};
+}
+
+QRect ViewArea(const QRect& pane, int toolbarHeight) {
+  return pane.adjusted(kLineInset + 1, toolbarHeight + 1, -kLineInset - 1, -kLineInset - 1);
+}
+
+void DrawPaneFrame(QPainter& painter, const QRect& pane, int toolbarHeight,
+                   const PaneFrame& frame) {
+  QRect top = pane;
+  top.setHeight(toolbarHeight);
+  QRect bottom = pane;
+  bottom.setTop(pane.bottom() + 1 - SizeOf(frame.bottom.middle).height());
+  QRect left(pane.left(), top.bottom() + 1, SizeOf(frame.left).width(),
+             bottom.top() - top.bottom() - 1);
+  QRect right = left;
+  right.setWidth(SizeOf(frame.right).width());
+  right.moveRight(pane.right());
+
+  painter.fillRect(pane, kGround);
+  DrawThreePieces(painter, top, frame.top);
+  painter.drawTiledPixmap(left, frame.left);
+  painter.drawTiledPixmap(right, frame.right);
+  DrawThreePieces(painter, bottom, frame.bottom);
+  painter.setPen(kLine);
+  painter.drawRect(ViewArea(pane, toolbarHeight).adjusted(-1, -1, 0, 0));
+}
+
+}  // namespace feedloom

@@ -1,0 +1,33 @@
+#include "vxctrl/SkinLook.h"
+
+#include <QPainter>
+#include <QWidget>
+
+#include "vxctrl/SkinPieces.h"
+
+namespace feedloom {
+namespace {
+
+constexpr QColor kFocusColor(0x2F, 0x7F, 0xB8);
+constexpr double kDisabledOpacity = 0.5;
+
+}  // namespace
+
+void DrawSkinFocus(QPainter& painter, const QRect& area, int inset) {
+  const double margin = inset + 0.5;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(kFocusColor);
+  painter.drawRoundedRect(QRectF(area).adjusted(margin, margin, -margin, -margin), 2, 2);
+  painter.restore();
+}
+
+void DrawSkinField(QPainter& painter, const QWidget& field, const ThreePieces& pieces) {
+  painter.save();
+  if (!field.isEnabled()) painter.setOpacity(kDisabledOpacity);
+  DrawThreePieces(painter, field.rect(), pieces);
+  painter.restore();
+  if (field.hasFocus()) DrawSkinFocus(painter, field.rect(), 1);
+}
+
+}  // namespace feedloom
