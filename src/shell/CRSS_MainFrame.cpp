@@ -1,6 +1,10 @@
 #include "shell/CRSS_MainFrame.h"
 
 #include <QCoreApplication>
+#include <QShortcut>
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
 
 #include "shell/Feedloom.h"
 #include "shell/FrameRefresh.h"
@@ -11,6 +15,7 @@
 #include "store/Counts.h"
 #include "store/Posts.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
+#include "ui/dialogs/Dialogs.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 #include "vxctrl/QtText.h"
@@ -38,8 +43,10 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWid
           GetDbPath(paths.module), skin_.Config().GetCodePage(), SystemClock(),
           [this, thread = interfaceThread_](std::string_view text) {
             thread->Run([this, copy = std::string(text)] { ReportMessage(copy); });
-          })) {
+          })),
+      actions_(MakeActions()) {
   BuildPanes();
+  SetUpKeys();
   BeginLife();
 }
 
@@ -62,6 +69,14 @@ void CRSS_MainFrame::EndRefresh() {
   if (hostShowsBusy_) OnRefreshMessage(kMessageRefreshEnded);
 }
 
+// What the panes' commands can do so far; the others are grey.
+Actions CRSS_MainFrame::MakeActions() {
+  Actions actions;
+  actions.askSearchWord = [this] { return AskSearchWord(*this, this); };
+  actions.chooseCabinet = [this] { return ChooseCabinet(*this, this); };
+  return actions;
+}
+
 void CRSS_MainFrame::BuildPanes() {
   left_ = new CRSS_LeftContainer(*this, this);
   left_->setMinimumWidth(kLeftMinimumWidth);
@@ -76,6 +91,16 @@ void CRSS_MainFrame::BuildPanes() {
   setChildrenCollapsible(false);
   setFocusProxy(left_);
   connect(rightBottom_, &CRSS_RightBottomContainer::PageShown, this, &CRSS_MainFrame::PageShown);
+}
+
+void CRSS_MainFrame::SetUpKeys() {
+  const auto onKey = [this](const QKeySequence& key, auto run) {
+    auto* const shortcut = new QShortcut(key, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, run);
+  };
+  onKey(Qt::Key_F5, [this] { left_->RefreshSelection(); });
+  onKey(Qt::SHIFT | Qt::Key_F5, [this] { left_->RefreshAll(); });
 }
 
 void CRSS_MainFrame::BeginLife() {
@@ -156,7 +181,7 @@ void CRSS_MainFrame::OnChannelResult(int result, int channelId) {
 // A worker begins its channel, or was stopped in the middle of it: then it reports nothing more,
 // but may have stored posts.
 void CRSS_MainFrame::OnChannelWorker(int channelId, bool isNew) {
-  left_->SetChannelNew(channelId, isNew);
+  left_->SetChannelNewByMessage(channelId, isNew);
   if (isNew || channelsAtWork_.insert(channelId).second) return;
   channelsAtWork_.erase(channelId);
   state_.unreadTotal += left_->RecountChannels();
@@ -166,14 +191,15 @@ void CRSS_MainFrame::OnChannelRefreshed(int channelId) {
   left_->SetChannelState(channelId, kChannelRefreshed);
   const int unread = CountUnreadInItem(*store_, channelId, false);
   if (unread >= 0) {
-    const int added = left_->SetChannelUnread(channelId, unread);
-    state_.unreadTotal += added;
-    if (added > 0) left_->SetChannelNew(channelId, true);
+    CountArrived(channelId, left_->SetChannelUnread(channelId, unread));
   }
-  if (state_.listMode == ListMode::Selection && left_->SelectedChannel() == channelId) {
-    left_->ReloadSelection();
-  }
+  if (left_->SelectedChannel() == channelId) ReloadSelection();
   ReportChannel(kTextReceivedChannel, channelId);
+}
+
+void CRSS_MainFrame::CountArrived(int channelId, int added) {
+  state_.unreadTotal += added;
+  if (added > 0) left_->SetChannelNew(channelId, true);
 }
 
 void CRSS_MainFrame::ReportChannel(const char* textKey, int channelId) {
@@ -212,6 +238,10 @@ MsgBoxAnswer CRSS_MainFrame::ShowTextMessage(const char* section, const char* ke
   return ShowMsgBox(skin_, ToQString(store_->TextCodePage(), text), kind, this);
 }
 
+bool CRSS_MainFrame::IsAnyChannelQueued(std::span<const int> channelIds) const {
+  return refresh_ && refresh_->Engine().IsAnyChannelQueued(channelIds);
+}
+
 void CRSS_MainFrame::QueueRefresh(std::vector<RefreshEntry> entries) {
   if (refresh_) refresh_->Engine().EnqueueAll(std::move(entries));
 }
@@ -220,21 +250,46 @@ void CRSS_MainFrame::StartRefresh() {
   if (refresh_) refresh_->Engine().StartRefresh();
 }
 
-void CRSS_MainFrame::ListPosts(ListMode mode, PostList list) {
+void CRSS_MainFrame::ListPosts(ListMode mode, PostList list, FirstShown shown) {
   state_.listMode = mode;
-  const bool isEmpty = list.posts.empty();
+  state_.listShowsSelection = mode == ListMode::Selection && !list.wereSearched;
   rightTop_->Fill(std::move(list));
-  rightTop_->Show(isEmpty ? -1 : 0);
+  rightTop_->ShowFirst(shown);
 }
 
-void CRSS_MainFrame::RelistPosts(PostList list) { rightTop_->Refill(std::move(list)); }
+void CRSS_MainFrame::RelistPosts(PostList list) {
+  // A search may have found saved posts with the ids of these: it has no place to keep.
+  const bool isSameList = std::exchange(state_.listShowsSelection, true);
+  state_.listMode = ListMode::Selection;
+  isSameList ? rightTop_->Refill(std::move(list)) : rightTop_->Fill(std::move(list));
+}
+
+void CRSS_MainFrame::FocusSearch() { rightTop_->FocusSearch(); }
+
+void CRSS_MainFrame::GoToUnreadPost(bool forward) { rightTop_->GoToUnread(forward); }
 
 void CRSS_MainFrame::ShowPost(const PostRow& post) { rightBottom_->ShowPost(post); }
 
 void CRSS_MainFrame::ShowMainPage() { rightBottom_->ShowMainPage(); }
 
-void CRSS_MainFrame::PostWasRead(int ownerId, bool isScrapPost) {
-  left_->PostWasRead(ownerId, isScrapPost);
+void CRSS_MainFrame::PostWasRead(const PostRow& post, bool isScrapPost) {
+  left_->PostWasRead(post, isScrapPost);
 }
+
+// What a worker has stored and not reported yet is counted here, and no more when it reports.
+void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) {
+  std::unordered_map<int, int> before;
+  for (const int channelId : channelsAtWork_) before[channelId] = left_->ChannelUnread(channelId);
+  left_->RecountUnread(ofScrapPosts);
+  for (const auto& [channelId, count] : before) {
+    CountArrived(channelId, std::max(left_->ChannelUnread(channelId) - count, 0));
+  }
+}
+
+void CRSS_MainFrame::ReloadSelection() {
+  if (state_.listShowsSelection) left_->ReloadSelection();
+}
+
+void CRSS_MainFrame::GoToUnreadRow(bool forward) { left_->GoToUnreadRow(forward); }
 
 }  // namespace feedloom

@@ -43,13 +43,20 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   SharedState& State() override { return state_; }
   void ReportMessage(std::string_view text) override;
   MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) override;
+  const Actions& TheActions() const override { return actions_; }
+  bool IsAnyChannelQueued(std::span<const int> channelIds) const override;
   void QueueRefresh(std::vector<RefreshEntry> entries) override;
   void StartRefresh() override;
-  void ListPosts(ListMode mode, PostList list) override;
+  void ListPosts(ListMode mode, PostList list, FirstShown shown) override;
   void RelistPosts(PostList list) override;
+  void FocusSearch() override;
+  void GoToUnreadPost(bool forward) override;
   void ShowPost(const PostRow& post) override;
   void ShowMainPage() override;
-  void PostWasRead(int ownerId, bool isScrapPost) override;
+  void PostWasRead(const PostRow& post, bool isScrapPost) override;
+  void RecountUnread(bool ofScrapPosts) override;
+  void ReloadSelection() override;
+  void GoToUnreadRow(bool forward) override;
 
  signals:
   // The browser has drawn the page that was asked for last.
@@ -59,13 +66,16 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   bool event(QEvent* event) override;
 
  private:
+  Actions MakeActions();
   void BuildPanes();
+  void SetUpKeys();
   void BeginLife();
   void StopRefresh();
   void SendText();
   void OnChannelResult(int result, int channelId);
   void OnChannelRefreshed(int channelId);
   void OnChannelWorker(int channelId, bool isNew);
+  void CountArrived(int channelId, int added);
   void ReportChannel(const char* textKey, int channelId);
   void OnRefreshMessage(unsigned number);
   void SetRefreshBusy(bool busy);
@@ -76,6 +86,7 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   const std::shared_ptr<Store> store_;
   Settings settings_;  // as they were stored when the frame was made
   SharedState state_;
+  const Actions actions_;
   std::string messageText_;                // the last text handed to the host
   std::unique_ptr<FrameRefresh> refresh_;  // null once it was stopped
   bool hostShowsBusy_ = false;  // it was told that a refresh has begun, and not of its end

@@ -2,6 +2,7 @@
 // pane. All of it belongs to the interface thread.
 #pragma once
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -9,16 +10,15 @@
 #include "skin/Skin.h"
 #include "store/Rows.h"
 #include "store/Store.h"
+#include "ui/Actions.h"
+#include "ui/PostList.h"
 #include "ui/SharedState.h"
 #include "vxctrl/CMsgBox.h"
 
 namespace feedloom {
 
-// The posts that the list shows, all of one kind.
-struct PostList {
-  std::vector<PostRow> posts;  // in the order to show them; ownerId says whose they are
-  bool areScrapPosts = false;  // saved posts of cabinets, not posts of channels
-};
+// The post of a list that is shown first.
+enum class FirstShown { First, FirstUnread, LastUnread };
 
 class Frame {
  public:
@@ -34,23 +34,39 @@ class Frame {
   // when it returns; the answer is Declined then.
   virtual MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) = 0;
 
+  virtual const Actions& TheActions() const = 0;
+
+  // True while one of the channels waits for a refresh or is being refreshed.
+  virtual bool IsAnyChannelQueued(std::span<const int> channelIds) const = 0;
   // Puts the channels into the queue, but for those that are in it already.
   virtual void QueueRefresh(std::vector<RefreshEntry> entries) = 0;
   // Works off the queue; does nothing when it is empty.
   virtual void StartRefresh() = 0;
 
-  // From the tree to the list: fills it, in this mode, and shows its first post, or the main page
+  // To the list: fills it, in this mode, and shows the post to be shown first, or the main page
   // when there is none.
-  virtual void ListPosts(ListMode mode, PostList list) = 0;
-  // The same posts with what a refresh has brought: the list keeps its place, the page stays.
+  virtual void ListPosts(ListMode mode, PostList list, FirstShown shown = FirstShown::First) = 0;
+  // The posts of the tree's selection, read again: the list keeps its place, the page stays.
   virtual void RelistPosts(PostList list) = 0;
+  // The keyboard goes to the search box.
+  virtual void FocusSearch() = 0;
+  // Shows the next unread post of the list, or the previous one; when it has none, GoToUnreadRow.
+  virtual void GoToUnreadPost(bool forward) = 0;
 
   // From the list to the browser.
   virtual void ShowPost(const PostRow& post) = 0;
   virtual void ShowMainPage() = 0;
 
-  // From the list to the tree: an unread post of the channel, or cabinet, was marked read.
-  virtual void PostWasRead(int ownerId, bool isScrapPost) = 0;
+  // From the list to the tree: an unread post was marked read.
+  virtual void PostWasRead(const PostRow& post, bool isScrapPost) = 0;
+  // The read status of posts, or posts, have changed: the tree reads its counts again. The unread
+  // total of the shared state stays.
+  virtual void RecountUnread(bool ofScrapPosts) = 0;
+  // Reads the posts of the tree's selection again, when it is these that the list shows.
+  virtual void ReloadSelection() = 0;
+  // Selects the next row behind the tree's selection (or before it) that has unread posts, and
+  // shows its first (or last) unread one; nothing when there is none.
+  virtual void GoToUnreadRow(bool forward) = 0;
 };
 
 }  // namespace feedloom

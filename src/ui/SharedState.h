@@ -11,11 +11,13 @@ enum class ListMode { Selection = 0, WebDirectory = 1, Today = 2 };
 
 struct SharedState {
   // Posts not read yet: counted at start (-1 when the store could not be read), raised by what a
-  // refresh brings, lowered by clicks on posts.
+  // refresh brings, lowered by clicks on posts and by rows that are deleted.
   int unreadTotal = 0;
   // The unread total when new posts were last announced.
   int announcedTotal = 0;
   ListMode listMode = ListMode::Selection;
+  // The list shows the posts of the tree's selected row: not a search, nor today's posts.
+  bool listShowsSelection = false;
   // All zero until the user confirms the control panel, whatever is stored.
   Settings liveSettings;
 };

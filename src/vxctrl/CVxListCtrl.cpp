@@ -1,9 +1,10 @@
 #include "vxctrl/CVxListCtrl.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QMouseEvent>
+#include <algorithm>
 
 namespace feedloom {
 namespace {
@@ -39,6 +40,12 @@ void CVxListCtrl::SetUpHeader() {
   header()->setDefaultSectionSize(kFurtherColumnWidth);
   header()->setStretchLastSection(false);
   header()->setSectionsMovable(false);
+  header()->setContextMenuPolicy(Qt::PreventContextMenu);  // the menu is about rows
+  header()->setSectionsClickable(true);
+  header()->setSortIndicatorClearable(true);
+  ClearSorting();
+  header()->setSortIndicatorShown(true);
+  connect(header(), &QHeaderView::sortIndicatorChanged, this, &CVxListCtrl::SortRequested);
   QPalette colours = header()->palette();
   const QColor menu = QApplication::palette("QMenu").color(QPalette::Window);
   colours.setColor(QPalette::Button, menu);
@@ -46,9 +53,21 @@ void CVxListCtrl::SetUpHeader() {
   header()->setPalette(colours);
 }
 
+void CVxListCtrl::ClearSorting() { header()->setSortIndicator(-1, Qt::AscendingOrder); }
+
 void CVxListCtrl::SetColumnWidths(std::initializer_list<int> widths) {
   int column = 0;
   for (const int width : widths) setColumnWidth(column++, width);
+}
+
+std::vector<int> CVxListCtrl::SelectedRows() const {
+  std::vector<int> rows;
+  for (const QItemSelectionRange& range : selectionModel()->selection()) {
+    for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+  }
+  std::ranges::sort(rows);
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  return rows;
 }
 
 void CVxListCtrl::mousePressEvent(QMouseEvent* event) {
@@ -57,13 +76,17 @@ void CVxListCtrl::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton && index.isValid()) emit RowClicked(index.row());
 }
 
-void CVxListCtrl::keyPressEvent(QKeyEvent* event) {
-  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (!isEnter || !currentIndex().isValid()) {
-    QTreeView::keyPressEvent(event);
+void CVxListCtrl::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() == QContextMenuEvent::Mouse) {
+    emit MenuRequested(event->globalPos());
     return;
   }
-  emit RowEntered(currentIndex().row());
+  QPoint place(0, 0);
+  if (currentIndex().isValid()) {
+    scrollTo(currentIndex());
+    place.setY(visualRect(currentIndex()).bottom() + 1);
+  }
+  emit MenuRequested(viewport()->mapToGlobal(place));
 }
 
 }  // namespace feedloom

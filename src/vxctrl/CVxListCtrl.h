@@ -4,6 +4,7 @@
 #include <QStyledItemDelegate>
 #include <QTreeView>
 #include <initializer_list>
+#include <vector>
 
 namespace feedloom {
 
@@ -17,7 +18,8 @@ class VxListDelegate : public QStyledItemDelegate {
 };
 
 // Shows any flat model. Several rows may be selected, always whole ones. The user may drag the
-// columns' widths.
+// columns' widths, and ask for an order by clicks on the header: ascending by the column, then
+// descending, then none.
 class CVxListCtrl : public QTreeView {
   Q_OBJECT
 
@@ -31,16 +33,25 @@ class CVxListCtrl : public QTreeView {
   // model.
   void SetColumnWidths(std::initializer_list<int> widths);
 
+  // Ascending. Needs the model.
+  std::vector<int> SelectedRows() const;
+
+  // The header shows no order.
+  void ClearSorting();
+
  signals:
   // The left button went down on a row, which is selected by now as the modifier keys ask. A double
   // click is one click. Other buttons only select.
   void RowClicked(int row);
-  // Enter was pressed while this row was the current one.
-  void RowEntered(int row);
+  // The header shows this order from now on; `column` is -1 for none.
+  void SortRequested(int column, Qt::SortOrder order);
+  // The right button went down, or the menu key, which has its place below the current row. A point
+  // of the screen.
+  void MenuRequested(const QPoint& place);
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   void SetUpHeader();

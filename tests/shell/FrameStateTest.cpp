@@ -53,6 +53,21 @@ TEST_F(FrameState, TheUnreadTotalBeginsWithTheStoresAndGrowsByWhatARefreshBrings
   EXPECT_EQ(State().unreadTotal, 5);
 }
 
+TEST_F(FrameState, PostsThatAreCountedWhileTheirWorkerRunsAreCountedOnce) {
+  AddPosts({"a"});
+  CreateFrame();
+  frame_->OnMessage(kMessageChannelWorker, 1, 0);
+  AddPosts({"b", "c"});
+  frame_->RecountUnread(false);
+  EXPECT_EQ(State().unreadTotal, 3);
+  AddPosts({"d"});
+  frame_->OnMessage(kMessageChannelResult, kChannelRefreshed, 1);
+  EXPECT_EQ(State().unreadTotal, 4);
+  AddPosts({"e"});
+  frame_->RecountUnread(false);  // no worker has it any more
+  EXPECT_EQ(State().unreadTotal, 4);
+}
+
 TEST_F(FrameState, AStoreThatCannotBeReadGivesTheFailureValue) {
   std::filesystem::remove(profile_.Paths().database);
   std::filesystem::create_directory(profile_.Paths().database);

@@ -2,6 +2,9 @@
 // asked for.
 #pragma once
 
+#include <algorithm>
+#include <functional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,38 +21,68 @@ class FakeFrame : public Frame {
   const Skin& TheSkin() const override { return skin.Get(); }
   SharedState& State() override { return state; }
   void ReportMessage(std::string_view text) override { messages.emplace_back(text); }
-  MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind) override {
+  MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind kind) override {
     questions.emplace_back(key);
+    kinds.push_back(kind);
+    if (whileAsking) whileAsking();
     return nextAnswer;
+  }
+  const Actions& TheActions() const override { return actions; }
+  bool IsAnyChannelQueued(std::span<const int> ids) const override {
+    return std::ranges::any_of(ids, [&](int id) { return queue.Contains(id); });
   }
   void QueueRefresh(std::vector<RefreshEntry> entries) override {
     for (RefreshEntry& entry : entries) queue.Append(std::move(entry));
   }
   void StartRefresh() override { ++refreshes; }
-  void ListPosts(ListMode mode, PostList list) override {
+  void ListPosts(ListMode mode, PostList list, FirstShown firstShown) override {
     state.listMode = mode;
+    state.listShowsSelection = mode == ListMode::Selection && !list.wereSearched;
     lists.push_back(std::move(list));
+    firstShowns.push_back(firstShown);
   }
-  void RelistPosts(PostList list) override { relists.push_back(std::move(list)); }
+  void RelistPosts(PostList list) override {
+    state.listMode = ListMode::Selection;
+    state.listShowsSelection = true;
+    relists.push_back(std::move(list));
+  }
+  void FocusSearch() override { ++searchFocuses; }
+  void GoToUnreadPost(bool forward) override { unreadPostsAsked.push_back(forward); }
   void ShowPost(const PostRow& post) override { shown.push_back(post.title); }
   void ShowMainPage() override { shown.emplace_back("(main page)"); }
-  void PostWasRead(int ownerId, bool isScrapPost) override {
-    read.emplace_back(ownerId, isScrapPost);
+  void PostWasRead(const PostRow& post, bool isScrapPost) override {
+    read.emplace_back(post.ownerId, isScrapPost);
   }
+  void RecountUnread(bool ofScrapPosts) override {
+    recounts.push_back(ofScrapPosts);
+    if (onRecount) onRecount(ofScrapPosts);
+  }
+  void ReloadSelection() override { ++reloads; }
+  void GoToUnreadRow(bool forward) override { unreadRowsAsked.push_back(forward); }
 
   TestStore db;
   ShippedSkin skin;
   SharedState state;
+  Actions actions;
   MsgBoxAnswer nextAnswer = MsgBoxAnswer::Declined;
+  std::function<void(bool scrap)> onRecount;  // what the tree would do
+  std::function<void()> whileAsking;          // what happens before the answer
 
   std::vector<std::string> messages;
   std::vector<std::string> questions;  // keys
+  std::vector<MsgBoxKind> kinds;       // of the questions
   RefreshQueue queue;
   int refreshes = 0;
   std::vector<PostList> lists;
+  std::vector<FirstShown> firstShowns;
   std::vector<PostList> relists;
+  int searchFocuses = 0;
   std::vector<std::string> shown;  // titles
   std::vector<std::pair<int, bool>> read;
+  std::vector<bool> recounts;  // whether of saved posts
+  int reloads = 0;
+  std::vector<bool> unreadPostsAsked;  // whether forward
+  std::vector<bool> unreadRowsAsked;   // whether forward
 };
 
 }  // namespace feedloom

@@ -1,44 +1,104 @@
 #include "ui/list/CRSS_RightTopContainer.h"
 
-#include <QVBoxLayout>
+#include <QPainter>
+#include <QShortcut>
+#include <functional>
 #include <utility>
 
-#include "store/ReadStatus.h"
-#include "ui/Frame.h"
+#include "skin/Keys.h"
+#include "skin/Labels.h"
+#include "store/Search.h"
+#include "ui/list/CRSS_RightTopToolBarWnd.h"
 #include "ui/list/ListPlace.h"
 #include "ui/list/PostDelegate.h"
 #include "ui/list/PostListModel.h"
 #include "vxctrl/CVxListCtrl.h"
+#include "vxctrl/QtText.h"
 
 namespace feedloom {
+namespace {
+
+constexpr int kListId = 3005;
+
+QString HostText(Frame& frame, const char* key) {
+  return ToQString(frame.TheStore().TextCodePage(), frame.TheSkin().GetText(kSectionTexts, key));
+}
+
+PostListTexts LoadTexts(Frame& frame) {
+  return {.headings = HeadingsIn(frame.TheStore().TextCodePage(),
+                                 GetLabel(frame.TheSkin(), kLabelListHeader)),
+          .read = HostText(frame, kTextPostRead),
+          .unread = HostText(frame, kTextPostUnread)};
+}
+
+}  // namespace
 
 CRSS_RightTopContainer::CRSS_RightTopContainer(Frame& frame, QWidget* parent)
     : QWidget(parent),
       frame_(frame),
-      model_(*new PostListModel(frame.TheStore().TextCodePage(), this)),
-      list_(*new CVxListCtrl(this)) {
+      border_(LoadPaneFrame(frame.TheSkin())),
+      toolbar_(*new CRSS_RightTopToolBarWnd(frame.TheSkin(), this)),
+      model_(*new PostListModel(frame.TheStore().TextCodePage(), LoadTexts(frame), this)),
+      list_(*new CVxListCtrl(this)),
+      commands_(frame, model_, list_) {
+  SetUpList();
+  SetUpKeys();
+  connect(&toolbar_, &CRSS_RightTopToolBarWnd::SearchRequested, this,
+          &CRSS_RightTopContainer::Search);
+  connect(&toolbar_, &CRSS_RightTopToolBarWnd::WordLeft, &list_, [this] { list_.setFocus(); });
+}
+
+void CRSS_RightTopContainer::SetUpList() {
+  list_.setObjectName(QString::number(kListId));
+  list_.setAccessibleName(HostText(frame_, kTextListName));
+  list_.setFrameShape(QFrame::NoFrame);
   list_.setModel(&model_);
   list_.setItemDelegate(new PostDelegate(&list_));
   list_.SetColumnWidths({30, 278, 100, 100});
-  auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(&list_);
   setFocusProxy(&list_);
   connect(&list_, &CVxListCtrl::RowClicked, this, &CRSS_RightTopContainer::ShowClicked);
-  connect(&list_, &CVxListCtrl::RowEntered, this, &CRSS_RightTopContainer::Show);
+  connect(&list_, &CVxListCtrl::MenuRequested, this, &CRSS_RightTopContainer::OpenMenu);
+  connect(&list_, &CVxListCtrl::SortRequested, this,
+          [this](int column, Qt::SortOrder order) { SortInPlace(list_, model_, column, order); });
+}
+
+// Shortcuts, because the view would take a letter for the beginning of a title.
+void CRSS_RightTopContainer::SetUpKeys() {
+  struct Key {
+    QKeySequence key;
+    QWidget* widget;
+    Qt::ShortcutContext context;
+    std::function<void()> run;
+  };
+  const Key keys[] = {
+      {Qt::Key_Return, &list_, Qt::WidgetShortcut, [this] { commands_.ShowCurrent(); }},
+      {Qt::Key_Enter, &list_, Qt::WidgetShortcut, [this] { commands_.ShowCurrent(); }},
+      {Qt::Key_Delete, &list_, Qt::WidgetShortcut, [this] { commands_.Run(kCommandDelete); }},
+      {Qt::Key_N, &list_, Qt::WidgetShortcut, [this] { GoToUnread(true); }},
+      {Qt::Key_P, &list_, Qt::WidgetShortcut, [this] { GoToUnread(false); }},
+      {QKeySequence::SelectAll, &list_, Qt::WidgetShortcut, [this] { list_.selectAll(); }},
+      {QKeySequence::Find, this, Qt::WidgetWithChildrenShortcut, [this] { FocusSearch(); }},
+  };
+  for (const Key& key : keys) {
+    auto* const shortcut = new QShortcut(key.key, key.widget);
+    shortcut->setContext(key.context);
+    connect(shortcut, &QShortcut::activated, this, key.run);
+  }
 }
 
 void CRSS_RightTopContainer::Fill(PostList list) {
-  areScrapPosts_ = list.areScrapPosts;
-  model_.SetPosts(std::move(list.posts));
+  isCounted_ = list.wereSearched;
+  model_.Fill(std::move(list));
+  list_.ClearSorting();
   list_.scrollToTop();
+  toolbar_.SetResultCount(isCounted_ ? model_.rowCount() : -1);
 }
 
 void CRSS_RightTopContainer::Refill(PostList list) {
   const ListPlace place = TakePlace(list_, model_);
-  areScrapPosts_ = list.areScrapPosts;
-  model_.SetPosts(std::move(list.posts));
+  model_.Refill(std::move(list));
   RestorePlace(list_, model_, place);
+  if (isCounted_) toolbar_.SetResultCount(model_.rowCount());
 }
 
 void CRSS_RightTopContainer::ShowClicked(int row) {
@@ -48,30 +108,64 @@ void CRSS_RightTopContainer::ShowClicked(int row) {
   Show(row);
 }
 
-void CRSS_RightTopContainer::Show(int index) {
-  if (index < 0 || index >= model_.rowCount()) {
-    frame_.ShowMainPage();
-    return;
+void CRSS_RightTopContainer::Show(int index) { commands_.Show(index); }
+
+void CRSS_RightTopContainer::ShowFirst(FirstShown shown) {
+  const int rows = model_.rowCount();
+  int row = -1;
+  if (shown == FirstShown::FirstUnread) row = model_.FindUnread(-1, true);
+  if (shown == FirstShown::LastUnread) row = model_.FindUnread(rows, false);
+  Show(row < 0 && rows > 0 ? 0 : row);
+}
+
+void CRSS_RightTopContainer::GoToUnread(bool forward) { commands_.GoToUnread(forward); }
+
+void CRSS_RightTopContainer::OpenMenu(const QPoint& place) {
+  if (const auto menu = commands_.TheMenu()) {
+    ShowMenu(*menu, frame_.TheSkin(), place, this, [this](int command) { commands_.Run(command); });
   }
-  frame_.ShowPost(model_.Posts()[static_cast<std::size_t>(index)]);
-  if (frame_.State().listMode != ListMode::WebDirectory) MarkRead(index);
-  SelectRow(index);
 }
 
-void CRSS_RightTopContainer::MarkRead(int row) {
-  const PostRow& post = model_.Posts()[static_cast<std::size_t>(row)];
-  if (post.readStatus != 0) return;
-  const auto markRead = areScrapPosts_ ? MarkScrapPostsRead : MarkPostsRead;
-  if (!markRead(frame_.TheStore(), 1, {&post.id, 1})) return;
-  model_.MarkRead(row);
-  frame_.PostWasRead(post.ownerId, areScrapPosts_);
+void CRSS_RightTopContainer::FocusSearch() { toolbar_.FocusWord(); }
+
+void CRSS_RightTopContainer::Search() {
+  const std::string word = toolbar_.Word();
+  if (word.empty()) {
+    frame_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
+    return;  // the pane may be gone
+  }
+  const bool isWeb = toolbar_.Scope() == SearchScope::Web;
+  auto found = isWeb ? FindInWeb(word) : FindInStore(word);
+  if (!found) return;  // the pane may be gone
+  found->wereSearched = true;
+  frame_.ListPosts(isWeb ? ListMode::WebDirectory : ListMode::Selection, std::move(*found));
 }
 
-void CRSS_RightTopContainer::SelectRow(int row) {
-  // Beside the rows that are selected already: a click with Ctrl or Shift shows a post too. The
-  // title is the current cell, which a typed letter searches and a screen reader reads.
-  list_.selectionModel()->setCurrentIndex(model_.index(row, PostListModel::kTitleColumn),
-                                          QItemSelectionModel::Select | QItemSelectionModel::Rows);
+std::optional<PostList> CRSS_RightTopContainer::FindInStore(const std::string& word) {
+  PostList list;
+  if (!SearchPosts(frame_.TheStore(), word, list.posts)) return std::nullopt;
+  return list;
+}
+
+std::optional<PostList> CRSS_RightTopContainer::FindInWeb(const std::string& word) {
+  // A copy: the frame may be gone, and its actions with it, while the search runs.
+  const auto search = frame_.TheActions().searchWeb;
+  return search ? search(word) : std::nullopt;
+}
+
+void CRSS_RightTopContainer::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  DrawPaneFrame(painter, rect(), toolbar_.Height(), border_);
+}
+
+void CRSS_RightTopContainer::resizeEvent(QResizeEvent* /*event*/) {
+  const int edge = SizeOf(border_.left).width();
+  toolbar_.setGeometry(edge, 0, width() - 2 * edge, toolbar_.Height());
+  list_.setGeometry(ViewArea(rect(), toolbar_.Height()));
+}
+
+void CRSS_RightTopContainer::showEvent(QShowEvent* /*event*/) {
+  toolbar_.AllowWeb(frame_.TheActions().searchWeb != nullptr);
 }
 
 }  // namespace feedloom

@@ -1,44 +1,66 @@
-// The upper right pane: the posts of what the tree has selected, and later those that a search
-// found.
+// The upper right pane: the posts of what the tree has selected, or those that a search found, and
+// above them the search box.
 #pragma once
 
 #include <QWidget>
+#include <optional>
+
+#include "ui/Frame.h"
+#include "ui/list/PostCommands.h"
+#include "vxctrl/PaneFrame.h"
 
 namespace feedloom {
 
+class CRSS_RightTopToolBarWnd;
 class CVxListCtrl;
-class Frame;
-struct PostList;
 class PostListModel;
-struct PostRow;
 
 class CRSS_RightTopContainer : public QWidget {
   Q_OBJECT
 
  public:
-  // `frame` outlives the pane.
+  // `frame` outlives the pane; the pane's focus goes to the list.
   CRSS_RightTopContainer(Frame& frame, QWidget* parent);
 
-  // Replaces the rows and scrolls to the first. The caller sets the frame's list mode before, and
-  // shows row 0, or -1 when there is none, after.
+  // Replaces the rows and scrolls to the first; they stand in the order given. Shows how many a
+  // search has found. The caller sets the frame's list mode before, and has a post shown after.
   void Fill(PostList list);
   // The same posts with what has come since: selection, current row and scroll position stay, by
-  // the posts' ids. Shows nothing.
+  // the posts' ids, and so does the sorting. Shows nothing.
   void Refill(PostList list);
 
   // Has the browser show the post of row `index`, marks it read (not in the web directory's list,
   // whose posts are not the store's) and selects its row. Without such a row, the main page.
   void Show(int index);
+  // The first row when none is unread, the main page when there is none.
+  void ShowFirst(FirstShown shown);
+  // The next unread post behind the current row, or the one before it; with none in the list the
+  // frame is asked for another row of the tree.
+  void GoToUnread(bool forward);
+
+  void FocusSearch();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
+  void SetUpList();
+  void SetUpKeys();
   void ShowClicked(int row);
-  void MarkRead(int row);
-  void SelectRow(int row);
+  void OpenMenu(const QPoint& place);
+  void Search();
+  std::optional<PostList> FindInStore(const std::string& word);
+  std::optional<PostList> FindInWeb(const std::string& word);
 
   Frame& frame_;
+  const PaneFrame border_;
+  CRSS_RightTopToolBarWnd& toolbar_;
   PostListModel& model_;
   CVxListCtrl& list_;
-  bool areScrapPosts_ = false;
+  PostCommands commands_;
+  bool isCounted_ = false;  // the toolbar shows the number of rows
 };
 
 }  // namespace feedloom

@@ -11,16 +11,12 @@
 namespace feedloom {
 namespace {
 
-int IdAt(const PostListModel& model, int row) {
-  return model.Posts()[static_cast<std::size_t>(row)].id;
-}
-
 std::vector<int> VisibleIds(const QTreeView& view, const PostListModel& model) {
   std::vector<int> ids;
   const int bottom = view.viewport()->height();
   for (QModelIndex index = view.indexAt({0, 0});
        index.isValid() && view.visualRect(index).top() < bottom; index = view.indexBelow(index)) {
-    ids.push_back(IdAt(model, index.row()));
+    ids.push_back(model.IdAt(index.row()));
   }
   return ids;
 }
@@ -39,7 +35,7 @@ void AppendRow(const PostListModel& model, int row, QItemSelection& selection) {
     first = selection.last().top();
     selection.removeLast();
   }
-  selection.append({model.index(first, 0), model.index(row, PostListModel::kColumnCount - 1)});
+  selection.append({model.index(first, 0), model.index(row, model.columnCount() - 1)});
 }
 
 // One pass over the rows, which may be many.
@@ -49,7 +45,7 @@ FoundRows FindRows(const PostListModel& model, const ListPlace& place) {
   FoundRows found;
   int topLine = std::numeric_limits<int>::max();
   for (int row = 0; row < model.rowCount(); ++row) {
-    const int id = IdAt(model, row);
+    const int id = model.IdAt(row);
     if (place.selected.contains(id)) AppendRow(model, row, found.selected);
     if (id == place.current) found.current = row;
     if (const auto seen = lineOf.find(id); seen != lineOf.end() && seen->second < topLine) {
@@ -60,28 +56,45 @@ FoundRows FindRows(const PostListModel& model, const ListPlace& place) {
   return found;
 }
 
+// The row by which the user finds the place again: the current one, or when that is not seen the
+// topmost.
+QModelIndex Anchor(const QTreeView& view) {
+  const QModelIndex current = view.currentIndex();
+  const bool isSeen = view.visualRect(current).intersects(view.viewport()->rect());
+  return isSeen ? current : view.indexAt({0, 0});
+}
+
 }  // namespace
 
 ListPlace TakePlace(const QTreeView& view, const PostListModel& model) {
   ListPlace place;
   for (const QItemSelectionRange& range : view.selectionModel()->selection()) {
     for (int row = range.top(); row <= range.bottom(); ++row) {
-      place.selected.insert(IdAt(model, row));
+      place.selected.insert(model.IdAt(row));
     }
   }
   place.visible = VisibleIds(view, model);
-  if (view.currentIndex().isValid()) place.current = IdAt(model, view.currentIndex().row());
+  if (view.currentIndex().isValid()) place.current = model.IdAt(view.currentIndex().row());
   return place;
 }
 
 void RestorePlace(QTreeView& view, const PostListModel& model, const ListPlace& place) {
   const FoundRows rows = FindRows(model, place);
-  view.selectionModel()->setCurrentIndex(model.index(rows.current, PostListModel::kTitleColumn),
+  view.selectionModel()->setCurrentIndex(model.index(rows.current, kTitleColumn),
                                          QItemSelectionModel::NoUpdate);
   view.selectionModel()->select(rows.selected, QItemSelectionModel::ClearAndSelect);
   if (rows.top < 0) return;
   view.doItemsLayout();  // the scroll bar's range is that of the old rows until then
   view.verticalScrollBar()->setValue(rows.top);
+}
+
+void SortInPlace(QTreeView& view, PostListModel& model, int column, Qt::SortOrder order) {
+  const QPersistentModelIndex anchor = Anchor(view);
+  const int line = anchor.row() - view.verticalScrollBar()->value();
+  model.sort(column, order);
+  if (!anchor.isValid()) return;
+  view.doItemsLayout();
+  view.verticalScrollBar()->setValue(anchor.row() - line);
 }
 
 }  // namespace feedloom

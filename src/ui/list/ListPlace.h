@@ -1,5 +1,8 @@
-// Where the user is in the post list, kept by the posts' ids while its rows are replaced.
+// Where the user is in the post list, kept while its rows are replaced, by the posts' ids, or
+// sorted.
 #pragma once
+
+#include <QtCore/qnamespace.h>
 
 #include <unordered_set>
 #include <vector>
@@ -22,5 +25,8 @@ ListPlace TakePlace(const QTreeView& view, const PostListModel& model);
 // Selects what is still there of `place`, and scrolls so that the topmost post that was seen and is
 // still there stands on the line where it stood.
 void RestorePlace(QTreeView& view, const PostListModel& model, const ListPlace& place);
+
+// Sorts the rows. The current post, or when it is not seen the topmost, stays on its line.
+void SortInPlace(QTreeView& view, PostListModel& model, int column, Qt::SortOrder order);
 
 }  // namespace feedloom

@@ -3,7 +3,20 @@
 #include <cstdio>
 #include <string>
 
+#include "vxctrl/QtText.h"
+
 namespace feedloom {
+
+QStringList HeadingsIn(CodePage codePage, std::string_view label) {
+  constexpr std::size_t kMostBytes = 511;
+  std::size_t end = 0;
+  while (end < label.size()) {
+    const std::size_t next = end + codePage.CharLength(label.substr(end));
+    if (next > kMostBytes) break;
+    end = next;
+  }
+  return ToQString(codePage, label.substr(0, end)).split('|');
+}
 
 QString DateCell(std::string_view stored) {
   constexpr std::size_t kDayLength = 10;  // "2008-05-01"

@@ -34,13 +34,13 @@ void PaintReadMark(QPainter& painter, const QPointF& centre, const QColor& colou
 void PostDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   VxListDelegate::initStyleOption(option, index);
   option->font.setBold(!IsRead(index));
-  if (index.column() == PostListModel::kReadColumn) option->text.clear();  // the mark stands for it
+  if (index.column() == kReadColumn) option->text.clear();  // the mark stands for it
 }
 
 void PostDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
   VxListDelegate::paint(painter, option, index);
-  if (index.column() != PostListModel::kReadColumn) return;
+  if (index.column() != kReadColumn) return;
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   const auto paintMark = IsRead(index) ? PaintReadMark : PaintUnreadMark;

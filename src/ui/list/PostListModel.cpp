@@ -1,31 +1,140 @@
 #include "ui/list/PostListModel.h"
 
+#include <QTimer>
+#include <algorithm>
+#include <iterator>
+#include <unordered_set>
 #include <utility>
 
-#include "ui/list/PostCells.h"
+#include "ui/PostList.h"
 #include "vxctrl/QtText.h"
 
 namespace feedloom {
-namespace {
 
-constexpr char kHeader[] = "읽음|제목|작성일|채널명";
+PostListModel::PostListModel(CodePage codePage, PostListTexts texts, QObject* parent)
+    : QAbstractTableModel(parent), codePage_(codePage), texts_(std::move(texts)) {}
 
-bool IsRead(const PostRow& post) { return post.readStatus != 0; }
-
-}  // namespace
-
-PostListModel::PostListModel(CodePage codePage, QObject* parent)
-    : QAbstractTableModel(parent), codePage_(codePage) {}
-
-void PostListModel::SetPosts(std::vector<PostRow> posts) {
+void PostListModel::Fill(PostList list) {
   beginResetModel();
-  posts_ = std::move(posts);
+  sorting_ = {};
+  Replace(std::move(list));
   endResetModel();
 }
 
-void PostListModel::MarkRead(int row) {
-  posts_[static_cast<std::size_t>(row)].readStatus = 1;
-  emit dataChanged(index(row, 0), index(row, kColumnCount - 1));  // all its cells were bold
+void PostListModel::Refill(PostList list) {
+  beginResetModel();
+  Replace(std::move(list));
+  if (sorting_ != Sorting()) Arrange(PostOrder(posts_, sorting_, codePage_));
+  endResetModel();
+}
+
+void PostListModel::Replace(PostList list) {
+  areScrapPosts_ = list.areScrapPosts;
+  posts_.clear();
+  posts_.shrink_to_fit();
+  posts_.reserve(list.posts.size());
+  for (PostRow& row : list.posts) {
+    posts_.emplace_back(std::move(row), static_cast<int>(posts_.size()));
+  }
+  packed_ = std::move(list.posts);
+  ReleasePacked();
+}
+
+// To free a million small texts takes longer than all else that fills a long list: the user sees
+// the rows first, and has the thread to himself in between.
+void PostListModel::ReleasePacked() {
+  constexpr std::size_t kAtOnce = 5'000;
+  packed_.resize(packed_.size() - std::min(packed_.size(), kAtOnce));
+  if (packed_.empty()) {
+    packed_.shrink_to_fit();
+  } else {
+    QTimer::singleShot(0, this, &PostListModel::ReleasePacked);
+  }
+}
+
+PostRow PostListModel::At(int row) const { return Post(row).Unpack(); }
+
+std::vector<int> PostListModel::IdsOf(std::span<const int> rows) const {
+  std::vector<int> ids(rows.size());
+  std::ranges::transform(rows, ids.begin(), [this](int row) { return IdAt(row); });
+  return ids;
+}
+
+std::vector<int> PostListModel::RowsOf(std::span<const int> ids) const {
+  const std::unordered_set<int> wanted(ids.begin(), ids.end());
+  std::vector<int> rows;
+  for (int row = 0; row < rowCount(); ++row) {
+    if (wanted.contains(IdAt(row))) rows.push_back(row);
+  }
+  return rows;
+}
+
+int PostListModel::FindUnread(int row, bool forward) const {
+  const int step = forward ? 1 : -1;
+  for (row += step; row >= 0 && row < rowCount(); row += step) {
+    if (!IsReadAt(row)) return row;
+  }
+  return -1;
+}
+
+void PostListModel::SetReadStatus(std::span<const int> rows, int status) {
+  if (rows.empty()) return;
+  for (const int row : rows) posts_[static_cast<std::size_t>(row)].SetReadStatus(status);
+  const auto [first, last] = std::ranges::minmax(rows);
+  emit dataChanged(index(first, 0), index(last, columnCount() - 1));  // whole rows were bold
+}
+
+// Removing thousands of scattered rows one by one would move the rest as often, and tell every view
+// each time: they are moved together to the end first, and go from there in one piece.
+void PostListModel::Remove(std::span<const int> rows) {
+  if (rows.empty()) return;
+  std::vector<int> order;
+  order.reserve(posts_.size());
+  auto next = rows.begin();
+  for (int row = 0; row < rowCount(); ++row) {
+    next != rows.end() && *next == row ? void(++next) : order.push_back(row);
+  }
+  const int left = static_cast<int>(order.size());
+  const bool areLast = rows.front() == left;
+  order.insert(order.end(), rows.begin(), rows.end());
+  if (!areLast) MoveRows(order);
+  beginRemoveRows({}, left, rowCount() - 1);
+  posts_.erase(posts_.begin() + left, posts_.end());
+  posts_.shrink_to_fit();
+  endRemoveRows();
+}
+
+void PostListModel::sort(int column, Qt::SortOrder order) {
+  const Sorting sorting = column < 0 ? Sorting() : Sorting{column, order};
+  if (sorting == sorting_) return;
+  sorting_ = sorting;
+  MoveRows(PostOrder(posts_, sorting_, codePage_));
+}
+
+// Row order[0] becomes the first one, and so on.
+void PostListModel::Arrange(std::span<const int> order) {
+  std::vector<PackedPost> arranged;
+  arranged.reserve(posts_.size());
+  for (const int row : order) arranged.push_back(std::move(posts_[static_cast<std::size_t>(row)]));
+  posts_ = std::move(arranged);
+}
+
+// Arranges the rows with all that views hold on to in them.
+void PostListModel::MoveRows(std::span<const int> order) {
+  emit layoutAboutToBeChanged({}, VerticalSortHint);
+  Arrange(order);
+  std::vector<int> rowOf(order.size());
+  for (int row = 0; row < rowCount(); ++row) {
+    rowOf[static_cast<std::size_t>(order[static_cast<std::size_t>(row)])] = row;
+  }
+  const QModelIndexList from = persistentIndexList();
+  QModelIndexList to;
+  to.reserve(from.size());
+  for (const QModelIndex& old : from) {
+    to.append(index(rowOf[static_cast<std::size_t>(old.row())], old.column()));
+  }
+  changePersistentIndexList(from, to);
+  emit layoutChanged({}, VerticalSortHint);
 }
 
 int PostListModel::rowCount(const QModelIndex& parent) const {
@@ -33,38 +142,44 @@ int PostListModel::rowCount(const QModelIndex& parent) const {
 }
 
 int PostListModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : kColumnCount;
+  if (parent.isValid()) return 0;
+  return std::max(static_cast<int>(texts_.headings.size()), int{kPostColumnCount});
 }
 
 QVariant PostListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
-  const PostRow& post = posts_[static_cast<std::size_t>(index.row())];
+  const PackedPost& post = Post(index.row());
   switch (role) {
     case Qt::DisplayRole:
       return CellText(post, index.column());
+    case Qt::AccessibleTextRole:
+      if (index.column() != kReadColumn) return {};  // what the cell shows
+      return post.IsRead() ? texts_.read : texts_.unread;
     case kIsReadRole:
-      return IsRead(post);
+      return post.IsRead();
     default:
       return {};
   }
 }
 
-QString PostListModel::CellText(const PostRow& post, int column) const {
+QString PostListModel::CellText(const PackedPost& post, int column) const {
   switch (column) {
     case kReadColumn:
-      return IsRead(post) ? "1" : "0";
+      return post.IsRead() ? "1" : "0";
     case kTitleColumn:
-      return ToLine(codePage_, post.title);
+      return ToLine(codePage_, post.Title());
     case kDateColumn:
-      return DateCell(post.published);
+      return DateCell(post.Published());
+    case kOwnerColumn:
+      return ToLine(codePage_, post.OwnerTitle());
     default:
-      return ToLine(codePage_, post.ownerTitle);
+      return {};
   }
 }
 
 QVariant PostListModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  return QString::fromUtf8(kHeader).section('|', section, section);
+  return texts_.headings.value(section);
 }
 
 }  // namespace feedloom

@@ -1,10 +1,14 @@
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 
+#include <QContextMenuEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
+#include <algorithm>
 #include <utility>
 
 #include "skin/Keys.h"
 #include "ui/tree/GroupTreeModel.h"
+#include "ui/tree/NewPostAnimation.h"
 #include "ui/tree/TreeRowDelegate.h"
 #include "vxctrl/SkinFont.h"
 
@@ -17,18 +21,24 @@ constexpr QColor kText(0x1F, 0x2D, 0x36);
 constexpr QColor kSelection(0xA9, 0xD4, 0xF2);
 constexpr QColor kSelectionWithoutFocus(0xC2, 0xD6, 0xE2);
 
+constexpr int kRoomBelow = 5;  // pixels between the last row and the end of the scrolled area
+
 }  // namespace
 
 CRSS_GroupTreeCtrl::CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, QWidget* parent)
-    : QTreeView(parent) {
+    : QTreeView(parent), animation_(new NewPostAnimation(skin, this)) {
   TreeSkin images = LoadTreeSkin(skin);
   rowCursor_ = images.rowCursor;
-  setItemDelegate(new TreeRowDelegate(std::move(images), this));
+  setItemDelegate(new TreeRowDelegate(std::move(images), *animation_, this));
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
   SetUpColors();
   SetUpView();
   setModel(&model);
   connect(&model, &QAbstractItemModel::modelReset, this, &QTreeView::expandAll);
+  connect(animation_, &NewPostAnimation::FrameChanged, this, &CRSS_GroupTreeCtrl::RepaintNewMarks);
+  connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
+          &CRSS_GroupTreeCtrl::UpdateScrollRange);
+  connect(this, &QTreeView::collapsed, this, &CRSS_GroupTreeCtrl::SelectInsteadOfHidden);
   connect(this, &QAbstractItemView::pressed, this, &CRSS_GroupTreeCtrl::ReportPress);
 }
 
@@ -56,6 +66,8 @@ QModelIndex CRSS_GroupTreeCtrl::SelectedRow() const {
   const QModelIndexList selected = selectionModel()->selectedIndexes();
   return selected.isEmpty() ? QModelIndex() : selected.first();
 }
+
+void CRSS_GroupTreeCtrl::ClearSelection() { selectionModel()->clear(); }
 
 void CRSS_GroupTreeCtrl::SetOwnCursor(bool own) {
   hasOwnCursor_ = own;
@@ -117,6 +129,72 @@ void CRSS_GroupTreeCtrl::mouseMoveEvent(QMouseEvent* event) {
     viewport()->setCursor(rowCursor_);
   } else {
     viewport()->unsetCursor();
+  }
+}
+
+// Commands must not act on a row that is out of sight.
+void CRSS_GroupTreeCtrl::SelectInsteadOfHidden(const QModelIndex& closed) {
+  if (SelectedRow().parent() == closed) setCurrentIndex(closed);
+}
+
+void CRSS_GroupTreeCtrl::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!isEnter) return QTreeView::keyPressEvent(event);
+  if (SelectedRow().isValid()) emit RowSelected(SelectedRow());
+}
+
+void CRSS_GroupTreeCtrl::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+  const QRect row = visualRect(SelectedRow());
+  emit MenuRequested(byKey ? viewport()->mapToGlobal(row.bottomLeft()) : event->globalPos());
+}
+
+// The height of all rows that are not hidden in a closed group.
+int CRSS_GroupTreeCtrl::RowsHeight() const {
+  int height = 0;
+  for (int group = 0; group < model()->rowCount(); ++group) {
+    const QModelIndex header = model()->index(group, 0);
+    height += kGroupRowHeight;
+    if (isExpanded(header)) height += model()->rowCount(header) * kChildRowHeight;
+  }
+  return height;
+}
+
+// The base class decides on the scroll bar before it knows the range, and keeps to that until it
+// has resized everything.
+bool CRSS_GroupTreeCtrl::event(QEvent* event) {
+  isResizing_ = event->type() == QEvent::Resize;
+  const bool isHandled = QTreeView::event(event);
+  if (std::exchange(isResizing_, false)) UpdateScrollBar();
+  return isHandled;
+}
+
+void CRSS_GroupTreeCtrl::updateGeometries() {
+  QTreeView::updateGeometries();
+  UpdateScrollRange();
+}
+
+// The base class scrolls to the end of the last row; the pane leaves some room below it.
+void CRSS_GroupTreeCtrl::UpdateScrollRange() {
+  if (model() == nullptr) return;
+  const int page = viewport()->height();
+  verticalScrollBar()->setRange(0, std::max(RowsHeight() + kRoomBelow - page, 0));
+  verticalScrollBar()->setPageStep(page);
+  if (!isResizing_) UpdateScrollBar();
+}
+
+void CRSS_GroupTreeCtrl::UpdateScrollBar() {
+  setVerticalScrollBarPolicy(verticalScrollBar()->maximum() > 0 ? Qt::ScrollBarAlwaysOn
+                                                                : Qt::ScrollBarAlwaysOff);
+}
+
+void CRSS_GroupTreeCtrl::RepaintNewMarks() {
+  const int bottom = viewport()->height();
+  for (QModelIndex row = indexAt({0, 0}); row.isValid() && visualRect(row).top() < bottom;
+       row = indexBelow(row)) {
+    if (!row.data(GroupTreeModel::IsNewRole).toBool()) continue;
+    const QRect label = visualRect(row);
+    viewport()->update(0, label.top(), label.left(), label.height());
   }
 }
 

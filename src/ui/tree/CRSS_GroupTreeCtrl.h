@@ -6,6 +6,7 @@
 namespace feedloom {
 
 class GroupTreeModel;
+class NewPostAnimation;
 class Skin;
 
 // Shows a GroupTreeModel: groups, expanded at first, and their rows. At most one row is selected.
@@ -18,13 +19,18 @@ class CRSS_GroupTreeCtrl : public QTreeView {
 
   // Not valid when no row is selected.
   QModelIndex SelectedRow() const;
+  // No row is selected then, nor the current one.
+  void ClearSelection();
 
   // Whether the skin's cursor shows over rows; otherwise the parent's does.
   void SetOwnCursor(bool own);
 
  signals:
-  // The user selected this row, or clicked on it again: once for each click or key.
+  // The user selected this row, clicked on it again, or pressed Enter on it: once for each
+  // click or key.
   void RowSelected(const QModelIndex& index);
+  // The user asks for the menu, at this point of the screen.
+  void MenuRequested(const QPoint& place);
 
  protected:
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
@@ -35,15 +41,27 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  bool event(QEvent* event) override;
+  void updateGeometries() override;
 
  private:
   void SetUpColors();
   void SetUpView();
   void ReportPress(const QModelIndex& index);
+  void SelectInsteadOfHidden(const QModelIndex& closed);
+  int RowsHeight() const;
+  void UpdateScrollRange();
+  void UpdateScrollBar();
+  void RepaintNewMarks();
+
+  NewPostAnimation* const animation_;
 
   QCursor rowCursor_;
   bool hasOwnCursor_ = true;
+  bool isResizing_ = false;
   // Of the press that is being handled, or was handled last:
   bool isLeftPress_ = false;
   bool wasReported_ = false;  // RowSelected was emitted for it

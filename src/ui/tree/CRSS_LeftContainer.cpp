@@ -1,41 +1,31 @@
 #include "ui/tree/CRSS_LeftContainer.h"
 
 #include <QPainter>
+#include <QShortcut>
 #include <QTimer>
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "skin/Keys.h"
-#include "store/Cabinets.h"
 #include "store/Channels.h"
-#include "store/Counts.h"
-#include "store/Folders.h"
-#include "ui/Frame.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftToolBarWnd.h"
-#include "ui/tree/RefreshEntries.h"
 #include "ui/tree/SelectedPosts.h"
-#include "ui/tree/UpdatePeriod.h"
+#include "ui/tree/TimerPeriods.h"
+#include "ui/tree/TreeLoader.h"
+#include "vxctrl/QtText.h"
 
 namespace feedloom {
 namespace {
 
-constexpr QColor kBackground(0xF4, 0xF7, 0xF8);
-constexpr QColor kTreeFrame(0x76, 0x8A, 0x8E);
+FailureTexts LoadFailureTexts(const Skin& skin) {
+  return {.downloadFailed = skin.GetText(kSectionTexts, kTextDownloadFailed),
+          .documentRefused = skin.GetText(kSectionTexts, kTextDocumentRefused)};
+}
 
-// The line around the tree lies so far from the left, right and bottom edges.
-constexpr int kTreeFrameInset = 5;
-
-// The posts of the row; none when the store could not read them.
-std::optional<PostList> PostsOf(Store& store, const GroupTreeModel& model,
-                                const QModelIndex& index) {
-  PostList list;
-  const GroupRow* const group = model.GroupAt(index);
-  const ChildRow* const child = model.ChildAt(index);
-  const bool loaded = group != nullptr ? LoadSelectedPosts(store, group->kind, group->id, list)
-                                       : LoadSelectedPosts(store, child->kind, child->id, list);
-  if (!loaded) return std::nullopt;
-  return list;
+void Restart(QTimer& timer, const std::optional<std::chrono::milliseconds>& period) {
+  period ? timer.start(*period) : timer.stop();
 }
 
 }  // namespace
@@ -43,41 +33,74 @@ std::optional<PostList> PostsOf(Store& store, const GroupTreeModel& model,
 CRSS_LeftContainer::CRSS_LeftContainer(Frame& frame, QWidget* parent)
     : QWidget(parent),
       frame_(frame),
-      model_(frame.TheStore().TextCodePage()),
-      leftBorder_(LoadSkinImage(frame.TheSkin(), kSectionLeft, kImageLeftMiddleLeft)),
-      rightBorder_(LoadSkinImage(frame.TheSkin(), kSectionLeft, kImageLeftMiddleRight)),
-      bottomBorder_(LoadThreePieces(frame.TheSkin(), kSectionLeft, kImageLeftBottomLeft,
-                                    kImageLeftBottomMiddle, kImageLeftBottomRight)),
+      model_(frame.TheStore().TextCodePage(), LoadFailureTexts(frame.TheSkin())),
+      border_(LoadPaneFrame(frame.TheSkin())),
       toolbar_(new CRSS_LeftToolBarWnd(frame.TheSkin(), this)),
       tree_(new CRSS_GroupTreeCtrl(frame.TheSkin(), model_, this)),
-      updateTimer_(new QTimer(this)) {
+      updateTimer_(new QTimer(this)),
+      notificationTimer_(new QTimer(this)),
+      commands_(frame, model_, *tree_) {
   setFocusProxy(tree_);
+  tree_->setAccessibleName(ToQString(frame.TheStore().TextCodePage(),
+                                     frame.TheSkin().GetText(kSectionTexts, kTextTreeName)));
   updateTimer_->setSingleShot(true);
-  connect(toolbar_, &CRSS_LeftToolBarWnd::UpdateClicked, this, &CRSS_LeftContainer::RefreshAll);
   connect(updateTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::RefreshAll);
+  connect(notificationTimer_, &QTimer::timeout, this, [this] {
+    const auto notify = frame_.TheActions().notifyOfNewPosts;
+    if (notify) notify();
+  });
   connect(tree_, &CRSS_GroupTreeCtrl::RowSelected, this, &CRSS_LeftContainer::ListSelectedPosts);
+  connect(tree_, &CRSS_GroupTreeCtrl::MenuRequested, this, &CRSS_LeftContainer::ShowRowMenu);
+  SetUpToolBar();
+  SetUpKeys();
   RestartUpdateTimer();
+  RestartNotificationTimer();
 }
 
-void CRSS_LeftContainer::LoadTree() {
-  Store& store = frame_.TheStore();
-  TreeContent content;
-  LoadFolderList(store, content.folders);
-  LoadChannelList(store, content.channels);
-  content.cabinetTitle = frame_.TheSkin().GetText(kSectionTexts, kTextCabinetTitle);
-  content.unreadInCabinets = CountUnreadInFolder(store, 0, true);
-  LoadCabinetList(store, content.cabinets);
-  model_.Load(std::move(content));
+void CRSS_LeftContainer::SetUpToolBar() {
+  struct Entry {
+    CRSS_LeftToolBarWnd::Button button;
+    int command;
+  };
+  static constexpr Entry kCommands[] = {{CRSS_LeftToolBarWnd::kUpdate, kCommandRefreshAll},
+                                        {CRSS_LeftToolBarWnd::kAddChannel, kCommandAddChannel},
+                                        {CRSS_LeftToolBarWnd::kDirectory, kCommandDirectory}};
+  for (const auto& [button, command] : kCommands) {
+    toolbar_->Enable(button, IsThere(command, frame_.TheActions()));
+  }
+  connect(toolbar_, &CRSS_LeftToolBarWnd::Clicked, this,
+          [this](CRSS_LeftToolBarWnd::Button clicked) {
+            const auto* const entry = std::ranges::find(kCommands, clicked, &Entry::button);
+            if (entry != std::end(kCommands)) return commands_.Run(entry->command);
+            ShowMenuAt(commands_.WholeMenu(), toolbar_->mapToGlobal(toolbar_->MenuPlace()));
+          });
 }
 
-void CRSS_LeftContainer::RefreshAll() {
-  frame_.QueueRefresh(RefreshEntriesOf(model_.Groups()));
-  frame_.StartRefresh();
+// Shortcuts, because the tree would take a letter for the beginning of a name.
+void CRSS_LeftContainer::SetUpKeys() {
+  const auto onKey = [this](QWidget* widget, const QKeySequence& key, auto run) {
+    auto* const shortcut = new QShortcut(key, widget);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, run);
+  };
+  onKey(tree_, Qt::Key_Delete, [this] { commands_.Run(kCommandDeleteSelection); });
+  onKey(tree_, Qt::Key_N, [this] { frame_.GoToUnreadPost(true); });
+  onKey(tree_, Qt::Key_P, [this] { frame_.GoToUnreadPost(false); });
+  onKey(this, QKeySequence::Find, [this] { frame_.FocusSearch(); });
 }
+
+void CRSS_LeftContainer::LoadTree() { model_.Load(ReadTree(frame_.TheStore(), frame_.TheSkin())); }
+
+void CRSS_LeftContainer::RefreshAll() { commands_.Run(kCommandRefreshAll); }
+
+void CRSS_LeftContainer::RefreshSelection() { commands_.Run(kCommandRefreshSelection); }
 
 void CRSS_LeftContainer::RestartUpdateTimer() {
-  const auto period = UpdatePeriod(frame_.State().liveSettings);
-  period ? updateTimer_->start(*period) : updateTimer_->stop();
+  Restart(*updateTimer_, UpdatePeriod(frame_.State().liveSettings));
+}
+
+void CRSS_LeftContainer::RestartNotificationTimer() {
+  Restart(*notificationTimer_, NotificationPeriod(frame_.State().liveSettings));
 }
 
 int CRSS_LeftContainer::SetChannelUnread(int channelId, int count) {
@@ -87,6 +110,11 @@ int CRSS_LeftContainer::SetChannelUnread(int channelId, int count) {
 void CRSS_LeftContainer::SetChannelNew(int channelId, bool isNew) {
   model_.SetChannelNew(channelId, isNew);
   tree_->viewport()->repaint();  // the mark lies left of what the view repaints by itself
+}
+
+void CRSS_LeftContainer::SetChannelNewByMessage(int channelId, bool isNew) {
+  model_.SetChannelNewByMessage(channelId, isNew);
+  tree_->viewport()->repaint();
 }
 
 void CRSS_LeftContainer::SetChannelState(int channelId, int state) {
@@ -104,20 +132,30 @@ int CRSS_LeftContainer::RecountChannels() {
   return added;
 }
 
+void CRSS_LeftContainer::RecountUnread(bool ofScrapPosts) {
+  const auto recount = ofScrapPosts ? ReadCabinetCounts : ReadChannelCounts;
+  recount(frame_.TheStore(), model_);
+}
+
+int CRSS_LeftContainer::ChannelUnread(int channelId) const {
+  const ChildRow* const channel = model_.ChildAt(model_.FindChannel(channelId));
+  return channel == nullptr ? 0 : channel->unreadCount;
+}
+
 void CRSS_LeftContainer::AddStoredChannel(int channelId) {
   if (model_.FindChannel(channelId).isValid()) return;
-  std::vector<ChannelRow> stored;
-  LoadChannelList(frame_.TheStore(), stored);
-  const auto channel = std::ranges::find(stored, channelId, &ChannelRow::id);
-  if (channel == stored.end()) return;
+  auto channel = ReadChannel(frame_.TheStore(), channelId);
+  if (!channel) return;
   channel->unreadCount = 0;
   model_.AppendChannel(std::move(*channel));
 }
 
 void CRSS_LeftContainer::SetBusy(bool busy) { tree_->SetOwnCursor(!busy); }
 
-void CRSS_LeftContainer::PostWasRead(int ownerId, bool isScrapPost) {
-  isScrapPost ? model_.LowerCabinetUnread(ownerId) : model_.LowerChannelUnread(ownerId);
+// What a search found does not tell whose it is.
+void CRSS_LeftContainer::PostWasRead(const PostRow& post, bool isScrapPost) {
+  if (post.ownerId == 0) return frame_.RecountUnread(isScrapPost);
+  isScrapPost ? model_.LowerCabinetUnread(post.ownerId) : model_.LowerChannelUnread(post.ownerId);
 }
 
 std::string CRSS_LeftContainer::ChannelTitle(int channelId) const {
@@ -132,9 +170,7 @@ std::optional<int> CRSS_LeftContainer::SelectedChannel() const {
 }
 
 void CRSS_LeftContainer::ReloadSelection() {
-  const QModelIndex selected = tree_->SelectedRow();
-  if (!selected.isValid()) return;
-  if (auto list = PostsOf(frame_.TheStore(), model_, selected)) {
+  if (auto list = PostsOf(frame_.TheStore(), model_, tree_->SelectedRow())) {
     frame_.RelistPosts(std::move(*list));
   }
 }
@@ -143,31 +179,34 @@ void CRSS_LeftContainer::ListSelectedPosts() {
   if (const auto channelId = SelectedChannel()) SetChannelNew(*channelId, false);
   auto list = PostsOf(frame_.TheStore(), model_, tree_->SelectedRow());
   // The list never shows the posts of a row that is not selected any more.
-  frame_.ListPosts(ListMode::Selection, std::move(list).value_or(PostList()));
+  frame_.ListPosts(ListMode::Selection, std::move(list).value_or(PostList()), firstShown_);
+}
+
+void CRSS_LeftContainer::GoToUnreadRow(bool forward) {
+  const QModelIndex row = model_.FindUnread(tree_->SelectedRow(), forward);
+  if (!row.isValid()) return;
+  firstShown_ = forward ? FirstShown::FirstUnread : FirstShown::LastUnread;
+  tree_->setCurrentIndex(row);  // which selects it
+  firstShown_ = FirstShown::First;
+}
+
+void CRSS_LeftContainer::ShowRowMenu(const QPoint& place) {
+  if (const auto menu = commands_.SelectionMenu()) ShowMenuAt(*menu, place);
+}
+
+void CRSS_LeftContainer::ShowMenuAt(const Menu& menu, const QPoint& place) {
+  ShowMenu(menu, frame_.TheSkin(), place, this, [this](int command) { commands_.Run(command); });
 }
 
 void CRSS_LeftContainer::resizeEvent(QResizeEvent* /*event*/) {
-  const int top = toolbar_->Height();
-  const int left = kTreeFrameInset + 1;
+  const int top = toolbar_->sizeHint().height();
   toolbar_->setGeometry(0, 0, width(), top);
-  tree_->setGeometry(left, top + 1, width() - 2 * left, height() - top - left - 1);
+  tree_->setGeometry(ViewArea(rect(), top));
 }
 
 void CRSS_LeftContainer::paintEvent(QPaintEvent* /*event*/) {
-  const int top = toolbar_->Height();
-  const QSize bottomSize = bottomBorder_.middle.deviceIndependentSize().toSize();
-  const QRect bottom(0, height() - bottomSize.height(), width(), bottomSize.height());
-  const QRect left(0, top, leftBorder_.width(), bottom.top() - top);
-  const QRect right(width() - rightBorder_.width(), top, rightBorder_.width(), left.height());
-
   QPainter painter(this);
-  painter.fillRect(rect(), kBackground);
-  painter.drawTiledPixmap(left, leftBorder_);
-  painter.drawTiledPixmap(right, rightBorder_);
-  DrawThreePieces(painter, bottom, bottomBorder_);
-  painter.setPen(kTreeFrame);
-  painter.drawRect(kTreeFrameInset, top, width() - 2 * kTreeFrameInset - 1,
-                   height() - top - kTreeFrameInset - 1);
+  DrawPaneFrame(painter, rect(), toolbar_->height(), border_);
 }
 
 }  // namespace feedloom

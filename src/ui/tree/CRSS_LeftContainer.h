@@ -1,5 +1,5 @@
-// The left pane: the tree of folders, channels and cabinets, its toolbar, and the timer that
-// refreshes the channels.
+// The left pane: the tree of folders, channels and cabinets, its toolbar and menus, and the timers
+// that refresh the channels and announce new posts.
 #pragma once
 
 #include <QWidget>
@@ -7,7 +7,8 @@
 #include <string>
 
 #include "ui/tree/GroupTreeModel.h"
-#include "vxctrl/SkinPieces.h"
+#include "ui/tree/TreeCommands.h"
+#include "vxctrl/PaneFrame.h"
 
 class QTimer;
 
@@ -15,7 +16,6 @@ namespace feedloom {
 
 class CRSS_GroupTreeCtrl;
 class CRSS_LeftToolBarWnd;
-class Frame;
 
 // When the user selects a row, its posts go to Frame::ListPosts, and a channel's new mark goes out.
 // An operation that names a channel or cabinet that is not in the tree does nothing.
@@ -23,32 +23,42 @@ class CRSS_LeftContainer : public QWidget {
   Q_OBJECT
 
  public:
-  // Without rows until LoadTree. Starts the update timer. `frame` outlives the pane; the pane's
-  // focus goes to the tree.
+  // Without rows until LoadTree. Starts both timers. `frame` outlives the pane; the pane's focus
+  // goes to the tree.
   CRSS_LeftContainer(Frame& frame, QWidget* parent);
 
   // Reads all rows from the store again; nothing is selected then. What the store cannot read (it
   // reports that itself) is left out.
   void LoadTree();
 
-  // Queues every channel that is not queued yet, in the order of the rows, and starts the refresh.
+  // Queue the channels that are not queued yet, in the order of the rows, and start the refresh:
+  // every channel, or those of the selected row.
   void RefreshAll();
+  void RefreshSelection();
 
   // Timer 1 starts anew with the period of State().liveSettings, or stops when they ask for none.
   // It fires once: RefreshAll.
   void RestartUpdateTimer();
+  // Timer 2, likewise; it fires again and again: Actions::notifyOfNewPosts.
+  void RestartNotificationTimer();
 
   // Sets a channel's unread count and its folder's along with it. Returns the difference to the
   // count before; 0, and nothing changes, for a negative count.
   int SetChannelUnread(int channelId, int count);
-  // The row's new mark; the tree shows it at once.
+  // The row's new mark; the tree shows it at once. ByMessage: one of the refresh asks for it.
   void SetChannelNew(int channelId, bool isNew);
+  void SetChannelNewByMessage(int channelId, bool isNew);
   // The result of the channel's last refresh: below 0 a failure.
   void SetChannelState(int channelId, int state);
 
   // Reads the counts and states of all channels from the store again. Returns the sum of the
   // differences to the counts before.
   int RecountChannels();
+  // Reads the counts of all channels and folders again, or of all cabinets: two statements.
+  void RecountUnread(bool ofScrapPosts);
+
+  // 0 for a channel that is not in the tree.
+  int ChannelUnread(int channelId) const;
 
   // A refresh put this channel into the store: appends its row unless it is there. Its unread count
   // is 0 until SetChannelUnread tells it, so that the difference holds all of the channel's posts.
@@ -57,8 +67,8 @@ class CRSS_LeftContainer : public QWidget {
   // While it is busy the pane has no cursor of its own, so that the frame's shows.
   void SetBusy(bool busy);
 
-  // One unread post less in the channel, or cabinet, and in its group.
-  void PostWasRead(int ownerId, bool isScrapPost);
+  // One unread post less in its channel, or cabinet, and in the group.
+  void PostWasRead(const PostRow& post, bool isScrapPost);
 
   // The bare name; empty when there is no such channel.
   std::string ChannelTitle(int channelId) const;
@@ -67,22 +77,30 @@ class CRSS_LeftContainer : public QWidget {
   // Hands the posts of the selected row to Frame::RelistPosts; nothing when no row is selected or
   // the store cannot read them.
   void ReloadSelection();
+  // Selects the next row behind the selected one, or the last one before it, that has unread posts,
+  // and has its first, or last, unread one shown; nothing when there is none.
+  void GoToUnreadRow(bool forward);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void SetUpToolBar();
+  void SetUpKeys();
   void ListSelectedPosts();
+  void ShowRowMenu(const QPoint& place);
+  void ShowMenuAt(const Menu& menu, const QPoint& place);
 
   Frame& frame_;
   GroupTreeModel model_;
-  const QPixmap leftBorder_;
-  const QPixmap rightBorder_;
-  const ThreePieces bottomBorder_;
+  const PaneFrame border_;
   CRSS_LeftToolBarWnd* const toolbar_;
   CRSS_GroupTreeCtrl* const tree_;
   QTimer* const updateTimer_;
+  QTimer* const notificationTimer_;
+  TreeCommands commands_;
+  FirstShown firstShown_ = FirstShown::First;  // of the next row that is selected
 };
 
 }  // namespace feedloom

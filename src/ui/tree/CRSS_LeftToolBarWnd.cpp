@@ -12,18 +12,40 @@ namespace feedloom {
 namespace {
 
 constexpr int kFirstButtonLeft = 7;
-constexpr int kDefaultHeight = 40;  // when the skin gives none
+constexpr int kButtonGap = 4;
+constexpr QSize kDefaultSize(251, 40);  // when the skin gives none
+constexpr QPoint kMenuPlace(7, 54);
 
-int HeightFrom(const Skin& skin) {
-  const int height = ParseInt(skin.GetSkinValue(kSectionLeft, kLeftToolbarHeight));
-  return height > 0 ? height : kDefaultHeight;
+// A line parts the buttons before this one from the others.
+constexpr CRSS_LeftToolBarWnd::Button kFirstBehindLine = CRSS_LeftToolBarWnd::kAddChannel;
+
+struct ButtonKeys {
+  const char* image;
+  const char* tooltip;
+};
+
+// From left to right. The tooltip keys are those that the hosts' string files have.
+constexpr ButtonKeys kButtons[] = {
+    {kButtonMenu, kTextMenuTooltip},
+    {kButtonUpdate, kTextUpdateTooltip},
+    {kButtonAddChannel, kTextAddChannelTooltip},
+    {kButtonDirectory, kTextDirectoryTooltip},
+};
+
+int LengthFrom(const Skin& skin, const char* key, int otherwise) {
+  const int length = ParseInt(skin.GetSkinValue(kSectionLeft, key));
+  return length > 0 ? length : otherwise;
 }
 
-QAbstractButton* MakeButton(const Skin& skin, const char* imageKey, const char* tooltipKey,
-                            QWidget* parent) {
-  auto* button = new CButtonEx(skin.GetImagePath(kSectionLeft, imageKey), parent);
+QSize SizeFrom(const Skin& skin) {
+  return {LengthFrom(skin, kLeftToolbarWidth, kDefaultSize.width()),
+          LengthFrom(skin, kLeftToolbarHeight, kDefaultSize.height())};
+}
+
+QAbstractButton* MakeButton(const Skin& skin, const ButtonKeys& keys, QWidget* parent) {
+  auto* button = new CButtonEx(skin.GetImagePath(kSectionLeft, keys.image), parent);
   const QString tooltip =
-      ToQString(skin.Config().GetCodePage(), skin.GetText(kSectionTexts, tooltipKey));
+      ToQString(skin.Config().GetCodePage(), skin.GetText(kSectionTexts, keys.tooltip));
   button->setToolTip(tooltip);
   button->setAccessibleName(tooltip);
   button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard with the tree
@@ -34,22 +56,43 @@ QAbstractButton* MakeButton(const Skin& skin, const char* imageKey, const char* 
 
 CRSS_LeftToolBarWnd::CRSS_LeftToolBarWnd(const Skin& skin, QWidget* parent)
     : QWidget(parent),
-      height_(HeightFrom(skin)),
+      size_(SizeFrom(skin)),
       background_(LoadThreePieces(skin, kSectionLeft, kImageLeftTopLeft, kImageLeftTopMiddle,
                                   kImageLeftTopRight)),
-      updateButton_(MakeButton(skin, kButtonUpdate, kTextUpdateTooltip, this)) {
+      line_(LoadSkinImage(skin, kSectionLeft, kImageLeftLine)) {
   setObjectName("RSS_LeftToolBar");
-  connect(updateButton_, &QAbstractButton::clicked, this, &CRSS_LeftToolBarWnd::UpdateClicked);
+  for (int button = 0; button < kButtonCount; ++button) {
+    buttons_[static_cast<std::size_t>(button)] = MakeButton(skin, kButtons[button], this);
+    connect(buttons_[static_cast<std::size_t>(button)], &QAbstractButton::clicked, this,
+            [this, button] { emit Clicked(static_cast<Button>(button)); });
+  }
 }
+
+void CRSS_LeftToolBarWnd::Enable(Button button, bool isEnabled) {
+  buttons_[button]->setEnabled(isEnabled);
+}
+
+QPoint CRSS_LeftToolBarWnd::MenuPlace() const { return kMenuPlace; }
 
 void CRSS_LeftToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   DrawThreePieces(painter, rect(), background_);
+  const int right = buttons_[kFirstBehindLine]->x() - kButtonGap;
+  const QSize size = line_.deviceIndependentSize().toSize();
+  painter.drawPixmap(right - size.width(), (height() - size.height()) / 2, line_);
 }
 
 void CRSS_LeftToolBarWnd::resizeEvent(QResizeEvent* /*event*/) {
-  const QSize size = updateButton_->sizeHint();
-  updateButton_->setGeometry(QRect(QPoint(kFirstButtonLeft, (height() - size.height()) / 2), size));
+  int left = kFirstButtonLeft;
+  for (int button = 0; button < kButtonCount; ++button) {
+    if (button == kFirstBehindLine) {
+      left += line_.deviceIndependentSize().toSize().width() + kButtonGap;
+    }
+    const QSize size = buttons_[static_cast<std::size_t>(button)]->sizeHint();
+    buttons_[static_cast<std::size_t>(button)]->setGeometry(
+        {QPoint(left, (height() - size.height()) / 2), size});
+    left += size.width() + kButtonGap;
+  }
 }
 
 }  // namespace feedloom

@@ -1,9 +1,12 @@
 #include "ui/tree/GroupTreeModel.h"
 
 #include <QString>
+#include <QTextDocument>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
+#include "platform/Messages.h"
 #include "ui/tree/RowLabel.h"
 #include "vxctrl/QtText.h"
 
@@ -38,8 +41,8 @@ std::unique_ptr<GroupRow> ToRow(FolderRow folder) {
 
 }  // namespace
 
-GroupTreeModel::GroupTreeModel(CodePage codePage, QObject* parent)
-    : QAbstractItemModel(parent), codePage_(codePage) {}
+GroupTreeModel::GroupTreeModel(CodePage codePage, FailureTexts texts, QObject* parent)
+    : QAbstractItemModel(parent), codePage_(codePage), failureTexts_(std::move(texts)) {}
 
 GroupTreeModel::~GroupTreeModel() = default;
 
@@ -112,6 +115,46 @@ int GroupTreeModel::SetChannelUnread(int channelId, int count) {
   return index.isValid() && count >= 0 ? SetUnread(index, count) : 0;
 }
 
+// One signal a group: a view repaints after each.
+void GroupTreeModel::ReportCounts(const GroupRow& group) {
+  const QModelIndex header = IndexOf(group);
+  emit dataChanged(header, header, {Qt::DisplayRole, UnreadRole});
+  if (group.children.empty()) return;
+  emit dataChanged(index(0, 0, header),
+                   index(static_cast<int>(group.children.size()) - 1, 0, header),
+                   {Qt::DisplayRole, UnreadRole});
+}
+
+void GroupTreeModel::SetChannelCounts(const std::vector<FolderRow>& folders,
+                                      const std::vector<ChannelRow>& channels) {
+  std::unordered_map<int, int> counts;
+  for (const FolderRow& folder : folders) counts[folder.id] = folder.unreadCount;
+  for (const ChannelRow& channel : channels) {
+    const auto place = channels_.find(channel.id);
+    if (place == channels_.end() || channel.unreadCount < 0) continue;
+    place->second.group->children[static_cast<std::size_t>(place->second.row)].unreadCount =
+        channel.unreadCount;
+  }
+  for (const auto& group : groups_) {
+    if (group->kind != RowKind::Folder) continue;
+    const auto count = counts.find(group->id);
+    if (count != counts.end() && count->second >= 0) group->unreadCount = count->second;
+    ReportCounts(*group);
+  }
+}
+
+void GroupTreeModel::SetCabinetCounts(int unreadInCabinets,
+                                      const std::vector<CabinetRow>& cabinets) {
+  if (groups_.empty()) return;
+  GroupRow& root = *groups_.back();
+  if (unreadInCabinets >= 0) root.unreadCount = unreadInCabinets;
+  for (const CabinetRow& cabinet : cabinets) {
+    ChildRow* const row = MutableChildAt(FindCabinet(cabinet.id));
+    if (row != nullptr && cabinet.unreadCount >= 0) row->unreadCount = cabinet.unreadCount;
+  }
+  ReportCounts(root);
+}
+
 void GroupTreeModel::LowerChannelUnread(int channelId) { LowerUnread(FindChannel(channelId)); }
 
 void GroupTreeModel::LowerCabinetUnread(int cabinetId) { LowerUnread(FindCabinet(cabinetId)); }
@@ -142,12 +185,18 @@ void GroupTreeModel::SetChannelNew(int channelId, bool isNew) {
   emit dataChanged(index, index, {IsNewRole});
 }
 
+void GroupTreeModel::SetChannelNewByMessage(int channelId, bool isNew) {
+  ChildRow* const row = MutableChildAt(FindChannel(channelId));
+  if (row != nullptr && isNew) row->isAnimatedByMessage = true;
+  SetChannelNew(channelId, isNew);
+}
+
 void GroupTreeModel::SetChannelState(int channelId, int state) {
   const QModelIndex index = FindChannel(channelId);
   ChildRow* const row = MutableChildAt(index);
   if (row == nullptr || row->state == state) return;
   row->state = state;
-  emit dataChanged(index, index, {StateRole});
+  emit dataChanged(index, index, {StateRole, Qt::ToolTipRole});
 }
 
 bool GroupTreeModel::AppendChannel(ChannelRow channel) {
@@ -168,6 +217,71 @@ bool GroupTreeModel::AppendChannel(ChannelRow channel) {
   endInsertRows();
   SetChannelUnread(id, unreadCount);
   return true;
+}
+
+void GroupTreeModel::Rename(const QModelIndex& row, std::string name) {
+  if (ChildRow* const child = MutableChildAt(row)) {
+    child->title = std::move(name);
+  } else if (GroupAt(row) != nullptr) {
+    groups_[static_cast<std::size_t>(row.row())]->name = std::move(name);
+  } else {
+    return;
+  }
+  emit dataChanged(row, row, {Qt::DisplayRole, NameRole, Qt::ToolTipRole});
+}
+
+int GroupTreeModel::Remove(const QModelIndex& row) {
+  if (!row.isValid()) return 0;
+  auto* const group = static_cast<GroupRow*>(row.internalPointer());
+  return group == nullptr ? RemoveGroup(row.row()) : RemoveChild(*group, row.row());
+}
+
+int GroupTreeModel::RemoveChild(GroupRow& group, int row) {
+  const QModelIndex header = IndexOf(group);
+  const auto child = group.children.begin() + row;
+  const int unreadCount = child->unreadCount;
+  beginRemoveRows(header, row, row);
+  if (child->kind == RowKind::Channel) channels_.erase(child->id);
+  for (auto next = group.children.erase(child); next != group.children.end(); ++next) {
+    if (next->kind == RowKind::Channel) --channels_[next->id].row;
+  }
+  endRemoveRows();
+  group.unreadCount = std::max(group.unreadCount - unreadCount, 0);
+  emit dataChanged(header, header, {Qt::DisplayRole, UnreadRole});
+  return unreadCount;
+}
+
+int GroupTreeModel::RemoveGroup(int row) {
+  const auto group = groups_.begin() + row;
+  const int unreadCount = (*group)->unreadCount;
+  beginRemoveRows({}, row, row);
+  for (const ChildRow& child : (*group)->children) channels_.erase(child.id);
+  groups_.erase(group);
+  endRemoveRows();
+  return unreadCount;
+}
+
+QModelIndex GroupTreeModel::FindUnread(const QModelIndex& from, bool forward) const {
+  const int step = forward ? 1 : -1;
+  const auto groupCount = static_cast<int>(groups_.size());
+  int group = forward ? 0 : groupCount - 1;
+  std::optional<int> row;  // of the group's children; none: its first or last one
+  if (from.isValid()) {
+    const QModelIndex header = parent(from);
+    group = header.isValid() ? header.row() : from.row() + step;
+    if (header.isValid()) row = from.row() + step;
+  }
+  for (; group >= 0 && group < groupCount; group += step, row.reset()) {
+    const GroupRow& rows = *groups_[static_cast<std::size_t>(group)];
+    const auto count = static_cast<int>(rows.children.size());
+    for (int child = row.value_or(forward ? 0 : count - 1); child >= 0 && child < count;
+         child += step) {
+      if (rows.children[static_cast<std::size_t>(child)].unreadCount > 0) {
+        return index(child, 0, index(group, 0));
+      }
+    }
+  }
+  return {};
 }
 
 QModelIndex GroupTreeModel::index(int row, int column, const QModelIndex& parent) const {
@@ -201,12 +315,25 @@ QVariant GroupTreeModel::data(const QModelIndex& index, int role) const {
   return {};
 }
 
+QString GroupTreeModel::FailureOf(const ChildRow& child) const {
+  if (child.state >= 0) return {};
+  return ToQString(codePage_, child.state == kDocumentRefused ? failureTexts_.documentRefused
+                                                              : failureTexts_.downloadFailed);
+}
+
+// As markup without any of its own: the toolkit takes a plain text that looks like some for it.
+QString GroupTreeModel::ToolTip(const QString& name, const QString& failure) const {
+  return Qt::convertFromPlainText(failure.isEmpty() ? name : name + '\n' + failure);
+}
+
 QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {
   switch (role) {
     case Qt::DisplayRole:
       return ShownLabel(group.name, group.unreadCount);
     case KindRole:
       return static_cast<int>(group.kind);
+    case Qt::ToolTipRole:
+      return ToolTip(ShownName(group.name), {});
     case NameRole:
       return ShownName(group.name);
     case UnreadRole:
@@ -230,6 +357,10 @@ QVariant GroupTreeModel::ChildData(const ChildRow& child, int role) const {
       return child.state;
     case IsNewRole:
       return child.isNew;
+    case IsAnimatedByMessageRole:
+      return child.isAnimatedByMessage;
+    case Qt::ToolTipRole:
+      return ToolTip(ShownName(child.title), FailureOf(child));
     default:
       return {};
   }

@@ -21,8 +21,15 @@ struct TreeContent {
   int unreadInCabinets = 0;
 };
 
+// What a channel's row says after a refresh that failed; in the module's code page.
+struct FailureTexts {
+  std::string downloadFailed;
+  std::string documentRefused;
+};
+
 // One column. Qt::DisplayRole is the label on one line; what is too long to be seen is cut off its
-// name. An operation that names a channel that is not there changes nothing.
+// name. Qt::ToolTipRole is the name as markup, with the reason when the last refresh failed. An
+// operation that names a row that is not there changes nothing.
 class GroupTreeModel : public QAbstractItemModel {
  public:
   enum Role {
@@ -31,9 +38,10 @@ class GroupTreeModel : public QAbstractItemModel {
     UnreadRole,               // int
     StateRole,                // int
     IsNewRole,                // bool
+    IsAnimatedByMessageRole,  // bool
   };
 
-  explicit GroupTreeModel(CodePage codePage, QObject* parent = nullptr);
+  GroupTreeModel(CodePage codePage, FailureTexts texts, QObject* parent = nullptr);
   ~GroupTreeModel() override;
 
   // Replaces all rows. The cabinet root comes last; a channel whose folder is not there is left
@@ -50,15 +58,32 @@ class GroupTreeModel : public QAbstractItemModel {
   // The difference to the count before, by which the folder's count changes too. A negative count
   // changes nothing.
   int SetChannelUnread(int channelId, int count);
+  // New counts of many rows at once. Rows that are not named, and those with a negative count, keep
+  // theirs.
+  void SetChannelCounts(const std::vector<FolderRow>& folders,
+                        const std::vector<ChannelRow>& channels);
+  void SetCabinetCounts(int unreadInCabinets, const std::vector<CabinetRow>& cabinets);
   // One unread post less in the row and in its group; never below 0.
   void LowerChannelUnread(int channelId);
   void LowerCabinetUnread(int cabinetId);
   void SetChannelNew(int channelId, bool isNew);
+  // The same when a message asks for it: from then on the row has the messages' animation.
+  void SetChannelNewByMessage(int channelId, bool isNew);
   void SetChannelState(int channelId, int state);
 
   // Puts the channel behind the last one of its folder and its unread posts into the folder's
   // count. False, and nothing changes, when the channel is there already or its folder is not.
   bool AppendChannel(ChannelRow channel);
+
+  // Of a folder, a channel or a cabinet; texts are in the module's code page.
+  void Rename(const QModelIndex& row, std::string name);
+  // The row goes, with a folder its channels too; a child's unread posts leave its group's count.
+  // Returns the unread posts of the row.
+  int Remove(const QModelIndex& row);
+
+  // The first channel or cabinet behind `from` that has unread posts, or the last one before it; of
+  // a group, `from` stands for all its rows. An invalid one stands before all rows, or behind them.
+  QModelIndex FindUnread(const QModelIndex& from, bool forward) const;
 
   QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
   QModelIndex parent(const QModelIndex& child) const override;
@@ -74,18 +99,24 @@ class GroupTreeModel : public QAbstractItemModel {
   };
 
   void FillGroups(TreeContent content);
+  int RemoveChild(GroupRow& group, int row);
+  int RemoveGroup(int row);
+  void ReportCounts(const GroupRow& group);
   QModelIndex IndexOf(const GroupRow& group) const;
   QModelIndex FindCabinet(int cabinetId) const;
   ChildRow* MutableChildAt(const QModelIndex& index);
   // Both also change the group's count.
   int SetUnread(const QModelIndex& child, int count);
   void LowerUnread(const QModelIndex& child);
+  QString FailureOf(const ChildRow& child) const;
+  QString ToolTip(const QString& name, const QString& failure) const;
   QVariant GroupData(const GroupRow& group, int role) const;
   QVariant ChildData(const ChildRow& child, int role) const;
   QString ShownName(const std::string& name) const;
   QString ShownLabel(const std::string& name, int unreadCount) const;
 
   const CodePage codePage_;
+  const FailureTexts failureTexts_;
   // A group's index has no internal pointer, a child's has its GroupRow.
   GroupRows groups_;
   std::unordered_map<int, Place> channels_;  // by channel id

@@ -3,7 +3,16 @@
 namespace feedloom {
 namespace {
 
-RefreshEntry EntryOf(const ChildRow& channel, int folderId) {
+void AppendEntries(const GroupRow& group, std::vector<RefreshEntry>& entries) {
+  if (group.kind != RowKind::Folder) return;
+  for (const ChildRow& channel : group.children) {
+    entries.push_back(RefreshEntryOf(channel, group.id));
+  }
+}
+
+}  // namespace
+
+RefreshEntry RefreshEntryOf(const ChildRow& channel, int folderId) {
   return {.channelId = channel.id,
           .folderId = folderId,
           .title = channel.title,
@@ -13,14 +22,15 @@ RefreshEntry EntryOf(const ChildRow& channel, int folderId) {
           .order = channel.order};
 }
 
-}  // namespace
+std::vector<RefreshEntry> RefreshEntriesOf(const GroupRow& group) {
+  std::vector<RefreshEntry> entries;
+  AppendEntries(group, entries);
+  return entries;
+}
 
 std::vector<RefreshEntry> RefreshEntriesOf(const GroupRows& groups) {
   std::vector<RefreshEntry> entries;
-  for (const auto& group : groups) {
-    if (group->kind != RowKind::Folder) continue;
-    for (const ChildRow& channel : group->children) entries.push_back(EntryOf(channel, group->id));
-  }
+  for (const auto& group : groups) AppendEntries(*group, entries);
   return entries;
 }
 

@@ -8,7 +8,9 @@
 
 namespace feedloom {
 
-// One entry a channel, in the order of the rows.
+// One entry a channel, in the order of the rows; none for the cabinet root.
 std::vector<RefreshEntry> RefreshEntriesOf(const GroupRows& groups);
+std::vector<RefreshEntry> RefreshEntriesOf(const GroupRow& group);
+RefreshEntry RefreshEntryOf(const ChildRow& channel, int folderId);
 
 }  // namespace feedloom

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "store/Posts.h"
+#include "ui/tree/GroupTreeModel.h"
 
 namespace feedloom {
 namespace {
@@ -22,9 +23,7 @@ bool LoadAllCabinets(Store& store, int /*id*/, CabinetWithPosts& out) {
   return LoadAllCabinetsWithPosts(store, out);
 }
 
-}  // namespace
-
-bool LoadSelectedPosts(Store& store, RowKind kind, int id, PostList& list) {
+bool LoadPosts(Store& store, RowKind kind, int id, PostList& list) {
   switch (kind) {
     case RowKind::Folder:
       return LoadInto(list, LoadFolderWithPosts, store, id);
@@ -36,6 +35,18 @@ bool LoadSelectedPosts(Store& store, RowKind kind, int id, PostList& list) {
       return LoadInto(list, LoadCabinetWithPosts, store, id);
   }
   return false;
+}
+
+}  // namespace
+
+std::optional<PostList> PostsOf(Store& store, const GroupTreeModel& model, const QModelIndex& row) {
+  PostList list;
+  const GroupRow* const group = model.GroupAt(row);
+  const ChildRow* const child = model.ChildAt(row);
+  const bool loaded = (group != nullptr && LoadPosts(store, group->kind, group->id, list)) ||
+                      (child != nullptr && LoadPosts(store, child->kind, child->id, list));
+  if (!loaded) return std::nullopt;
+  return list;
 }
 
 }  // namespace feedloom

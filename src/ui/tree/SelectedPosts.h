@@ -1,13 +1,18 @@
 #pragma once
 
-#include "ui/Frame.h"
-#include "ui/tree/TreeRows.h"
+#include <optional>
+
+#include "ui/PostList.h"
+
+class QModelIndex;
 
 namespace feedloom {
 
-// Fills `list` with the posts of a row, each with the id and title of its channel or cabinet. `id`
-// is the record's; for the cabinet root, which stands for all cabinets, it is not looked at. False
-// after a failure, which the store has reported; the list is then not complete.
-bool LoadSelectedPosts(Store& store, RowKind kind, int id, PostList& list);
+class GroupTreeModel;
+class Store;
+
+// The posts of a row, each with the id and title of its channel or cabinet; the cabinet root stands
+// for all cabinets. None for an invalid index and after a failure, which the store has reported.
+std::optional<PostList> PostsOf(Store& store, const GroupTreeModel& model, const QModelIndex& row);
 
 }  // namespace feedloom

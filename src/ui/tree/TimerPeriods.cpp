@@ -1,6 +1,6 @@
-#include "ui/tree/UpdatePeriod.h"
+#include "ui/tree/TimerPeriods.h"
 
-#include <array>
+#include <span>
 
 #include "ui/Settings.h"
 
@@ -9,15 +9,23 @@ namespace {
 
 using std::chrono::minutes;
 
-constexpr std::array kPeriods = {minutes(15), minutes(30), minutes(60), minutes(120)};
+constexpr minutes kPeriods[] = {minutes(15), minutes(30), minutes(60), minutes(120)};
+
+std::optional<std::chrono::milliseconds> Choose(std::span<const minutes> periods, int chosen) {
+  const auto index = static_cast<std::size_t>(chosen);  // a negative one becomes a very large one
+  if (index >= periods.size()) return std::nullopt;
+  return periods[index];
+}
 
 }  // namespace
 
 std::optional<std::chrono::milliseconds> UpdatePeriod(const Settings& settings) {
-  // A negative index becomes a very large one.
-  const auto index = static_cast<std::size_t>(settings.newFeedDuration);
-  if (settings.newFeedMode != 0 || index >= kPeriods.size()) return std::nullopt;
-  return kPeriods[index];
+  if (settings.newFeedMode != 0) return std::nullopt;
+  return Choose(kPeriods, settings.newFeedDuration);
+}
+
+std::optional<std::chrono::milliseconds> NotificationPeriod(const Settings& settings) {
+  return Choose(std::span(kPeriods).first<3>(), settings.newFeedMsgDuration);
 }
 
 }  // namespace feedloom

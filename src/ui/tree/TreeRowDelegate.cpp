@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "ui/tree/GroupTreeModel.h"
+#include "ui/tree/NewPostAnimation.h"
 
 namespace feedloom {
 namespace {
@@ -28,6 +29,12 @@ QPointF GutterCenter(const QRect& row) {
   return {row.left() + kRowIndentation / 2.0, row.top() + row.height() / 2.0};
 }
 
+// Where an icon lies in a row, so far from its left edge.
+QRect IconSquare(const QRect& row, int left) {
+  const int top = (row.height() - kRowIconSize) / 2;
+  return {row.topLeft() + QPoint(left, top), QSize(kRowIconSize, kRowIconSize)};
+}
+
 void FillPolygon(QPainter& painter, const QPolygonF& polygon, const QColor& color) {
   QPainterPath path;
   path.addPolygon(polygon);
@@ -41,8 +48,8 @@ void PaintExpandMark(QPainter& painter, const QRect& row, bool isOpen, const QCo
   FillPolygon(painter, (isOpen ? open : closed).translated(GutterCenter(row)), color);
 }
 
-// A four-pointed star.
-void PaintNewMark(QPainter& painter, QPointF center) {
+// A four-pointed star, where the image directory has no animation.
+void PaintStar(QPainter& painter, QPointF center) {
   constexpr double kLong = 5.5;
   constexpr double kShort = 1.6;
   const QPolygonF star({{0, -kLong},
@@ -70,8 +77,8 @@ void PaintLabel(QPainter& painter, const QRect& area, const QModelIndex& index) 
 
 }  // namespace
 
-TreeRowDelegate::TreeRowDelegate(TreeSkin skin, QObject* parent)
-    : QStyledItemDelegate(parent), skin_(std::move(skin)) {}
+TreeRowDelegate::TreeRowDelegate(TreeSkin skin, NewPostAnimation& animation, QObject* parent)
+    : QStyledItemDelegate(parent), skin_(std::move(skin)), animation_(animation) {}
 
 QSize TreeRowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
                                 const QModelIndex& index) const {
@@ -109,14 +116,20 @@ void TreeRowDelegate::PaintGroup(QPainter& painter, const QStyleOptionViewItem& 
 void TreeRowDelegate::PaintChild(QPainter& painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
   if (index.data(GroupTreeModel::IsNewRole).toBool()) {
-    PaintNewMark(painter, GutterCenter(option.rect.translated(kRowIndentation, 0)));
+    PaintNewMark(painter, IconSquare(option.rect, kRowIndentation), index);
   }
   const int left = 2 * kRowIndentation;
-  const int top = (option.rect.height() - kRowIconSize) / 2;
-  const QPoint place = option.rect.topLeft() + QPoint(left, top);
-  painter.drawPixmap(QRect(place, QSize(kRowIconSize, kRowIconSize)), IconOf(index));
+  painter.drawPixmap(IconSquare(option.rect, left), IconOf(index));
   PaintLabel(painter, option.rect.adjusted(left + kRowIconSize + kTextGap, 0, -kRightGap, 0),
              index);
+}
+
+void TreeRowDelegate::PaintNewMark(QPainter& painter, const QRect& square,
+                                   const QModelIndex& channel) const {
+  const bool byMessage = channel.data(GroupTreeModel::IsAnimatedByMessageRole).toBool();
+  const QPixmap frame =
+      animation_.Frame(byMessage ? NewPostAnimation::kByMessage : NewPostAnimation::kByPainting);
+  frame.isNull() ? PaintStar(painter, QRectF(square).center()) : painter.drawPixmap(square, frame);
 }
 
 const ThreePieces& TreeRowDelegate::HeaderOf(const QModelIndex& group) const {

@@ -6,6 +6,8 @@
 
 namespace feedloom {
 
+class NewPostAnimation;
+
 // Where the parts of a row lie, in pixels.
 inline constexpr int kGroupRowHeight = 24;
 inline constexpr int kChildRowHeight = 20;
@@ -15,7 +17,8 @@ inline constexpr int kRowIndentation = 14;  // a group's contents; a child's lie
 // expand mark too: option.rect is the row's.
 class TreeRowDelegate : public QStyledItemDelegate {
  public:
-  TreeRowDelegate(TreeSkin skin, QObject* parent);
+  // `animation` outlives the delegate.
+  TreeRowDelegate(TreeSkin skin, NewPostAnimation& animation, QObject* parent);
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;
@@ -29,7 +32,10 @@ class TreeRowDelegate : public QStyledItemDelegate {
   const ThreePieces& HeaderOf(const QModelIndex& group) const;
   const QPixmap& IconOf(const QModelIndex& child) const;
 
+  void PaintNewMark(QPainter& painter, const QRect& square, const QModelIndex& channel) const;
+
   const TreeSkin skin_;
+  NewPostAnimation& animation_;
 };
 
 }  // namespace feedloom

@@ -22,6 +22,7 @@ struct ChildRow {
   int unreadCount = 0;
   int state = 0;       // of a channel: below 0 after a refresh that failed
   bool isNew = false;  // of a channel: posts have arrived that the user has not looked at
+  bool isAnimatedByMessage = false;  // of a channel: a message brought the new mark's animation
   std::string title = {};
   std::string xmlLink = {};  // of a channel: the feed's address
 };

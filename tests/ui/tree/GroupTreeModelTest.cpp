@@ -2,7 +2,9 @@
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
+#include <QTextDocumentFragment>
 
+#include "platform/Messages.h"
 #include "store/StoreKit.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/RefreshEntries.h"
@@ -51,7 +53,7 @@ class GroupTreeModelTest : public testing::Test {
 
   QVariant OfChannel(int id, int role) const { return model.FindChannel(id).data(role); }
 
-  GroupTreeModel model{CodePage::Korean()};
+  GroupTreeModel model{CodePage::Korean(), {"not downloaded", "not a feed"}};
   QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
@@ -168,6 +170,80 @@ TEST_F(GroupTreeModelTest, ShowsAnyTitleOnOneLine) {
 TEST_F(GroupTreeModelTest, AVeryLongTitleKeepsItsCount) {
   model.AppendChannel(Channel(60, 3, std::string(100'000, 'x'), 9));
   EXPECT_EQ(OfChannel(60, Qt::DisplayRole).toString(), QString(500, u'x') + "…(9)");
+}
+
+TEST_F(GroupTreeModelTest, TellsWhyAChannelFails) {
+  const auto toolTip = [&](int id) {
+    return QTextDocumentFragment::fromHtml(OfChannel(id, Qt::ToolTipRole).toString())
+        .toPlainText()
+        .toStdString();
+  };
+  EXPECT_EQ(toolTip(11), "Daily");
+  model.SetChannelState(11, kDownloadFailed);
+  EXPECT_EQ(toolTip(11), "Daily\nnot downloaded");
+  model.SetChannelState(11, kDocumentRefused);
+  EXPECT_EQ(toolTip(11), "Daily\nnot a feed");
+  model.AppendChannel(Channel(60, 3, "<h1>x</h1> & <img src='file:///etc/logo.png'>", 0));
+  EXPECT_EQ(toolTip(60), "<h1>x</h1> & <img src='file:///etc/logo.png'>");
+}
+
+TEST_F(GroupTreeModelTest, TakesNewCountsForManyRowsAtOnce) {
+  model.SetChannelCounts({{.name = "", .id = 7, .unreadCount = 1}, {.name = "", .id = 3}},
+                         {Channel(11, 7, "", 0), Channel(10, 7, "", 1), Channel(99, 7, "", 8)});
+  model.SetCabinetCounts(2, {{.id = 2, .title = "", .unreadCount = 2}});
+  EXPECT_EQ(Labels(), (Strings{"News(1)", " Daily", " Weekly(1)", "Sports", "Cabinets(2)",
+                               " Keep(3)", " Later(2)"}));
+  model.SetChannelCounts({{.name = "", .id = 7, .unreadCount = -1}}, {Channel(11, 7, "", -1)});
+  model.SetCabinetCounts(-1, {});
+  EXPECT_EQ(Labels()[0], "News(1)");
+  EXPECT_EQ(Labels()[4], "Cabinets(2)");
+}
+
+TEST_F(GroupTreeModelTest, ARemovedRowTakesItsPostsOutOfItsGroup) {
+  EXPECT_EQ(model.Remove(model.FindChannel(11)), 3);
+  EXPECT_EQ(Labels()[0], "News(2)");
+  EXPECT_EQ(Labels()[1], " Weekly(2)");
+  EXPECT_EQ(model.SetChannelUnread(10, 4), 2);  // found at its new place
+  EXPECT_EQ(model.Remove(model.FindChannel(10)), 4);
+  EXPECT_EQ(Labels(), (Strings{"News", "Sports", "Cabinets(4)", " Keep(3)", " Later(1)"}));
+}
+
+TEST_F(GroupTreeModelTest, ARemovedFolderTakesItsChannelsAlong) {
+  model.AppendChannel(Channel(50, 3, "Ball", 1));
+  EXPECT_EQ(model.Remove(model.index(0, 0)), 5);
+  EXPECT_EQ(Labels(), (Strings{"Sports(1)", " Ball(1)", "Cabinets(4)", " Keep(3)", " Later(1)"}));
+  EXPECT_FALSE(model.FindChannel(11).isValid());
+  EXPECT_EQ(model.SetChannelUnread(50, 2), 1);
+}
+
+TEST_F(GroupTreeModelTest, ARenamedRowKeepsItsCount) {
+  model.Rename(model.FindChannel(11), "News(2)");
+  model.Rename(model.index(1, 0), "");
+  EXPECT_EQ(Labels()[1], " News(2)(3)");
+  EXPECT_EQ(Labels()[3], "");
+}
+
+TEST_F(GroupTreeModelTest, FindsUnreadRowsInBothDirectionsAcrossGroups) {
+  model.SetChannelUnread(10, 0);
+  const auto after = [&](const QModelIndex& from) {
+    return model.FindUnread(from, true).data().toString().toStdString();
+  };
+  const auto before = [&](const QModelIndex& from) {
+    return model.FindUnread(from, false).data().toString().toStdString();
+  };
+  const QModelIndex cabinets = model.index(2, 0);
+  const QModelIndex keep = model.index(0, 0, cabinets);
+  const QModelIndex later = model.index(1, 0, cabinets);
+  EXPECT_EQ(after({}), "Daily(3)");
+  EXPECT_EQ(after(model.FindChannel(11)), "Keep(3)");
+  EXPECT_EQ(after(model.index(0, 0)), "Keep(3)");  // a folder stands for its channels
+  EXPECT_EQ(after(keep), "Later(1)");
+  EXPECT_EQ(after(later), "");
+  EXPECT_EQ(after(cabinets), "");
+  EXPECT_EQ(before({}), "Later(1)");
+  EXPECT_EQ(before(keep), "Daily(3)");
+  EXPECT_EQ(before(cabinets), "Daily(3)");
+  EXPECT_EQ(before(model.FindChannel(11)), "");
 }
 
 }  // namespace

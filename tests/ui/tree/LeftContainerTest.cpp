@@ -1,14 +1,22 @@
-#include <QAbstractButton>
 #include <QAccessible>
-#include <QSignalSpy>
+#include <QScrollBar>
 #include <QTimer>
 
+#include "ui/tree/CRSS_LeftToolBarWnd.h"
 #include "ui/tree/LeftPaneFixture.h"
 
 namespace feedloom {
 namespace {
 
-using LeftContainerTest = LeftPaneFixture;
+class LeftContainerTest : public LeftPaneFixture {
+ protected:
+  static PostRow PostOf(int ownerId) {
+    PostRow post;
+    post.ownerId = ownerId;
+    return post;
+  }
+};
+
 using Strings = std::vector<std::string>;
 
 TEST_F(LeftContainerTest, OpensWithAllRowsAndNoneSelected) {
@@ -56,11 +64,22 @@ TEST_F(LeftContainerTest, MarksAreSeenLeftOfAChannelsIconAndInIt) {
 TEST_F(LeftContainerTest, CountsFollowWhatTheFrameTells) {
   Open();
   EXPECT_EQ(pane->SetChannelUnread(daily, 5), 3);
-  pane->PostWasRead(weekly, false);
-  pane->PostWasRead(keep, true);
+  pane->PostWasRead(PostOf(weekly), false);
+  pane->PostWasRead(PostOf(keep), true);
   EXPECT_EQ(Labels(), (QStringList{"News(5)", "Daily(5)", "Weekly", "Sports", CabinetTitle(),
                                    "Keep", "Later"}));
   EXPECT_EQ(pane->ChannelTitle(daily), "Daily");
+}
+
+TEST_F(LeftContainerTest, APostWhoseOwnerIsNotKnownHasAllRowsCountedAnew) {
+  Open();
+  frame.db.Sql("update TB_POST set post_readStatus = 1 where post_channelID = " +
+               std::to_string(weekly));
+  pane->PostWasRead(PostOf(0), false);
+  frame.db.Sql("update TB_SCRAP_POST set scrap_post_readStatus = 1");
+  pane->PostWasRead(PostOf(0), true);
+  EXPECT_EQ(Labels(), (QStringList{"News(2)", "Daily(2)", "Weekly", "Sports", CabinetTitle(),
+                                   "Keep", "Later"}));
 }
 
 TEST_F(LeftContainerTest, UnknownIdsAreHarmless) {
@@ -69,8 +88,8 @@ TEST_F(LeftContainerTest, UnknownIdsAreHarmless) {
   EXPECT_EQ(pane->SetChannelUnread(999, 5), 0);
   pane->SetChannelNew(999, true);
   pane->SetChannelState(999, -2);
-  pane->PostWasRead(999, false);
-  pane->PostWasRead(999, true);
+  pane->PostWasRead(PostOf(999), false);
+  pane->PostWasRead(PostOf(999), true);
   pane->AddStoredChannel(999);
   pane->ReloadSelection();
   EXPECT_EQ(pane->ChannelTitle(999), "");
@@ -119,9 +138,7 @@ TEST_F(LeftContainerTest, WhenTheStoreFailsTheListIsEmptyButAReloadLeavesItAlone
 
 TEST_F(LeftContainerTest, TheUpdateButtonQueuesEachChannelOnce) {
   Open();
-  auto* const button = pane->findChild<QAbstractButton*>();
-  EXPECT_FALSE(button->accessibleName().isEmpty());
-  EXPECT_EQ(button->toolTip(), button->accessibleName());
+  auto* const button = Buttons()[CRSS_LeftToolBarWnd::kUpdate];
   QTest::mouseClick(button, Qt::LeftButton);
   QTest::mouseClick(button, Qt::LeftButton);
   EXPECT_EQ(frame.refreshes, 2);
@@ -131,22 +148,91 @@ TEST_F(LeftContainerTest, TheUpdateButtonQueuesEachChannelOnce) {
   EXPECT_TRUE(Tree().hasFocus());
 }
 
-TEST_F(LeftContainerTest, TheUpdateTimerFollowsTheLiveSettingsAndFiresOnce) {
+TEST_F(LeftContainerTest, ButtonsStandSideBySideAndHaveNames) {
   Open();
-  auto* const timer = pane->findChild<QTimer*>({}, Qt::FindDirectChildrenOnly);
-  EXPECT_EQ(timer->interval(), 900000);
-  EXPECT_TRUE(timer->isActive());
-  frame.state.liveSettings.newFeedDuration = 2;
-  pane->RestartUpdateTimer();
-  EXPECT_EQ(timer->interval(), 3600000);
-  frame.state.liveSettings.newFeedMode = 1;
-  pane->RestartUpdateTimer();
-  EXPECT_FALSE(timer->isActive());
+  const auto buttons = Buttons();
+  ASSERT_EQ(buttons.size(), CRSS_LeftToolBarWnd::kButtonCount);
+  for (int i = 0; i < buttons.size(); ++i) {
+    EXPECT_FALSE(buttons[i]->accessibleName().isEmpty());
+    EXPECT_EQ(buttons[i]->toolTip(), buttons[i]->accessibleName());
+    EXPECT_TRUE(pane->rect().contains(buttons[i]->geometry()));
+    EXPECT_GT(buttons[i]->x(), i == 0 ? 0 : buttons[i - 1]->geometry().right());
+  }
+}
 
-  timer->start(0);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return frame.refreshes == 1; }));
+TEST_F(LeftContainerTest, AButtonWhoseActionIsMissingIsGrey) {
+  std::vector<std::string> asked;
+  frame.actions.addChannel = [&](const std::string& folder) { asked.push_back(folder); };
+  Open();
+  EXPECT_FALSE(Buttons()[CRSS_LeftToolBarWnd::kDirectory]->isEnabled());
+  Click("Weekly(1)");
+  QTest::mouseClick(Buttons()[CRSS_LeftToolBarWnd::kAddChannel], Qt::LeftButton);
+  Click(CabinetTitle() + "(1)");
+  QTest::mouseClick(Buttons()[CRSS_LeftToolBarWnd::kAddChannel], Qt::LeftButton);
+  EXPECT_EQ(asked, (Strings{"News", ""}));
+}
+
+TEST_F(LeftContainerTest, TheMenuButtonOpensTheWholeMenu) {
+  Open();
+  QTest::mouseClick(Buttons()[CRSS_LeftToolBarWnd::kMenu], Qt::LeftButton);
+  ASSERT_NE(OpenMenu(), nullptr);
+  EXPECT_EQ(OpenMenu()->pos(), pane->mapToGlobal(QPoint(7, 54)));
+  CloseMenu();
+}
+
+TEST_F(LeftContainerTest, TheTimersFollowTheLiveSettings) {
+  int notices = 0;
+  frame.actions.notifyOfNewPosts = [&] { ++notices; };
+  Open();
+  const auto timers = pane->findChildren<QTimer*>(Qt::FindDirectChildrenOnly);
+  ASSERT_EQ(timers.size(), 2);
+  EXPECT_EQ(timers[0]->interval(), 900000);
+  EXPECT_EQ(timers[1]->interval(), 900000);
+  frame.state.liveSettings = {.newFeedMode = 1, .newFeedMsgDuration = 2};
+  pane->RestartUpdateTimer();
+  pane->RestartNotificationTimer();
+  EXPECT_FALSE(timers[0]->isActive());
+  EXPECT_EQ(timers[1]->interval(), 3600000);
+
+  timers[0]->start(0);
+  timers[1]->start(0);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return frame.refreshes == 1 && notices > 1; }));
   EXPECT_TRUE(frame.queue.Contains(weekly));
-  EXPECT_FALSE(timer->isActive());
+  EXPECT_FALSE(timers[0]->isActive());
+}
+
+TEST_F(LeftContainerTest, AScrollBarComesWhenTheRowsAndFivePixelsDoNotFit) {
+  Open();
+  const int rows = 3 * 24 + 4 * 20;
+  const int around = pane->height() - Tree().height();
+  QScrollBar& bar = *Tree().verticalScrollBar();
+  pane->resize(251, rows + 5 + around);
+  EXPECT_FALSE(bar.isVisible());
+  pane->resize(251, rows + 4 + around);
+  EXPECT_TRUE(bar.isVisible());
+  EXPECT_EQ(bar.maximum(), 1);
+  pane->resize(251, 100 + around);
+  EXPECT_EQ(bar.maximum(), rows + 5 - 100);
+  EXPECT_EQ(bar.pageStep(), 100);
+  Tree().collapse(Row("News(3)"));
+  EXPECT_EQ(bar.maximum(), rows - 2 * 20 + 5 - 100);
+}
+
+TEST_F(LeftContainerTest, TheNewMarkMovesAsLongAsItIsSeen) {
+  Open();
+  const auto picture = [&](const QString& label) {
+    const QRect row = Tree().visualRect(Row(label));
+    return Tree().viewport()->grab(QRect(14, row.top(), 13, row.height())).toImage();
+  };
+  const auto moves = [&](const QString& label) {
+    const QImage first = picture(label);
+    return QTest::qWaitFor([&] { return picture(label) != first; });
+  };
+  pane->SetChannelNewByMessage(daily, true);
+  EXPECT_TRUE(moves("Daily(2)"));
+  pane->SetChannelNewByMessage(daily, false);
+  pane->SetChannelNew(weekly, true);
+  EXPECT_TRUE(moves("Weekly(1)"));
 }
 
 TEST_F(LeftContainerTest, AScreenReaderReadsTheLabels) {

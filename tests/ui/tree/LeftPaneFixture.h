@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QTest>
 #include <memory>
@@ -36,6 +39,7 @@ class LeftPaneFixture : public testing::Test {
 
   void Open() {
     pane = std::make_unique<CRSS_LeftContainer>(frame, nullptr);
+    frame.onRecount = [this](bool scrap) { pane->RecountUnread(scrap); };
     pane->LoadTree();
     pane->resize(251, 400);
     pane->show();
@@ -78,6 +82,61 @@ class LeftPaneFixture : public testing::Test {
   }
 
   void Press(Qt::Key key) { QTest::keyClick(&Tree(), key); }
+
+  // By CRSS_LeftToolBarWnd::Button.
+  QList<QAbstractButton*> Buttons() const { return pane->findChildren<QAbstractButton*>(); }
+
+  // The menu that is open; null when none is.
+  QMenu* OpenMenu() const {
+    const auto menus = pane->findChildren<QMenu*>(Qt::FindDirectChildrenOnly);
+    return menus.isEmpty() ? nullptr : menus.last();
+  }
+
+  void AskForMenu(QContextMenuEvent::Reason reason) {
+    const QPoint place = Tree().visualRect(Tree().SelectedRow()).center();
+    QContextMenuEvent event(reason, place, Tree().viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(Tree().viewport(), &event);
+  }
+
+  // Right click on the row, and one of its menu's commands, which has to be enabled.
+  void Choose(const QString& label, int command) {
+    Click(label, Qt::RightButton);
+    AskForMenu(QContextMenuEvent::Mouse);
+    ASSERT_NE(OpenMenu(), nullptr);
+    ChooseInMenu(command);
+  }
+
+  void ChooseInMenu(int command) {
+    QAction* const action = Find(*OpenMenu(), command);
+    ASSERT_NE(action, nullptr) << command;
+    ASSERT_TRUE(action->isEnabled()) << command;
+    action->trigger();
+    CloseMenu();
+    QCoreApplication::processEvents();  // the command comes when the menu has closed
+  }
+
+  void CloseMenu() {
+    OpenMenu()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  static QAction* Find(const QMenu& menu, int command) {
+    for (QAction* action : menu.actions()) {
+      if (action->data().toInt() == command) return action;
+      QAction* const inside = action->menu() == nullptr ? nullptr : Find(*action->menu(), command);
+      if (inside != nullptr) return inside;
+    }
+    return nullptr;
+  }
+
+  int FolderId(const std::string& name) {
+    return std::stoi(
+        frame.db.Value("select folder_id from TB_FOLDER where folder_name = '" + name + "'"));
+  }
+
+  int Count(const std::string& table) {
+    return std::stoi(frame.db.Value("select count(*) from " + table));
+  }
 
   QString SelectedLabel() const { return Tree().SelectedRow().data().toString(); }
 

@@ -65,6 +65,18 @@ TEST_F(TreeSelection, ADoubleClickListsOnce) {
   EXPECT_FALSE(Tree().isExpanded(Row("News(3)")));
 }
 
+TEST_F(TreeSelection, AFolderThatClosesTakesTheSelectionOfItsChannel) {
+  Open();
+  Click("Daily(2)");
+  Tree().collapse(Row("News(3)"));
+  EXPECT_EQ(SelectedLabel(), "News(3)");
+  EXPECT_EQ(frame.lists.back().posts.size(), 3U);
+  Click("Keep(1)");
+  Tree().expand(Row("News(3)"));
+  Tree().collapse(Row("News(3)"));
+  EXPECT_EQ(SelectedLabel(), "Keep(1)");
+}
+
 TEST_F(TreeSelection, TheRightButtonSelectsAnotherRowAndLeavesTheSelectedOne) {
   Open();
   Click("Weekly(1)", Qt::RightButton);
@@ -152,6 +164,46 @@ TEST_F(TreeSelection, TheFirstDownOrEndStartsAtTheRightRow) {
   pane->LoadTree();
   Press(Qt::Key_End);
   EXPECT_EQ(SelectedLabel(), "Later");
+}
+
+TEST_F(TreeSelection, EnterListsTheSelectedRowAgain) {
+  Open();
+  Press(Qt::Key_Return);
+  EXPECT_TRUE(frame.lists.empty());
+  Click("Daily(2)");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(frame.lists.size(), 2U);
+}
+
+TEST_F(TreeSelection, NAndPAskForUnreadPostsWhateverTheRowsAreCalled) {
+  AddFolder(frame.TheStore(), "Nature", 3);
+  Open();
+  Click("Daily(2)");
+  Press(Qt::Key_N);
+  Press(Qt::Key_P);
+  EXPECT_EQ(frame.unreadPostsAsked, (std::vector<bool>{true, false}));
+  EXPECT_EQ(SelectedLabel(), "Daily(2)");
+  QTest::keyClick(&Tree(), Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(frame.searchFocuses, 1);
+}
+
+TEST_F(TreeSelection, GoesToTheNextOrPreviousRowWithUnreadPosts) {
+  Open();
+  Tree().collapse(Row("News(3)"));
+  pane->GoToUnreadRow(true);
+  EXPECT_EQ(SelectedLabel(), "Daily(2)");
+  EXPECT_TRUE(Tree().isExpanded(Row("News(3)")));
+  EXPECT_EQ(frame.firstShowns.back(), FirstShown::FirstUnread);
+  pane->GoToUnreadRow(true);
+  pane->GoToUnreadRow(true);
+  EXPECT_EQ(SelectedLabel(), "Keep(1)");
+  pane->GoToUnreadRow(true);
+  EXPECT_EQ(frame.lists.size(), 3U);
+  pane->GoToUnreadRow(false);
+  EXPECT_EQ(SelectedLabel(), "Weekly(1)");
+  EXPECT_EQ(frame.firstShowns.back(), FirstShown::LastUnread);
+  Click("News(3)");
+  EXPECT_EQ(frame.firstShowns.back(), FirstShown::First);
 }
 
 TEST_F(TreeSelection, SelectingAChannelTurnsItsNewMarkOff) {

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <filesystem>
 
+#include "kit/ShippedSkin.h"
 #include "kit/TempFolder.h"
 #include "skin/Keys.h"
 #include "skin/Skin.h"
+#include "ui/tree/NewPostAnimation.h"
 #include "ui/tree/TreeSkin.h"
 
 namespace feedloom {
@@ -38,6 +41,27 @@ TEST_F(TreeSkinTest, BitmapIconsAreTransparentInTheColourOfTheirKind) {
   for (const QPixmap& icon : {skin.cabinetIcon, skin.unreadCabinetIcon}) {
     EXPECT_EQ(AlphaAt(icon, 0), 255);
     EXPECT_EQ(AlphaAt(icon, 1), 0);
+  }
+}
+
+// Of the two files of the animation, each is there alone once.
+TEST(NewPostAnimationTest, HasAFileForMessagesAndOneForPainting) {
+  namespace fs = std::filesystem;
+  const fs::path shipped = ShippedShareDir() + "/skin/Image/Skyfold_image/new_ani01.gif";
+  const struct {
+    const char* folder;
+    bool byMessage;
+  } cases[] = {{"Image/Image_KOR/Skyfold_image", true}, {"Image/Skyfold_image", false}};
+  for (const auto& [folder, byMessage] : cases) {
+    const TempFolder images;
+    fs::create_directories(images.File(folder));
+    fs::copy(shipped, images.File(folder));
+    const Registry registry(images.File("registry.reg"));
+    EXPECT_TRUE(registry.WriteString(kHostKey, kValueImageDir, images.Path()));
+    const auto nothing = [](const char*, const char*) { return std::string(); };
+    NewPostAnimation animation(Skin({nothing, nothing}, HostConfig(registry)), nullptr);
+    EXPECT_EQ(animation.Frame(NewPostAnimation::kByMessage).isNull(), !byMessage);
+    EXPECT_EQ(animation.Frame(NewPostAnimation::kByPainting).isNull(), byMessage);
   }
 }
 

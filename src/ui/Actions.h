@@ -1,0 +1,54 @@
+// What the panes' commands do outside of the panes: dialogs, and the exchange of subscriptions. The
+// frame fills them in. A command whose action is not there is grey.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "ui/PostList.h"
+
+namespace feedloom {
+
+// Whose name or data a dialog is about. Texts are in the module's code page, without counts.
+struct ChannelFacts {
+  int id = 0;
+  std::string title;
+  std::string xmlLink;  // the feed's address
+  int folderId = 0;
+  std::string folderName;
+};
+
+// Called on the interface thread; those that show a dialog return when it is closed. The caller may
+// be gone then: an action with an answer gives none, after one without the caller does nothing.
+struct Actions {
+  // The word of a search; never empty.
+  std::function<std::optional<std::string>()> askSearchWord;
+  // The id of the cabinet that is to receive posts.
+  std::function<std::optional<int>()> chooseCabinet;
+
+  // A checked new name; the caller writes it.
+  std::function<std::optional<std::string>(const std::string& name)> askGroupName;
+  std::function<std::optional<std::string>(const ChannelFacts& channel)> askChannelName;
+  std::function<std::optional<std::string>(const std::string& title)> askCabinetName;
+
+  // These write what they change themselves.
+  std::function<void(const std::string& folderName)> addChannel;  // the folder to begin with
+  std::function<void()> addGroup;
+  std::function<void()> addCabinet;
+  std::function<void(const ChannelFacts& channel)> moveChannel;
+  std::function<void(const ChannelFacts& channel)> showChannelInfo;
+
+  std::function<void()> importFile;
+  std::function<void()> importAddress;
+  std::function<void(const std::string& fileName)> exportOpml;  // the name to begin with
+  std::function<void()> synchronise;
+  std::function<void()> openSettings;
+  std::function<void()> openDirectory;
+  std::function<void()> notifyOfNewPosts;
+
+  // The posts that a word finds in the web directory; none when the search failed.
+  std::function<std::optional<PostList>(const std::string& word)> searchWeb;
+};
+
+}  // namespace feedloom

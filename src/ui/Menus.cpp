@@ -1,0 +1,167 @@
+#include "ui/Menus.h"
+
+#include <QMenu>
+#include <utility>
+
+#include "skin/Skin.h"
+#include "vxctrl/QtText.h"
+
+namespace feedloom {
+namespace {
+
+const MenuItem kSeparator{};
+
+MenuItem SubMenu(const Label& label, Menu items) {
+  return {.label = &label, .items = std::move(items)};
+}
+
+Menu GroupMenu() {
+  return {
+      SubMenu(kLabelAdd,
+              {{kCommandAddChannel, &kLabelAddChannel}, {kCommandAddGroup, &kLabelAddGroup}}),
+      kSeparator,
+      {kCommandDeleteGroup, &kLabelDeleteGroup},
+      {kCommandRenameGroup, &kLabelRenameGroup},
+      kSeparator,
+      {kCommandRefreshGroup, &kLabelRefreshGroup},
+      {kCommandTodayInGroup, &kLabelTodayInGroup},
+      {kCommandSearchGroup, &kLabelSearchGroup},
+      kSeparator,
+      {kCommandMarkAllRead, &kLabelMarkAllRead},
+      {kCommandMarkAllUnread, &kLabelMarkAllUnread},
+  };
+}
+
+Menu ChannelMenu() {
+  return {
+      {kCommandAddChannel, &kLabelAddChannel},
+      {kCommandDeleteChild, &kLabelDeleteChannel},
+      {kCommandMoveChannel, &kLabelMoveChannel},
+      {kCommandRenameChild, &kLabelRenameChannel},
+      kSeparator,
+      {kCommandRefreshChannel, &kLabelRefreshChannel},
+      {kCommandSearchChannel, &kLabelSearchChannel},
+      kSeparator,
+      {kCommandMarkAllRead, &kLabelMarkAllRead},
+      {kCommandMarkAllUnread, &kLabelMarkAllUnread},
+      kSeparator,
+      {kCommandChannelInfo, &kLabelChannelInfo},
+  };
+}
+
+Menu CabinetRootMenu() {
+  return {
+      {kCommandAddCabinet, &kLabelAddCabinet},
+      kSeparator,
+      {kCommandSearchAllCabinets, &kLabelSearchAllCabinets},
+      kSeparator,
+      {kCommandMarkAllRead, &kLabelMarkAllRead},
+      {kCommandMarkAllUnread, &kLabelMarkAllUnread},
+  };
+}
+
+Menu CabinetMenu() {
+  return {
+      {kCommandDeleteChild, &kLabelDeleteCabinet},
+      {kCommandRenameChild, &kLabelRenameCabinet},
+      kSeparator,
+      {kCommandSearchCabinet, &kLabelSearchCabinet},
+      kSeparator,
+      {kCommandMarkAllRead, &kLabelMarkAllRead},
+      {kCommandMarkAllUnread, &kLabelMarkAllUnread},
+  };
+}
+
+Menu WholeMenu() {
+  return {
+      SubMenu(kLabelAdd, {{kCommandAddChannel, &kLabelAddChannel},
+                          {kCommandAddGroup, &kLabelAddGroup},
+                          {kCommandAddCabinet, &kLabelAddCabinet}}),
+      kSeparator,
+      {kCommandToday, &kLabelToday},
+      kSeparator,
+      SubMenu(kLabelImportOpml, {{kCommandImportFile, &kLabelImportFile},
+                                 {kCommandImportAddress, &kLabelImportAddress}}),
+      {kCommandExportOpml, &kLabelExportOpml},
+      kSeparator,
+      {kCommandSynchronise, &kLabelSynchronise},
+      kSeparator,
+      {kCommandSettings, &kLabelSettings},
+  };
+}
+
+Menu ListMenu() {
+  return {
+      {kCommandMarkRead, &kLabelMarkRead}, {kCommandMarkUnread, &kLabelMarkUnread},
+      {kCommandDelete, &kLabelDelete},     {kCommandDeleteAll, &kLabelDeleteAll},
+      {kCommandScrap, &kLabelScrap},
+  };
+}
+
+// In a menu of the toolkit an "&" makes the letter behind it a key, unless it is doubled.
+QString MenuText(const Skin& skin, const Label& label) {
+  return ToQString(skin.Config().GetCodePage(), GetLabel(skin, label)).replace("&", "&&");
+}
+
+void AddItems(QMenu& target, const Menu& menu, const Skin& skin) {
+  for (const MenuItem& item : menu) {
+    if (item.label == nullptr) {
+      target.addSeparator();
+    } else if (!item.items.empty()) {
+      AddItems(*target.addMenu(MenuText(skin, *item.label)), item.items, skin);
+    } else {
+      QAction* const action = target.addAction(MenuText(skin, *item.label));
+      action->setData(item.command);
+      action->setEnabled(item.isEnabled);
+    }
+  }
+}
+
+}  // namespace
+
+Menu PopUpMenu(PopUp popUp) {
+  switch (popUp) {
+    case PopUp::Group:
+      return GroupMenu();
+    case PopUp::Channel:
+      return ChannelMenu();
+    case PopUp::CabinetRoot:
+      return CabinetRootMenu();
+    case PopUp::Cabinet:
+      return CabinetMenu();
+    case PopUp::Whole:
+      return WholeMenu();
+    case PopUp::List:
+      return ListMenu();
+  }
+  return {};
+}
+
+void Disable(Menu& menu, int command) {
+  for (MenuItem& item : menu) {
+    if (item.label != nullptr && item.command == command) item.isEnabled = false;
+    Disable(item.items, command);
+  }
+}
+
+void Remove(Menu& menu, int command) {
+  std::erase_if(
+      menu, [&](const MenuItem& item) { return item.label != nullptr && item.command == command; });
+}
+
+void ShowMenu(const Menu& menu, const Skin& skin, const QPoint& place, QWidget* parent,
+              std::function<void(int command)> onCommand) {
+  auto* const shown = new QMenu(parent);
+  shown->setAttribute(Qt::WA_DeleteOnClose);
+  AddItems(*shown, menu, skin);
+  // Later, when the menu has closed: a command may open a dialog, or end the parent.
+  QObject::connect(shown, &QMenu::triggered, parent,
+                   [parent, run = std::move(onCommand)](const QAction* action) {
+                     const int command = action->data().toInt();
+                     QMetaObject::invokeMethod(
+                         parent, [run, command] { run(command); }, Qt::QueuedConnection);
+                   });
+  shown->popup(place);
+}
+
+}  // namespace feedloom

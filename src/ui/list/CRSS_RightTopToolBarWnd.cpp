@@ -1,0 +1,167 @@
+#include "ui/list/CRSS_RightTopToolBarWnd.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStandardItemModel>
+#include <algorithm>
+
+#include "platform/Text.h"
+#include "skin/Keys.h"
+#include "skin/Labels.h"
+#include "skin/Skin.h"
+#include "vxctrl/CButtonEx.h"
+#include "vxctrl/CVxComboBox.h"
+#include "vxctrl/CVxEdit.h"
+#include "vxctrl/QtText.h"
+#include "vxctrl/SkinFont.h"
+#include "vxctrl/SkinLook.h"
+
+namespace feedloom {
+namespace {
+
+constexpr QSize kDefaultSize(508, 40);  // what the skin does not give
+
+constexpr int kEdge = 8;  // left and right of the controls
+constexpr int kGap = 4;   // between them
+constexpr int kScopeWidth = 84;
+constexpr int kSmallestScope = 40;
+constexpr int kWordWidth = 172;
+constexpr int kSmallestWord = 40;
+
+constexpr QPoint kResultPlace(312, 13);
+constexpr int kResultPixels = 12;
+
+QSize SizeFrom(const Skin& skin) {
+  const auto number = [&](const char* key) {
+    return ParseInt(skin.GetSkinValue(kSectionRightTopToolbar, key));
+  };
+  const int width = number(kRightTopToolbarWidth);
+  const int height = number(kRightTopToolbarHeight);
+  return {width > 0 ? width : kDefaultSize.width(), height > 0 ? height : kDefaultSize.height()};
+}
+
+QString FixedText(const Skin& skin, const char* key) {
+  return ToQString(skin.Config().GetCodePage(), skin.GetText(kSectionTexts, key));
+}
+
+QString LabelText(const Skin& skin, const Label& label) {
+  return ToQString(skin.Config().GetCodePage(), GetLabel(skin, label));
+}
+
+CVxComboBox* MakeScope(const Skin& skin, QWidget* parent) {
+  auto* scope = new CVxComboBox(skin, ComboLook::Toolbar, parent);
+  scope->addItem(LabelText(skin, kLabelScopeWeb));
+  scope->addItem(LabelText(skin, kLabelScopeLocal));
+  scope->setToolTip(FixedText(skin, kTextSearchScope));
+  scope->setAccessibleName(scope->toolTip());
+  return scope;
+}
+
+CVxEdit* MakeWord(const Skin& skin, QWidget* parent) {
+  auto* word = new CVxEdit(skin, parent);
+  word->setAccessibleName(FixedText(skin, kTextSearchWord));
+  return word;
+}
+
+QAbstractButton* MakeButton(const Skin& skin, QWidget* parent) {
+  auto* button = new CButtonEx(skin.GetImagePath(kSectionRightTopToolbar, kButtonSearch), parent);
+  button->setToolTip(FixedText(skin, kTextSearchTooltip));
+  button->setAccessibleName(button->toolTip());
+  button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard with the word
+  return button;
+}
+
+QFont ResultFont() {
+  QFont font(QStringLiteral("굴림"));
+  font.setStyleHint(QFont::SansSerif);
+  font.setPixelSize(kResultPixels);
+  font.setWeight(QFont::Bold);
+  return font;
+}
+
+}  // namespace
+
+CRSS_RightTopToolBarWnd::CRSS_RightTopToolBarWnd(const Skin& skin, QWidget* parent)
+    : QWidget(parent),
+      skin_(skin),
+      size_(SizeFrom(skin)),
+      background_(LoadThreePieces(skin, kSectionRightTopToolbar, kImageRightTopLeft,
+                                  kImageRightTopMiddle, kImageRightTopRight)),
+      scope_(*MakeScope(skin, this)),
+      word_(*MakeWord(skin, this)),
+      button_(*MakeButton(skin, this)) {
+  setObjectName("RSS_RightTopToolBar");
+  setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
+  connect(&button_, &QAbstractButton::clicked, this, &CRSS_RightTopToolBarWnd::SearchRequested);
+}
+
+std::string CRSS_RightTopToolBarWnd::Word() const {
+  return FromQString(skin_.Config().GetCodePage(), word_.text());
+}
+
+SearchScope CRSS_RightTopToolBarWnd::Scope() const {
+  return static_cast<SearchScope>(scope_.currentIndex());
+}
+
+void CRSS_RightTopToolBarWnd::AllowWeb(bool isAllowed) {
+  const auto* entries = qobject_cast<QStandardItemModel*>(scope_.model());
+  entries->item(static_cast<int>(SearchScope::Web))->setEnabled(isAllowed);
+  if (!isAllowed) scope_.setCurrentIndex(static_cast<int>(SearchScope::Local));
+}
+
+void CRSS_RightTopToolBarWnd::SetResultCount(int count) {
+  resultText_ = count < 1
+                    ? QString()
+                    : LabelText(skin_, kLabelSearchResult).replace("%d", QString::number(count));
+  setAccessibleDescription(resultText_);
+  update();
+}
+
+void CRSS_RightTopToolBarWnd::FocusWord() {
+  word_.setFocus(Qt::ShortcutFocusReason);
+  word_.selectAll();
+}
+
+void CRSS_RightTopToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  DrawThreePieces(painter, rect(), background_);
+  if (resultText_.isEmpty()) return;
+  painter.setFont(ResultFont());
+  painter.setPen(kSkinTextColor);
+  painter.drawText(QRect(kResultPlace, rect().bottomRight()), Qt::AlignLeft | Qt::AlignTop,
+                   resultText_);
+}
+
+void CRSS_RightTopToolBarWnd::resizeEvent(QResizeEvent* /*event*/) {
+  const QSize button = button_.sizeHint();
+  const int needed = 2 * kEdge + kScopeWidth + kWordWidth + button.width() + 2 * kGap;
+  const int missing = std::max(needed - width(), 0);
+  // The word gives way first, then the scope; what then still has no room is cut.
+  const int fromWord = std::min(missing, kWordWidth - kSmallestWord);
+  const int fromScope = std::min(missing - fromWord, kScopeWidth - kSmallestScope);
+
+  int left = kEdge;
+  const auto place = [&](QWidget& control, QSize size) {
+    control.setGeometry(QRect(QPoint(left, (height() - size.height()) / 2), size));
+    left += size.width() + kGap;
+  };
+  place(scope_, {kScopeWidth - fromScope, scope_.sizeHint().height()});
+  place(word_, {kWordWidth - fromWord, word_.sizeHint().height()});
+  place(button_, button);
+}
+
+// Keys that the control with the keyboard has left.
+void CRSS_RightTopToolBarWnd::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!word_.hasFocus() || (!isEnter && event->key() != Qt::Key_Escape)) {
+    return QWidget::keyPressEvent(event);
+  }
+  if (event->isAutoRepeat()) return;
+  if (isEnter) {
+    emit SearchRequested();
+  } else {
+    emit WordLeft();
+  }
+}
+
+}  // namespace feedloom

@@ -1,0 +1,42 @@
+#include "ui/list/ListMenu.h"
+
+namespace feedloom {
+namespace {
+
+void KeepForStoredPosts(Menu& menu, const ListFacts& list) {
+  if (list.selected == 1) {
+    Remove(menu, list.isRead ? kCommandMarkRead : kCommandMarkUnread);
+  } else if (list.selected == 0) {
+    for (const int command : {kCommandMarkRead, kCommandMarkUnread, kCommandDelete, kCommandScrap})
+      Remove(menu, command);
+  }
+}
+
+// The posts are not the store's.
+void KeepForWebResults(Menu& menu) {
+  for (const int command :
+       {kCommandMarkRead, kCommandMarkUnread, kCommandDelete, kCommandDeleteAll})
+    Remove(menu, command);
+}
+
+}  // namespace
+
+std::optional<Menu> ListMenu(const ListFacts& list) {
+  if (list.rows == 0) return std::nullopt;
+  Menu menu = PopUpMenu(PopUp::List);
+  if (!list.canScrap) Disable(menu, kCommandScrap);
+  switch (list.mode) {
+    case ListMode::Today:
+      Disable(menu, kCommandDeleteAll);
+      [[fallthrough]];
+    case ListMode::Selection:
+      KeepForStoredPosts(menu, list);
+      return menu;
+    case ListMode::WebDirectory:
+      KeepForWebResults(menu);
+      return menu;
+  }
+  return std::nullopt;
+}
+
+}  // namespace feedloom

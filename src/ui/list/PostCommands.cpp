@@ -1,0 +1,135 @@
+#include "ui/list/PostCommands.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "skin/Keys.h"
+#include "store/Cabinets.h"
+#include "store/Posts.h"
+#include "store/ReadStatus.h"
+#include "ui/list/ListMenu.h"
+#include "ui/list/PostListModel.h"
+#include "vxctrl/CVxListCtrl.h"
+
+namespace feedloom {
+
+bool PostCommands::AreStored() const { return frame_.State().listMode != ListMode::WebDirectory; }
+
+void PostCommands::Show(int row) {
+  if (row < 0 || row >= model_.rowCount()) return frame_.ShowMainPage();
+  const PostRow post = model_.At(row);
+  frame_.ShowPost(post);
+  if (AreStored()) MarkShown(row, post);
+  // The title is the current cell, which a typed letter searches and a screen reader reads.
+  list_.selectionModel()->setCurrentIndex(model_.index(row, kTitleColumn),
+                                          QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+void PostCommands::MarkShown(int row, const PostRow& post) {
+  if (post.readStatus != 0) return;
+  const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
+  if (!mark(frame_.TheStore(), 1, {&post.id, 1})) return;
+  model_.SetReadStatus({&row, 1}, 1);
+  frame_.PostWasRead(post, model_.AreScrapPosts());
+}
+
+void PostCommands::ShowOnly(int row) {
+  list_.clearSelection();
+  Show(row);
+}
+
+void PostCommands::ShowCurrent() {
+  if (list_.currentIndex().isValid()) Show(list_.currentIndex().row());
+}
+
+void PostCommands::GoToUnread(bool forward) {
+  const QModelIndex current = list_.currentIndex();
+  const int beyond = forward ? -1 : model_.rowCount();
+  const int unread = model_.FindUnread(current.isValid() ? current.row() : beyond, forward);
+  unread < 0 ? frame_.GoToUnreadRow(forward) : ShowOnly(unread);
+}
+
+void PostCommands::Run(int command) {
+  switch (command) {
+    case kCommandMarkRead:
+      return MarkSelected(1);
+    case kCommandMarkUnread:
+      return MarkSelected(0);
+    case kCommandDelete:
+      return Delete(list_.SelectedRows(), kTextDeletePosts);
+    case kCommandDeleteAll:
+      return Delete(AllRows(), kTextDeleteAllPosts);
+    case kCommandScrap:
+      return Scrap();
+    default:
+      return;
+  }
+}
+
+std::optional<Menu> PostCommands::TheMenu() const {
+  const std::vector<int> selected = list_.SelectedRows();
+  return ListMenu({.mode = frame_.State().listMode,
+                   .rows = model_.rowCount(),
+                   .selected = static_cast<int>(selected.size()),
+                   .isRead = !selected.empty() && model_.IsReadAt(selected.front()),
+                   .canScrap = frame_.TheActions().chooseCabinet != nullptr});
+}
+
+void PostCommands::MarkSelected(int status) {
+  const std::vector<int> rows = list_.SelectedRows();
+  if (rows.empty() || !AreStored()) return;
+  const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
+  if (!mark(frame_.TheStore(), status, model_.IdsOf(rows))) return;
+  model_.SetReadStatus(rows, status);
+  frame_.RecountUnread(model_.AreScrapPosts());
+}
+
+std::vector<int> PostCommands::AllRows() const {
+  std::vector<int> rows(static_cast<std::size_t>(model_.rowCount()));
+  std::iota(rows.begin(), rows.end(), 0);
+  return rows;
+}
+
+void PostCommands::Delete(const std::vector<int>& rows, const char* question) {
+  if (rows.empty() || !AreStored()) return;
+  // What was listed when the user was asked: a refresh may bring more while the question stands.
+  const std::vector<int> ids = model_.IdsOf(rows);
+  const bool areScrapPosts = model_.AreScrapPosts();
+  const auto answer = frame_.ShowTextMessage(kSectionTexts, question, MsgBoxKind::OkCancel);
+  if (answer != MsgBoxAnswer::Consented) return;  // the object may be gone
+  const auto deleteIds = areScrapPosts ? DeleteScrapPosts : DeletePosts;
+  if (!deleteIds(frame_.TheStore(), ids)) return;
+  const std::vector<int> deleted = model_.RowsOf(ids);
+  list_.clearSelection();
+  model_.Remove(deleted);
+  frame_.RecountUnread(areScrapPosts);
+  if (!deleted.empty()) ShowOnly(std::min(deleted.front(), model_.rowCount() - 1));
+}
+
+void PostCommands::Scrap() {
+  // A copy: the frame may be gone, and its actions with it, while the user chooses.
+  const auto chooseCabinet = frame_.TheActions().chooseCabinet;
+  if (!chooseCabinet || list_.SelectedRows().empty()) return;
+  const std::optional<int> cabinet = chooseCabinet();
+  if (!cabinet) return;  // the object may be gone
+  const std::vector<int> rows = list_.SelectedRows();
+  const std::size_t saved = Save(rows, *cabinet);
+  if (saved == 0) return;
+  frame_.RecountUnread(true);
+  if (model_.AreScrapPosts()) frame_.ReloadSelection();
+  // Last: the object may be gone then.
+  if (saved == rows.size()) {
+    frame_.ShowTextMessage(kSectionTexts, kTextScrapFinished, MsgBoxKind::Notice);
+  }
+}
+
+std::size_t PostCommands::Save(const std::vector<int>& rows, int cabinetId) {
+  const auto failed = std::ranges::find_if(rows, [&](int row) {
+    const PostRow post = model_.At(row);
+    return InsertScrapPost(frame_.TheStore(), cabinetId, post.title, post.link, post.published,
+                           post.description) < 0;
+  });
+  return static_cast<std::size_t>(failed - rows.begin());
+}
+
+}  // namespace feedloom

@@ -1,0 +1,46 @@
+#include "ui/tree/TreeLoader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "skin/Keys.h"
+#include "skin/Skin.h"
+#include "store/Cabinets.h"
+#include "store/Channels.h"
+#include "store/Counts.h"
+#include "store/Folders.h"
+
+namespace feedloom {
+
+TreeContent ReadTree(Store& store, const Skin& skin) {
+  TreeContent content;
+  LoadFolderList(store, content.folders);
+  LoadChannelList(store, content.channels);
+  content.cabinetTitle = skin.GetText(kSectionTexts, kTextCabinetTitle);
+  content.unreadInCabinets = CountUnreadInFolder(store, 0, true);
+  LoadCabinetList(store, content.cabinets);
+  return content;
+}
+
+std::optional<ChannelRow> ReadChannel(Store& store, int channelId) {
+  std::vector<ChannelRow> stored;
+  LoadChannelList(store, stored);
+  const auto channel = std::ranges::find(stored, channelId, &ChannelRow::id);
+  if (channel == stored.end()) return std::nullopt;
+  return std::move(*channel);
+}
+
+void ReadChannelCounts(Store& store, GroupTreeModel& model) {
+  std::vector<FolderRow> folders;
+  std::vector<ChannelRow> channels;
+  if (!LoadFolderList(store, folders) || !LoadChannelList(store, channels)) return;
+  model.SetChannelCounts(folders, channels);
+}
+
+void ReadCabinetCounts(Store& store, GroupTreeModel& model) {
+  std::vector<CabinetRow> cabinets;
+  const int unread = CountUnreadInFolder(store, 0, true);
+  if (LoadCabinetList(store, cabinets)) model.SetCabinetCounts(unread, cabinets);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,24 @@
+// What the tree reads from the store. A failure is reported by the store itself.
+#pragma once
+
+#include <optional>
+
+#include "ui/tree/GroupTreeModel.h"
+
+namespace feedloom {
+
+class Skin;
+class Store;
+
+// All rows; what the store cannot read is left out.
+TreeContent ReadTree(Store& store, const Skin& skin);
+
+// The stored channel; none when it is not there.
+std::optional<ChannelRow> ReadChannel(Store& store, int channelId);
+
+// Read the counts of all rows of their kind again: two statements, however many rows there are.
+// After a failure the rows keep theirs.
+void ReadChannelCounts(Store& store, GroupTreeModel& model);
+void ReadCabinetCounts(Store& store, GroupTreeModel& model);
+
+}  // namespace feedloom
