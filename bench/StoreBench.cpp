@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "bench/Goals.h"
+#include "bench/StoreContents.h"
 #include "store/Channels.h"
 #include "store/Counts.h"
 #include "store/Folders.h"
@@ -21,36 +22,6 @@ constexpr const char* kLoadFolder = "LoadFolderWithPosts, 100,000 posts";
 constexpr const char* kBareTables = "bare sqlite3_get_table of the same statements";
 constexpr const char* kUnread = "unread counts, 1,000 channels with 200,000 posts";
 constexpr int kFolderId = 1;
-
-// `channels` channels in `folders` folders, and `posts` posts dealt out to them, two of three
-// unread: titles of 40 to 80 bytes, links of 60, descriptions of 400.
-void Fill(const TestStore& store, int folders, int channels, int posts) {
-  const std::string counter =
-      "with recursive n(i) as (select 1 union all select i + 1 from n where i < {}) ";
-  store.Sql(
-      fmt::format(fmt::runtime("insert into TB_FOLDER(folder_id, folder_name, folder_order) " +
-                               counter + "select i, 'Folder ' || i, i from n"),
-                  folders));
-  store.Sql(fmt::format(
-      fmt::runtime(
-          "insert into TB_CHANNEL(channel_id, channel_folderID, channel_title, "
-          "channel_xmllink, channel_htmllink, channel_order) " +
-          counter +
-          "select i, 1 + i % {}, 'Channel number ' || i, 'http://site.example/feed/' || i, "
-          "'http://site.example/' || i, i from n"),
-      channels, folders));
-  store.Sql(fmt::format(
-      fmt::runtime(
-          "insert into TB_POST(post_channelID, post_title, post_link, post_pubDate, post_desc, "
-          "post_readStatus) " +
-          counter +
-          "select 1 + i % {}, substr(printf('%05d ', i * 7919 % 100000) || 'The river rose two "
-          "metres in one night and the old bridge stood in the water', 1, 40 + i % 41), "
-          "printf('http://site.example/articles/2008/06/%023d', i), datetime(1212000000 - i * 61, "
-          "'unixepoch'), substr(replace(hex(zeroblob(5)), '0', 'All that night the people of the "
-          "village sat on the hill, and '), 1, 392) || printf('%08d', i), i % 3 = 0 from n"),
-      posts, channels));
-}
 
 // The statements that LoadFolderWithPosts runs.
 std::vector<std::string> FolderStatements(Store& store) {
@@ -95,9 +66,9 @@ void UnreadCounts(benchmark::State& state, Store& store) {
 int Main(int argc, char** argv) {
   constexpr int kFolderPosts = 100'000;
   TestStore folderStore;
-  Fill(folderStore, 1, 50, kFolderPosts);
+  FillStore(folderStore, 1, 50, kFolderPosts);
   TestStore countStore;
-  Fill(countStore, 20, 1'000, 200'000);
+  FillStore(countStore, 20, 1'000, 200'000);
   const std::vector<std::string> statements = FolderStatements(folderStore.Get());
   if (statements.size() != 2) return 1;
   const std::string dbPath = folderStore.DbPath();
