@@ -3,8 +3,7 @@
 #include <QMenu>
 #include <utility>
 
-#include "skin/Skin.h"
-#include "vxctrl/QtText.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -100,7 +99,7 @@ Menu ListMenu() {
 
 // In a menu of the toolkit an "&" makes the letter behind it a key, unless it is doubled.
 QString MenuText(const Skin& skin, const Label& label) {
-  return ToQString(skin.Config().GetCodePage(), GetLabel(skin, label)).replace("&", "&&");
+  return SkinText(skin, label).replace("&", "&&");
 }
 
 void AddItems(QMenu& target, const Menu& menu, const Skin& skin) {

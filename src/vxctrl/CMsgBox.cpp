@@ -15,6 +15,7 @@
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/QtText.h"
 #include "vxctrl/SkinFont.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -98,8 +99,7 @@ QWidget* CMsgBox::MakeButtonRow(const Skin& skin, MsgBoxKind kind) {
   layout->addStretch();
   for (const Choice& choice : ChoicesOf(kind)) {
     auto* button = new CButtonEx(skin.GetImagePath(kSectionMsgBox, choice.imageKey), row);
-    button->setText(
-        ToQString(skin.Config().GetCodePage(), skin.GetText(kSectionTexts, choice.textKey)));
+    button->setText(SkinText(skin, choice.textKey));
     button->setAccessibleName(button->text());
     connect(button, &QAbstractButton::clicked, this,
             choice.consents ? &QDialog::accept : &QDialog::reject);

@@ -14,6 +14,7 @@
 #include "vxctrl/CVxEdit.h"
 #include "vxctrl/QtText.h"
 #include "vxctrl/SkinFont.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -43,9 +44,7 @@ CVxDialog::CVxDialog(const Skin& skin, const char* titleKey, QWidget* parent)
   rows_->setVerticalSpacing(kRowGap);
 }
 
-QString CVxDialog::Text(const char* key) const {
-  return ToQString(skin_.Config().GetCodePage(), skin_.GetText(kSectionTexts, key));
-}
+QString CVxDialog::Text(const char* key) const { return SkinText(skin_, key); }
 
 void CVxDialog::AddRow(const char* labelKey, QWidget* field) {
   field->setMinimumWidth(kFieldWidth);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
 
@@ -68,6 +69,24 @@ std::vector<int> CVxListCtrl::SelectedRows() const {
   std::ranges::sort(rows);
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   return rows;
+}
+
+void CVxListCtrl::SetAnchor(int row) { anchor_ = model()->index(row, 0); }
+
+void CVxListCtrl::keyPressEvent(QKeyEvent* event) {
+  const bool isShift =
+      event->key() == Qt::Key_Shift || event->modifiers().testFlag(Qt::ShiftModifier);
+  if (!isShift) anchor_ = QModelIndex();
+  QTreeView::keyPressEvent(event);
+}
+
+// The base class would begin at the row that the user chose last, wherever the program has gone
+// since. With Shift the rectangle leads from that row's middle to the new one.
+void CVxListCtrl::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
+  if (!command.testFlag(QItemSelectionModel::Current)) anchor_ = QModelIndex();
+  const bool isMoved = anchor_.isValid();
+  QTreeView::setSelection(isMoved ? QRect(visualRect(anchor_).center(), rect.bottomRight()) : rect,
+                          command);
 }
 
 void CVxListCtrl::mousePressEvent(QMouseEvent* event) {

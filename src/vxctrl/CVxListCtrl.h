@@ -36,6 +36,9 @@ class CVxListCtrl : public QTreeView {
   // Ascending. Needs the model.
   std::vector<int> SelectedRows() const;
 
+  // From now on Shift selects from this row, until the user clicks on another or moves to one.
+  void SetAnchor(int row);
+
   // The header shows no order.
   void ClearSorting();
 
@@ -51,10 +54,14 @@ class CVxListCtrl : public QTreeView {
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   void SetUpHeader();
+
+  QPersistentModelIndex anchor_;  // not valid while the base class's own is right
 };
 
 }  // namespace feedloom

@@ -82,7 +82,7 @@ TEST(KeysTest, EachTextIsThereInBothLanguagesAndNoOther) {
   auto sections = SectionsOf("string.ini");
   Keys known = KnownTexts();
   EXPECT_EQ(KeysOf(sections["FEEDLOOM"]), known);
-  known.erase(kTextUrlScheme);  // the same in all languages
+  known.erase(kTextUrlScheme);                                  // the same in all languages
   for (const Label& label : Labels()) known.insert(label.key);  // Korean is built in
   EXPECT_EQ(KeysOf(sections["FEEDLOOM.ENG"]), known);
 }

@@ -13,22 +13,18 @@
 #include "ui/list/PostDelegate.h"
 #include "ui/list/PostListModel.h"
 #include "vxctrl/CVxListCtrl.h"
-#include "vxctrl/QtText.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
 
 constexpr int kListId = 3005;
 
-QString HostText(Frame& frame, const char* key) {
-  return ToQString(frame.TheStore().TextCodePage(), frame.TheSkin().GetText(kSectionTexts, key));
-}
-
 PostListTexts LoadTexts(Frame& frame) {
   return {.headings = HeadingsIn(frame.TheStore().TextCodePage(),
                                  GetLabel(frame.TheSkin(), kLabelListHeader)),
-          .read = HostText(frame, kTextPostRead),
-          .unread = HostText(frame, kTextPostUnread)};
+          .read = SkinText(frame.TheSkin(), kTextPostRead),
+          .unread = SkinText(frame.TheSkin(), kTextPostUnread)};
 }
 
 }  // namespace
@@ -50,7 +46,7 @@ CRSS_RightTopContainer::CRSS_RightTopContainer(Frame& frame, QWidget* parent)
 
 void CRSS_RightTopContainer::SetUpList() {
   list_.setObjectName(QString::number(kListId));
-  list_.setAccessibleName(HostText(frame_, kTextListName));
+  list_.setAccessibleName(SkinText(frame_.TheSkin(), kTextListName));
   list_.setFrameShape(QFrame::NoFrame);
   list_.setModel(&model_);
   list_.setItemDelegate(new PostDelegate(&list_));
@@ -87,18 +83,23 @@ void CRSS_RightTopContainer::SetUpKeys() {
 }
 
 void CRSS_RightTopContainer::Fill(PostList list) {
-  isCounted_ = list.wereSearched;
+  const bool wasSearched = list.wereSearched;
   model_.Fill(std::move(list));
   list_.ClearSorting();
   list_.scrollToTop();
-  toolbar_.SetResultCount(isCounted_ ? model_.rowCount() : -1);
+  toolbar_.SetResultCount(wasSearched ? model_.rowCount() : -1);
+}
+
+void CRSS_RightTopContainer::Append(PostList list) {
+  const bool wasSearched = list.wereSearched;
+  model_.Append(std::move(list));
+  toolbar_.SetResultCount(wasSearched ? model_.rowCount() : -1);
 }
 
 void CRSS_RightTopContainer::Refill(PostList list) {
   const ListPlace place = TakePlace(list_, model_);
   model_.Refill(std::move(list));
   RestorePlace(list_, model_, place);
-  if (isCounted_) toolbar_.SetResultCount(model_.rowCount());
 }
 
 void CRSS_RightTopContainer::ShowClicked(int row) {

@@ -25,6 +25,8 @@ class CRSS_RightTopContainer : public QWidget {
   // Replaces the rows and scrolls to the first; they stand in the order given. Shows how many a
   // search has found. The caller sets the frame's list mode before, and has a post shown after.
   void Fill(PostList list);
+  // Adds rows of the same kind behind the others; the sorting stays.
+  void Append(PostList list);
   // The same posts with what has come since: selection, current row and scroll position stay, by
   // the posts' ids, and so does the sorting. Shows nothing.
   void Refill(PostList list);
@@ -60,7 +62,6 @@ class CRSS_RightTopContainer : public QWidget {
   PostListModel& model_;
   CVxListCtrl& list_;
   PostCommands commands_;
-  bool isCounted_ = false;  // the toolbar shows the number of rows
 };
 
 }  // namespace feedloom

@@ -15,6 +15,7 @@
 #include "vxctrl/QtText.h"
 #include "vxctrl/SkinFont.h"
 #include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -40,32 +41,24 @@ QSize SizeFrom(const Skin& skin) {
   return {width > 0 ? width : kDefaultSize.width(), height > 0 ? height : kDefaultSize.height()};
 }
 
-QString FixedText(const Skin& skin, const char* key) {
-  return ToQString(skin.Config().GetCodePage(), skin.GetText(kSectionTexts, key));
-}
-
-QString LabelText(const Skin& skin, const Label& label) {
-  return ToQString(skin.Config().GetCodePage(), GetLabel(skin, label));
-}
-
 CVxComboBox* MakeScope(const Skin& skin, QWidget* parent) {
   auto* scope = new CVxComboBox(skin, ComboLook::Toolbar, parent);
-  scope->addItem(LabelText(skin, kLabelScopeWeb));
-  scope->addItem(LabelText(skin, kLabelScopeLocal));
-  scope->setToolTip(FixedText(skin, kTextSearchScope));
+  scope->addItem(SkinText(skin, kLabelScopeWeb));
+  scope->addItem(SkinText(skin, kLabelScopeLocal));
+  scope->setToolTip(SkinText(skin, kTextSearchScope));
   scope->setAccessibleName(scope->toolTip());
   return scope;
 }
 
 CVxEdit* MakeWord(const Skin& skin, QWidget* parent) {
   auto* word = new CVxEdit(skin, parent);
-  word->setAccessibleName(FixedText(skin, kTextSearchWord));
+  word->setAccessibleName(SkinText(skin, kTextSearchWord));
   return word;
 }
 
 QAbstractButton* MakeButton(const Skin& skin, QWidget* parent) {
   auto* button = new CButtonEx(skin.GetImagePath(kSectionRightTopToolbar, kButtonSearch), parent);
-  button->setToolTip(FixedText(skin, kTextSearchTooltip));
+  button->setToolTip(SkinText(skin, kTextSearchTooltip));
   button->setAccessibleName(button->toolTip());
   button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard with the word
   return button;
@@ -112,7 +105,7 @@ void CRSS_RightTopToolBarWnd::AllowWeb(bool isAllowed) {
 void CRSS_RightTopToolBarWnd::SetResultCount(int count) {
   resultText_ = count < 1
                     ? QString()
-                    : LabelText(skin_, kLabelSearchResult).replace("%d", QString::number(count));
+                    : SkinText(skin_, kLabelSearchResult).replace("%d", QString::number(count));
   setAccessibleDescription(resultText_);
   update();
 }

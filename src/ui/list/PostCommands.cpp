@@ -36,6 +36,7 @@ void PostCommands::MarkShown(int row, const PostRow& post) {
 void PostCommands::ShowOnly(int row) {
   list_.clearSelection();
   Show(row);
+  list_.SetAnchor(row);
 }
 
 void PostCommands::ShowCurrent() {
@@ -79,9 +80,15 @@ void PostCommands::MarkSelected(int status) {
   const std::vector<int> rows = list_.SelectedRows();
   if (rows.empty() || !AreStored()) return;
   const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
-  if (!mark(frame_.TheStore(), status, model_.IdsOf(rows))) return;
+  if (!mark(frame_.TheStore(), status, model_.IdsOf(rows))) return ReadAgain();
   model_.SetReadStatus(rows, status);
   frame_.RecountUnread(model_.AreScrapPosts());
+}
+
+// Of many statements some may have been refused.
+void PostCommands::ReadAgain() {
+  frame_.RecountUnread(model_.AreScrapPosts());
+  frame_.ReloadSelection();
 }
 
 std::vector<int> PostCommands::AllRows() const {
@@ -98,7 +105,7 @@ void PostCommands::Delete(const std::vector<int>& rows, const char* question) {
   const auto answer = frame_.ShowTextMessage(kSectionTexts, question, MsgBoxKind::OkCancel);
   if (answer != MsgBoxAnswer::Consented) return;  // the object may be gone
   const auto deleteIds = areScrapPosts ? DeleteScrapPosts : DeletePosts;
-  if (!deleteIds(frame_.TheStore(), ids)) return;
+  if (!deleteIds(frame_.TheStore(), ids)) return ReadAgain();
   const std::vector<int> deleted = model_.RowsOf(ids);
   list_.clearSelection();
   model_.Remove(deleted);

@@ -21,6 +21,15 @@ void PostListModel::Fill(PostList list) {
   endResetModel();
 }
 
+void PostListModel::Append(PostList list) {
+  if (list.posts.empty()) return;
+  const int first = rowCount();
+  beginInsertRows({}, first, first + static_cast<int>(list.posts.size()) - 1);
+  Pack(std::move(list.posts));
+  endInsertRows();
+  if (sorting_ != Sorting()) MoveRows(PostOrder(posts_, sorting_, codePage_));
+}
+
 void PostListModel::Refill(PostList list) {
   beginResetModel();
   Replace(std::move(list));
@@ -32,11 +41,15 @@ void PostListModel::Replace(PostList list) {
   areScrapPosts_ = list.areScrapPosts;
   posts_.clear();
   posts_.shrink_to_fit();
-  posts_.reserve(list.posts.size());
-  for (PostRow& row : list.posts) {
+  Pack(std::move(list.posts));
+}
+
+void PostListModel::Pack(std::vector<PostRow> rows) {
+  posts_.reserve(posts_.size() + rows.size());
+  for (PostRow& row : rows) {
     posts_.emplace_back(std::move(row), static_cast<int>(posts_.size()));
   }
-  packed_ = std::move(list.posts);
+  packed_ = std::move(rows);
   ReleasePacked();
 }
 

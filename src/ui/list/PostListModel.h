@@ -35,6 +35,8 @@ class PostListModel : public QAbstractTableModel {
 
   // Replaces all rows; they stand in the order given.
   void Fill(PostList list);
+  // Adds rows; the sorting stays.
+  void Append(PostList list);
   // Replaces all rows; the sorting stays.
   void Refill(PostList list);
 
@@ -67,6 +69,7 @@ class PostListModel : public QAbstractTableModel {
   const PackedPost& Post(int row) const { return posts_[static_cast<std::size_t>(row)]; }
   QString CellText(const PackedPost& post, int column) const;
   void Replace(PostList list);
+  void Pack(std::vector<PostRow> rows);
   void ReleasePacked();
   void Arrange(std::span<const int> order);
   void MoveRows(std::span<const int> order);

@@ -14,7 +14,7 @@
 #include "ui/tree/SelectedPosts.h"
 #include "ui/tree/TimerPeriods.h"
 #include "ui/tree/TreeLoader.h"
-#include "vxctrl/QtText.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -41,8 +41,7 @@ CRSS_LeftContainer::CRSS_LeftContainer(Frame& frame, QWidget* parent)
       notificationTimer_(new QTimer(this)),
       commands_(frame, model_, *tree_) {
   setFocusProxy(tree_);
-  tree_->setAccessibleName(ToQString(frame.TheStore().TextCodePage(),
-                                     frame.TheSkin().GetText(kSectionTexts, kTextTreeName)));
+  tree_->setAccessibleName(SkinText(frame.TheSkin(), kTextTreeName));
   updateTimer_->setSingleShot(true);
   connect(updateTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::RefreshAll);
   connect(notificationTimer_, &QTimer::timeout, this, [this] {

@@ -6,7 +6,7 @@
 #include "skin/Keys.h"
 #include "skin/Skin.h"
 #include "vxctrl/CButtonEx.h"
-#include "vxctrl/QtText.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -44,10 +44,8 @@ QSize SizeFrom(const Skin& skin) {
 
 QAbstractButton* MakeButton(const Skin& skin, const ButtonKeys& keys, QWidget* parent) {
   auto* button = new CButtonEx(skin.GetImagePath(kSectionLeft, keys.image), parent);
-  const QString tooltip =
-      ToQString(skin.Config().GetCodePage(), skin.GetText(kSectionTexts, keys.tooltip));
-  button->setToolTip(tooltip);
-  button->setAccessibleName(tooltip);
+  button->setToolTip(SkinText(skin, keys.tooltip));
+  button->setAccessibleName(button->toolTip());
   button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard with the tree
   return button;
 }

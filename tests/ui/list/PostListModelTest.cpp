@@ -175,5 +175,17 @@ TEST(PostCellsTest, HeadingsEndWithTheLastWholeCharacterOf511Bytes) {
   EXPECT_EQ(headings(std::string(509, 'x') + "|가"), (QStringList{QString(509, 'x'), ""}));
 }
 
+TEST_F(PostListModelTest, AppendedRowsStandBehindTheOthersOrWhereTheSortingPutsThem) {
+  model_.Fill({.posts = {Post(1, "b"), Post(2, "d")}});
+  model_.Append({.posts = {Post(3, "a")}});
+  model_.Append({});
+  EXPECT_EQ(Ids(), (IdList{1, 2, 3}));
+  model_.sort(kTitleColumn, Qt::AscendingOrder);
+  model_.Append({.posts = {Post(4, "c")}});
+  EXPECT_EQ(Ids(), (IdList{3, 1, 4, 2}));
+  model_.sort(-1, Qt::AscendingOrder);
+  EXPECT_EQ(Ids(), (IdList{1, 2, 3, 4}));
+}
+
 }  // namespace
 }  // namespace feedloom

@@ -289,5 +289,20 @@ TEST_F(PlacedList, PostsThatAreGoneLeaveTheOthersWhereTheyStood) {
   EXPECT_EQ(list_.model()->rowCount(), 0);
 }
 
+TEST_F(PostListPane, ShiftSelectsFromThePostToWhichAKeyHasLed) {
+  PostList list = ChannelPosts(8);
+  for (int row = 1; row < 5; ++row) list.posts[static_cast<std::size_t>(row)].readStatus = 1;
+  pane_.Fill(std::move(list));
+  Press(Qt::LeftButton, 0);
+  Key(Qt::Key_N);
+  EXPECT_EQ(SelectedTitles(), Strings{"Post 3"});
+  QTest::keyClick(&list_, Qt::Key_Down, Qt::ShiftModifier);
+  QTest::keyClick(&list_, Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(SelectedTitles(), (Strings{"Post 3", "Post 2", "Post 1"}));
+  Press(Qt::LeftButton, 6);
+  Press(Qt::LeftButton, 7, Qt::ShiftModifier);
+  EXPECT_EQ(SelectedTitles(), (Strings{"Post 2", "Post 1"}));
+}
+
 }  // namespace
 }  // namespace feedloom

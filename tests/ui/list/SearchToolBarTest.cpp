@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
 #include <ostream>
 
 #include "kit/ShippedSkin.h"
@@ -30,6 +31,18 @@ class SearchToolBar : public testing::Test {
 
   // What is painted behind the controls, from the place of the count on.
   QImage ResultArea() { return bar_.grab(QRect(312, 0, bar_.width() - 312, 40)).toImage(); }
+
+  // The left edge and the upper edge of what differs.
+  static QPoint FirstDifference(const QImage& one, const QImage& other) {
+    QPoint corner(one.width(), one.height());
+    for (int y = 0; y < one.height(); ++y) {
+      for (int x = 0; x < one.width(); ++x) {
+        if (one.pixel(x, y) == other.pixel(x, y)) continue;
+        corner = {std::min(corner.x(), x), std::min(corner.y(), y)};
+      }
+    }
+    return corner;
+  }
 
   const ShippedSkin skin_;
   CRSS_RightTopToolBarWnd bar_{skin_.Get(), nullptr};
@@ -88,7 +101,9 @@ TEST_F(SearchToolBar, ShowsACountOfOneOrMore) {
   const QImage bare = ResultArea();
   bar_.SetResultCount(3);
   EXPECT_EQ(bar_.accessibleDescription(), "검색결과 : 3건");
-  EXPECT_NE(ResultArea(), bare);
+  const QPoint corner = FirstDifference(ResultArea(), bare);
+  EXPECT_NEAR(corner.x(), 0, 3);
+  EXPECT_NEAR(corner.y(), 13, 4);
   for (const int none : {0, -1}) {
     bar_.SetResultCount(none);
     EXPECT_EQ(ResultArea(), bare);
