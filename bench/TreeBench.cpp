@@ -25,6 +25,7 @@ struct Pane {
   Pane(int folders, int channels, int posts) {
     FillStore(frame.db, folders, channels, posts);
     pane = std::make_unique<CRSS_LeftContainer>(frame, nullptr);
+    frame.onRecount = [this](bool scrap) { pane->RecountUnread(scrap); };
     pane->resize(251, 700);
     pane->show();
     pane->LoadTree();
