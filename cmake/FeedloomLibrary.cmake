@@ -8,8 +8,9 @@ if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
   target_compile_options(feedloom_warnings INTERFACE -Wthread-safety)
 endif()
 
-# feedloom_library(NAME SOURCES file... LINKS target...): the static library of one folder of src/.
-function(feedloom_library name)
+include(cmake/PrecompiledHeaders.cmake)
+
+function(feedloom_static_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
@@ -19,11 +20,18 @@ function(feedloom_library name)
     PRIVATE feedloom_warnings ${arg_PRIVATE_LINKS})
 endfunction()
 
+# feedloom_library(NAME SOURCES file... LINKS target...): the static library of one folder of src/.
+function(feedloom_library name)
+  feedloom_static_library(${name} ${ARGN})
+  feedloom_use_headers(${name} standard_headers)
+endfunction()
+
 # The same with classes of the toolkit's object system in it.
 function(feedloom_widget_library name)
-  feedloom_library(${name} ${ARGN})
+  feedloom_static_library(${name} ${ARGN})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PUBLIC Qt6::Widgets)
+  feedloom_use_headers(${name} widget_headers)
 endfunction()
 
 # feedloom_test(NAME SOURCES file... LINKS target... LABELS label): the test program of one
@@ -31,7 +39,8 @@ endfunction()
 function(feedloom_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;LABELS")
   add_executable(${name} ${arg_SOURCES})
-  target_link_libraries(${name} PRIVATE feedloom_warnings test_kit ${arg_LINKS} GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE test_options test_kit ${arg_LINKS} GTest::gtest_main)
+  feedloom_use_headers(${name} test_headers)
   feedloom_discover(${name} "${arg_LABELS}")
 endfunction()
 
@@ -40,8 +49,8 @@ function(feedloom_widget_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;LABELS")
   add_executable(${name} ${arg_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  target_link_libraries(${name} PRIVATE feedloom_warnings test_kit widget_test_main ${arg_LINKS}
-                                        Qt6::Test)
+  target_link_libraries(${name} PRIVATE widget_test_options test_kit widget_test_main ${arg_LINKS})
+  feedloom_use_headers(${name} widget_test_headers)
   feedloom_discover(${name} "${arg_LABELS}")
 endfunction()
 

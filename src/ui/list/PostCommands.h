@@ -13,9 +13,9 @@ class CVxListCtrl;
 class PostListModel;
 
 // Commands act on the selected rows, and do nothing where their rows or their action are missing.
-// Those that change posts leave the web directory's alone, which are not the store's; when the store
-// refuses something (it reports that itself) the list and the counts are read again. The object may
-// be gone when a command that asks the user something returns.
+// Those that change posts leave the web directory's alone, which are not the store's; when the
+// store refuses something (it reports that itself) the list and the counts are read again. The
+// object may be gone when a command that asks the user something returns.
 class PostCommands {
  public:
   // All three outlive the object; `list` shows `model`.
