@@ -81,7 +81,7 @@ TEST_F(CVxControls, LieOnTheirOwnThreePiecesAndShowTheirState) {
     control->show();
     control->activateWindow();
     control->setFocus();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return control->hasFocus(); }));
+    ASSERT_TRUE(QTest::qWaitFor([shown = control] { return shown->hasFocus(); }));
     const QColor ring = control->grab().toImage().pixelColor(118, kPieceHeight / 2);
     EXPECT_GT(ring.blue(), 0);
   }

@@ -144,9 +144,12 @@ void CRSS_GroupTreeCtrl::keyPressEvent(QKeyEvent* event) {
 }
 
 void CRSS_GroupTreeCtrl::contextMenuEvent(QContextMenuEvent* event) {
-  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-  const QRect row = visualRect(SelectedRow());
-  emit MenuRequested(byKey ? viewport()->mapToGlobal(row.bottomLeft()) : event->globalPos());
+  if (event->reason() != QContextMenuEvent::Keyboard) {
+    emit MenuRequested(event->globalPos());
+    return;
+  }
+  scrollTo(SelectedRow());
+  emit MenuRequested(viewport()->mapToGlobal(visualRect(SelectedRow()).bottomLeft()));
 }
 
 // The height of all rows that are not hidden in a closed group.
@@ -163,9 +166,11 @@ int CRSS_GroupTreeCtrl::RowsHeight() const {
 // The base class decides on the scroll bar before it knows the range, and keeps to that until it
 // has resized everything.
 bool CRSS_GroupTreeCtrl::event(QEvent* event) {
-  isResizing_ = event->type() == QEvent::Resize;
+  if (event->type() != QEvent::Resize) return QTreeView::event(event);
+  isResizing_ = true;
   const bool isHandled = QTreeView::event(event);
-  if (std::exchange(isResizing_, false)) UpdateScrollBar();
+  isResizing_ = false;
+  UpdateScrollBar();
   return isHandled;
 }
 

@@ -39,6 +39,11 @@ std::unique_ptr<GroupRow> ToRow(FolderRow folder) {
                                              .name = std::move(folder.name)});
 }
 
+// As markup without any of its own: the toolkit takes a plain text that looks like some for it.
+QString ToolTip(const QString& name, const QString& failure) {
+  return Qt::convertFromPlainText(failure.isEmpty() ? name : name + '\n' + failure);
+}
+
 }  // namespace
 
 GroupTreeModel::GroupTreeModel(CodePage codePage, FailureTexts texts, QObject* parent)
@@ -319,11 +324,6 @@ QString GroupTreeModel::FailureOf(const ChildRow& child) const {
   if (child.state >= 0) return {};
   return ToQString(codePage_, child.state == kDocumentRefused ? failureTexts_.documentRefused
                                                               : failureTexts_.downloadFailed);
-}
-
-// As markup without any of its own: the toolkit takes a plain text that looks like some for it.
-QString GroupTreeModel::ToolTip(const QString& name, const QString& failure) const {
-  return Qt::convertFromPlainText(failure.isEmpty() ? name : name + '\n' + failure);
 }
 
 QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {

@@ -109,7 +109,6 @@ class GroupTreeModel : public QAbstractItemModel {
   int SetUnread(const QModelIndex& child, int count);
   void LowerUnread(const QModelIndex& child);
   QString FailureOf(const ChildRow& child) const;
-  QString ToolTip(const QString& name, const QString& failure) const;
   QVariant GroupData(const GroupRow& group, int role) const;
   QVariant ChildData(const ChildRow& child, int role) const;
   QString ShownName(const std::string& name) const;

@@ -96,13 +96,12 @@ std::optional<Menu> TreeCommands::SelectionMenu() const {
     const auto list = PostsOf(frame_.TheStore(), model_, target->row);
     return list && !list->posts.empty();
   };
-  Menu menu = RowMenu(
-      {.kind = target->kind,
-       .hasPosts = hasUnread || hasPosts(),
-       .isProtected =
-           target->kind == RowKind::Folder &&
-           target
-               ->order<0, .hasOtherFolder = model_.Groups().size()> 2});  // the cabinet root is one
+  const bool isProtected = target->kind == RowKind::Folder && target->order < 0;
+  const std::size_t folders = model_.Groups().size() - 1;  // the cabinet root is a group, too
+  Menu menu = RowMenu({.kind = target->kind,
+                       .hasPosts = hasUnread || hasPosts(),
+                       .isProtected = isProtected,
+                       .hasOtherFolder = folders > 1});
   DisableMissing(menu, frame_.TheActions());
   return menu;
 }
