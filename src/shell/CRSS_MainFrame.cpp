@@ -183,8 +183,8 @@ void CRSS_MainFrame::OnChannelResult(int result, int channelId) {
 void CRSS_MainFrame::OnChannelWorker(int channelId, bool isNew) {
   left_->SetChannelNewByMessage(channelId, isNew);
   if (isNew || channelsAtWork_.insert(channelId).second) return;
+  RecountUnread(false);
   channelsAtWork_.erase(channelId);
-  state_.unreadTotal += left_->RecountChannels();
 }
 
 void CRSS_MainFrame::OnChannelRefreshed(int channelId) {

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QPainter>
 
+#include "platform/Text.h"
 #include "skin/Skin.h"
 
 namespace feedloom {
@@ -23,6 +24,15 @@ QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key) {
 }
 
 QSize SizeOf(const QPixmap& piece) { return piece.deviceIndependentSize().toSize(); }
+
+QSize LoadSkinSize(const Skin& skin, const char* section, const char* widthKey,
+                   const char* heightKey, const QSize& otherwise) {
+  const auto length = [&](const char* key, int fallback) {
+    const int given = ParseInt(skin.GetSkinValue(section, key));
+    return given > 0 ? given : fallback;
+  };
+  return {length(widthKey, otherwise.width()), length(heightKey, otherwise.height())};
+}
 
 ThreePieces LoadThreePieces(const Skin& skin, const char* section, const char* leftKey,
                             const char* middleKey, const char* rightKey) {

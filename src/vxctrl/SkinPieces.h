@@ -16,6 +16,10 @@ QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key);
 // The piece's size on the screen.
 QSize SizeOf(const QPixmap& piece);
 
+// The size under these keys, in pixels; what the host does not give is the one of `otherwise`.
+QSize LoadSkinSize(const Skin& skin, const char* section, const char* widthKey,
+                   const char* heightKey, const QSize& otherwise);
+
 struct ThreePieces {
   QPixmap left;
   QPixmap middle;

@@ -5,7 +5,6 @@
 #include <QStandardItemModel>
 #include <algorithm>
 
-#include "platform/Text.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "skin/Skin.h"
@@ -31,15 +30,6 @@ constexpr int kSmallestWord = 40;
 
 constexpr QPoint kResultPlace(312, 13);
 constexpr int kResultPixels = 12;
-
-QSize SizeFrom(const Skin& skin) {
-  const auto number = [&](const char* key) {
-    return ParseInt(skin.GetSkinValue(kSectionRightTopToolbar, key));
-  };
-  const int width = number(kRightTopToolbarWidth);
-  const int height = number(kRightTopToolbarHeight);
-  return {width > 0 ? width : kDefaultSize.width(), height > 0 ? height : kDefaultSize.height()};
-}
 
 CVxComboBox* MakeScope(const Skin& skin, QWidget* parent) {
   auto* scope = new CVxComboBox(skin, ComboLook::Toolbar, parent);
@@ -77,7 +67,8 @@ QFont ResultFont() {
 CRSS_RightTopToolBarWnd::CRSS_RightTopToolBarWnd(const Skin& skin, QWidget* parent)
     : QWidget(parent),
       skin_(skin),
-      size_(SizeFrom(skin)),
+      size_(LoadSkinSize(skin, kSectionRightTopToolbar, kRightTopToolbarWidth,
+                         kRightTopToolbarHeight, kDefaultSize)),
       background_(LoadThreePieces(skin, kSectionRightTopToolbar, kImageRightTopLeft,
                                   kImageRightTopMiddle, kImageRightTopRight)),
       scope_(*MakeScope(skin, this)),

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "skin/Keys.h"
-#include "store/Channels.h"
+#include "store/Posts.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftToolBarWnd.h"
 #include "ui/tree/SelectedPosts.h"
@@ -120,17 +120,6 @@ void CRSS_LeftContainer::SetChannelState(int channelId, int state) {
   model_.SetChannelState(channelId, state);
 }
 
-int CRSS_LeftContainer::RecountChannels() {
-  std::vector<ChannelRow> stored;
-  if (!LoadChannelList(frame_.TheStore(), stored)) return 0;
-  int added = 0;
-  for (const ChannelRow& channel : stored) {
-    added += model_.SetChannelUnread(channel.id, channel.unreadCount);
-    model_.SetChannelState(channel.id, channel.state);
-  }
-  return added;
-}
-
 void CRSS_LeftContainer::RecountUnread(bool ofScrapPosts) {
   const auto recount = ofScrapPosts ? ReadCabinetCounts : ReadChannelCounts;
   recount(frame_.TheStore(), model_);
@@ -151,10 +140,14 @@ void CRSS_LeftContainer::AddStoredChannel(int channelId) {
 
 void CRSS_LeftContainer::SetBusy(bool busy) { tree_->SetOwnCursor(!busy); }
 
-// What a search found does not tell whose it is.
+// What a search found does not tell whose it is. Asking for the one post is much less than counting
+// all of them.
 void CRSS_LeftContainer::PostWasRead(const PostRow& post, bool isScrapPost) {
-  if (post.ownerId == 0) return frame_.RecountUnread(isScrapPost);
-  isScrapPost ? model_.LowerCabinetUnread(post.ownerId) : model_.LowerChannelUnread(post.ownerId);
+  if (post.ownerId == 0 && isScrapPost) return frame_.RecountUnread(true);
+  if (isScrapPost) return model_.LowerCabinetUnread(post.ownerId);
+  std::vector<PostRow> stored;
+  if (post.ownerId == 0) FindPost(frame_.TheStore(), post.id, stored);
+  model_.LowerChannelUnread(stored.empty() ? post.ownerId : stored.front().ownerId);
 }
 
 std::string CRSS_LeftContainer::ChannelTitle(int channelId) const {

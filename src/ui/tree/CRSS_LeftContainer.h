@@ -51,10 +51,8 @@ class CRSS_LeftContainer : public QWidget {
   // The result of the channel's last refresh: below 0 a failure.
   void SetChannelState(int channelId, int state);
 
-  // Reads the counts and states of all channels from the store again. Returns the sum of the
-  // differences to the counts before.
-  int RecountChannels();
-  // Reads the counts of all channels and folders again, or of all cabinets: two statements.
+  // Reads the counts of all folders and channels again, and the channels' states, or the counts of
+  // all cabinets: two statements.
   void RecountUnread(bool ofScrapPosts);
 
   // 0 for a channel that is not in the tree.

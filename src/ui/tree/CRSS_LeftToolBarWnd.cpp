@@ -2,7 +2,6 @@
 
 #include <QPainter>
 
-#include "platform/Text.h"
 #include "skin/Keys.h"
 #include "skin/Skin.h"
 #include "vxctrl/CButtonEx.h"
@@ -32,16 +31,6 @@ constexpr ButtonKeys kButtons[] = {
     {kButtonDirectory, kTextDirectoryTooltip},
 };
 
-int LengthFrom(const Skin& skin, const char* key, int otherwise) {
-  const int length = ParseInt(skin.GetSkinValue(kSectionLeft, key));
-  return length > 0 ? length : otherwise;
-}
-
-QSize SizeFrom(const Skin& skin) {
-  return {LengthFrom(skin, kLeftToolbarWidth, kDefaultSize.width()),
-          LengthFrom(skin, kLeftToolbarHeight, kDefaultSize.height())};
-}
-
 QAbstractButton* MakeButton(const Skin& skin, const ButtonKeys& keys, QWidget* parent) {
   auto* button = new CButtonEx(skin.GetImagePath(kSectionLeft, keys.image), parent);
   button->setToolTip(SkinText(skin, keys.tooltip));
@@ -54,7 +43,7 @@ QAbstractButton* MakeButton(const Skin& skin, const ButtonKeys& keys, QWidget* p
 
 CRSS_LeftToolBarWnd::CRSS_LeftToolBarWnd(const Skin& skin, QWidget* parent)
     : QWidget(parent),
-      size_(SizeFrom(skin)),
+      size_(LoadSkinSize(skin, kSectionLeft, kLeftToolbarWidth, kLeftToolbarHeight, kDefaultSize)),
       background_(LoadThreePieces(skin, kSectionLeft, kImageLeftTopLeft, kImageLeftTopMiddle,
                                   kImageLeftTopRight)),
       line_(LoadSkinImage(skin, kSectionLeft, kImageLeftLine)) {

@@ -4,6 +4,7 @@
 #include <QTextDocument>
 #include <algorithm>
 #include <optional>
+#include <unordered_set>
 #include <utility>
 
 #include "platform/Messages.h"
@@ -134,17 +135,25 @@ void GroupTreeModel::SetChannelCounts(const std::vector<FolderRow>& folders,
                                       const std::vector<ChannelRow>& channels) {
   std::unordered_map<int, int> counts;
   for (const FolderRow& folder : folders) counts[folder.id] = folder.unreadCount;
+  std::unordered_set<const GroupRow*> changed;
   for (const ChannelRow& channel : channels) {
-    const auto place = channels_.find(channel.id);
-    if (place == channels_.end() || channel.unreadCount < 0) continue;
-    place->second.group->children[static_cast<std::size_t>(place->second.row)].unreadCount =
-        channel.unreadCount;
+    SetChannelState(channel.id, channel.state);
+    const QModelIndex index = FindChannel(channel.id);
+    ChildRow* const row = MutableChildAt(index);
+    if (row == nullptr || channel.unreadCount < 0 || row->unreadCount == channel.unreadCount) {
+      continue;
+    }
+    row->unreadCount = channel.unreadCount;
+    changed.insert(static_cast<const GroupRow*>(index.internalPointer()));
   }
   for (const auto& group : groups_) {
-    if (group->kind != RowKind::Folder) continue;
     const auto count = counts.find(group->id);
-    if (count != counts.end() && count->second >= 0) group->unreadCount = count->second;
-    ReportCounts(*group);
+    const bool isNamed = group->kind == RowKind::Folder && count != counts.end();
+    if (isNamed && count->second >= 0 &&
+        std::exchange(group->unreadCount, count->second) != count->second) {
+      changed.insert(group.get());
+    }
+    if (changed.contains(group.get())) ReportCounts(*group);
   }
 }
 

@@ -58,8 +58,8 @@ class GroupTreeModel : public QAbstractItemModel {
   // The difference to the count before, by which the folder's count changes too. A negative count
   // changes nothing.
   int SetChannelUnread(int channelId, int count);
-  // New counts of many rows at once. Rows that are not named, and those with a negative count, keep
-  // theirs.
+  // New counts of many rows at once, and the channels' states. Rows that are not named, and those
+  // with a negative count, keep their count.
   void SetChannelCounts(const std::vector<FolderRow>& folders,
                         const std::vector<ChannelRow>& channels);
   void SetCabinetCounts(int unreadInCabinets, const std::vector<CabinetRow>& cabinets);

@@ -71,11 +71,12 @@ TEST_F(LeftContainerTest, CountsFollowWhatTheFrameTells) {
   EXPECT_EQ(pane->ChannelTitle(daily), "Daily");
 }
 
-TEST_F(LeftContainerTest, APostWhoseOwnerIsNotKnownHasAllRowsCountedAnew) {
+TEST_F(LeftContainerTest, APostWhoseOwnerIsNotKnownLowersTheRightRow) {
   Open();
-  frame.db.Sql("update TB_POST set post_readStatus = 1 where post_channelID = " +
-               std::to_string(weekly));
-  pane->PostWasRead(PostOf(0), false);
+  PostRow found = PostOf(0);
+  found.id = std::stoi(frame.db.Value("select post_id from TB_POST where post_channelID = " +
+                                      std::to_string(weekly)));
+  pane->PostWasRead(found, false);
   frame.db.Sql("update TB_SCRAP_POST set scrap_post_readStatus = 1");
   pane->PostWasRead(PostOf(0), true);
   EXPECT_EQ(Labels(), (QStringList{"News(2)", "Daily(2)", "Weekly", "Sports", CabinetTitle(),
