@@ -1,6 +1,7 @@
 #include "shell/CRSS_MainFrame.h"
 
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QShortcut>
 #include <algorithm>
 #include <unordered_map>
@@ -74,6 +75,11 @@ Actions CRSS_MainFrame::MakeActions() {
   Actions actions;
   actions.askSearchWord = [this] { return AskSearchWord(*this, this); };
   actions.chooseCabinet = [this] { return ChooseCabinet(*this, this); };
+  actions.askDownloadPlace = [this](const QString& name) {
+    return AskDownloadPlace(*this, this, name);
+  };
+  actions.choosePrinter = [this](QPrinter& printer) { return ChoosePrinter(printer, this); };
+  actions.openOutside = QDesktopServices::openUrl;
   return actions;
 }
 
@@ -271,6 +277,14 @@ void CRSS_MainFrame::GoToUnreadPost(bool forward) { rightTop_->GoToUnread(forwar
 void CRSS_MainFrame::ShowPost(const PostRow& post) { rightBottom_->ShowPost(post); }
 
 void CRSS_MainFrame::ShowMainPage() { rightBottom_->ShowMainPage(); }
+
+bool CRSS_MainFrame::ShowsRemoteImages() const {
+  return registry_.ReadDword(kModuleKey, kValueBlockRemoteImages).value_or(0) == 0;
+}
+
+void CRSS_MainFrame::AddChannel(const std::string& address) { left_->AddChannel(address); }
+
+void CRSS_MainFrame::PostIsSaved(int cabinetId) { left_->PostIsSaved(cabinetId); }
 
 void CRSS_MainFrame::PostWasRead(const PostRow& post, bool isScrapPost) {
   left_->PostWasRead(post, isScrapPost);

@@ -53,6 +53,9 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   void GoToUnreadPost(bool forward) override;
   void ShowPost(const PostRow& post) override;
   void ShowMainPage() override;
+  bool ShowsRemoteImages() const override;
+  void AddChannel(const std::string& address) override;
+  void PostIsSaved(int cabinetId) override;
   void PostWasRead(const PostRow& post, bool isScrapPost) override;
   void RecountUnread(bool ofScrapPosts) override;
   void ReloadSelection() override;

@@ -9,6 +9,7 @@ inline constexpr char kSectionTexts[] = "FEEDLOOM";
 inline constexpr char kSectionHtml[] = "RSS_HTML";
 inline constexpr char kSectionLeft[] = "RSS_LEFT";
 inline constexpr char kSectionRightTopToolbar[] = "RSS_RIGHTTOP_TOOLBAR";
+inline constexpr char kSectionRightBottom[] = "RSS_RIGHT_BOTTOM";
 inline constexpr char kSectionControls[] = "RSS_COMMON_CTRL_IMAGE";
 inline constexpr char kSectionSearchDialog[] = "RSS_DLG_SEARCH";
 inline constexpr char kSectionScrapDialog[] = "RSS_DLG_SCRAP";
@@ -47,5 +48,6 @@ inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the hos
 
 // The key of the module's own settings.
 inline constexpr char kModuleKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold";
+inline constexpr char kValueBlockRemoteImages[] = "BlockRemoteImages";
 
 }  // namespace feedloom

@@ -41,9 +41,10 @@ struct PostRow {
   std::string published;
   std::string title;
   std::string updated;
-  std::string ownerTitle;  // of the channel or cabinet
-  int isPodcast = 0;       // posts only
-  int ownerId = 0;         // 0 where the operation does not tell it
+  std::string ownerTitle;    // of the channel or cabinet
+  int isPodcast = 0;         // posts only
+  int ownerId = 0;           // 0 where the operation does not tell it
+  std::string feedUrl = {};  // results of the web directory only: the feed that the post stands for
 };
 
 struct ChannelWithPosts {

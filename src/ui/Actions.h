@@ -2,11 +2,15 @@
 // frame fills them in. A command whose action is not there is grey.
 #pragma once
 
+#include <QString>
 #include <functional>
 #include <optional>
 #include <string>
 
 #include "ui/PostList.h"
+
+class QPrinter;
+class QUrl;
 
 namespace feedloom {
 
@@ -33,7 +37,8 @@ struct Actions {
   std::function<std::optional<std::string>(const std::string& title)> askCabinetName;
 
   // These write what they change themselves.
-  std::function<void(const std::string& folderName)> addChannel;  // the folder to begin with
+  // With the folder and the feed address to begin with; both may be empty.
+  std::function<void(const std::string& folderName, const std::string& address)> addChannel;
   std::function<void()> addGroup;
   std::function<void()> addCabinet;
   std::function<void(const ChannelFacts& channel)> moveChannel;
@@ -46,6 +51,12 @@ struct Actions {
   std::function<void()> openSettings;
   std::function<void()> openDirectory;
   std::function<void()> notifyOfNewPosts;
+
+  // The browser's. The place for a file, by its suggested name: a path, empty when the user wants
+  // none; whether the user has chosen a printer; whether a program of the system took the address.
+  std::function<QString(const QString& name)> askDownloadPlace;
+  std::function<bool(QPrinter& printer)> choosePrinter;
+  std::function<bool(const QUrl& address)> openOutside;
 
   // The posts that a word finds in the web directory; none when the search failed.
   std::function<std::optional<PostList>(const std::string& word)> searchWeb;

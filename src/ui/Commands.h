@@ -39,6 +39,17 @@ enum Command {
   kCommandRefreshSelection,
   kCommandDeleteSelection,
   kCommandDirectory,
+
+  // The browser's menu and keys.
+  kCommandOpenOutside,
+  kCommandCopyAddress,
+  kCommandCopyText,
+  kCommandFindInPage,
+  kCommandPrint,
+  kCommandZoomIn,
+  kCommandZoomOut,
+  kCommandZoomNormal,
+  kCommandStopDownloads,
 };
 
 }  // namespace feedloom

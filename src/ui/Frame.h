@@ -57,6 +57,15 @@ class Frame {
   virtual void ShowPost(const PostRow& post) = 0;
   virtual void ShowMainPage() = 0;
 
+  // Whether a preview shows the pictures that lie in the web.
+  virtual bool ShowsRemoteImages() const = 0;
+
+  // From the browser to the tree: the dialog that adds a channel, with this feed address and the
+  // folder of the tree's selection. The caller may be gone when it returns.
+  virtual void AddChannel(const std::string& address) = 0;
+  // The same: an unread post is being saved to this cabinet. The tree shows it at once.
+  virtual void PostIsSaved(int cabinetId) = 0;
+
   // From the list to the tree: an unread post was marked read.
   virtual void PostWasRead(const PostRow& post, bool isScrapPost) = 0;
   // The read status of posts, or posts, have changed: the tree reads its counts again. The unread

@@ -2,9 +2,18 @@
 // interface thread.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "ui/Settings.h"
 
 namespace feedloom {
+
+// A feed that the web page on display announces; in the module's code page.
+struct DiscoveredFeed {
+  std::string title;
+  std::string address;
+};
 
 // What the list shows.
 enum class ListMode { Selection = 0, WebDirectory = 1, Today = 2 };
@@ -18,6 +27,8 @@ struct SharedState {
   ListMode listMode = ListMode::Selection;
   // The list shows the posts of the tree's selected row: not a search, nor today's posts.
   bool listShowsSelection = false;
+  // In the page's order. A page that the module writes leaves them as they are.
+  std::vector<DiscoveredFeed> discoveredFeeds;
   // All zero until the user confirms the control panel, whatever is stored.
   Settings liveSettings;
 };

@@ -25,6 +25,15 @@ PaneFrame LoadPaneFrame(const Skin& skin) {
                                     kImageLeftBottomMiddle, kImageLeftBottomRight)};
 }
 
+PaneFrame LoadBrowserPaneFrame(const Skin& skin) {
+  const auto piece = [&](const char* key) { return LoadSkinImage(skin, kSectionRightBottom, key); };
+  return {.top = {.left = {}, .middle = piece(kImageFrameTop), .right = {}},
+          .left = piece(kImageFrameLeft),
+          .right = piece(kImageFrameRight),
+          .bottom = LoadThreePieces(skin, kSectionRightBottom, kImageFrameBottomLeft,
+                                    kImageFrameBottomMiddle, kImageFrameBottomRight)};
+}
+
 QRect ViewArea(const QRect& pane, int toolbarHeight) {
   return pane.adjusted(kLineInset + 1, toolbarHeight + 1, -kLineInset - 1, -kLineInset - 1);
 }

@@ -12,8 +12,9 @@ struct PaneFrame {
   ThreePieces bottom;
 };
 
-// The one of section kSectionLeft, which the upper panes share.
+// The one of section kSectionLeft, which the upper panes share, and the browser pane's own.
 PaneFrame LoadPaneFrame(const Skin& skin);
+PaneFrame LoadBrowserPaneFrame(const Skin& skin);
 
 // The part of `pane` that is left for the view below a toolbar of this height.
 QRect ViewArea(const QRect& pane, int toolbarHeight);

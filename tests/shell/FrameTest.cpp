@@ -89,6 +89,7 @@ TEST_F(MainFrame, AFeedCannotLeadToTheMachinesOwnFiles) {
 
 TEST_F(MainFrame, SaysItsLastTextAgainWhenAsked) {
   CreateFrame();
+  host_->texts.clear();
   Send(kMessageChannelResult, kDownloadFailed, 1);
   EXPECT_EQ(Send(kMessageShowTextAgain, 7, 8), 0);
   ASSERT_EQ(host_->texts.size(), 2u);
@@ -98,6 +99,7 @@ TEST_F(MainFrame, SaysItsLastTextAgainWhenAsked) {
 
 TEST_F(MainFrame, CountsWhatARefreshedChannelHasBrought) {
   CreateFrame();
+  host_->texts.clear();
   AddPosts(1, 3);
   Send(kMessageChannelResult, kChannelRefreshed, 1);
   EXPECT_EQ(TreeLabels()[0], "기본 그룹(3)");

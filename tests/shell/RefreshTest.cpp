@@ -44,6 +44,7 @@ TEST_F(RefreshInTheWindow, NamesTheChannelThatFailed) {
   AddChannel("Gone", "/gone.xml");
   Sql("delete from TB_CHANNEL where channel_id = 1");
   CreateFrame();
+  host_->texts.clear();
   Send(kMessageRefreshAll);
   ASSERT_TRUE(WaitForRunEnd());
   ASSERT_EQ(host_->texts.size(), 1u);

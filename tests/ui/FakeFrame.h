@@ -50,6 +50,9 @@ class FakeFrame : public Frame {
   void GoToUnreadPost(bool forward) override { unreadPostsAsked.push_back(forward); }
   void ShowPost(const PostRow& post) override { shown.push_back(post.title); }
   void ShowMainPage() override { shown.emplace_back("(main page)"); }
+  bool ShowsRemoteImages() const override { return showsRemoteImages; }
+  void AddChannel(const std::string& address) override { addedAddresses.push_back(address); }
+  void PostIsSaved(int cabinetId) override { savedTo.push_back(cabinetId); }
   void PostWasRead(const PostRow& post, bool isScrapPost) override {
     read.emplace_back(post.ownerId, isScrapPost);
   }
@@ -78,6 +81,9 @@ class FakeFrame : public Frame {
   std::vector<PostList> relists;
   int searchFocuses = 0;
   std::vector<std::string> shown;  // titles
+  bool showsRemoteImages = true;
+  std::vector<std::string> addedAddresses;
+  std::vector<int> savedTo;  // cabinets
   std::vector<std::pair<int, bool>> read;
   std::vector<bool> recounts;  // whether of saved posts
   int reloads = 0;

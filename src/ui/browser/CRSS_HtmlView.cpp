@@ -1,50 +1,178 @@
 #include "ui/browser/CRSS_HtmlView.h"
 
+#include <QPrinter>
 #include <QVBoxLayout>
+#include <QWebEngineContextMenuRequest>
+#include <QWebEngineFindTextResult>
+#include <QWebEngineHistory>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
+#include <algorithm>
+#include <array>
 
 #include "ui/browser/PageScheme.h"
 #include "ui/browser/WebPage.h"
 
 namespace feedloom {
+namespace {
+
+// From the smallest to the largest size of a page; the normal one has this place.
+constexpr std::array kZoomFactors = {0.25, 0.33, 0.5,  0.67, 0.75, 0.9, 1.0, 1.1,
+                                     1.25, 1.5,  1.75, 2.0,  2.5,  3.0, 4.0, 5.0};
+constexpr int kNormalSize = 6;
+constexpr int kLargestSize = static_cast<int>(kZoomFactors.size()) - 1;
+
+// What the engine takes longer to lay out than to begin another process, in bytes.
+constexpr qsizetype kLargePage = 200'000;
+
+}  // namespace
 
 // The members end in the order that the engine wants: the view, its page, the profile. The profile
 // keeps cookies and its cache in memory only.
 class CRSS_HtmlView::Engine {
  public:
-  explicit Engine(SkinDirectory skinDir)
-      : pages(std::move(skinDir), nullptr), page(&profile, nullptr) {
-    profile.installUrlSchemeHandler(kPageScheme, &pages);
+  explicit Engine(Asking asking)
+      : crashPage(std::move(asking.crashPage)),
+        scheme(std::move(asking.skinDir), nullptr),
+        downloads(profile, std::move(asking.downloadPlace), nullptr),
+        page(&profile, scheme.Pages(), nullptr) {
+    profile.installUrlSchemeHandler(kPageScheme, &scheme);
     view.setPage(&page);
     view.setWindowTitle(QStringLiteral("Web Browser"));
-    view.setContextMenuPolicy(Qt::NoContextMenu);  // the engine's offers what the pane cannot do
+    view.setContextMenuPolicy(
+        Qt::CustomContextMenu);  // the engine's offers what the pane cannot do
   }
 
-  PageSchemeHandler pages;
+  const std::function<QByteArray(const QUrl& crashed)> crashPage;
+  std::unique_ptr<QPrinter> printer;  // while it prints
+  PageSchemeHandler scheme;
   QWebEngineProfile profile;
+  Downloads downloads;
   WebPage page;
   QWebEngineView view;
+  int host = 0;            // of generated pages
+  qsizetype pageSize = 0;  // of the one that was asked for last
 };
 
-CRSS_HtmlView::CRSS_HtmlView(SkinDirectory skinDir, QWidget* parent)
-    : QWidget(parent), engine_(std::make_unique<Engine>(std::move(skinDir))) {
+CRSS_HtmlView::CRSS_HtmlView(Asking asking, QWidget* parent)
+    : QWidget(parent), engine_(std::make_unique<Engine>(std::move(asking))) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(&engine_->view);
   setFocusProxy(&engine_->view);
-  connect(&engine_->page, &WebPage::Painted, this, &CRSS_HtmlView::PageShown);
+  Connect();
 }
 
 // The view is a member and a child: it leaves the widget before it ends.
 CRSS_HtmlView::~CRSS_HtmlView() { engine_->view.setParent(nullptr); }
 
-void CRSS_HtmlView::Navigate(const QUrl& url) { engine_->page.Open(url); }
+void CRSS_HtmlView::Connect() {
+  WebPage* const page = &engine_->page;
+  connect(page, &WebPage::Painted, this, &CRSS_HtmlView::PageShown);
+  connect(page, &WebPage::Changed, this, &CRSS_HtmlView::ApplyZoom);
+  connect(page, &WebPage::Changed, this, &CRSS_HtmlView::Changed);
+  connect(page, &WebPage::Completed, this, &CRSS_HtmlView::Completed);
+  connect(page, &WebPage::FeedsFound, this, &CRSS_HtmlView::FeedsFound);
+  connect(page, &WebPage::Reported, this, &CRSS_HtmlView::Reported);
+  // Later, when the engine is through with the click: these lead to dialogs and other programs.
+  connect(page, &WebPage::ActionClicked, this, &CRSS_HtmlView::ActionClicked, Qt::QueuedConnection);
+  connect(page, &WebPage::OutsideWanted, this, &CRSS_HtmlView::OutsideWanted, Qt::QueuedConnection);
+  connect(page, &QWebEnginePage::renderProcessTerminated, this, &CRSS_HtmlView::ShowCrash,
+          Qt::QueuedConnection);
+  connect(page, &QWebEnginePage::findTextFinished, this, [this](const QWebEngineFindTextResult& r) {
+    emit FoundInPage(r.activeMatch(), r.numberOfMatches());
+  });
+  connect(&engine_->downloads, &Downloads::Changed, this, &CRSS_HtmlView::DownloadChanged);
+  connect(&engine_->downloads, &Downloads::Begun, this, &CRSS_HtmlView::Changed);
+  connect(&engine_->downloads, &Downloads::Changed, this, &CRSS_HtmlView::Changed);
+  connect(&engine_->view, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+    const QWebEngineContextMenuRequest* const request = engine_->view.lastContextMenuRequest();
+    emit MenuRequested(
+        {engine_->view.mapToGlobal(at), request->linkUrl(), request->selectedText()});
+  });
+  connect(&engine_->view, &QWebEngineView::printFinished, this, [this](bool hasWorked) {
+    engine_->printer.reset();
+    if (!hasWorked) emit Reported(BrowserReport::PrintFailed, {});
+  });
+}
 
-void CRSS_HtmlView::WritePage(const QByteArray& html, PageKind kind) {
-  if (html.isEmpty()) return;
-  const int number = engine_->pages.Pages().Add(WithContentPolicy(html, kind));
-  engine_->page.Open(GeneratedPageUrl(number));
+void CRSS_HtmlView::Navigate(const QUrl& url) { Open(url, 0); }
+
+// A process that is still busy with a large page would keep a page of the same host waiting.
+void CRSS_HtmlView::Open(const QUrl& url, qsizetype size) {
+  if (engine_->pageSize > kLargePage && !engine_->page.IsDrawn()) ++engine_->host;
+  engine_->pageSize = size;
+  engine_->page.load(IsGenerated(url) ? AtHost(url, engine_->host) : url);
+}
+
+void CRSS_HtmlView::WritePage(const PageToWrite& page) {
+  if (page.html.isEmpty()) return;
+  const int number = engine_->scheme.Pages().Add(
+      {WithContentPolicy(page.html, page.kind, page.showsRemoteImages), page.kind, page.source});
+  Open(GeneratedPageUrl(number), page.html.size());
+}
+
+// When even this page crashes, it is not shown again.
+void CRSS_HtmlView::ShowCrash() {
+  const auto page = engine_->page.Generated();
+  if (page && page->kind == PageKind::Crash) return;
+  const QUrl crashed = engine_->page.url();
+  WritePage({engine_->crashPage(crashed), PageKind::Crash, crashed});
+}
+
+void CRSS_HtmlView::GoBack() { engine_->page.triggerAction(QWebEnginePage::Back); }
+
+void CRSS_HtmlView::GoForward() { engine_->page.triggerAction(QWebEnginePage::Forward); }
+
+void CRSS_HtmlView::Reload() { engine_->page.triggerAction(QWebEnginePage::Reload); }
+
+void CRSS_HtmlView::Stop() {
+  IsLoading() ? engine_->page.triggerAction(QWebEnginePage::Stop) : StopDownloads();
+}
+
+void CRSS_HtmlView::StopDownloads() { engine_->downloads.Stop(); }
+
+bool CRSS_HtmlView::CanGoBack() const { return engine_->page.history()->canGoBack(); }
+
+bool CRSS_HtmlView::CanGoForward() const { return engine_->page.history()->canGoForward(); }
+
+bool CRSS_HtmlView::IsLoading() const { return engine_->page.IsLoading(); }
+
+bool CRSS_HtmlView::IsDownloading() const { return engine_->downloads.AreUnderWay(); }
+
+bool CRSS_HtmlView::IsWritten() const { return engine_->page.Generated().has_value(); }
+
+QUrl CRSS_HtmlView::Address() const {
+  const QUrl url = engine_->page.url();
+  return IsGenerated(url) ? QUrl() : url;
+}
+
+QUrl CRSS_HtmlView::OutsideAddress() const {
+  const auto page = engine_->page.Generated();
+  return page ? page->source : Address();
+}
+
+void CRSS_HtmlView::Zoom(int steps) {
+  zoomSteps_ =
+      steps == 0 ? 0 : std::clamp(zoomSteps_ + steps, -kNormalSize, kLargestSize - kNormalSize);
+  ApplyZoom();
+}
+
+// The engine forgets it with every other site.
+void CRSS_HtmlView::ApplyZoom() {
+  const double factor = kZoomFactors[static_cast<std::size_t>(kNormalSize + zoomSteps_)];
+  if (engine_->page.zoomFactor() != factor) engine_->page.setZoomFactor(factor);
+}
+
+void CRSS_HtmlView::Find(const QString& text, bool backward) {
+  engine_->page.findText(text,
+                         backward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags());
+}
+
+void CRSS_HtmlView::Print(std::unique_ptr<QPrinter> printer) {
+  if (engine_->printer) return;
+  engine_->printer = std::move(printer);
+  engine_->view.print(engine_->printer.get());
 }
 
 }  // namespace feedloom

@@ -1,24 +1,39 @@
 #include "ui/browser/CRSS_RightBottomContainer.h"
 
 #include <QFile>
+#include <QPainter>
+#include <QPointer>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "skin/Keys.h"
 #include "ui/Frame.h"
 #include "ui/browser/CRSS_HtmlView.h"
+#include "ui/browser/CRSS_RightBottomToolBarWnd.h"
+#include "ui/browser/FeedMenu.h"
+#include "ui/browser/FindBar.h"
+#include "ui/browser/PageButtons.h"
+#include "ui/browser/PageCommands.h"
 #include "ui/browser/PageScheme.h"
-#include "ui/page/Pages.h"
+#include "ui/browser/PostPages.h"
+#include "ui/browser/StatusTexts.h"
 #include "vxctrl/QtText.h"
 
 namespace feedloom {
 namespace {
 
-QString SkinDir(const Skin& skin) {
-  return QFile::decodeName(QByteArray::fromStdString(skin.Config().GetImageDir()));
+QString FilePath(const std::string& path) {
+  return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
-QByteArray Utf8(CodePage codePage, const std::string& text) {
-  return QByteArray::fromStdString(codePage.ToUtf8(text));
+CRSS_HtmlView::Asking WhomToAsk(Frame& frame) {
+  return {.skinDir = [&frame] { return FilePath(frame.TheSkin().Config().GetImageDir()); },
+          .crashPage = [&frame](const QUrl& crashed) { return MakeCrashPage(frame, crashed); },
+          .downloadPlace =
+              [&frame](const QString& name) {
+                const auto ask = frame.TheActions().askDownloadPlace;
+                return ask ? ask(name) : QString();
+              }};
 }
 
 }  // namespace
@@ -28,43 +43,190 @@ void PrepareBrowser() { RegisterPageScheme(); }
 CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* parent)
     : QWidget(parent),
       frame_(frame),
-      view_(new CRSS_HtmlView([&frame] { return SkinDir(frame.TheSkin()); }, this)) {
-  auto* const layout = new QVBoxLayout(this);
+      border_(LoadBrowserPaneFrame(frame.TheSkin())),
+      toolbar_(new CRSS_RightBottomToolBarWnd(frame.TheSkin(), this)),
+      page_(new QWidget(this)),
+      view_(new CRSS_HtmlView(WhomToAsk(frame), page_)),
+      findBar_(new FindBar(frame.TheSkin(), page_)),
+      commands_(std::make_unique<PageCommands>(frame, *view_, *findBar_)) {
+  auto* const layout = new QVBoxLayout(page_);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(view_);
-  connect(view_, &CRSS_HtmlView::PageShown, this, &CRSS_RightBottomContainer::PageShown);
+  layout->setSpacing(0);
+  layout->addWidget(view_, 1);
+  layout->addWidget(findBar_);
+  setFocusProxy(view_);
+  connect(toolbar_, &CRSS_RightBottomToolBarWnd::Commanded, this, &CRSS_RightBottomContainer::Run);
+  connect(toolbar_, &CRSS_RightBottomToolBarWnd::AddressLeft, view_, [this] { view_->setFocus(); });
+  ConnectView();
+  ConnectFindBar();
+  SetUpKeys();
+  toolbar_->Enable(kBrowserFeed, false);
+  UpdateToolBar();
 }
 
 CRSS_RightBottomContainer::~CRSS_RightBottomContainer() = default;
 
+void CRSS_RightBottomContainer::ConnectView() {
+  connect(view_, &CRSS_HtmlView::PageShown, this, &CRSS_RightBottomContainer::PageShown);
+  connect(view_, &CRSS_HtmlView::Changed, this, &CRSS_RightBottomContainer::UpdateToolBar);
+  connect(view_, &CRSS_HtmlView::Completed, this, &CRSS_RightBottomContainer::ForgetFeeds);
+  connect(view_, &CRSS_HtmlView::FeedsFound, this, &CRSS_RightBottomContainer::KeepFeeds);
+  connect(view_, &CRSS_HtmlView::Reported, this, [this](BrowserReport report, const QString& text) {
+    frame_.ReportMessage(StatusText(frame_.TheSkin(), report, text));
+  });
+  connect(view_, &CRSS_HtmlView::DownloadChanged, this,
+          [this](DownloadEvent event, const QString& name, const QString& progress) {
+            frame_.ReportMessage(StatusText(frame_.TheSkin(), event, name, progress));
+          });
+  connect(view_, &CRSS_HtmlView::OutsideWanted, this,
+          [this](const QUrl& url) { commands_->OpenOutside(url); });
+  connect(view_, &CRSS_HtmlView::MenuRequested, this, [this](const PageSpot& spot) {
+    ShowMenu(commands_->TheMenu(spot), frame_.TheSkin(), spot.place, this,
+             [this, spot](int command) { commands_->Run(command, spot); });
+  });
+  connect(view_, &CRSS_HtmlView::ActionClicked, this,
+          [this](const PageAction& action, const QStringList& texts) {
+            if (isActing_) return;  // the second click of a double click
+            const QPointer self(this);
+            isActing_ = true;
+            RunPageAction(frame_, action, texts);
+            if (self) isActing_ = false;
+          });
+}
+
+void CRSS_RightBottomContainer::ConnectFindBar() {
+  connect(findBar_, &FindBar::Wanted, view_, &CRSS_HtmlView::Find);
+  connect(view_, &CRSS_HtmlView::FoundInPage, findBar_, &FindBar::SetResult);
+  connect(findBar_, &FindBar::Closed, this, [this] { view_->setFocus(); });
+}
+
+void CRSS_RightBottomContainer::SetUpKeys() {
+  const auto onKeys = [this](QWidget* widget, const QList<QKeySequence>& keys, auto run) {
+    for (const QKeySequence& key : keys) {
+      auto* const shortcut = new QShortcut(key, widget);
+      shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+      connect(shortcut, &QShortcut::activated, this, run);
+    }
+  };
+  const auto onCommand = [&](QKeySequence::StandardKey key, int command) {
+    onKeys(this, QKeySequence::keyBindings(key), [this, command] { commands_->Run(command); });
+  };
+  onCommand(QKeySequence::Find, kCommandFindInPage);
+  onCommand(QKeySequence::Print, kCommandPrint);
+  onCommand(QKeySequence::ZoomIn, kCommandZoomIn);
+  onCommand(QKeySequence::ZoomOut, kCommandZoomOut);
+  onKeys(this, {Qt::CTRL | Qt::Key_0}, [this] { commands_->Run(kCommandZoomNormal); });
+  onKeys(this, {Qt::CTRL | Qt::Key_L}, [this] { toolbar_->FocusAddress(); });
+  onKeys(this, {Qt::ALT | Qt::Key_Left}, [this] { view_->GoBack(); });
+  onKeys(this, {Qt::ALT | Qt::Key_Right}, [this] { view_->GoForward(); });
+  onKeys(view_, {Qt::Key_Escape}, [this] { view_->Stop(); });
+}
+
+// What the pane shows.
+
 void CRSS_RightBottomContainer::ShowMainPage() {
-  const std::string path = frame_.TheSkin().GetImagePath(kSectionHtml, kImageMainPage);
-  view_->Navigate(SkinFileUrl(QFile::decodeName(QByteArray::fromStdString(path))));
+  view_->Navigate(
+      SkinFileUrl(FilePath(frame_.TheSkin().GetImagePath(kSectionHtml, kImageMainPage))));
 }
 
 void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
-  const QUrl link(ToQString(frame_.TheStore().TextCodePage(), post.link));
+  const QString address = ToQString(frame_.TheStore().TextCodePage(), post.link);
+  const QUrl link(address);
   if (mode_ == 1 || !IsWebAddress(link)) {  // a feed must not lead to the machine's own files
-    ShowPreview(post);
+    WritePage(MakePreview(frame_, post));
   } else if (post.isPodcast == 1) {
-    ShowPlayer(post);
+    WritePage(MakePlayer(frame_, post));
   } else {
+    toolbar_->SetAddress(address);
     view_->Navigate(link);
   }
 }
 
-void CRSS_RightBottomContainer::ShowPreview(const PostRow& post) {
-  const CodePage codePage = frame_.TheStore().TextCodePage();
-  const auto build = post.isPodcast == 1 ? BuildPodcastPreviewPage : BuildPostPreviewPage;
-  const std::string html = build(1, {post.title}, {post.link}, {post.description}, {post.published},
-                                 {}, false, LoadPageSkin(frame_.TheSkin()), PageCharset(codePage));
-  view_->WritePage(Utf8(codePage, html), PageKind::Preview);
+void CRSS_RightBottomContainer::WritePage(const PageToWrite& page) {
+  if (page.html.isEmpty()) return;
+  view_->WritePage(page);
+  toolbar_->Enable(kBrowserFeed, false);  // such a page announces no feeds
 }
 
-void CRSS_RightBottomContainer::ShowPlayer(const PostRow& post) {
-  const std::string html = BuildPodcastPlayerPage(post.title, post.link, post.description,
-                                                  post.published, LoadPageSkin(frame_.TheSkin()));
-  view_->WritePage(Utf8(frame_.TheStore().TextCodePage(), html), PageKind::Player);
+// The toolbar.
+
+void CRSS_RightBottomContainer::Run(BrowserCommand command) {
+  switch (command) {
+    case kBrowserBack:
+      return view_->GoBack();
+    case kBrowserNext:
+      return view_->GoForward();
+    case kBrowserStop:
+      return view_->Stop();
+    case kBrowserRefresh:
+      return view_->Reload();
+    case kBrowserGo:
+    case kBrowserGoByKey:
+      return Go();
+    case kBrowserFeed:
+      return OfferFeeds();
+  }
+}
+
+void CRSS_RightBottomContainer::Go() {
+  const QString typed = toolbar_->Address();
+  if (typed.isEmpty()) return;
+  const QUrl url = CompleteAddress(typed);
+  if (IsForBrowser(url)) {
+    view_->Navigate(url);
+    view_->setFocus();
+  } else if (url.scheme() == QLatin1String("mailto")) {
+    commands_->OpenOutside(url);
+  } else {
+    frame_.ReportMessage(StatusText(frame_.TheSkin(), BrowserReport::LinkRefused, typed));
+  }
+}
+
+void CRSS_RightBottomContainer::UpdateToolBar() {
+  toolbar_->Enable(kBrowserBack, view_->CanGoBack());
+  toolbar_->Enable(kBrowserNext, view_->CanGoForward());
+  toolbar_->Enable(kBrowserStop, view_->IsLoading() || view_->IsDownloading());
+  if (view_->IsWritten()) toolbar_->Enable(kBrowserFeed, false);
+  // While a page is on its way the box keeps the address that was asked for.
+  const QUrl address = view_->Address();
+  if (view_->IsLoading() && address == shownAddress_) return;
+  shownAddress_ = address;
+  if (!toolbar_->IsAddressEdited()) toolbar_->SetAddress(address.toDisplayString());
+}
+
+// The feeds that the page announces.
+
+void CRSS_RightBottomContainer::ForgetFeeds() {
+  frame_.State().discoveredFeeds.clear();
+  toolbar_->Enable(kBrowserFeed, false);
+}
+
+void CRSS_RightBottomContainer::KeepFeeds(const AnnouncedFeeds& feeds) {
+  const CodePage codePage = frame_.TheStore().TextCodePage();
+  auto& discovered = frame_.State().discoveredFeeds;
+  for (const FeedLink& link : feeds.links) {
+    const QString address = ResolveFeedLink(link.href, feeds.domain, feeds.documentUrl);
+    discovered.push_back({FromQString(codePage, link.title), FromQString(codePage, address)});
+  }
+  toolbar_->Enable(kBrowserFeed, !discovered.empty());
+}
+
+void CRSS_RightBottomContainer::OfferFeeds() {
+  ShowFeedMenu(
+      frame_.State().discoveredFeeds, frame_.TheStore().TextCodePage(),
+      frame_.TheActions().addChannel != nullptr, toolbar_->FeedButtonPlace(), this,
+      [this](const std::string& address) { frame_.AddChannel(address); },
+      [this] { toolbar_->FocusFeedButton(); });
+}
+
+void CRSS_RightBottomContainer::resizeEvent(QResizeEvent* /*event*/) {
+  toolbar_->setGeometry(0, 0, width(), toolbar_->Height());
+  page_->setGeometry(ViewArea(rect(), toolbar_->Height()));
+}
+
+void CRSS_RightBottomContainer::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  DrawPaneFrame(painter, rect(), toolbar_->Height(), border_);
 }
 
 }  // namespace feedloom

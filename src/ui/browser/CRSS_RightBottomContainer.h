@@ -1,18 +1,30 @@
+// The lower right pane: the browser, which shows posts, the main page and web pages, and above it
+// its toolbar.
 #pragma once
 
+#include <QUrl>
 #include <QWidget>
+#include <memory>
+
+#include "vxctrl/PaneFrame.h"
 
 namespace feedloom {
 
 class CRSS_HtmlView;
+class CRSS_RightBottomToolBarWnd;
+class FindBar;
 class Frame;
+class PageCommands;
+enum BrowserCommand : int;
+struct AnnouncedFeeds;
+struct PageToWrite;
 struct PostRow;
 
 // Once a process, before the engine starts: makes it know the addresses of the module's own pages.
 // A second call does nothing.
 void PrepareBrowser();
 
-// The lower right pane: the browser, which shows posts and the main page. Interface thread.
+// Interface thread.
 class CRSS_RightBottomContainer : public QWidget {
   Q_OBJECT
 
@@ -32,13 +44,32 @@ class CRSS_RightBottomContainer : public QWidget {
   // images on screen a few frames later.
   void PageShown();
 
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
-  void ShowPreview(const PostRow& post);
-  void ShowPlayer(const PostRow& post);
+  void ConnectView();
+  void ConnectFindBar();
+  void SetUpKeys();
+  void Run(BrowserCommand command);
+  void Go();
+  void WritePage(const PageToWrite& page);
+  void UpdateToolBar();
+  void ForgetFeeds();
+  void KeepFeeds(const AnnouncedFeeds& feeds);
+  void OfferFeeds();
 
   Frame& frame_;
+  const PaneFrame border_;
+  CRSS_RightBottomToolBarWnd* const toolbar_;
+  QWidget* const page_;  // the view, and the find bar below it
   CRSS_HtmlView* const view_;
+  FindBar* const findBar_;
+  const std::unique_ptr<PageCommands> commands_;
   int mode_ = 1;
+  QUrl shownAddress_;      // in the address box
+  bool isActing_ = false;  // a dialog of a page's button is open
 };
 
 }  // namespace feedloom

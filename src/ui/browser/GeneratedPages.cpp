@@ -11,22 +11,22 @@ constexpr qsizetype kMaxBytes = 64 << 20;
 
 }  // namespace
 
-int GeneratedPages::Add(QByteArray html) {
-  bytes_ += html.size();
-  pages_.insert(++lastNumber_, std::move(html));
+int GeneratedPages::Add(GeneratedPage page) {
+  bytes_ += page.html.size();
+  pages_.insert(++lastNumber_, std::move(page));
   order_.push_back(lastNumber_);
   while (order_.size() > 1 && (order_.size() > kMaxPages || bytes_ > kMaxBytes)) DropOldest();
   return lastNumber_;
 }
 
-std::optional<QByteArray> GeneratedPages::Find(int number) const {
+std::optional<GeneratedPage> GeneratedPages::Find(int number) const {
   const auto page = pages_.find(number);
   if (page == pages_.end()) return {};
   return *page;
 }
 
 void GeneratedPages::DropOldest() {
-  bytes_ -= pages_.take(order_.front()).size();
+  bytes_ -= pages_.take(order_.front()).html.size();
   order_.pop_front();
 }
 

@@ -6,14 +6,15 @@ namespace feedloom {
 namespace {
 
 constexpr char kPageHost[] = "page";
-constexpr char kPreviewPolicy[] =
-    "default-src 'none'; img-src feedloom: http: https: data:; style-src 'unsafe-inline' "
-    "feedloom:; "
-    "base-uri 'none'; form-action 'none'";
-// The player embeds its media file as an object.
-constexpr char kPlayerPolicy[] =
-    "default-src 'none'; img-src feedloom:; style-src 'unsafe-inline'; media-src http: https:; "
-    "object-src http: https:; base-uri 'none'; form-action 'none'";
+
+// Behind these comes what a kind of page may load. Styles may stand in the text.
+constexpr char kPolicy[] =
+    "default-src 'none'; base-uri 'none'; form-action 'none'; style-src 'unsafe-inline'; ";
+constexpr char kAnyImages[] = "img-src feedloom: http: https: data:";
+constexpr char kOwnImages[] = "img-src feedloom: data:";
+// The player embeds its media file as an object, which the engine makes a frame.
+constexpr char kMedia[] =
+    "img-src feedloom:; media-src http: https:; object-src http: https:; frame-src http: https:";
 
 }  // namespace
 
@@ -26,6 +27,12 @@ QUrl SkinFileUrl(const QString& path) {
   url.setScheme(kPageScheme);
   url.setHost(kPageHost);
   url.setPath(path);
+  return url;
+}
+
+QUrl AtHost(QUrl url, int host) {
+  const QString name(kPageHost);
+  url.setHost(host == 0 ? name : name + QString::number(host));
   return url;
 }
 
@@ -46,24 +53,14 @@ QString SkinFile(const QUrl& url, const QString& skinDir) {
   return inside && QFileInfo(path).isFile() ? path : QString();
 }
 
-QByteArray WithContentPolicy(const QByteArray& html, PageKind kind) {
+QByteArray WithContentPolicy(const QByteArray& html, PageKind kind, bool showsRemoteImages) {
   const QByteArray head = "<head>";
-  const qsizetype at = html.indexOf(head);
-  if (at < 0) return html;
-  const QByteArray policy = kind == PageKind::Player ? kPlayerPolicy : kPreviewPolicy;
+  const qsizetype begin = html.indexOf(head);
+  const qsizetype at = begin < 0 ? 0 : begin + head.size();
+  const char* const images = showsRemoteImages ? kAnyImages : kOwnImages;
+  const QByteArray policy = QByteArray(kPolicy) + (kind == PageKind::Player ? kMedia : images);
   return QByteArray(html).insert(
-      at + head.size(), "<meta http-equiv=\"Content-Security-Policy\" content=\"" + policy + "\">");
-}
-
-bool MayNavigate(const QUrl& from, const QUrl& to, NavigationCause cause, bool isMainFrame) {
-  if (!isMainFrame) return !IsGenerated(from) && !IsGenerated(to);
-  if (cause == NavigationCause::Command) return true;
-  if (IsGenerated(from)) return cause == NavigationCause::Link && IsWebAddress(to);
-  return !IsGenerated(to);
-}
-
-bool IsWebAddress(const QUrl& url) {
-  return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+      at, "<meta http-equiv=\"Content-Security-Policy\" content=\"" + policy + "\">");
 }
 
 }  // namespace feedloom

@@ -12,11 +12,14 @@
 namespace feedloom {
 
 // Generated pages, and the skin's files for them, have addresses of a scheme of their own:
-// feedloom://page/<number>, feedloom://page/<absolute path of a skin file>.
+// feedloom://page/<number>, feedloom://page/<absolute path of a skin file>. The host may be another
+// one, for the same pages: each host has a process of the engine to itself.
 inline constexpr char kPageScheme[] = "feedloom";
 
 QUrl GeneratedPageUrl(int number);
 QUrl SkinFileUrl(const QString& path);
+// `url` at the host with this number; 0 is the usual one.
+QUrl AtHost(QUrl url, int host);
 bool IsGenerated(const QUrl& url);
 
 // The number in the address of a generated page; none in any other address.
@@ -29,21 +32,14 @@ using SkinDirectory = std::function<QString()>;
 // are resolved; empty otherwise.
 QString SkinFile(const QUrl& url, const QString& skinDir);
 
-enum class PageKind { Preview, Player };
+// A preview of a post, one of a post with a media file, the player of such a file, and what stands
+// for a page that has crashed.
+enum class PageKind { Post, Podcast, Player, Crash };
 
-// `html` with the content policy of its kind as the first element of its head. Turning scripts off
-// is not enough: while a navigation to a web page is pending they are on already.
-QByteArray WithContentPolicy(const QByteArray& html, PageKind kind);
-
-// What began a navigation: the module or the user's own commands (an address, back, reload), a link
-// that the user clicked, or the page.
-enum class NavigationCause { Command, Link, Page };
-
-// Whether a page at `from` may be left for `to`, or may load `to` in a frame of its own. A
-// generated page has no frames and is left for web pages only; no page leads to a generated one.
-bool MayNavigate(const QUrl& from, const QUrl& to, NavigationCause cause, bool isMainFrame);
-
-// http and https.
-bool IsWebAddress(const QUrl& url);
+// `html` with the content policy of its kind as the first element of its head, or in front of it.
+// Turning scripts off is not enough: while a navigation to a web page is pending they are on
+// already. Without remote images a preview shows the skin's only: a picture in the web tells its
+// author who reads.
+QByteArray WithContentPolicy(const QByteArray& html, PageKind kind, bool showsRemoteImages);
 
 }  // namespace feedloom

@@ -41,7 +41,7 @@ void PageSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
   const QUrl url = job->requestUrl();
   if (const auto number = PageNumber(url)) {
     if (const auto page = pages_.Find(*number))
-      return Reply(*job, "text/html; charset=utf-8", *page);
+      return Reply(*job, "text/html; charset=utf-8", page->html);
   }
   const QString file = SkinFile(url, skinDir_());
   if (file.isEmpty()) return job->fail(QWebEngineUrlRequestJob::UrlNotFound);

@@ -1,30 +1,79 @@
 #include "ui/browser/WebPage.h"
 
 #include <QUuid>
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 
+#include "ui/browser/PageScripts.h"
+
 namespace feedloom {
+namespace {
 
-WebPage::WebPage(QWebEngineProfile* profile, QObject* parent)
-    : QWebEnginePage(profile, parent), paintedMark_(QUuid::createUuid().toString()) {
-  connect(this, &QWebEnginePage::loadFinished, this, &WebPage::EndLoad);
+void SetUp(QWebEngineSettings& settings) {
+  // Nobody sees the icons of pages; a post's own would tell its author who reads it.
+  settings.setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);
+  // A file that the user opens must not read the files beside it.
+  settings.setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, false);
+}
+
+QWebEngineScript OnReady(const QString& source) {
+  QWebEngineScript script;
+  script.setSourceCode(source);
+  script.setInjectionPoint(QWebEngineScript::DocumentReady);
+  script.setWorldId(QWebEngineScript::ApplicationWorld);
+  return script;
+}
+
+}  // namespace
+
+WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObject* parent)
+    : QWebEnginePage(profile, parent),
+      pages_(pages),
+      paintedMark_(QUuid::createUuid().toString()),
+      refusedMark_(QUuid::createUuid().toString()) {
+  SetUp(*settings());
+  scripts().insert(OnReady(WatchLinksScript(refusedMark_)));
+  connect(this, &QWebEnginePage::loadingChanged, this, &WebPage::OnLoading);
+  connect(this, &QWebEnginePage::urlChanged, this, &WebPage::Changed);
   connect(this, &QWebEnginePage::newWindowRequested, this, &WebPage::OpenHere);
+  connect(this, &QWebEnginePage::linkHovered, this,
+          [this](const QString& link) { ForwardStatus(BrowserReport::Hovered, link); });
+  connect(this, &QWebEnginePage::loadProgress, this, [this](int progress) {
+    ForwardStatus(BrowserReport::Loading, QString::number(progress));
+  });
+  connect(this, &QWebEnginePage::featurePermissionRequested, this,
+          [this](const QUrl& origin, Feature feature) {
+            setFeaturePermission(origin, feature, PermissionDeniedByUser);
+          });
 }
 
-void WebPage::Open(const QUrl& url) {
-  AllowScripts(!IsGenerated(url));
-  load(url);
+std::optional<GeneratedPage> WebPage::Generated() const {
+  const auto number = PageNumber(url());
+  return number ? pages_.Find(*number) : std::nullopt;
 }
+
+// Navigations.
 
 bool WebPage::acceptNavigationRequest(const QUrl& target, NavigationType type, bool isMainFrame) {
-  const NavigationCause cause = CauseOf(target, type);
-  if (!MayNavigate(url(), target, cause, isMainFrame)) return false;
-  if (!isMainFrame) return true;
-  AllowScripts(!IsGenerated(target));
-  underway_ = cause == NavigationCause::Page ? QUrl() : target;
-  return true;
+  const auto page = Generated();
+  const bool isPlayer = page && page->kind == PageKind::Player;
+  const bool isCrash = page && page->kind == PageKind::Crash;
+  const Navigation navigation = {.from = url(),
+                                 .to = target,
+                                 .cause = CauseOf(target, type),
+                                 .isMainFrame = isMainFrame,
+                                 .isFromPlayer = isPlayer};
+  const bool isAgain = isCrash && target == page->source;
+  const NavigationVerdict verdict = isAgain ? NavigationVerdict::Follow : Judge(navigation);
+  if (verdict == NavigationVerdict::Follow && !IsMediaLink(navigation)) {
+    Begin(navigation);
+    return true;
+  }
+  Stay(target, verdict);
+  return false;
 }
 
 // A server's redirect belongs to the navigation that is underway. One that no navigation to a web
@@ -45,36 +94,137 @@ NavigationCause WebPage::CauseOf(const QUrl& target, NavigationType type) const 
   }
 }
 
+bool WebPage::IsMediaLink(const Navigation& navigation) const {
+  const auto page = Generated();
+  return page && page->kind == PageKind::Podcast && page->source == navigation.to &&
+         navigation.cause == NavigationCause::Link;
+}
+
+void WebPage::Begin(const Navigation& navigation) {
+  const bool isWritten = PageNumber(navigation.to).has_value();
+  forwardsStatus_ = !isWritten;
+  if (!navigation.isMainFrame) return;
+  AllowScripts(!IsGenerated(navigation.to));
+  underway_ = navigation.cause == NavigationCause::Page ? QUrl() : navigation.to;
+  isLoading_ = true;
+  isDrawn_ = false;
+  ++loads_;
+  emit Changed();
+}
+
+void WebPage::Stay(const QUrl& target, NavigationVerdict verdict) {
+  switch (verdict) {
+    case NavigationVerdict::Follow:
+      return ChooseMediaLink(target);
+    case NavigationVerdict::Act:
+      forwardsStatus_ = false;
+      return Act(*ParsePageAction(target.toString(QUrl::FullyEncoded)));
+    case NavigationVerdict::OpenOutside:
+      emit OutsideWanted(target);
+      return;
+    case NavigationVerdict::Report:
+      emit Reported(BrowserReport::LinkRefused, target.toDisplayString());
+      return;
+    case NavigationVerdict::Refuse:
+      return;
+  }
+}
+
+// A web page can follow a link by script, where a generated one cannot. (Of addresses that want a
+// program of the system the engine itself sees to that.)
+void WebPage::WhenUserActs(const std::function<void()>& run) {
+  const bool isCertain = IsGenerated(url());
+  Ask(IsUserActiveScript(), [isCertain, run](const QVariant& isActive) {
+    if (isCertain || isActive.toBool()) run();
+  });
+}
+
+void WebPage::Ask(const QString& script, std::function<void(const QVariant&)> onAnswer) {
+  runJavaScript(
+      script, QWebEngineScript::ApplicationWorld,
+      [alive = std::weak_ptr(alive_), onAnswer = std::move(onAnswer)](const QVariant& answer) {
+        if (!alive.expired()) onAnswer(answer);
+      });
+}
+
+void WebPage::Act(const PageAction& action) {
+  WhenUserActs([this, action] {
+    Ask(ReadElementsScript(ElementIds(action)), [this, action](const QVariant& texts) {
+      emit ActionClicked(action, texts.toStringList());
+    });
+  });
+}
+
+// Two links of a podcast's page lead to its media file: one to hear it, and an icon to save it.
+void WebPage::ChooseMediaLink(const QUrl& media) {
+  Ask(IsImageLinkScript(),
+      [this, media](const QVariant& isImage) { isImage.toBool() ? download(media) : load(media); });
+}
+
+void WebPage::OpenHere(const QWebEngineNewWindowRequest& request) {
+  if (!request.isUserInitiated()) return;
+  const Navigation navigation = {
+      .from = url(), .to = request.requestedUrl(), .cause = NavigationCause::Link};
+  const NavigationVerdict verdict = Judge(navigation);
+  verdict == NavigationVerdict::Follow ? load(navigation.to) : Stay(navigation.to, verdict);
+}
+
 void WebPage::AllowScripts(bool allow) {
   settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, allow);
 }
 
+// Loads.
+
+// The engine also tells of the loads of refused addresses, from their beginning to their end. One
+// that comes while a page is loading has no end of its own.
+void WebPage::OnLoading(const QWebEngineLoadingInfo& loading) {
+  const bool hasEnded = loading.status() != QWebEngineLoadingInfo::LoadStartedStatus;
+  if (!hasEnded || !isLoading_) return;
+  isLoading_ = false;
+  EndLoad(loading);
+  emit Changed();
+}
+
 // A load may have ended without another page, in a download or by the user's stop.
-void WebPage::EndLoad() {
+void WebPage::EndLoad(const QWebEngineLoadingInfo& loading) {
   underway_ = QUrl();
   AllowScripts(!IsGenerated(url()));
-  AwaitPicture();
-}
-
-void WebPage::OpenHere(const QWebEngineNewWindowRequest& request) {
-  const QUrl target = request.requestedUrl();
-  if (request.isUserInitiated() && MayNavigate(url(), target, NavigationCause::Link, true)) {
-    Open(target);
+  switch (loading.status()) {
+    case QWebEngineLoadingInfo::LoadSucceededStatus:
+      ForwardStatus(BrowserReport::Loaded, {});
+      break;
+    case QWebEngineLoadingInfo::LoadFailedStatus:
+      ForwardStatus(BrowserReport::NotLoaded, {});
+      break;
+    default:
+      ForwardStatus(BrowserReport::Stopped, {});
   }
+  forwardsStatus_ = false;
+  if (!PageNumber(url())) FindFeeds();
+  runJavaScript(TellWhenDrawnScript(paintedMark_), QWebEngineScript::ApplicationWorld);
 }
 
-// The second animation frame after the load begins when the first one has been handed over. The
-// engine tells of it only through the page's console, from a world that the page cannot enter.
-void WebPage::AwaitPicture() {
-  runJavaScript(QStringLiteral("requestAnimationFrame(() => requestAnimationFrame(() => "
-                               "console.log('%1')))")
-                    .arg(paintedMark_),
-                QWebEngineScript::ApplicationWorld);
+void WebPage::FindFeeds() {
+  emit Completed();
+  Ask(FindFeedsScript(), [this, load = loads_](const QVariant& result) {
+    if (load == loads_) emit FeedsFound(ReadFeeds(result));
+  });
 }
 
+void WebPage::ForwardStatus(BrowserReport report, const QString& detail) {
+  if (forwardsStatus_) emit Reported(report, detail);
+}
+
+// The engine tells a world that the page cannot enter from others only through the page's console.
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int,
                                        const QString&) {
-  if (message == paintedMark_) emit Painted();
+  if (message == paintedMark_) {
+    isDrawn_ = !isLoading_;
+    emit Painted();
+  }
+  if (message.startsWith(refusedMark_)) {
+    emit Reported(BrowserReport::LinkRefused, message.mid(refusedMark_.size()));
+  }
 }
 
 }  // namespace feedloom

@@ -3,9 +3,11 @@
 // the frame may be touched any more.
 #pragma once
 
+#include <QString>
 #include <optional>
 #include <string>
 
+class QPrinter;
 class QWidget;
 
 namespace feedloom {
@@ -17,5 +19,12 @@ std::optional<std::string> AskSearchWord(Frame& frame, QWidget* parent);
 
 // The id of the cabinet that is to receive posts.
 std::optional<int> ChooseCabinet(Frame& frame, QWidget* parent);
+
+// The path for a file that is to be saved, by its suggested name (without a directory); empty
+// without an answer. The user was asked whether a file that exists may be replaced.
+QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name);
+
+// Sets `printer` up as the user wants it; false without an answer.
+bool ChoosePrinter(QPrinter& printer, QWidget* parent);
 
 }  // namespace feedloom

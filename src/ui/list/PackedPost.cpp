@@ -9,9 +9,9 @@ namespace {
 
 // Those that the list shows come first.
 enum TextNumber { kTitle, kPublished, kOwnerTitle };
-constexpr std::string PostRow::*kTexts[] = {&PostRow::title,      &PostRow::published,
-                                            &PostRow::ownerTitle, &PostRow::link,
-                                            &PostRow::created,    &PostRow::updated};
+constexpr std::string PostRow::*kTexts[] = {
+    &PostRow::title,   &PostRow::published, &PostRow::ownerTitle, &PostRow::link,
+    &PostRow::created, &PostRow::updated,   &PostRow::feedUrl};
 
 }  // namespace
 

@@ -32,7 +32,7 @@ class PackedPost {
   std::string_view OwnerTitle() const;
 
  private:
-  static constexpr std::size_t kTextCount = 6;
+  static constexpr std::size_t kTextCount = 7;
 
   std::string_view Text(std::size_t number) const;
 

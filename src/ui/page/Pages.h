@@ -42,4 +42,9 @@ std::string BuildPodcastPlayerPage(std::string_view title, std::string_view link
                                    std::string_view description, std::string_view date,
                                    const PageSkin& skin);
 
+// The page that stands for one which could not be shown to its end: what has happened, and a link
+// that opens `address` again. All are UTF-8, the texts plain.
+std::string BuildCrashPage(std::string_view whatHappened, std::string_view again,
+                           std::string_view address);
+
 }  // namespace feedloom

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <iterator>
+#include <numeric>
 #include <utility>
 
 #include "ui/page/Pages.h"
@@ -99,6 +100,13 @@ void AppendPost(std::string& page, const PreviewShape& shape, const PagePost& po
   fmt::format_to(out, fmt::runtime(shape.bottomCells), post.link, skin.saveImage);
 }
 
+// In bytes. A page that grows while a long description is put in takes many times as long.
+std::size_t SizeOf(const PageTexts& texts) {
+  return std::accumulate(
+      texts.begin(), texts.end(), std::size_t{0},
+      [](std::size_t sum, const std::string& text) { return sum + text.size(); });
+}
+
 std::string_view TextAt(const PageTexts& texts, std::size_t index) {
   return index < texts.size() ? std::string_view(texts[index]) : std::string_view();
 }
@@ -110,7 +118,9 @@ std::string BuildPreviewPage(const PreviewShape& shape, int count, const PageTex
   for (const PageTexts* texts : {&titles, &links, &descriptions}) {
     if (std::cmp_not_equal(texts->size(), count)) return {};
   }
-  std::string page = fmt::format(kHead, charset);
+  std::string page;
+  page.reserve(SizeOf(titles) + 3 * SizeOf(links) + SizeOf(descriptions) + 4096);
+  fmt::format_to(std::back_inserter(page), kHead, charset);
   for (std::size_t i = 0; i < titles.size(); ++i) {
     const std::string_view feedUrl = showAdd ? TextAt(feedUrls, i) : std::string_view();
     AppendPost(page, shape, {i, titles[i], links[i], descriptions[i], TextAt(dates, i), feedUrl},

@@ -1,6 +1,7 @@
 #include "ui/tree/CRSS_LeftContainer.h"
 
 #include <QPainter>
+#include <QPointer>
 #include <QShortcut>
 #include <QTimer>
 #include <algorithm>
@@ -20,7 +21,7 @@ namespace feedloom {
 namespace {
 
 FailureTexts LoadFailureTexts(const Skin& skin) {
-  return {.downloadFailed = skin.GetText(kSectionTexts, kTextDownloadFailed),
+  return {.downloadFailed = skin.GetText(kSectionTexts, kTextChannelDownloadFailed),
           .documentRefused = skin.GetText(kSectionTexts, kTextDocumentRefused)};
 }
 
@@ -139,6 +140,17 @@ void CRSS_LeftContainer::AddStoredChannel(int channelId) {
 }
 
 void CRSS_LeftContainer::SetBusy(bool busy) { tree_->SetOwnCursor(!busy); }
+
+void CRSS_LeftContainer::AddChannel(const std::string& address) {
+  const QPointer tree(tree_);
+  commands_.AddChannel(address);
+  if (tree) tree->viewport()->repaint();
+}
+
+void CRSS_LeftContainer::PostIsSaved(int cabinetId) {
+  model_.RaiseCabinetUnread(cabinetId);
+  tree_->viewport()->repaint();
+}
 
 // What a search found does not tell whose it is. Asking for the one post is much less than counting
 // all of them.

@@ -65,6 +65,11 @@ class CRSS_LeftContainer : public QWidget {
   // While it is busy the pane has no cursor of its own, so that the frame's shows.
   void SetBusy(bool busy);
 
+  // The dialog that adds a channel, for this feed address and the selection's folder; the tree is
+  // painted at once after it. Nothing without the action. The pane may be gone when it returns.
+  void AddChannel(const std::string& address);
+  // One unread saved post more in the cabinet and its group; the tree shows it at once.
+  void PostIsSaved(int cabinetId);
   // One unread post less in its channel, or cabinet, and in the group.
   void PostWasRead(const PostRow& post, bool isScrapPost);
 

@@ -169,6 +169,14 @@ void GroupTreeModel::SetCabinetCounts(int unreadInCabinets,
   ReportCounts(root);
 }
 
+void GroupTreeModel::RaiseCabinetUnread(int cabinetId) {
+  if (groups_.empty()) return;
+  GroupRow& root = *groups_.back();
+  ++root.unreadCount;
+  if (ChildRow* const cabinet = MutableChildAt(FindCabinet(cabinetId))) ++cabinet->unreadCount;
+  ReportCounts(root);
+}
+
 void GroupTreeModel::LowerChannelUnread(int channelId) { LowerUnread(FindChannel(channelId)); }
 
 void GroupTreeModel::LowerCabinetUnread(int cabinetId) { LowerUnread(FindCabinet(cabinetId)); }

@@ -63,6 +63,8 @@ class GroupTreeModel : public QAbstractItemModel {
   void SetChannelCounts(const std::vector<FolderRow>& folders,
                         const std::vector<ChannelRow>& channels);
   void SetCabinetCounts(int unreadInCabinets, const std::vector<CabinetRow>& cabinets);
+  // One unread post more in the cabinet root and, when it is there, in the cabinet.
+  void RaiseCabinetUnread(int cabinetId);
   // One unread post less in the row and in its group; never below 0.
   void LowerChannelUnread(int channelId);
   void LowerCabinetUnread(int cabinetId);

@@ -24,7 +24,7 @@ void TreeCommands::Run(int command) {
     void (TreeCommands::*run)(const Actions&);
   };
   static constexpr Entry kCommands[] = {
-      {kCommandAddChannel, &TreeCommands::AddChannel},
+      {kCommandAddChannel, &TreeCommands::AddEmptyChannel},
       {kCommandAddGroup, &TreeCommands::RunAlone<&Actions::addGroup>},
       {kCommandAddCabinet, &TreeCommands::RunAlone<&Actions::addCabinet>},
       {kCommandDeleteGroup, &TreeCommands::DeleteGroup},
@@ -123,7 +123,12 @@ std::string TreeCommands::SelectedFolderName() const {
   return folder ? folder->name : std::string();
 }
 
-void TreeCommands::AddChannel(const Actions& actions) { actions.addChannel(SelectedFolderName()); }
+void TreeCommands::AddChannel(const std::string& address) {
+  const auto addChannel = frame_.TheActions().addChannel;
+  if (addChannel) addChannel(SelectedFolderName(), address);
+}
+
+void TreeCommands::AddEmptyChannel(const Actions& /*actions*/) { AddChannel({}); }
 
 void TreeCommands::ExportOpml(const Actions& actions) {
   actions.exportOpml(FormatLocalTime(frame_.TheStore().TheClock().Now(), "Skyfold_%Y%m%d"));

@@ -25,6 +25,9 @@ class TreeCommands {
   // Commands.h has the numbers.
   void Run(int command);
 
+  // kCommandAddChannel with a feed address to begin with.
+  void AddChannel(const std::string& address);
+
   // The menu of the selected row; none when no row is selected. Reads the row's posts from the
   // store when nothing else tells whether there are any.
   std::optional<Menu> SelectionMenu() const;
@@ -53,7 +56,7 @@ class TreeCommands {
   void Refresh(std::vector<RefreshEntry> entries);
 
   // One a command.
-  void AddChannel(const Actions& actions);
+  void AddEmptyChannel(const Actions& actions);
   void ExportOpml(const Actions& actions);
   template <auto action>
   void RunAlone(const Actions& actions);

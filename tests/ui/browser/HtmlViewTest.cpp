@@ -1,82 +1,20 @@
 // The browser with the real engine.
-#include <gtest/gtest.h>
-
 #include <QFile>
-#include <QImage>
-#include <QSignalSpy>
-#include <QTest>
-#include <QWebEngineView>
 
-#include "kit/FeedServer.h"
-#include "kit/TempFolder.h"
-#include "ui/browser/CRSS_HtmlView.h"
-#include "ui/browser/CRSS_RightBottomContainer.h"
+#include "ui/browser/HtmlViewFixture.h"
 
 namespace feedloom {
 namespace {
 
 constexpr QRgb kGreen = 0xFF00FF00;
 
-class HtmlView : public testing::Test {
+class HtmlView : public HtmlViewFixture {
  protected:
-  static void SetUpTestSuite() { PrepareBrowser(); }
-
   HtmlView() {
     QImage green(8, 8, QImage::Format_RGB32);
     green.fill(Qt::green);
     EXPECT_TRUE(green.save(SkinPath("green.png")));
-    view_.resize(400, 300);
-    view_.show();
   }
-
-  QString SkinPath(const char* name) { return QString::fromStdString(skin_.File(name)); }
-
-  void Write(const QByteArray& body, PageKind kind = PageKind::Preview) {
-    QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
-    view_.WritePage("<html><head></head><body style='margin:0'>" + body + "</body></html>", kind);
-    EXPECT_TRUE(shown.wait(30'000));
-  }
-
-  void Navigate(const QUrl& url) {
-    QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
-    view_.Navigate(url);
-    EXPECT_TRUE(shown.wait(30'000));
-  }
-
-  // A link that covers the upper left corner.
-  QByteArray Link(const std::string& address, const QByteArray& attributes = {}) {
-    return "<a style='display:block;height:100px' " + attributes + " href=\"" +
-           QByteArray::fromStdString(address) + "\">link</a>";
-  }
-
-  void Click() {
-    QTest::mouseClick(view_.findChild<QWebEngineView*>()->focusProxy(), Qt::LeftButton, {},
-                      {50, 50});
-  }
-
-  bool ClickLeadsTo(const QString& text) {
-    QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
-    Click();
-    return shown.wait(20'000) && Text() == text;
-  }
-
-  QWebEnginePage& Page() { return *view_.findChild<QWebEngineView*>()->page(); }
-
-  QString Text() {
-    std::optional<QString> text;
-    Page().toPlainText([&text](const QString& plain) { text = plain; });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return text.has_value(); }, 20'000));
-    return text.value_or(QString());
-  }
-
-  // At a point near the upper left corner.
-  bool ComesToShow(QRgb color) {
-    return QTest::qWaitFor([&] { return view_.grab().toImage().pixel(50, 50) == color; }, 20'000);
-  }
-
-  TempFolder skin_;
-  FeedServer server_;
-  CRSS_HtmlView view_{[this] { return QString::fromStdString(skin_.Path()); }, nullptr};
 };
 
 TEST_F(HtmlView, AWrittenPageComesOnScreen) {
@@ -100,7 +38,7 @@ TEST_F(HtmlView, SkinImagesShowInGeneratedPages) {
 
 TEST_F(HtmlView, AnEmptyPageIsNotWritten) {
   Write("stays");
-  view_.WritePage("", PageKind::Preview);
+  view_.WritePage({});
   EXPECT_EQ(Text(), "stays");
 }
 
@@ -109,7 +47,7 @@ TEST_F(HtmlView, GeneratedPagesRunNoScriptsAndWebPagesDo) {
   Write(script);
   EXPECT_EQ(Text(), "still");
   server_.Serve("/page", script.toStdString(), "text/html");
-  Navigate(QUrl(QString::fromStdString(server_.Url("/page"))));
+  Navigate(Url("/page"));
   EXPECT_EQ(Text(), "ran");
   Write(script);
   EXPECT_EQ(Text(), "still");
@@ -121,7 +59,7 @@ TEST_F(HtmlView, WebPagesSeeNothingOfTheSkin) {
                 "onerror=\"d.textContent = 'refused'\" src=\"feedloom://page" +
                     skin_.File("green.png") + "\">",
                 "text/html");
-  Navigate(QUrl(QString::fromStdString(server_.Url("/page"))));
+  Navigate(Url("/page"));
   EXPECT_EQ(Text(), "refused");
 }
 
@@ -148,10 +86,8 @@ TEST_F(HtmlView, AGeneratedPageLeadsNowhereByItself) {
 TEST_F(HtmlView, BackBringsAGeneratedPageAgainWithoutScripts) {
   server_.Serve("/page", "a web page", "text/html");
   Write("<div id=d>still</div><script>d.textContent = 'ran'</script>");
-  Navigate(QUrl(QString::fromStdString(server_.Url("/page"))));
-  QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
-  Page().triggerAction(QWebEnginePage::Back);
-  EXPECT_TRUE(shown.wait(20'000));
+  Navigate(Url("/page"));
+  WaitForPage([&] { view_.GoBack(); });
   EXPECT_EQ(Text(), "still");
 }
 

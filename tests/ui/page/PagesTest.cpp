@@ -165,5 +165,13 @@ TEST(PageSkinTest, TakesImagesAndTooltipsFromTheHost) {
   EXPECT_EQ(skin.scrapTooltip, "FEEDLOOM.RSS_RIGHT_BOTTOM_TOOLBAR_TOOLTIP_BUTTON_SCRAP");
 }
 
+TEST(CrashPageTest, SaysWhatHasHappenedAndLeadsBack) {
+  const std::string page = BuildCrashPage("It <ended>", "Again & again", "http://h/?a=1&b=\"2\"");
+  EXPECT_NE(page.find("<p>It &lt;ended></p>"), std::string::npos) << page;
+  EXPECT_NE(page.find("<a href=\"http://h/?a=1&amp;b=&quot;2&quot;\">Again &amp; again</a>"),
+            std::string::npos)
+      << page;
+}
+
 }  // namespace
 }  // namespace feedloom

@@ -163,7 +163,9 @@ TEST_F(LeftContainerTest, ButtonsStandSideBySideAndHaveNames) {
 
 TEST_F(LeftContainerTest, AButtonWhoseActionIsMissingIsGrey) {
   std::vector<std::string> asked;
-  frame.actions.addChannel = [&](const std::string& folder) { asked.push_back(folder); };
+  frame.actions.addChannel = [&](const std::string& folder, const std::string&) {
+    asked.push_back(folder);
+  };
   Open();
   EXPECT_FALSE(Buttons()[CRSS_LeftToolBarWnd::kDirectory]->isEnabled());
   Click("Weekly(1)");
@@ -171,6 +173,29 @@ TEST_F(LeftContainerTest, AButtonWhoseActionIsMissingIsGrey) {
   Click(CabinetTitle() + "(1)");
   QTest::mouseClick(Buttons()[CRSS_LeftToolBarWnd::kAddChannel], Qt::LeftButton);
   EXPECT_EQ(asked, (Strings{"News", ""}));
+}
+
+TEST_F(LeftContainerTest, AFeedOfThePageIsAddedToTheSelectionsFolder) {
+  Open();
+  pane->AddChannel("http://feed.example/");  // nothing without the action
+  std::vector<std::string> asked;
+  frame.actions.addChannel = [&](const std::string& folder, const std::string& address) {
+    asked.push_back(folder + " " + address);
+  };
+  Click("Weekly(1)");
+  pane->AddChannel("http://feed.example/");
+  EXPECT_EQ(asked, Strings{"News http://feed.example/"});
+  frame.actions.addChannel = [&](const std::string&, const std::string&) { pane.reset(); };
+  pane->AddChannel("");  // the pane may go while the dialog is open
+}
+
+TEST_F(LeftContainerTest, APostThatIsSavedCountsAtOnce) {
+  Open();
+  pane->PostIsSaved(keep);
+  EXPECT_EQ(Row(CabinetTitle() + "(2)").row(), 2);
+  EXPECT_TRUE(Labels().contains("Keep(2)"));
+  pane->PostIsSaved(999);  // a cabinet that another program has added
+  EXPECT_TRUE(Labels().contains(CabinetTitle() + "(3)"));
 }
 
 TEST_F(LeftContainerTest, TheMenuButtonOpensTheWholeMenu) {

@@ -283,7 +283,9 @@ TEST_F(TreeCommandsTest, DialogsLearnWhichRowTheyAreAbout) {
       told.push_back(dialog + channel.title + ", " + channel.folderName + ", " + channel.xmlLink);
     };
   };
-  frame.actions.addChannel = [&](const std::string& folder) { told.push_back("add " + folder); };
+  frame.actions.addChannel = [&](const std::string& folder, const std::string&) {
+    told.push_back("add " + folder);
+  };
   frame.actions.moveChannel = tell("move ");
   frame.actions.showChannelInfo = tell("about ");
   Open();

@@ -1,0 +1,156 @@
+#include "ui/browser/CRSS_RightBottomToolBarWnd.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cassert>
+#include <iterator>
+
+#include "skin/Keys.h"
+#include "skin/Skin.h"
+#include "vxctrl/CButtonEx.h"
+#include "vxctrl/CVxEdit.h"
+#include "vxctrl/SkinFont.h"
+#include "vxctrl/SkinText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr QSize kDefaultSize(508, 40);  // what the skin does not give
+
+constexpr int kEdge = 8;  // left and right of the controls
+constexpr int kGap = 4;   // between them
+constexpr int kSmallestAddress = 60;
+
+struct ButtonKeys {
+  BrowserCommand command;
+  const char* image;
+  const char* tooltip;
+};
+
+// From left to right.
+constexpr ButtonKeys kButtons[] = {
+    {kBrowserBack, kButtonBack, kTextBackTooltip},
+    {kBrowserNext, kButtonNext, kTextNextTooltip},
+    {kBrowserStop, kButtonStop, kTextStopTooltip},
+    {kBrowserRefresh, kButtonRefresh, kTextRefreshTooltip},
+    {kBrowserGo, kButtonGo, kTextGoTooltip},
+    {kBrowserFeed, kButtonFeed, kTextAddTooltip},
+};
+constexpr BrowserCommand kFirstBehindAddress = kBrowserGo;
+
+CVxEdit* MakeAddress(const Skin& skin, QWidget* parent) {
+  auto* address = new CVxEdit(skin, parent);
+  address->setAccessibleName(SkinText(skin, kTextAddress));
+  return address;
+}
+
+QAbstractButton* MakeButton(const Skin& skin, const ButtonKeys& keys, QWidget* parent) {
+  auto* button = new CButtonEx(skin.GetImagePath(kSectionRightBottom, keys.image), parent);
+  button->setToolTip(SkinText(skin, keys.tooltip));
+  button->setAccessibleName(button->toolTip());
+  button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard with the page
+  return button;
+}
+
+}  // namespace
+
+// The Tab key follows the order in which the controls are made.
+CRSS_RightBottomToolBarWnd::CRSS_RightBottomToolBarWnd(const Skin& skin, QWidget* parent)
+    : QWidget(parent),
+      size_(LoadSkinSize(skin, kSectionRightBottom, kRightBottomToolbarWidth,
+                         kRightBottomToolbarHeight, kDefaultSize)),
+      background_(LoadThreePieces(skin, kSectionRightBottom, kImageRightBottomLeft,
+                                  kImageRightBottomMiddle, kImageRightBottomRight)) {
+  setObjectName("RSS_RightBottomToolBar");
+  setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
+  for (const ButtonKeys& keys : kButtons) {
+    if (keys.command == kFirstBehindAddress) address_ = MakeAddress(skin, this);
+    AddButton(keys.command, MakeButton(skin, keys, this));
+  }
+}
+
+void CRSS_RightBottomToolBarWnd::AddButton(BrowserCommand command, QAbstractButton* button) {
+  connect(button, &QAbstractButton::clicked, this, [this, command] { emit Commanded(command); });
+  buttons_.push_back(button);
+}
+
+QAbstractButton& CRSS_RightBottomToolBarWnd::ButtonOf(BrowserCommand command) const {
+  const auto* const keys = std::ranges::find(kButtons, command, &ButtonKeys::command);
+  assert(keys != std::end(kButtons));
+  return *buttons_[static_cast<std::size_t>(keys - kButtons)];
+}
+
+void CRSS_RightBottomToolBarWnd::Enable(BrowserCommand command, bool isEnabled) {
+  ButtonOf(command).setEnabled(isEnabled);
+}
+
+QString CRSS_RightBottomToolBarWnd::Address() const { return address_->text(); }
+
+void CRSS_RightBottomToolBarWnd::SetAddress(const QString& address) {
+  const bool isAnother = address != address_->text();
+  if (isAnother) address_->setText(address);
+  address_->setModified(false);
+  // A long address shows its beginning, which tells whose page it is.
+  if (isAnother || !HasAddressKeyboard()) address_->setCursorPosition(0);
+}
+
+// Also when another window is the active one: the user may be there to look up what to type.
+bool CRSS_RightBottomToolBarWnd::HasAddressKeyboard() const {
+  return window()->focusWidget() == address_;
+}
+
+bool CRSS_RightBottomToolBarWnd::IsAddressEdited() const {
+  return HasAddressKeyboard() && address_->isModified();
+}
+
+void CRSS_RightBottomToolBarWnd::FocusAddress() {
+  address_->setFocus(Qt::ShortcutFocusReason);
+  address_->selectAll();
+}
+
+QRect CRSS_RightBottomToolBarWnd::FeedButtonPlace() const {
+  const QAbstractButton& button = ButtonOf(kBrowserFeed);
+  return {button.mapToGlobal(QPoint()), button.size()};
+}
+
+void CRSS_RightBottomToolBarWnd::FocusFeedButton() { ButtonOf(kBrowserFeed).setFocus(); }
+
+void CRSS_RightBottomToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  DrawThreePieces(painter, rect(), background_);
+}
+
+void CRSS_RightBottomToolBarWnd::resizeEvent(QResizeEvent* /*event*/) {
+  int withoutAddress = 2 * kEdge;
+  for (const auto* button : buttons_) withoutAddress += button->sizeHint().width() + kGap;
+
+  int left = kEdge;
+  const auto place = [&](QWidget& control, QSize size) {
+    control.setGeometry(QRect(QPoint(left, (height() - size.height()) / 2), size));
+    left += size.width() + kGap;
+  };
+  for (auto* button : buttons_) {
+    if (button == &ButtonOf(kFirstBehindAddress)) {
+      place(*address_,
+            {std::max(width() - withoutAddress, kSmallestAddress), address_->sizeHint().height()});
+    }
+    place(*button, button->sizeHint());
+  }
+}
+
+// Keys that the control with the keyboard has left.
+void CRSS_RightBottomToolBarWnd::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!address_->hasFocus() || (!isEnter && event->key() != Qt::Key_Escape)) {
+    return QWidget::keyPressEvent(event);
+  }
+  if (event->isAutoRepeat()) return;
+  if (isEnter) {
+    emit Commanded(kBrowserGoByKey);
+  } else {
+    emit AddressLeft();
+  }
+}
+
+}  // namespace feedloom

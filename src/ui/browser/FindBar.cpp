@@ -1,0 +1,143 @@
+#include "ui/browser/FindBar.h"
+
+#include <QAbstractButton>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QStyle>
+#include <QToolButton>
+
+#include "skin/Keys.h"
+#include "vxctrl/CVxEdit.h"
+#include "vxctrl/SkinFont.h"
+#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kEdge = 8;  // left and right of the controls
+constexpr int kAir = 3;   // above and below them
+constexpr int kGap = 4;   // between them
+constexpr int kWordWidth = 240;
+constexpr int kSmallestWord = 60;
+
+// What the word and the ground behind the result get of the room that is left.
+constexpr int kWordShare = 2;
+constexpr int kGroundShare = 1;
+
+CVxEdit* MakeWord(const Skin& skin, QWidget* parent) {
+  auto* word = new CVxEdit(skin, parent);
+  word->setPlaceholderText(SkinText(skin, kTextFindWord));
+  word->setAccessibleName(word->placeholderText());
+  word->setMinimumWidth(kSmallestWord);
+  word->setMaximumWidth(kWordWidth);
+  return word;
+}
+
+// A click on it leaves the keyboard with the word, as the toolkit has it for these buttons.
+QToolButton* MakeButton(const QString& name, QWidget* parent) {
+  auto* button = new QToolButton(parent);
+  button->setToolTip(name);
+  button->setAccessibleName(name);
+  button->setAutoRaise(true);
+  return button;
+}
+
+QPalette ColorsOnSkin() {
+  QPalette colors;
+  for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
+    colors.setColor(role, kSkinTextColor);
+  }
+  return colors;
+}
+
+}  // namespace
+
+FindBar::FindBar(const Skin& skin, QWidget* parent)
+    : QWidget(parent),
+      skin_(skin),
+      background_(LoadThreePieces(skin, kSectionRightBottom, kImageRightBottomLeft,
+                                  kImageRightBottomMiddle, kImageRightBottomRight)),
+      word_(MakeWord(skin, this)),
+      result_(new QLabel(this)) {
+  hide();
+  setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
+  if (!background_.middle.isNull()) setPalette(ColorsOnSkin());
+  result_->setTextFormat(Qt::PlainText);
+  result_->setMinimumWidth(1);  // a narrow pane cuts it, not the buttons
+  LayOut();
+  connect(word_, &QLineEdit::textEdited, this, [this](const QString& word) {
+    if (word.isEmpty()) ShowResult({});
+    Ask(false);
+  });
+}
+
+// The Tab key follows the order in which the buttons are made.
+void FindBar::LayOut() {
+  auto* const previous = MakeButton(SkinText(skin_, kTextFindPrevious), this);
+  previous->setArrowType(Qt::UpArrow);
+  connect(previous, &QAbstractButton::clicked, this, [this] { Ask(true); });
+  auto* const next = MakeButton(SkinText(skin_, kTextFindNext), this);
+  next->setArrowType(Qt::DownArrow);
+  connect(next, &QAbstractButton::clicked, this, [this] { Ask(false); });
+  auto* const close = MakeButton(SkinText(skin_, kTextFindClose), this);
+  close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+  connect(close, &QAbstractButton::clicked, this, &FindBar::Close);
+
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(kEdge, kAir, kEdge, kAir);
+  row->setSpacing(kGap);
+  row->addWidget(word_, kWordShare);
+  row->addWidget(previous);
+  row->addWidget(next);
+  row->addWidget(result_);
+  row->addStretch(kGroundShare);
+  row->addWidget(close);
+}
+
+void FindBar::Open() {
+  if (isHidden()) ShowResult({});  // one of the last time
+  show();
+  word_->setFocus(Qt::ShortcutFocusReason);
+  word_->selectAll();
+}
+
+void FindBar::Close() {
+  if (isHidden()) return;
+  hide();
+  emit Wanted({}, false);
+  emit Closed();
+}
+
+void FindBar::SetResult(int active, int all) {
+  if (word_->text().isEmpty()) return ShowResult({});
+  if (all == 0) return ShowResult(SkinText(skin_, kTextFindNothing));
+  ShowResult(SkinText(skin_, kTextFindCount).arg(QString::number(active), QString::number(all)));
+}
+
+void FindBar::Ask(bool backward) { emit Wanted(word_->text(), backward); }
+
+void FindBar::ShowResult(const QString& text) {
+  result_->setText(text);
+  result_->setToolTip(text);
+  word_->setAccessibleDescription(text);
+}
+
+void FindBar::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  DrawThreePieces(painter, rect(), background_);
+}
+
+// Keys that the control with the keyboard has left.
+void FindBar::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!isEnter && event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
+  if (event->isAutoRepeat()) return;
+  if (!isEnter) return Close();
+  if (auto* const button = qobject_cast<QAbstractButton*>(focusWidget())) return button->click();
+  Ask(event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+}  // namespace feedloom

@@ -1,0 +1,82 @@
+#include "ui/browser/NavigationRules.h"
+
+#include "platform/Text.h"
+#include "ui/browser/PageRules.h"
+
+namespace feedloom {
+namespace {
+
+constexpr char kSaveButton[] = "ID_BTN_RSSSCRAP";
+constexpr char kAddButton[] = "ID_BTN_RSSADD";
+
+// Addresses that lead out of no web page: its own texts, and an empty page. The engine keeps a page
+// from using those of others.
+bool IsOfWebPages(const QUrl& url) {
+  return url.scheme() == QLatin1String("about") || url.scheme() == QLatin1String("blob") ||
+         url.scheme() == QLatin1String("data");
+}
+
+bool MayFollow(const Navigation& navigation) {
+  if (IsWebAddress(navigation.to)) return true;
+  if (IsGenerated(navigation.from)) return false;
+  return IsOfWebPages(navigation.to) ||
+         (navigation.from.isLocalFile() && navigation.to.isLocalFile());
+}
+
+// A generated page has no frames but the one in which its media file plays.
+NavigationVerdict JudgeFrame(const Navigation& navigation) {
+  const bool mayHaveFrames = !IsGenerated(navigation.from) || navigation.isFromPlayer;
+  return mayHaveFrames && MayFollow(navigation) ? NavigationVerdict::Follow
+                                                : NavigationVerdict::Refuse;
+}
+
+NavigationVerdict JudgeLink(const Navigation& navigation) {
+  if (navigation.to.scheme() == QLatin1String("mailto")) return NavigationVerdict::OpenOutside;
+  return MayFollow(navigation) ? NavigationVerdict::Follow : NavigationVerdict::Report;
+}
+
+}  // namespace
+
+std::optional<PageAction> ParsePageAction(const QString& target) {
+  const qsizetype question = target.indexOf('?');
+  if (question == 0) return std::nullopt;
+  const QString name = target.left(question);
+  const int number = question < 0 ? 0 : ParseInt(target.mid(question + 1).toLatin1().toStdString());
+  if (name.contains(kSaveButton)) return PageAction{PageAction::SavePost, number};
+  if (name.contains(kAddButton)) return PageAction{PageAction::AddFeed, number};
+  return std::nullopt;
+}
+
+QStringList ElementIds(const PageAction& action) {
+  const QStringList names = action.kind == PageAction::AddFeed
+                                ? QStringList{"rsspath-"}
+                                : QStringList{"title-", "scraplink-", "disc-", "pubdate-"};
+  QStringList ids;
+  for (const QString& name : names) ids << name + QString::number(action.number);
+  return ids;
+}
+
+NavigationVerdict Judge(const Navigation& navigation) {
+  if (!navigation.isMainFrame) return JudgeFrame(navigation);
+  const bool isAction = ParsePageAction(navigation.to.toString(QUrl::FullyEncoded)).has_value();
+  switch (navigation.cause) {
+    case NavigationCause::Command:
+      return isAction ? NavigationVerdict::Act : NavigationVerdict::Follow;
+    case NavigationCause::Link:
+      return isAction ? NavigationVerdict::Act : JudgeLink(navigation);
+    case NavigationCause::Page:
+      break;
+  }
+  const bool stays = isAction || IsGenerated(navigation.from) || !MayFollow(navigation);
+  return stays ? NavigationVerdict::Refuse : NavigationVerdict::Follow;
+}
+
+bool IsWebAddress(const QUrl& url) {
+  return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+}
+
+QUrl CompleteAddress(const QString& typed) { return QUrl::fromUserInput(typed); }
+
+bool IsForBrowser(const QUrl& url) { return IsWebAddress(url) || url.isLocalFile(); }
+
+}  // namespace feedloom

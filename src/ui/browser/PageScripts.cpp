@@ -1,0 +1,80 @@
+#include "ui/browser/PageScripts.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace feedloom {
+namespace {
+
+constexpr char kReadElements[] = R"((ids => {
+  const found = new Map(ids.map(id => [id, null]));
+  for (const div of Document.prototype.querySelectorAll.call(document, 'div[id]')) {
+    const id = div.id.toLowerCase();
+    if (found.has(id)) found.set(id, div);
+  }
+  return ids.map(id => {
+    const div = found.get(id);
+    return div === null ? '' : div.getAttribute('title') || div.innerText || '';
+  });
+}))";
+
+constexpr char kFindFeeds[] = R"((() => {
+  const has = (link, name, value) => (link.getAttribute(name) || '').toLowerCase() === value;
+  const domain = Object.getOwnPropertyDescriptor(Document.prototype, 'domain').get;
+  const links = [...Document.prototype.querySelectorAll.call(document, 'link')]
+    .filter(link => has(link, 'rel', 'alternate') && has(link, 'type', 'application/rss+xml'))
+    .slice(0, 200);
+  return [location.href, domain.call(document)].concat(
+    links.map(link => [link.getAttribute('title') || '', link.getAttribute('href') || '']));
+})())";
+
+constexpr char kWatchLinks[] = R"((() => {
+  if (location.protocol !== 'feedloom:') return;
+  addEventListener('click', event => {
+    const link = event.target.closest('a');
+    const href = link === null ? '' : link.href.baseVal ?? link.href;
+    if (!/^[a-z][^:]*:/i.test(href) || /^(https?|mailto|feedloom):/i.test(href)) return;
+    event.preventDefault();
+    console.log('%1' + href);
+  });
+})())";
+
+// The second frame after the load begins when the first one has been handed over.
+constexpr char kTellWhenDrawn[] =
+    "requestAnimationFrame(() => requestAnimationFrame(() => console.log('%1')))";
+
+}  // namespace
+
+QString ReadElementsScript(const QStringList& ids) {
+  const QByteArray list = QJsonDocument(QJsonArray::fromStringList(ids)).toJson();
+  return kReadElements + QStringLiteral("(%1)").arg(QString::fromUtf8(list));
+}
+
+QString FindFeedsScript() { return kFindFeeds; }
+
+AnnouncedFeeds ReadFeeds(const QVariant& result) {
+  const QVariantList values = result.toList();
+  AnnouncedFeeds feeds;
+  if (values.size() < 2) return feeds;
+  feeds.documentUrl = values[0].toString();
+  feeds.domain = values[1].toString();
+  for (const QVariant& link : values.mid(2)) {
+    const QStringList parts = link.toStringList();
+    feeds.links.append({parts.value(0), parts.value(1)});
+  }
+  return feeds;
+}
+
+QString IsUserActiveScript() { return QStringLiteral("navigator.userActivation.isActive"); }
+
+QString IsImageLinkScript() {
+  return QStringLiteral(
+      "(active => active !== null && active.firstElementChild instanceof HTMLImageElement)("
+      "Object.getOwnPropertyDescriptor(Document.prototype, 'activeElement').get.call(document))");
+}
+
+QString WatchLinksScript(const QString& mark) { return QString(kWatchLinks).arg(mark); }
+
+QString TellWhenDrawnScript(const QString& mark) { return QString(kTellWhenDrawn).arg(mark); }
+
+}  // namespace feedloom

@@ -1,0 +1,36 @@
+// What the module asks the page on display, as scripts for a world of its own that the page cannot
+// enter. A page may name its elements like the document's members, so that reading these would find
+// the elements: what the scripts need of the document comes from its class.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include "ui/browser/FeedLinks.h"
+
+namespace feedloom {
+
+// A list of texts, one for each id: of the last "div" element with that id, in any case, the title
+// attribute or, when that is empty, the text that it shows; empty without such an element.
+QString ReadElementsScript(const QStringList& ids);
+
+// What ReadFeeds reads: the links of the type "application/rss+xml", at most 200 of them.
+QString FindFeedsScript();
+AnnouncedFeeds ReadFeeds(const QVariant& result);
+
+// True while the user's latest click or key is fresh.
+QString IsUserActiveScript();
+
+// True when the link that has the keyboard, since it was clicked last, is an image.
+QString IsImageLinkScript();
+
+// From now on, in a generated page: a click on a link that leads neither to a web page nor to a
+// mail program nor to the module writes `mark` and the link's address to the page's console, and
+// does no more. The engine itself would say nothing.
+QString WatchLinksScript(const QString& mark);
+
+// Writes `mark` to the page's console when what it shows has been drawn.
+QString TellWhenDrawnScript(const QString& mark);
+
+}  // namespace feedloom

@@ -1,0 +1,27 @@
+#include <fmt/format.h>
+
+#include "platform/Text.h"
+#include "ui/page/Pages.h"
+
+namespace feedloom {
+namespace {
+
+// {0} what has happened, {1} the address, {2} the link's text
+constexpr char kCrashPage[] = R"(<!DOCTYPE html><html><head><title>Feedloom</title></head>)"
+                              R"(<body style="margin:40px;font-family:sans-serif;color:#333333">)"
+                              R"(<p>{0}</p><p><a href="{1}">{2}</a></p></body></html>)";
+
+std::string Escape(std::string_view text) {
+  std::string escaped = ReplaceAll(text, "&", "&amp;");
+  escaped = ReplaceAll(escaped, "<", "&lt;");
+  return ReplaceAll(escaped, "\"", "&quot;");
+}
+
+}  // namespace
+
+std::string BuildCrashPage(std::string_view whatHappened, std::string_view again,
+                           std::string_view address) {
+  return fmt::format(kCrashPage, Escape(whatHappened), Escape(address), Escape(again));
+}
+
+}  // namespace feedloom

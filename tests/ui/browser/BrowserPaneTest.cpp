@@ -1,0 +1,181 @@
+// What the pane shows, and how its toolbar goes along.
+#include "ui/browser/BrowserPaneFixture.h"
+
+namespace feedloom {
+namespace {
+
+class BrowserPane : public BrowserPaneFixture {};
+
+TEST_F(BrowserPane, BeginsWithTheMainPageWithoutAnAddress) {
+  ShowMainPage();
+  EXPECT_TRUE(Text().contains("Feedloom"));
+  EXPECT_EQ(Address().text(), "");
+  EXPECT_FALSE(Button(kTextBackTooltip).isEnabled());
+  EXPECT_FALSE(Button(kTextNextTooltip).isEnabled());
+  EXPECT_FALSE(Button(kTextStopTooltip).isEnabled());
+  EXPECT_FALSE(Button(kTextAddTooltip).isEnabled());
+}
+
+TEST_F(BrowserPane, APostShowsAsAPageOfItsOwn) {
+  Show(Post("the post", "/post"));
+  EXPECT_TRUE(Text().contains("About the post"));
+  EXPECT_EQ(Evaluate("document.getElementById('scraplink-0').title"), Url("/post"));
+  EXPECT_EQ(Evaluate("document.getElementById('rsspath-0')"), QVariant());
+  EXPECT_EQ(Address().text(), "");
+  EXPECT_EQ(server_.Requests("/post"), 0);
+}
+
+TEST_F(BrowserPane, AResultOfTheWebDirectoryHasTheButtonThatAddsItsFeed) {
+  PostRow post = Post("found", "/post");
+  post.feedUrl = "http://feed.example/";
+  Show(post);
+  EXPECT_EQ(Evaluate("document.getElementById('rsspath-0')"), QVariant());
+  frame_.state.listMode = ListMode::WebDirectory;
+  Show(post);
+  EXPECT_EQ(Evaluate("document.getElementById('rsspath-0').title"), "http://feed.example/");
+}
+
+TEST_F(BrowserPane, InTheOriginalModeAPostShowsAsItsWebPage) {
+  server_.Serve("/post", "the web page", "text/html");
+  pane_.SetMode(0);
+  pane_.ShowPost(Post("the post", "/post"));
+  EXPECT_EQ(Address().text(), Url("/post"));  // at once
+  ASSERT_TRUE(QSignalSpy(&pane_, &CRSS_RightBottomContainer::PageShown).wait(30'000));
+  EXPECT_EQ(Text(), "the web page");
+  EXPECT_EQ(Address().text(), Url("/post"));
+}
+
+TEST_F(BrowserPane, InTheOriginalModeALinkThatIsNoWebAddressShowsThePostsPage) {
+  pane_.SetMode(0);
+  PostRow post = Post("the post", "/post");
+  for (const char* link : {"file:///etc/hostname", "", "javascript:alert(1)"}) {
+    post.link = link;
+    Show(post);
+    EXPECT_TRUE(Text().contains("About the post")) << link;
+  }
+}
+
+TEST_F(BrowserPane, BackAndForwardBringEarlierPagesAgain) {
+  Show(Post("one", "/1"));
+  Visit("/web", "a web page");
+  Show(Post("two", "/2"));
+  EXPECT_EQ(Page().history()->count(), 3);
+  PressForPage(kTextBackTooltip);
+  EXPECT_EQ(Text(), "a web page");
+  EXPECT_EQ(Address().text(), Url("/web"));
+  PressForPage(kTextBackTooltip);
+  EXPECT_TRUE(Text().contains("About one"));
+  EXPECT_EQ(Address().text(), "");
+  EXPECT_FALSE(Button(kTextBackTooltip).isEnabled());
+  PressForPage(kTextNextTooltip);
+  PressForPage(kTextNextTooltip);
+  EXPECT_TRUE(Text().contains("About two"));
+  EXPECT_FALSE(Button(kTextNextTooltip).isEnabled());
+}
+
+TEST_F(BrowserPane, ReloadAsksForThePageAgain) {
+  Visit("/web", "old");
+  server_.Serve("/web", "new", "text/html");
+  PressForPage(kTextRefreshTooltip);
+  EXPECT_EQ(Text(), "new");
+  Show(Post("one", "/1"));
+  PressForPage(kTextRefreshTooltip);
+  EXPECT_TRUE(Text().contains("About one"));
+}
+
+TEST_F(BrowserPane, StopEndsALoadThatTakesItsTime) {
+  server_.Hang("/never");
+  Show(Post("one", "/1"));
+  Address().setText(Url("/never"));
+  Button(kTextGoTooltip).click();
+  ASSERT_TRUE(WasRequested("/never"));
+  EXPECT_TRUE(Button(kTextStopTooltip).isEnabled());
+  EXPECT_EQ(Address().text(), Url("/never"));
+  PressForPage(kTextStopTooltip);
+  EXPECT_FALSE(Button(kTextStopTooltip).isEnabled());
+  EXPECT_TRUE(Text().contains("About one"));
+  EXPECT_EQ(Address().text(), "");
+}
+
+TEST_F(BrowserPane, GoCompletesTheAddress) {
+  server_.Serve("/web", "a web page", "text/html");
+  GoTo(Url("/web").remove("http://"));
+  EXPECT_EQ(Text(), "a web page");
+  EXPECT_EQ(Address().text(), Url("/web"));
+  EXPECT_FALSE(Address().hasFocus());
+}
+
+TEST_F(BrowserPane, GoWithoutAnAddressOrWithAnImpossibleOneStays) {
+  Visit("/web", "a web page");
+  Address().clear();
+  Button(kTextGoTooltip).click();
+  EXPECT_FALSE(Button(kTextStopTooltip).isEnabled());
+  frame_.messages.clear();
+  for (const char* typed : {"javascript:document.body.innerText='run'", "chrome://crash", "a b"}) {
+    Address().setText(typed);
+    Button(kTextGoTooltip).click();
+    EXPECT_FALSE(Button(kTextStopTooltip).isEnabled()) << typed;
+  }
+  EXPECT_EQ(frame_.messages.size(), 3u);
+  EXPECT_EQ(Text(), "a web page");
+}
+
+TEST_F(BrowserPane, WhatTheUserTypesIsNotOverwrittenByAPageThatArrives) {
+  server_.Serve("/web", "a web page", "text/html");
+  Address().setFocus();
+  QTest::keyClicks(&Address(), "exam");
+  pane_.SetMode(1);
+  Show(Post("one", "/1"));
+  EXPECT_EQ(Address().text(), "exam");
+}
+
+TEST_F(BrowserPane, StatusTextsGoToTheHostFromANavigationToItsEnd) {
+  server_.Serve("/slow",
+                "<body style='margin:0'><a style='display:block;height:200px' href='/next'>x</a>"
+                "<img src='/never'>",
+                "text/html");
+  server_.Hang("/never");
+  Address().setText(Url("/slow"));
+  Button(kTextGoTooltip).click();
+  ASSERT_TRUE(WasRequested("/never"));
+  ASSERT_TRUE(ComesTrue([&] { return Page().url() == QUrl(Url("/slow")); }));
+  QTest::mouseMove(&Surface(), {50, 50});
+  EXPECT_TRUE(ComesTrue([&] { return HostWasTold(server_.Url("/next")); }));
+  EXPECT_FALSE(HostWasTold(HostText(kTextPageLoaded)));
+
+  WaitForPage([&] { server_.Fail("/never", 404); });
+  EXPECT_EQ(frame_.messages.back(), HostText(kTextPageLoaded));
+  frame_.messages.clear();
+  QSignalSpy hovered(&Page(), &QWebEnginePage::linkHovered);
+  for (const QPoint place : {QPoint(50, 250), QPoint(60, 60)}) {
+    QTest::mouseMove(&Surface(), place);
+    EXPECT_TRUE(hovered.wait(20'000));
+  }
+  EXPECT_EQ(frame_.messages, std::vector<std::string>());
+}
+
+TEST_F(BrowserPane, APageThatTheModuleWritesSaysNothingToTheHost) {
+  Show(Post("one", "/1"));
+  EXPECT_EQ(frame_.messages, std::vector<std::string>());
+}
+
+TEST_F(BrowserPane, APageThatFailsSaysSo) {
+  server_.Fail("/gone", 404);
+  GoTo(Url("/gone"));
+  EXPECT_EQ(frame_.messages.back(), HostText(kTextPageNotLoaded));
+}
+
+TEST_F(BrowserPane, PicturesInTheWebCanBeKeptOut) {
+  PostRow post = Post("pictures", "/1");
+  post.description = "<img src='" + server_.Url("/picture.png") + "'>";
+  Show(post);
+  EXPECT_TRUE(WasRequested("/picture.png"));
+  frame_.showsRemoteImages = false;
+  post.description = "<img src='" + server_.Url("/hidden.png") + "'>";
+  Show(post);
+  Text();
+  EXPECT_EQ(server_.Requests("/hidden.png"), 0);
+}
+
+}  // namespace
+}  // namespace feedloom

@@ -1,0 +1,131 @@
+// Pages that are too much for the engine: the interface thread goes on meanwhile, and a render
+// process that comes to its end is no more than a page to load again.
+#include <signal.h>
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
+#include <algorithm>
+#include <iostream>
+#include <vector>
+
+#include "ui/browser/HtmlViewFixture.h"
+
+namespace feedloom {
+namespace {
+
+// The longest time in which the interface thread did nothing else, in milliseconds.
+class Heartbeat {
+ public:
+  Heartbeat() {
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Beat(); });
+    timer_.setTimerType(Qt::PreciseTimer);
+    timer_.start(5);
+    sinceBeat_.start();
+  }
+  qint64 LongestGap() {
+    Beat();
+    return longest_;
+  }
+
+ private:
+  void Beat() { longest_ = std::max(longest_, sinceBeat_.restart()); }
+
+  QTimer timer_;
+  QElapsedTimer sinceBeat_;
+  qint64 longest_ = 0;
+};
+
+// Up to 131 were seen, on a machine with much else to do.
+constexpr qint64 kLongestGap = 600;  // milliseconds
+
+class LargePages : public HtmlViewFixture {
+ protected:
+  static void Wait(int milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+  }
+
+  bool ComesTo(const QUrl& url) {
+    QSignalSpy changes(&Page(), &QWebEnginePage::urlChanged);
+    while (Page().url() != url) {
+      if (!changes.wait(20'000)) return false;
+    }
+    return true;
+  }
+
+  void KillRenderer() {
+    const qint64 process = Page().renderProcessPid();
+    ASSERT_GT(process, 0);
+    WaitForPage([&] { kill(static_cast<pid_t>(process), SIGKILL); });
+  }
+
+  void ExpectCrashAndReturn(const QString& text) {
+    ASSERT_EQ(Text(), text);
+    KillRenderer();
+    EXPECT_TRUE(Text().startsWith("crashed")) << Text().toStdString();
+    EXPECT_TRUE(ClickLeadsTo(text));
+  }
+};
+
+struct Monster {
+  const char* name;
+  QByteArray body;
+};
+
+std::vector<Monster> Monsters() {
+  const QByteArray odd("\xFF\xFE\x80\0\xC3(\xED\xA0\x80\xF4\x90\x80\x80\x1B\x7F", 15);
+  return {{"20 MB", ("<p>" + QByteArray(1000, 'x') + " words of a post</p>\n").repeated(20 << 10)},
+          {"100,000 rows", "<table>" + QByteArray("<tr><td>row<td>cell").repeated(100'000)},
+          {"a line of 10 MB", QByteArray("word ").repeated((10 << 20) / 5)},
+          {"100,000 deep", QByteArray("<div>").repeated(100'000)},
+          {"odd bytes", odd.repeated(100'000)}};
+}
+
+// The page's end is not waited for: the render process may need a minute.
+TEST_F(LargePages, LeaveTheInterfaceThreadFreeAndCanBeLeft) {
+  server_.Serve("/next", "the next page", "text/html");
+  for (const auto& [name, body] : Monsters()) {
+    Write("before");
+    Heartbeat heartbeat;
+    view_.WritePage({"<html><head></head><body>" + body});
+    Wait(1000);
+    QElapsedTimer time;
+    time.start();
+    QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
+    view_.Navigate(Url("/next"));
+    EXPECT_TRUE(ComesTo(Url("/next"))) << name;
+    const qint64 leaving = time.elapsed();
+    while (Text() != "the next page") ASSERT_TRUE(shown.wait(20'000)) << name;
+    std::cout << name << ": left in " << leaving << " ms, the interface thread was held for "
+              << heartbeat.LongestGap() << " ms\n";
+    EXPECT_LT(heartbeat.LongestGap(), kLongestGap) << name;
+  }
+}
+
+// A page of the same host would wait for the process that is busy with the large one.
+TEST_F(LargePages, DoNotKeepTheNextPostWaiting) {
+  for (const auto& [name, body] : Monsters()) {
+    view_.WritePage({"<html><head></head><body>" + body});
+    Wait(300);
+    QElapsedTimer time;
+    time.start();
+    view_.WritePage({"<html><head></head><body>the next post"});
+    QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
+    ASSERT_TRUE(shown.wait(10'000)) << name;
+    EXPECT_EQ(Text(), "the next post") << name;
+    std::cout << name << ": the next post came after " << time.elapsed() << " ms\n";
+  }
+}
+
+TEST_F(LargePages, ACrashedPageSaysSoAndIsLoadedAgain) {
+  server_.Serve("/page", "a web page", "text/html");
+  Navigate(Url("/page"));
+  ExpectCrashAndReturn("a web page");
+  Write("a post");
+  ExpectCrashAndReturn("a post");
+}
+
+}  // namespace
+}  // namespace feedloom
