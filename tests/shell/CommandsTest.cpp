@@ -7,9 +7,13 @@
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
+#include <QWebEnginePage>
+#include <QWebEngineView>
 #include <algorithm>
+#include <memory>
 
 #include "shell/ModuleFixture.h"
+#include "skin/Keys.h"
 #include "ui/Commands.h"
 
 namespace feedloom {
@@ -33,16 +37,29 @@ class PaneCommands : public ModuleFixture {
     const auto action = std::ranges::find_if(
         actions, [&](const QAction* candidate) { return candidate->data().toInt() == command; });
     ASSERT_NE(action, actions.end());
-    QTimer enter;
-    QObject::connect(&enter, &QTimer::timeout, [] {
+    const auto enter = ConfirmDialogs();
+    (*action)->trigger();
+    QApplication::activePopupWidget()->close();
+    QCoreApplication::processEvents();
+  }
+
+  // As long as the object lives.
+  static std::unique_ptr<QTimer> ConfirmDialogs() {
+    auto enter = std::make_unique<QTimer>();
+    QObject::connect(enter.get(), &QTimer::timeout, [] {
       if (QWidget* const dialog = QApplication::activeModalWidget()) {
         QTest::keyClick(dialog, Qt::Key_Return);
       }
     });
-    enter.start(0);
-    (*action)->trigger();
-    QApplication::activePopupWidget()->close();
-    QCoreApplication::processEvents();
+    enter->start(0);
+    return enter;
+  }
+
+  // In the page that the last Select has led to.
+  void PressSaveButton() {
+    NextPageText();
+    frame_->findChild<QWebEngineView*>()->page()->runJavaScript(
+        "document.querySelector('[href^=ID_BTN_RSSSCRAP]').click()", 1);
   }
 
   void SearchFor(const QString& word) {
@@ -133,6 +150,31 @@ TEST_F(PaneCommands, F5RefreshesTheSelectionAndWithShiftEverything) {
   ASSERT_TRUE(WaitForRunEnd());
   EXPECT_NE(Value("select count(*) from TB_POST where post_channelID <> " + std::to_string(other)),
             "0");
+}
+
+TEST_F(PaneCommands, TheSaveButtonOfAPostsPageSavesItAndTheTreeCountsIt) {
+  AddPosts(1, 2);
+  CreateFrame();
+  Select("Feedloom 시작하기(2)");
+  const auto enter = ConfirmDialogs();
+  PressSaveButton();
+  ASSERT_TRUE(WaitUntil([&] { return Value("select count(*) from TB_SCRAP_POST") == "1"; }));
+  EXPECT_EQ(Value("select scrap_post_title from TB_SCRAP_POST"), "Post 1");
+  EXPECT_EQ(TreeLabels().mid(2), (QStringList{"보관함(1)", "  내 보관함(1)"}));
+  EXPECT_EQ(host_->texts.back(), "글을 보관함에 저장했습니다.");
+}
+
+TEST_F(PaneCommands, TheRegistryKeepsPicturesOfTheWebOut) {
+  AddPosts(1, 1);
+  Sql("update TB_POST set post_desc = '<img src=\"" + server_.Url("/picture.png") + "\">'");
+  ASSERT_TRUE(profile_.TheRegistry().WriteDword(kModuleKey, kValueBlockRemoteImages, 1));
+  CreateFrame();
+  Select("Feedloom 시작하기(1)");
+  NextPageText();
+  EXPECT_EQ(server_.Requests("/picture.png"), 0);
+  ASSERT_TRUE(profile_.TheRegistry().WriteDword(kModuleKey, kValueBlockRemoteImages, 0));
+  Select("Feedloom 시작하기");
+  EXPECT_TRUE(WaitUntil([&] { return server_.Requests("/picture.png") == 1; }));
 }
 
 }  // namespace
