@@ -22,9 +22,6 @@ constexpr std::array kZoomFactors = {0.25, 0.33, 0.5,  0.67, 0.75, 0.9, 1.0, 1.1
 constexpr int kNormalSize = 6;
 constexpr int kLargestSize = static_cast<int>(kZoomFactors.size()) - 1;
 
-// What the engine takes longer to lay out than to begin another process, in bytes.
-constexpr qsizetype kLargePage = 200'000;
-
 }  // namespace
 
 // The members end in the order that the engine wants: the view, its page, the profile. The profile
@@ -34,13 +31,20 @@ class CRSS_HtmlView::Engine {
   explicit Engine(Asking asking)
       : crashPage(std::move(asking.crashPage)),
         scheme(std::move(asking.skinDir), nullptr),
-        downloads(profile, std::move(asking.downloadPlace), nullptr),
+        downloads(profile, WhenWanted(std::move(asking.downloadPlace)), nullptr),
         page(&profile, scheme.Pages(), nullptr) {
     profile.installUrlSchemeHandler(kPageScheme, &scheme);
     view.setPage(&page);
     view.setWindowTitle(QStringLiteral("Web Browser"));
-    view.setContextMenuPolicy(
-        Qt::CustomContextMenu);  // the engine's offers what the pane cannot do
+    // The engine's own menu offers what the pane cannot do.
+    view.setContextMenuPolicy(Qt::CustomContextMenu);
+  }
+
+  // What a post's page downloads by itself is refused without a question.
+  AskPlace WhenWanted(AskPlace ask) {
+    return [this, ask = std::move(ask)](const QString& name) {
+      return page.MayDownload() ? ask(name) : QString();
+    };
   }
 
   const std::function<QByteArray(const QUrl& crashed)> crashPage;
@@ -96,12 +100,9 @@ void CRSS_HtmlView::Connect() {
   });
 }
 
-void CRSS_HtmlView::Navigate(const QUrl& url) { Open(url, 0); }
-
-// A process that is still busy with a large page would keep a page of the same host waiting.
-void CRSS_HtmlView::Open(const QUrl& url, qsizetype size) {
-  if (engine_->pageSize > kLargePage && !engine_->page.IsDrawn()) ++engine_->host;
-  engine_->pageSize = size;
+void CRSS_HtmlView::Navigate(const QUrl& url) {
+  // A process that is busy with a large page would keep others of its host waiting.
+  if (engine_->page.IsLaboring()) ++engine_->host;
   engine_->page.load(IsGenerated(url) ? AtHost(url, engine_->host) : url);
 }
 
@@ -109,13 +110,13 @@ void CRSS_HtmlView::WritePage(const PageToWrite& page) {
   if (page.html.isEmpty()) return;
   const int number = engine_->scheme.Pages().Add(
       {WithContentPolicy(page.html, page.kind, page.showsRemoteImages), page.kind, page.source});
-  Open(GeneratedPageUrl(number), page.html.size());
+  Navigate(GeneratedPageUrl(number));
 }
 
-// When even this page crashes, it is not shown again.
+// When even this page crashes, it is not shown again. A page that is being left is not missed.
 void CRSS_HtmlView::ShowCrash() {
   const auto page = engine_->page.Generated();
-  if (page && page->kind == PageKind::Crash) return;
+  if (engine_->page.IsLeaving() || (page && page->kind == PageKind::Crash)) return;
   const QUrl crashed = engine_->page.url();
   WritePage({engine_->crashPage(crashed), PageKind::Crash, crashed});
 }
@@ -125,6 +126,8 @@ void CRSS_HtmlView::GoBack() { engine_->page.triggerAction(QWebEnginePage::Back)
 void CRSS_HtmlView::GoForward() { engine_->page.triggerAction(QWebEnginePage::Forward); }
 
 void CRSS_HtmlView::Reload() { engine_->page.triggerAction(QWebEnginePage::Reload); }
+
+void CRSS_HtmlView::Act(const PageAction& action) { engine_->page.Act(action); }
 
 void CRSS_HtmlView::Stop() {
   IsLoading() ? engine_->page.triggerAction(QWebEnginePage::Stop) : StopDownloads();
@@ -149,7 +152,8 @@ QUrl CRSS_HtmlView::Address() const {
 
 QUrl CRSS_HtmlView::OutsideAddress() const {
   const auto page = engine_->page.Generated();
-  return page ? page->source : Address();
+  if (!page) return Address();
+  return IsGenerated(page->source) ? QUrl() : page->source;
 }
 
 void CRSS_HtmlView::Zoom(int steps) {

@@ -53,6 +53,9 @@ class CRSS_HtmlView : public QWidget {
   // Shows a page of the module's own, as a new one in the history; an empty one does nothing.
   void WritePage(const PageToWrite& page);
 
+  // Does what a click on a page's button does.
+  void Act(const PageAction& action);
+
   void GoBack();
   void GoForward();
   void Reload();
@@ -101,7 +104,6 @@ class CRSS_HtmlView : public QWidget {
   class Engine;
 
   void Connect();
-  void Open(const QUrl& url, qsizetype size);
   void ShowCrash();
   void ApplyZoom();
 

@@ -56,7 +56,10 @@ CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* pare
   layout->addWidget(findBar_);
   setFocusProxy(view_);
   connect(toolbar_, &CRSS_RightBottomToolBarWnd::Commanded, this, &CRSS_RightBottomContainer::Run);
-  connect(toolbar_, &CRSS_RightBottomToolBarWnd::AddressLeft, view_, [this] { view_->setFocus(); });
+  connect(toolbar_, &CRSS_RightBottomToolBarWnd::AddressLeft, this, [this] {
+    view_->setFocus();
+    toolbar_->SetAddress(shownAddress_.toDisplayString());
+  });
   ConnectView();
   ConnectFindBar();
   SetUpKeys();
@@ -119,7 +122,9 @@ void CRSS_RightBottomContainer::SetUpKeys() {
   onKeys(this, {Qt::CTRL | Qt::Key_L}, [this] { toolbar_->FocusAddress(); });
   onKeys(this, {Qt::ALT | Qt::Key_Left}, [this] { view_->GoBack(); });
   onKeys(this, {Qt::ALT | Qt::Key_Right}, [this] { view_->GoForward(); });
-  onKeys(view_, {Qt::Key_Escape}, [this] { view_->Stop(); });
+  onKeys(view_, {Qt::Key_Escape}, [this] {
+    if (view_->IsLoading()) view_->Stop();  // pages use the key, too: downloads go on
+  });
 }
 
 // What the pane shows.
@@ -132,7 +137,8 @@ void CRSS_RightBottomContainer::ShowMainPage() {
 void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
   const QString address = ToQString(frame_.TheStore().TextCodePage(), post.link);
   const QUrl link(address);
-  if (mode_ == 1 || !IsWebAddress(link)) {  // a feed must not lead to the machine's own files
+  // A feed must not lead to the machine's own files, nor press a button of the page before.
+  if (mode_ == 1 || !IsWebAddress(link) || ParsePageAction(address)) {
     WritePage(MakePreview(frame_, post));
   } else if (post.isPodcast == 1) {
     WritePage(MakePlayer(frame_, post));
@@ -172,7 +178,9 @@ void CRSS_RightBottomContainer::Go() {
   const QString typed = toolbar_->Address();
   if (typed.isEmpty()) return;
   const QUrl url = CompleteAddress(typed);
-  if (IsForBrowser(url)) {
+  if (const auto action = ParsePageAction(typed)) {
+    view_->Act(*action);
+  } else if (IsForBrowser(url)) {
     view_->Navigate(url);
     view_->setFocus();
   } else if (url.scheme() == QLatin1String("mailto")) {

@@ -101,6 +101,7 @@ std::vector<Downloads::Download> Downloads::Abandon() {
 // The object, the request or its profile may be gone when the dialog is closed.
 void Downloads::Answer(Request* request) {
   if (EndInterrupted(*request)) return;
+
   if (isAsking_ || request->state() != Request::DownloadRequested) return Refuse(*request);
   const QPointer<Downloads> self = this;
   const QPointer<Request> asked = request;

@@ -5,8 +5,9 @@
 namespace feedloom {
 namespace {
 
-// Far more than anybody goes back; the bytes are what a few very large posts need.
-constexpr std::size_t kMaxPages = 200;
+// The engine goes back 50 pages at most; but some are asked for and left before they are shown. The
+// bytes are what a few very large posts need.
+constexpr std::size_t kMaxPages = 1000;
 constexpr qsizetype kMaxBytes = 64 << 20;
 
 }  // namespace

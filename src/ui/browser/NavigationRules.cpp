@@ -61,14 +61,16 @@ NavigationVerdict Judge(const Navigation& navigation) {
   const bool isAction = ParsePageAction(navigation.to.toString(QUrl::FullyEncoded)).has_value();
   switch (navigation.cause) {
     case NavigationCause::Command:
-      return isAction ? NavigationVerdict::Act : NavigationVerdict::Follow;
+      return isAction ? NavigationVerdict::Report : NavigationVerdict::Follow;
     case NavigationCause::Link:
       return isAction ? NavigationVerdict::Act : JudgeLink(navigation);
+    case NavigationCause::Server:
     case NavigationCause::Page:
       break;
   }
-  const bool stays = isAction || IsGenerated(navigation.from) || !MayFollow(navigation);
-  return stays ? NavigationVerdict::Refuse : NavigationVerdict::Follow;
+  const bool isFree = navigation.cause == NavigationCause::Server || !IsGenerated(navigation.from);
+  return isFree && !isAction && MayFollow(navigation) ? NavigationVerdict::Follow
+                                                      : NavigationVerdict::Refuse;
 }
 
 bool IsWebAddress(const QUrl& url) {

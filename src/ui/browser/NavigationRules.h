@@ -27,8 +27,9 @@ std::optional<PageAction> ParsePageAction(const QString& target);
 QStringList ElementIds(const PageAction& action);
 
 // What began a navigation: the module or the user's own commands (an address, back, reload), a link
-// of the page, or the page by itself. A web page's script can follow a link, too.
-enum class NavigationCause { Command, Link, Page };
+// of the page, the server that one of these has asked, or the page by itself. A web page's script
+// can follow a link, too.
+enum class NavigationCause { Command, Link, Server, Page };
 
 struct Navigation {
   QUrl from;
@@ -46,6 +47,8 @@ enum class NavigationVerdict {
   Report,  // refuse, and say so: the user has clicked
 };
 
+// A command is followed wherever it leads, but for a button's address. A frame is never more than
+// followed or refused.
 NavigationVerdict Judge(const Navigation& navigation);
 
 // http and https.

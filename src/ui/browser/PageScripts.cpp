@@ -28,15 +28,22 @@ constexpr char kFindFeeds[] = R"((() => {
     links.map(link => [link.getAttribute('title') || '', link.getAttribute('href') || '']));
 })())";
 
-constexpr char kWatchLinks[] = R"((() => {
-  if (location.protocol !== 'feedloom:') return;
+constexpr char kWatchPage[] = R"((() => {
+  let clicked = -Infinity;
+  globalThis.isUserActive = () => performance.now() - clicked < 2000;
+  const isGenerated = location.protocol === 'feedloom:';
   addEventListener('click', event => {
+    if (event.isTrusted) clicked = performance.now();
     const link = event.target.closest('a');
     const href = link === null ? '' : link.href.baseVal ?? link.href;
-    if (!/^[a-z][^:]*:/i.test(href) || /^(https?|mailto|feedloom):/i.test(href)) return;
+    const isBare = /^[a-z][^:]*:/i.test(href) && !/^(https?|mailto|feedloom):/i.test(href);
+    if (!isGenerated || !isBare) return;
     event.preventDefault();
-    console.log('%1' + href);
-  });
+    console.log('%2' + href);
+  }, true);
+  const find = Document.prototype.querySelector;
+  const leads = find.call(document, 'meta[http-equiv=refresh i]') !== null;
+  if (isGenerated && !leads) console.log('%1' + location.href);
 })())";
 
 // The second frame after the load begins when the first one has been handed over.
@@ -65,7 +72,7 @@ AnnouncedFeeds ReadFeeds(const QVariant& result) {
   return feeds;
 }
 
-QString IsUserActiveScript() { return QStringLiteral("navigator.userActivation.isActive"); }
+QString IsUserActiveScript() { return QStringLiteral("isUserActive()"); }
 
 QString IsImageLinkScript() {
   return QStringLiteral(
@@ -73,7 +80,15 @@ QString IsImageLinkScript() {
       "Object.getOwnPropertyDescriptor(Document.prototype, 'activeElement').get.call(document))");
 }
 
-QString WatchLinksScript(const QString& mark) { return QString(kWatchLinks).arg(mark); }
+QString WatchPageScript(const QString& calmMark, const QString& refusedMark) {
+  return QString(kWatchPage).arg(calmMark, refusedMark);
+}
+
+QString RemoveFramesScript() {
+  return QStringLiteral(
+      "Document.prototype.querySelectorAll.call(document, 'embed,object,iframe,frame,audio,video')"
+      ".forEach(element => Element.prototype.remove.call(element))");
+}
 
 QString TellWhenDrawnScript(const QString& mark) { return QString(kTellWhenDrawn).arg(mark); }
 

@@ -19,18 +19,23 @@ QString ReadElementsScript(const QStringList& ids);
 QString FindFeedsScript();
 AnnouncedFeeds ReadFeeds(const QVariant& result);
 
-// True while the user's latest click or key is fresh.
+// True for two seconds after a click, or the key that stands for one, of the user's own; what a
+// script of the page clicks does not count. Needs WatchPageScript.
 QString IsUserActiveScript();
 
 // True when the link that has the keyboard, since it was clicked last, is an image.
 QString IsImageLinkScript();
 
-// From now on, in a generated page: a click on a link that leads neither to a web page nor to a
-// mail program nor to the module writes `mark` and the link's address to the page's console, and
-// does no more. The engine itself would say nothing.
-QString WatchLinksScript(const QString& mark);
+// Remembers the user's clicks. Of a generated page, tells in the page's console, with `calmMark`
+// and the page's address, when the page does not mean to lead elsewhere by itself after a while;
+// and with `refusedMark` and the link's address, of a click on a link that leads neither to a web
+// page nor to a mail program nor to the module, which the engine is kept from following in silence.
+QString WatchPageScript(const QString& calmMark, const QString& refusedMark);
 
 // Writes `mark` to the page's console when what it shows has been drawn.
 QString TellWhenDrawnScript(const QString& mark);
+
+// Ends what frames and media files the page has.
+QString RemoveFramesScript();
 
 }  // namespace feedloom

@@ -19,6 +19,9 @@ void SetUp(QWebEngineSettings& settings) {
   settings.setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, false);
 }
 
+// What the engine takes longer to lay out than to begin another process, in bytes.
+constexpr qsizetype kLargePage = 200'000;
+
 QWebEngineScript OnReady(const QString& source) {
   QWebEngineScript script;
   script.setSourceCode(source);
@@ -33,9 +36,10 @@ WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObjec
     : QWebEnginePage(profile, parent),
       pages_(pages),
       paintedMark_(QUuid::createUuid().toString()),
-      refusedMark_(QUuid::createUuid().toString()) {
+      refusedMark_(QUuid::createUuid().toString()),
+      calmMark_(QUuid::createUuid().toString()) {
   SetUp(*settings());
-  scripts().insert(OnReady(WatchLinksScript(refusedMark_)));
+  scripts().insert(OnReady(WatchPageScript(calmMark_, refusedMark_)));
   connect(this, &QWebEnginePage::loadingChanged, this, &WebPage::OnLoading);
   connect(this, &QWebEnginePage::urlChanged, this, &WebPage::Changed);
   connect(this, &QWebEnginePage::newWindowRequested, this, &WebPage::OpenHere);
@@ -65,7 +69,7 @@ bool WebPage::acceptNavigationRequest(const QUrl& target, NavigationType type, b
                                  .to = target,
                                  .cause = CauseOf(target, type),
                                  .isMainFrame = isMainFrame,
-                                 .isFromPlayer = isPlayer};
+                                 .isFromPlayer = isPlayer && !AreScriptsAllowed()};
   const bool isAgain = isCrash && target == page->source;
   const NavigationVerdict verdict = isAgain ? NavigationVerdict::Follow : Judge(navigation);
   if (verdict == NavigationVerdict::Follow && !IsMediaLink(navigation)) {
@@ -77,7 +81,8 @@ bool WebPage::acceptNavigationRequest(const QUrl& target, NavigationType type, b
 }
 
 // A server's redirect belongs to the navigation that is underway. One that no navigation to a web
-// page has brought is the page's own doing.
+// page has brought is the page's own doing; so may be one that comes while a page is still there
+// that leads elsewhere by itself.
 NavigationCause WebPage::CauseOf(const QUrl& target, NavigationType type) const {
   switch (type) {
     case NavigationTypeTyped:
@@ -86,9 +91,11 @@ NavigationCause WebPage::CauseOf(const QUrl& target, NavigationType type) const 
       return NavigationCause::Command;
     case NavigationTypeLinkClicked:
       return NavigationCause::Link;
-    case NavigationTypeRedirect:
-      return IsWebAddress(underway_) && IsWebAddress(target) ? NavigationCause::Link
-                                                             : NavigationCause::Page;
+    case NavigationTypeRedirect: {
+      const bool isPageCalm = !IsGenerated(url()) || url() == calm_;
+      const bool isServers = IsWebAddress(underway_) && IsWebAddress(target) && isPageCalm;
+      return isServers ? NavigationCause::Server : NavigationCause::Page;
+    }
     default:
       return NavigationCause::Page;
   }
@@ -104,7 +111,14 @@ void WebPage::Begin(const Navigation& navigation) {
   const bool isWritten = PageNumber(navigation.to).has_value();
   forwardsStatus_ = !isWritten;
   if (!navigation.isMainFrame) return;
-  AllowScripts(!IsGenerated(navigation.to));
+  // What is in the player's frame is a web page: it must not run when scripts are let on.
+  const bool isToGenerated = IsGenerated(navigation.to);
+  if (IsGenerated(navigation.from) && !isToGenerated) Ask(RemoveFramesScript(), [](const auto&) {});
+  AllowScripts(!isToGenerated);
+  mayDownload_ = !isToGenerated && navigation.cause != NavigationCause::Page;
+  const auto page = isWritten ? pages_.Find(*PageNumber(navigation.to)) : std::nullopt;
+  isLarge_ = page && page->html.size() > kLargePage;
+  loading_ = navigation.to;
   underway_ = navigation.cause == NavigationCause::Page ? QUrl() : navigation.to;
   isLoading_ = true;
   isDrawn_ = false;
@@ -118,7 +132,8 @@ void WebPage::Stay(const QUrl& target, NavigationVerdict verdict) {
       return ChooseMediaLink(target);
     case NavigationVerdict::Act:
       forwardsStatus_ = false;
-      return Act(*ParsePageAction(target.toString(QUrl::FullyEncoded)));
+      return WhenUserActs(
+          [this, action = *ParsePageAction(target.toString(QUrl::FullyEncoded))] { Act(action); });
     case NavigationVerdict::OpenOutside:
       emit OutsideWanted(target);
       return;
@@ -134,8 +149,8 @@ void WebPage::Stay(const QUrl& target, NavigationVerdict verdict) {
 // program of the system the engine itself sees to that.)
 void WebPage::WhenUserActs(const std::function<void()>& run) {
   const bool isCertain = IsGenerated(url());
-  Ask(IsUserActiveScript(), [isCertain, run](const QVariant& isActive) {
-    if (isCertain || isActive.toBool()) run();
+  Ask(IsUserActiveScript(), [this, isCertain, run, load = loads_](const QVariant& isActive) {
+    if (load == loads_ && (isCertain || isActive.toBool())) run();
   });
 }
 
@@ -147,18 +162,22 @@ void WebPage::Ask(const QString& script, std::function<void(const QVariant&)> on
       });
 }
 
+// Unless the page has been left by the time of the answer.
 void WebPage::Act(const PageAction& action) {
-  WhenUserActs([this, action] {
-    Ask(ReadElementsScript(ElementIds(action)), [this, action](const QVariant& texts) {
-      emit ActionClicked(action, texts.toStringList());
-    });
+  const QStringList ids = ElementIds(action);
+  Ask(ReadElementsScript(ids), [this, action, ids, load = loads_](const QVariant& answer) {
+    const QStringList texts = answer.toStringList();
+    if (load == loads_ && texts.size() == ids.size()) emit ActionClicked(action, texts);
   });
 }
 
 // Two links of a podcast's page lead to its media file: one to hear it, and an icon to save it.
 void WebPage::ChooseMediaLink(const QUrl& media) {
-  Ask(IsImageLinkScript(),
-      [this, media](const QVariant& isImage) { isImage.toBool() ? download(media) : load(media); });
+  Ask(IsImageLinkScript(), [this, media, loads = loads_](const QVariant& isImage) {
+    if (loads != loads_) return;  // the page has been left meanwhile
+    mayDownload_ = isImage.toBool();
+    isImage.toBool() ? download(media) : load(media);
+  });
 }
 
 void WebPage::OpenHere(const QWebEngineNewWindowRequest& request) {
@@ -166,7 +185,13 @@ void WebPage::OpenHere(const QWebEngineNewWindowRequest& request) {
   const Navigation navigation = {
       .from = url(), .to = request.requestedUrl(), .cause = NavigationCause::Link};
   const NavigationVerdict verdict = Judge(navigation);
-  verdict == NavigationVerdict::Follow ? load(navigation.to) : Stay(navigation.to, verdict);
+  if (verdict != NavigationVerdict::Follow) return Stay(navigation.to, verdict);
+  // An empty window, which its opener would fill, would take the opener's place.
+  if (IsWebAddress(navigation.to) || navigation.to.isLocalFile()) load(navigation.to);
+}
+
+bool WebPage::AreScriptsAllowed() const {
+  return settings()->testAttribute(QWebEngineSettings::JavascriptEnabled);
 }
 
 void WebPage::AllowScripts(bool allow) {
@@ -218,13 +243,26 @@ void WebPage::ForwardStatus(BrowserReport report, const QString& detail) {
 // The engine tells a world that the page cannot enter from others only through the page's console.
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int,
                                        const QString&) {
-  if (message == paintedMark_) {
-    isDrawn_ = !isLoading_;
+  if (message == paintedMark_ && !isLoading_) {
+    isDrawn_ = true;
     emit Painted();
-  }
-  if (message.startsWith(refusedMark_)) {
+  } else if (message.startsWith(calmMark_)) {
+    calm_ = QUrl(message.mid(calmMark_.size()));
+  } else if (message.startsWith(refusedMark_)) {
     emit Reported(BrowserReport::LinkRefused, message.mid(refusedMark_.size()));
   }
+}
+
+void WebPage::javaScriptAlert(const QUrl&, const QString&) {}
+
+bool WebPage::javaScriptConfirm(const QUrl&, const QString&) { return false; }
+
+bool WebPage::javaScriptPrompt(const QUrl&, const QString&, const QString&, QString*) {
+  return false;
+}
+
+QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList&, const QStringList&) {
+  return {};
 }
 
 }  // namespace feedloom

@@ -27,8 +27,16 @@ class WebPage : public QWebEnginePage {
   WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObject* parent);
 
   bool IsLoading() const { return isLoading_; }
-  // What was let through last is loaded, or has failed, and is drawn.
-  bool IsDrawn() const { return isDrawn_; }
+  // The page on display is about to be left for one whose answer has not begun to come.
+  bool IsLeaving() const { return isLoading_ && url() != loading_; }
+  // The engine's process is not through with what was let through last: a generated page that is
+  // large.
+  bool IsLaboring() const { return isLarge_ && !isDrawn_; }
+  // Whether a download that is requested now comes from the user, or from a web page.
+  bool MayDownload() const { return mayDownload_ || !IsGenerated(url()); }
+
+  // Does what a click on the button does.
+  void Act(const PageAction& action);
 
   // The generated page on display; none when it is a web page or the main page.
   std::optional<GeneratedPage> Generated() const;
@@ -49,6 +57,13 @@ class WebPage : public QWebEnginePage {
 
  protected:
   bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
+  // A page's own dialogs: their answer is no. They would stand in an event loop inside the engine.
+  void javaScriptAlert(const QUrl& origin, const QString& text) override;
+  bool javaScriptConfirm(const QUrl& origin, const QString& text) override;
+  bool javaScriptPrompt(const QUrl& origin, const QString& text, const QString& preset,
+                        QString* result) override;
+  QStringList chooseFiles(FileSelectionMode mode, const QStringList& old,
+                          const QStringList& types) override;
   void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message,
                                 int line, const QString& source) override;
 
@@ -59,8 +74,8 @@ class WebPage : public QWebEnginePage {
   void Stay(const QUrl& target, NavigationVerdict verdict);
   void Ask(const QString& script, std::function<void(const QVariant&)> onAnswer);
   void WhenUserActs(const std::function<void()>& run);
-  void Act(const PageAction& action);
   void ChooseMediaLink(const QUrl& media);
+  bool AreScriptsAllowed() const;
   void AllowScripts(bool allow);
   void OnLoading(const QWebEngineLoadingInfo& loading);
   void EndLoad(const QWebEngineLoadingInfo& loading);
@@ -71,9 +86,14 @@ class WebPage : public QWebEnginePage {
   const GeneratedPages& pages_;
   const QString paintedMark_;  // nobody else can say these
   const QString refusedMark_;
+  const QString calmMark_;
   QUrl underway_;           // what a command or a link is loading
   bool isLoading_ = false;  // something that was let through
   bool isDrawn_ = true;
+  bool isLarge_ = false;
+  bool mayDownload_ = false;
+  QUrl loading_;   // what was let through last
+  QUrl calm_;      // the page that has told of itself that it leads nowhere
   int loads_ = 0;  // let through so far
   // Status texts go on to the host from a navigation that was let through to its end.
   bool forwardsStatus_ = false;

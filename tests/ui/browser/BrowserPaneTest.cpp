@@ -177,5 +177,47 @@ TEST_F(BrowserPane, PicturesInTheWebCanBeKeptOut) {
   EXPECT_EQ(server_.Requests("/hidden.png"), 0);
 }
 
+TEST_F(BrowserPane, KeysDoWhatTheButtonsDo) {
+  const auto press = [&](QKeySequence keys) {
+    pane_.setFocus();
+    QTest::keySequence(&Surface(), keys);
+  };
+  Visit("/1", "one");
+  Visit("/2", "two");
+  WaitForPage([&] { press(Qt::ALT | Qt::Key_Left); });
+  EXPECT_EQ(Text(), "one");
+  WaitForPage([&] { press(Qt::ALT | Qt::Key_Right); });
+  EXPECT_EQ(Text(), "two");
+  press(Qt::CTRL | Qt::Key_L);
+  EXPECT_TRUE(Address().hasFocus());
+  QTest::keyClicks(&Address(), "elsewhere");
+  QTest::keyClick(&Address(), Qt::Key_Escape);
+  EXPECT_EQ(Address().text(), Url("/2"));
+  server_.Hang("/never");
+  Address().setText(Url("/never"));
+  Button(kTextGoTooltip).click();
+  ASSERT_TRUE(WasRequested("/never"));
+  WaitForPage([&] { press(Qt::Key_Escape); });
+  EXPECT_FALSE(Button(kTextStopTooltip).isEnabled());
+  EXPECT_EQ(frame_.messages.back(), "");
+}
+
+TEST_F(BrowserPane, APageMayLookLikeItIsAskingAndIsToldNo) {
+  Visit("/web", "<script>alert(1); document.write(confirm('?') + ' ' + prompt('?'))</script>");
+  EXPECT_EQ(Text(), "false null");
+}
+
+TEST_F(BrowserPane, AWindowOfAPagesOwnOpensInItsPlaceWhenTheUserClicks) {
+  server_.Serve("/next", "the next page", "text/html");
+  Visit("/web",
+        "<a id=l onclick=\"window.open('/next')\">x</a><a id=e onclick=\"window.open('')\">y</a>"
+        "<script>open('/next')</script>");
+  EXPECT_EQ(Text(), "xy");
+  Click("#e");
+  EXPECT_EQ(Text(), "xy");
+  ClickForPage("#l");
+  EXPECT_EQ(Text(), "the next page");
+}
+
 }  // namespace
 }  // namespace feedloom

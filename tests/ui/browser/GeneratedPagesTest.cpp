@@ -17,7 +17,7 @@ TEST(GeneratedPages, AreFoundByTheirNumbers) {
 TEST(GeneratedPages, TheOldestGoWhenThereAreTooManyOrTheyAreTooLarge) {
   GeneratedPages many;
   const int first = many.Add({.html = "first"});
-  for (int i = 0; i < 200; ++i) many.Add({.html = "page"});
+  for (int i = 0; i < 1000; ++i) many.Add({.html = "page"});
   EXPECT_FALSE(many.Find(first));
   EXPECT_TRUE(many.Find(first + 1));
 

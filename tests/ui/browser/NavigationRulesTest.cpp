@@ -100,11 +100,19 @@ TEST(NavigationRules, FramesBelongToWebPagesAndToThePlayersMediaFile) {
   });
 }
 
-TEST(NavigationRules, TheUsersOwnCommandsLeadEverywhere) {
+TEST(NavigationRules, AServerSendsToOtherWebPagesOnly) {
+  ExpectAll({{{kPost, kWeb, Server}, Follow},
+             {{kPost, QUrl("http://example.com/ID_BTN_RSSADD?0"), Server}, Refuse},
+             {{kPost, kFile, Server}, Refuse},
+             {{kWeb, kPost, Server}, Refuse},
+             {{kWeb, QUrl("mailto:a@example.com"), Server}, Refuse}});
+}
+
+TEST(NavigationRules, TheUsersOwnCommandsLeadEverywhereButToButtons) {
   ExpectAll({{{kPost, kPost, Command}, Follow},
              {{kWeb, kPost, Command}, Follow},
              {{kPost, kFile, Command}, Follow},
-             {{kPost, kSave, Command}, Act}});
+             {{kPost, kSave, Command}, Report}});
 }
 
 TEST(NavigationRules, TypedAddressesAreCompletedAsBrowsersDo) {

@@ -64,23 +64,22 @@ TEST_F(SafetyBorders, NoFileIsRead) {
   }
 }
 
-TEST_F(SafetyBorders, NoPathLeadsOutOfTheSkin) {
-  const std::string skin = skin_.Path();
-  const std::string name = std::filesystem::path(files_.Path()).filename();
-  std::filesystem::create_symlink(files_.File("a.png"), skin_.File("link.png"));
-  std::filesystem::create_directory_symlink(files_.Path(), skin_.File("dir"));
-  std::filesystem::create_symlink(skin_.File("in.png"), skin_.File("good.png"));
-  const struct {
-    std::string address;
-    bool isShown;
-  } kCases[] = {
+struct PathCase {
+  std::string address;
+  bool isShown;
+};
+
+// `skin` holds in.png and three links, `file` lies in a folder `name` beside it.
+std::vector<PathCase> Paths(const std::string& skin, const std::string& name,
+                            const std::string& file) {
+  return {
       {skin + "/in.png", true},
       {skin + "/good.png", true},
       {skin + "/./x/%2e%2e/in.png", true},
-      {files_.File("a.png"), false},
-      {"feedloom://page" + files_.File("a.png"), false},
-      {"feedloom://other" + files_.File("a.png"), false},
-      {"feedloom:" + files_.File("a.png"), false},
+      {file, false},
+      {"feedloom://page" + file, false},
+      {"feedloom://other" + file, false},
+      {"feedloom:" + file, false},
       {skin + "/link.png", false},
       {skin + "/dir/a.png", false},
       {skin + "/../" + name + "/a.png", false},
@@ -92,19 +91,28 @@ TEST_F(SafetyBorders, NoPathLeadsOutOfTheSkin) {
       {skin + "/..\\" + name + "\\a.png", false},
       {skin + "/%252e%252e/" + name + "/a.png", false},
       {skin + "/in.png/../../" + name + "/a.png", false},
-      {files_.File("a.png") + "%00" + skin + "/in.png", false},
-      {"//page" + files_.File("a.png"), false},
+      {file + "%00" + skin + "/in.png", false},
+      {"//page" + file, false},
   };
+}
+
+TEST_F(SafetyBorders, NoPathLeadsOutOfTheSkin) {
+  std::filesystem::create_symlink(files_.File("a.png"), skin_.File("link.png"));
+  std::filesystem::create_directory_symlink(files_.Path(), skin_.File("dir"));
+  std::filesystem::create_symlink(skin_.File("in.png"), skin_.File("good.png"));
+  const auto cases =
+      Paths(skin_.Path(), std::filesystem::path(files_.Path()).filename(), files_.File("a.png"));
   QByteArray html;
-  for (const auto& test : kCases)
+  for (const PathCase& test : cases)
     html += "<img src=\"" + QByteArray::fromStdString(test.address) + "\">";
   ShowAndSettle(WithDescription(html));
   const QVariantList widths =
       Evaluate("[...document.querySelectorAll('#disc-0 img')].map(img => img.naturalWidth)")
           .toList();
-  ASSERT_EQ(widths.size(), std::ssize(kCases));
+  ASSERT_EQ(widths.size(), std::ssize(cases));
   for (qsizetype i = 0; i < widths.size(); ++i) {
-    EXPECT_EQ(widths[i].toInt() > 0, kCases[i].isShown) << kCases[i].address;
+    const PathCase& test = cases[static_cast<std::size_t>(i)];
+    EXPECT_EQ(widths[i].toInt() > 0, test.isShown) << test.address;
   }
 }
 
@@ -146,6 +154,51 @@ TEST_F(SafetyBorders, NothingRunsWhileANavigationIsPending) {
   ExpectHits(kTrap);
   undefended_.Write(html);
   ExpectHits(kPatient);
+}
+
+// While a navigation is pending a page could pass its own for what the server has ordered.
+TEST_F(SafetyBorders, APageLeadsNowhereWhileANavigationIsPending) {
+  server_.Hang("/hang");
+  const QByteArray html =
+      WithDescription(Html({"trap", "<meta http-equiv=\"re&#102;resh\" content=\"1;url=HIT\">"}));
+  WriteWhole(html);
+  view_.Navigate(Url("/hang"));
+  EXPECT_TRUE(ComesTrue([&] { return server_.Requests("/hang") > 0; }));
+  Settle(Page(), 1500);
+  EXPECT_EQ(Hits("trap"), 0);
+  EXPECT_TRUE(view_.IsWritten());
+  undefended_.Write(html);
+  EXPECT_TRUE(ComesTrue([&] { return Hits("trap") > 0; }));
+}
+
+TEST_F(SafetyBorders, AFrameThatComesWhileANavigationIsPendingRunsNothing) {
+  server_.Hang("/hang");
+  server_.Serve("/next", Html({"frame", "<script>RUN</script>"}).toStdString(), "text/html");
+  server_.Serve("/frame", "<meta http-equiv=refresh content=\"1;url=/next\">", "text/html");
+  Fields fields = kHarmless;
+  fields[kLink] = server_.Url("/frame");
+  ShowAndSettle(Built(PageKind::Player, fields), PageKind::Player);
+  view_.Navigate(Url("/hang"));
+  EXPECT_TRUE(ComesTrue([&] { return server_.Requests("/hang") > 0; }));
+  Settle(Page(), 1500);
+  EXPECT_EQ(Hits("frame"), 0);
+  undefended_.Write(Built(PageKind::Player, fields));
+  EXPECT_TRUE(ComesTrue([&] { return Hits("frame") > 0; }));
+}
+
+// No dialog that asks for a place opens.
+TEST_F(SafetyBorders, APostDownloadsNothingByItself) {
+  downloadPlace_ = QString::fromStdString(files_.File("taken"));
+  server_.Serve("/file", "PK", "application/zip");
+  Fields fields = kHarmless;
+  fields[kLink] = server_.Url("/file");
+  ShowAndSettle(Built(PageKind::Player, fields), PageKind::Player);
+  EXPECT_GT(server_.Requests("/file"), 0);
+  Settle(Page(), 300);
+  EXPECT_FALSE(std::filesystem::exists(files_.File("taken")));
+  Write(Link(server_.Url("/file")));
+  Click();
+  EXPECT_TRUE(ComesTrue([&] { return std::filesystem::exists(files_.File("taken")); }));
 }
 
 TEST_F(SafetyBorders, AFrameInThePlayerRunsNothingEvenWhileANavigationIsPending) {

@@ -1,8 +1,5 @@
 // Hostile texts of posts in the real engine: nothing runs, nothing is asked for but pictures,
 // nothing local is read, nothing navigates by itself.
-#include <algorithm>
-#include <filesystem>
-
 #include "ui/browser/SafetyFixture.h"
 
 namespace feedloom {

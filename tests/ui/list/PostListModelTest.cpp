@@ -25,7 +25,7 @@ PostRow Post(int id, const char* title, int readStatus = 0, const char* publishe
 auto FieldsOf(const PostRow& post) {
   return std::tuple(post.readStatus, post.id, post.created, post.description, post.link,
                     post.published, post.title, post.updated, post.ownerTitle, post.isPodcast,
-                    post.ownerId);
+                    post.ownerId, post.feedUrl);
 }
 
 using IdList = std::vector<int>;
@@ -70,7 +70,8 @@ TEST_F(PostListModelTest, KeepsEveryFieldOfAPost) {
                      .updated = "uu",
                      .ownerTitle = "owner",
                      .isPodcast = 1,
-                     .ownerId = 3};
+                     .ownerId = 3,
+                     .feedUrl = "http://feed/"};
   model_.Fill({.posts = {full, PostRow()}});
   EXPECT_EQ(FieldsOf(model_.At(0)), FieldsOf(full));
   EXPECT_EQ(FieldsOf(model_.At(1)), FieldsOf(PostRow()));
