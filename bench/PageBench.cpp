@@ -2,7 +2,6 @@
 // the memory of all processes when many posts are shown in a row. The clicks and the memory are
 // those of the real module in a window off screen, with every pause, every file and the engine's
 // processes.
-#include <dlfcn.h>
 #include <fmt/ranges.h>
 #include <unistd.h>
 
@@ -12,7 +11,6 @@
 #include <QMouseEvent>
 #include <QTimer>
 #include <QTreeView>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <cstdlib>
 #include <ctime>
@@ -26,9 +24,9 @@
 #include <vector>
 
 #include "bench/Goals.h"
+#include "bench/ModuleHost.h"
 #include "kit/ManualClock.h"
 #include "kit/TestProfile.h"
-#include "shell/Feedloom.h"
 #include "store/Connection.h"
 #include "store/Counts.h"
 #include "ui/FakeFrame.h"
@@ -52,16 +50,6 @@ constexpr int kTimed = 100;
 constexpr int kLongestWaitMs = 30'000;
 
 constexpr const char* kTitle = "The river rose 강물이 밤사이 불었다";
-
-HostLookup theLookup;
-
-std::string HostText(const char* section, const char* key) {
-  return theLookup.HostGetText(section, key);
-}
-
-std::string HostSkinValue(const char* section, const char* key) {
-  return theLookup.HostGetSkinValue(section, key);
-}
 
 // A description of at least `bytes` bytes in the Korean code page: paragraphs, some emphasis and
 // links, half of it Korean.
@@ -162,19 +150,15 @@ double MsOf(const QElapsedTimer& timer) { return static_cast<double>(timer.nsecs
 class ModuleWindow {
  public:
   // Until the first post is on screen.
-  explicit ModuleWindow(void* module)
-      : destroy_(reinterpret_cast<DestroyBtnFunction>(dlsym(module, "DestroyBtn"))) {
-    const auto create = reinterpret_cast<CreateFunction>(dlsym(module, "Create"));
-    frame_ = create(HostText, HostSkinValue, &host_);
-    (new QVBoxLayout(&host_))->addWidget(frame_);
+  explicit ModuleWindow(void* module) : module_(module), frame_(ShowModule(module, host_)) {
     host_.resize(1000, 700);
     host_.show();
     WaitForPage();
-    SelectFirstChannel();
+    SelectFirstChannel(frame_);
     WaitForPage();
     list_ = frame_->findChild<QTreeView*>("3005");
   }
-  ~ModuleWindow() { destroy_(); }
+  ~ModuleWindow() { DestroyModule(module_); }
   ModuleWindow(const ModuleWindow&) = delete;
   ModuleWindow& operator=(const ModuleWindow&) = delete;
 
@@ -230,16 +214,9 @@ class ModuleWindow {
     return longest;
   }
 
-  void SelectFirstChannel() {
-    QWidget* target = frame_;
-    while (target->focusProxy() != nullptr) target = target->focusProxy();
-    auto& tree = dynamic_cast<QTreeView&>(*target);
-    tree.setCurrentIndex(tree.model()->index(0, 0, tree.model()->index(0, 0)));
-  }
-
-  const DestroyBtnFunction destroy_;
+  void* const module_;
   QWidget host_;
-  QWidget* frame_ = nullptr;
+  QWidget* const frame_;
   QTreeView* list_ = nullptr;
 };
 
@@ -349,12 +326,8 @@ int Main(int argc, char** argv) {
   const TestProfile profile;
   Database database(profile);
   database.Fill();
-  theLookup = profile.Lookup();
-  void* const module = dlopen(profile.LinkModule(FEEDLOOM_MODULE).c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (module == nullptr) {
-    fmt::print(stderr, "{}\n", dlerror());
-    return 1;
-  }
+  void* const module = LoadModule(profile);
+  if (module == nullptr) return 1;
   const QApplication application(argc, argv);
   const bool builds = MeasureBuilding(argc, argv);
   const bool answers = MeasureClicks(module);

@@ -2,7 +2,6 @@
 // on screen, and the interface thread's gaps during a refresh. Every pause and every file is the
 // real one.
 //   WindowBench [POSTS_OF_EACH_CHANNEL]
-#include <dlfcn.h>
 #include <fmt/core.h>
 #include <unistd.h>
 
@@ -10,13 +9,13 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
-#include <QTreeView>
-#include <QVBoxLayout>
+#include <QWidget>
 #include <algorithm>
 #include <cstdlib>
 #include <vector>
 
 #include "bench/Goals.h"
+#include "bench/ModuleHost.h"
 #include "kit/FeedDocuments.h"
 #include "kit/FeedServer.h"
 #include "kit/ManualClock.h"
@@ -30,16 +29,6 @@ namespace {
 constexpr int kChannels = 200;
 constexpr double kGapGoalMs = 50;
 constexpr double kEndGoalMs = 1000;
-
-HostLookup theLookup;
-
-std::string HostText(const char* section, const char* key) {
-  return theLookup.HostGetText(section, key);
-}
-
-std::string HostSkinValue(const char* section, const char* key) {
-  return theLookup.HostGetSkinValue(section, key);
-}
 
 // A window with the module in it.
 class BenchHost : public QWidget {
@@ -101,21 +90,6 @@ void WaitForPage(QWidget* frame) {
   loop.exec();
 }
 
-QWidget* ShowModule(void* module, BenchHost& host) {
-  const auto create = reinterpret_cast<CreateFunction>(dlsym(module, "Create"));
-  QWidget* const frame = create(HostText, HostSkinValue, &host);
-  (new QVBoxLayout(&host))->addWidget(frame);
-  return frame;
-}
-
-// Selects the tree's first channel, as the keyboard does.
-void SelectFirstChannel(QWidget* frame) {
-  QWidget* target = frame;
-  while (target->focusProxy() != nullptr) target = target->focusProxy();
-  auto& tree = dynamic_cast<QTreeView&>(*target);
-  tree.setCurrentIndex(tree.model()->index(0, 0, tree.model()->index(0, 0)));
-}
-
 // The gaps between the calls of a 5 ms timer while `isOver` is false, in milliseconds, sorted.
 std::vector<double> GapsUntil(const bool& isOver) {
   std::vector<double> gaps;
@@ -160,14 +134,13 @@ bool MeasureRefresh(QWidget* frame, const bool& ended) {
 
 // Destroys the frame a second into a refresh.
 bool MeasureEnd(QWidget* frame, void* module) {
-  const auto destroy = reinterpret_cast<DestroyBtnFunction>(dlsym(module, "DestroyBtn"));
   RefreshAll(frame);
   QEventLoop loop;
   QTimer::singleShot(1000, &loop, &QEventLoop::quit);
   loop.exec();
   QElapsedTimer end;
   end.start();
-  destroy();
+  DestroyModule(module);
   return MeetsAtMost("end during a refresh", static_cast<double>(end.elapsed()), kEndGoalMs, "ms");
 }
 
@@ -181,16 +154,11 @@ int Measure(int argc, char** argv) {
   server.SetLatency(std::chrono::milliseconds(50));
   const TestProfile profile;
   Fill(profile, postsEach, server);
-  theLookup = profile.Lookup();
-  const std::string path = profile.LinkModule(FEEDLOOM_MODULE);
 
   fmt::print("start with {} channels and {} posts\n", kChannels, kChannels * postsEach);
   Steps steps;
-  void* const module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (module == nullptr) {
-    fmt::print(stderr, "{}\n", dlerror());
-    return 1;
-  }
+  void* const module = LoadModule(profile);
+  if (module == nullptr) return 1;
   steps.Done("load the module and the browser engine");
   const QApplication application(argc, argv);
   steps.Done("application object");

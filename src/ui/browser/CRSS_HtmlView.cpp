@@ -106,7 +106,7 @@ void CRSS_HtmlView::Navigate(const QUrl& url) {
   engine_->page.load(IsGenerated(url) ? AtHost(url, engine_->host) : url);
 }
 
-void CRSS_HtmlView::WritePage(const PageToWrite& page) {
+void CRSS_HtmlView::WritePageToBrowser(const PageToWrite& page) {
   if (page.html.isEmpty()) return;
   const int number = engine_->scheme.Pages().Add(
       {WithContentPolicy(page.html, page.kind, page.showsRemoteImages), page.kind, page.source});
@@ -118,7 +118,7 @@ void CRSS_HtmlView::ShowCrash() {
   const auto page = engine_->page.Generated();
   if (engine_->page.IsLeaving() || (page && page->kind == PageKind::Crash)) return;
   const QUrl crashed = engine_->page.url();
-  WritePage({engine_->crashPage(crashed), PageKind::Crash, crashed});
+  WritePageToBrowser({engine_->crashPage(crashed), PageKind::Crash, crashed});
 }
 
 void CRSS_HtmlView::GoBack() { engine_->page.triggerAction(QWebEnginePage::Back); }

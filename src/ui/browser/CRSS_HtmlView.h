@@ -51,7 +51,7 @@ class CRSS_HtmlView : public QWidget {
   void Navigate(const QUrl& url);
 
   // Shows a page of the module's own, as a new one in the history; an empty one does nothing.
-  void WritePage(const PageToWrite& page);
+  void WritePageToBrowser(const PageToWrite& page);
 
   // Does what a click on a page's button does.
   void Act(const PageAction& action);

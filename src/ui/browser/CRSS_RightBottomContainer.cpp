@@ -150,7 +150,7 @@ void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
 
 void CRSS_RightBottomContainer::WritePage(const PageToWrite& page) {
   if (page.html.isEmpty()) return;
-  view_->WritePage(page);
+  view_->WritePageToBrowser(page);
   toolbar_->Enable(kBrowserFeed, false);  // such a page announces no feeds
 }
 

@@ -8,6 +8,7 @@
 #include "skin/Labels.h"
 #include "ui/Frame.h"
 #include "ui/browser/FindBar.h"
+#include "ui/browser/StatusTexts.h"
 
 namespace feedloom {
 
@@ -64,7 +65,8 @@ void PageCommands::Run(int command, const PageSpot& spot) {
 void PageCommands::OpenOutside(const QUrl& address) {
   const auto& open = frame_.TheActions().openOutside;
   if (open && open(address)) return;
-  emit view_.Reported(BrowserReport::NoOutsideProgram, address.toDisplayString());
+  frame_.ReportMessage(
+      StatusText(frame_.TheSkin(), BrowserReport::NoOutsideProgram, address.toDisplayString()));
 }
 
 void PageCommands::Print() {

@@ -6,7 +6,7 @@
 namespace feedloom {
 namespace {
 
-constexpr char kReadElements[] = R"((ids => {
+constexpr char kGetElementValues[] = R"((ids => {
   const found = new Map(ids.map(id => [id, null]));
   for (const div of Document.prototype.querySelectorAll.call(document, 'div[id]')) {
     const id = div.id.toLowerCase();
@@ -52,9 +52,9 @@ constexpr char kTellWhenDrawn[] =
 
 }  // namespace
 
-QString ReadElementsScript(const QStringList& ids) {
+QString GetElementValuesScript(const QStringList& ids) {
   const QByteArray list = QJsonDocument(QJsonArray::fromStringList(ids)).toJson();
-  return kReadElements + QStringLiteral("(%1)").arg(QString::fromUtf8(list));
+  return kGetElementValues + QStringLiteral("(%1)").arg(QString::fromUtf8(list));
 }
 
 QString FindFeedsScript() { return kFindFeeds; }

@@ -13,7 +13,7 @@ namespace feedloom {
 
 // A list of texts, one for each id: of the last "div" element with that id, in any case, the title
 // attribute or, when that is empty, the text that it shows; empty without such an element.
-QString ReadElementsScript(const QStringList& ids);
+QString GetElementValuesScript(const QStringList& ids);
 
 // What ReadFeeds reads: the links of the type "application/rss+xml", at most 200 of them.
 QString FindFeedsScript();

@@ -165,7 +165,7 @@ void WebPage::Ask(const QString& script, std::function<void(const QVariant&)> on
 // Unless the page has been left by the time of the answer.
 void WebPage::Act(const PageAction& action) {
   const QStringList ids = ElementIds(action);
-  Ask(ReadElementsScript(ids), [this, action, ids, load = loads_](const QVariant& answer) {
+  Ask(GetElementValuesScript(ids), [this, action, ids, load = loads_](const QVariant& answer) {
     const QStringList texts = answer.toStringList();
     if (load == loads_ && texts.size() == ids.size()) emit ActionClicked(action, texts);
   });

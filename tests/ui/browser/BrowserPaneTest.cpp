@@ -154,6 +154,26 @@ TEST_F(BrowserPane, StatusTextsGoToTheHostFromANavigationToItsEnd) {
   EXPECT_EQ(frame_.messages, std::vector<std::string>());
 }
 
+TEST_F(BrowserPane, AButtonOfThePageEndsTheStatusTexts) {
+  server_.Serve("/slow",
+                "<body style='margin:0'><a id=b style='display:block;height:100px' "
+                "href='ID_BTN_RSSADD?0'>x</a><a style='display:block;height:100px' "
+                "href='/next'>y</a><img src='/never'>",
+                "text/html");
+  server_.Hang("/never");
+  Address().setText(Url("/slow"));
+  Button(kTextGoTooltip).click();
+  ASSERT_TRUE(WasRequested("/never"));
+  ASSERT_TRUE(ComesTrue([&] { return Page().url() == QUrl(Url("/slow")); }));
+  Click("#b");
+  Evaluate("1");
+  frame_.messages.clear();
+  QSignalSpy hovered(&Page(), &QWebEnginePage::linkHovered);
+  QTest::mouseMove(&Surface(), {50, 150});
+  ASSERT_TRUE(ComesTrue([&] { return !hovered.empty(); }));
+  EXPECT_FALSE(HostWasTold(server_.Url("/next")));
+}
+
 TEST_F(BrowserPane, APageThatTheModuleWritesSaysNothingToTheHost) {
   Show(Post("one", "/1"));
   EXPECT_EQ(frame_.messages, std::vector<std::string>());

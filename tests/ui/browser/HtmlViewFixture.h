@@ -46,7 +46,7 @@ class HtmlViewFixture : public testing::Test {
     EXPECT_TRUE(shown.wait(30'000));
   }
   void WriteWhole(const QByteArray& html, PageKind kind = PageKind::Post, const QUrl& source = {}) {
-    WaitForPage([&] { view_.WritePage({html, kind, source}); });
+    WaitForPage([&] { view_.WritePageToBrowser({html, kind, source}); });
   }
   void Write(const QByteArray& body, PageKind kind = PageKind::Post, const QUrl& source = {}) {
     WriteWhole("<html><head></head><body style='margin:0'>" + body + "</body></html>", kind,

@@ -38,7 +38,7 @@ TEST_F(HtmlView, SkinImagesShowInGeneratedPages) {
 
 TEST_F(HtmlView, AnEmptyPageIsNotWritten) {
   Write("stays");
-  view_.WritePage({});
+  view_.WritePageToBrowser({});
   EXPECT_EQ(Text(), "stays");
 }
 

@@ -109,7 +109,7 @@ TEST_F(LargePages, LeaveTheInterfaceThreadFreeAndCanBeLeft) {
   for (const auto& [name, body] : Monsters()) {
     Write("before");
     Heartbeat heartbeat;
-    view_.WritePage({"<html><head></head><body>" + body});
+    view_.WritePageToBrowser({"<html><head></head><body>" + body});
     Wait(1000);
     QElapsedTimer time;
     time.start();
@@ -129,11 +129,11 @@ TEST_F(LargePages, LeaveTheInterfaceThreadFreeAndCanBeLeft) {
 // A page of the same host would wait for the process that is busy with the large one.
 TEST_F(LargePages, DoNotKeepTheNextPostWaiting) {
   for (const auto& [name, body] : Monsters()) {
-    view_.WritePage({"<html><head></head><body>" + body});
+    view_.WritePageToBrowser({"<html><head></head><body>" + body});
     Wait(300);
     QElapsedTimer time;
     time.start();
-    view_.WritePage({"<html><head></head><body>the next post"});
+    view_.WritePageToBrowser({"<html><head></head><body>the next post"});
     QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
     ASSERT_TRUE(shown.wait(10'000)) << name;
     EXPECT_EQ(Text(), "the next post") << name;

@@ -95,7 +95,7 @@ constexpr Attack kPictures[] = {
 
 TEST_F(Safety, WithoutPicturesTheAuthorLearnsNothing) {
   const QByteArray html = WithDescription(Html(kPictures));
-  WaitForPage([&] { view_.WritePage({html, PageKind::Post, {}, false}); });
+  WaitForPage([&] { view_.WritePageToBrowser({html, PageKind::Post, {}, false}); });
   Settle(Page());
   ExpectNoHits(kPictures);
   undefended_.Write(html);
