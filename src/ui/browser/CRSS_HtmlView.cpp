@@ -108,9 +108,11 @@ void CRSS_HtmlView::Navigate(const QUrl& url) {
 
 void CRSS_HtmlView::WritePageToBrowser(const PageToWrite& page) {
   if (page.html.isEmpty()) return;
-  const int number = engine_->scheme.Pages().Add(
-      {WithContentPolicy(page.html, page.kind, page.showsRemoteImages), page.kind, page.source});
-  Navigate(GeneratedPageUrl(number));
+  const GeneratedPage generated = {WithContentPolicy(page.html, page.kind, page.showsRemoteImages),
+                                   page.kind, page.source};
+  // A process of its own for a large page, so that the way back does not wait for it either.
+  if (IsLarge(generated)) ++engine_->host;
+  Navigate(GeneratedPageUrl(engine_->scheme.Pages().Add(generated)));
 }
 
 // When even this page crashes, it is not shown again. A page that is being left is not missed.

@@ -10,7 +10,11 @@ namespace {
 constexpr std::size_t kMaxPages = 1000;
 constexpr qsizetype kMaxBytes = 64 << 20;
 
+constexpr qsizetype kLarge = 200'000;  // bytes
+
 }  // namespace
+
+bool IsLarge(const GeneratedPage& page) { return page.html.size() > kLarge; }
 
 int GeneratedPages::Add(GeneratedPage page) {
   bytes_ += page.html.size();

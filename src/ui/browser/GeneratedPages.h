@@ -16,6 +16,9 @@ struct GeneratedPage {
   QUrl source = {};  // the address of the post, of its media file, or of the page that has crashed
 };
 
+// What the engine takes longer to lay out than to begin another process.
+bool IsLarge(const GeneratedPage& page);
+
 // The generated pages that the browser may ask for again, by number: the one on display and those
 // that back and forward lead to. The oldest ones go when there are too many. A plain container of
 // the interface thread.

@@ -19,9 +19,6 @@ void SetUp(QWebEngineSettings& settings) {
   settings.setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, false);
 }
 
-// What the engine takes longer to lay out than to begin another process, in bytes.
-constexpr qsizetype kLargePage = 200'000;
-
 QWebEngineScript OnReady(const QString& source) {
   QWebEngineScript script;
   script.setSourceCode(source);
@@ -117,7 +114,7 @@ void WebPage::Begin(const Navigation& navigation) {
   AllowScripts(!isToGenerated);
   mayDownload_ = !isToGenerated && navigation.cause != NavigationCause::Page;
   const auto page = isWritten ? pages_.Find(*PageNumber(navigation.to)) : std::nullopt;
-  isLarge_ = page && page->html.size() > kLargePage;
+  isLarge_ = page && IsLarge(*page);
   loading_ = navigation.to;
   underway_ = navigation.cause == NavigationCause::Page ? QUrl() : navigation.to;
   isLoading_ = true;

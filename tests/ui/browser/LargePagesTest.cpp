@@ -141,6 +141,26 @@ TEST_F(LargePages, DoNotKeepTheNextPostWaiting) {
   }
 }
 
+TEST_F(LargePages, DoNotKeepTheWayBackWaiting) {
+  const QByteArray rows = "<table>" + QByteArray("<tr><td>row<td>cell").repeated(100'000);
+  Write("before");
+  view_.WritePageToBrowser({"<html><head></head><body>" + rows});
+  QSignalSpy committed(&Page(), &QWebEnginePage::urlChanged);
+  ASSERT_TRUE(committed.wait(20'000));
+  const auto goBack = [&] {
+    QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
+    view_.GoBack();
+    return shown.wait(10'000) && Text() == "before";
+  };
+  EXPECT_TRUE(goBack());
+  view_.GoForward();
+  ASSERT_TRUE(committed.wait(20'000));
+  view_.WritePageToBrowser({"<html><head></head><body>the next post"});
+  QSignalSpy shown(&view_, &CRSS_HtmlView::PageShown);
+  ASSERT_TRUE(shown.wait(10'000));
+  EXPECT_EQ(Text(), "the next post");
+}
+
 TEST_F(LargePages, ACrashedPageSaysSoAndIsLoadedAgain) {
   server_.Serve("/page", "a web page", "text/html");
   Navigate(Url("/page"));
