@@ -10,7 +10,9 @@
 #include <QStyleOptionButton>
 #include <algorithm>
 
+#include "skin/Skin.h"
 #include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -109,6 +111,15 @@ void CButtonEx::keyPressEvent(QKeyEvent* event) {
   if (!isEnter) return QAbstractButton::keyPressEvent(event);
   // An Enter that has been held since before the button appeared was meant for something else.
   if (!event->isAutoRepeat()) click();
+}
+
+CButtonEx* MakeToolButton(const Skin& skin, const char* section, const char* imageKey,
+                          const char* tooltipKey, QWidget* parent) {
+  auto* const button = new CButtonEx(skin.GetImagePath(section, imageKey), parent);
+  button->setToolTip(SkinText(skin, tooltipKey));
+  button->setAccessibleName(button->toolTip());
+  button->setFocusPolicy(Qt::TabFocus);
+  return button;
 }
 
 }  // namespace feedloom

@@ -9,6 +9,8 @@
 
 namespace feedloom {
 
+class Skin;
+
 // A button that is an image: one file for each state (ButtonImages.h), and optionally a text over
 // it. A file that is missing is named by a warning, one for a button, and the normal image stands
 // in; without that the button looks as the desktop's buttons do. Space, Enter and a click press it.
@@ -36,5 +38,10 @@ class CButtonEx : public QAbstractButton {
 
   std::array<QPixmap, kButtonStateCount> images_;
 };
+
+// A button of a toolbar, by the keys of its image and of its tooltip, which is also its name. A
+// click leaves the keyboard where it is.
+CButtonEx* MakeToolButton(const Skin& skin, const char* section, const char* imageKey,
+                          const char* tooltipKey, QWidget* parent);
 
 }  // namespace feedloom

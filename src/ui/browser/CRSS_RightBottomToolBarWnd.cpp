@@ -7,7 +7,6 @@
 #include <iterator>
 
 #include "skin/Keys.h"
-#include "skin/Skin.h"
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/CVxEdit.h"
 #include "vxctrl/SkinFont.h"
@@ -45,14 +44,6 @@ CVxEdit* MakeAddress(const Skin& skin, QWidget* parent) {
   return address;
 }
 
-QAbstractButton* MakeButton(const Skin& skin, const ButtonKeys& keys, QWidget* parent) {
-  auto* button = new CButtonEx(skin.GetImagePath(kSectionRightBottom, keys.image), parent);
-  button->setToolTip(SkinText(skin, keys.tooltip));
-  button->setAccessibleName(button->toolTip());
-  button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard with the page
-  return button;
-}
-
 }  // namespace
 
 // The Tab key follows the order in which the controls are made.
@@ -66,7 +57,8 @@ CRSS_RightBottomToolBarWnd::CRSS_RightBottomToolBarWnd(const Skin& skin, QWidget
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
   for (const ButtonKeys& keys : kButtons) {
     if (keys.command == kFirstBehindAddress) address_ = MakeAddress(skin, this);
-    AddButton(keys.command, MakeButton(skin, keys, this));
+    AddButton(keys.command,
+              MakeToolButton(skin, kSectionRightBottom, keys.image, keys.tooltip, this));
   }
 }
 

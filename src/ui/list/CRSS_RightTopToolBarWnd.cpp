@@ -46,14 +46,6 @@ CVxEdit* MakeWord(const Skin& skin, QWidget* parent) {
   return word;
 }
 
-QAbstractButton* MakeButton(const Skin& skin, QWidget* parent) {
-  auto* button = new CButtonEx(skin.GetImagePath(kSectionRightTopToolbar, kButtonSearch), parent);
-  button->setToolTip(SkinText(skin, kTextSearchTooltip));
-  button->setAccessibleName(button->toolTip());
-  button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard with the word
-  return button;
-}
-
 QFont ResultFont() {
   QFont font(QStringLiteral("굴림"));
   font.setStyleHint(QFont::SansSerif);
@@ -73,7 +65,8 @@ CRSS_RightTopToolBarWnd::CRSS_RightTopToolBarWnd(const Skin& skin, QWidget* pare
                                   kImageRightTopMiddle, kImageRightTopRight)),
       scope_(*MakeScope(skin, this)),
       word_(*MakeWord(skin, this)),
-      button_(*MakeButton(skin, this)) {
+      button_(
+          *MakeToolButton(skin, kSectionRightTopToolbar, kButtonSearch, kTextSearchTooltip, this)) {
   setObjectName("RSS_RightTopToolBar");
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
   connect(&button_, &QAbstractButton::clicked, this, &CRSS_RightTopToolBarWnd::SearchRequested);

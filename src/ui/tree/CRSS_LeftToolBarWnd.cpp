@@ -3,9 +3,7 @@
 #include <QPainter>
 
 #include "skin/Keys.h"
-#include "skin/Skin.h"
 #include "vxctrl/CButtonEx.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -31,14 +29,6 @@ constexpr ButtonKeys kButtons[] = {
     {kButtonDirectory, kTextDirectoryTooltip},
 };
 
-QAbstractButton* MakeButton(const Skin& skin, const ButtonKeys& keys, QWidget* parent) {
-  auto* button = new CButtonEx(skin.GetImagePath(kSectionLeft, keys.image), parent);
-  button->setToolTip(SkinText(skin, keys.tooltip));
-  button->setAccessibleName(button->toolTip());
-  button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard with the tree
-  return button;
-}
-
 }  // namespace
 
 CRSS_LeftToolBarWnd::CRSS_LeftToolBarWnd(const Skin& skin, QWidget* parent)
@@ -49,7 +39,8 @@ CRSS_LeftToolBarWnd::CRSS_LeftToolBarWnd(const Skin& skin, QWidget* parent)
       line_(LoadSkinImage(skin, kSectionLeft, kImageLeftLine)) {
   setObjectName("RSS_LeftToolBar");
   for (int button = 0; button < kButtonCount; ++button) {
-    buttons_[static_cast<std::size_t>(button)] = MakeButton(skin, kButtons[button], this);
+    buttons_[static_cast<std::size_t>(button)] =
+        MakeToolButton(skin, kSectionLeft, kButtons[button].image, kButtons[button].tooltip, this);
     connect(buttons_[static_cast<std::size_t>(button)], &QAbstractButton::clicked, this,
             [this, button] { emit Clicked(static_cast<Button>(button)); });
   }
