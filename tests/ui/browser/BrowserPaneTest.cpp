@@ -165,7 +165,7 @@ TEST_F(BrowserPane, StatusTextsGoToTheHostFromANavigationToItsEnd) {
 TEST_F(BrowserPane, AButtonOfThePageEndsTheStatusTexts) {
   BeginSlowPage();
   Click("#b");
-  Evaluate("1");
+  ASSERT_TRUE(ComesTrue([&] { return !frame_.addedAddresses.empty(); }));
   frame_.messages.clear();
   QSignalSpy hovered(&Page(), &QWebEnginePage::linkHovered);
   QTest::mouseMove(&Surface(), {50, 150});
