@@ -19,6 +19,8 @@ class BrowserPane : public BrowserPaneFixture {
     Button(kTextGoTooltip).click();
     ASSERT_TRUE(WasRequested("/never"));
     ASSERT_TRUE(ComesTrue([&] { return Page().url() == QUrl(Url("/slow")); }));
+    // Before that a click on it would not count as the user's.
+    ASSERT_TRUE(ComesTrue([&] { return Evaluate("typeof isUserActive") == "function"; }));
   }
 };
 
