@@ -1,5 +1,4 @@
 // The browser with the real engine.
-#include <QFile>
 
 #include "ui/browser/HtmlViewFixture.h"
 
