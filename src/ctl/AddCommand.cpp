@@ -9,7 +9,6 @@
 #include "ingest/FeedParser.h"
 #include "ingest/RefreshQueue.h"
 #include "store/Channels.h"
-#include "store/Connection.h"
 #include "store/Folders.h"
 
 namespace feedloom {
@@ -54,12 +53,6 @@ std::optional<ChannelRecord> ReadChannel(Session& session, const std::string& ad
   return record;
 }
 
-bool StoreChannel(Session& session, ChannelRecord& record) {
-  record.order = GetMaxOrder(session.TheStore(), false, record.folderId) + 1;
-  Connection connection(session.TheStore());
-  return connection && AddChannelRecord(connection, record);
-}
-
 void PrintAdded(const Session& session, const ChannelRecord& record) {
   const std::string title = session.Utf8(record.title);
   if (session.WantsJson()) {
@@ -76,7 +69,8 @@ int RunAdd(Session& session, const AddOptions& options) {
   if (!record) return kFailure;
   if (!options.title.empty()) record->title = session.Text(options.title);
   record->folderId = FolderFor(session, options.folder);
-  if (record->folderId <= 0 || !StoreChannel(session, *record)) return session.Finish(kFailure);
+  if (record->folderId <= 0 || !AppendChannelRecord(session.TheStore(), *record))
+    return session.Finish(kFailure);
   if (!record->newlyInserted) {
     PrintError(fmt::format("{} is channel {} of that folder already", options.address, record->id));
     return kFailure;

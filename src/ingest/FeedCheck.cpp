@@ -1,24 +1,63 @@
 #include "ingest/FeedCheck.h"
 
+#include <array>
+
+#include "ingest/FeedAddress.h"
+#include "ingest/FeedCheckAnswer.h"
 #include "ingest/FeedFetch.h"
+#include "ingest/RefreshRun.h"
+#include "ingest/TimeLimit.h"
+#include "platform/HtmlLinks.h"
 #include "platform/TempFile.h"
 
 namespace feedloom {
+namespace {
+
+// The first web address at which the page says it has a feed, other than the page's own.
+std::string AnnouncedFeed(const std::string& path, const std::string& pageAddress) {
+  constexpr std::array<std::string_view, 2> kTypes = {"application/rss+xml",
+                                                      "application/atom+xml"};
+  for (const std::string& link : AlternateLinks(path, pageAddress, kTypes)) {
+    if (IsWebAddress(link) && link != pageAddress) return EscapedAddress(link);
+  }
+  return "";
+}
+
+FeedCheckAnswer Examine(const IngestServices& services, const std::string& address,
+                        const TempFile& file, std::stop_token stop) {
+  FeedParser parser(services.TextCodePage());
+  const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
+  const FetchOutcome outcome = FetchFeedFile(address, file.Path(), services, limit.Token(), parser);
+  if (outcome.result == kChannelRefreshed) {
+    return {true, parser.GetChannelTitle(), parser.GetChannelLink()};
+  }
+  const bool mayBePage =
+      outcome.result == kDocumentRefused && parser.GetFormat() == FeedFormat::Unknown;
+  if (!mayBePage) return {};
+  return {.announcedFeed = AnnouncedFeed(file.Path(), outcome.address)};
+}
+
+// The same, with the file gone when it comes back.
+FeedCheckAnswer ExamineAndForget(const IngestServices& services, const std::string& address,
+                                 std::stop_token stop) {
+  constexpr std::chrono::milliseconds kWait{1000};
+  const TempFile file(CheckFilePath(services.workDir));
+  file.Remove();
+  services.clock.Pause(kWait, stop);
+  if (stop.stop_requested()) return {};
+  return Examine(services, address, file, std::move(stop));
+}
+
+}  // namespace
 
 int CheckFeed(const IngestServices& services, MessageTarget& dialog, const std::string& address,
               std::stop_token stop) {
-  constexpr std::chrono::milliseconds kWait{1000};
-  const std::string path = CheckFilePath(services.workDir);
-  TempFile(path).Remove();
-  services.clock.Pause(kWait, stop);
+  const FeedCheckAnswer answer = ExamineAndForget(services, address, stop);
   if (stop.stop_requested()) return 0;
-  FeedParser parser(services.TextCodePage());
-  const bool isFeed = FetchFeed(address, path, services, stop, parser).result == kChannelRefreshed;
-  if (stop.stop_requested()) return 0;
-  std::string title = parser.GetChannelTitle();
-  dialog.Send(kMessageFeedChecked, isFeed ? 1 : 0,
-              isFeed ? reinterpret_cast<std::intptr_t>(&title) : 0);
-  return isFeed ? 1 : 0;
+  dialog.Send(kMessageFeedDetails, 0, reinterpret_cast<std::intptr_t>(&answer));
+  dialog.Send(kMessageFeedChecked, answer.isFeed ? 1 : 0,
+              answer.isFeed ? reinterpret_cast<std::intptr_t>(&answer.title) : 0);
+  return answer.isFeed ? 1 : 0;
 }
 
 }  // namespace feedloom

@@ -40,11 +40,18 @@ void SweepTempFiles(const std::string& workDir) {
 FetchOutcome FetchFeed(const std::string& address, const std::string& path,
                        const IngestServices& services, std::stop_token stop, FeedParser& parser) {
   const TempFile file(path);
-  const TransferResult download = UrlDownloadToFile(services.TextCodePage().ToUtf8(address), path,
-                                                    ReadProxySettings(services.registry), stop);
-  if (!download.ok) return {kDownloadFailed, kParsed, download.error};
+  return FetchFeedFile(address, path, services, std::move(stop), parser);
+}
+
+FetchOutcome FetchFeedFile(const std::string& address, const std::string& path,
+                           const IngestServices& services, std::stop_token stop,
+                           FeedParser& parser) {
+  TransferResult download = UrlDownloadToFile(services.TextCodePage().ToUtf8(address), path,
+                                              ReadProxySettings(services.registry), stop);
+  if (!download.ok) return {kDownloadFailed, kParsed, std::move(download.error)};
   const int code = parser.Parse(path, stop);
-  return {code < 0 || !parser.IsFeed() ? kDocumentRefused : kChannelRefreshed, code, ""};
+  const bool isFeed = code >= 0 && parser.IsFeed();
+  return {isFeed ? kChannelRefreshed : kDocumentRefused, code, "", std::move(download.address)};
 }
 
 }  // namespace feedloom

@@ -19,9 +19,10 @@ std::string CheckFilePath(const std::string& workDir);
 void SweepTempFiles(const std::string& workDir);
 
 struct FetchOutcome {
-  ChannelResult result;  // kChannelRefreshed, kDownloadFailed or kDocumentRefused
-  int parseCode;         // of the parse; 0 where none was made
-  std::string error;     // of the download; English, empty where it succeeded
+  ChannelResult result;      // kChannelRefreshed, kDownloadFailed or kDocumentRefused
+  int parseCode;             // of the parse; 0 where none was made
+  std::string error;         // of the download; English, empty where it succeeded
+  std::string address = {};  // where redirects led; empty where the download failed
 };
 
 // Downloads `address`, a text in the module's code page that is sent as UTF-8, into `path`, reads
@@ -29,5 +30,10 @@ struct FetchOutcome {
 // ends within 100 ms of `stop`, as failed.
 FetchOutcome FetchFeed(const std::string& address, const std::string& path,
                        const IngestServices& services, std::stop_token stop, FeedParser& parser);
+
+// The same, and leaves the file to the caller, who can look at the document then.
+FetchOutcome FetchFeedFile(const std::string& address, const std::string& path,
+                           const IngestServices& services, std::stop_token stop,
+                           FeedParser& parser);
 
 }  // namespace feedloom

@@ -4,7 +4,8 @@ namespace feedloom {
 
 int FeedParser::Parse(const std::string& path, std::stop_token stop) {
   XmlDocument document;
-  const XmlDocument::LoadStatus status = document.Load(path);
+  const XmlDocument::LoadStatus status = document.Load(path, stop);
+  if (stop.stop_requested()) return kParseStopped;
   if (status == XmlDocument::LoadStatus::OutOfMemory) return kDocumentNotCreated;
   if (status == XmlDocument::LoadStatus::Unreadable) return kDocumentUnreadable;
   const XmlElement root = document.Root();

@@ -7,7 +7,7 @@ namespace feedloom {
 
 enum ParseCode : int {
   kParsed = 0,
-  kParseStopped = -1,         // the caller's stop was requested between two items
+  kParseStopped = -1,         // the caller's stop was requested meanwhile
   kDocumentNotCreated = -99,  // out of memory
   kDocumentUnreadable = -98,  // the file cannot be read, or is not well-formed
   kNoDocumentElement = -97,

@@ -9,7 +9,8 @@ enum Message : unsigned {
   kMessageChannelWorker = 0x506,  // wParam the channel id, lParam 0: a worker began or was stopped
   kMessageChannelInserted = 0x508,  // wParam the channel id, lParam 1
 
-  // The feed check to the dialog that asked for it.
+  // The feed check to the dialog that asked for it, in this order.
+  kMessageFeedDetails = 0x503,  // lParam a const FeedCheckAnswer*, valid during the send
   kMessageFeedChecked = 0x502,  // wParam 1 and lParam a std::string* (the title), or 0 and 0
 
   // The module to the host's window.

@@ -7,6 +7,7 @@
 #include <mutex>
 
 #include "platform/Text.h"
+#include "platform/UrlParts.h"
 
 namespace feedloom {
 namespace {
@@ -21,34 +22,17 @@ struct CleanUpEasy {
 struct CleanUpMulti {
   void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
 };
-struct CleanUpUrl {
-  void operator()(CURLU* url) const { curl_url_cleanup(url); }
-};
 
 void InitializeCurlOnce() {
   static std::once_flag once;
   std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
 }
 
-std::string UrlPart(const std::string& address, CURLUPart part) {
-  const std::unique_ptr<CURLU, CleanUpUrl> url(curl_url());
-  char* text = nullptr;
-  if (curl_url_set(url.get(), CURLUPART_URL, address.c_str(), CURLU_GUESS_SCHEME) != CURLUE_OK ||
-      curl_url_get(url.get(), part, &text, 0) != CURLUE_OK) {
-    return "";
-  }
-  std::string result = text;
-  curl_free(text);
-  return result;
-}
-
 // One transfer under way: what its callbacks need, and the handle.
 class Transfer {
  public:
   explicit Transfer(const TransferRequest& request)
-      : request_(request),
-        host_(UrlPart(request.address, CURLUPART_HOST)),
-        easy_(curl_easy_init()) {
+      : request_(request), host_(UrlHost(request.address)), easy_(curl_easy_init()) {
     SetTarget();
     SetLimits();
     SetProxy();
@@ -94,8 +78,7 @@ class Transfer {
 
   void SetProxy() {
     // An empty text, unlike none, keeps the library from asking the environment.
-    Set(CURLOPT_PROXY,
-        ProxyFor(request_.proxy, UrlPart(request_.address, CURLUPART_SCHEME)).c_str());
+    Set(CURLOPT_PROXY, ProxyFor(request_.proxy, UrlScheme(request_.address)).c_str());
     Set(CURLOPT_NOPROXY, DirectHosts(request_.proxy).c_str());
   }
 
@@ -140,6 +123,7 @@ class Transfer {
     curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &result.status);
     result.ok = code == CURLE_OK;
     if (result.ok) {
+      result.address = EffectiveAddress();
       Report(TransferEvent::Complete);
     } else if (code == CURLE_ABORTED_BY_CALLBACK) {
       result.error = "stopped";
@@ -149,6 +133,12 @@ class Transfer {
       result.error = *errorText_ != '\0' ? errorText_ : curl_easy_strerror(code);
     }
     return result;
+  }
+
+  std::string EffectiveAddress() const {
+    const char* address = nullptr;
+    curl_easy_getinfo(easy_.get(), CURLINFO_EFFECTIVE_URL, &address);
+    return address == nullptr ? "" : address;
   }
 
   void Report(TransferEvent event) const {

@@ -41,6 +41,9 @@ struct TransferResult {
   bool ok = false;
   long status = 0;    // the HTTP status of the last answer; 0 without one
   std::string error;  // English, ASCII; empty when ok
+  // Where the content came from: the address that was asked for, or the one that the last redirect
+  // led to. Empty unless ok.
+  std::string address = {};
 };
 
 // Runs the transfer on the calling thread and returns when it is over. It fails on a status of 400

@@ -1,16 +1,15 @@
 #include "platform/XmlDom.h"
 
 #include <fcntl.h>
-#include <libxml/encoding.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/tree.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <mutex>
 
 #include "platform/Text.h"
+#include "platform/XmlLibrary.h"
 
 namespace feedloom {
 namespace {
@@ -74,49 +73,33 @@ void DeclareEntity(void* context, const xmlChar* name, int type, const xmlChar* 
   }
 }
 
-void InitializeXmlOnce() {
-  static std::once_flag once;
-  std::call_once(once, [] {
-    xmlInitParser();
-    for (const char* alias : {"EUC-KR", "KS_C_5601-1987", "KSC5601"}) {
-      xmlAddEncodingAlias("CP949", alias);
-    }
-  });
-}
-
 struct FreeContext {
   void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
 };
 
-// The library would print to stderr, piece by piece, what the load's status says. The setting is
-// the thread's, which may be the host's: it is put back.
-class SilentXmlErrors {
+// A file that reads as damaged once the stop has come.
+class StoppableFile {
  public:
-  SilentXmlErrors() : context_(xmlStructuredErrorContext), report_(xmlStructuredError) {
-    xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {});
-  }
-  ~SilentXmlErrors() { xmlSetStructuredErrorFunc(context_, report_); }
-  SilentXmlErrors(const SilentXmlErrors&) = delete;
-  SilentXmlErrors& operator=(const SilentXmlErrors&) = delete;
-
- private:
-  void* const context_;
-  const xmlStructuredErrorFunc report_;
-};
-
-class FileDescriptor {
- public:
-  explicit FileDescriptor(const std::string& path)
-      : fd_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
-  ~FileDescriptor() {
+  StoppableFile(const std::string& path, std::stop_token stop)
+      : fd_(open(path.c_str(), O_RDONLY | O_CLOEXEC)), stop_(std::move(stop)) {}
+  ~StoppableFile() {
     if (fd_ >= 0) close(fd_);
   }
-  FileDescriptor(const FileDescriptor&) = delete;
-  FileDescriptor& operator=(const FileDescriptor&) = delete;
-  int Get() const { return fd_; }
+  StoppableFile(const StoppableFile&) = delete;
+  StoppableFile& operator=(const StoppableFile&) = delete;
+
+  bool IsOpen() const { return fd_ >= 0; }
+
+  // As the library asks for it; `self` is the object.
+  static int Read(void* self, char* buffer, int size) {
+    const auto* file = static_cast<const StoppableFile*>(self);
+    if (file->stop_.stop_requested()) return -1;
+    return static_cast<int>(read(file->fd_, buffer, static_cast<std::size_t>(size)));
+  }
 
  private:
   const int fd_;
+  const std::stop_token stop_;
 };
 
 }  // namespace
@@ -196,16 +179,17 @@ XmlDocument& XmlDocument::operator=(XmlDocument&&) noexcept = default;
 
 void XmlDocument::Free::operator()(_xmlDoc* document) const { xmlFreeDoc(document); }
 
-XmlDocument::LoadStatus XmlDocument::Load(const std::string& path) {
+XmlDocument::LoadStatus XmlDocument::Load(const std::string& path, std::stop_token stop) {
   InitializeXmlOnce();
   document_.reset();
   const SilentXmlErrors silence;
   const std::unique_ptr<xmlParserCtxt, FreeContext> context(xmlNewParserCtxt());
   if (!context) return LoadStatus::OutOfMemory;
-  const FileDescriptor file(path);
-  if (file.Get() < 0) return LoadStatus::Unreadable;
+  StoppableFile file(path, std::move(stop));
+  if (!file.IsOpen()) return LoadStatus::Unreadable;
   context->sax->entityDecl = DeclareEntity;
-  document_.reset(xmlCtxtReadFd(context.get(), file.Get(), nullptr, nullptr,
+  document_.reset(xmlCtxtReadIO(context.get(), StoppableFile::Read, nullptr, &file, nullptr,
+                                nullptr,
                                 XML_PARSE_NOENT | XML_PARSE_NOCDATA | XML_PARSE_COMPACT |
                                     XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
   return document_ ? LoadStatus::Loaded : LoadStatus::Unreadable;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -61,8 +62,9 @@ class XmlDocument {
   // Reads the whole file. A file that cannot be opened, is not well-formed, or exceeds the XML
   // library's limits on depth and entity growth is Unreadable. Entities and document types that lie
   // outside the file are never loaded (such an entity reads as nothing); a prefix without a
-  // declaration is no fault; a declared EUC-KR is read as CP949. Any thread may call it.
-  [[nodiscard]] LoadStatus Load(const std::string& path);
+  // declaration is no fault; a declared EUC-KR is read as CP949. A `stop` that comes before the end
+  // of the file makes it Unreadable. Any thread may call it.
+  [[nodiscard]] LoadStatus Load(const std::string& path, std::stop_token stop = {});
 
   // The document element; null before a successful load.
   XmlElement Root() const;

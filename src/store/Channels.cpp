@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "store/Connection.h"
+#include "store/Folders.h"
 #include "store/SqlText.h"
 
 namespace feedloom {
@@ -83,6 +84,12 @@ bool AddChannelRecord(Connection& connection, ChannelRecord& record) {
   record.order = *order;
   record.newlyInserted = true;
   return true;
+}
+
+bool AppendChannelRecord(Store& store, ChannelRecord& record) {
+  record.order = GetMaxOrder(store, false, record.folderId) + 1;
+  Connection connection(store);
+  return connection && AddChannelRecord(connection, record);
 }
 
 int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,

@@ -31,6 +31,9 @@ int GetChannelFolderId(Store& store, int channelId);
 // failure returns false and leaves the record unchanged.
 bool AddChannelRecord(Connection& connection, ChannelRecord& record);
 
+// The same with a connection of its own, as the last channel of the folder.
+bool AppendChannelRecord(Store& store, ChannelRecord& record);
+
 // The new channel's id, -1 after a failure. No look at what is there already.
 int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,
                   std::string_view htmlLink, int folderId, int order);

@@ -14,9 +14,11 @@ namespace feedloom {
 
 class IngestKit {
  public:
-  SharedServices Services() {
+  SharedServices Services() { return Services(db.Clock()); }
+  // With a clock of the test's own, which outlives them.
+  SharedServices Services(Clock& clock) {
     return std::make_shared<IngestServices>(
-        IngestServices{db.Shared(), Registry(folder.File("registry.reg")), db.Clock(), WorkDir()});
+        IngestServices{db.Shared(), Registry(folder.File("registry.reg")), clock, WorkDir()});
   }
   std::string WorkDir() const { return folder.Path(); }
   // The names of the files in the work folder.

@@ -2,31 +2,15 @@
 #include <fmt/core.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <thread>
-
 #include "ingest/IngestKit.h"
 #include "ingest/RefreshEngine.h"
+#include "ingest/ThreadCount.h"
 #include "kit/FeedDocuments.h"
 
 namespace feedloom {
 namespace {
 
 using namespace std::chrono_literals;
-
-std::ptrdiff_t ThreadCount() {
-  const std::filesystem::directory_iterator tasks("/proc/self/task");
-  return std::distance(begin(tasks), end(tasks));
-}
-
-// A joined thread leaves the system's list a moment after the join returns.
-bool ThreadCountComesTo(std::ptrdiff_t count) {
-  const auto deadline = std::chrono::steady_clock::now() + 5s;
-  while (ThreadCount() != count && std::chrono::steady_clock::now() < deadline) {
-    std::this_thread::yield();
-  }
-  return ThreadCount() == count;
-}
 
 class Refresh : public testing::Test {
  protected:

@@ -112,6 +112,7 @@ TEST_F(UrlTransferTest, FollowsTenRedirectsAndNoMore) {
     server_.Redirect("/hop" + std::to_string(hop), "/hop" + std::to_string(hop - 1));
   }
   EXPECT_EQ(Fetch(server_.Url("/hop10")), "there");
+  EXPECT_EQ(Download(server_.Url("/hop10")).address, server_.Url("/hop0"));
   EXPECT_FALSE(Download(server_.Url("/hop11")).ok);
 }
 

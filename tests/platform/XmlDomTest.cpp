@@ -185,5 +185,13 @@ TEST_F(XmlDomTest, WhatIsNoDocumentIsUnreadable) {
   EXPECT_EQ(document_.Load(folder_.Path()), LoadStatus::Unreadable);
 }
 
+TEST_F(XmlDomTest, AStoppedLoadReadsNoFurther) {
+  std::stop_source stop;
+  const std::string path = folder_.Write("document.xml", "<a/>");
+  EXPECT_EQ(document_.Load(path, stop.get_token()), LoadStatus::Loaded);
+  stop.request_stop();
+  EXPECT_EQ(document_.Load(path, stop.get_token()), LoadStatus::Unreadable);
+}
+
 }  // namespace
 }  // namespace feedloom

@@ -1,0 +1,48 @@
+#include "platform/UrlParts.h"
+
+#include <curl/curl.h>
+
+#include <memory>
+
+namespace feedloom {
+namespace {
+
+struct CleanUpUrl {
+  void operator()(CURLU* url) const { curl_url_cleanup(url); }
+};
+using UrlHandle = std::unique_ptr<CURLU, CleanUpUrl>;
+
+std::string Part(const UrlHandle& url, CURLUPart part) {
+  char* text = nullptr;
+  if (curl_url_get(url.get(), part, &text, 0) != CURLUE_OK) return "";
+  std::string result = text;
+  curl_free(text);
+  return result;
+}
+
+std::string PartOf(const std::string& address, CURLUPart part) {
+  const UrlHandle url(curl_url());
+  if (curl_url_set(url.get(), CURLUPART_URL, address.c_str(), CURLU_GUESS_SCHEME) != CURLUE_OK) {
+    return "";
+  }
+  return Part(url, part);
+}
+
+}  // namespace
+
+std::string UrlScheme(const std::string& address) { return PartOf(address, CURLUPART_SCHEME); }
+
+std::string UrlHost(const std::string& address) { return PartOf(address, CURLUPART_HOST); }
+
+std::string ResolveUrl(const std::string& base, const std::string& reference) {
+  if (reference.empty() || reference.front() == '#') return "";
+  const UrlHandle url(curl_url());
+  curl_url_set(url.get(), CURLUPART_URL, base.c_str(), CURLU_URLENCODE);
+  // Set on a handle that holds an address already, a relative one is resolved against it.
+  if (curl_url_set(url.get(), CURLUPART_URL, reference.c_str(), CURLU_URLENCODE) != CURLUE_OK) {
+    return "";
+  }
+  return Part(url, CURLUPART_URL);
+}
+
+}  // namespace feedloom

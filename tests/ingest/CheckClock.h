@@ -1,0 +1,35 @@
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+
+#include "ingest/RefreshRun.h"
+#include "kit/ManualClock.h"
+
+namespace feedloom {
+
+// A manual clock on which a check's time limit lasts until the test lets it run out.
+class CheckClock : public ManualClock {
+ public:
+  void Pause(std::chrono::milliseconds duration, std::stop_token stop = {}) override {
+    if (duration < RefreshLimits().timeLimit) {
+      ManualClock::Pause(duration, stop);
+      return;
+    }
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, stop, [this] { return ranOut_; });
+  }
+
+  void RunOut() {
+    const std::lock_guard lock(mutex_);
+    ranOut_ = true;
+    changed_.notify_all();
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable_any changed_;
+  bool ranOut_ = false;
+};
+
+}  // namespace feedloom
