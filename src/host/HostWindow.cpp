@@ -73,6 +73,8 @@ void HostWindow::MakeMenu() {
                   [this] { SendToFrame(kMessageRefreshAll); });
   file->addAction(HostText(kHostTextMenuShowMessage), this,
                   [this] { SendToFrame(kMessageShowTextAgain); });
+  file->addAction(HostText(kHostTextMenuSettings), this,
+                  [this] { SendToFrame(kMessageOpenPanel); });
   file->addSeparator();
   file->addAction(HostText(kHostTextMenuQuit), QKeySequence(Qt::CTRL | Qt::Key_Q), this,
                   &QWidget::close);

@@ -11,6 +11,7 @@ enum class SkinValueKind {
   ImageWithoutF,  // the same, named without its last letter "f"
   Button,         // an image file with one for each state beside it (vxctrl/ButtonImages.h)
   Number,
+  Rect,  // "left,top,right,bottom" in pixels
   Font,  // "family,size in pixels"
 };
 

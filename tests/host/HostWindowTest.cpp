@@ -107,7 +107,9 @@ TEST_F(HostWindowTest, TheMenuCommandsTheModule) {
   const QSignalSpy closing(window_.get(), &HostWindow::Closing);
   Choose("모두 새로 고침(&R)");
   Choose("마지막 메시지 보기(&M)");
-  EXPECT_EQ(frame_->messages, (std::vector<unsigned>{kMessageRefreshAll, kMessageShowTextAgain}));
+  Choose("환경 설정(&S)");
+  EXPECT_EQ(frame_->messages,
+            (std::vector<unsigned>{kMessageRefreshAll, kMessageShowTextAgain, kMessageOpenPanel}));
   EXPECT_EQ(closing.count(), 0);
   Choose("끝내기(&Q)");
   EXPECT_EQ(closing.count(), 1);

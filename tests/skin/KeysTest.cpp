@@ -55,6 +55,8 @@ bool IsNumber(std::string_view value) {
   return !value.empty() && std::ranges::all_of(value, [](char c) { return c >= '0' && c <= '9'; });
 }
 
+bool IsArea(const SkinRect& rect) { return rect.left < rect.right && rect.top < rect.bottom; }
+
 bool IsFont(const std::string& value) {
   const auto comma = value.find(',');
   return comma != std::string::npos && comma > 0 && IsNumber(Trim(value.substr(comma + 1)));
@@ -66,6 +68,8 @@ bool IsSound(const Skin& skin, const SkinKey& entry) {
   switch (entry.kind) {
     case SkinValueKind::Number:
       return IsNumber(value) && ParseInt(value) > 0;
+    case SkinValueKind::Rect:
+      return IsArea(ParseSkinRect(value));
     case SkinValueKind::Font:
       return IsFont(value);
     case SkinValueKind::ImageWithoutF:
