@@ -1,13 +1,14 @@
 #include "shell/CRSS_MainFrame.h"
 
 #include <QCoreApplication>
-#include <QDesktopServices>
 #include <QShortcut>
 #include <algorithm>
 #include <unordered_map>
 #include <utility>
 
+#include "ingest/FeedChecker.h"
 #include "shell/Feedloom.h"
+#include "shell/FrameActions.h"
 #include "shell/FrameRefresh.h"
 #include "shell/FrameTexts.h"
 #include "shell/SettingsStore.h"
@@ -16,8 +17,10 @@
 #include "store/Counts.h"
 #include "store/Posts.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
-#include "ui/dialogs/Dialogs.h"
 #include "ui/list/CRSS_RightTopContainer.h"
+#include "ui/notice/CRSS_AnnounceDlg.h"
+#include "ui/notice/NoticeMotion.h"
+#include "ui/panel/ControlPanel.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 #include "vxctrl/QtText.h"
 
@@ -45,7 +48,7 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWid
           [this, thread = interfaceThread_](std::string_view text) {
             thread->Run([this, copy = std::string(text)] { ReportMessage(copy); });
           })),
-      actions_(MakeActions()) {
+      actions_(MakeFrameActions(*this)) {
   BuildPanes();
   SetUpKeys();
   BeginLife();
@@ -62,25 +65,13 @@ CRSS_MainFrame::~CRSS_MainFrame() {
 
 void CRSS_MainFrame::StopRefresh() {
   interfaceThread_->Close();
+  feedChecker_.reset();
   refresh_.reset();
 }
 
 void CRSS_MainFrame::EndRefresh() {
   StopRefresh();
   if (hostShowsBusy_) OnRefreshMessage(kMessageRefreshEnded);
-}
-
-// What the panes' commands can do so far; the others are grey.
-Actions CRSS_MainFrame::MakeActions() {
-  Actions actions;
-  actions.askSearchWord = [this] { return AskSearchWord(*this, this); };
-  actions.chooseCabinet = [this] { return ChooseCabinet(*this, this); };
-  actions.askDownloadPlace = [this](const QString& name) {
-    return AskDownloadPlace(*this, this, name);
-  };
-  actions.choosePrinter = [this](QPrinter& printer) { return ChoosePrinter(printer, this); };
-  actions.openOutside = QDesktopServices::openUrl;
-  return actions;
 }
 
 void CRSS_MainFrame::BuildPanes() {
@@ -111,13 +102,15 @@ void CRSS_MainFrame::SetUpKeys() {
 
 void CRSS_MainFrame::BeginLife() {
   settings_ = LoadFrameSettings(registry_);
-  rightBottom_->SetMode(settings_.previewMode == 0 ? 1 : 0);
+  SetPreviewMode();
   state_.unreadTotal = state_.announcedTotal = CountUnreadPosts(*store_);
   if (settings_.feedDeleteMode == 0 && settings_.feedDeleteDate > 0) {
     DeleteOldPosts(*store_, settings_.feedDeleteDate);
   }
   const auto services = std::make_shared<IngestServices>(
       IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir()});
+  feedChecker_ = std::make_unique<FeedChecker>(
+      services, [thread = interfaceThread_](auto work) { thread->Run(std::move(work)); });
   refresh_ = std::make_unique<FrameRefresh>(
       interfaceThread_, services,
       [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
@@ -154,6 +147,9 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       break;
     case kMessageShowTextAgain:
       SendText();
+      break;
+    case kMessageOpenPanel:
+      left_->OpenSettings();
       break;
     case kMessageRefreshAll:
       left_->RefreshAll();
@@ -227,6 +223,47 @@ void CRSS_MainFrame::SetRefreshBusy(bool busy) {
   }
 }
 
+// The control panel and the announcement of new posts.
+
+void CRSS_MainFrame::OpenControlPanel() {
+  if (std::exchange(isPanelOpen_, true)) return;
+  const QPointer self(this);
+  const SettingsAccess access{
+      .load = [this] { return LoadPanelSettings(registry_); },
+      .save = [this](const Settings& settings) { SavePanelSettings(registry_, settings); }};
+  const auto settings = EditSettings(*this, this, access);
+  if (!self) return;
+  isPanelOpen_ = false;
+  if (settings) ApplyPanelSettings(*settings);
+}
+
+void CRSS_MainFrame::ApplyPanelSettings(const Settings& settings) {
+  state_.liveSettings = settings_ = WithModesAsFlags(settings);
+  SetPreviewMode();
+  rightBottom_->Redraw();
+  left_->RestartUpdateTimer();
+  left_->RestartNotificationTimer();
+}
+
+void CRSS_MainFrame::SetPreviewMode() { rightBottom_->SetMode(settings_.previewMode == 0 ? 1 : 0); }
+
+void CRSS_MainFrame::NotifyOfNewPosts() {
+  if (NewPostCount(state_.unreadTotal, state_.announcedTotal) > 0) ShowNewPostNotification();
+}
+
+void CRSS_MainFrame::ShowNewPostNotification() {
+  if (announcement_) announcement_->close();
+  announcement_ = new CRSS_AnnounceDlg(skin_, this);
+  connect(announcement_, &CRSS_AnnounceDlg::Clicked, this, [this] {
+    window()->raise();
+    window()->activateWindow();
+    left_->ListToday();
+  });
+  const int count = NewPostCount(state_.unreadTotal, state_.announcedTotal);
+  state_.announcedTotal = state_.unreadTotal;
+  announcement_->Announce(count, NoticeAlphaValue(settings_.newFeedMsgTransparency));
+}
+
 // What the panes ask for.
 
 void CRSS_MainFrame::ReportMessage(std::string_view text) {
@@ -254,6 +291,25 @@ void CRSS_MainFrame::QueueRefresh(std::vector<RefreshEntry> entries) {
 
 void CRSS_MainFrame::StartRefresh() {
   if (refresh_) refresh_->Engine().StartRefresh();
+}
+
+void CRSS_MainFrame::CheckFeed(const std::string& address,
+                               std::function<void(const FeedCheckAnswer&)> onAnswer) {
+  if (feedChecker_) feedChecker_->Start(address, std::move(onAnswer));
+}
+
+void CRSS_MainFrame::StopFeedCheck() {
+  if (feedChecker_) feedChecker_->Stop();
+}
+
+void CRSS_MainFrame::FolderWasAdded(const FolderRow& folder) { left_->AppendFolder(folder); }
+
+void CRSS_MainFrame::CabinetWasAdded(const CabinetRow& cabinet) { left_->AppendCabinet(cabinet); }
+
+void CRSS_MainFrame::ChannelWasAdded(const ChannelRow& channel) { left_->AppendChannel(channel); }
+
+void CRSS_MainFrame::ChannelWasMoved(int channelId, int folderId) {
+  left_->MoveChannel(channelId, folderId);
 }
 
 void CRSS_MainFrame::ListPosts(ListMode mode, PostList list, FirstShown shown) {

@@ -2,6 +2,7 @@
 // takes the messages of the host and of the refresh.
 #pragma once
 
+#include <QPointer>
 #include <QSplitter>
 #include <memory>
 #include <string>
@@ -14,9 +15,11 @@
 
 namespace feedloom {
 
+class CRSS_AnnounceDlg;
 class CRSS_LeftContainer;
 class CRSS_RightBottomContainer;
 class CRSS_RightTopContainer;
+class FeedChecker;
 class FrameRefresh;
 class InterfaceThread;
 
@@ -38,6 +41,16 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   // Handles one message; 0 for every one.
   std::intptr_t OnMessage(unsigned number, std::intptr_t wParam, std::intptr_t lParam);
 
+  // The dialog with the settings; what the user confirms is stored and applied. One at a time.
+  void OpenControlPanel();
+  // Makes these the module's live settings: timers, and how the browser shows posts.
+  void ApplyPanelSettings(const Settings& settings);
+
+  // Tells the user in a window of its own how many posts have come since the last time; in the
+  // place of one that is still there. NotifyOfNewPosts: only when there are some.
+  void ShowNewPostNotification();
+  void NotifyOfNewPosts();
+
   Store& TheStore() override { return *store_; }
   const Skin& TheSkin() const override { return skin_; }
   SharedState& State() override { return state_; }
@@ -47,6 +60,13 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   bool IsAnyChannelQueued(std::span<const int> channelIds) const override;
   void QueueRefresh(std::vector<RefreshEntry> entries) override;
   void StartRefresh() override;
+  void CheckFeed(const std::string& address,
+                 std::function<void(const FeedCheckAnswer&)> onAnswer) override;
+  void StopFeedCheck() override;
+  void FolderWasAdded(const FolderRow& folder) override;
+  void CabinetWasAdded(const CabinetRow& cabinet) override;
+  void ChannelWasAdded(const ChannelRow& channel) override;
+  void ChannelWasMoved(int channelId, int folderId) override;
   void ListPosts(ListMode mode, PostList list, FirstShown shown) override;
   void RelistPosts(PostList list) override;
   void FocusSearch() override;
@@ -69,10 +89,10 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   bool event(QEvent* event) override;
 
  private:
-  Actions MakeActions();
   void BuildPanes();
   void SetUpKeys();
   void BeginLife();
+  void SetPreviewMode();
   void StopRefresh();
   void SendText();
   void OnChannelResult(int result, int channelId);
@@ -87,11 +107,14 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   const Registry registry_;
   const Skin skin_;
   const std::shared_ptr<Store> store_;
-  Settings settings_;  // as they were stored when the frame was made
+  Settings settings_;  // as they were stored when the frame was made, or confirmed since
   SharedState state_;
   const Actions actions_;
-  std::string messageText_;                // the last text handed to the host
-  std::unique_ptr<FrameRefresh> refresh_;  // null once it was stopped
+  std::string messageText_;                   // the last text handed to the host
+  std::unique_ptr<FrameRefresh> refresh_;     // null once it was stopped
+  std::unique_ptr<FeedChecker> feedChecker_;  // likewise
+  QPointer<CRSS_AnnounceDlg> announcement_;
+  bool isPanelOpen_ = false;
   bool hostShowsBusy_ = false;  // it was told that a refresh has begun, and not of its end
   std::unordered_set<int> channelsAtWork_;  // a worker has them, and has not reported yet
 

@@ -53,13 +53,16 @@ void SaveText(const Registry& registry, const Settings& settings, const Field& f
 
 }  // namespace
 
-Settings LoadFrameSettings(const Registry& registry) {
-  Settings settings = Load(registry, kFrameOrder);
+Settings WithModesAsFlags(Settings settings) {
   for (int Settings::*mode :
        {&Settings::previewMode, &Settings::newFeedMode, &Settings::feedDeleteMode}) {
     settings.*mode = settings.*mode != 0 ? 1 : 0;
   }
   return settings;
+}
+
+Settings LoadFrameSettings(const Registry& registry) {
+  return WithModesAsFlags(Load(registry, kFrameOrder));
 }
 
 Settings LoadPanelSettings(const Registry& registry) { return Load(registry, kPanelOrder); }
@@ -73,11 +76,6 @@ void SavePanelSettings(const Registry& registry, const Settings& settings) {
     SaveNumber(registry, settings, field);
     SaveText(registry, settings, field);
   }
-}
-
-const char* ValidatePanelSettings(const Settings& settings) {
-  const bool isSound = settings.feedDeleteMode != 0 || settings.feedDeleteDate >= 1;
-  return isSound ? nullptr : kTextDeleteDateError;
 }
 
 }  // namespace feedloom

@@ -8,14 +8,13 @@
 
 namespace feedloom {
 
+// The modes as 0 or 1, as the running module has them.
+Settings WithModesAsFlags(Settings settings);
+
 // A value that is missing or no number is 0. Three readers and writers, three orders: programs that
 // watch the registry see the values in the order that each of them always had.
 Settings LoadFrameSettings(const Registry& registry);
 Settings LoadPanelSettings(const Registry& registry);
 void SavePanelSettings(const Registry& registry, const Settings& settings);
-
-// The key of the text that says what is wrong with `settings`, null when nothing is: automatic
-// deletion needs an age to delete at.
-const char* ValidatePanelSettings(const Settings& settings);
 
 }  // namespace feedloom

@@ -2,7 +2,9 @@
 // pane. All of it belongs to the interface thread.
 #pragma once
 
+#include <functional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +18,8 @@
 #include "vxctrl/CMsgBox.h"
 
 namespace feedloom {
+
+struct FeedCheckAnswer;
 
 // The post of a list that is shown first.
 enum class FirstShown { First, FirstUnread, LastUnread };
@@ -42,6 +46,19 @@ class Frame {
   virtual void QueueRefresh(std::vector<RefreshEntry> entries) = 0;
   // Works off the queue; does nothing when it is empty.
   virtual void StartRefresh() = 0;
+
+  // Finds out on another thread whether the address yields a feed; `onAnswer` is called later, on
+  // the interface thread. The next check and StopFeedCheck end the one before: its answer is
+  // dropped.
+  virtual void CheckFeed(const std::string& address,
+                         std::function<void(const FeedCheckAnswer&)> onAnswer) = 0;
+  virtual void StopFeedCheck() = 0;
+
+  // From the dialogs to the tree: what they have put into the store gets its row at once.
+  virtual void FolderWasAdded(const FolderRow& folder) = 0;
+  virtual void CabinetWasAdded(const CabinetRow& cabinet) = 0;
+  virtual void ChannelWasAdded(const ChannelRow& channel) = 0;
+  virtual void ChannelWasMoved(int channelId, int folderId) = 0;
 
   // To the list: fills it, in this mode, and shows the post to be shown first, or the main page
   // when there is none.

@@ -75,14 +75,14 @@ QSize CButtonEx::minimumSizeHint() const { return sizeHint(); }
 
 ButtonState CButtonEx::State() const {
   if (!isEnabled()) return kButtonDisabled;
-  if (isDown()) return kButtonPressed;
+  if (LooksPressed()) return kButtonPressed;
   return underMouse() ? kButtonHover : kButtonNormal;
 }
 
 void CButtonEx::DrawDesktopButton(QPainter& painter) const {
   QStyleOptionButton option;
   option.initFrom(this);
-  option.state |= isDown() ? QStyle::State_Sunken : QStyle::State_Raised;
+  option.state |= LooksPressed() ? QStyle::State_Sunken : QStyle::State_Raised;
   style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
 }
 
@@ -108,7 +108,7 @@ void CButtonEx::paintEvent(QPaintEvent* /*event*/) {
 
 void CButtonEx::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (!isEnter) return QAbstractButton::keyPressEvent(event);
+  if (!isEnter || isCheckable()) return QAbstractButton::keyPressEvent(event);
   // An Enter that has been held since before the button appeared was meant for something else.
   if (!event->isAutoRepeat()) click();
 }

@@ -14,6 +14,7 @@ class Skin;
 // A button that is an image: one file for each state (ButtonImages.h), and optionally a text over
 // it. A file that is missing is named by a warning, one for a button, and the normal image stands
 // in; without that the button looks as the desktop's buttons do. Space, Enter and a click press it.
+// A checkable one shows the pressed image while it is checked, and leaves Enter to its window.
 class CButtonEx : public QAbstractButton {
   Q_OBJECT
 
@@ -32,6 +33,7 @@ class CButtonEx : public QAbstractButton {
  private:
   void LoadImages(const std::string& imagePath);
   void WarnOfMissingFile(const QString& path);
+  bool LooksPressed() const { return isDown() || isChecked(); }
   ButtonState State() const;
   void DrawDesktopButton(QPainter& painter) const;
   void DrawLabel(QPainter& painter) const;

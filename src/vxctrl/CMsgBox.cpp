@@ -46,12 +46,13 @@ constexpr int kMargin = 20;
 constexpr int kButtonGap = 8;
 constexpr QSize kSmallestText(220, 32);
 constexpr int kWidestText = 420;
+constexpr int kTextSlack = 4;  // lines are broken by fractions of a pixel, and measured without
 
 // The size of the area that shows `label`: what the text needs when it is wrapped at kWidestText,
 // and at most two thirds of the screen.
 QSize TextAreaSize(const QLabel& label, const QSize& screen) {
   const QSize limit = screen * 2 / 3;
-  const int oneLine = label.fontMetrics().size(0, label.text()).width();
+  const int oneLine = label.fontMetrics().size(0, label.text()).width() + kTextSlack;
   const int width = std::min(std::clamp(oneLine, kSmallestText.width(), kWidestText),
                              std::max(limit.width(), kSmallestText.width()));
   const int height = std::max(label.heightForWidth(width), kSmallestText.height());

@@ -1,22 +1,20 @@
 // The skinned dialogs' base, and the way to show one.
 #pragma once
 
+#include <QColor>
 #include <QDialog>
+#include <QPixmap>
 #include <functional>
-
-class QFormLayout;
-class QVBoxLayout;
 
 namespace feedloom {
 
 class CButtonEx;
-class CVxComboBox;
-class CVxEdit;
 class Skin;
 
-// A column of labelled fields above a row of image buttons. A derived dialog's constructor adds
-// them in reading order, the buttons last: the Tab key follows that order, and the first field has
-// the keyboard. Enter presses OK, Escape cancels. The size follows the contents.
+// How transparent a window is: 0 opaque, kInvisible not to be seen.
+inline constexpr int kInvisible = 250;
+
+// A window with the host's font and caption. Enter presses its confirming button, Escape cancels.
 //
 // OK calls accept(). A dialog that checks its fields overrides it, shows its message and returns,
 // and stays open so; the dialog may have gone when the message has been read. Keys of texts are
@@ -24,28 +22,35 @@ class Skin;
 class CVxDialog : public QDialog {
   Q_OBJECT
 
+ public:
+  // From 0 to kInvisible. Where the desktop does not mix windows, every one is opaque.
+  void SetAlphaValue(int level);
+  // The ground, in its own size at the upper left corner. A null image leaves the window as it is.
+  void SetBackground(const QPixmap& image);
+  // Where the ground has this colour the window ends.
+  void SetColorKey(const QColor& color);
+
  protected:
   // The host's caption when `titleKey` is null. `skin` outlives the constructor of the derived
   // dialog.
-  CVxDialog(const Skin& skin, const char* titleKey, QWidget* parent);
+  CVxDialog(const Skin& skin, const char* titleKey, QWidget* parent, Qt::WindowFlags flags = {});
 
-  // A row with any field, which becomes a child.
-  void AddRow(const char* labelKey, QWidget* field);
-  CVxEdit* AddEdit(const char* labelKey);
-  CVxComboBox* AddComboBox(const char* labelKey);
+  // A button with an image and a text; the key names the image in this section of the skin.
+  CButtonEx* MakeButton(const char* section, const char* imageKey, const char* textKey);
+  // What Enter presses.
+  void SetConfirmButton(CButtonEx* button) { confirm_ = button; }
 
-  // OK, and Cancel unless `cancelKey` is null; the keys name images in this section of the skin.
-  void AddButtons(const char* section, const char* confirmKey, const char* cancelKey);
+  const Skin& TheSkin() const { return skin_; }
 
   void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
-  QString Text(const char* key) const;
-  CButtonEx* MakeButton(const char* section, const char* imageKey, const char* textKey);
+  void CutOut();
 
   const Skin& skin_;
-  QVBoxLayout* const column_;
-  QFormLayout* const rows_;
+  QPixmap background_;
+  QColor colorKey_;  // invalid: none
   CButtonEx* confirm_ = nullptr;
 };
 

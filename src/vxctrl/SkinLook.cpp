@@ -9,7 +9,6 @@ namespace feedloom {
 namespace {
 
 constexpr QColor kFocusColor(0x2F, 0x7F, 0xB8);
-constexpr double kDisabledOpacity = 0.5;
 
 }  // namespace
 

@@ -23,6 +23,23 @@ QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key) {
   return QPixmap(QFile::decodeName(skin.GetImagePath(section, key).c_str()));
 }
 
+StateImages LoadStateImages(const Skin& skin, const char* section, const char* key) {
+  StateImages images;
+  if (skin.GetSkinValue(section, key).empty()) return images;
+  const auto paths = ButtonImagePaths(skin.GetImagePath(section, key));
+  for (std::size_t state = 0; state < paths.size(); ++state) {
+    images[state] = QPixmap(QFile::decodeName(paths[state].c_str()));
+    if (images[state].isNull()) images[state] = images[kButtonNormal];
+  }
+  return images;
+}
+
+QRect LoadSkinPlace(const Skin& skin, const char* section, const char* key) {
+  SkinRect corners;
+  skin.GetSkinRect(corners, section, key);
+  return {corners.left, corners.top, corners.right - corners.left, corners.bottom - corners.top};
+}
+
 QSize SizeOf(const QPixmap& piece) { return piece.deviceIndependentSize().toSize(); }
 
 QSize LoadSkinSize(const Skin& skin, const char* section, const char* widthKey,

@@ -1,7 +1,10 @@
-// Skin images, and strips that are put together from three of them.
+// Skin images and places, and strips that are put together from three images.
 #pragma once
 
 #include <QPixmap>
+#include <array>
+
+#include "vxctrl/ButtonImages.h"
 
 class QPainter;
 class QRect;
@@ -12,6 +15,13 @@ class Skin;
 
 // The image that the host names under this key; a null pixmap when there is none.
 QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key);
+
+// By ButtonState. For a state without a file the normal image stands in; all are null without that.
+using StateImages = std::array<QPixmap, kButtonStateCount>;
+StateImages LoadStateImages(const Skin& skin, const char* section, const char* key);
+
+// The rectangle under this key, as the host writes it down: an empty one when there is none.
+QRect LoadSkinPlace(const Skin& skin, const char* section, const char* key);
 
 // The piece's size on the screen.
 QSize SizeOf(const QPixmap& piece);

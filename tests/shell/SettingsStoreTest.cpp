@@ -75,12 +75,5 @@ TEST_F(SettingsStore, ARegistryThatCannotBeReadGivesDefaultsAndIsLeftAlone) {
   EXPECT_EQ(folder_.Read("registry.reg"), "damaged");
 }
 
-TEST(Settings, AutomaticDeletionNeedsAnAge) {
-  EXPECT_STREQ(ValidatePanelSettings({.feedDeleteMode = 0, .feedDeleteDate = 0}),
-               "RSS_MSG_CONFIG_DELETEDATE_ERROR");
-  EXPECT_EQ(ValidatePanelSettings({.feedDeleteMode = 0, .feedDeleteDate = 1}), nullptr);
-  EXPECT_EQ(ValidatePanelSettings({.feedDeleteMode = 1, .feedDeleteDate = 0}), nullptr);
-}
-
 }  // namespace
 }  // namespace feedloom

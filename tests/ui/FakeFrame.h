@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "ingest/FeedCheckAnswer.h"
 #include "kit/ShippedSkin.h"
 #include "store/StoreKit.h"
 #include "ui/Frame.h"
@@ -35,6 +36,18 @@ class FakeFrame : public Frame {
     for (RefreshEntry& entry : entries) queue.Append(std::move(entry));
   }
   void StartRefresh() override { ++refreshes; }
+  void CheckFeed(const std::string& address,
+                 std::function<void(const FeedCheckAnswer&)> onAnswer) override {
+    checkedAddresses.push_back(address);
+    answerCheck = std::move(onAnswer);
+  }
+  void StopFeedCheck() override { answerCheck = nullptr; }
+  void FolderWasAdded(const FolderRow& folder) override { addedFolders.push_back(folder); }
+  void CabinetWasAdded(const CabinetRow& cabinet) override { addedCabinets.push_back(cabinet); }
+  void ChannelWasAdded(const ChannelRow& channel) override { addedChannels.push_back(channel); }
+  void ChannelWasMoved(int channelId, int folderId) override {
+    moves.emplace_back(channelId, folderId);
+  }
   void ListPosts(ListMode mode, PostList list, FirstShown firstShown) override {
     state.listMode = mode;
     state.listShowsSelection = mode == ListMode::Selection && !list.wereSearched;
@@ -76,6 +89,12 @@ class FakeFrame : public Frame {
   std::vector<MsgBoxKind> kinds;       // of the questions
   RefreshQueue queue;
   int refreshes = 0;
+  std::vector<std::string> checkedAddresses;
+  std::function<void(const FeedCheckAnswer&)> answerCheck;  // of the check that runs
+  std::vector<FolderRow> addedFolders;
+  std::vector<CabinetRow> addedCabinets;
+  std::vector<ChannelRow> addedChannels;
+  std::vector<std::pair<int, int>> moves;  // channel and folder
   std::vector<PostList> lists;
   std::vector<FirstShown> firstShowns;
   std::vector<PostList> relists;

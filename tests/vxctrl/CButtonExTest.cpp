@@ -112,6 +112,18 @@ TEST_F(CButtonExTest, KeysAndClicksPressIt) {
   EXPECT_EQ(clicks.count(), 4);
 }
 
+TEST_F(CButtonExTest, ACheckedButtonStaysPressedAndLeavesEnterToItsWindow) {
+  CButtonEx& button = Show();
+  button.setCheckable(true);
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(Background(button), kColors[kButtonPressed]);
+  EXPECT_TRUE(QAccessible::queryAccessibleInterface(&button)->state().checked);
+  QTest::keyClick(&button, Qt::Key_Return);
+  EXPECT_TRUE(button.isChecked());
+  QTest::keyClick(&button, Qt::Key_Space);
+  EXPECT_EQ(Background(button), kColors[kButtonNormal]);
+}
+
 TEST_F(CButtonExTest, AScreenReaderFindsAButton) {
   CButtonEx& button = Show(QStringLiteral("예"));
   QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(&button);

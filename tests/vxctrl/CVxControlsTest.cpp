@@ -4,27 +4,22 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QImage>
 #include <QTest>
 #include <utility>
 
-#include "kit/TempFolder.h"
-#include "skin/Keys.h"
-#include "skin/Skin.h"
 #include "vxctrl/CVxComboBox.h"
 #include "vxctrl/CVxEdit.h"
-#include "vxctrl/PrintColor.h"
+#include "vxctrl/StateImageSkin.h"
 
 namespace feedloom {
 namespace {
 
 constexpr int kPieceHeight = 30;
 
-// A skin whose pieces are plain: the outer ones red, the middle ones in a colour for each control.
-class PlainSkin {
+// The outer pieces are red, the middle ones in a colour for each control.
+class PlainSkin : public StateImageSkin {
  public:
   PlainSkin() {
-    EXPECT_TRUE(registry_.WriteString(kHostKey, kValueImageDir, folder_.Path()));
     for (const auto& [key, color] : {std::pair(kImageEditLeft, Qt::red),
                                      {kImageEditMiddle, Qt::white},
                                      {kImageEditRight, Qt::red},
@@ -34,21 +29,9 @@ class PlainSkin {
                                      {kImagePopUpComboLeft, Qt::red},
                                      {kImagePopUpComboMiddle, Qt::cyan},
                                      {kImagePopUpComboRight, Qt::red}}) {
-      QImage piece(6, kPieceHeight, QImage::Format_RGB32);
-      piece.fill(color);
-      EXPECT_TRUE(piece.save(QString::fromStdString(folder_.File(std::string(key) + ".png"))));
+      AddImage(key, {6, kPieceHeight}, color);
     }
   }
-
-  const Skin& Get() const { return skin_; }
-
- private:
-  const TempFolder folder_;
-  const Registry registry_{folder_.File("registry.reg")};
-  const Skin skin_{
-      {.HostGetText = {},
-       .HostGetSkinValue = [](const char*, const char* key) { return std::string(key) + ".png"; }},
-      HostConfig(registry_)};
 };
 
 class CVxControls : public testing::Test {

@@ -11,17 +11,17 @@
 #include "skin/Keys.h"
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/CVxComboBox.h"
-#include "vxctrl/CVxDialog.h"
 #include "vxctrl/CVxEdit.h"
+#include "vxctrl/CVxFormDialog.h"
 
 namespace feedloom {
 namespace {
 
 // Asks for a name, which must not be empty, and a cabinet.
-class NameDialog : public CVxDialog {
+class NameDialog : public CVxFormDialog {
  public:
   NameDialog(const Skin& skin, const char* titleKey, QWidget* parent)
-      : CVxDialog(skin, titleKey, parent),
+      : CVxFormDialog(skin, titleKey, parent),
         name(*AddEdit(kTextSearchDialogLabel)),
         cabinet(*AddComboBox(kTextScrapDialogLabel)) {
     cabinet.addItems({"One", "Two"});
@@ -30,7 +30,7 @@ class NameDialog : public CVxDialog {
 
   void accept() override {
     if (name.text().isEmpty()) return refuse();
-    CVxDialog::accept();
+    CVxFormDialog::accept();
   }
 
   CVxEdit& name;

@@ -70,7 +70,7 @@ CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* pare
 CRSS_RightBottomContainer::~CRSS_RightBottomContainer() = default;
 
 void CRSS_RightBottomContainer::ConnectView() {
-  connect(view_, &CRSS_HtmlView::PageShown, this, &CRSS_RightBottomContainer::PageShown);
+  connect(view_, &CRSS_HtmlView::PageShown, this, &CRSS_RightBottomContainer::NotePageShown);
   connect(view_, &CRSS_HtmlView::Changed, this, &CRSS_RightBottomContainer::UpdateToolBar);
   connect(view_, &CRSS_HtmlView::Completed, this, &CRSS_RightBottomContainer::ForgetFeeds);
   connect(view_, &CRSS_HtmlView::FeedsFound, this, &CRSS_RightBottomContainer::KeepFeeds);
@@ -129,12 +129,32 @@ void CRSS_RightBottomContainer::SetUpKeys() {
 
 // What the pane shows.
 
+void CRSS_RightBottomContainer::NotePageShown() {
+  if (shownPost_ && !shownPost_->isDrawn) {
+    shownPost_->address = view_->OutsideAddress();
+    shownPost_->isDrawn = true;
+  }
+  emit PageShown();
+}
+
+// The user may have gone elsewhere since.
+bool CRSS_RightBottomContainer::IsOnDisplay(const ShownPost& shown) const {
+  return !shown.isDrawn || view_->OutsideAddress() == shown.address;
+}
+
+void CRSS_RightBottomContainer::Redraw() {
+  if (!shownPost_ || shownPost_->mode == mode_ || !IsOnDisplay(*shownPost_)) return view_->update();
+  ShowPost(PostRow(shownPost_->post));
+}
+
 void CRSS_RightBottomContainer::ShowMainPage() {
+  shownPost_.reset();
   view_->Navigate(
       SkinFileUrl(FilePath(frame_.TheSkin().GetImagePath(kSectionHtml, kImageMainPage))));
 }
 
 void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
+  shownPost_ = ShownPost{.post = post, .mode = mode_, .address = {}};
   const QString address = ToQString(frame_.TheStore().TextCodePage(), post.link);
   const QUrl link(address);
   // A feed must not lead to the machine's own files, nor press a button of the page before.

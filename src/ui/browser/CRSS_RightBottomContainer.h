@@ -5,7 +5,9 @@
 #include <QUrl>
 #include <QWidget>
 #include <memory>
+#include <optional>
 
+#include "store/Rows.h"
 #include "vxctrl/PaneFrame.h"
 
 namespace feedloom {
@@ -18,7 +20,6 @@ class PageCommands;
 enum BrowserCommand : int;
 struct AnnouncedFeeds;
 struct PageToWrite;
-struct PostRow;
 
 // Once a process, before the engine starts: makes it know the addresses of the module's own pages.
 // A second call does nothing.
@@ -35,6 +36,8 @@ class CRSS_RightBottomContainer : public QWidget {
 
   // 1: posts show as pages that the module makes; 0: as their own web pages.
   void SetMode(int mode) { mode_ = mode; }
+  // A post that is on display shows as the mode now wants it; any other page stays.
+  void Redraw();
 
   void ShowMainPage();
   void ShowPost(const PostRow& post);
@@ -49,6 +52,16 @@ class CRSS_RightBottomContainer : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  // The post that the pane was asked to show last.
+  struct ShownPost {
+    PostRow post;
+    int mode;      // that it was shown in
+    QUrl address;  // on which its page ended; not known before it was drawn
+    bool isDrawn = false;
+  };
+
+  bool IsOnDisplay(const ShownPost& shown) const;
+  void NotePageShown();
   void ConnectView();
   void ConnectFindBar();
   void SetUpKeys();
@@ -68,6 +81,7 @@ class CRSS_RightBottomContainer : public QWidget {
   FindBar* const findBar_;
   const std::unique_ptr<PageCommands> commands_;
   int mode_ = 1;
+  std::optional<ShownPost> shownPost_;
   QUrl shownAddress_;      // in the address box
   bool isActing_ = false;  // a dialog of a page's button is open
 };

@@ -9,7 +9,7 @@
 namespace feedloom {
 
 CRSS_ScrapDlg::CRSS_ScrapDlg(Frame& frame, QWidget* parent)
-    : CVxDialog(frame.TheSkin(), kTextScrapDialogTitle, parent),
+    : CVxFormDialog(frame.TheSkin(), kTextScrapDialogTitle, parent),
       frame_(frame),
       cabinets_(*AddComboBox(kTextScrapDialogLabel)) {
   ListCabinets();
@@ -29,7 +29,7 @@ void CRSS_ScrapDlg::ListCabinets() {
 int CRSS_ScrapDlg::CabinetId() const { return cabinets_.currentData().toInt(); }
 
 void CRSS_ScrapDlg::accept() {
-  if (cabinets_.currentIndex() >= 0) return CVxDialog::accept();
+  if (cabinets_.currentIndex() >= 0) return CVxFormDialog::accept();
   cabinets_.setFocus();
   frame_.ShowTextMessage(kSectionTexts, kTextScrapEmpty, MsgBoxKind::Notice);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vxctrl/CVxDialog.h"
+#include "vxctrl/CVxFormDialog.h"
 
 namespace feedloom {
 
@@ -8,7 +8,7 @@ class Frame;
 
 // Has the user choose the cabinet that is to receive posts, of all cabinets in their order. With
 // several of them none is chosen at first; OK without a choice says so and leaves the dialog open.
-class CRSS_ScrapDlg : public CVxDialog {
+class CRSS_ScrapDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:

@@ -8,7 +8,7 @@
 namespace feedloom {
 
 CRSS_SearchDlg::CRSS_SearchDlg(Frame& frame, QWidget* parent)
-    : CVxDialog(frame.TheSkin(), kTextSearchDialogTitle, parent),
+    : CVxFormDialog(frame.TheSkin(), kTextSearchDialogTitle, parent),
       frame_(frame),
       word_(*AddEdit(kTextSearchDialogLabel)) {
   AddButtons(kSectionSearchDialog, kButtonSearchConfirm, kButtonSearchCancel);
@@ -19,7 +19,7 @@ std::string CRSS_SearchDlg::Word() const {
 }
 
 void CRSS_SearchDlg::accept() {
-  if (!word_.text().isEmpty()) return CVxDialog::accept();
+  if (!word_.text().isEmpty()) return CVxFormDialog::accept();
   word_.setFocus();
   frame_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
 }

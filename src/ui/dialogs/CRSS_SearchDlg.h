@@ -2,14 +2,14 @@
 
 #include <string>
 
-#include "vxctrl/CVxDialog.h"
+#include "vxctrl/CVxFormDialog.h"
 
 namespace feedloom {
 
 class Frame;
 
 // Asks for the word of a search. OK with an empty word says so and leaves the dialog open.
-class CRSS_SearchDlg : public CVxDialog {
+class CRSS_SearchDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:

@@ -7,12 +7,41 @@
 #include <QStandardPaths>
 
 #include "skin/Keys.h"
+#include "store/Cabinets.h"
+#include "store/SqlText.h"
 #include "ui/Frame.h"
+#include "ui/dialogs/CRSS_CabinetAddDlg.h"
+#include "ui/dialogs/CRSS_ChannelAddDlg.h"
+#include "ui/dialogs/CRSS_ChannelInfoDlg.h"
+#include "ui/dialogs/CRSS_ChannelMoveDlg.h"
+#include "ui/dialogs/CRSS_ChannelRenameDlg.h"
+#include "ui/dialogs/CRSS_GroupAddDlg.h"
+#include "ui/dialogs/CRSS_GroupRenameDlg.h"
 #include "ui/dialogs/CRSS_ScrapDlg.h"
 #include "ui/dialogs/CRSS_SearchDlg.h"
 #include "vxctrl/SkinText.h"
 
 namespace feedloom {
+
+namespace {
+
+std::optional<std::string> AskName(NameDialog* dialog) {
+  std::optional<std::string> name;
+  RunDialog(dialog, [&] { name = dialog->Name(); });
+  return name;
+}
+
+void Show(CVxDialog* dialog) {
+  RunDialog(dialog, [] {});
+}
+
+int HighestCabinetOrder(Store& store) {
+  std::vector<CabinetRow> cabinets;
+  LoadCabinetList(store, cabinets);
+  return cabinets.empty() ? 0 : cabinets.back().order;
+}
+
+}  // namespace
 
 std::optional<std::string> AskSearchWord(Frame& frame, QWidget* parent) {
   auto* dialog = new CRSS_SearchDlg(frame, parent);
@@ -26,6 +55,47 @@ std::optional<int> ChooseCabinet(Frame& frame, QWidget* parent) {
   std::optional<int> cabinetId;
   RunDialog(dialog, [&] { cabinetId = dialog->CabinetId(); });
   return cabinetId;
+}
+
+std::optional<std::string> AskGroupName(Frame& frame, QWidget* parent, const std::string& name) {
+  return AskName(new CRSS_GroupRenameDlg(frame, parent, name));
+}
+
+std::optional<std::string> AskChannelName(Frame& frame, QWidget* parent,
+                                          const ChannelFacts& channel) {
+  return AskName(new CRSS_ChannelRenameDlg(frame, parent, CRSS_ChannelRenameDlg::Mode::Channel,
+                                           channel.title, channel.folderId));
+}
+
+std::optional<std::string> AskCabinetName(Frame& frame, QWidget* parent, const std::string& title) {
+  return AskName(
+      new CRSS_ChannelRenameDlg(frame, parent, CRSS_ChannelRenameDlg::Mode::Cabinet, title));
+}
+
+void ShowChannelAdd(Frame& frame, QWidget* parent, const std::string& folderName,
+                    const std::string& address) {
+  Show(new CRSS_ChannelAddDlg(frame, parent, folderName, address));
+}
+
+void ShowGroupAdd(Frame& frame, QWidget* parent) { Show(new CRSS_GroupAddDlg(frame, parent)); }
+
+void ShowCabinetAdd(Frame& frame, QWidget* parent) {
+  const auto title = AskName(new CRSS_CabinetAddDlg(frame, parent));
+  if (!title) return;
+  CabinetRow cabinet{.title = UnescapeEntities(*title)};
+  cabinet.order = HighestCabinetOrder(frame.TheStore()) + 1;
+  cabinet.id = AddCabinet(frame.TheStore(), *title, cabinet.order);
+  if (cabinet.id > 0) return frame.CabinetWasAdded(cabinet);
+  frame.ShowTextMessage(kSectionTexts, cabinet.id == 0 ? kTextCabinetDuplicate : kTextCabinetError,
+                        MsgBoxKind::Notice);
+}
+
+void ShowChannelMove(Frame& frame, QWidget* parent, const ChannelFacts& channel) {
+  Show(new CRSS_ChannelMoveDlg(frame, parent, channel));
+}
+
+void ShowChannelInfo(Frame& frame, QWidget* parent, const ChannelFacts& channel) {
+  Show(new CRSS_ChannelInfoDlg(frame, parent, channel));
 }
 
 QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name) {

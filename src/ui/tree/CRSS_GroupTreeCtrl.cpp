@@ -35,6 +35,10 @@ CRSS_GroupTreeCtrl::CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, 
   SetUpView();
   setModel(&model);
   connect(&model, &QAbstractItemModel::modelReset, this, &QTreeView::expandAll);
+  connect(&model, &QAbstractItemModel::rowsInserted, this,
+          [this](const QModelIndex& group, int first) {
+            if (!group.isValid()) expand(this->model()->index(first, 0));
+          });
   connect(animation_, &NewPostAnimation::FrameChanged, this, &CRSS_GroupTreeCtrl::RepaintNewMarks);
   connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
           &CRSS_GroupTreeCtrl::UpdateScrollRange);

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/TreeCommands.h"
@@ -61,6 +62,17 @@ class CRSS_LeftContainer : public QWidget {
   // A refresh put this channel into the store: appends its row unless it is there. Its unread count
   // is 0 until SetChannelUnread tells it, so that the difference holds all of the channel's posts.
   void AddStoredChannel(int channelId);
+
+  // Rows for what was put into the store, or moved there, by a dialog.
+  void AppendFolder(FolderRow folder) { model_.AppendFolder(std::move(folder)); }
+  void AppendCabinet(CabinetRow cabinet) { model_.AppendCabinet(std::move(cabinet)); }
+  void AppendChannel(ChannelRow channel) { model_.AppendChannel(std::move(channel)); }
+  void MoveChannel(int channelId, int folderId) { model_.MoveChannel(channelId, folderId); }
+
+  // The control panel; nothing without the action.
+  void OpenSettings() { commands_.Run(kCommandSettings); }
+  // Today's new posts of all channels.
+  void ListToday() { commands_.Run(kCommandToday); }
 
   // While it is busy the pane has no cursor of its own, so that the frame's shows.
   void SetBusy(bool busy);

@@ -14,32 +14,6 @@
 namespace feedloom {
 namespace {
 
-ChildRow ToRow(ChannelRow channel) {
-  return {.kind = RowKind::Channel,
-          .id = channel.id,
-          .order = channel.order,
-          .unreadCount = std::max(channel.unreadCount, 0),
-          .state = channel.state,
-          .title = std::move(channel.title),
-          .xmlLink = std::move(channel.xmlLink)};
-}
-
-ChildRow ToRow(CabinetRow cabinet) {
-  return {.kind = RowKind::Cabinet,
-          .id = cabinet.id,
-          .order = cabinet.order,
-          .unreadCount = std::max(cabinet.unreadCount, 0),
-          .title = std::move(cabinet.title)};
-}
-
-std::unique_ptr<GroupRow> ToRow(FolderRow folder) {
-  return std::make_unique<GroupRow>(GroupRow{.kind = RowKind::Folder,
-                                             .id = folder.id,
-                                             .order = folder.order,
-                                             .unreadCount = std::max(folder.unreadCount, 0),
-                                             .name = std::move(folder.name)});
-}
-
 // As markup without any of its own: the toolkit takes a plain text that looks like some for it.
 QString ToolTip(const QString& name, const QString& failure) {
   return Qt::convertFromPlainText(failure.isEmpty() ? name : name + '\n' + failure);
@@ -192,10 +166,7 @@ int GroupTreeModel::SetUnread(const QModelIndex& child, int count) {
   if (difference == 0) return 0;
   row.unreadCount = count;
   emit dataChanged(child, child, {Qt::DisplayRole, UnreadRole});
-  auto& group = *static_cast<GroupRow*>(child.internalPointer());
-  group.unreadCount = std::max(group.unreadCount + difference, 0);
-  const QModelIndex header = IndexOf(group);
-  emit dataChanged(header, header, {Qt::DisplayRole, UnreadRole});
+  AddToUnread(*static_cast<GroupRow*>(child.internalPointer()), difference);
   return difference;
 }
 
@@ -221,24 +192,75 @@ void GroupTreeModel::SetChannelState(int channelId, int state) {
   emit dataChanged(index, index, {StateRole, Qt::ToolTipRole});
 }
 
-bool GroupTreeModel::AppendChannel(ChannelRow channel) {
-  const auto group = std::ranges::find_if(groups_, [&](const auto& candidate) {
-    return candidate->kind == RowKind::Folder && candidate->id == channel.folderId;
+GroupRow* GroupTreeModel::FindFolder(int folderId) const {
+  const auto found = std::ranges::find_if(groups_, [&](const auto& group) {
+    return group->kind == RowKind::Folder && group->id == folderId;
   });
-  if (group == groups_.end() || channels_.contains(channel.id)) return false;
-  GroupRow& folder = **group;
-  const QModelIndex header = IndexOf(folder);
-  const int row = static_cast<int>(folder.children.size());
+  return found == groups_.end() ? nullptr : found->get();
+}
+
+void GroupTreeModel::AppendFolder(FolderRow folder) {
+  if (groups_.empty() || FindFolder(folder.id) != nullptr) return;
+  const auto row = static_cast<int>(groups_.size()) - 1;  // the cabinet root stays the last one
+  beginInsertRows({}, row, row);
+  groups_.insert(groups_.end() - 1, ToRow(std::move(folder)));
+  endInsertRows();
+}
+
+void GroupTreeModel::AppendCabinet(CabinetRow cabinet) {
+  if (groups_.empty() || FindCabinet(cabinet.id).isValid()) return;
+  GroupRow& root = *groups_.back();
+  const auto row = static_cast<int>(root.children.size());
+  beginInsertRows(IndexOf(root), row, row);
+  root.children.push_back(ToRow(std::move(cabinet)));
+  endInsertRows();
+}
+
+bool GroupTreeModel::AppendChannel(ChannelRow channel) {
+  GroupRow* const folder = FindFolder(channel.folderId);
+  if (folder == nullptr || channels_.contains(channel.id)) return false;
+  const auto row = static_cast<int>(folder->children.size());
   const int id = channel.id;
   const int unreadCount = channel.unreadCount;
-  beginInsertRows(header, row, row);
+  beginInsertRows(IndexOf(*folder), row, row);
   ChildRow child = ToRow(std::move(channel));
   child.unreadCount = 0;
-  folder.children.push_back(std::move(child));
-  channels_[id] = {&folder, row};
+  folder->children.push_back(std::move(child));
+  channels_[id] = {folder, row};
   endInsertRows();
   SetChannelUnread(id, unreadCount);
   return true;
+}
+
+bool GroupTreeModel::MoveChannel(int channelId, int folderId) {
+  const QModelIndex channel = FindChannel(channelId);
+  GroupRow* const to = FindFolder(folderId);
+  auto* const from = static_cast<GroupRow*>(channel.internalPointer());
+  if (from == nullptr || to == nullptr || from == to) return false;
+  const auto moved = from->children.begin() + channel.row();
+  const auto place = std::ranges::upper_bound(to->children, moved->order, {}, &ChildRow::order);
+  beginMoveRows(IndexOf(*from), channel.row(), channel.row(), IndexOf(*to),
+                static_cast<int>(place - to->children.begin()));
+  const int unreadCount = moved->unreadCount;
+  to->children.insert(place, std::move(*moved));
+  from->children.erase(moved);
+  RememberPlaces(*from);
+  RememberPlaces(*to);
+  endMoveRows();
+  AddToUnread(*from, -unreadCount);
+  AddToUnread(*to, unreadCount);
+  return true;
+}
+
+void GroupTreeModel::RememberPlaces(GroupRow& folder) {
+  int row = 0;
+  for (const ChildRow& channel : folder.children) channels_[channel.id] = {&folder, row++};
+}
+
+void GroupTreeModel::AddToUnread(GroupRow& group, int difference) {
+  group.unreadCount = std::max(group.unreadCount + difference, 0);
+  const QModelIndex header = IndexOf(group);
+  emit dataChanged(header, header, {Qt::DisplayRole, UnreadRole});
 }
 
 void GroupTreeModel::Rename(const QModelIndex& row, std::string name) {
@@ -259,17 +281,14 @@ int GroupTreeModel::Remove(const QModelIndex& row) {
 }
 
 int GroupTreeModel::RemoveChild(GroupRow& group, int row) {
-  const QModelIndex header = IndexOf(group);
   const auto child = group.children.begin() + row;
   const int unreadCount = child->unreadCount;
-  beginRemoveRows(header, row, row);
+  beginRemoveRows(IndexOf(group), row, row);
   if (child->kind == RowKind::Channel) channels_.erase(child->id);
-  for (auto next = group.children.erase(child); next != group.children.end(); ++next) {
-    if (next->kind == RowKind::Channel) --channels_[next->id].row;
-  }
+  group.children.erase(child);
+  if (group.kind == RowKind::Folder) RememberPlaces(group);
   endRemoveRows();
-  group.unreadCount = std::max(group.unreadCount - unreadCount, 0);
-  emit dataChanged(header, header, {Qt::DisplayRole, UnreadRole});
+  AddToUnread(group, -unreadCount);
   return unreadCount;
 }
 

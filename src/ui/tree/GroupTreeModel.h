@@ -73,9 +73,15 @@ class GroupTreeModel : public QAbstractItemModel {
   void SetChannelNewByMessage(int channelId, bool isNew);
   void SetChannelState(int channelId, int state);
 
+  // A folder goes behind the last one, a cabinet too; a row that is there already stays as it is.
+  void AppendFolder(FolderRow folder);
+  void AppendCabinet(CabinetRow cabinet);
   // Puts the channel behind the last one of its folder and its unread posts into the folder's
   // count. False, and nothing changes, when the channel is there already or its folder is not.
   bool AppendChannel(ChannelRow channel);
+  // Puts the channel where its order belongs among the folder's, and its unread posts into the
+  // folder's count. False, and nothing changes, when it is there already or one of the two is not.
+  bool MoveChannel(int channelId, int folderId);
 
   // Of a folder, a channel or a cabinet; texts are in the module's code page.
   void Rename(const QModelIndex& row, std::string name);
@@ -101,6 +107,9 @@ class GroupTreeModel : public QAbstractItemModel {
   };
 
   void FillGroups(TreeContent content);
+  GroupRow* FindFolder(int folderId) const;  // null when there is none
+  void RememberPlaces(GroupRow& folder);
+  void AddToUnread(GroupRow& group, int difference);
   int RemoveChild(GroupRow& group, int row);
   int RemoveGroup(int row);
   void ReportCounts(const GroupRow& group);

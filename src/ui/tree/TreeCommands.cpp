@@ -11,6 +11,7 @@
 #include "store/Folders.h"
 #include "store/ReadStatus.h"
 #include "store/Search.h"
+#include "store/SqlText.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/RefreshEntries.h"
@@ -207,7 +208,7 @@ void TreeCommands::RenameGroup(const Actions& actions) {
   const auto name = actions.askGroupName(folder->name);
   if (!name) return;
   if (RenameFolder(frame_.TheStore(), folder->id, *name)) {
-    model_.Rename(folder->row, *name);
+    model_.Rename(folder->row, UnescapeEntities(*name));  // as it was stored
   } else {
     Ask(kTextRenameGroupError, MsgBoxKind::Notice);
   }
@@ -222,7 +223,7 @@ void TreeCommands::RenameChild(const Actions& actions) {
   if (!name) return;
   const auto rename = isChannel ? RenameChannel : RenameCabinet;
   if (rename(frame_.TheStore(), child->id, *name)) {
-    model_.Rename(child->row, *name);
+    model_.Rename(child->row, UnescapeEntities(*name));
   } else {
     Ask(kTextRenameChildError, MsgBoxKind::Notice);
   }

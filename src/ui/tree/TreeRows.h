@@ -8,6 +8,10 @@
 
 namespace feedloom {
 
+struct CabinetRow;
+struct ChannelRow;
+struct FolderRow;
+
 enum class RowKind { Folder, CabinetRoot, Channel, Cabinet };
 
 constexpr bool IsGroup(RowKind kind) {
@@ -38,5 +42,10 @@ struct GroupRow {
 
 // A group keeps its address, whatever happens to the others.
 using GroupRows = std::vector<std::unique_ptr<GroupRow>>;
+
+// What the store has, as a row; a negative count (the store could not tell) is 0.
+ChildRow ToRow(ChannelRow channel);
+ChildRow ToRow(CabinetRow cabinet);
+std::unique_ptr<GroupRow> ToRow(FolderRow folder);
 
 }  // namespace feedloom

@@ -73,6 +73,26 @@ TEST_F(BrowserPane, InTheOriginalModeALinkThatIsNoWebAddressShowsThePostsPage) {
   }
 }
 
+TEST_F(BrowserPane, AnotherModeRedrawsThePostThatIsOnDisplayAndNothingElse) {
+  server_.Serve("/story", "<html><body>The story</body></html>", "text/html");
+  server_.Redirect("/moved", "/story");
+  ShowMainPage();
+  pane_.SetMode(0);
+  pane_.Redraw();
+  Show(Post("Moved", "/moved"));
+  EXPECT_EQ(Text(), "The story");
+  pane_.SetMode(1);
+  WaitForPage([&] { pane_.Redraw(); });
+  EXPECT_TRUE(Text().contains("About Moved"));
+  Visit("/elsewhere", "<html><body>Elsewhere</body></html>");
+  pane_.SetMode(0);
+  pane_.Redraw();
+  PressForPage(kTextBackTooltip);  // the first page that comes
+  EXPECT_TRUE(Text().contains("About Moved"));
+  WaitForPage([&] { pane_.Redraw(); });
+  EXPECT_EQ(Text(), "The story");
+}
+
 TEST_F(BrowserPane, BackAndForwardBringEarlierPagesAgain) {
   Show(Post("one", "/1"));
   Visit("/web", "a web page");

@@ -6,15 +6,15 @@
 #include <QApplication>
 #include <QDialog>
 #include <QTest>
-#include <QTimer>
-#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/FakeFrame.h"
 #include "ui/dialogs/Dialogs.h"
 #include "vxctrl/CButtonEx.h"
+#include "vxctrl/DialogAnswers.h"
 
 namespace feedloom {
 
@@ -23,15 +23,7 @@ class DialogFixture : public testing::Test {
   using Keys = std::vector<std::string>;
 
   // Does `deed` to the dialog that shows next, as soon as it waits for the user.
-  void WhenShown(const std::function<void(QDialog&)>& deed) {
-    QTimer::singleShot(0, &timers, [deed] {
-      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(dialog, nullptr);
-      ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
-      deed(*dialog);
-      if (dialog == QApplication::activeModalWidget()) dialog->close();
-    });
-  }
+  void WhenShown(DialogAnswers::Deed deed) { answers.Next(std::move(deed)); }
 
   static void Press(QDialog& dialog, Qt::Key key) { QTest::keyClick(dialog.focusWidget(), key); }
   static void Click(QDialog& dialog, const QString& text) {
@@ -46,7 +38,7 @@ class DialogFixture : public testing::Test {
 
   FakeFrame frame;
   std::unique_ptr<QWidget> parent = std::make_unique<QWidget>();
-  QObject timers;
+  DialogAnswers answers;
 };
 
 }  // namespace feedloom

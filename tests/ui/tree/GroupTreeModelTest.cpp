@@ -138,6 +138,35 @@ TEST_F(GroupTreeModelTest, AppendsAChannelToItsFolder) {
                                " Bat(5)", "Cabinets(4)", " Keep(3)", " Later(1)"}));
 }
 
+TEST_F(GroupTreeModelTest, AppendsFoldersBeforeTheCabinetsAndCabinetsAtTheEnd) {
+  model.AppendFolder({.name = "Last", .id = 4, .order = 2});
+  model.AppendFolder({.name = "Again", .id = 7});  // News has this id
+  model.AppendCabinet({.id = 3, .title = "Third", .order = 3});
+  model.AppendCabinet({.id = 2, .title = "Again"});
+  EXPECT_TRUE(model.AppendChannel(Channel(20, 4, "First", 1)));
+  EXPECT_EQ(Labels(), (Strings{"News(5)", " Daily(3)", " Weekly(2)", "Sports", "Last(1)",
+                               " First(1)", "Cabinets(4)", " Keep(3)", " Later(1)", " Third"}));
+  GroupTreeModel unread{CodePage::Korean(), {}};
+  unread.AppendFolder({.name = "Early", .id = 1});
+  unread.AppendCabinet({.id = 1, .title = "Early"});
+  EXPECT_EQ(unread.rowCount(), 0);
+}
+
+TEST_F(GroupTreeModelTest, AMovedChannelTakesItsPostsAlongAndStandsWhereItsOrderBelongs) {
+  model.AppendChannel(Channel(8, 3, "Goals", 0));
+  model.AppendChannel(Channel(30, 3, "Scores", 0));
+  const QPersistentModelIndex daily = model.FindChannel(11);
+  EXPECT_TRUE(model.MoveChannel(11, 3));
+  EXPECT_EQ(Labels(), (Strings{"News(2)", " Weekly(2)", "Sports(3)", " Goals", " Daily(3)",
+                               " Scores", "Cabinets(4)", " Keep(3)", " Later(1)"}));
+  EXPECT_EQ(daily.data(), "Daily(3)");
+  EXPECT_EQ(model.FindChannel(10).data(), "Weekly(2)");
+  EXPECT_EQ(model.FindChannel(30).data(), "Scores");
+  EXPECT_FALSE(model.MoveChannel(11, 3));  // it is there already
+  EXPECT_FALSE(model.MoveChannel(11, 99));
+  EXPECT_FALSE(model.MoveChannel(99, 3));
+}
+
 TEST_F(GroupTreeModelTest, QueuesEachChannelOnceInTheOrderOfTheRows) {
   model.AppendChannel(Channel(50, 3, "Ball", 0));
   const auto entries = RefreshEntriesOf(model.Groups());

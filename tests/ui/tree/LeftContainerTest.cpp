@@ -113,6 +113,19 @@ TEST_F(LeftContainerTest, AChannelFromARefreshGetsARowWhosePostsAreStillToBeCoun
   EXPECT_TRUE(Labels().contains("Ball(4)"));
 }
 
+TEST_F(LeftContainerTest, WhatADialogHasStoredIsSeenAtOnceAndTheSelectionStays) {
+  Open();
+  Click("Daily(2)");
+  pane->AppendFolder({.name = "New", .id = 70, .order = 3});
+  pane->AppendChannel({.title = "First", .xmlLink = {}, .id = 71, .folderId = 70});
+  pane->AppendCabinet({.id = 72, .title = "Box"});
+  pane->MoveChannel(daily, 70);
+  EXPECT_EQ(Labels(), (QStringList{"News(1)", "Weekly(1)", "Sports", "New(2)", "First", "Daily(2)",
+                                   CabinetTitle() + "(1)", "Keep(1)", "Later", "Box"}));
+  EXPECT_EQ(SelectedLabel(), "Daily(2)");
+  Tree().grab();  // paints it so
+}
+
 TEST_F(LeftContainerTest, ReloadingHandsOverWhatTheSelectionHoldsNow) {
   Open();
   Click("Weekly(1)");

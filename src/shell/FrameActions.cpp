@@ -1,0 +1,51 @@
+#include "shell/FrameActions.h"
+
+#include <QDesktopServices>
+
+#include "shell/CRSS_MainFrame.h"
+#include "ui/dialogs/Dialogs.h"
+
+namespace feedloom {
+namespace {
+
+void AddQuestions(CRSS_MainFrame& frame, Actions& actions) {
+  actions.askSearchWord = [&frame] { return AskSearchWord(frame, &frame); };
+  actions.chooseCabinet = [&frame] { return ChooseCabinet(frame, &frame); };
+  actions.askGroupName = [&frame](const auto& name) { return AskGroupName(frame, &frame, name); };
+  actions.askChannelName = [&frame](const auto& channel) {
+    return AskChannelName(frame, &frame, channel);
+  };
+  actions.askCabinetName = [&frame](const auto& title) {
+    return AskCabinetName(frame, &frame, title);
+  };
+  actions.askDownloadPlace = [&frame](const QString& name) {
+    return AskDownloadPlace(frame, &frame, name);
+  };
+  actions.choosePrinter = [&frame](QPrinter& printer) { return ChoosePrinter(printer, &frame); };
+}
+
+void AddDeeds(CRSS_MainFrame& frame, Actions& actions) {
+  actions.addChannel = [&frame](const auto& folderName, const auto& address) {
+    ShowChannelAdd(frame, &frame, folderName, address);
+  };
+  actions.addGroup = [&frame] { ShowGroupAdd(frame, &frame); };
+  actions.addCabinet = [&frame] { ShowCabinetAdd(frame, &frame); };
+  actions.moveChannel = [&frame](const auto& channel) { ShowChannelMove(frame, &frame, channel); };
+  actions.showChannelInfo = [&frame](const auto& channel) {
+    ShowChannelInfo(frame, &frame, channel);
+  };
+  actions.openSettings = [&frame] { frame.OpenControlPanel(); };
+  actions.notifyOfNewPosts = [&frame] { frame.NotifyOfNewPosts(); };
+  actions.openOutside = QDesktopServices::openUrl;
+}
+
+}  // namespace
+
+Actions MakeFrameActions(CRSS_MainFrame& frame) {
+  Actions actions;
+  AddQuestions(frame, actions);
+  AddDeeds(frame, actions);
+  return actions;
+}
+
+}  // namespace feedloom

@@ -1,0 +1,205 @@
+#include "ui/dialogs/CRSS_ChannelAddDlg.h"
+
+#include <QPointer>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+#include "ingest/FeedAddress.h"
+#include "ingest/FeedCheckAnswer.h"
+#include "skin/Keys.h"
+#include "store/Channels.h"
+#include "store/Folders.h"
+#include "store/SqlText.h"
+#include "ui/Frame.h"
+#include "ui/dialogs/CRSS_GroupAddDlg.h"
+#include "ui/dialogs/DialogRules.h"
+#include "ui/dialogs/FolderList.h"
+#include "vxctrl/CButtonEx.h"
+#include "vxctrl/CVxComboBox.h"
+#include "vxctrl/CVxEdit.h"
+#include "vxctrl/QtText.h"
+#include "vxctrl/SkinText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kProgressHeight = 6;
+
+// A mark that moves. Its own room is there when it is not shown, too.
+QProgressBar* MakeProgress(const Skin& skin, QWidget* room) {
+  auto* const progress = new QProgressBar(room);
+  progress->setRange(0, 0);
+  progress->setTextVisible(false);
+  progress->setFixedHeight(kProgressHeight);
+  progress->setAccessibleName(SkinText(skin, kTextAddChannelChecking));
+  progress->setToolTip(progress->accessibleName());
+  progress->setFocusPolicy(Qt::ClickFocus);
+  auto* const layout = new QVBoxLayout(room);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(progress);
+  room->setFixedHeight(kProgressHeight);
+  return progress;
+}
+
+// The folder with this name, or else the first one.
+int FolderToBeginWith(Frame& frame, const CVxComboBox& folders, const std::string& name) {
+  int id = folders.itemData(0).toInt();
+  int order = 0;
+  if (!name.empty()) FindFolderByName(frame.TheStore(), name, id, order);
+  return id;
+}
+
+}  // namespace
+
+CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std::string& folderName,
+                                       const std::string& address)
+    : CVxFormDialog(frame.TheSkin(), kTextAddChannelTitle, parent),
+      frame_(frame),
+      check_(*MakeButton(kSectionAddChannel, kButtonAddChannelCheck, kTextAddChannelCheck)),
+      address_(*AddEdit(kTextAddChannelAddress, &check_)),
+      progress_(*MakeProgress(frame.TheSkin(), AddBelow())),
+      title_(*AddEdit(kTextAddChannelName)),
+      addFolder_(*MakeButton(kSectionAddChannel, kButtonAddChannelGroup, kTextAddChannelGroup)),
+      folders_(*AddComboBox(kTextGroupSelect, &addFolder_)),
+      ok_(*AddButtons(kSectionAddChannel, kButtonAddChannelConfirm, kButtonAddChannelCancel)) {
+  address_.setText(ToQString(frame.TheStore().TextCodePage(), address));
+  ListFolders(frame, folders_);
+  ChooseFolder(folders_, FolderToBeginWith(frame, folders_, folderName));
+  Connect();
+  SetState(State::Unchecked);
+}
+
+void CRSS_ChannelAddDlg::Connect() {
+  connect(&check_, &QAbstractButton::clicked, this, &CRSS_ChannelAddDlg::Check);
+  connect(&addFolder_, &QAbstractButton::clicked, this, &CRSS_ChannelAddDlg::AddFolder);
+  connect(&address_, &QLineEdit::textChanged, this, [this] {
+    if (state_ == State::Checked) SetState(State::Unchecked);
+  });
+}
+
+std::string CRSS_ChannelAddDlg::TextOf(const CVxEdit& box) const {
+  return FromQString(frame_.TheStore().TextCodePage(), box.text().trimmed());
+}
+
+void CRSS_ChannelAddDlg::SetState(State state) {
+  state_ = state;
+  const bool isChecking = state == State::Checking;
+  const bool isChecked = state == State::Checked;
+  // The keyboard waits here, or else it would go to Cancel, and the next Enter with it.
+  progress_.setVisible(isChecking);
+  if (isChecking) progress_.setFocus();
+  address_.setEnabled(!isChecking);
+  check_.setEnabled(!isChecking);
+  title_.setEnabled(isChecked);
+  folders_.setEnabled(isChecked);
+  addFolder_.setEnabled(isChecked);
+  ok_.setEnabled(isChecked);
+  SetConfirmButton(isChecked ? &ok_ : &check_);
+}
+
+// The address is ASCII from here on, so that no code page can harm it.
+void CRSS_ChannelAddDlg::Check() {
+  const QString typed = address_.text().trimmed();
+  if (const char* const fault = CheckAddress(typed.toStdString())) return Refuse(fault, &address_);
+  const std::string scheme = frame_.TheSkin().GetText(kSectionTexts, kTextUrlScheme);
+  const std::string address = CompleteFeedAddress(typed.toStdString(), scheme);
+  address_.setText(QString::fromStdString(address));
+  SetState(State::Checking);
+  frame_.CheckFeed(address, [self = QPointer(this)](const FeedCheckAnswer& answer) {
+    if (self) self->OnChecked(answer);
+  });
+}
+
+void CRSS_ChannelAddDlg::OnChecked(const FeedCheckAnswer& answer) {
+  SetState(answer.isFeed ? State::Checked : State::Unchecked);
+  if (!answer.isFeed && !answer.announcedFeed.empty()) return OfferAnnounced(answer.announcedFeed);
+  if (!answer.isFeed) return Refuse(kTextAddChannelCheckError, &address_);
+  homePage_ = answer.homePage;
+  const CodePage codePage = frame_.TheStore().TextCodePage();
+  title_.setText(answer.title.empty() ? address_.text() : ToLine(codePage, answer.title));
+  title_.setFocus();
+  title_.selectAll();
+}
+
+// A web page is no feed, but may name one.
+void CRSS_ChannelAddDlg::OfferAnnounced(const std::string& address) {
+  address_.setFocus();
+  const QPointer self(this);
+  const auto answer =
+      frame_.ShowTextMessage(kSectionTexts, kTextAddChannelAnnounced, MsgBoxKind::YesNo);
+  if (!self || answer != MsgBoxAnswer::Consented) return;
+  address_.setText(QString::fromStdString(address));
+  Check();
+}
+
+void CRSS_ChannelAddDlg::AddFolder() {
+  const QPointer self(this);
+  auto* const dialog = new CRSS_GroupAddDlg(frame_, this);
+  RunDialog(dialog, [&] {
+    const int folderId = dialog->FolderId();
+    ListFolders(frame_, folders_);
+    ChooseFolder(folders_, folderId);
+  });
+  if (self) folders_.setFocus();
+}
+
+const char* CRSS_ChannelAddDlg::Fault() {
+  ListFolders(frame_, folders_);  // the chosen one may have been deleted meanwhile
+  return CheckNewChannel(TextOf(title_), ChosenFolder(folders_), [this](int folderId) {
+    int id = 0;
+    int order = 0;
+    return FindChannelByXmlLink(frame_.TheStore(), TextOf(address_), folderId, id, order);
+  });
+}
+
+const char* CRSS_ChannelAddDlg::Add() {
+  ChannelRecord record;
+  record.folderId = ChosenFolder(folders_);
+  record.title = TextOf(title_);
+  record.type = RefreshEntry().type;
+  record.xmlLink = TextOf(address_);
+  record.htmlLink = homePage_;
+  if (!AppendChannelRecord(frame_.TheStore(), record)) return kTextAddChannelError;
+  if (!record.newlyInserted) return kTextAddChannelDuplicate;  // another program was faster
+  Subscribe(record);
+  return nullptr;
+}
+
+// The row's texts are as they were stored.
+void CRSS_ChannelAddDlg::Subscribe(const ChannelRecord& record) {
+  ChannelRow row;
+  row.title = UnescapeEntities(record.title);
+  row.xmlLink = UnescapeEntities(record.xmlLink);
+  row.id = record.id;
+  row.folderId = record.folderId;
+  row.order = record.order;
+  frame_.ChannelWasAdded(row);
+  RefreshEntry entry;
+  entry.channelId = row.id;
+  entry.folderId = row.folderId;
+  entry.title = row.title;
+  entry.xmlLink = row.xmlLink;
+  entry.order = row.order;
+  frame_.QueueRefresh({entry});
+  frame_.StartRefresh();
+}
+
+void CRSS_ChannelAddDlg::accept() {
+  const char* fault = Fault();
+  if (fault == nullptr) fault = Add();
+  if (fault == nullptr) return CVxFormDialog::accept();
+  Refuse(fault, ChosenFolder(folders_) == 0 ? static_cast<QWidget*>(&folders_) : &title_);
+}
+
+// Nothing of the dialog may be touched afterwards.
+void CRSS_ChannelAddDlg::Refuse(const char* key, QWidget* field) {
+  field->setFocus();
+  frame_.ShowTextMessage(kSectionTexts, key, MsgBoxKind::Notice);
+}
+
+void CRSS_ChannelAddDlg::done(int result) {
+  frame_.StopFeedCheck();
+  CVxFormDialog::done(result);
+}
+
+}  // namespace feedloom

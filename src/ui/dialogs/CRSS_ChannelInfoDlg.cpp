@@ -1,0 +1,24 @@
+#include "ui/dialogs/CRSS_ChannelInfoDlg.h"
+
+#include "skin/Keys.h"
+#include "ui/Frame.h"
+#include "vxctrl/CVxEdit.h"
+#include "vxctrl/QtText.h"
+
+namespace feedloom {
+
+CRSS_ChannelInfoDlg::CRSS_ChannelInfoDlg(Frame& frame, QWidget* parent, const ChannelFacts& channel)
+    : CVxFormDialog(frame.TheSkin(), kTextChannelInfoTitle, parent) {
+  const auto show = [&](const char* labelKey, const std::string& text) {
+    CVxEdit* const box = AddEdit(labelKey);
+    box->setReadOnly(true);  // and not a mere label: it can be copied, and scrolled
+    box->setText(ToQString(frame.TheStore().TextCodePage(), text));
+    box->setCursorPosition(0);
+  };
+  show(kTextChannelInfoName, channel.title);
+  show(kTextChannelInfoAddress, channel.xmlLink);
+  show(kTextChannelInfoGroup, channel.folderName);
+  AddButtons(kSectionChannelInfo, kButtonChannelInfoConfirm, nullptr);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "ui/dialogs/NameDialog.h"
+
+namespace feedloom {
+
+// Asks for the new name of a channel, or of a cabinet; the caller writes it.
+class CRSS_ChannelRenameDlg : public NameDialog {
+  Q_OBJECT
+
+ public:
+  enum class Mode { Channel, Cabinet };
+
+  // `folderId` is the channel's folder, in which its name is to be the only one.
+  CRSS_ChannelRenameDlg(Frame& frame, QWidget* parent, Mode mode, const std::string& name,
+                        int folderId = 0);
+
+ protected:
+  bool IsTaken(const std::string& name) const override;
+
+ private:
+  const Mode mode_;
+  const int folderId_;
+};
+
+}  // namespace feedloom

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ui/dialogs/NameDialog.h"
+
+namespace feedloom {
+
+// Adds a folder, in the store and in the tree.
+class CRSS_GroupAddDlg : public NameDialog {
+  Q_OBJECT
+
+ public:
+  CRSS_GroupAddDlg(Frame& frame, QWidget* parent);
+
+  // Of the folder that was added; 0 before.
+  int FolderId() const { return folderId_; }
+
+ protected:
+  bool IsTaken(const std::string& name) const override;
+  const char* Keep(const std::string& name) override;
+
+ private:
+  int folderId_ = 0;
+};
+
+}  // namespace feedloom

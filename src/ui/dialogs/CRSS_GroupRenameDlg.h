@@ -1,0 +1,18 @@
+#pragma once
+
+#include "ui/dialogs/NameDialog.h"
+
+namespace feedloom {
+
+// Asks for a folder's new name; the caller writes it.
+class CRSS_GroupRenameDlg : public NameDialog {
+  Q_OBJECT
+
+ public:
+  CRSS_GroupRenameDlg(Frame& frame, QWidget* parent, const std::string& name);
+
+ protected:
+  bool IsTaken(const std::string& name) const override;
+};
+
+}  // namespace feedloom

@@ -1,0 +1,37 @@
+#include "ui/dialogs/NameDialog.h"
+
+#include "skin/Keys.h"
+#include "ui/Frame.h"
+#include "vxctrl/CVxEdit.h"
+#include "vxctrl/QtText.h"
+
+namespace feedloom {
+
+NameDialog::NameDialog(Frame& frame, QWidget* parent, const NameDialogLook& look,
+                       const NameRule& rule, const std::string& name)
+    : CVxFormDialog(frame.TheSkin(), look.titleKey, parent),
+      frame_(frame),
+      rule_(rule),
+      box_(*AddEdit(look.labelKey)) {
+  box_.setText(ToQString(frame.TheStore().TextCodePage(), name));
+  box_.selectAll();
+  AddButtons(look.section, look.confirmKey, look.cancelKey);
+}
+
+std::string NameDialog::Name() const {
+  return FromQString(frame_.TheStore().TextCodePage(), box_.text().trimmed());
+}
+
+void NameDialog::accept() {
+  const std::string name = Name();
+  const std::string cabinetRoot = frame_.TheSkin().GetText(kSectionTexts, kTextCabinetTitle);
+  const char* fault =
+      CheckName(rule_, name, cabinetRoot, [this](const std::string& n) { return IsTaken(n); });
+  if (fault == nullptr) fault = Keep(name);
+  if (fault == nullptr) return CVxFormDialog::accept();
+  box_.setFocus();
+  box_.selectAll();
+  frame_.ShowTextMessage(kSectionTexts, fault, MsgBoxKind::Notice);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,156 @@
+#include "ui/notice/CRSS_AnnounceDlg.h"
+
+#include <QAccessible>
+#include <QFile>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "platform/Path.h"
+#include "skin/Keys.h"
+#include "skin/Labels.h"
+#include "skin/Skin.h"
+#include "vxctrl/CButtonEx.h"
+#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinPieces.h"
+#include "vxctrl/SkinText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr QColor kColorKey(0xFF, 0x00, 0xFF);
+
+// Of a window without an image; the texts have the skin's colour.
+constexpr QColor kPlainGround(0xF8, 0xFC, 0xFE);
+constexpr QColor kPlainFrame(0x2F, 0x7F, 0xB8);
+
+constexpr int kCaptionPixels = 12;
+constexpr int kCountPixels = 24;
+
+constexpr Qt::WindowFlags kFlags =
+    Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus;
+
+QFont FontOf(int pixels) {
+  QFont font(QStringLiteral("굴림"));
+  font.setStyleHint(QFont::SansSerif);
+  font.setPixelSize(pixels);
+  font.setWeight(QFont::Normal);
+  return font;
+}
+
+QString BackgroundPath(const Skin& skin) {
+  std::string path = skin.Config().GetCurrentPath();
+  for (const char* name : {"Image", "Skyfold_image", "announce_bg.bmp"})
+    path = JoinPath(path, name);
+  return QFile::decodeName(path.c_str());
+}
+
+}  // namespace
+
+CRSS_AnnounceDlg::CRSS_AnnounceDlg(const Skin& skin, QWidget* owner)
+    : CVxDialog(skin, nullptr, owner, kFlags),
+      hasImage_(LoadBackground()),
+      count_(AddText(kPlaceAnnounceCount, FontOf(kCountPixels), Qt::AlignCenter)) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  QPalette colors = palette();
+  colors.setColor(QPalette::Window, kPlainGround);
+  colors.setColor(QPalette::WindowText, kSkinTextColor);
+  setPalette(colors);
+  AddText(kPlaceAnnounceCaption, FontOf(kCaptionPixels), Qt::AlignLeft | Qt::AlignVCenter)
+      ->setText(SkinText(skin, kLabelAnnounceCaption));
+  AddCloseButton();
+}
+
+bool CRSS_AnnounceDlg::LoadBackground() {
+  const QPixmap image(BackgroundPath(TheSkin()));
+  SetBackground(image);
+  SetColorKey(kColorKey);
+  return !image.isNull();
+}
+
+QLabel* CRSS_AnnounceDlg::AddText(const char* placeKey, const QFont& font,
+                                  Qt::Alignment alignment) {
+  auto* label = new QLabel(this);
+  label->setTextFormat(Qt::PlainText);
+  label->setFont(font);
+  label->setAlignment(alignment);
+  label->setGeometry(LoadSkinPlace(TheSkin(), kSectionAnnounce, placeKey));
+  return label;
+}
+
+void CRSS_AnnounceDlg::AddCloseButton() {
+  auto* button =
+      MakeToolButton(TheSkin(), kSectionAnnounce, kButtonAnnounceClose, kTextAnnounceClose, this);
+  button->setFocusPolicy(Qt::NoFocus);
+  button->setGeometry(LoadSkinPlace(TheSkin(), kSectionAnnounce, kPlaceAnnounceClose));
+  connect(button, &CButtonEx::clicked, this, &CRSS_AnnounceDlg::close);
+}
+
+void CRSS_AnnounceDlg::Announce(int count, int alphaValue) {
+  count_->setText(SkinText(TheSkin(), kLabelAnnounceCount).replace("%d", QString::number(count)));
+  setAccessibleName(SkinText(TheSkin(), kLabelAnnounceCaption));
+  setAccessibleDescription(count_->text());
+  motion_.Begin(parentWidget()->window()->screen()->geometry(), alphaValue);
+  FollowMotion();
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+void CRSS_AnnounceDlg::FollowMotion() {
+  if (motion_.IsClosed()) {
+    close();
+    return;
+  }
+  setGeometry(motion_.Place());
+  SetAlphaValue(std::min(motion_.FadeLevel(), kInvisible));
+  setVisible(motion_.IsVisible());
+}
+
+void CRSS_AnnounceDlg::timerEvent(QTimerEvent* event) {
+  const auto timer = std::ranges::find_if(
+      timers_, [&](const auto& entry) { return entry.second.timerId() == event->timerId(); });
+  if (timer == timers_.end()) return CVxDialog::timerEvent(event);
+  const bool wasShown = motion_.IsShown();
+  motion_.OnTimer(timer->first);
+  FollowMotion();
+  if (motion_.IsShown() && !wasShown) raise();
+}
+
+void CRSS_AnnounceDlg::Start(int id, std::chrono::milliseconds period) {
+  timers_[id].start(static_cast<int>(period.count()), Qt::PreciseTimer, this);
+}
+
+void CRSS_AnnounceDlg::Stop(int id) { timers_[id].stop(); }
+
+// Whoever hears of a click may wait for events before the window is deleted: it stays closed.
+void CRSS_AnnounceDlg::done(int result) {
+  timers_.clear();
+  CVxDialog::done(result);
+}
+
+void CRSS_AnnounceDlg::mousePressEvent(QMouseEvent* event) {
+  isPressed_ = event->button() == Qt::LeftButton;
+}
+
+// A press on the close button that is let go beside it also ends here, and is no click.
+void CRSS_AnnounceDlg::mouseReleaseEvent(QMouseEvent* event) {
+  const bool wasPressed = std::exchange(isPressed_, false);
+  if (!wasPressed || !rect().contains(event->position().toPoint())) return;
+  close();
+  emit Clicked();
+}
+
+void CRSS_AnnounceDlg::paintEvent(QPaintEvent* event) {
+  CVxDialog::paintEvent(event);
+  if (hasImage_) return;
+  QPainter painter(this);
+  painter.setPen(kPlainFrame);
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+}  // namespace feedloom

@@ -1,0 +1,83 @@
+#include "ui/notice/NoticeMotion.h"
+
+#include <algorithm>
+
+#include "vxctrl/CVxDialog.h"
+
+namespace feedloom {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds kSlidePeriod(20);
+constexpr milliseconds kDisplayTime(5000);
+constexpr milliseconds kFadePeriod(50);
+
+constexpr int kHeightOverBottom = 53;  // of the window's lower edge: clear of a taskbar
+constexpr int kSlideStep = 5;
+constexpr int kFadeStep = 10;
+
+// 0 once the target is reached; the last step may be a short one.
+int StepTowards(int target, int length) { return std::min(kSlideStep, target - length); }
+
+}  // namespace
+
+int NoticeAlphaValue(int transparencySetting) {
+  return std::clamp(transparencySetting, 0, 100) * kInvisible / 100;
+}
+
+int NewPostCount(int unreadTotal, int announcedTotal) {
+  return std::max(0, unreadTotal - announcedTotal);
+}
+
+void NoticeMotion::Begin(const QRect& screen, int alphaValue) {
+  const int right = screen.x() + screen.width();
+  const int bottom = screen.y() + screen.height();
+  place_ = QRect(right - kNoticeWidth, bottom - kHeightOverBottom, kNoticeWidth, 0);
+  fadeLevel_ = alphaValue;
+  isVisible_ = true;
+  timers_.Start(kTimerSlide, kSlidePeriod);
+}
+
+void NoticeMotion::OnTimer(int id) {
+  switch (id) {
+    case kTimerSlide:
+      return Slide();
+    case kTimerDisplay:
+      return StartFadeOut();
+    case kTimerFadeOut:
+      return FadeOut();
+    case kTimerFadeIn:
+      return FadeIn();
+  }
+}
+
+// The right and the lower edge stay where they are.
+void NoticeMotion::Slide() {
+  place_.adjust(-StepTowards(kNoticeWidth, place_.width()),
+                -StepTowards(kNoticeHeight, place_.height()), 0, 0);
+  if (place_.height() < kNoticeHeight) return;
+  timers_.Stop(kTimerSlide);
+  isShown_ = true;
+  timers_.Start(kTimerDisplay, kDisplayTime);
+}
+
+void NoticeMotion::StartFadeOut() {
+  timers_.Stop(kTimerDisplay);
+  timers_.Start(kTimerFadeOut, kFadePeriod);
+}
+
+void NoticeMotion::FadeOut() {
+  timers_.Stop(kTimerDisplay);
+  if (fadeLevel_ <= kInvisible) fadeLevel_ += kFadeStep;
+  if (fadeLevel_ >= kInvisible) isVisible_ = false;
+  if (fadeLevel_ <= kInvisible) return;
+  isClosed_ = true;
+  timers_.Stop(kTimerFadeOut);
+}
+
+void NoticeMotion::FadeIn() {
+  if (fadeLevel_ > kFadeStep) fadeLevel_ -= kFadeStep;
+}
+
+}  // namespace feedloom

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ui/panel/CtrlPanelPage.h"
+
+namespace feedloom {
+
+// The third page: whether a post is shown as a page of ours or as its own web page. Each choice has
+// a sample, and a click on that chooses it.
+class CCtrlPanel03 : public CtrlPanelPage {
+  Q_OBJECT
+
+ public:
+  CCtrlPanel03(const Skin& skin, QWidget* parent);
+
+  void Show(const Settings& settings) override;
+  void Read(Settings& settings) const override;
+
+ private:
+  void AddChoice(const RadioChoice& choice, const char* sampleKey);
+
+  QButtonGroup* mode_;
+};
+
+}  // namespace feedloom

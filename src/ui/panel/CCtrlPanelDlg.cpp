@@ -1,0 +1,154 @@
+#include "ui/panel/CCtrlPanelDlg.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QScreen>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include "skin/Keys.h"
+#include "ui/Frame.h"
+#include "ui/panel/CCtrlPanel01.h"
+#include "ui/panel/CCtrlPanel02.h"
+#include "ui/panel/CCtrlPanel03.h"
+#include "ui/panel/CCtrlPanel04.h"
+#include "ui/panel/ControlPanel.h"
+#include "ui/panel/PanelRules.h"
+#include "vxctrl/CButtonEx.h"
+#include "vxctrl/SkinPieces.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kTabGap = 2;
+constexpr int kButtonGap = 8;
+
+struct Tab {
+  const char* imageKey;
+  const char* textKey;
+};
+
+constexpr Tab kTabs[] = {{kButtonPanelTab1, kTextPanelTab1},
+                         {kButtonPanelTab2, kTextPanelTab2},
+                         {kButtonPanelTab3, kTextPanelTab3},
+                         {kButtonPanelTab4, kTextPanelTab4}};
+
+QFont PanelFont(QFont font) {
+  font.setFamily(QStringLiteral("Arial"));
+  return font;
+}
+
+QHBoxLayout* AddRow(QVBoxLayout& column, int gap) {
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(gap);
+  column.addLayout(row);
+  return row;
+}
+
+}  // namespace
+
+CCtrlPanelDlg::CCtrlPanelDlg(Frame& frame, QWidget* parent, const SettingsAccess& access)
+    : CVxDialog(frame.TheSkin(), kTextPanelTitle, parent),
+      frame_(frame),
+      access_(access),
+      loaded_(access.load()),
+      tabs_(new QButtonGroup(this)),
+      stack_(new QStackedWidget) {
+  setFont(PanelFont(font()));
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(0);
+  AddTabs();
+  column->addWidget(stack_, 1);
+  AddPages();
+  column->addSpacing(kMargin);
+  AddButtons();
+  AddPageKeys({Qt::CTRL | Qt::Key_PageDown, Qt::CTRL | Qt::Key_Tab}, 1);
+  AddPageKeys({Qt::CTRL | Qt::Key_PageUp, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab}, -1);
+  ShowPage(0);
+  pages_[0]->FocusFirst();
+  TakePlace(*parent->window());
+}
+
+void CCtrlPanelDlg::AddTabs() {
+  QHBoxLayout* const row = AddRow(static_cast<QVBoxLayout&>(*layout()), kTabGap);
+  for (const Tab& tab : kTabs) {
+    CButtonEx* const button = MakeButton(kSectionPanel, tab.imageKey, tab.textKey);
+    button->setCheckable(true);
+    tabs_->addButton(button, row->count());
+    row->addWidget(button);
+  }
+  row->addStretch();
+  connect(tabs_, &QButtonGroup::idClicked, this, &CCtrlPanelDlg::ShowPage);
+}
+
+void CCtrlPanelDlg::AddPages() {
+  stack_->setFrameShape(QFrame::StyledPanel);
+  deletePage_ = new CCtrlPanel04(TheSkin(), this);
+  pages_ = {new CCtrlPanel01(TheSkin(), this), new CCtrlPanel02(TheSkin(), this),
+            new CCtrlPanel03(TheSkin(), this), deletePage_};
+  for (CtrlPanelPage* page : pages_) {
+    stack_->addWidget(page);
+    page->Show(loaded_);
+  }
+}
+
+void CCtrlPanelDlg::AddButtons() {
+  QHBoxLayout* const row = AddRow(static_cast<QVBoxLayout&>(*layout()), kButtonGap);
+  row->addStretch();
+  CButtonEx* const confirm = MakeButton(kSectionPanel, kButtonPanelOk, kTextOk);
+  connect(confirm, &QAbstractButton::clicked, this, &QDialog::accept);
+  SetConfirmButton(confirm);
+  row->addWidget(confirm);
+  CButtonEx* const cancel = MakeButton(kSectionPanel, kButtonPanelCancel, kTextCancel);
+  connect(cancel, &QAbstractButton::clicked, this, &QDialog::reject);
+  row->addWidget(cancel);
+  row->addStretch();
+}
+
+void CCtrlPanelDlg::AddPageKeys(const QList<QKeySequence>& keys, int step) {
+  for (const QKeySequence& key : keys) {
+    connect(new QShortcut(key, this), &QShortcut::activated, this,
+            [this, step] { StepToPage(step); });
+  }
+}
+
+void CCtrlPanelDlg::TakePlace(const QWidget& host) {
+  const QRect place = LoadSkinPlace(TheSkin(), kSectionPanel, kPanelPlace);
+  setFixedSize(sizeHint().expandedTo(place.size()));
+  const QRect hostPlace(host.mapToGlobal(QPoint()), host.size());
+  move(PanelPosition(place, size(), hostPlace, host.screen()->availableGeometry()));
+}
+
+void CCtrlPanelDlg::ShowPage(int page) {
+  tabs_->button(page)->setChecked(true);
+  stack_->setCurrentIndex(page);
+}
+
+void CCtrlPanelDlg::StepToPage(int step) {
+  const int page = (stack_->currentIndex() + step + kPageCount) % kPageCount;
+  ShowPage(page);
+  pages_[static_cast<std::size_t>(page)]->FocusFirst();
+}
+
+Settings CCtrlPanelDlg::Values() const {
+  Settings settings = loaded_;
+  for (const CtrlPanelPage* page : pages_) page->Read(settings);
+  return settings;
+}
+
+void CCtrlPanelDlg::accept() {
+  const Settings settings = Values();
+  if (const char* fault = ValidatePanelSettings(settings)) {
+    ShowPage(stack_->indexOf(deletePage_));
+    deletePage_->FocusDays();
+    frame_.ShowTextMessage(kSectionTexts, fault, MsgBoxKind::Notice);
+    return;
+  }
+  access_.save(settings);
+  CVxDialog::accept();
+}
+
+}  // namespace feedloom

@@ -1,0 +1,36 @@
+#include "ui/tree/TreeRows.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "store/Rows.h"
+
+namespace feedloom {
+
+ChildRow ToRow(ChannelRow channel) {
+  return {.kind = RowKind::Channel,
+          .id = channel.id,
+          .order = channel.order,
+          .unreadCount = std::max(channel.unreadCount, 0),
+          .state = channel.state,
+          .title = std::move(channel.title),
+          .xmlLink = std::move(channel.xmlLink)};
+}
+
+ChildRow ToRow(CabinetRow cabinet) {
+  return {.kind = RowKind::Cabinet,
+          .id = cabinet.id,
+          .order = cabinet.order,
+          .unreadCount = std::max(cabinet.unreadCount, 0),
+          .title = std::move(cabinet.title)};
+}
+
+std::unique_ptr<GroupRow> ToRow(FolderRow folder) {
+  return std::make_unique<GroupRow>(GroupRow{.kind = RowKind::Folder,
+                                             .id = folder.id,
+                                             .order = folder.order,
+                                             .unreadCount = std::max(folder.unreadCount, 0),
+                                             .name = std::move(folder.name)});
+}
+
+}  // namespace feedloom

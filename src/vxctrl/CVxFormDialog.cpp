@@ -1,0 +1,89 @@
+#include "vxctrl/CVxFormDialog.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "skin/Keys.h"
+#include "vxctrl/CButtonEx.h"
+#include "vxctrl/CVxComboBox.h"
+#include "vxctrl/CVxEdit.h"
+#include "vxctrl/SkinText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kMargin = 20;
+constexpr int kRowGap = 8;
+constexpr int kLabelGap = 12;
+constexpr int kButtonGap = 8;
+constexpr int kFieldWidth = 240;
+
+}  // namespace
+
+CVxFormDialog::CVxFormDialog(const Skin& skin, const char* titleKey, QWidget* parent)
+    : CVxDialog(skin, titleKey, parent), column_(new QVBoxLayout(this)), rows_(new QFormLayout) {
+  column_->setSizeConstraint(QLayout::SetFixedSize);
+  column_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column_->setSpacing(kMargin);
+  column_->addLayout(rows_);
+  rows_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  rows_->setRowWrapPolicy(QFormLayout::DontWrapRows);
+  rows_->setLabelAlignment(Qt::AlignLeft);
+  rows_->setHorizontalSpacing(kLabelGap);
+  rows_->setVerticalSpacing(kRowGap);
+}
+
+void CVxFormDialog::AddRow(const char* labelKey, QWidget* field, CButtonEx* beside) {
+  field->setMinimumWidth(kFieldWidth);
+  if (rows_->rowCount() == 0) field->setFocus();
+  auto* const label = new QLabel(SkinText(TheSkin(), labelKey), this);
+  label->setBuddy(field);  // which is also how the field gets its name
+  if (beside == nullptr) return rows_->addRow(label, field);
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(kButtonGap);
+  row->addWidget(field, 1);
+  row->addWidget(beside);
+  setTabOrder(field, beside);
+  rows_->addRow(label, row);
+}
+
+QWidget* CVxFormDialog::AddBelow() {
+  auto* const field = new QWidget(this);
+  rows_->addRow(QString(), field);
+  return field;
+}
+
+CVxEdit* CVxFormDialog::AddEdit(const char* labelKey, CButtonEx* beside) {
+  auto* edit = new CVxEdit(TheSkin(), this);
+  AddRow(labelKey, edit, beside);
+  return edit;
+}
+
+CVxComboBox* CVxFormDialog::AddComboBox(const char* labelKey, CButtonEx* beside) {
+  auto* box = new CVxComboBox(TheSkin(), ComboLook::Dialog, this);
+  AddRow(labelKey, box, beside);
+  return box;
+}
+
+CButtonEx* CVxFormDialog::AddButtons(const char* section, const char* confirmKey,
+                                     const char* cancelKey) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(kButtonGap);
+  row->addStretch();
+  CButtonEx* const confirm = MakeButton(section, confirmKey, kTextOk);
+  connect(confirm, &QAbstractButton::clicked, this, &QDialog::accept);
+  SetConfirmButton(confirm);
+  row->addWidget(confirm);
+  if (cancelKey) {
+    CButtonEx* const cancel = MakeButton(section, cancelKey, kTextCancel);
+    connect(cancel, &QAbstractButton::clicked, this, &QDialog::reject);
+    row->addWidget(cancel);
+  }
+  row->addStretch();
+  column_->addLayout(row);
+  return confirm;
+}
+
+}  // namespace feedloom

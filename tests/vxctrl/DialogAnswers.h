@@ -1,0 +1,48 @@
+// The next answers of a user: to message boxes, file dialogs and the module's own dialogs.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <utility>
+
+namespace feedloom {
+
+// While the object lives, each modal dialog that comes up meets the next answer. The program knows
+// nothing of it.
+class DialogAnswers : public QObject {
+ public:
+  using Deed = std::function<void(QDialog&)>;
+
+  DialogAnswers() { qApp->installEventFilter(this); }
+
+  // Done to the next dialog as soon as it waits for the user, who closes it afterwards.
+  void Next(Deed deed) { deeds_.push_back(std::move(deed)); }
+  bool AreUsedUp() const { return deeds_.empty(); }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    auto* const dialog = qobject_cast<QDialog*>(watched);
+    if (event->type() != QEvent::Show || dialog == nullptr || !dialog->isModal()) return false;
+    if (deeds_.empty()) return false;
+    const Deed deed = std::exchange(deeds_.front(), nullptr);
+    deeds_.pop_front();
+    QTimer::singleShot(0, dialog, [dialog = QPointer(dialog), deed] {
+      EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
+      deed(*dialog);
+      if (dialog && dialog->isVisible()) dialog->close();
+    });
+    return false;
+  }
+
+ private:
+  std::deque<Deed> deeds_;
+};
+
+}  // namespace feedloom
