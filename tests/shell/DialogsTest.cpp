@@ -79,7 +79,7 @@ class FrameDialogs : public ModuleFixture {
 };
 
 TEST_F(FrameDialogs, AChannelIsCheckedAddedAndItsPostsArrive) {
-  server_.Serve("/new.xml", NumberedRss("Daily &amp;amp; more", "http://daily.example/", 2));
+  server_.Serve("/new.xml", NumberedRss("Daily &amp; more", "http://daily.example/post", 2));
   CreateFrame();
   Select("기본 그룹");
   answers_.Next([this](QDialog& dialog) {
@@ -96,7 +96,7 @@ TEST_F(FrameDialogs, AChannelIsCheckedAddedAndItsPostsArrive) {
   EXPECT_EQ(TreeLabels()[2], "  Daily & more(2)");
   EXPECT_EQ(Value("select channel_type || channel_htmllink || channel_order from TB_CHANNEL where "
                   "channel_title = 'Daily & more'"),
-            "rsshttp://daily.example/2");
+            "rsshttp://site.example/1");
 }
 
 TEST_F(FrameDialogs, AWebPageLeadsToItsFeedAndACheckThatHangsCanBeLeft) {

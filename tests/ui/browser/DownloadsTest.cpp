@@ -178,8 +178,9 @@ TEST_F(DownloadsTest, OneThatIsStoppedLeavesNothing) {
 
 TEST_F(DownloadsTest, OneThatIsStoppedWhenItBeginsLeavesNothing) {
   server_.Serve("/file.bin", std::string(1'000'000, 'x'));
+  QSignalSpy begun(downloads_.get(), &Downloads::Begun);
   Download("/file.bin");
-  EXPECT_TRUE(ComesTrue([this] { return downloads_->AreUnderWay(); }, kPatience));
+  EXPECT_TRUE(begun.wait(kPatience));
   downloads_->Stop();
   // The engine carries out what is asked of it one after another: when the next one is there, it is
   // through with this one.
