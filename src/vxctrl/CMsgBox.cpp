@@ -46,13 +46,12 @@ constexpr int kMargin = 20;
 constexpr int kButtonGap = 8;
 constexpr QSize kSmallestText(220, 32);
 constexpr int kWidestText = 420;
-constexpr int kTextSlack = 4;  // lines are broken by fractions of a pixel, and measured without
 
 // The size of the area that shows `label`: what the text needs when it is wrapped at kWidestText,
 // and at most two thirds of the screen.
 QSize TextAreaSize(const QLabel& label, const QSize& screen) {
   const QSize limit = screen * 2 / 3;
-  const int oneLine = label.fontMetrics().size(0, label.text()).width() + kTextSlack;
+  const int oneLine = label.fontMetrics().size(0, label.text()).width();
   const int width = std::min(std::clamp(oneLine, kSmallestText.width(), kWidestText),
                              std::max(limit.width(), kSmallestText.width()));
   const int height = std::max(label.heightForWidth(width), kSmallestText.height());
@@ -87,8 +86,11 @@ QWidget* CMsgBox::MakeTextArea(const QString& text) {
   area->setWidgetResizable(true);
   area->setFixedSize(TextAreaSize(*label, screen()->availableSize()));
   area->setWidget(label);
-  // The Tab key stops at a text only to scroll it.
-  if (label->heightForWidth(area->width()) <= area->height()) area->setFocusPolicy(Qt::NoFocus);
+  if (label->heightForWidth(area->width()) <= area->height()) {
+    area->setFocusPolicy(Qt::NoFocus);  // the Tab key stops at a text only to scroll it
+    // The area's own guess begins with a narrower text, and keeps to its bar.
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  }
   return area;
 }
 

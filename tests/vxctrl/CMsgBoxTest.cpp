@@ -165,6 +165,7 @@ TEST_F(CMsgBoxTest, ALongTextIsScrolledInsideTheScreen) {
 
 TEST_F(CMsgBoxTest, AShortTextNeedsNoScrolling) {
   for (const char* text : {"Done.", "Line one\r\nline two\r\nline three",
+                           "Two lines, which need all of the width\r\nthat the text area has got",
                            "A sentence that is too long for one line of the box and is therefore "
                            "wrapped at the space between two of its words."}) {
     CMsgBox box(shipped_.Get(), text, MsgBoxKind::Notice, nullptr);
@@ -172,6 +173,7 @@ TEST_F(CMsgBoxTest, AShortTextNeedsNoScrolling) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
     const auto* area = box.findChild<QScrollArea*>();
     EXPECT_EQ(area->verticalScrollBar()->maximum(), 0) << text;
+    EXPECT_EQ(area->viewport()->width(), area->width()) << text;
     EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << text;
   }
 }
