@@ -31,16 +31,6 @@ std::optional<std::vector<ChannelRow>> ChannelsToRefresh(Session& session,
   return channels;
 }
 
-RefreshEntry EntryFor(const ChannelRow& channel) {
-  RefreshEntry entry;
-  entry.channelId = channel.id;
-  entry.folderId = channel.folderId;
-  entry.title = channel.title;
-  entry.xmlLink = channel.xmlLink;
-  entry.order = channel.order;
-  return entry;
-}
-
 }  // namespace
 
 int RunRefresh(Session& session, const RefreshOptions& options) {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "store/Rows.h"
+
 namespace feedloom {
 namespace {
 
@@ -10,6 +12,16 @@ std::string AddressIn(const RefreshEntry& entry) {
 }
 
 }  // namespace
+
+RefreshEntry EntryFor(const ChannelRow& channel) {
+  RefreshEntry entry;
+  entry.channelId = channel.id;
+  entry.folderId = channel.folderId;
+  entry.title = channel.title;
+  entry.xmlLink = channel.xmlLink;
+  entry.order = channel.order;
+  return entry;
+}
 
 bool RefreshQueue::Append(RefreshEntry entry) {
   const bool isStored = entry.channelId >= 0;

@@ -9,6 +9,8 @@
 
 namespace feedloom {
 
+struct ChannelRow;
+
 struct RefreshEntry {
   int channelId = -1;  // negative: not in the store yet
   int folderId = 0;
@@ -18,6 +20,9 @@ struct RefreshEntry {
   std::string type = "rss";
   int order = -1;
 };
+
+// The refresh of a channel that is in the store.
+RefreshEntry EntryFor(const ChannelRow& channel);
 
 // A plain container: whoever shares it between threads guards it. But for RemoveWaiting, what a
 // function takes does not grow with the queue.

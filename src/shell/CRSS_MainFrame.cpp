@@ -255,8 +255,10 @@ void CRSS_MainFrame::ShowNewPostNotification() {
   if (announcement_) announcement_->close();
   announcement_ = new CRSS_AnnounceDlg(skin_, this);
   connect(announcement_, &CRSS_AnnounceDlg::Clicked, this, [this] {
-    window()->raise();
-    window()->activateWindow();
+    QWidget* const host = window();
+    host->setWindowState(host->windowState() & ~Qt::WindowMinimized);
+    host->raise();
+    host->activateWindow();
     left_->ListToday();
   });
   const int count = NewPostCount(state_.unreadTotal, state_.announcedTotal);

@@ -49,6 +49,14 @@ int FolderToBeginWith(Frame& frame, const CVxComboBox& folders, const std::strin
   return id;
 }
 
+// A page must not lead the user to the machine's own files.
+QString AddressToBeginWith(Frame& frame, const std::string& fromPage) {
+  const CodePage codePage = frame.TheStore().TextCodePage();
+  const std::string scheme = frame.TheSkin().GetText(kSectionTexts, kTextUrlScheme);
+  const bool isWeb = IsWebAddress(CompleteFeedAddress(codePage.ToUtf8(fromPage), scheme));
+  return isWeb ? ToQString(codePage, fromPage) : QString();
+}
+
 }  // namespace
 
 CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std::string& folderName,
@@ -62,7 +70,7 @@ CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std:
       addFolder_(*MakeButton(kSectionAddChannel, kButtonAddChannelGroup, kTextAddChannelGroup)),
       folders_(*AddComboBox(kTextGroupSelect, &addFolder_)),
       ok_(*AddButtons(kSectionAddChannel, kButtonAddChannelConfirm, kButtonAddChannelCancel)) {
-  address_.setText(ToQString(frame.TheStore().TextCodePage(), address));
+  address_.setText(AddressToBeginWith(frame, address));
   ListFolders(frame, folders_);
   ChooseFolder(folders_, FolderToBeginWith(frame, folders_, folderName));
   Connect();
@@ -174,13 +182,7 @@ void CRSS_ChannelAddDlg::Subscribe(const ChannelRecord& record) {
   row.folderId = record.folderId;
   row.order = record.order;
   frame_.ChannelWasAdded(row);
-  RefreshEntry entry;
-  entry.channelId = row.id;
-  entry.folderId = row.folderId;
-  entry.title = row.title;
-  entry.xmlLink = row.xmlLink;
-  entry.order = row.order;
-  frame_.QueueRefresh({entry});
+  frame_.QueueRefresh({EntryFor(row)});
   frame_.StartRefresh();
 }
 

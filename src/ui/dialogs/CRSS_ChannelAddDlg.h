@@ -19,7 +19,8 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  // Both texts are in the module's code page and may be empty.
+  // Both texts are in the module's code page and may be empty. The address comes from a page: any
+  // but an http or https one is left out.
   CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std::string& folderName,
                      const std::string& address);
 

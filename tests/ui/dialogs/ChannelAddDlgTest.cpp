@@ -211,6 +211,8 @@ TEST_F(ChannelAddDlg, BeginsWithTheCallersAddressAndWithoutFoldersAsksForOne) {
   });
   Show("Gone", "http://preset.example/");
   EXPECT_EQ(Messages(), Keys{kTextMoveEmpty});
+  WhenShown([](QDialog& dialog) { EXPECT_EQ(Address(dialog).text(), ""); });
+  Show("", "file:///etc/hostname");
 }
 
 TEST_F(ChannelAddDlg, AFrameThatGoesWhileAMessageIsReadIsLeftAlone) {
