@@ -247,11 +247,20 @@ void CRSS_MainFrame::ApplyPanelSettings(const Settings& settings) {
 
 void CRSS_MainFrame::SetPreviewMode() { rightBottom_->SetMode(settings_.previewMode == 0 ? 1 : 0); }
 
-void CRSS_MainFrame::NotifyOfNewPosts() {
-  if (NewPostCount(state_.unreadTotal, state_.announcedTotal) > 0) ShowNewPostNotification();
+// How many are new is counted from the last time that it was asked, whatever the user was shown:
+// who reads posts lowers the total, and is told of those that come afterwards.
+int CRSS_MainFrame::TakeNewPostCount() {
+  const int announced = std::exchange(state_.announcedTotal, state_.unreadTotal);
+  return NewPostCount(state_.unreadTotal, announced);
 }
 
-void CRSS_MainFrame::ShowNewPostNotification() {
+void CRSS_MainFrame::NotifyOfNewPosts() {
+  if (const int count = TakeNewPostCount(); count > 0) Announce(count);
+}
+
+void CRSS_MainFrame::ShowNewPostNotification() { Announce(TakeNewPostCount()); }
+
+void CRSS_MainFrame::Announce(int count) {
   if (announcement_) announcement_->close();
   announcement_ = new CRSS_AnnounceDlg(skin_, this);
   connect(announcement_, &CRSS_AnnounceDlg::Clicked, this, [this] {
@@ -261,8 +270,6 @@ void CRSS_MainFrame::ShowNewPostNotification() {
     host->activateWindow();
     left_->ListToday();
   });
-  const int count = NewPostCount(state_.unreadTotal, state_.announcedTotal);
-  state_.announcedTotal = state_.unreadTotal;
   announcement_->Announce(count, NoticeAlphaValue(settings_.newFeedMsgTransparency));
 }
 

@@ -93,6 +93,8 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   void SetUpKeys();
   void BeginLife();
   void SetPreviewMode();
+  int TakeNewPostCount();
+  void Announce(int count);
   void StopRefresh();
   void SendText();
   void OnChannelResult(int result, int channelId);

@@ -47,9 +47,9 @@ class Frame {
   // Works off the queue; does nothing when it is empty.
   virtual void StartRefresh() = 0;
 
-  // Finds out on another thread whether the address yields a feed; `onAnswer` is called later, on
-  // the interface thread. The next check and StopFeedCheck end the one before: its answer is
-  // dropped.
+  // Finds out on another thread whether the address, a text in the module's code page, yields a
+  // feed; `onAnswer` is called later, on the interface thread. The next check, StopFeedCheck and
+  // the end of the frame's refresh end the one before: its answer is dropped.
   virtual void CheckFeed(const std::string& address,
                          std::function<void(const FeedCheckAnswer&)> onAnswer) = 0;
   virtual void StopFeedCheck() = 0;

@@ -30,26 +30,22 @@ void DrawImage(QPainter& painter, const QRect& area, const QPixmap& image) {
   qDrawBorderPixmap(&painter, area, QMargins(edge, edge, edge, edge), image);
 }
 
-}  // namespace
-
-CButtonEx::CButtonEx(const std::string& imagePath, QWidget* parent) : QAbstractButton(parent) {
-  setAttribute(Qt::WA_Hover);  // painted anew when the pointer comes and goes
-  setFocusPolicy(Qt::StrongFocus);
-  LoadImages(imagePath);
+// The first file that a state lacks; null when all are there.
+QString MissingFile(const std::string& imagePath) {
+  for (const std::string& path : ButtonImagePaths(imagePath)) {
+    const QString file = QFile::decodeName(path.c_str());
+    if (!QFileInfo(file).isFile()) return file;
+  }
+  return {};
 }
 
-void CButtonEx::LoadImages(const std::string& imagePath) {
-  const auto paths = ButtonImagePaths(imagePath);
-  QString missing;
-  for (std::size_t state = 0; state < paths.size(); ++state) {
-    const QString path = QFile::decodeName(paths[state].c_str());
-    if (!QFileInfo(path).isFile()) {
-      if (missing.isEmpty()) missing = path;
-    } else {
-      images_[state].load(path);
-    }
-    if (images_[state].isNull()) images_[state] = images_[kButtonNormal];
-  }
+}  // namespace
+
+CButtonEx::CButtonEx(const std::string& imagePath, QWidget* parent)
+    : QAbstractButton(parent), images_(LoadStateImages(imagePath)) {
+  setAttribute(Qt::WA_Hover);  // painted anew when the pointer comes and goes
+  setFocusPolicy(Qt::StrongFocus);
+  const QString missing = MissingFile(imagePath);
   if (missing.isNull()) return;
   // Later, when the window that holds the button is there for the warning to stand over.
   QMetaObject::invokeMethod(

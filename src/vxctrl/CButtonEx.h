@@ -1,11 +1,9 @@
 #pragma once
 
 #include <QAbstractButton>
-#include <QPixmap>
-#include <array>
 #include <string>
 
-#include "vxctrl/ButtonImages.h"
+#include "vxctrl/SkinPieces.h"
 
 namespace feedloom {
 
@@ -31,14 +29,13 @@ class CButtonEx : public QAbstractButton {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void LoadImages(const std::string& imagePath);
   void WarnOfMissingFile(const QString& path);
   bool LooksPressed() const { return isDown() || isChecked(); }
   ButtonState State() const;
   void DrawDesktopButton(QPainter& painter) const;
   void DrawLabel(QPainter& painter) const;
 
-  std::array<QPixmap, kButtonStateCount> images_;
+  const StateImages images_;
 };
 
 // A button of a toolbar, by the keys of its image and of its tooltip, which is also its name. A

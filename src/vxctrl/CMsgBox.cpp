@@ -115,8 +115,10 @@ QWidget* CMsgBox::MakeButtonRow(const Skin& skin, MsgBoxKind kind) {
 
 void CMsgBox::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool isEscape = event->key() == Qt::Key_Escape;
+  if (event->isAutoRepeat() && (isEnter || isEscape)) return;
   if (!isEnter) return QDialog::keyPressEvent(event);
-  if (!event->isAutoRepeat()) consent_->click();
+  consent_->click();
 }
 
 MsgBoxAnswer ShowMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent) {

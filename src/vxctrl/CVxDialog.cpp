@@ -1,6 +1,7 @@
 #include "vxctrl/CVxDialog.h"
 
 #include <QBitmap>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
@@ -47,10 +48,32 @@ CButtonEx* CVxDialog::MakeButton(const char* section, const char* imageKey, cons
   return button;
 }
 
+QHBoxLayout* CVxDialog::MakeButtonRow(const char* section, const char* confirmKey,
+                                      const char* cancelKey) {
+  constexpr int kGap = 8;
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(kGap);
+  row->addStretch();
+  CButtonEx* const confirm = MakeButton(section, confirmKey, kTextOk);
+  connect(confirm, &QAbstractButton::clicked, this, &QDialog::accept);
+  SetConfirmButton(confirm);
+  row->addWidget(confirm);
+  if (cancelKey) {
+    CButtonEx* const cancel = MakeButton(section, cancelKey, kTextCancel);
+    connect(cancel, &QAbstractButton::clicked, this, &QDialog::reject);
+    row->addWidget(cancel);
+  }
+  row->addStretch();
+  return row;
+}
+
 void CVxDialog::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool isEscape = event->key() == Qt::Key_Escape;
+  // A key that is held was meant for the message that stood here before.
+  if (event->isAutoRepeat() && (isEnter || isEscape)) return;
   if (!isEnter || !confirm_) return QDialog::keyPressEvent(event);
-  if (!event->isAutoRepeat()) confirm_->click();
+  confirm_->click();
 }
 
 void CVxDialog::paintEvent(QPaintEvent* event) {

@@ -6,6 +6,8 @@
 #include <QPixmap>
 #include <functional>
 
+class QHBoxLayout;
+
 namespace feedloom {
 
 class CButtonEx;
@@ -37,7 +39,11 @@ class CVxDialog : public QDialog {
 
   // A button with an image and a text; the key names the image in this section of the skin.
   CButtonEx* MakeButton(const char* section, const char* imageKey, const char* textKey);
+  // A row with OK, and Cancel unless `cancelKey` is null; the keys name images in this section of
+  // the skin. Enter presses OK. The row belongs to the layout that it is added to.
+  QHBoxLayout* MakeButtonRow(const char* section, const char* confirmKey, const char* cancelKey);
   // What Enter presses.
+  CButtonEx* ConfirmButton() const { return confirm_; }
   void SetConfirmButton(CButtonEx* button) { confirm_ = button; }
 
   const Skin& TheSkin() const { return skin_; }

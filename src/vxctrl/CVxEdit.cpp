@@ -48,6 +48,15 @@ CVxEdit::CVxEdit(const Skin& skin, QWidget* parent)
   setTextMargins(SizeOf(pieces_.left).width(), 0, SizeOf(pieces_.right).width(), 0);
 }
 
+QString CVxEdit::TrimmedText() const {
+  const QString all = text();
+  const auto isSeen = [](QChar c) { return !c.isSpace() && c.category() != QChar::Other_Format; };
+  const auto first = std::ranges::find_if(all, isSeen);
+  auto last = all.end();
+  while (last != first && !isSeen(last[-1])) --last;
+  return all.mid(first - all.begin(), last - first);
+}
+
 QSize CVxEdit::sizeHint() const {
   return QLineEdit::sizeHint().expandedTo({0, SizeOf(pieces_.middle).height()});
 }

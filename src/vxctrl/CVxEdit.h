@@ -17,6 +17,9 @@ class CVxEdit : public QLineEdit {
  public:
   CVxEdit(const Skin& skin, QWidget* parent);
 
+  // Without what cannot be seen at its two ends.
+  QString TrimmedText() const;
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 

@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "skin/Keys.h"
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/CVxComboBox.h"
 #include "vxctrl/CVxEdit.h"
@@ -69,21 +68,8 @@ CVxComboBox* CVxFormDialog::AddComboBox(const char* labelKey, CButtonEx* beside)
 
 CButtonEx* CVxFormDialog::AddButtons(const char* section, const char* confirmKey,
                                      const char* cancelKey) {
-  auto* row = new QHBoxLayout;
-  row->setSpacing(kButtonGap);
-  row->addStretch();
-  CButtonEx* const confirm = MakeButton(section, confirmKey, kTextOk);
-  connect(confirm, &QAbstractButton::clicked, this, &QDialog::accept);
-  SetConfirmButton(confirm);
-  row->addWidget(confirm);
-  if (cancelKey) {
-    CButtonEx* const cancel = MakeButton(section, cancelKey, kTextCancel);
-    connect(cancel, &QAbstractButton::clicked, this, &QDialog::reject);
-    row->addWidget(cancel);
-  }
-  row->addStretch();
-  column_->addLayout(row);
-  return confirm;
+  column_->addLayout(MakeButtonRow(section, confirmKey, cancelKey));
+  return ConfirmButton();
 }
 
 }  // namespace feedloom

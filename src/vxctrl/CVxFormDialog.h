@@ -21,13 +21,12 @@ class CVxFormDialog : public CVxDialog {
 
   // A row with any field, and with a button beside it if there is one; both become children.
   void AddRow(const char* labelKey, QWidget* field, CButtonEx* beside = nullptr);
-  // An empty field without a label, below the one before; it has nothing to do with the keyboard.
+  // An empty field without a label, below the one before.
   QWidget* AddBelow();
   CVxEdit* AddEdit(const char* labelKey, CButtonEx* beside = nullptr);
   CVxComboBox* AddComboBox(const char* labelKey, CButtonEx* beside = nullptr);
 
-  // OK, and Cancel unless `cancelKey` is null; the keys name images in this section of the skin.
-  // Enter presses OK. Returns OK.
+  // MakeButtonRow, below the fields. Returns OK.
   CButtonEx* AddButtons(const char* section, const char* confirmKey, const char* cancelKey);
 
  private:

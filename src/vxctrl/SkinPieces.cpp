@@ -24,9 +24,13 @@ QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key) {
 }
 
 StateImages LoadStateImages(const Skin& skin, const char* section, const char* key) {
+  if (skin.GetSkinValue(section, key).empty()) return {};
+  return LoadStateImages(skin.GetImagePath(section, key));
+}
+
+StateImages LoadStateImages(const std::string& imagePath) {
   StateImages images;
-  if (skin.GetSkinValue(section, key).empty()) return images;
-  const auto paths = ButtonImagePaths(skin.GetImagePath(section, key));
+  const auto paths = ButtonImagePaths(imagePath);
   for (std::size_t state = 0; state < paths.size(); ++state) {
     images[state] = QPixmap(QFile::decodeName(paths[state].c_str()));
     if (images[state].isNull()) images[state] = images[kButtonNormal];

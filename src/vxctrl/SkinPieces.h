@@ -19,6 +19,7 @@ QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key);
 // By ButtonState. For a state without a file the normal image stands in; all are null without that.
 using StateImages = std::array<QPixmap, kButtonStateCount>;
 StateImages LoadStateImages(const Skin& skin, const char* section, const char* key);
+StateImages LoadStateImages(const std::string& imagePath);
 
 // The rectangle under this key, as the host writes it down: an empty one when there is none.
 QRect LoadSkinPlace(const Skin& skin, const char* section, const char* key);

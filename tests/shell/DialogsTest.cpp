@@ -86,7 +86,7 @@ TEST_F(FrameDialogs, AChannelIsCheckedAddedAndItsPostsArrive) {
     QTest::keyClicks(&Box(dialog, 0), QString::fromStdString(server_.Url("/new.xml")));
     QTest::keyClick(&dialog, Qt::Key_Return);
     ASSERT_TRUE(WaitUntil([&] { return Box(dialog, 1).isEnabled(); }));
-    EXPECT_EQ(Box(dialog, 1).text(), "Daily &amp; more");
+    EXPECT_EQ(Box(dialog, 1).text(), "Daily & more");
     QTest::keyClick(&dialog, Qt::Key_Return);
     EXPECT_FALSE(dialog.isVisible());
   });
@@ -184,6 +184,14 @@ TEST_F(FrameDialogs, NewPostsAreAnnouncedOnceAndAClickListsTodays) {
   QTest::mouseClick(Announcement(), Qt::LeftButton, {}, {100, 90});
   EXPECT_EQ(Announcement(), nullptr);
   EXPECT_EQ(ListedTitles().size(), 3);
+  EXPECT_EQ(Value("select count(*) from TB_POST where post_readStatus = 1"), "1");
+  FireNoticeTimer();
+  EXPECT_EQ(Announcement(), nullptr);
+  AddPosts(1, 1);
+  Send(kMessageChannelResult, kChannelRefreshed, 1);
+  FireNoticeTimer();
+  ASSERT_NE(Announcement(), nullptr);  // there are as many unread posts as at the last time
+  EXPECT_EQ(AnnouncedTexts().front(), "1 개");
 }
 
 TEST_F(FrameDialogs, AFrameMayEndWhileAnAnnouncementOrADialogIsOpen) {

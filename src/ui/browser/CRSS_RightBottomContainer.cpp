@@ -130,16 +130,17 @@ void CRSS_RightBottomContainer::SetUpKeys() {
 // What the pane shows.
 
 void CRSS_RightBottomContainer::NotePageShown() {
-  if (shownPost_ && !shownPost_->isDrawn) {
-    shownPost_->address = view_->OutsideAddress();
-    shownPost_->isDrawn = true;
+  if (shownPost_ && !shownPost_->isKnown && !view_->IsWritten()) {
+    shownPost_->address = view_->OutsideAddress();  // a server may have led elsewhere
+    shownPost_->isKnown = true;
   }
   emit PageShown();
 }
 
 // The user may have gone elsewhere since.
 bool CRSS_RightBottomContainer::IsOnDisplay(const ShownPost& shown) const {
-  return !shown.isDrawn || view_->OutsideAddress() == shown.address;
+  return !shown.isKnown ||
+         (view_->IsWritten() == shown.isWritten && view_->OutsideAddress() == shown.address);
 }
 
 void CRSS_RightBottomContainer::Redraw() {
@@ -154,7 +155,7 @@ void CRSS_RightBottomContainer::ShowMainPage() {
 }
 
 void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
-  shownPost_ = ShownPost{.post = post, .mode = mode_, .address = {}};
+  shownPost_ = ShownPost{.post = post, .mode = mode_};
   const QString address = ToQString(frame_.TheStore().TextCodePage(), post.link);
   const QUrl link(address);
   // A feed must not lead to the machine's own files, nor press a button of the page before.
@@ -170,6 +171,8 @@ void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
 
 void CRSS_RightBottomContainer::WritePage(const PageToWrite& page) {
   if (page.html.isEmpty()) return;
+  shownPost_->isWritten = shownPost_->isKnown = true;
+  shownPost_->address = page.source;
   view_->WritePageToBrowser(page);
   toolbar_->Enable(kBrowserFeed, false);  // such a page announces no feeds
 }

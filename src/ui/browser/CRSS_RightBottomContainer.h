@@ -55,9 +55,10 @@ class CRSS_RightBottomContainer : public QWidget {
   // The post that the pane was asked to show last.
   struct ShownPost {
     PostRow post;
-    int mode;      // that it was shown in
-    QUrl address;  // on which its page ended; not known before it was drawn
-    bool isDrawn = false;
+    int mode;                // that it was shown in
+    bool isWritten = false;  // as a page of the module's own
+    QUrl address = {};       // of its page, which is known when a web page has been drawn
+    bool isKnown = false;
   };
 
   bool IsOnDisplay(const ShownPost& shown) const;

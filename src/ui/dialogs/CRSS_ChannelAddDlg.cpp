@@ -3,12 +3,12 @@
 #include <QPointer>
 #include <QProgressBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ingest/FeedAddress.h"
 #include "ingest/FeedCheckAnswer.h"
 #include "skin/Keys.h"
 #include "store/Channels.h"
-#include "store/Folders.h"
 #include "store/SqlText.h"
 #include "ui/Frame.h"
 #include "ui/dialogs/CRSS_GroupAddDlg.h"
@@ -41,14 +41,6 @@ QProgressBar* MakeProgress(const Skin& skin, QWidget* room) {
   return progress;
 }
 
-// The folder with this name, or else the first one.
-int FolderToBeginWith(Frame& frame, const CVxComboBox& folders, const std::string& name) {
-  int id = folders.itemData(0).toInt();
-  int order = 0;
-  if (!name.empty()) FindFolderByName(frame.TheStore(), name, id, order);
-  return id;
-}
-
 // A page must not lead the user to the machine's own files.
 QString AddressToBeginWith(Frame& frame, const std::string& fromPage) {
   const CodePage codePage = frame.TheStore().TextCodePage();
@@ -72,7 +64,8 @@ CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std:
       ok_(*AddButtons(kSectionAddChannel, kButtonAddChannelConfirm, kButtonAddChannelCancel)) {
   address_.setText(AddressToBeginWith(frame, address));
   ListFolders(frame, folders_);
-  ChooseFolder(folders_, FolderToBeginWith(frame, folders_, folderName));
+  const QString folder = ToLine(frame.TheStore().TextCodePage(), folderName);
+  folders_.setCurrentIndex(std::max(folders_.findText(folder), 0));
   Connect();
   SetState(State::Unchecked);
 }
@@ -86,7 +79,7 @@ void CRSS_ChannelAddDlg::Connect() {
 }
 
 std::string CRSS_ChannelAddDlg::TextOf(const CVxEdit& box) const {
-  return FromQString(frame_.TheStore().TextCodePage(), box.text().trimmed());
+  return FromQString(frame_.TheStore().TextCodePage(), box.TrimmedText());
 }
 
 void CRSS_ChannelAddDlg::SetState(State state) {
@@ -107,7 +100,7 @@ void CRSS_ChannelAddDlg::SetState(State state) {
 
 // The address is ASCII from here on, so that no code page can harm it.
 void CRSS_ChannelAddDlg::Check() {
-  const QString typed = address_.text().trimmed();
+  const QString typed = address_.TrimmedText();
   if (const char* const fault = CheckAddress(typed.toStdString())) return Refuse(fault, &address_);
   const std::string scheme = frame_.TheSkin().GetText(kSectionTexts, kTextUrlScheme);
   const std::string address = CompleteFeedAddress(typed.toStdString(), scheme);
@@ -124,7 +117,8 @@ void CRSS_ChannelAddDlg::OnChecked(const FeedCheckAnswer& answer) {
   if (!answer.isFeed) return Refuse(kTextAddChannelCheckError, &address_);
   homePage_ = answer.homePage;
   const CodePage codePage = frame_.TheStore().TextCodePage();
-  title_.setText(answer.title.empty() ? address_.text() : ToLine(codePage, answer.title));
+  const std::string title = UnescapeEntities(answer.title);  // as it will be stored
+  title_.setText(title.empty() ? address_.text() : ToLine(codePage, title));
   title_.setFocus();
   title_.selectAll();
 }
@@ -152,7 +146,8 @@ void CRSS_ChannelAddDlg::AddFolder() {
 }
 
 const char* CRSS_ChannelAddDlg::Fault() {
-  ListFolders(frame_, folders_);  // the chosen one may have been deleted meanwhile
+  // The chosen one may have been deleted meanwhile.
+  if (!ListFolders(frame_, folders_)) return kTextAddChannelError;
   return CheckNewChannel(TextOf(title_), ChosenFolder(folders_), [this](int folderId) {
     int id = 0;
     int order = 0;

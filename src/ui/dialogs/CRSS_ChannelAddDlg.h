@@ -36,6 +36,7 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   void OnChecked(const FeedCheckAnswer& answer);
   void OfferAnnounced(const std::string& address);
   void AddFolder();
+  // Both: the key of the message that says what is wrong, null when nothing is.
   const char* Fault();
   const char* Add();
   void Subscribe(const ChannelRecord& record);

@@ -20,15 +20,19 @@ CRSS_ChannelMoveDlg::CRSS_ChannelMoveDlg(Frame& frame, QWidget* parent, ChannelF
   AddButtons(kSectionMoveChannel, kButtonMoveChannelConfirm, kButtonMoveChannelCancel);
 }
 
-void CRSS_ChannelMoveDlg::accept() {
-  ListFolders(frame_, folders_);  // the chosen one may have been deleted meanwhile
-  const int folderId = ChosenFolder(folders_);
-  const char* fault = CheckFolder(folderId, [this](int candidate) {
+const char* CRSS_ChannelMoveDlg::Fault() {
+  // The chosen one may have been deleted meanwhile.
+  if (!ListFolders(frame_, folders_)) return kTextMoveError;
+  return CheckFolder(ChosenFolder(folders_), [this](int folderId) {
     int id = 0;
     int order = 0;
-    return FindChannelByXmlLink(frame_.TheStore(), channel_.xmlLink, candidate, id, order);
+    return FindChannelByXmlLink(frame_.TheStore(), channel_.xmlLink, folderId, id, order);
   });
-  if (fault == nullptr) fault = Move(folderId);
+}
+
+void CRSS_ChannelMoveDlg::accept() {
+  const char* fault = Fault();
+  if (fault == nullptr) fault = Move(ChosenFolder(folders_));
   if (fault == nullptr) return CVxFormDialog::accept();
   folders_.setFocus();
   frame_.ShowTextMessage(kSectionTexts, fault, MsgBoxKind::Notice);

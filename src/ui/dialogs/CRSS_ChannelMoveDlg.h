@@ -17,6 +17,8 @@ class CRSS_ChannelMoveDlg : public CVxFormDialog {
   void accept() override;
 
  private:
+  // Both: the key of the message that says what is wrong, null when nothing is.
+  const char* Fault();
   const char* Move(int folderId);
 
   Frame& frame_;

@@ -35,10 +35,14 @@ void Show(CVxDialog* dialog) {
   RunDialog(dialog, [] {});
 }
 
-int HighestCabinetOrder(Store& store) {
+// The new cabinet, behind all others; its id is 0 when the title is taken, -1 after a failure.
+CabinetRow AppendCabinet(Store& store, const std::string& title) {
+  CabinetRow added{.id = -1, .title = UnescapeEntities(title)};
   std::vector<CabinetRow> cabinets;
-  LoadCabinetList(store, cabinets);
-  return cabinets.empty() ? 0 : cabinets.back().order;
+  if (!LoadCabinetList(store, cabinets)) return added;
+  added.order = cabinets.empty() ? 1 : cabinets.back().order + 1;
+  added.id = AddCabinet(store, title, added.order);
+  return added;
 }
 
 }  // namespace
@@ -82,9 +86,7 @@ void ShowGroupAdd(Frame& frame, QWidget* parent) { Show(new CRSS_GroupAddDlg(fra
 void ShowCabinetAdd(Frame& frame, QWidget* parent) {
   const auto title = AskName(new CRSS_CabinetAddDlg(frame, parent));
   if (!title) return;
-  CabinetRow cabinet{.title = UnescapeEntities(*title)};
-  cabinet.order = HighestCabinetOrder(frame.TheStore()) + 1;
-  cabinet.id = AddCabinet(frame.TheStore(), *title, cabinet.order);
+  const CabinetRow cabinet = AppendCabinet(frame.TheStore(), *title);
   if (cabinet.id > 0) return frame.CabinetWasAdded(cabinet);
   frame.ShowTextMessage(kSectionTexts, cabinet.id == 0 ? kTextCabinetDuplicate : kTextCabinetError,
                         MsgBoxKind::Notice);

@@ -7,15 +7,16 @@
 
 namespace feedloom {
 
-void ListFolders(Frame& frame, CVxComboBox& box) {
+bool ListFolders(Frame& frame, CVxComboBox& box) {
   const int chosen = ChosenFolder(box);
   std::vector<FolderRow> folders;
-  LoadFolderList(frame.TheStore(), folders);
+  if (!LoadFolderList(frame.TheStore(), folders)) return false;
   box.clear();
   for (const FolderRow& folder : folders) {
     box.addItem(ToLine(frame.TheStore().TextCodePage(), folder.name), folder.id);
   }
   ChooseFolder(box, chosen);
+  return true;
 }
 
 int ChosenFolder(const CVxComboBox& box) { return box.currentData().toInt(); }

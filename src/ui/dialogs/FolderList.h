@@ -6,9 +6,9 @@ namespace feedloom {
 class CVxComboBox;
 class Frame;
 
-// Reads all folders again; the chosen one stays so, unless it has gone: then none is chosen. A
-// failure is reported by the store and leaves none to choose.
-void ListFolders(Frame& frame, CVxComboBox& box);
+// Reads all folders again; the chosen one stays so, unless it has gone: then none is chosen. After
+// a failure, which the store reports, false, and the list stays as it is.
+bool ListFolders(Frame& frame, CVxComboBox& box);
 
 // 0 when none is chosen.
 int ChosenFolder(const CVxComboBox& box);

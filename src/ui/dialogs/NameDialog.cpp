@@ -12,6 +12,7 @@ NameDialog::NameDialog(Frame& frame, QWidget* parent, const NameDialogLook& look
     : CVxFormDialog(frame.TheSkin(), look.titleKey, parent),
       frame_(frame),
       rule_(rule),
+      oldName_(name),
       box_(*AddEdit(look.labelKey)) {
   box_.setText(ToQString(frame.TheStore().TextCodePage(), name));
   box_.selectAll();
@@ -19,14 +20,16 @@ NameDialog::NameDialog(Frame& frame, QWidget* parent, const NameDialogLook& look
 }
 
 std::string NameDialog::Name() const {
-  return FromQString(frame_.TheStore().TextCodePage(), box_.text().trimmed());
+  return FromQString(frame_.TheStore().TextCodePage(), box_.TrimmedText());
 }
 
 void NameDialog::accept() {
   const std::string name = Name();
   const std::string cabinetRoot = frame_.TheSkin().GetText(kSectionTexts, kTextCabinetTitle);
-  const char* fault =
-      CheckName(rule_, name, cabinetRoot, [this](const std::string& n) { return IsTaken(n); });
+  // The old name is there for sure; looked up, its entities would be decoded once more.
+  const char* fault = CheckName(rule_, name, cabinetRoot, [this](const std::string& wanted) {
+    return wanted == oldName_ || IsTaken(wanted);
+  });
   if (fault == nullptr) fault = Keep(name);
   if (fault == nullptr) return CVxFormDialog::accept();
   box_.setFocus();

@@ -29,7 +29,8 @@ class NameDialog : public CVxFormDialog {
   void accept() override;
 
  protected:
-  // `rule` outlives the dialog. The box begins with `name`, all of it selected.
+  // `rule` outlives the dialog. The box begins with `name`, the old one if there is one, all of it
+  // selected.
   NameDialog(Frame& frame, QWidget* parent, const NameDialogLook& look, const NameRule& rule,
              const std::string& name);
 
@@ -42,6 +43,7 @@ class NameDialog : public CVxFormDialog {
  private:
   Frame& frame_;
   const NameRule& rule_;
+  const std::string oldName_;
   CVxEdit& box_;
 };
 

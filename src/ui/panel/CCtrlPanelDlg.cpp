@@ -23,7 +23,6 @@ namespace {
 
 constexpr int kMargin = 16;
 constexpr int kTabGap = 2;
-constexpr int kButtonGap = 8;
 
 struct Tab {
   const char* imageKey;
@@ -40,13 +39,6 @@ QFont PanelFont(QFont font) {
   return font;
 }
 
-QHBoxLayout* AddRow(QVBoxLayout& column, int gap) {
-  auto* const row = new QHBoxLayout;
-  row->setSpacing(gap);
-  column.addLayout(row);
-  return row;
-}
-
 }  // namespace
 
 CCtrlPanelDlg::CCtrlPanelDlg(Frame& frame, QWidget* parent, const SettingsAccess& access)
@@ -60,11 +52,11 @@ CCtrlPanelDlg::CCtrlPanelDlg(Frame& frame, QWidget* parent, const SettingsAccess
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->setSpacing(0);
-  AddTabs();
+  column->addLayout(MakeTabs());
   column->addWidget(stack_, 1);
   AddPages();
   column->addSpacing(kMargin);
-  AddButtons();
+  column->addLayout(MakeButtonRow(kSectionPanel, kButtonPanelOk, kButtonPanelCancel));
   AddPageKeys({Qt::CTRL | Qt::Key_PageDown, Qt::CTRL | Qt::Key_Tab}, 1);
   AddPageKeys({Qt::CTRL | Qt::Key_PageUp, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab}, -1);
   ShowPage(0);
@@ -72,8 +64,9 @@ CCtrlPanelDlg::CCtrlPanelDlg(Frame& frame, QWidget* parent, const SettingsAccess
   TakePlace(*parent->window());
 }
 
-void CCtrlPanelDlg::AddTabs() {
-  QHBoxLayout* const row = AddRow(static_cast<QVBoxLayout&>(*layout()), kTabGap);
+QHBoxLayout* CCtrlPanelDlg::MakeTabs() {
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(kTabGap);
   for (const Tab& tab : kTabs) {
     CButtonEx* const button = MakeButton(kSectionPanel, tab.imageKey, tab.textKey);
     button->setCheckable(true);
@@ -82,6 +75,7 @@ void CCtrlPanelDlg::AddTabs() {
   }
   row->addStretch();
   connect(tabs_, &QButtonGroup::idClicked, this, &CCtrlPanelDlg::ShowPage);
+  return row;
 }
 
 void CCtrlPanelDlg::AddPages() {
@@ -93,19 +87,6 @@ void CCtrlPanelDlg::AddPages() {
     stack_->addWidget(page);
     page->Show(loaded_);
   }
-}
-
-void CCtrlPanelDlg::AddButtons() {
-  QHBoxLayout* const row = AddRow(static_cast<QVBoxLayout&>(*layout()), kButtonGap);
-  row->addStretch();
-  CButtonEx* const confirm = MakeButton(kSectionPanel, kButtonPanelOk, kTextOk);
-  connect(confirm, &QAbstractButton::clicked, this, &QDialog::accept);
-  SetConfirmButton(confirm);
-  row->addWidget(confirm);
-  CButtonEx* const cancel = MakeButton(kSectionPanel, kButtonPanelCancel, kTextCancel);
-  connect(cancel, &QAbstractButton::clicked, this, &QDialog::reject);
-  row->addWidget(cancel);
-  row->addStretch();
 }
 
 void CCtrlPanelDlg::AddPageKeys(const QList<QKeySequence>& keys, int step) {

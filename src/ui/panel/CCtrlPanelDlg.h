@@ -33,10 +33,9 @@ class CCtrlPanelDlg : public CVxDialog {
  private:
   static constexpr int kPageCount = 4;
 
-  void AddTabs();
+  QHBoxLayout* MakeTabs();
   void AddPages();
   void AddPageKeys(const QList<QKeySequence>& keys, int step);
-  void AddButtons();
   void TakePlace(const QWidget& host);
   void ShowPage(int page);
   // Goes on to a page and its first control; the one behind the last is the first.

@@ -39,6 +39,9 @@ CRSS_GroupTreeCtrl::CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, 
           [this](const QModelIndex& group, int first) {
             if (!group.isValid()) expand(this->model()->index(first, 0));
           });
+  connect(
+      &model, &QAbstractItemModel::rowsMoved, this,
+      [this](const QModelIndex&, int, int, const QModelIndex& group) { ShowSelectionIn(group); });
   connect(animation_, &NewPostAnimation::FrameChanged, this, &CRSS_GroupTreeCtrl::RepaintNewMarks);
   connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
           &CRSS_GroupTreeCtrl::UpdateScrollRange);
@@ -154,6 +157,10 @@ void CRSS_GroupTreeCtrl::contextMenuEvent(QContextMenuEvent* event) {
   }
   scrollTo(SelectedRow());
   emit MenuRequested(viewport()->mapToGlobal(visualRect(SelectedRow()).bottomLeft()));
+}
+
+void CRSS_GroupTreeCtrl::ShowSelectionIn(const QModelIndex& group) {
+  if (SelectedRow().parent() == group) expand(group);
 }
 
 // The height of all rows that are not hidden in a closed group.

@@ -52,6 +52,7 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void SetUpView();
   void ReportPress(const QModelIndex& index);
   void SelectInsteadOfHidden(const QModelIndex& closed);
+  void ShowSelectionIn(const QModelIndex& group);
   int RowsHeight() const;
   void UpdateScrollRange();
   void UpdateScrollBar();

@@ -139,6 +139,16 @@ void CRSS_LeftContainer::AddStoredChannel(int channelId) {
   model_.AppendChannel(std::move(*channel));
 }
 
+void CRSS_LeftContainer::AppendChannel(ChannelRow channel) {
+  AppendMissingFolder(frame_.TheStore(), channel.folderId, model_);
+  model_.AppendChannel(std::move(channel));
+}
+
+void CRSS_LeftContainer::MoveChannel(int channelId, int folderId) {
+  AppendMissingFolder(frame_.TheStore(), folderId, model_);
+  model_.MoveChannel(channelId, folderId);
+}
+
 void CRSS_LeftContainer::SetBusy(bool busy) { tree_->SetOwnCursor(!busy); }
 
 void CRSS_LeftContainer::AddChannel(const std::string& address) {

@@ -63,11 +63,12 @@ class CRSS_LeftContainer : public QWidget {
   // is 0 until SetChannelUnread tells it, so that the difference holds all of the channel's posts.
   void AddStoredChannel(int channelId);
 
-  // Rows for what was put into the store, or moved there, by a dialog.
+  // Rows for what was put into the store, or moved there, by a dialog. A folder that another
+  // program has added meanwhile gets its row, too.
   void AppendFolder(FolderRow folder) { model_.AppendFolder(std::move(folder)); }
   void AppendCabinet(CabinetRow cabinet) { model_.AppendCabinet(std::move(cabinet)); }
-  void AppendChannel(ChannelRow channel) { model_.AppendChannel(std::move(channel)); }
-  void MoveChannel(int channelId, int folderId) { model_.MoveChannel(channelId, folderId); }
+  void AppendChannel(ChannelRow channel);
+  void MoveChannel(int channelId, int folderId);
 
   // The control panel; nothing without the action.
   void OpenSettings() { commands_.Run(kCommandSettings); }

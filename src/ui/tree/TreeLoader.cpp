@@ -30,6 +30,19 @@ std::optional<ChannelRow> ReadChannel(Store& store, int channelId) {
   return std::move(*channel);
 }
 
+void AppendMissingFolder(Store& store, int folderId, GroupTreeModel& model) {
+  const auto isThere = [&](const auto& group) {
+    return group->kind == RowKind::Folder && group->id == folderId;
+  };
+  if (std::ranges::any_of(model.Groups(), isThere)) return;
+  std::vector<FolderRow> folders;
+  LoadFolderList(store, folders);
+  const auto folder = std::ranges::find(folders, folderId, &FolderRow::id);
+  if (folder == folders.end()) return;
+  folder->unreadCount = 0;  // none of its channels has a row
+  model.AppendFolder(std::move(*folder));
+}
+
 void ReadChannelCounts(Store& store, GroupTreeModel& model) {
   std::vector<FolderRow> folders;
   std::vector<ChannelRow> channels;

@@ -16,6 +16,9 @@ TreeContent ReadTree(Store& store, const Skin& skin);
 // The stored channel; none when it is not there.
 std::optional<ChannelRow> ReadChannel(Store& store, int channelId);
 
+// Gives the stored folder its row, unless it has one.
+void AppendMissingFolder(Store& store, int folderId, GroupTreeModel& model);
+
 // Read the counts of all rows of their kind again: two statements, however many rows there are.
 // After a failure the rows keep theirs.
 void ReadChannelCounts(Store& store, GroupTreeModel& model);

@@ -93,7 +93,7 @@ TEST_F(ChannelAddDlg, TheChannelIsStoredShownAndRefreshed) {
     Press(dialog, Qt::Key_Return);  // checks
     EXPECT_EQ(Address(dialog).text(), "http://daily.example/a%20b");
     Answer({.isFeed = true, .title = "Daily &amp; \nmore", .homePage = "http://daily.example/"});
-    EXPECT_EQ(Title(dialog).text(), "Daily &amp; more");
+    EXPECT_EQ(Title(dialog).text(), "Daily & more");
     Press(dialog, Qt::Key_Return);  // adds
   });
   Show(Korean("운동"));
@@ -135,6 +135,11 @@ TEST_F(ChannelAddDlg, AnAddressMayBeInTwoFoldersButNotTwiceInOne) {
   frame.db.AddChannelWithPosts(news_, "Daily", 0);
   WhenShown([&](QDialog& dialog) {
     Find(dialog, "http://example.com/Daily");
+    {
+      const ForeignLock lock(frame.db.DbPath());
+      Click(dialog, kOk);
+      EXPECT_EQ(std::exchange(frame.questions, {}), Keys{kTextAddChannelError});
+    }
     Click(dialog, kOk);
     EXPECT_EQ(Messages(), Keys{kTextAddChannelDuplicate});
     EXPECT_EQ(frame.db.Count("TB_CHANNEL"), 1);

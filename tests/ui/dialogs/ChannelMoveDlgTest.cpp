@@ -83,6 +83,21 @@ TEST_F(ChannelDialogs, AMoveThatCannotBeStoredIsReported) {
   EXPECT_TRUE(frame.moves.empty());
 }
 
+TEST_F(ChannelDialogs, AStoreThatIsLockedIsReportedAndTheChoiceStays) {
+  WhenShown([this](QDialog& dialog) {
+    Choose(dialog, "운동");
+    {
+      const ForeignLock lock(frame.db.DbPath());
+      Click(dialog, "확인");
+    }
+    EXPECT_EQ(Messages(), Keys{kTextMoveError});
+    Click(dialog, "확인");
+    EXPECT_FALSE(dialog.isVisible());
+  });
+  ShowChannelMove(frame, parent.get(), Daily());
+  EXPECT_EQ(FolderOfDaily(), std::to_string(sports_));
+}
+
 TEST_F(ChannelDialogs, TheInformationIsShownWholeAndCannotBeChanged) {
   ChannelFacts facts = Daily();
   facts.title = std::string(10'000, 'x');

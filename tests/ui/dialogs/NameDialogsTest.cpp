@@ -63,10 +63,25 @@ TEST_F(NameDialogs, AFolderIsAddedBehindAllOthersAndToTheTree) {
 
 TEST_F(NameDialogs, AFolderThatCannotBeStoredIsReportedAndTheDialogStays) {
   frame.db.Sql("drop table TB_FOLDER");
-  WhenShownTry({"One", "Two"});
+  WhenShownTry({"\u200B", "One", "Two"});
   ShowGroupAdd(frame, parent.get());
-  EXPECT_EQ(Messages(), (Keys{kTextGroupError, kTextGroupError}));
+  EXPECT_EQ(Messages(), (Keys{kTextGroupEmpty, kTextGroupError, kTextGroupError}));
   EXPECT_TRUE(frame.addedFolders.empty());
+}
+
+TEST_F(NameDialogs, ACabinetThatCannotBeStoredIsReported) {
+  AddCabinet(frame.TheStore(), "Keep", 7);
+  frame.db.Sql("drop table TB_SCRAP_POST");
+  WhenShownTry({"Box"});
+  ShowCabinetAdd(frame, parent.get());
+  EXPECT_EQ(Messages(), Keys{kTextCabinetError});
+  EXPECT_EQ(frame.db.Count("TB_SCRAP_CHANNEL"), 1);
+}
+
+TEST_F(NameDialogs, AnOldNameThatLooksLikeMarkupIsStillTheOldOne) {
+  WhenShownTry({"&lt;b"});
+  AskGroupName(frame, parent.get(), "&lt;b");
+  EXPECT_EQ(Messages(), Keys{kTextGroupDuplicate});
 }
 
 TEST_F(NameDialogs, ACabinetIsAddedBehindAllOthersAndToTheTree) {

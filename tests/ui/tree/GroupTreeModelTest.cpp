@@ -162,6 +162,12 @@ TEST_F(GroupTreeModelTest, AMovedChannelTakesItsPostsAlongAndStandsWhereItsOrder
   EXPECT_EQ(daily.data(), "Daily(3)");
   EXPECT_EQ(model.FindChannel(10).data(), "Weekly(2)");
   EXPECT_EQ(model.FindChannel(30).data(), "Scores");
+  ChannelRow equal = Channel(9, 7, "Equal", 0);
+  equal.order = 20;  // Weekly's
+  model.AppendChannel(equal);
+  EXPECT_TRUE(model.MoveChannel(10, 3));
+  EXPECT_TRUE(model.MoveChannel(10, 7));
+  EXPECT_EQ(Labels()[1], " Equal");        // by id, as the store has them
   EXPECT_FALSE(model.MoveChannel(11, 3));  // it is there already
   EXPECT_FALSE(model.MoveChannel(11, 99));
   EXPECT_FALSE(model.MoveChannel(99, 3));

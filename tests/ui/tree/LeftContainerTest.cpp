@@ -126,6 +126,19 @@ TEST_F(LeftContainerTest, WhatADialogHasStoredIsSeenAtOnceAndTheSelectionStays) 
   Tree().grab();  // paints it so
 }
 
+TEST_F(LeftContainerTest, AChannelThatGoesWhereItCannotBeSeenIsShown) {
+  Open();
+  Click("Daily(2)");
+  const int foreign = AddFolder(frame.TheStore(), "Foreign", 9);  // by another program
+  pane->MoveChannel(daily, foreign);
+  EXPECT_EQ(Labels().mid(0, 5),
+            (QStringList{"News(1)", "Weekly(1)", "Sports", "Foreign(2)", "Daily(2)"}));
+  Tree().collapse(Row("News(1)"));
+  pane->MoveChannel(daily, news);
+  EXPECT_EQ(Labels().mid(0, 3), (QStringList{"News(3)", "Daily(2)", "Weekly(1)"}));
+  EXPECT_EQ(SelectedLabel(), "Daily(2)");
+}
+
 TEST_F(LeftContainerTest, ReloadingHandsOverWhatTheSelectionHoldsNow) {
   Open();
   Click("Weekly(1)");
