@@ -39,12 +39,13 @@ void CVxFormDialog::AddRow(const char* labelKey, QWidget* field, CButtonEx* besi
   if (rows_->rowCount() == 0) field->setFocus();
   auto* const label = new QLabel(SkinText(TheSkin(), labelKey), this);
   label->setBuddy(field);  // which is also how the field gets its name
+  stops_.push_back(field);
   if (beside == nullptr) return rows_->addRow(label, field);
+  stops_.push_back(beside);
   auto* const row = new QHBoxLayout;
   row->setSpacing(kButtonGap);
   row->addWidget(field, 1);
   row->addWidget(beside);
-  setTabOrder(field, beside);
   rows_->addRow(label, row);
 }
 
@@ -69,6 +70,9 @@ CVxComboBox* CVxFormDialog::AddComboBox(const char* labelKey, CButtonEx* beside)
 CButtonEx* CVxFormDialog::AddButtons(const char* section, const char* confirmKey,
                                      const char* cancelKey) {
   column_->addLayout(MakeButtonRow(section, confirmKey, cancelKey));
+  // A button beside a field was made before it.
+  stops_.push_back(ConfirmButton());
+  for (std::size_t i = 1; i < stops_.size(); ++i) setTabOrder(stops_[i - 1], stops_[i]);
   return ConfirmButton();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "vxctrl/CVxDialog.h"
 
 class QFormLayout;
@@ -32,6 +34,7 @@ class CVxFormDialog : public CVxDialog {
  private:
   QVBoxLayout* const column_;
   QFormLayout* const rows_;
+  std::vector<QWidget*> stops_;  // of the Tab key, in reading order
 };
 
 }  // namespace feedloom

@@ -85,6 +85,27 @@ TEST_F(ChannelAddDlg, OnlyAnAddressThatWasCheckedCanBeAdded) {
   EXPECT_EQ(Channels(), "(null)");
 }
 
+TEST_F(ChannelAddDlg, TabGoesThroughTheDialogInReadingOrder) {
+  WhenShown([&](QDialog& dialog) {
+    Find(dialog, "http://daily.example/");
+    Address(dialog).setFocus();
+    std::vector<QWidget*> stops;
+    for (int i = 0; i < 7; ++i) {
+      stops.push_back(dialog.focusWidget());
+      Press(dialog, Qt::Key_Tab);
+    }
+    const auto places = [&](QWidget* stop) {
+      const QPoint corner = stop->mapTo(&dialog, QPoint());
+      return std::pair(corner.y() + stop->height() / 2, corner.x());
+    };
+    for (auto* s : stops)
+              places(s).second);
+    EXPECT_TRUE(std::ranges::is_sorted(stops, {}, places));
+    EXPECT_EQ(dialog.focusWidget(), stops.front());
+  });
+  Show();
+}
+
 TEST_F(ChannelAddDlg, TheChannelIsStoredShownAndRefreshed) {
   frame.db.AddChannelWithPosts(sports_, "Goals", 0);  // its order is 1
   WhenShown([&](QDialog& dialog) {
