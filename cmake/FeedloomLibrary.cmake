@@ -61,3 +61,9 @@ function(feedloom_discover name labels)
     DISCOVERY_TIMEOUT 60
     PROPERTIES LABELS "${labels}" TIMEOUT 120)
 endfunction()
+
+# feedloom_command_line(FILE): a source of the calling folder that only reads a command line, once.
+# The option parser's templates would take many seconds to be optimized.
+function(feedloom_command_line file)
+  set_source_files_properties(${file} PROPERTIES COMPILE_OPTIONS -O0 SKIP_PRECOMPILE_HEADERS ON)
+endfunction()

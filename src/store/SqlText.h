@@ -1,10 +1,10 @@
 // How a text becomes part of a statement.
 #pragma once
 
-#include <fmt/printf.h>
-
+#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <variant>
 
 namespace feedloom {
 
@@ -18,13 +18,14 @@ std::string UnescapeEntities(std::string_view text);
 // "'" doubled. Pure; any thread.
 std::string EscapeSqlText(std::string_view text);
 
-inline int SqlArgument(int number) { return number; }
-inline std::string SqlArgument(std::string_view text) { return EscapeSqlText(text); }
+using SqlArgument = std::variant<int, std::string_view>;
 
 // `statement` with its "%d" and "'%s'" fields filled in; each text passes EscapeSqlText.
+std::string FillSql(std::string_view statement, std::initializer_list<SqlArgument> arguments);
+
 template <typename... Arguments>
 std::string FormatSql(std::string_view statement, const Arguments&... arguments) {
-  return fmt::sprintf(statement, SqlArgument(arguments)...);
+  return FillSql(statement, {SqlArgument(arguments)...});
 }
 
 }  // namespace feedloom
