@@ -247,20 +247,17 @@ void CRSS_MainFrame::ApplyPanelSettings(const Settings& settings) {
 
 void CRSS_MainFrame::SetPreviewMode() { rightBottom_->SetMode(settings_.previewMode == 0 ? 1 : 0); }
 
-// How many are new is counted from the last time that it was asked, whatever the user was shown:
-// who reads posts lowers the total, and is told of those that come afterwards.
-int CRSS_MainFrame::TakeNewPostCount() {
-  const int announced = std::exchange(state_.announcedTotal, state_.unreadTotal);
-  return NewPostCount(state_.unreadTotal, announced);
-}
-
+// The count begins anew each time, also when there is nothing to say: who reads posts lowers the
+// unread total, and is to be told of those that come afterwards.
 void CRSS_MainFrame::NotifyOfNewPosts() {
-  if (const int count = TakeNewPostCount(); count > 0) Announce(count);
+  if (NewPostCount(state_.unreadTotal, state_.announcedTotal) > 0) {
+    ShowNewPostNotification();
+  } else {
+    state_.announcedTotal = state_.unreadTotal;
+  }
 }
 
-void CRSS_MainFrame::ShowNewPostNotification() { Announce(TakeNewPostCount()); }
-
-void CRSS_MainFrame::Announce(int count) {
+void CRSS_MainFrame::ShowNewPostNotification() {
   if (announcement_) announcement_->close();
   announcement_ = new CRSS_AnnounceDlg(skin_, this);
   connect(announcement_, &CRSS_AnnounceDlg::Clicked, this, [this] {
@@ -270,6 +267,8 @@ void CRSS_MainFrame::Announce(int count) {
     host->activateWindow();
     left_->ListToday();
   });
+  const int count = NewPostCount(state_.unreadTotal, state_.announcedTotal);
+  state_.announcedTotal = state_.unreadTotal;
   announcement_->Announce(count, NoticeAlphaValue(settings_.newFeedMsgTransparency));
 }
 

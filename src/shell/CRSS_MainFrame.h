@@ -93,8 +93,6 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   void SetUpKeys();
   void BeginLife();
   void SetPreviewMode();
-  int TakeNewPostCount();
-  void Announce(int count);
   void StopRefresh();
   void SendText();
   void OnChannelResult(int result, int channelId);

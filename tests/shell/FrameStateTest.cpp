@@ -1,6 +1,7 @@
 // The counters behind the frame, which no host sees.
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QWidget>
 #include <filesystem>
 
@@ -11,6 +12,7 @@
 #include "store/Connection.h"
 #include "store/Posts.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
+#include "ui/notice/CRSS_AnnounceDlg.h"
 
 namespace feedloom {
 namespace {
@@ -34,6 +36,16 @@ class FrameState : public testing::Test {
   }
 
   SharedState& State() { return frame_->State(); }
+
+  // What the announcement that is to be seen says.
+  QStringList Announced() {
+    QStringList texts;
+    for (auto* const window : frame_->findChildren<CRSS_AnnounceDlg*>()) {
+      if (!window->isVisible()) continue;
+      for (auto* const label : window->findChildren<QLabel*>()) texts << label->text();
+    }
+    return texts;
+  }
 
   TestProfile profile_;
   QWidget host_;
@@ -74,6 +86,41 @@ TEST_F(FrameState, AStoreThatCannotBeReadGivesTheFailureValue) {
   CreateFrame();
   EXPECT_EQ(State().unreadTotal, -1);
   EXPECT_EQ(State().announcedTotal, -1);
+}
+
+TEST_F(FrameState, AnAnnouncementThatIsAskedForSaysWhateverThereIsAndNeverLessThanNothing) {
+  AddPosts({"a", "b"});
+  CreateFrame();
+  frame_->NotifyOfNewPosts();
+  EXPECT_EQ(Announced(), QStringList());
+  frame_->ShowNewPostNotification();
+  EXPECT_TRUE(Announced().contains("0 개"));
+  State().unreadTotal = 1;  // a post was read
+  frame_->ShowNewPostNotification();
+  EXPECT_TRUE(Announced().contains("0 개"));
+  State().unreadTotal = 3;
+  frame_->ShowNewPostNotification();
+  EXPECT_TRUE(Announced().contains("2 개"));
+  EXPECT_EQ(Announced().size(), 2);  // one window, with its caption
+  EXPECT_EQ(State().announcedTotal, 3);
+}
+
+TEST_F(FrameState, AppliedSettingsAreLiveWithTheirModesAsFlags) {
+  CreateFrame();
+  const Settings chosen{.newFeedMode = 5,
+                        .newFeedDuration = 2,
+                        .newFeedMsgTransparency = 40,
+                        .previewMode = 7,
+                        .feedDeleteMode = 9,
+                        .feedDeleteDate = 30};
+  frame_->ApplyPanelSettings(chosen);
+  const Settings live{.newFeedMode = 1,
+                      .newFeedDuration = 2,
+                      .newFeedMsgTransparency = 40,
+                      .previewMode = 1,
+                      .feedDeleteMode = 1,
+                      .feedDeleteDate = 30};
+  EXPECT_EQ(State().liveSettings, live);
 }
 
 TEST_F(FrameState, LiveSettingsBeginAtZeroWhateverIsStored) {
