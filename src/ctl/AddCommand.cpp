@@ -23,7 +23,7 @@ int FolderFor(Session& session, const std::string& name) {
     int order = 0;
     const std::string text = session.Text(name);
     if (FindFolderByName(store, text, id, order)) return id;
-    return AddFolder(store, text, GetMaxOrder(store, true, 0) + 1);
+    return AppendFolder(store, text, order);
   }
   std::vector<FolderRow> folders;
   if (!LoadFolderList(store, folders)) return -1;

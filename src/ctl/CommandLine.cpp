@@ -17,7 +17,9 @@ struct Arguments {
   GlobalOptions global;
   InitOptions init;
   std::string source;
+  std::string place;
   AddOptions add;
+  DirectoryOptions directory;
   RefreshOptions refresh;
   PostsOptions posts;
   ShowOptions show;
@@ -87,6 +89,23 @@ void AddFeedCommands(CLI::App& app, Arguments& a) {
       ->excludes(channel);
 }
 
+void AddExchangeCommands(CLI::App& app, Arguments& a) {
+  CLI::App* exporting = AddCommand(app, a, "export", "Write the subscriptions to an OPML file",
+                                   [&a](Session& session) { return RunExport(session, a.place); });
+  exporting->add_option("file", a.place, "The file, which is replaced")->required();
+
+  CLI::App* importing = AddCommand(app, a, "import", "Add the subscriptions of an OPML list",
+                                   [&a](Session& session) { return RunImport(session, a.place); });
+  importing->add_option("list", a.place, "A file or an address")->required();
+
+  CLI::App* directory =
+      AddCommand(app, a, "directory", "Search the web directory for feeds",
+                 [&a](Session& session) { return RunDirectory(session, a.directory); });
+  directory->add_option("word", a.directory.word, "What to look for")->required();
+  directory->add_option("--page", a.directory.page, "Which page of 50 results, from 1 on")
+      ->check(CLI::PositiveNumber);
+}
+
 void AddReadingCommands(CLI::App& app, Arguments& a) {
   CLI::App* posts = AddCommand(app, a, "posts", "List posts, newest first",
                                [&a](Session& session) { return RunPosts(session, a.posts); });
@@ -145,6 +164,7 @@ int RunCommandLine(int argc, const char* const* argv) {
   app.require_subcommand(1);
   AddProfileCommands(app, arguments);
   AddFeedCommands(app, arguments);
+  AddExchangeCommands(app, arguments);
   AddReadingCommands(app, arguments);
   AddChangingCommands(app, arguments);
   try {

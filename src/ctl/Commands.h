@@ -37,6 +37,16 @@ int RunAdd(Session& session, const AddOptions& options);
 
 int RunList(Session& session);
 
+// To the file `path`; from the file or the address `source`.
+int RunExport(Session& session, const std::string& path);
+int RunImport(Session& session, const std::string& source);
+
+struct DirectoryOptions {
+  std::string word;
+  int page = 1;
+};
+int RunDirectory(Session& session, const DirectoryOptions& options);
+
 struct RefreshOptions {
   std::optional<int> channel;
   std::optional<int> folder;

@@ -27,6 +27,8 @@ std::string WorkerFilePath(const std::string& workDir, int channelId) {
 
 std::string CheckFilePath(const std::string& workDir) { return TempPath(workDir, ""); }
 
+std::string ListFilePath(const std::string& workDir) { return TempPath(workDir, "_list"); }
+
 void SweepTempFiles(const std::string& workDir) {
   std::error_code ignored;
   for (const auto& entry : std::filesystem::directory_iterator(workDir, ignored)) {

@@ -10,11 +10,12 @@
 
 namespace feedloom {
 
-// The temporary file of the worker for `channelId`, and the one of the feed check.
+// The temporary files: of the worker for `channelId`, of the feed check, and of a list of channels.
 std::string WorkerFilePath(const std::string& workDir, int channelId);
 std::string CheckFilePath(const std::string& workDir);
+std::string ListFilePath(const std::string& workDir);
 
-// Removes the temporary files of both kinds that a crash left in `workDir`. Call it only while
+// Removes the temporary files of all kinds that a crash left in `workDir`. Call it only while
 // nothing else works in that folder.
 void SweepTempFiles(const std::string& workDir);
 

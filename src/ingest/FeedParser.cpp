@@ -1,6 +1,18 @@
 #include "ingest/FeedParser.h"
 
 namespace feedloom {
+namespace {
+
+// OPML 2.0 has the outlines in its "body"; lists without one are read all the same.
+int ReadOpml(const XmlElement& root, CodePage codePage, std::vector<OpmlOutline>& out) {
+  int code = ReadOpmlOutlines(root, codePage, out);
+  for (const XmlElement& body : root.Children("body")) {
+    if (code >= 0) code = ReadOpmlOutlines(body, codePage, out);
+  }
+  return code;
+}
+
+}  // namespace
 
 int FeedParser::Parse(const std::string& path, std::stop_token stop) {
   XmlDocument document;
@@ -12,7 +24,7 @@ int FeedParser::Parse(const std::string& path, std::stop_token stop) {
   if (!root) return kNoDocumentElement;
   ParseCode code = DetectFormat(root, format_, header_.variants);
   if (code < 0) return code;
-  if (format_ == FeedFormat::Opml) return ReadOpmlOutlines(root, codePage_, outlines_);
+  if (format_ == FeedFormat::Opml) return ReadOpml(root, codePage_, outlines_);
   code = ReadFeedHeader(root, codePage_, header_);
   if (code < 0) return code;
   return ReadFeedItems(root, header_.variants, codePage_, std::move(stop), items_);

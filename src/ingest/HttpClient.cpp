@@ -2,6 +2,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+
 namespace feedloom {
 namespace {
 
@@ -62,7 +64,9 @@ std::string HttpClient::Exchange(const std::string& address, std::optional<std::
   constexpr long kStatusOk = 200;
   std::string body;
   TransferRequest request;
-  request.address = CompleteAddress(address);
+  const auto query = std::min(address.find('?'), address.size());
+  request.address = CompleteAddress(std::string_view(address).substr(0, query));
+  request.rawQuery = address.substr(std::min(query + 1, address.size()));
   request.form = std::move(form);
   request.proxy = proxy_;
   request.sink = [&body](std::string_view bytes) {

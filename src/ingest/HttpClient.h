@@ -26,6 +26,8 @@ class HttpClient {
 
   // The answer's body, byte for byte; empty on any failure, on `stop`, and for any status but 200.
   // `address` is "host/path" or "host:port/path", with "http://" or "https://" in front or nothing.
+  // What stands behind its first "?" is sent as it is, blanks, "#" and the code page's bytes
+  // included; an address with control characters fails.
   // The form data of a POST is URL-encoded already.
   std::string Get(const std::string& address, std::stop_token stop = {});
   std::string Post(const std::string& address, const std::string& formData,

@@ -16,9 +16,10 @@ struct OpmlOutline {
   std::string url;
   std::string text;
   std::string type;
-  std::string xmlUrl;
+  std::string xmlUrl;  // in ASCII, as EscapedAddress makes it: no code page can harm it
   std::string htmlUrl;
-  std::vector<OpmlOutline> children;  // of a top-level outline; deeper ones are not read
+  std::vector<OpmlOutline> children = {};  // of a top-level outline; deeper ones are not read
+  int deeperFeeds = 0;  // of the second level: the outlines with an "xmlUrl" that lie below it
 };
 
 // Appends the outlines directly below `element` and the outlines directly below those. 0, or

@@ -13,6 +13,9 @@ enum Message : unsigned {
   kMessageFeedDetails = 0x503,  // lParam a const FeedCheckAnswer*, valid during the send
   kMessageFeedChecked = 0x502,  // wParam 1 and lParam a std::string* (the title), or 0 and 0
 
+  // The end of an import, for the frame: wParam 0, or -1 when the list could not be read.
+  kMessageListImported = 0x504,
+
   // The module to the host's window.
   kMessageShowText = 0x3063,  // lParam a const std::string*, in the module's code page
   kMessageRefreshBegan = 0x5601,

@@ -12,20 +12,20 @@ struct CleanUpUrl {
 };
 using UrlHandle = std::unique_ptr<CURLU, CleanUpUrl>;
 
-std::string Part(const UrlHandle& url, CURLUPart part) {
+std::string Part(const UrlHandle& url, CURLUPart part, unsigned flags = 0) {
   char* text = nullptr;
-  if (curl_url_get(url.get(), part, &text, 0) != CURLUE_OK) return "";
+  if (curl_url_get(url.get(), part, &text, flags) != CURLUE_OK) return "";
   std::string result = text;
   curl_free(text);
   return result;
 }
 
-std::string PartOf(const std::string& address, CURLUPart part) {
+std::string PartOf(const std::string& address, CURLUPart part, unsigned flags = 0) {
   const UrlHandle url(curl_url());
   if (curl_url_set(url.get(), CURLUPART_URL, address.c_str(), CURLU_GUESS_SCHEME) != CURLUE_OK) {
     return "";
   }
-  return Part(url, part);
+  return Part(url, part, flags);
 }
 
 }  // namespace
@@ -33,6 +33,10 @@ std::string PartOf(const std::string& address, CURLUPart part) {
 std::string UrlScheme(const std::string& address) { return PartOf(address, CURLUPART_SCHEME); }
 
 std::string UrlHost(const std::string& address) { return PartOf(address, CURLUPART_HOST); }
+
+std::string UrlPath(const std::string& address) {
+  return PartOf(address, CURLUPART_PATH, CURLU_URLDECODE);
+}
 
 std::string ResolveUrl(const std::string& base, const std::string& reference) {
   if (reference.empty() || reference.front() == '#') return "";

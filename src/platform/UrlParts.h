@@ -8,6 +8,7 @@ namespace feedloom {
 // The part of `address`, which may lack its scheme; empty when it is no address.
 std::string UrlScheme(const std::string& address);
 std::string UrlHost(const std::string& address);
+std::string UrlPath(const std::string& address);  // from its "/" on, "%XX" decoded
 
 // The address that `reference`, as a document at `base` writes it, stands for by RFC 3986; in its
 // path and query, what is not ASCII stands as "%XX". Empty when the two make no address or one with

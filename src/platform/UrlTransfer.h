@@ -28,6 +28,10 @@ enum class TransferEvent {
 
 struct TransferRequest {
   std::string address;
+  // Set: stands behind the address, which has no query then, and a "?". It is sent byte for byte:
+  // no blank, "#" or byte above 0x7F is encoded; but next to a "#", an escape's "%AB" becomes
+  // "%ab". A control character in one of the two makes the transfer fail.
+  std::optional<std::string> rawQuery;
   std::optional<std::string> form;  // set: a POST of this application/x-www-form-urlencoded text
   bool allowFile = false;           // whether file: addresses may be read
   ProxySettings proxy;

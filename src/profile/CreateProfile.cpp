@@ -86,12 +86,13 @@ Failure Write(const ProfilePaths& paths, const Ingredients& ingredients,
               const std::string& registryText) {
   const DirectoryLock lock(paths.dir);
   if (auto failure = CheckNoProfile(paths)) return failure;
-  if (auto failure = WriteFileWhole(paths.sampleFeed, ingredients.sampleFeed)) return failure;
+  if (auto failure = WriteFileWhole(paths.sampleFeed, ingredients.sampleFeed, Readers::Owner))
+    return failure;
   if (!IsRegularFile(paths.database)) {
     auto failure = CreateDatabase(paths.database, ingredients.schema, ingredients.content);
     if (failure) return failure;
   }
-  return WriteFileWhole(paths.registry, registryText);
+  return WriteFileWhole(paths.registry, registryText, Readers::Owner);
 }
 
 }  // namespace

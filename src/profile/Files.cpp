@@ -7,30 +7,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <system_error>
 
 namespace feedloom {
-namespace {
-
-std::string Complaint(std::string_view what, std::string_view path, int error) {
-  return fmt::format("{} '{}': {}.", what, path, std::generic_category().message(error));
-}
-
-// Writes all of `content` and waits until the disk has it; 0 or the error number.
-int WriteAndSync(int handle, std::string_view content) {
-  while (!content.empty()) {
-    const ssize_t written = write(handle, content.data(), content.size());
-    if (written < 0 && errno != EINTR) return errno;
-    if (written > 0) content.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return fsync(handle) == 0 ? 0 : errno;
-}
-
-}  // namespace
 
 std::optional<std::string> ReadFile(const std::string& path) {
   std::error_code ignored;
@@ -46,24 +28,6 @@ bool IsRegularFile(const std::string& path) {
   return std::filesystem::is_regular_file(path, ignored);
 }
 
-Failure WriteFileWhole(const std::string& path, std::string_view content) {
-  const std::string temporary = path + ".new";
-  const int handle = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-  if (handle < 0) return Complaint("Cannot create the file", temporary, errno);
-  int error = WriteAndSync(handle, content);
-  if (close(handle) != 0 && error == 0) error = errno;
-  if (error == 0) return MoveIntoPlace(temporary, path);
-  unlink(temporary.c_str());
-  return Complaint("Cannot write the file", temporary, error);
-}
-
-Failure MoveIntoPlace(const std::string& from, const std::string& to) {
-  if (std::rename(from.c_str(), to.c_str()) == 0) return {};
-  const int error = errno;
-  unlink(from.c_str());
-  return Complaint("Cannot create the file", to, error);
-}
-
 Failure MakeDirectories(const std::string& path) {
   std::filesystem::path made;
   for (const auto& part : std::filesystem::path(path)) {
@@ -71,10 +35,10 @@ Failure MakeDirectories(const std::string& path) {
     std::error_code ignored;
     if (std::filesystem::is_directory(made, ignored)) continue;
     if (mkdir(made.c_str(), 0700) != 0 && errno != EEXIST) {
-      return Complaint("Cannot create the directory", made.string(), errno);
+      return FileComplaint("Cannot create the directory", made.string(), errno);
     }
     if (!std::filesystem::is_directory(made, ignored)) {
-      return Complaint("Cannot create the directory", made.string(), ENOTDIR);
+      return FileComplaint("Cannot create the directory", made.string(), ENOTDIR);
     }
   }
   return {};

@@ -5,23 +5,15 @@
 #include <string>
 #include <string_view>
 
-namespace feedloom {
+#include "platform/WholeFile.h"
 
-// What went wrong, in English, for the user; none when all went well.
-using Failure = std::optional<std::string>;
+namespace feedloom {
 
 // The file's content; none when it cannot be read.
 std::optional<std::string> ReadFile(const std::string& path);
 
 // False also when it cannot be told.
 bool IsRegularFile(const std::string& path);
-
-// Puts `content` at `path` whole or not at all: it is written beside it and renamed when it has
-// reached the disk.
-[[nodiscard]] Failure WriteFileWhole(const std::string& path, std::string_view content);
-
-// Puts the finished file `from` in the place of `to`, in the same directory; removes it on failure.
-[[nodiscard]] Failure MoveIntoPlace(const std::string& from, const std::string& to);
 
 // Makes `path` and the directories above it that are missing, for this user alone.
 [[nodiscard]] Failure MakeDirectories(const std::string& path);

@@ -6,12 +6,13 @@
 #include <unordered_map>
 #include <utility>
 
+#include "exchange/OpmlImporter.h"
 #include "ingest/FeedChecker.h"
 #include "shell/Feedloom.h"
 #include "shell/FrameActions.h"
 #include "shell/FrameRefresh.h"
-#include "shell/FrameTexts.h"
 #include "shell/SettingsStore.h"
+#include "skin/FilledTexts.h"
 #include "skin/Keys.h"
 #include "store/Backup.h"
 #include "store/Counts.h"
@@ -48,6 +49,8 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWid
           [this, thread = interfaceThread_](std::string_view text) {
             thread->Run([this, copy = std::string(text)] { ReportMessage(copy); });
           })),
+      services_(std::make_shared<IngestServices>(
+          IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir()})),
       actions_(MakeFrameActions(*this)) {
   BuildPanes();
   SetUpKeys();
@@ -66,6 +69,7 @@ CRSS_MainFrame::~CRSS_MainFrame() {
 void CRSS_MainFrame::StopRefresh() {
   interfaceThread_->Close();
   feedChecker_.reset();
+  importer_.reset();
   refresh_.reset();
 }
 
@@ -107,12 +111,11 @@ void CRSS_MainFrame::BeginLife() {
   if (settings_.feedDeleteMode == 0 && settings_.feedDeleteDate > 0) {
     DeleteOldPosts(*store_, settings_.feedDeleteDate);
   }
-  const auto services = std::make_shared<IngestServices>(
-      IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir()});
-  feedChecker_ = std::make_unique<FeedChecker>(
-      services, [thread = interfaceThread_](auto work) { thread->Run(std::move(work)); });
+  const auto toHere = [thread = interfaceThread_](auto work) { thread->Run(std::move(work)); };
+  feedChecker_ = std::make_unique<FeedChecker>(services_, toHere);
+  importer_ = std::make_unique<OpmlImporter>(services_, toHere);
   refresh_ = std::make_unique<FrameRefresh>(
-      interfaceThread_, services,
+      interfaceThread_, services_,
       [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
         return OnMessage(number, wParam, lParam);
       },
@@ -144,6 +147,9 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       break;
     case kMessageChannelInserted:
       left_->AddStoredChannel(static_cast<int>(wParam));
+      break;
+    case kMessageListImported:
+      OnListImported(wParam == 0);
       break;
     case kMessageShowTextAgain:
       SendText();

@@ -21,6 +21,7 @@ class CRSS_RightBottomContainer;
 class CRSS_RightTopContainer;
 class FeedChecker;
 class FrameRefresh;
+class OpmlImporter;
 class InterfaceThread;
 
 // Belongs to the interface thread. Its parent is the window that gets its messages.
@@ -63,6 +64,11 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   void CheckFeed(const std::string& address,
                  std::function<void(const FeedCheckAnswer&)> onAnswer) override;
   void StopFeedCheck() override;
+  std::optional<int> ExportOpml(const std::string& path) override;
+  void ImportOpml(const ListSource& source) override;
+  void MergeOpml(const std::string& path,
+                 std::function<void(const std::optional<ImportSums>&)> onEnd) override;
+  std::unique_ptr<DirectorySearch> MakeDirectorySearch() override;
   void FolderWasAdded(const FolderRow& folder) override;
   void CabinetWasAdded(const CabinetRow& cabinet) override;
   void ChannelWasAdded(const ChannelRow& channel) override;
@@ -100,6 +106,9 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   void OnChannelWorker(int channelId, bool isNew);
   void CountArrived(int channelId, int added);
   void ReportChannel(const char* textKey, int channelId);
+  void Import(const ListSource& source, NameClash clash,
+              std::function<void(const std::optional<ImportSums>&)> onEnd);
+  void OnListImported(bool isRead);
   void OnRefreshMessage(unsigned number);
   void SetRefreshBusy(bool busy);
 
@@ -107,12 +116,14 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   const Registry registry_;
   const Skin skin_;
   const std::shared_ptr<Store> store_;
+  const SharedServices services_;
   Settings settings_;  // as they were stored when the frame was made, or confirmed since
   SharedState state_;
   const Actions actions_;
   std::string messageText_;                   // the last text handed to the host
   std::unique_ptr<FrameRefresh> refresh_;     // null once it was stopped
   std::unique_ptr<FeedChecker> feedChecker_;  // likewise
+  std::unique_ptr<OpmlImporter> importer_;    // likewise
   QPointer<CRSS_AnnounceDlg> announcement_;
   bool isPanelOpen_ = false;
   bool hostShowsBusy_ = false;  // it was told that a refresh has begun, and not of its end

@@ -3,6 +3,8 @@
 #include <QDesktopServices>
 
 #include "shell/CRSS_MainFrame.h"
+#include "skin/FilledTexts.h"
+#include "skin/Keys.h"
 #include "ui/dialogs/Dialogs.h"
 
 namespace feedloom {
@@ -34,9 +36,31 @@ void AddDeeds(CRSS_MainFrame& frame, Actions& actions) {
   actions.showChannelInfo = [&frame](const auto& channel) {
     ShowChannelInfo(frame, &frame, channel);
   };
+  actions.openDirectory = [&frame] { ShowDirectory(frame, &frame); };
+  actions.synchronise = [&frame] { ShowSync(frame, &frame); };
   actions.openSettings = [&frame] { frame.OpenControlPanel(); };
   actions.notifyOfNewPosts = [&frame] { frame.NotifyOfNewPosts(); };
   actions.openOutside = QDesktopServices::openUrl;
+}
+
+// An answer that did not come is empty, also when the frame went meanwhile.
+void AddExchange(CRSS_MainFrame& frame, Actions& actions) {
+  actions.importFile = [&frame] {
+    const std::string path = AskImportFile(frame, &frame);
+    if (!path.empty()) frame.ImportOpml({.place = path});
+  };
+  actions.importAddress = [&frame] {
+    if (const auto address = AskListAddress(frame, &frame)) {
+      frame.ImportOpml({.place = *address, .isAddress = true});
+    }
+  };
+  actions.exportOpml = [&frame](const std::string& fileName) {
+    const std::string path = AskExportPlace(frame, &frame, fileName);
+    const auto channels = path.empty() ? std::nullopt : frame.ExportOpml(path);
+    if (!channels) return;
+    frame.ReportMessage(
+        WithNumbers(frame.TheSkin().GetText(kSectionTexts, kTextOpmlExported), {*channels}));
+  };
 }
 
 }  // namespace
@@ -45,6 +69,7 @@ Actions MakeFrameActions(CRSS_MainFrame& frame) {
   Actions actions;
   AddQuestions(frame, actions);
   AddDeeds(frame, actions);
+  AddExchange(frame, actions);
   return actions;
 }
 

@@ -2,6 +2,7 @@
 // (Store.h), and opens and closes the database unless it is handed a connection.
 #pragma once
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -31,8 +32,17 @@ int GetChannelFolderId(Store& store, int channelId);
 // failure returns false and leaves the record unchanged.
 bool AddChannelRecord(Connection& connection, ChannelRecord& record);
 
-// The same with a connection of its own, as the last channel of the folder.
+// The same for records of one folder with negative orders, all or none, in three statements however
+// many they are: each one's commit waits for the disk. Of records with one address the first is
+// added.
+bool AddChannelRecords(Connection& connection, std::span<ChannelRecord> records);
+
+// AddChannelRecord with a connection of its own, as the last channel of the folder.
 bool AppendChannelRecord(Store& store, ChannelRecord& record);
+
+// The channel as its row reads now that it was added: the texts as they were stored, nothing
+// unread.
+ChannelRow StoredRow(const ChannelRecord& record);
 
 // The new channel's id, -1 after a failure. No look at what is there already.
 int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,

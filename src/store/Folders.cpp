@@ -54,6 +54,11 @@ int AddFolder(Store& store, std::string_view name, int order) {
                      -1);
 }
 
+int AppendFolder(Store& store, std::string_view name, int& order) {
+  order = GetMaxOrder(store, true, 0) + 1;
+  return order >= 0 ? AddFolder(store, name, order) : -1;
+}
+
 bool RenameFolder(Store& store, int folderId, std::string_view name) {
   return ExecuteOnce(
       store,

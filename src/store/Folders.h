@@ -24,6 +24,10 @@ int GetMaxOrder(Store& store, bool isFolder, int folderId);
 // The new folder's id; 0 when the name is taken (nothing is inserted), -1 after a failure.
 int AddFolder(Store& store, std::string_view name, int order);
 
+// The same with the next order, which comes back in `order`. Without an order to give nothing is
+// inserted: a negative one would protect the folder.
+int AppendFolder(Store& store, std::string_view name, int& order);
+
 // False after a failure.
 bool RenameFolder(Store& store, int folderId, std::string_view name);
 bool SetFolderOrder(Store& store, int folderId, int order);

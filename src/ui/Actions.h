@@ -7,8 +7,6 @@
 #include <optional>
 #include <string>
 
-#include "ui/PostList.h"
-
 class QPrinter;
 class QUrl;
 
@@ -57,9 +55,6 @@ struct Actions {
   std::function<QString(const QString& name)> askDownloadPlace;
   std::function<bool(QPrinter& printer)> choosePrinter;
   std::function<bool(const QUrl& address)> openOutside;
-
-  // The posts that a word finds in the web directory; none when the search failed.
-  std::function<std::optional<PostList>(const std::string& word)> searchWeb;
 };
 
 }  // namespace feedloom

@@ -3,11 +3,14 @@
 #pragma once
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "exchange/OpmlImport.h"
 #include "ingest/RefreshQueue.h"
 #include "skin/Skin.h"
 #include "store/Rows.h"
@@ -19,6 +22,7 @@
 
 namespace feedloom {
 
+class DirectorySearch;
 struct FeedCheckAnswer;
 
 // The post of a list that is shown first.
@@ -53,6 +57,22 @@ class Frame {
   virtual void CheckFeed(const std::string& address,
                          std::function<void(const FeedCheckAnswer&)> onAnswer) = 0;
   virtual void StopFeedCheck() = 0;
+
+  // Writes the tree's folders and channels to `path` (the file system's own bytes) as OPML, whole
+  // or not at all. Returns the number of channels; none after a failure, which it has reported.
+  virtual std::optional<int> ExportOpml(const std::string& path) = 0;
+  // Reads a list on another thread and adds its folders and channels to the store and the tree, one
+  // by one, and then refreshes the new channels. Reports how many there are, or shows a message
+  // when the list cannot be read. One import after the other.
+  virtual void ImportOpml(const ListSource& source) = 0;
+  // The same for the list in the file `path`, but folders that are there already are used, and all
+  // that is said at the end is `onEnd`, on the interface thread: nothing when it cannot be read.
+  virtual void MergeOpml(const std::string& path,
+                         std::function<void(const std::optional<ImportSums>&)> onEnd) = 0;
+
+  // A search of the web directory at the host's address; never null. Its answers come as long as
+  // the frame's refresh is not ended.
+  virtual std::unique_ptr<DirectorySearch> MakeDirectorySearch() = 0;
 
   // From the dialogs to the tree: what they have put into the store gets its row at once.
   virtual void FolderWasAdded(const FolderRow& folder) = 0;

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <algorithm>
 
 namespace feedloom {
@@ -33,6 +34,10 @@ CVxListCtrl::CVxListCtrl(QWidget* parent) : QTreeView(parent) {
   setVerticalScrollMode(ScrollPerItem);
   setHorizontalScrollMode(ScrollPerPixel);
   SetUpHeader();
+  // Only what the user does: rows that come and go move the bar as well.
+  connect(verticalScrollBar(), &QAbstractSlider::actionTriggered, this, [this] {
+    if (verticalScrollBar()->maximum() > 0 && IsAtEnd()) emit EndReached();
+  });
 }
 
 void CVxListCtrl::SetUpHeader() {
@@ -77,7 +82,51 @@ void CVxListCtrl::keyPressEvent(QKeyEvent* event) {
   const bool isShift =
       event->key() == Qt::Key_Shift || event->modifiers().testFlag(Qt::ShiftModifier);
   if (!isShift) anchor_ = QModelIndex();
+  const int before = verticalScrollBar()->value();
   QTreeView::keyPressEvent(event);
+  const bool isScrolled = verticalScrollBar()->value() > before;
+  if (event->key() == Qt::Key_End || (isScrolled && IsAtEnd())) emit EndReached();
+}
+
+bool CVxListCtrl::IsAtEnd() const {
+  return verticalScrollBar()->sliderPosition() == verticalScrollBar()->maximum();
+}
+
+void CVxListCtrl::SetClosed(bool isClosed) {
+  if (isClosed != isEnabled()) return;
+  if (isClosed) {
+    Cover()->show();
+    if (window()->focusWidget() == this) cover_->setFocus();
+    setEnabled(false);
+  } else {
+    setEnabled(true);
+    if (window()->focusWidget() == cover_) setFocus();
+    cover_->hide();
+  }
+}
+
+QWidget* CVxListCtrl::Cover() {
+  if (!cover_) {
+    cover_ = new QWidget(parentWidget());
+    cover_->setCursor(Qt::WaitCursor);
+  }
+  PlaceCover();
+  cover_->raise();
+  return cover_;
+}
+
+void CVxListCtrl::PlaceCover() {
+  if (cover_) cover_->setGeometry(geometry());
+}
+
+void CVxListCtrl::resizeEvent(QResizeEvent* event) {
+  QTreeView::resizeEvent(event);
+  PlaceCover();
+}
+
+void CVxListCtrl::moveEvent(QMoveEvent* event) {
+  QTreeView::moveEvent(event);
+  PlaceCover();
 }
 
 // The base class would begin at the row that the user chose last, wherever the program has gone

@@ -1,6 +1,7 @@
 // The skinned report list: a header, and rows of fixed height in columns.
 #pragma once
 
+#include <QPointer>
 #include <QStyledItemDelegate>
 #include <QTreeView>
 #include <initializer_list>
@@ -42,12 +43,18 @@ class CVxListCtrl : public QTreeView {
   // The header shows no order.
   void ClearSorting();
 
+  // While it is closed the list takes no input and shows the wait cursor. The keyboard, when it is
+  // here, waits in the list's place and comes back.
+  void SetClosed(bool isClosed);
+
  signals:
   // The left button went down on a row, which is selected by now as the modifier keys ask. A double
   // click is one click. Other buttons only select.
   void RowClicked(int row);
   // The header shows this order from now on; `column` is -1 for none.
   void SortRequested(int column, Qt::SortOrder order);
+  // The user has scrolled to the last row or pressed End; once more with each further attempt.
+  void EndReached();
   // The right button went down, or the menu key, which has its place below the current row. A point
   // of the screen.
   void MenuRequested(const QPoint& place);
@@ -57,11 +64,18 @@ class CVxListCtrl : public QTreeView {
   void keyPressEvent(QKeyEvent* event) override;
   void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
 
  private:
   void SetUpHeader();
+  bool IsAtEnd() const;
+  QWidget* Cover();
+  void PlaceCover();
 
   QPersistentModelIndex anchor_;  // not valid while the base class's own is right
+  // Lies over the list while that is closed: a disabled widget has no cursor and no keyboard.
+  QPointer<QWidget> cover_;
 };
 
 }  // namespace feedloom

@@ -8,11 +8,15 @@
 
 namespace feedloom {
 
-// A manual clock on which a check's time limit lasts until the test lets it run out.
+// A manual clock on which a time limit, a check's unless told otherwise, lasts until the test lets
+// it run out.
 class CheckClock : public ManualClock {
  public:
+  explicit CheckClock(std::chrono::milliseconds limit = RefreshLimits().timeLimit)
+      : limit_(limit) {}
+
   void Pause(std::chrono::milliseconds duration, std::stop_token stop = {}) override {
-    if (duration < RefreshLimits().timeLimit) {
+    if (duration < limit_) {
       ManualClock::Pause(duration, stop);
       return;
     }
@@ -27,6 +31,7 @@ class CheckClock : public ManualClock {
   }
 
  private:
+  const std::chrono::milliseconds limit_;
   std::mutex mutex_;
   std::condition_variable_any changed_;
   bool ranOut_ = false;

@@ -163,19 +163,23 @@ TEST_F(Parsing, TextsEndInTheModulesCodePage) {
 }
 
 TEST_F(Parsing, AnOpmlDocumentYieldsTwoLevelsOfOutlines) {
-  ASSERT_EQ(Parse("<opml version='1.0'><head><title>x</title></head><outline text='Folder'>"
-                  "<outline type='rss' text='A &amp; B' title='T' xmlUrl='http://x/' "
-                  "htmlUrl='http://h/' url='u'><outline text='too deep'/></outline></outline>"
-                  "<body><outline text='not a child'/></body></opml>"),
+  ASSERT_EQ(Parse("<opml version='1.0'><head><outline text='not of the body'/></head>"
+                  "<body><outline text='Folder'>"
+                  "<outline type='rss' text='A &amp; B' title='T' xmlUrl=' http://x/č '"
+                  " htmlUrl='http://h/' url='u'><outline text='too deep'><outline xmlUrl='u'/>"
+                  "</outline></outline></outline></body>"
+                  "<outline text='without a body'/></opml>"),
             0);
   EXPECT_EQ(parser_->GetFormat(), FeedFormat::Opml);
   EXPECT_FALSE(parser_->IsFeed());
-  ASSERT_EQ(parser_->Outlines().size(), 1u);
-  const OpmlOutline& folder = parser_->Outlines()[0];
+  ASSERT_EQ(parser_->Outlines().size(), 2u);
+  EXPECT_EQ(parser_->Outlines()[0].text, "without a body");
+  const OpmlOutline& folder = parser_->Outlines()[1];
   EXPECT_EQ(folder.text, "Folder");
   ASSERT_EQ(folder.children.size(), 1u);
   EXPECT_EQ(folder.children[0].text, "A & B");
-  EXPECT_EQ(folder.children[0].xmlUrl, "http://x/");
+  EXPECT_EQ(folder.children[0].xmlUrl, "http://x/%C4%8D");
+  EXPECT_EQ(folder.children[0].deeperFeeds, 1);
   EXPECT_TRUE(folder.children[0].children.empty());
 }
 

@@ -25,4 +25,8 @@ ShippedSkin::ShippedSkin(const std::string& language)
     : registry_(folder_.File("registry.reg")),
       skin_(ReadHostTexts(Written(registry_, language)), HostConfig(registry_)) {}
 
+void ShippedSkin::SetHostValue(const std::string& name, const std::string& value) const {
+  EXPECT_TRUE(registry_.WriteString(kHostKey, name, value));
+}
+
 }  // namespace feedloom

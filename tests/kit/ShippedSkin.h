@@ -18,6 +18,8 @@ class ShippedSkin {
   explicit ShippedSkin(const std::string& language = "KOR");
 
   const Skin& Get() const { return skin_; }
+  // Gives the host's configuration this value (UTF-8) from now on.
+  void SetHostValue(const std::string& name, const std::string& value) const;
   const TempFolder& Folder() const { return folder_; }
 
  private:

@@ -2,6 +2,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QTest>
@@ -62,9 +63,11 @@ class PaneCommands : public ModuleFixture {
         "document.querySelector('[href^=ID_BTN_RSSSCRAP]').click()", 1);
   }
 
+  // In the store.
   void SearchFor(const QString& word) {
     QTest::keyClick(&Tree(), Qt::Key_F, Qt::ControlModifier);
     QWidget* const box = QApplication::focusWidget();
+    box->parentWidget()->findChild<QComboBox*>()->setCurrentIndex(1);
     QTest::keyClicks(box, word);
     QTest::keyClick(box, Qt::Key_Return);
   }

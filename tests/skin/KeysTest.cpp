@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -47,7 +48,16 @@ Keys KeysOf(const Section& section) {
   return keys;
 }
 
+// The same in all languages.
+constexpr std::array kAddresses = {kTextUrlScheme, kTextDirectoryService};
+
 Keys KnownTexts() { return {TextKeys().begin(), TextKeys().end()}; }
+
+std::size_t CountOf(std::string_view text, std::string_view place) {
+  std::size_t count = 0;
+  for (auto at = text.find(place); at != text.npos; at = text.find(place, at + 1)) ++count;
+  return count;
+}
 
 bool IsFile(const std::string& path) { return std::filesystem::is_regular_file(path); }
 
@@ -86,7 +96,7 @@ TEST(KeysTest, EachTextIsThereInBothLanguagesAndNoOther) {
   auto sections = SectionsOf("string.ini");
   Keys known = KnownTexts();
   EXPECT_EQ(KeysOf(sections["FEEDLOOM"]), known);
-  known.erase(kTextUrlScheme);                                  // the same in all languages
+  for (const char* key : kAddresses) known.erase(key);
   for (const Label& label : Labels()) known.insert(label.key);  // Korean is built in
   EXPECT_EQ(KeysOf(sections["FEEDLOOM.ENG"]), known);
 }
@@ -119,8 +129,9 @@ TEST(KeysTest, EnglishIsNotKoreanAndBothHoldTheSamePlaces) {
   for (const char* key : TextKeys()) {
     const std::string k = korean.Get().GetText(kSectionTexts, key);
     const std::string e = english.Get().GetText(kSectionTexts, key);
-    EXPECT_EQ(k == e, key == std::string_view(kTextUrlScheme)) << key;
-    EXPECT_EQ(k.find("%s") == std::string::npos, e.find("%s") == std::string::npos) << key;
+    const bool isAddress = std::ranges::find(kAddresses, std::string_view(key)) != kAddresses.end();
+    EXPECT_EQ(k == e, isAddress) << key;
+    for (const char* place : {"%s", "%d"}) EXPECT_EQ(CountOf(k, place), CountOf(e, place)) << key;
   }
   for (const char* key : {kTextRefreshError, kTextReceivedChannel}) {
     EXPECT_NE(korean.Get().GetText(kSectionTexts, key).find("%s"), std::string::npos) << key;

@@ -56,6 +56,40 @@ TEST_F(Containers, FoldersAreListedByOrderWithTheirUnreadCounts) {
   EXPECT_EQ(CountUnreadPosts(store_), 2);
 }
 
+TEST_F(Containers, ManyRecordsAtOnceEndAsOneByOne) {
+  const auto recordsOf = [](int folderId) {
+    std::vector<ChannelRecord> records;
+    for (const char* link : {"http://there/", "http://a/?x&amp;y", "http://b/", "http://a/?x&y"}) {
+      ChannelRecord& record = records.emplace_back();
+      record.folderId = folderId;
+      record.title = "it's";
+      record.xmlLink = link;
+      record.type = "rss";
+    }
+    return records;
+  };
+  for (const int folder : {1, 2}) Add("there", "http://there/", folder, 7);
+  auto single = recordsOf(1);
+  auto many = recordsOf(2);
+  Connection connection(store_);
+  for (ChannelRecord& record : single) ASSERT_TRUE(AddChannelRecord(connection, record));
+  ASSERT_TRUE(AddChannelRecords(connection, many));
+  for (std::size_t i = 0; i < many.size(); ++i) {
+    EXPECT_EQ(many[i].newlyInserted, single[i].newlyInserted) << i;
+    EXPECT_EQ(many[i].order, single[i].order) << i;
+    EXPECT_EQ(many[i].id - many[0].id > 0, single[i].id - single[0].id > 0) << i;
+  }
+  EXPECT_EQ(many[3].id, many[1].id);
+  const std::string rows =
+      "select group_concat(channel_title || channel_type || channel_xmllink || channel_order) "
+      "from TB_CHANNEL where channel_folderID = ";
+  EXPECT_EQ(db_.Value(rows + "2"), db_.Value(rows + "1"));
+  std::vector<ChannelRecord> again = recordsOf(2);
+  ASSERT_TRUE(AddChannelRecords(connection, again));
+  EXPECT_FALSE(again[1].newlyInserted);
+  EXPECT_EQ(db_.Count("TB_CHANNEL"), 6);
+}
+
 TEST_F(Containers, AFolderNameIsTakenOnce) {
   const int id = AddFolder(store_, "Tom's &amp; mine", 4);
   EXPECT_GT(id, 0);

@@ -9,10 +9,12 @@
 #include <utility>
 #include <vector>
 
+#include "exchange/DirectorySearch.h"
 #include "ingest/FeedCheckAnswer.h"
 #include "kit/ShippedSkin.h"
 #include "store/StoreKit.h"
 #include "ui/Frame.h"
+#include "ui/InterfaceThread.h"
 
 namespace feedloom {
 
@@ -42,6 +44,23 @@ class FakeFrame : public Frame {
     answerCheck = std::move(onAnswer);
   }
   void StopFeedCheck() override { answerCheck = nullptr; }
+  std::optional<int> ExportOpml(const std::string& path) override {
+    exports.push_back(path);
+    return nextExport;
+  }
+  void ImportOpml(const ListSource& source) override { imports.push_back(source); }
+  void MergeOpml(const std::string& path,
+                 std::function<void(const std::optional<ImportSums>&)> onEnd) override {
+    merges.push_back(path);
+    endMerge = std::move(onEnd);
+  }
+  std::unique_ptr<DirectorySearch> MakeDirectorySearch() override {
+    auto services = std::make_shared<IngestServices>(IngestServices{
+        db.Shared(), Registry(workFolder.File("registry.reg")), SystemClock(), workFolder.Path()});
+    return std::make_unique<DirectorySearch>(
+        std::move(services), directoryService,
+        [thread = interfaceThread](auto work) { thread->Run(std::move(work)); });
+  }
   void FolderWasAdded(const FolderRow& folder) override { addedFolders.push_back(folder); }
   void CabinetWasAdded(const CabinetRow& cabinet) override { addedCabinets.push_back(cabinet); }
   void ChannelWasAdded(const ChannelRow& channel) override { addedChannels.push_back(channel); }
@@ -91,6 +110,14 @@ class FakeFrame : public Frame {
   int refreshes = 0;
   std::vector<std::string> checkedAddresses;
   std::function<void(const FeedCheckAnswer&)> answerCheck;  // of the check that runs
+  std::vector<std::string> exports;                         // paths
+  std::optional<int> nextExport = 0;                        // channels
+  std::vector<ListSource> imports;
+  std::vector<std::string> merges;                                 // paths
+  std::function<void(const std::optional<ImportSums>&)> endMerge;  // of the latest one
+  std::string directoryService;                                    // an address
+  TempFolder workFolder;
+  std::shared_ptr<InterfaceThread> interfaceThread = std::make_shared<InterfaceThread>();
   std::vector<FolderRow> addedFolders;
   std::vector<CabinetRow> addedCabinets;
   std::vector<ChannelRow> addedChannels;

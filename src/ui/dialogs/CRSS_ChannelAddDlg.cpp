@@ -168,14 +168,8 @@ const char* CRSS_ChannelAddDlg::Add() {
   return nullptr;
 }
 
-// The row's texts are as they were stored.
 void CRSS_ChannelAddDlg::Subscribe(const ChannelRecord& record) {
-  ChannelRow row;
-  row.title = UnescapeEntities(record.title);
-  row.xmlLink = UnescapeEntities(record.xmlLink);
-  row.id = record.id;
-  row.folderId = record.folderId;
-  row.order = record.order;
+  const ChannelRow row = StoredRow(record);
   frame_.ChannelWasAdded(row);
   frame_.QueueRefresh({EntryFor(row)});
   frame_.StartRefresh();

@@ -21,11 +21,8 @@ bool CRSS_GroupAddDlg::IsTaken(const std::string& name) const {
 }
 
 const char* CRSS_GroupAddDlg::Keep(const std::string& name) {
-  Store& store = TheFrame().TheStore();
-  const int highest = GetMaxOrder(store, true, 0);
-  // After a failure there is no order to give: a negative one would protect the folder.
-  const int order = highest + 1;
-  folderId_ = order >= 0 ? AddFolder(store, name, order) : -1;
+  int order = 0;
+  folderId_ = AppendFolder(TheFrame().TheStore(), name, order);
   if (folderId_ == 0) return kTextGroupDuplicate;  // another program was faster
   if (folderId_ < 0) return kTextGroupError;
   TheFrame().FolderWasAdded({.name = UnescapeEntities(name), .id = folderId_, .order = order});

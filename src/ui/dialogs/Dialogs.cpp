@@ -1,10 +1,7 @@
 #include "ui/dialogs/Dialogs.h"
 
-#include <QDir>
-#include <QFileDialog>
 #include <QPointer>
 #include <QPrintDialog>
-#include <QStandardPaths>
 
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
@@ -15,11 +12,13 @@
 #include "ui/dialogs/CRSS_ChannelInfoDlg.h"
 #include "ui/dialogs/CRSS_ChannelMoveDlg.h"
 #include "ui/dialogs/CRSS_ChannelRenameDlg.h"
+#include "ui/dialogs/CRSS_DirectoryDlg.h"
 #include "ui/dialogs/CRSS_GroupAddDlg.h"
 #include "ui/dialogs/CRSS_GroupRenameDlg.h"
+#include "ui/dialogs/CRSS_OpmlDlg.h"
 #include "ui/dialogs/CRSS_ScrapDlg.h"
 #include "ui/dialogs/CRSS_SearchDlg.h"
-#include "vxctrl/SkinText.h"
+#include "ui/dialogs/CRSS_SyncDlg.h"
 
 namespace feedloom {
 
@@ -100,17 +99,16 @@ void ShowChannelInfo(Frame& frame, QWidget* parent, const ChannelFacts& channel)
   Show(new CRSS_ChannelInfoDlg(frame, parent, channel));
 }
 
-QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name) {
-  const QString folder = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
-  const QPointer dialog(new QFileDialog(parent, SkinText(frame.TheSkin(), kTextDownloadPlace)));
-  dialog->setAcceptMode(QFileDialog::AcceptSave);
-  dialog->setDirectory(QDir(folder).exists() ? folder : QDir::homePath());
-  dialog->selectFile(name);
-  const bool hasAnswer = dialog->exec() == QDialog::Accepted && dialog;
-  const QString path = hasAnswer ? dialog->selectedFiles().value(0) : QString();
-  delete dialog;
-  return path;
+std::optional<std::string> AskListAddress(Frame& frame, QWidget* parent) {
+  auto* dialog = new CRSS_OpmlDlg(frame, parent);
+  std::optional<std::string> address;
+  RunDialog(dialog, [&] { address = dialog->Address(); });
+  return address;
 }
+
+void ShowSync(Frame& frame, QWidget* parent) { Show(new CRSS_SyncDlg(frame, parent)); }
+
+void ShowDirectory(Frame& frame, QWidget* parent) { Show(new CRSS_DirectoryDlg(frame, parent)); }
 
 bool ChoosePrinter(QPrinter& printer, QWidget* parent) {
   const QPointer dialog(new QPrintDialog(&printer, parent));

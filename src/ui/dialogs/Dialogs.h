@@ -41,6 +41,17 @@ void ShowChannelInfo(Frame& frame, QWidget* parent, const ChannelFacts& channel)
 // without an answer. The user was asked whether a file that exists may be replaced.
 QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name);
 
+// The path of an OPML file to import; empty without an answer. It exists.
+std::string AskImportFile(Frame& frame, QWidget* parent);
+// The path for the OPML file that is to be saved, by its suggested name; empty without an answer.
+std::string AskExportPlace(Frame& frame, QWidget* parent, const std::string& name);
+// The address of a list, complete and in ASCII.
+std::optional<std::string> AskListAddress(Frame& frame, QWidget* parent);
+
+// The exchange with the handset, and the search of the web directory.
+void ShowSync(Frame& frame, QWidget* parent);
+void ShowDirectory(Frame& frame, QWidget* parent);
+
 // Sets `printer` up as the user wants it; false without an answer.
 bool ChoosePrinter(QPrinter& printer, QWidget* parent);
 

@@ -36,7 +36,8 @@ CRSS_RightTopContainer::CRSS_RightTopContainer(Frame& frame, QWidget* parent)
       toolbar_(*new CRSS_RightTopToolBarWnd(frame.TheSkin(), this)),
       model_(*new PostListModel(frame.TheStore().TextCodePage(), LoadTexts(frame), this)),
       list_(*new CVxListCtrl(this)),
-      commands_(frame, model_, list_) {
+      commands_(frame, model_, list_),
+      webSearch_(frame, list_, [this](PostList list) { Append(std::move(list)); }) {
   SetUpList();
   SetUpKeys();
   connect(&toolbar_, &CRSS_RightTopToolBarWnd::SearchRequested, this,
@@ -83,6 +84,7 @@ void CRSS_RightTopContainer::SetUpKeys() {
 }
 
 void CRSS_RightTopContainer::Fill(PostList list) {
+  webSearch_.GiveUp();
   const bool wasSearched = list.wereSearched;
   model_.Fill(std::move(list));
   list_.ClearSorting();
@@ -92,11 +94,12 @@ void CRSS_RightTopContainer::Fill(PostList list) {
 
 void CRSS_RightTopContainer::Append(PostList list) {
   const bool wasSearched = list.wereSearched;
-  model_.Append(std::move(list));
+  AppendInPlace(list_, model_, std::move(list));
   toolbar_.SetResultCount(wasSearched ? model_.rowCount() : -1);
 }
 
 void CRSS_RightTopContainer::Refill(PostList list) {
+  webSearch_.GiveUp();
   const ListPlace place = TakePlace(list_, model_);
   model_.Refill(std::move(list));
   RestorePlace(list_, model_, place);
@@ -119,7 +122,9 @@ void CRSS_RightTopContainer::ShowFirst(FirstShown shown) {
   Show(row < 0 && rows > 0 ? 0 : row);
 }
 
-void CRSS_RightTopContainer::GoToUnread(bool forward) { commands_.GoToUnread(forward); }
+void CRSS_RightTopContainer::GoToUnread(bool forward) {
+  if (!webSearch_.IsRunning()) commands_.GoToUnread(forward);
+}
 
 void CRSS_RightTopContainer::OpenMenu(const QPoint& place) {
   if (const auto menu = commands_.TheMenu()) {
@@ -135,23 +140,14 @@ void CRSS_RightTopContainer::Search() {
     frame_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
     return;  // the pane may be gone
   }
-  const bool isWeb = toolbar_.Scope() == SearchScope::Web;
-  auto found = isWeb ? FindInWeb(word) : FindInStore(word);
-  if (!found) return;  // the pane may be gone
-  found->wereSearched = true;
-  frame_.ListPosts(isWeb ? ListMode::WebDirectory : ListMode::Selection, std::move(*found));
+  toolbar_.Scope() == SearchScope::Web ? webSearch_.Begin(word) : SearchStore(word);
 }
 
-std::optional<PostList> CRSS_RightTopContainer::FindInStore(const std::string& word) {
-  PostList list;
-  if (!SearchPosts(frame_.TheStore(), word, list.posts)) return std::nullopt;
-  return list;
-}
-
-std::optional<PostList> CRSS_RightTopContainer::FindInWeb(const std::string& word) {
-  // A copy: the frame may be gone, and its actions with it, while the search runs.
-  const auto search = frame_.TheActions().searchWeb;
-  return search ? search(word) : std::nullopt;
+void CRSS_RightTopContainer::SearchStore(const std::string& word) {
+  PostList found;
+  found.wereSearched = true;
+  if (!SearchPosts(frame_.TheStore(), word, found.posts)) return;
+  frame_.ListPosts(ListMode::Selection, std::move(found));
 }
 
 void CRSS_RightTopContainer::paintEvent(QPaintEvent* /*event*/) {
@@ -163,10 +159,6 @@ void CRSS_RightTopContainer::resizeEvent(QResizeEvent* /*event*/) {
   const int edge = SizeOf(border_.left).width();
   toolbar_.setGeometry(edge, 0, width() - 2 * edge, toolbar_.Height());
   list_.setGeometry(ViewArea(rect(), toolbar_.Height()));
-}
-
-void CRSS_RightTopContainer::showEvent(QShowEvent* /*event*/) {
-  toolbar_.AllowWeb(frame_.TheActions().searchWeb != nullptr);
 }
 
 }  // namespace feedloom

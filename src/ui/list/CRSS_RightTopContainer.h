@@ -3,10 +3,10 @@
 #pragma once
 
 #include <QWidget>
-#include <optional>
 
 #include "ui/Frame.h"
 #include "ui/list/PostCommands.h"
+#include "ui/list/WebSearch.h"
 #include "vxctrl/PaneFrame.h"
 
 namespace feedloom {
@@ -23,12 +23,11 @@ class CRSS_RightTopContainer : public QWidget {
   CRSS_RightTopContainer(Frame& frame, QWidget* parent);
 
   // Replaces the rows and scrolls to the first; they stand in the order given. Shows how many a
-  // search has found. The caller sets the frame's list mode before, and has a post shown after.
+  // search has found. The caller sets the frame's list mode before, and has a post shown after. A
+  // search of the web directory that runs is given up.
   void Fill(PostList list);
-  // Adds rows of the same kind behind the others; the sorting stays.
-  void Append(PostList list);
   // The same posts with what has come since: selection, current row and scroll position stay, by
-  // the posts' ids, and so does the sorting. Shows nothing.
+  // the posts' ids, and so does the sorting. Shows nothing. Gives up a search as well.
   void Refill(PostList list);
 
   // Has the browser show the post of row `index`, marks it read (not in the web directory's list,
@@ -37,7 +36,7 @@ class CRSS_RightTopContainer : public QWidget {
   // The first row when none is unread, the main page when there is none.
   void ShowFirst(FirstShown shown);
   // The next unread post behind the current row, or the one before it; with none in the list the
-  // frame is asked for another row of the tree.
+  // frame is asked for another row of the tree. Nothing while a search of the web directory runs.
   void GoToUnread(bool forward);
 
   void FocusSearch();
@@ -45,7 +44,6 @@ class CRSS_RightTopContainer : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void showEvent(QShowEvent* event) override;
 
  private:
   void SetUpList();
@@ -53,8 +51,9 @@ class CRSS_RightTopContainer : public QWidget {
   void ShowClicked(int row);
   void OpenMenu(const QPoint& place);
   void Search();
-  std::optional<PostList> FindInStore(const std::string& word);
-  std::optional<PostList> FindInWeb(const std::string& word);
+  // Rows of the same kind behind the others; place, selection and sorting stay.
+  void Append(PostList list);
+  void SearchStore(const std::string& word);
 
   Frame& frame_;
   const PaneFrame border_;
@@ -62,6 +61,7 @@ class CRSS_RightTopContainer : public QWidget {
   PostListModel& model_;
   CVxListCtrl& list_;
   PostCommands commands_;
+  WebSearch webSearch_;
 };
 
 }  // namespace feedloom

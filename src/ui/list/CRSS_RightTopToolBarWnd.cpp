@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QStandardItemModel>
 #include <algorithm>
 
 #include "skin/Keys.h"
@@ -78,12 +77,6 @@ std::string CRSS_RightTopToolBarWnd::Word() const {
 
 SearchScope CRSS_RightTopToolBarWnd::Scope() const {
   return static_cast<SearchScope>(scope_.currentIndex());
-}
-
-void CRSS_RightTopToolBarWnd::AllowWeb(bool isAllowed) {
-  const auto* entries = qobject_cast<QStandardItemModel*>(scope_.model());
-  entries->item(static_cast<int>(SearchScope::Web))->setEnabled(isAllowed);
-  if (!isAllowed) scope_.setCurrentIndex(static_cast<int>(SearchScope::Local));
 }
 
 void CRSS_RightTopToolBarWnd::SetResultCount(int count) {

@@ -32,8 +32,6 @@ class CRSS_RightTopToolBarWnd : public QWidget {
   // In the module's code page; may be empty.
   std::string Word() const;
   SearchScope Scope() const;
-  // False leaves the local search only.
-  void AllowWeb(bool isAllowed);
 
   // Shown when it is 1 or more; -1 is no count.
   void SetResultCount(int count);

@@ -5,7 +5,9 @@
 #include <QTreeView>
 #include <limits>
 #include <unordered_map>
+#include <utility>
 
+#include "ui/PostList.h"
 #include "ui/list/PostListModel.h"
 
 namespace feedloom {
@@ -64,6 +66,16 @@ QModelIndex Anchor(const QTreeView& view) {
   return isSeen ? current : view.indexAt({0, 0});
 }
 
+template <typename Change>
+void ChangeInPlace(QTreeView& view, Change change) {
+  const QPersistentModelIndex anchor = Anchor(view);
+  const int line = anchor.row() - view.verticalScrollBar()->value();
+  change();
+  if (!anchor.isValid()) return;
+  view.doItemsLayout();  // the scroll bar's range is that of the old rows until then
+  view.verticalScrollBar()->setValue(anchor.row() - line);
+}
+
 }  // namespace
 
 ListPlace TakePlace(const QTreeView& view, const PostListModel& model) {
@@ -89,12 +101,11 @@ void RestorePlace(QTreeView& view, const PostListModel& model, const ListPlace& 
 }
 
 void SortInPlace(QTreeView& view, PostListModel& model, int column, Qt::SortOrder order) {
-  const QPersistentModelIndex anchor = Anchor(view);
-  const int line = anchor.row() - view.verticalScrollBar()->value();
-  model.sort(column, order);
-  if (!anchor.isValid()) return;
-  view.doItemsLayout();
-  view.verticalScrollBar()->setValue(anchor.row() - line);
+  ChangeInPlace(view, [&] { model.sort(column, order); });
+}
+
+void AppendInPlace(QTreeView& view, PostListModel& model, PostList list) {
+  ChangeInPlace(view, [&] { model.Append(std::move(list)); });
 }
 
 }  // namespace feedloom

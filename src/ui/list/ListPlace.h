@@ -1,5 +1,5 @@
-// Where the user is in the post list, kept while its rows are replaced, by the posts' ids, or
-// sorted.
+// Where the user is in the post list, kept while its rows are replaced, by the posts' ids,
+// sorted or added to.
 #pragma once
 
 #include <QtCore/qnamespace.h>
@@ -12,6 +12,7 @@ class QTreeView;
 namespace feedloom {
 
 class PostListModel;
+struct PostList;
 
 struct ListPlace {
   std::unordered_set<int> selected;
@@ -26,7 +27,9 @@ ListPlace TakePlace(const QTreeView& view, const PostListModel& model);
 // still there stands on the line where it stood.
 void RestorePlace(QTreeView& view, const PostListModel& model, const ListPlace& place);
 
-// Sorts the rows. The current post, or when it is not seen the topmost, stays on its line.
+// Sorts the rows, or adds some. The current post, or when it is not seen the topmost, stays on its
+// line.
 void SortInPlace(QTreeView& view, PostListModel& model, int column, Qt::SortOrder order);
+void AppendInPlace(QTreeView& view, PostListModel& model, PostList list);
 
 }  // namespace feedloom

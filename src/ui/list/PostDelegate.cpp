@@ -11,9 +11,10 @@ bool IsRead(const QModelIndex& index) { return index.data(PostListModel::kIsRead
 
 QColor TextColour(const QStyleOptionViewItem& option) {
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-  const bool isActive = option.state.testFlag(QStyle::State_Active);
-  return option.palette.color(isActive ? QPalette::Active : QPalette::Inactive,
-                              isSelected ? QPalette::HighlightedText : QPalette::Text);
+  const auto group = !option.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
+                     : option.state.testFlag(QStyle::State_Active) ? QPalette::Active
+                                                                   : QPalette::Inactive;
+  return option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
 }
 
 void PaintUnreadMark(QPainter& painter, const QPointF& centre, const QColor& colour) {

@@ -149,6 +149,10 @@ void CRSS_LeftContainer::MoveChannel(int channelId, int folderId) {
   model_.MoveChannel(channelId, folderId);
 }
 
+SubscriptionList CRSS_LeftContainer::Subscriptions() const {
+  return SubscriptionsOf(model_.Groups());
+}
+
 void CRSS_LeftContainer::SetBusy(bool busy) { tree_->SetOwnCursor(!busy); }
 
 void CRSS_LeftContainer::AddChannel(const std::string& address) {

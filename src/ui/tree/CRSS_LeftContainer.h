@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "exchange/Subscriptions.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/TreeCommands.h"
 #include "vxctrl/PaneFrame.h"
@@ -74,6 +75,9 @@ class CRSS_LeftContainer : public QWidget {
   void OpenSettings() { commands_.Run(kCommandSettings); }
   // Today's new posts of all channels.
   void ListToday() { commands_.Run(kCommandToday); }
+
+  // The folders with their channels, as the tree shows them, without their counts.
+  SubscriptionList Subscriptions() const;
 
   // While it is busy the pane has no cursor of its own, so that the frame's shows.
   void SetBusy(bool busy);

@@ -9,8 +9,4 @@ namespace feedloom {
 // "Economy(12)": the count stands right behind the name; no count when it is 0 or less.
 std::string AppendCount(std::string_view name, int count);
 
-// The part before the last "(", the whole label when there is none. Only for a label that has a
-// count: a name may end in parentheses itself.
-std::string StripCount(std::string_view label);
-
 }  // namespace feedloom

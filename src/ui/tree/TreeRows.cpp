@@ -33,4 +33,17 @@ std::unique_ptr<GroupRow> ToRow(FolderRow folder) {
                                              .name = std::move(folder.name)});
 }
 
+SubscriptionList SubscriptionsOf(const GroupRows& groups) {
+  SubscriptionList list;
+  for (const auto& group : groups) {
+    if (group->kind == RowKind::CabinetRoot) break;
+    SubscriptionFolder& folder = list.emplace_back();
+    folder.name = group->name;
+    for (const ChildRow& channel : group->children) {
+      folder.channels.push_back({channel.title, channel.xmlLink});
+    }
+  }
+  return list;
+}
+
 }  // namespace feedloom

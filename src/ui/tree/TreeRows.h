@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "exchange/Subscriptions.h"
+
 namespace feedloom {
 
 struct CabinetRow;
@@ -47,5 +49,9 @@ using GroupRows = std::vector<std::unique_ptr<GroupRow>>;
 ChildRow ToRow(ChannelRow channel);
 ChildRow ToRow(CabinetRow cabinet);
 std::unique_ptr<GroupRow> ToRow(FolderRow folder);
+
+// The folders with their channels in the order of the rows; the cabinet root, and what stands
+// behind it, is not among them.
+SubscriptionList SubscriptionsOf(const GroupRows& groups);
 
 }  // namespace feedloom

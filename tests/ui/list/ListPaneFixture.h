@@ -24,6 +24,19 @@ namespace feedloom {
 using Strings = std::vector<std::string>;
 using ReadPosts = std::vector<std::pair<int, bool>>;
 
+// Lists in a pane, when there is one, as the frame itself does.
+class ListingFrame : public FakeFrame {
+ public:
+  void ListPosts(ListMode mode, PostList list, FirstShown shownFirst) override {
+    FakeFrame::ListPosts(mode, list, shownFirst);
+    if (!listPane) return;
+    listPane->Fill(std::move(list));
+    listPane->ShowFirst(shownFirst);
+  }
+
+  CRSS_RightTopContainer* listPane = nullptr;
+};
+
 class PostListPane : public testing::Test {
  protected:
   PostListPane() {
@@ -127,7 +140,7 @@ class PostListPane : public testing::Test {
     return titles;
   }
 
-  FakeFrame frame_;
+  ListingFrame frame_;
   CRSS_RightTopContainer pane_{frame_, nullptr};
   CVxListCtrl& list_ = *pane_.findChild<CVxListCtrl*>();
   int channel_ = 0;

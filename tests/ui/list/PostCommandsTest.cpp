@@ -200,31 +200,12 @@ TEST_F(PostSearch, ALocalSearchListsTheStoresPostsAndCountsThem) {
   EXPECT_EQ(countShown(), "");
 }
 
-TEST_F(PostSearch, NothingNewIsListedWithoutAWordOrAnAnswer) {
+TEST_F(PostSearch, NothingNewIsListedWithoutAWordOrAStore) {
   Search("", SearchScope::Local);
   EXPECT_EQ(frame_.questions, Strings{kTextSearchEmpty});
   frame_.db.Sql("drop table TB_POST");
   Search("x", SearchScope::Local);
-  frame_.actions.searchWeb = [](const std::string&) { return std::optional<PostList>(); };
-  Search("x", SearchScope::Web);
   EXPECT_TRUE(frame_.lists.empty());
-}
-
-TEST_F(PostSearch, TheWebIsSearchedWhenThereIsSomethingToSearchItWith) {
-  auto& scope = *pane_.findChild<QComboBox*>();
-  EXPECT_EQ(scope.currentIndex(), static_cast<int>(SearchScope::Local));
-  frame_.actions.searchWeb = [](const std::string& word) {
-    PostList list;
-    list.posts.resize(word.size());
-    return list;
-  };
-  pane_.hide();
-  pane_.show();
-  Search("four", SearchScope::Web);
-  ASSERT_EQ(frame_.lists.size(), 1u);
-  EXPECT_EQ(frame_.lists[0].posts.size(), 4u);
-  EXPECT_TRUE(frame_.lists[0].wereSearched);
-  EXPECT_EQ(frame_.state.listMode, ListMode::WebDirectory);
 }
 
 // The module may be taken down while a box or a dialog is open.
@@ -237,10 +218,6 @@ TEST_F(PostListPane, APaneThatGoesWhileTheUserIsAskedIsNotTouched) {
     goes();
     return std::nullopt;
   };
-  frame_.actions.searchWeb = [&](const std::string&) -> std::optional<PostList> {
-    goes();
-    return std::nullopt;
-  };
   const auto inANewPane = [&](auto act) {
     pane = std::make_unique<CRSS_RightTopContainer>(frame_, nullptr);
     pane->show();
@@ -249,11 +226,8 @@ TEST_F(PostListPane, APaneThatGoesWhileTheUserIsAskedIsNotTouched) {
     act(*pane);
     EXPECT_EQ(pane, nullptr);
   };
-  const auto searchFor = [](const QString& word) {
-    return [word](QWidget& shown) {
-      shown.findChild<QLineEdit*>()->setText(word);
-      emit shown.findChild<CRSS_RightTopToolBarWnd*>()->SearchRequested();
-    };
+  const auto search = [](QWidget& shown) {
+    emit shown.findChild<CRSS_RightTopToolBarWnd*>()->SearchRequested();
   };
   const auto press = [](Qt::Key key) {
     return [key](QWidget& shown) {
@@ -263,8 +237,7 @@ TEST_F(PostListPane, APaneThatGoesWhileTheUserIsAskedIsNotTouched) {
       QTest::keyClick(shown.findChild<CVxListCtrl*>(), key);
     };
   };
-  inANewPane(searchFor(""));
-  inANewPane(searchFor("word"));
+  inANewPane(search);
   inANewPane(press(Qt::Key_Delete));
   EXPECT_EQ(frame_.db.Count("TB_POST"), 3);
 }

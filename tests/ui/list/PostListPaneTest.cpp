@@ -1,8 +1,10 @@
 // Rows on the screen: how they look, clicks, keys, sorting and refilling.
 
+#include <QComboBox>
 #include <QHeaderView>
 #include <QScrollBar>
 
+#include "ui/list/CRSS_RightTopToolBarWnd.h"
 #include "ui/list/ListPaneFixture.h"
 
 namespace feedloom {
@@ -171,6 +173,7 @@ TEST_F(PostListPane, NAndPGoToUnreadPostsAndThenOutOfTheList) {
 }
 
 TEST_F(PostListPane, KeysGoBetweenTheListAndTheSearchBox) {
+  pane_.findChild<QComboBox*>()->setCurrentIndex(static_cast<int>(SearchScope::Local));
   pane_.Fill(ChannelPosts(3));
   QTest::keyClick(&list_, Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(SelectedTitles().size(), 3u);

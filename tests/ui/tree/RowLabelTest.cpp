@@ -2,7 +2,6 @@
 
 #include <chrono>
 
-#include "store/StoreKit.h"
 #include "ui/Settings.h"
 #include "ui/tree/RowLabel.h"
 #include "ui/tree/TimerPeriods.h"
@@ -15,13 +14,6 @@ TEST(RowLabel, HasItsCountRightBehindTheNameAndNoneForZero) {
   EXPECT_EQ(AppendCount("Economy", 0), "Economy");
   EXPECT_EQ(AppendCount("Economy", -1), "Economy");
   EXPECT_EQ(AppendCount("News(2)", 3), "News(2)(3)");
-}
-
-TEST(RowLabel, IsCutBeforeItsLastParenthesis) {
-  EXPECT_EQ(StripCount("Economy(12)"), "Economy");
-  EXPECT_EQ(StripCount("News(2)(3)"), "News(2)");
-  EXPECT_EQ(StripCount("Economy"), "Economy");
-  EXPECT_EQ(StripCount(AppendCount(Korean("똠방각하 (뉴스)"), 7)), Korean("똠방각하 (뉴스)"));
 }
 
 TEST(UpdatePeriod, IsOneOfFourWhileAutomaticUpdateIsOn) {

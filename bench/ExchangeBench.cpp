@@ -1,0 +1,114 @@
+// What the exchange of subscriptions costs: writing a long list; importing one into the left pane
+// off screen, over a real database, without the pauses between statements.
+#include <fmt/core.h>
+
+#include <QApplication>
+#include <QTimer>
+#include <algorithm>
+#include <chrono>
+#include <memory>
+
+#include "bench/Goals.h"
+#include "exchange/OpmlExport.h"
+#include "exchange/OpmlImporter.h"
+#include "ui/FakeFrame.h"
+#include "ui/tree/CRSS_LeftContainer.h"
+
+namespace feedloom {
+namespace {
+
+using Seconds = std::chrono::duration<double>;
+using std::chrono::steady_clock;
+
+constexpr const char* kExport = "export, 10,000 channels in 500 folders";
+
+SubscriptionList MakeList(int folders, int channels) {
+  SubscriptionList list;
+  for (int f = 0; f < folders; ++f) list.push_back({fmt::format("Folder {} & more", f)});
+  for (int c = 0; c < channels; ++c) {
+    list[static_cast<std::size_t>(c % folders)].channels.push_back(
+        {fmt::format("Channel {} of the village by the river", c),
+         fmt::format("https://site{}.example/feeds/posts/default?alt=rss&page={}", c, c)});
+  }
+  return list;
+}
+
+void Export(benchmark::State& state, FakeFrame& frame) {
+  const SubscriptionList list = MakeList(500, 10'000);
+  const std::string path = frame.workFolder.File("out.xml");
+  for (auto _ : state) {
+    if (WriteOpml(frame.TheStore(), path, list)) state.SkipWithError("not written");
+  }
+}
+
+struct Import {
+  double seconds = 0;  // from its start until the last row stands in the tree
+  double longest = 0;  // time in which the interface thread did not look after a timer
+  int rows = 0;
+};
+
+// Imports the list into an empty pane on the screen.
+Import ImportList(int folders, int channels) {
+  FakeFrame frame;
+  CRSS_LeftContainer pane(frame, nullptr);
+  pane.resize(251, 700);
+  pane.show();
+  pane.LoadTree();
+  QApplication::processEvents();
+  const std::string path = frame.workFolder.File("list.xml");
+  if (WriteOpml(frame.TheStore(), path, MakeList(folders, channels))) return {};
+  const auto services = std::make_shared<IngestServices>(
+      IngestServices{frame.db.Shared(), Registry(""), frame.db.Clock(), frame.workFolder.Path()});
+
+  Import result;
+  auto last = steady_clock::now();
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+    const auto now = steady_clock::now();
+    result.longest = std::max(result.longest, Seconds(now - last).count());
+    last = now;
+  });
+  timer.start(1);
+  const auto start = steady_clock::now();
+  OpmlImporter importer(
+      services, [thread = frame.interfaceThread](auto work) { thread->Run(std::move(work)); });
+  bool isOver = false;
+  importer.Start({.place = path}, NameClash::Rename,
+                 {.news = {.onFolder = [&](const FolderRow& row) { pane.AppendFolder(row); },
+                           .onChannel =
+                               [&](const ChannelRow& row) {
+                                 pane.AppendChannel(row);
+                                 frame.QueueRefresh({EntryFor(row)});
+                                 ++result.rows;
+                               }},
+                  .onEnd = [&](const auto&) { isOver = true; }});
+  while (!isOver) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  result.seconds = Seconds(steady_clock::now() - start).count();
+  return result;
+}
+
+int Main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  FakeFrame frame;
+  benchmark::RegisterBenchmark(kExport, [&](benchmark::State& state) {
+    Export(state, frame);
+  })->Unit(benchmark::kMillisecond);
+  const Measurements measured = RunAllBenchmarks(argc, argv);
+  bool met = true;
+  if (measured.Fastest(kExport) > 0) {
+    met = MeetsAtMost("exporting 10,000 channels", measured.Fastest(kExport) * 1e3, 100, " ms");
+  }
+  const Import import = ImportList(60, 1'300);
+  met = MeetsAtMost("channels missing from the tree", 1'300 - import.rows, 0, "") && met;
+  met = MeetsAtMost("importing 1,300 channels in 60 folders", import.seconds, 3, " s") && met;
+  return MeetsAtMost("the interface thread's longest absence", import.longest * 1e3, 50, " ms") &&
+                 met
+             ? 0
+             : 1;
+}
+
+}  // namespace
+}  // namespace feedloom
+
+int main(int argc, char** argv) { return feedloom::Main(argc, argv); }

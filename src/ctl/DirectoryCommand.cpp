@@ -1,0 +1,85 @@
+// feedloomctl directory: a page of what the web directory has for a word.
+#include <fmt/core.h>
+
+#include "ctl/Commands.h"
+#include "ctl/Output.h"
+#include "ctl/Session.h"
+#include "exchange/FeedDirectory.h"
+#include "ingest/TimeLimit.h"
+#include "skin/Keys.h"
+
+namespace feedloom {
+namespace {
+
+constexpr std::chrono::seconds kLongestRequest{10};
+
+struct Found {
+  int total = 0;
+  std::vector<PostRow> rows = {};
+};
+
+// Why nothing came, when the request took as long as it did.
+std::string NoAnswerText(const Session& session, const std::string& service, bool isTooLate) {
+  const std::string place = OneLine(session.Utf8(service));
+  return isTooLate
+             ? fmt::format("{} did not answer within {} seconds", place, kLongestRequest.count())
+             : fmt::format("{} gave no answer", place);
+}
+
+// None, after a message, when no answer comes.
+std::optional<Found> Search(Session& session, const DirectoryOptions& options) {
+  const std::string service = session.TheSkin().GetText(kSectionTexts, kTextDirectoryService);
+  if (service.empty()) {
+    PrintError("the string file names no web directory");
+    return std::nullopt;
+  }
+  const SharedServices services = session.Services();
+  if (!services) return std::nullopt;
+  Found found;
+  bool isAnswered = false;
+  HttpClient client(services->registry);
+  const TimeLimit limit(services->clock, kLongestRequest);
+  found.total = SearchDirectory(client, service, found.rows, session.Text(options.word),
+                                options.page, limit.Token(), isAnswered);
+  if (isAnswered) return found;
+  PrintError(NoAnswerText(session, service, limit.RanOut()));
+  return std::nullopt;
+}
+
+Json RowJson(const Session& session, const PostRow& row) {
+  return {{"title", session.Utf8(row.title)},
+          {"link", session.Utf8(row.link)},
+          {"feedUrl", session.Utf8(row.feedUrl)},
+          {"published", session.Utf8(row.published)},
+          {"description", session.Utf8(row.description)},
+          {"podcast", row.isPodcast != 0}};
+}
+
+void PrintFoundJson(const Session& session, int page, const Found& found) {
+  Json rows = Json::array();
+  for (const PostRow& row : found.rows) rows.push_back(RowJson(session, row));
+  PrintJson({{"total", found.total}, {"page", page}, {"rows", std::move(rows)}});
+}
+
+void PrintFound(const Session& session, int page, const Found& found) {
+  const auto line = [&](std::string_view text) { return OneLine(session.Utf8(text)); };
+  PrintLine(fmt::format("{} in all, {} on page {}", found.total, found.rows.size(), page));
+  for (const PostRow& row : found.rows) {
+    PrintLine(fmt::format("{:19} {} {}", line(row.published), line(row.title), line(row.feedUrl)));
+  }
+}
+
+}  // namespace
+
+int RunDirectory(Session& session, const DirectoryOptions& options) {
+  const auto found = Search(session, options);
+  if (!found) return kFailure;
+  if (session.WantsJson()) {
+    PrintFoundJson(session, options.page, *found);
+  } else {
+    PrintFound(session, options.page, *found);
+  }
+  return kSuccess;
+}
+
+}  // namespace feedloom

@@ -1,0 +1,67 @@
+// feedloomctl export and import: subscriptions as OPML.
+#include <fmt/core.h>
+
+#include "ctl/Commands.h"
+#include "ctl/FeedAddress.h"
+#include "ctl/Output.h"
+#include "ctl/Session.h"
+#include "exchange/OpmlExport.h"
+#include "exchange/OpmlImport.h"
+#include "profile/Files.h"
+
+namespace feedloom {
+namespace {
+
+ListSource SourceOf(const Session& session, const std::string& typed) {
+  if (IsRegularFile(typed)) return {.place = typed};
+  return {.place = FeedAddress(session.TheSkin(), typed), .isAddress = true};
+}
+
+void PrintSums(const Session& session, const ImportSums& sums, int folders) {
+  if (session.WantsJson()) {
+    PrintJson({{"folders", folders},
+               {"added", sums.added},
+               {"present", sums.present},
+               {"leftOut", sums.leftOut}});
+  } else {
+    PrintLine(fmt::format("Added {} channels and {} folders; {} were there already, {} left out",
+                          sums.added, folders, sums.present, sums.leftOut));
+  }
+}
+
+}  // namespace
+
+int RunExport(Session& session, const std::string& path) {
+  const auto list = StoredSubscriptions(session.TheStore());
+  if (!list) return kFailure;
+  if (const Failure failure = WriteOpml(session.TheStore(), path, *list)) {
+    PrintError(*failure);
+    return kFailure;
+  }
+  const int channels = CountChannels(*list);
+  if (session.WantsJson()) {
+    PrintJson({{"file", path}, {"folders", list->size()}, {"channels", channels}});
+  } else {
+    PrintLine(fmt::format("Wrote {} channels of {} folders", channels, list->size()));
+  }
+  return kSuccess;
+}
+
+int RunImport(Session& session, const std::string& source) {
+  const SharedServices services = session.Services();
+  if (!services) return kFailure;
+  const ReadList list = ReadSubscriptions(*services, SourceOf(session, source), {});
+  if (!list.plan) {
+    PrintError(fmt::format("{}: {}", source, list.error));
+    return kFailure;
+  }
+  int folders = 0;
+  const ImportNews news{.onFolder = [&](const FolderRow&) { ++folders; },
+                        .onChannel = [](const ChannelRow&) {}};
+  const ImportSums sums =
+      AddSubscriptions(session.TheStore(), *list.plan, NameClash::Rename, news, {});
+  PrintSums(session, sums, folders);
+  return session.Finish(kSuccess);
+}
+
+}  // namespace feedloom

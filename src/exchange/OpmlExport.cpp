@@ -1,0 +1,36 @@
+#include "exchange/OpmlExport.h"
+
+#include <unordered_map>
+#include <utility>
+
+#include "exchange/OpmlText.h"
+#include "store/Channels.h"
+#include "store/Folders.h"
+
+namespace feedloom {
+
+std::optional<SubscriptionList> StoredSubscriptions(Store& store) {
+  std::vector<FolderRow> folders;
+  std::vector<ChannelRow> channels;
+  if (!LoadFolderList(store, folders) || !LoadChannelList(store, channels)) return std::nullopt;
+  SubscriptionList list;
+  std::unordered_map<int, std::size_t> places;
+  for (FolderRow& folder : folders) {
+    places[folder.id] = list.size();
+    list.push_back({std::move(folder.name)});
+  }
+  for (ChannelRow& channel : channels) {
+    const auto folder = places.find(channel.folderId);
+    if (folder == places.end()) continue;  // the tree does not show it either
+    list[folder->second].channels.push_back({std::move(channel.title), std::move(channel.xmlLink)});
+  }
+  return list;
+}
+
+Failure WriteOpml(const Store& store, const std::string& path, const SubscriptionList& list) {
+  const std::string now = FormatLocalTime(store.TheClock().Now(), "%Y-%m-%dT%H:%M:%S");
+  return WriteFileWhole(BehindLinks(path), BuildOpml(list, store.TextCodePage(), now),
+                        Readers::AsUsual);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,188 @@
+#include "exchange/OpmlImport.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <span>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+#include "ingest/FeedFetch.h"
+#include "ingest/RefreshRun.h"
+#include "ingest/TimeLimit.h"
+#include "store/Channels.h"
+#include "store/Connection.h"
+#include "store/Folders.h"
+#include "store/SqlText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr std::size_t kBatch = 100;  // channels that are added at once
+
+constexpr std::uintmax_t kLongestFile = 64u << 20;  // bytes, as of a download
+
+// Reading.
+
+ReadList Refused(std::string error) { return {std::nullopt, std::move(error)}; }
+
+ReadList PlanOf(const FeedParser& parser, int parseCode, const std::string& listName) {
+  if (parseCode == kDocumentUnreadable) {
+    return Refused("it cannot be read, or is not well-formed XML");
+  }
+  if (parseCode < 0 || parser.GetFormat() != FeedFormat::Opml) return Refused("this is not OPML");
+  auto plan = PlanImport(parser.Outlines(), listName);
+  return plan ? ReadList{std::move(plan), {}} : Refused("the list is too long");
+}
+
+ReadList ReadListFile(const std::string& path, CodePage codePage, std::stop_token stop) {
+  std::error_code failed;
+  const std::uintmax_t size = std::filesystem::file_size(path, failed);
+  if (failed) return Refused(failed.message());
+  if (size > kLongestFile) return Refused("the file is too long");
+  FeedParser parser(codePage);
+  const int code = parser.Parse(path, std::move(stop));
+  return PlanOf(parser, code, codePage.FromUtf8(ListName(path)));
+}
+
+ReadList ReadListAt(const std::string& address, const IngestServices& services,
+                    std::stop_token stop) {
+  FeedParser parser(services.TextCodePage());
+  const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
+  FetchOutcome outcome =
+      FetchFeed(address, ListFilePath(services.workDir), services, limit.Token(), parser);
+  if (limit.RanOut()) return Refused("it took too long");
+  if (outcome.result == kDownloadFailed) return Refused(std::move(outcome.error));
+  return PlanOf(parser, outcome.parseCode, services.TextCodePage().FromUtf8(ListName(address)));
+}
+
+// Adding.
+
+// The names of folders: which are taken, and what a folder may be called instead.
+class FolderNames {
+ public:
+  explicit FolderNames(Store& store) : store_(store) {}
+
+  // False after a failure.
+  bool Load() {
+    std::vector<FolderRow> folders;
+    if (!LoadFolderList(store_, folders)) return false;
+    for (FolderRow& folder : folders) taken_.insert(std::move(folder.name));
+    return true;
+  }
+
+  // `name`, or the first of "name-1", "name-2" ... that is free.
+  std::string FreeName(const std::string& name) {
+    std::string candidate = name;
+    // The numbers before the last one that was given are taken for good.
+    for (int& number = lastNumbers_[name]; IsTaken(candidate);) {
+      candidate = fmt::format("{}-{}", name, ++number);
+    }
+    return candidate;
+  }
+
+  void Take(const std::string& name) { taken_.insert(UnescapeEntities(name)); }
+
+ private:
+  // The store keeps names with their entities decoded.
+  bool IsTaken(const std::string& name) const { return taken_.contains(UnescapeEntities(name)); }
+
+  Store& store_;
+  std::unordered_set<std::string> taken_;
+  std::unordered_map<std::string, int> lastNumbers_;
+};
+
+ChannelRecord RecordOf(const Subscription& channel, int folderId) {
+  ChannelRecord record;
+  record.folderId = folderId;
+  record.title = channel.title;
+  record.type = RefreshEntry().type;
+  record.xmlLink = channel.xmlLink;
+  record.htmlLink = channel.htmlLink;
+  return record;
+}
+
+class Import {
+ public:
+  Import(Store& store, NameClash clash, const ImportNews& news, std::stop_token stop)
+      : store_(store), clash_(clash), news_(news), stop_(std::move(stop)), names_(store) {}
+
+  ImportSums Run(const ImportPlan& plan) {
+    const int wanted = CountChannels(plan.folders);
+    if (names_.Load()) AddAll(plan.folders);
+    sums_.leftOut = plan.leftOut + wanted - sums_.added - sums_.present;
+    return sums_;
+  }
+
+ private:
+  void AddAll(const SubscriptionList& folders) {
+    for (const SubscriptionFolder& folder : folders) {
+      if (stop_.stop_requested() || !AddFolderWithChannels(folder)) return;
+    }
+  }
+
+  bool AddFolderWithChannels(const SubscriptionFolder& folder) {
+    const int folderId = FolderFor(folder.name);
+    if (folderId <= 0) return false;
+    Connection connection(store_);
+    if (!connection) return false;
+    for (std::span rest(folder.channels); !rest.empty();) {
+      const auto batch = rest.first(std::min(rest.size(), kBatch));
+      if (stop_.stop_requested() || !AddChannels(connection, batch, folderId)) return false;
+      rest = rest.subspan(batch.size());
+    }
+    return true;
+  }
+
+  // 0 or less after a failure.
+  int FolderFor(const std::string& name) {
+    int id = 0;
+    int order = 0;
+    if (clash_ == NameClash::Merge && FindFolderByName(store_, name, id, order)) return id;
+    std::string given;
+    do {  // another program may take a free name first
+      given = names_.FreeName(name);
+      names_.Take(given);
+      id = AppendFolder(store_, given, order);
+    } while (id == 0);
+    if (id > 0) news_.onFolder({.name = UnescapeEntities(given), .id = id, .order = order});
+    return id;
+  }
+
+  bool AddChannels(Connection& connection, std::span<const Subscription> channels, int folderId) {
+    std::vector<ChannelRecord> records(channels.size());
+    std::ranges::transform(channels, records.begin(), [&](const Subscription& channel) {
+      return RecordOf(channel, folderId);
+    });
+    if (!AddChannelRecords(connection, records)) return false;
+    for (const ChannelRecord& record : records) {
+      ++(record.newlyInserted ? sums_.added : sums_.present);
+      if (record.newlyInserted) news_.onChannel(StoredRow(record));
+    }
+    return true;
+  }
+
+  Store& store_;
+  const NameClash clash_;
+  const ImportNews& news_;
+  const std::stop_token stop_;
+  FolderNames names_;
+  ImportSums sums_;
+};
+
+}  // namespace
+
+ReadList ReadSubscriptions(const IngestServices& services, const ListSource& source,
+                           std::stop_token stop) {
+  return source.isAddress ? ReadListAt(source.place, services, std::move(stop))
+                          : ReadListFile(source.place, services.TextCodePage(), std::move(stop));
+}
+
+ImportSums AddSubscriptions(Store& store, const ImportPlan& plan, NameClash clash,
+                            const ImportNews& news, std::stop_token stop) {
+  return Import(store, clash, news, std::move(stop)).Run(plan);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,24 @@
+// A list of subscriptions as a plain value. Texts are in the module's code page.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace feedloom {
+
+struct Subscription {
+  std::string title;
+  std::string xmlLink;        // the feed's address
+  std::string htmlLink = {};  // the site's home page
+};
+
+struct SubscriptionFolder {
+  std::string name;
+  std::vector<Subscription> channels = {};
+};
+
+using SubscriptionList = std::vector<SubscriptionFolder>;  // in the order to show them
+
+int CountChannels(const SubscriptionList& list);
+
+}  // namespace feedloom

@@ -1,0 +1,174 @@
+#include "ui/dialogs/CRSS_DirectoryDlg.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <algorithm>
+#include <string>
+
+#include "exchange/DirectorySearch.h"
+#include "skin/FilledTexts.h"
+#include "skin/Keys.h"
+#include "ui/Frame.h"
+#include "ui/dialogs/DirectoryModel.h"
+#include "vxctrl/CButtonEx.h"
+#include "vxctrl/CVxEdit.h"
+#include "vxctrl/CVxListCtrl.h"
+#include "vxctrl/QtText.h"
+#include "vxctrl/SkinText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr QSize kFirstSize(640, 420);
+constexpr int kMargin = 20;
+constexpr int kGap = 8;
+constexpr int kTitleWidth = 180;
+constexpr int kFeedUrlWidth = 200;
+
+}  // namespace
+
+CRSS_DirectoryDlg::CRSS_DirectoryDlg(Frame& frame, QWidget* parent)
+    : CVxDialog(frame.TheSkin(), kTextDirectoryTitle, parent),
+      frame_(frame),
+      word_(*new CVxEdit(frame.TheSkin(), this)),
+      searchButton_(*MakeButton(kSectionDirectory, kButtonDirectorySearch, kTextDirectorySearch)),
+      model_(*new DirectoryModel(frame.TheStore().TextCodePage(),
+                                 SkinText(frame.TheSkin(), kTextDirectoryHeader).split('|'), this)),
+      list_(*new CVxListCtrl(this)),
+      line_(*new QLabel(this)),
+      add_(*MakeButton(kSectionDirectory, kButtonDirectoryAdd, kTextDirectoryAdd)),
+      close_(*MakeButton(kSectionDirectory, kButtonDirectoryClose, kTextDirectoryClose)),
+      search_(frame.MakeDirectorySearch()) {
+  SetUpList();
+  LayOut();
+  Connect();
+  UpdateAdd();
+  resize(kFirstSize);
+}
+
+CRSS_DirectoryDlg::~CRSS_DirectoryDlg() = default;
+
+void CRSS_DirectoryDlg::SetUpList() {
+  list_.setAccessibleName(SkinText(TheSkin(), kTextDirectoryResults));
+  list_.setModel(&model_);
+  list_.setSelectionMode(QAbstractItemView::SingleSelection);
+  list_.SetColumnWidths({kTitleWidth, CVxListCtrl::kFurtherColumnWidth, kFeedUrlWidth});
+  // Wide windows have room for descriptions. The order is the directory's, the best ones first.
+  list_.header()->setSectionResizeMode(DirectoryModel::kDescription, QHeaderView::Stretch);
+  list_.header()->setSectionsClickable(false);
+}
+
+void CRSS_DirectoryDlg::LayOut() {
+  auto* const label = new QLabel(SkinText(TheSkin(), kTextDirectoryWord), this);
+  label->setBuddy(&word_);
+  word_.setAccessibleName(label->text());
+  word_.setFocus();
+  line_.setTextFormat(Qt::PlainText);
+
+  auto* const top = new QHBoxLayout;
+  top->setSpacing(kGap);
+  top->addWidget(label);
+  top->addWidget(&word_, 1);
+  top->addWidget(&searchButton_);
+  auto* const bottom = new QHBoxLayout;
+  bottom->setSpacing(kGap);
+  bottom->addWidget(&line_, 1);
+  bottom->addWidget(&add_);
+  bottom->addWidget(&close_);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(kGap);
+  column->addLayout(top);
+  column->addWidget(&list_, 1);
+  column->addLayout(bottom);
+}
+
+void CRSS_DirectoryDlg::Connect() {
+  connect(&searchButton_, &QAbstractButton::clicked, this, &CRSS_DirectoryDlg::Search);
+  connect(&add_, &QAbstractButton::clicked, this, &CRSS_DirectoryDlg::Add);
+  connect(&close_, &QAbstractButton::clicked, this, &QDialog::reject);
+  connect(&list_, &QAbstractItemView::doubleClicked, this, &CRSS_DirectoryDlg::Add);
+  connect(list_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &CRSS_DirectoryDlg::UpdateAdd);
+  // Queued: a list that is still scrolling must not be closed.
+  connect(&list_, &CVxListCtrl::EndReached, this, &CRSS_DirectoryDlg::More, Qt::QueuedConnection);
+}
+
+// The search.
+
+void CRSS_DirectoryDlg::Search() {
+  const std::string word = FromQString(frame_.TheStore().TextCodePage(), word_.text());
+  if (word.empty()) {
+    frame_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
+    return;  // the dialog may be gone
+  }
+  model_.Clear();
+  search_->Begin(word, [this](const DirectoryAnswer& answer) { TakeAnswer(answer); });
+  Wait();
+}
+
+void CRSS_DirectoryDlg::More() {
+  if (search_->IsRunning() || !search_->HasMore()) return;
+  search_->More([this](const DirectoryAnswer& answer) { TakeAnswer(answer); });
+  Wait();
+}
+
+void CRSS_DirectoryDlg::Wait() {
+  list_.SetClosed(true);
+  line_.setText(SkinText(TheSkin(), kTextDirectorySearching));
+  UpdateAdd();
+}
+
+void CRSS_DirectoryDlg::TakeAnswer(const DirectoryAnswer& answer) {
+  model_.Append(answer.rows);
+  answer.isAnswered ? ShowResult() : EndWait(SkinText(TheSkin(), kTextDirectoryFailed));
+}
+
+void CRSS_DirectoryDlg::GiveUp() {
+  search_->GiveUp();
+  model_.rowCount() > 0 ? ShowResult() : EndWait({});
+}
+
+void CRSS_DirectoryDlg::ShowResult() {
+  const int rows = model_.rowCount();
+  if (rows == 0) return EndWait(SkinText(TheSkin(), kTextDirectoryNothing));
+  // A service may have said too little.
+  const std::string text = WithNumbers(TheSkin().GetText(kSectionTexts, kTextDirectoryCount),
+                                       {std::max(search_->Total(), rows), rows});
+  EndWait(ToQString(TheSkin().Config().GetCodePage(), text));
+}
+
+void CRSS_DirectoryDlg::EndWait(const QString& line) {
+  list_.SetClosed(false);
+  line_.setText(line);
+  UpdateAdd();
+}
+
+// What is found.
+
+std::string CRSS_DirectoryDlg::ChosenFeed() const {
+  const std::vector<int> rows = list_.SelectedRows();
+  return rows.empty() ? std::string() : model_.FeedUrlAt(rows.front());
+}
+
+void CRSS_DirectoryDlg::UpdateAdd() {
+  add_.setEnabled(!search_->IsRunning() && !ChosenFeed().empty());
+}
+
+// Nothing of the dialog may be touched afterwards.
+void CRSS_DirectoryDlg::Add() {
+  const std::string feed = ChosenFeed();
+  if (!feed.empty()) frame_.AddChannel(feed);
+}
+
+void CRSS_DirectoryDlg::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && !event->isAutoRepeat() && search_->IsRunning()) {
+    return GiveUp();
+  }
+  SetConfirmButton(list_.hasFocus() ? &add_ : word_.hasFocus() ? &searchButton_ : nullptr);
+  CVxDialog::keyPressEvent(event);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,119 @@
+#include "ui/dialogs/CRSS_SyncDlg.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
+#include <filesystem>
+
+#include "platform/Path.h"
+#include "skin/FilledTexts.h"
+#include "skin/Keys.h"
+#include "ui/Frame.h"
+#include "vxctrl/CButtonEx.h"
+#include "vxctrl/CVxEdit.h"
+#include "vxctrl/QtText.h"
+
+namespace feedloom {
+namespace {
+
+// In the work directory: the list for the handset, and the one that the handset has left.
+constexpr char kSentList[] = "Skyfold_pc.opml";
+constexpr char kReceivedList[] = "Skyfold_ppc.opml";
+
+// Room for each of the texts, so that the window keeps its size.
+constexpr int kStatusWidth = 320;
+constexpr int kStatusLines = 2;
+
+constexpr int kButtonGap = 8;
+
+bool IsThere(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::exists(path, ignored);
+}
+
+// What came and went; `received` is nothing when the handset's list could not be read.
+std::string EndText(const Skin& skin, int sent, const std::optional<ImportSums>& received) {
+  if (!received) return WithNumbers(skin.GetText(kSectionTexts, kTextSyncListError), {sent});
+  return WithNumbers(skin.GetText(kSectionTexts, kTextSyncDone), {sent, received->added});
+}
+
+QLabel* MakeStatus(QWidget* room) {
+  auto* const status = new QLabel(room);
+  status->setTextFormat(Qt::PlainText);
+  status->setWordWrap(true);
+  status->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  status->setFixedSize(kStatusWidth, kStatusLines * status->fontMetrics().lineSpacing());
+  room->setFixedSize(status->size());
+  return status;
+}
+
+}  // namespace
+
+CRSS_SyncDlg::CRSS_SyncDlg(Frame& frame, QWidget* parent)
+    : CVxFormDialog(frame.TheSkin(), kTextSyncTitle, parent),
+      frame_(frame),
+      model_(*AddEdit(kTextSyncModel)) {
+  const std::string model = frame.TheSkin().Config().GetModelName();
+  model_.setReadOnly(true);
+  model_.setText(ToQString(frame.TheSkin().Config().GetCodePage(),
+                           model.empty() ? Text(kTextSyncNoModel) : model));
+  model_.setCursorPosition(0);
+  if (!model.empty()) AddSynchronisation();
+  AddButtonRow();
+}
+
+void CRSS_SyncDlg::AddSynchronisation() {
+  status_ = MakeStatus(AddBelow());
+  Say(WithLineBreaks(Text(kTextSyncInfo)));
+  start_ = MakeButton(kSectionSync, kButtonSyncStart, kTextSyncStart);
+  connect(start_, &QAbstractButton::clicked, this, &CRSS_SyncDlg::Synchronise);
+}
+
+// Not the base's row: neither button answers a question.
+void CRSS_SyncDlg::AddButtonRow() {
+  CButtonEx* const close = MakeButton(kSectionSync, kButtonSyncConfirm, kTextSyncClose);
+  connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
+  SetConfirmButton(start_ ? start_ : close);
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(kButtonGap);
+  row->addStretch();
+  if (start_) row->addWidget(start_);
+  row->addWidget(close);
+  row->addStretch();
+  qobject_cast<QBoxLayout*>(layout())->addLayout(row);
+}
+
+std::string CRSS_SyncDlg::Text(const char* key) const {
+  return frame_.TheSkin().GetText(kSectionTexts, key);
+}
+
+void CRSS_SyncDlg::Synchronise() {
+  const std::string folder = frame_.TheSkin().Config().GetWorkDir();
+  const auto sent = frame_.ExportOpml(JoinPath(folder, kSentList));
+  if (!sent) return Say(Text(kTextSyncError));
+  const auto onEnd = [&frame = frame_, sent = *sent, self = QPointer(this)](const auto& received) {
+    const std::string text = EndText(frame.TheSkin(), sent, received);
+    frame.ReportMessage(text);
+    if (!self) return;
+    self->SetRunning(false);
+    self->Say(text);
+  };
+  const std::string received = JoinPath(folder, kReceivedList);
+  if (!IsThere(received)) return onEnd(std::optional(ImportSums()));
+  SetRunning(true);
+  Say(Text(kTextSyncRunning));
+  frame_.MergeOpml(received, onEnd);
+}
+
+void CRSS_SyncDlg::SetRunning(bool isRunning) {
+  // The keyboard waits here, or else it would go to the other button, and the next Enter with it.
+  if (isRunning) model_.setFocus();
+  start_->setEnabled(!isRunning);
+}
+
+void CRSS_SyncDlg::Say(const std::string& text) {
+  status_->setText(ToQString(frame_.TheSkin().Config().GetCodePage(), text));
+  model_.setAccessibleDescription(status_->text());  // it has the keyboard
+}
+
+}  // namespace feedloom

@@ -1,0 +1,68 @@
+// The questions of Dialogs.h that ask for a file.
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QPointer>
+#include <QStandardPaths>
+#include <functional>
+
+#include "skin/Keys.h"
+#include "ui/Frame.h"
+#include "ui/dialogs/Dialogs.h"
+#include "ui/dialogs/NameFilters.h"
+#include "vxctrl/QtText.h"
+#include "vxctrl/SkinText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr char kKindsToImport[] = "OPML File (*.xml;*.opml)|*.xml;*.opml|";
+constexpr char kKindsToExport[] = "OPML file (*.xml;*.opml)|*.xml;*.opml|All file (*.*)|*.*|";
+constexpr char kExportSuffix[] = "xml";
+
+// Begins in the user's folder for such files when there is one. `prepare` says what is asked for.
+QString AskFile(Frame& frame, QWidget* parent, const char* titleKey,
+                QStandardPaths::StandardLocation location,
+                const std::function<void(QFileDialog& dialog)>& prepare) {
+  const QString folder = QStandardPaths::writableLocation(location);
+  const QPointer dialog(new QFileDialog(parent, SkinText(frame.TheSkin(), titleKey)));
+  dialog->setDirectory(QDir(folder).exists() ? folder : QDir::homePath());
+  prepare(*dialog);
+  const bool hasAnswer = dialog->exec() == QDialog::Accepted && dialog;
+  const QString path = hasAnswer ? dialog->selectedFiles().value(0) : QString();
+  delete dialog;
+  return path;
+}
+
+}  // namespace
+
+QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name) {
+  return AskFile(frame, parent, kTextDownloadPlace, QStandardPaths::DownloadLocation,
+                 [&](QFileDialog& dialog) {
+                   dialog.setAcceptMode(QFileDialog::AcceptSave);
+                   dialog.selectFile(name);
+                 });
+}
+
+std::string AskImportFile(Frame& frame, QWidget* parent) {
+  const QString path = AskFile(frame, parent, kTextOpmlImportPlace,
+                               QStandardPaths::DocumentsLocation, [](QFileDialog& dialog) {
+                                 dialog.setFileMode(QFileDialog::ExistingFile);
+                                 dialog.setNameFilters(NameFilters(kKindsToImport));
+                               });
+  return QFile::encodeName(path).toStdString();
+}
+
+std::string AskExportPlace(Frame& frame, QWidget* parent, const std::string& name) {
+  const QString path =
+      AskFile(frame, parent, kTextOpmlExportPlace, QStandardPaths::DocumentsLocation,
+              [&](QFileDialog& dialog) {
+                dialog.setAcceptMode(QFileDialog::AcceptSave);
+                dialog.setNameFilters(NameFilters(kKindsToExport));
+                dialog.setDefaultSuffix(kExportSuffix);
+                dialog.selectFile(ToQString(frame.TheSkin().Config().GetCodePage(), name));
+              });
+  return QFile::encodeName(path).toStdString();
+}
+
+}  // namespace feedloom
