@@ -45,8 +45,11 @@ void WebSearch::More() {
 
 void WebSearch::OnFirstPage(DirectoryAnswer answer) {
   EndWait();
-  if (!answer.isAnswered) Report(kTextDirectoryFailed);
+  const bool isAnswered = answer.isAnswered;
   frame_.ListPosts(ListMode::WebDirectory, Found(std::move(answer)));
+  if (isAnswered) return;
+  // A status text would give way to those of the main page. The object may be gone afterwards.
+  frame_.ShowTextMessage(kSectionTexts, kTextDirectoryFailed, MsgBoxKind::Notice);
 }
 
 void WebSearch::OnFurtherPage(DirectoryAnswer answer) {

@@ -123,7 +123,7 @@ TEST_F(WebSearchInTheList, WithoutAnAnswerThereAreNoRowsAndTheMainPage) {
   EXPECT_EQ(Rows(), 0);
   EXPECT_EQ(Count(), "");
   EXPECT_EQ(frame_.shown.back(), "(main page)");
-  EXPECT_EQ(frame_.messages.back(), Text(kTextDirectoryFailed));
+  EXPECT_EQ(frame_.questions, Strings{kTextDirectoryFailed});
   EXPECT_EQ(frame_.state.listMode, ListMode::WebDirectory);
 }
 
