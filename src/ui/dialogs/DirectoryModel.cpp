@@ -15,11 +15,10 @@ constexpr std::string_view kInline[] = {"a", "b", "em", "font", "i", "span", "st
 
 bool IsLetter(char character) { return std::isalpha(static_cast<unsigned char>(character)) != 0; }
 
-// Where `text`, which begins with "<", goes on behind its tag; 0 when it is none.
-std::size_t TagLength(std::string_view text) {
+// Whether `text`, which begins with "<", begins with a tag.
+bool BeginsTag(std::string_view text) {
   const char next = text.size() > 1 ? text[1] : ' ';
-  if (!IsLetter(next) && next != '/' && next != '!' && next != '?') return 0;
-  return text.find('>') + 1;  // 0 without an end
+  return IsLetter(next) || next == '/' || next == '!' || next == '?';
 }
 
 bool PartsLines(std::string_view tag) {
@@ -41,10 +40,12 @@ std::string WithoutTags(std::string_view text) {
     plain += text.substr(0, start);
     text.remove_prefix(start);
     if (text.empty()) break;
-    const std::size_t length = TagLength(text);
-    if (length == 0) plain += '<';
-    if (length > 0 && PartsLines(text.substr(0, length))) plain += ' ';
-    text.remove_prefix(std::max<std::size_t>(length, 1));
+    const bool isTag = BeginsTag(text);
+    const std::size_t end = isTag ? text.find('>') : 0;
+    if (end == text.npos) return plain.append(text);  // nor do any others end
+    if (!isTag) plain += '<';
+    if (isTag && PartsLines(text.substr(0, end))) plain += ' ';
+    text.remove_prefix(end + 1);
   }
   return plain;
 }
