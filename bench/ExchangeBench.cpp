@@ -84,6 +84,7 @@ Import ImportList(int folders, int channels) {
                   .onEnd = [&](const auto&) { isOver = true; }});
   while (!isOver) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
   result.seconds = Seconds(steady_clock::now() - start).count();
+  result.longest = std::max(result.longest, Seconds(steady_clock::now() - last).count());
   return result;
 }
 

@@ -11,8 +11,6 @@
 namespace feedloom {
 namespace {
 
-constexpr std::chrono::seconds kLongestRequest{10};
-
 struct Found {
   int total = 0;
   std::vector<PostRow> rows = {};
@@ -21,9 +19,9 @@ struct Found {
 // Why nothing came, when the request took as long as it did.
 std::string NoAnswerText(const Session& session, const std::string& service, bool isTooLate) {
   const std::string place = OneLine(session.Utf8(service));
-  return isTooLate
-             ? fmt::format("{} did not answer within {} seconds", place, kLongestRequest.count())
-             : fmt::format("{} gave no answer", place);
+  return isTooLate ? fmt::format("{} did not answer within {} seconds", place,
+                                 kLongestDirectoryRequest.count())
+                   : fmt::format("{} gave no answer", place);
 }
 
 // None, after a message, when no answer comes.
@@ -38,7 +36,7 @@ std::optional<Found> Search(Session& session, const DirectoryOptions& options) {
   Found found;
   bool isAnswered = false;
   HttpClient client(services->registry);
-  const TimeLimit limit(services->clock, kLongestRequest);
+  const TimeLimit limit(services->clock, kLongestDirectoryRequest);
   found.total = SearchDirectory(client, service, found.rows, session.Text(options.word),
                                 options.page, limit.Token(), isAnswered);
   if (isAnswered) return found;

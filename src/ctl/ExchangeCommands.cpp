@@ -12,8 +12,16 @@
 namespace feedloom {
 namespace {
 
+// Who mistypes a file's name is not to be asked for a host of that name.
+bool IsFileName(const std::string& typed) {
+  if (IsRegularFile(typed)) return true;
+  const bool looksLikeOne = typed.empty() || typed.front() == '/' || typed.front() == '.' ||
+                            typed.ends_with(".opml") || typed.ends_with(".xml");
+  return looksLikeOne && typed.find("://") == std::string::npos;
+}
+
 ListSource SourceOf(const Session& session, const std::string& typed) {
-  if (IsRegularFile(typed)) return {.place = typed};
+  if (IsFileName(typed)) return {.place = typed};
   return {.place = FeedAddress(session.TheSkin(), typed), .isAddress = true};
 }
 
@@ -61,7 +69,7 @@ int RunImport(Session& session, const std::string& source) {
   const ImportSums sums =
       AddSubscriptions(session.TheStore(), *list.plan, NameClash::Rename, news, {});
   PrintSums(session, sums, folders);
-  return session.Finish(kSuccess);
+  return session.Finish(sums.isComplete ? kSuccess : kFailure);
 }
 
 }  // namespace feedloom

@@ -25,7 +25,7 @@ int RunShow(Session& session, const ShowOptions& options) {
   if (!post) return kFailure;
   const std::string page = PageOf(session, *post);
   if (!options.output.empty()) {
-    if (const Failure failure = WriteFileWhole(options.output, page, Readers::AsUsual)) {
+    if (const Failure failure = SaveFile(options.output, page)) {
       PrintError(*failure);
       return kFailure;
     }

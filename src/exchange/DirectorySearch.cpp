@@ -1,14 +1,11 @@
 #include "exchange/DirectorySearch.h"
 
-#include <chrono>
 #include <utility>
 
 #include "ingest/TimeLimit.h"
 
 namespace feedloom {
 namespace {
-
-constexpr std::chrono::seconds kLongestRequest{10};
 
 struct Page {
   DirectoryAnswer answer;
@@ -19,7 +16,7 @@ Page AskFor(const IngestServices& services, const std::string& service, const st
             int number, const std::stop_token& stop) {
   Page page;
   HttpClient client(services.registry);
-  const TimeLimit limit(services.clock, kLongestRequest, stop);
+  const TimeLimit limit(services.clock, kLongestDirectoryRequest, stop);
   page.total = SearchDirectory(client, service, page.answer.rows, word, number, limit.Token(),
                                page.answer.isAnswered);
   return page;
@@ -33,14 +30,11 @@ DirectorySearch::DirectorySearch(SharedServices services, std::string service,
 
 void DirectorySearch::Begin(const std::string& word, OnAnswer onAnswer) {
   GiveUp();
-  word_ = word;
-  page_ = 0;
-  total_ = 0;
-  Ask(1, std::move(onAnswer));
+  Ask(word, 1, std::move(onAnswer));
 }
 
 void DirectorySearch::More(OnAnswer onAnswer) {
-  if (!isRunning_ && HasMore()) Ask(page_ + 1, std::move(onAnswer));
+  if (!isRunning_ && HasMore()) Ask(word_, page_ + 1, std::move(onAnswer));
 }
 
 bool DirectorySearch::HasMore() const {
@@ -52,18 +46,25 @@ void DirectorySearch::GiveUp() {
   isRunning_ = false;
 }
 
-void DirectorySearch::Ask(int number, OnAnswer onAnswer) {
+void DirectorySearch::Ask(const std::string& word, int number, OnAnswer onAnswer) {
   isRunning_ = true;
-  jobs_.Start([this, services = services_, service = service_, word = word_, number,
+  jobs_.Start([this, services = services_, service = service_, word, number,
                onAnswer = std::move(onAnswer)](const std::stop_token& stop,
                                                const BackgroundJobs::Tell& tell) {
-    tell([this, onAnswer, number, page = AskFor(*services, service, word, number, stop)] {
+    Page asked = AskFor(*services, service, word, number, stop);
+    tell([this, word, number, onAnswer, page = std::move(asked)]() mutable {
       isRunning_ = false;
-      if (page.answer.isAnswered) page_ = number;
-      if (page.answer.isAnswered && number == 1) total_ = page.total;
-      onAnswer(page.answer);
+      Keep(word, number, page.answer.isAnswered ? number : number - 1, page.total);
+      onAnswer(std::move(page.answer));
     });
   });
+}
+
+// Until a search has its first page, the one before it can go on.
+void DirectorySearch::Keep(const std::string& word, int asked, int came, int total) {
+  word_ = word;
+  page_ = came;
+  if (asked == 1) total_ = total;
 }
 
 }  // namespace feedloom

@@ -33,7 +33,7 @@ class DirectorySearch {
   void More(OnAnswer onAnswer);
   bool HasMore() const;
   // The request that runs is not answered any more. A page that did not come can be asked for
-  // again.
+  // again; when it was the first one, the search before it goes on.
   void GiveUp();
 
   bool IsRunning() const { return isRunning_; }
@@ -41,7 +41,8 @@ class DirectorySearch {
   int Total() const { return total_; }
 
  private:
-  void Ask(int page, OnAnswer onAnswer);
+  void Ask(const std::string& word, int page, OnAnswer onAnswer);
+  void Keep(const std::string& word, int asked, int came, int total);
 
   const SharedServices services_;
   const std::string service_;

@@ -2,6 +2,7 @@
 // code page.
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,8 @@
 namespace feedloom {
 
 inline constexpr int kDirectoryPageSize = 50;  // records that one answer holds at most
+// Who asks gives up then.
+inline constexpr std::chrono::seconds kLongestDirectoryRequest{10};
 
 // The address to ask at: `service`, and behind it the query for this page (from 1 on). The word
 // stands in it as it was typed, not encoded: the service knows it no other way. Pure.

@@ -9,14 +9,6 @@
 namespace feedloom {
 namespace {
 
-constexpr std::size_t kLongestList = 100'000;  // outlines
-
-std::size_t CountOutlines(const std::vector<OpmlOutline>& outlines) {
-  std::size_t count = outlines.size();
-  for (const OpmlOutline& outline : outlines) count += outline.children.size();
-  return count;
-}
-
 std::string NameOf(const OpmlOutline& outline, const std::string& otherwise) {
   for (const std::string& name : {outline.text, outline.title}) {
     if (const auto trimmed = Trim(name); !trimmed.empty()) return std::string(trimmed);
@@ -30,7 +22,7 @@ class Planner {
   explicit Planner(const std::string& listName) : listName_(listName) {}
 
   void Take(const OpmlOutline& outline) {
-    if (outline.children.empty() && !outline.xmlUrl.empty()) return TakeChannel(outline, Loose());
+    if (outline.children.empty() && !outline.xmlUrl.empty()) return TakeLoose(outline);
     SubscriptionFolder& folder = plan_.folders.emplace_back();
     folder.name = NameOf(outline, listName_);
     if (!outline.xmlUrl.empty()) TakeChannel(outline, folder);
@@ -40,27 +32,26 @@ class Planner {
   ImportPlan Result() && { return std::move(plan_); }
 
  private:
-  // Where the feeds without a folder go.
-  SubscriptionFolder& Loose() {
-    if (!loose_) {
+  // A feed without a folder.
+  void TakeLoose(const OpmlOutline& outline) {
+    if (!loose_ && IsWebAddress(outline.xmlUrl)) {
       loose_ = plan_.folders.size();
       plan_.folders.push_back({listName_});
     }
-    return plan_.folders[*loose_];
+    loose_ ? TakeChannel(outline, plan_.folders[*loose_]) : LeaveOut(1);
   }
 
+  void LeaveOut(int feeds) { plan_.leftOut += feeds; }
+
   void TakeChild(const OpmlOutline& outline, SubscriptionFolder& folder) {
-    plan_.leftOut += outline.deeperFeeds;
+    LeaveOut(outline.deeperFeeds);
     if (!outline.xmlUrl.empty()) return TakeChannel(outline, folder);
-    if (outline.deeperFeeds == 0) ++plan_.leftOut;
+    if (outline.deeperFeeds == 0) LeaveOut(1);
   }
 
   void TakeChannel(const OpmlOutline& outline, SubscriptionFolder& folder) {
     // A list must not lead to the machine's own files, nor to a script.
-    if (!IsWebAddress(outline.xmlUrl)) {
-      ++plan_.leftOut;
-      return;
-    }
+    if (!IsWebAddress(outline.xmlUrl)) return LeaveOut(1);
     folder.channels.push_back(
         {NameOf(outline, outline.xmlUrl), outline.xmlUrl, std::string(Trim(outline.htmlUrl))});
   }
@@ -74,7 +65,7 @@ class Planner {
 
 std::optional<ImportPlan> PlanImport(const std::vector<OpmlOutline>& outlines,
                                      const std::string& listName) {
-  if (CountOutlines(outlines) > kLongestList) return std::nullopt;
+  if (CountOutlines(outlines) > kMostOutlines) return std::nullopt;
   Planner planner(listName);
   for (const OpmlOutline& outline : outlines) planner.Take(outline);
   return std::move(planner).Result();

@@ -29,8 +29,7 @@ std::optional<SubscriptionList> StoredSubscriptions(Store& store) {
 
 Failure WriteOpml(const Store& store, const std::string& path, const SubscriptionList& list) {
   const std::string now = FormatLocalTime(store.TheClock().Now(), "%Y-%m-%dT%H:%M:%S");
-  return WriteFileWhole(BehindLinks(path), BuildOpml(list, store.TextCodePage(), now),
-                        Readers::AsUsual);
+  return SaveFile(path, BuildOpml(list, store.TextCodePage(), now));
 }
 
 }  // namespace feedloom

@@ -12,6 +12,7 @@
 #include "ingest/FeedFetch.h"
 #include "ingest/RefreshRun.h"
 #include "ingest/TimeLimit.h"
+#include "store/ChannelAdder.h"
 #include "store/Channels.h"
 #include "store/Connection.h"
 #include "store/Folders.h"
@@ -94,9 +95,8 @@ class FolderNames {
   std::unordered_map<std::string, int> lastNumbers_;
 };
 
-ChannelRecord RecordOf(const Subscription& channel, int folderId) {
+ChannelRecord RecordOf(const Subscription& channel) {
   ChannelRecord record;
-  record.folderId = folderId;
   record.title = channel.title;
   record.type = RefreshEntry().type;
   record.xmlLink = channel.xmlLink;
@@ -111,26 +111,28 @@ class Import {
 
   ImportSums Run(const ImportPlan& plan) {
     const int wanted = CountChannels(plan.folders);
-    if (names_.Load()) AddAll(plan.folders);
-    sums_.leftOut = plan.leftOut + wanted - sums_.added - sums_.present;
+    sums_.isComplete = names_.Load() && AddAll(plan.folders);
+    const int missing = wanted - sums_.added - sums_.present;
+    sums_.leftOut = plan.leftOut + missing;
     return sums_;
   }
 
  private:
-  void AddAll(const SubscriptionList& folders) {
-    for (const SubscriptionFolder& folder : folders) {
-      if (stop_.stop_requested() || !AddFolderWithChannels(folder)) return;
-    }
+  bool AddAll(const SubscriptionList& folders) {
+    return std::ranges::all_of(folders, [this](const SubscriptionFolder& folder) {
+      return !stop_.stop_requested() && AddFolderWithChannels(folder);
+    });
   }
 
   bool AddFolderWithChannels(const SubscriptionFolder& folder) {
     const int folderId = FolderFor(folder.name);
     if (folderId <= 0) return false;
     Connection connection(store_);
-    if (!connection) return false;
+    ChannelAdder adder(connection, folderId);
+    if (!connection || !adder.Load()) return false;
     for (std::span rest(folder.channels); !rest.empty();) {
       const auto batch = rest.first(std::min(rest.size(), kBatch));
-      if (stop_.stop_requested() || !AddChannels(connection, batch, folderId)) return false;
+      if (stop_.stop_requested() || !AddChannels(adder, batch)) return false;
       rest = rest.subspan(batch.size());
     }
     return true;
@@ -151,12 +153,10 @@ class Import {
     return id;
   }
 
-  bool AddChannels(Connection& connection, std::span<const Subscription> channels, int folderId) {
+  bool AddChannels(ChannelAdder& adder, std::span<const Subscription> channels) {
     std::vector<ChannelRecord> records(channels.size());
-    std::ranges::transform(channels, records.begin(), [&](const Subscription& channel) {
-      return RecordOf(channel, folderId);
-    });
-    if (!AddChannelRecords(connection, records)) return false;
+    std::ranges::transform(channels, records.begin(), RecordOf);
+    if (!adder.Add(records)) return false;
     for (const ChannelRecord& record : records) {
       ++(record.newlyInserted ? sums_.added : sums_.present);
       if (record.newlyInserted) news_.onChannel(StoredRow(record));

@@ -46,11 +46,13 @@ struct ImportSums {
   int added = 0;
   int present = 0;  // their folder had the address already
   int leftOut = 0;
+  bool isComplete = true;
 };
 
 // Adds what is not there yet, folder by folder, up to a hundred channels at once, each with the
 // order that its folder's last one has. The first failure of the store, which it reports, ends it,
-// and so does `stop`: what then was not added counts as left out. Any thread.
+// and so does `stop`: the sums are not complete then, and what was not added counts as left out.
+// Any thread.
 ImportSums AddSubscriptions(Store& store, const ImportPlan& plan, NameClash clash,
                             const ImportNews& news, std::stop_token stop);
 

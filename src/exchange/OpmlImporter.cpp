@@ -22,12 +22,13 @@ void OpmlImporter::Start(const ListSource& source, NameClash clash, ImportReceiv
   jobs_.Start([services = services_, source, clash, receiver = std::move(receiver)](
                   const std::stop_token& stop, const BackgroundJobs::Tell& tell) {
     LowerThreadPriority();
-    std::optional<ImportSums> sums;
-    if (const ReadList list = ReadSubscriptions(*services, source, stop); list.plan) {
-      sums = AddSubscriptions(*services->store, *list.plan, clash, Forwarded(receiver.news, tell),
-                              stop);
+    ReadList list = ReadSubscriptions(*services, source, stop);
+    ImportEnd end{.sums = std::nullopt, .error = std::move(list.error)};
+    if (list.plan) {
+      end.sums = AddSubscriptions(*services->store, *list.plan, clash,
+                                  Forwarded(receiver.news, tell), stop);
     }
-    tell([onEnd = receiver.onEnd, sums] { onEnd(sums); });
+    tell([onEnd = receiver.onEnd, end] { onEnd(end); });
   });
 }
 

@@ -4,12 +4,13 @@ namespace feedloom {
 namespace {
 
 // OPML 2.0 has the outlines in its "body"; lists without one are read all the same.
-int ReadOpml(const XmlElement& root, CodePage codePage, std::vector<OpmlOutline>& out) {
-  int code = ReadOpmlOutlines(root, codePage, out);
+int ReadOpml(const XmlElement& root, CodePage codePage, const std::stop_token& stop,
+             std::vector<OpmlOutline>& out) {
+  int code = ReadOpmlOutlines(root, codePage, stop, out);
   for (const XmlElement& body : root.Children("body")) {
-    if (code >= 0) code = ReadOpmlOutlines(body, codePage, out);
+    if (code >= 0) code = ReadOpmlOutlines(body, codePage, stop, out);
   }
-  return code;
+  return stop.stop_requested() ? kParseStopped : code;
 }
 
 }  // namespace
@@ -24,7 +25,7 @@ int FeedParser::Parse(const std::string& path, std::stop_token stop) {
   if (!root) return kNoDocumentElement;
   ParseCode code = DetectFormat(root, format_, header_.variants);
   if (code < 0) return code;
-  if (format_ == FeedFormat::Opml) return ReadOpml(root, codePage_, outlines_);
+  if (format_ == FeedFormat::Opml) return ReadOpml(root, codePage_, stop, outlines_);
   code = ReadFeedHeader(root, codePage_, header_);
   if (code < 0) return code;
   return ReadFeedItems(root, header_.variants, codePage_, std::move(stop), items_);

@@ -29,16 +29,29 @@ int CountFeedsBelow(const XmlElement& outline) {
 
 }  // namespace
 
-int ReadOpmlOutlines(const XmlElement& element, CodePage codePage, std::vector<OpmlOutline>& out) {
+int ReadOpmlOutlines(const XmlElement& element, CodePage codePage, const std::stop_token& stop,
+                     std::vector<OpmlOutline>& out) {
   if (!element) return kNoOutlineElement;
+  std::size_t count = CountOutlines(out);
+  const auto isEnough = [&] { return count > kMostOutlines || stop.stop_requested(); };
   for (const XmlElement& child : element.Children("outline")) {
+    if (isEnough()) break;
     OpmlOutline& outline = out.emplace_back(ReadOutline(child, codePage));
+    ++count;
     for (const XmlElement& grandchild : child.Children("outline")) {
+      if (isEnough()) break;
       outline.children.push_back(ReadOutline(grandchild, codePage));
       outline.children.back().deeperFeeds = CountFeedsBelow(grandchild);
+      ++count;
     }
   }
   return kParsed;
+}
+
+std::size_t CountOutlines(const std::vector<OpmlOutline>& outlines) {
+  std::size_t count = outlines.size();
+  for (const OpmlOutline& outline : outlines) count += outline.children.size();
+  return count;
 }
 
 }  // namespace feedloom

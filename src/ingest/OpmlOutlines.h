@@ -1,6 +1,7 @@
 // The outlines of an OPML document: two levels, as folders and their channels.
 #pragma once
 
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -22,8 +23,15 @@ struct OpmlOutline {
   int deeperFeeds = 0;  // of the second level: the outlines with an "xmlUrl" that lie below it
 };
 
-// Appends the outlines directly below `element` and the outlines directly below those. 0, or
-// kNoOutlineElement when `element` is null. Pure; any thread.
-int ReadOpmlOutlines(const XmlElement& element, CodePage codePage, std::vector<OpmlOutline>& out);
+// Nobody has a longer list: the outlines behind these are not read, but for one more.
+inline constexpr std::size_t kMostOutlines = 100'000;
+
+// Appends the outlines directly below `element` and the outlines directly below those; none more
+// from `stop` on. 0, or kNoOutlineElement when `element` is null. Pure; any thread.
+int ReadOpmlOutlines(const XmlElement& element, CodePage codePage, const std::stop_token& stop,
+                     std::vector<OpmlOutline>& out);
+
+// Those of both levels.
+std::size_t CountOutlines(const std::vector<OpmlOutline>& outlines);
 
 }  // namespace feedloom

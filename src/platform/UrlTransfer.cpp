@@ -41,9 +41,10 @@ UrlHandle RawAddress(const std::string& address, const std::string& query) {
   };
   if (HasControls(address) || HasControls(query) || !set(CURLUPART_URL, address, 0)) return nullptr;
   // A whole address is cut at a "#"; a query by itself is not, but the library tidies its escapes.
-  const bool isSet = query.find('#') == query.npos
-                         ? set(CURLUPART_URL, address + "?" + query, CURLU_ALLOW_SPACE)
-                         : set(CURLUPART_QUERY, query, 0);
+  const bool isSet =
+      query.empty() ||
+      (query.find('#') == query.npos ? set(CURLUPART_URL, address + "?" + query, CURLU_ALLOW_SPACE)
+                                     : set(CURLUPART_QUERY, query, 0));
   return isSet ? std::move(url) : nullptr;
 }
 

@@ -28,7 +28,8 @@ enum class TransferEvent {
 
 struct TransferRequest {
   std::string address;
-  // Set: stands behind the address, which has no query then, and a "?". It is sent byte for byte:
+  // Set: stands behind the address, which has no query then, and, unless it is empty, a "?". It is
+  // sent byte for byte:
   // no blank, "#" or byte above 0x7F is encoded; but next to a "#", an escape's "%AB" becomes
   // "%ab". A control character in one of the two makes the transfer fail.
   std::optional<std::string> rawQuery;

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <fmt/core.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -19,21 +20,59 @@ int WriteAndSync(int handle, std::string_view content) {
     if (written < 0 && errno != EINTR) return errno;
     if (written > 0) content.remove_prefix(static_cast<std::size_t>(written));
   }
-  return fsync(handle) == 0 ? 0 : errno;
+  // A pipe has no disk.
+  return fsync(handle) == 0 || errno == EINVAL || errno == EROFS ? 0 : errno;
+}
+
+// Writes `content` through `handle`, an open file or -1, and closes it; `path` is its name.
+Failure Fill(int handle, const std::string& path, std::string_view content) {
+  if (handle < 0) return FileComplaint("Cannot create the file", path, errno);
+  int error = WriteAndSync(handle, content);
+  if (close(handle) != 0 && error == 0) error = errno;
+  if (error == 0) return {};
+  return FileComplaint("Cannot write the file", path, error);
+}
+
+// The same for a new file `temporary`, which then takes the place of `path`.
+Failure FillAndMove(int handle, const std::string& temporary, const std::string& path,
+                    std::string_view content) {
+  if (Failure failure = Fill(handle, temporary, content)) {
+    if (handle >= 0) unlink(temporary.c_str());
+    return failure;
+  }
+  return MoveIntoPlace(temporary, path);
+}
+
+// Where the links at `path` lead to, whether something is there or not.
+std::string BehindLinks(std::filesystem::path path) {
+  constexpr int kMostLinks = 40;  // those of a circle have no end
+  std::error_code failed;
+  for (int link = 0; link < kMostLinks && is_symlink(path, failed); ++link) {
+    path = path.parent_path() / read_symlink(path, failed);
+  }
+  return path.string();
 }
 
 }  // namespace
 
-Failure WriteFileWhole(const std::string& path, std::string_view content, Readers readers) {
+Failure WriteFileWhole(const std::string& path, std::string_view content) {
   const std::string temporary = path + ".new";
-  const mode_t mode = readers == Readers::Owner ? 0600 : 0666;
-  const int handle = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, mode);
-  if (handle < 0) return FileComplaint("Cannot create the file", temporary, errno);
-  int error = WriteAndSync(handle, content);
-  if (close(handle) != 0 && error == 0) error = errno;
-  if (error == 0) return MoveIntoPlace(temporary, path);
-  unlink(temporary.c_str());
-  return FileComplaint("Cannot write the file", temporary, error);
+  const int handle = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+  return FillAndMove(handle, temporary, path, content);
+}
+
+Failure SaveFile(const std::string& path, std::string_view content) {
+  const std::string target = BehindLinks(path);
+  struct stat old {};
+  const bool isThere = stat(target.c_str(), &old) == 0;
+  if (isThere && !S_ISREG(old.st_mode)) {
+    return Fill(open(target.c_str(), O_WRONLY | O_CLOEXEC), target, content);
+  }
+  const auto folder = std::filesystem::path(target).parent_path();
+  const std::string temporary = folder / fmt::format(".feedloom-{}.new", getpid());
+  const int handle = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (handle >= 0 && isThere) fchmod(handle, old.st_mode & 0777);
+  return FillAndMove(handle, temporary, target, content);
 }
 
 Failure MoveIntoPlace(const std::string& from, const std::string& to) {
@@ -41,12 +80,6 @@ Failure MoveIntoPlace(const std::string& from, const std::string& to) {
   const int error = errno;
   unlink(from.c_str());
   return FileComplaint("Cannot create the file", to, error);
-}
-
-std::string BehindLinks(const std::string& path) {
-  std::error_code failed;
-  const auto target = std::filesystem::canonical(path, failed);
-  return failed ? path : target.string();
 }
 
 std::string FileComplaint(std::string_view what, std::string_view path, int error) {

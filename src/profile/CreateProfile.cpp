@@ -86,13 +86,12 @@ Failure Write(const ProfilePaths& paths, const Ingredients& ingredients,
               const std::string& registryText) {
   const DirectoryLock lock(paths.dir);
   if (auto failure = CheckNoProfile(paths)) return failure;
-  if (auto failure = WriteFileWhole(paths.sampleFeed, ingredients.sampleFeed, Readers::Owner))
-    return failure;
+  if (auto failure = WriteFileWhole(paths.sampleFeed, ingredients.sampleFeed)) return failure;
   if (!IsRegularFile(paths.database)) {
     auto failure = CreateDatabase(paths.database, ingredients.schema, ingredients.content);
     if (failure) return failure;
   }
-  return WriteFileWhole(paths.registry, registryText, Readers::Owner);
+  return WriteFileWhole(paths.registry, registryText);
 }
 
 }  // namespace

@@ -22,6 +22,7 @@ class CRSS_RightTopContainer;
 class FeedChecker;
 class FrameRefresh;
 class OpmlImporter;
+struct ImportEnd;
 class InterfaceThread;
 
 // Belongs to the interface thread. Its parent is the window that gets its messages.
@@ -107,7 +108,8 @@ class CRSS_MainFrame : public QSplitter, public Frame {
   void CountArrived(int channelId, int added);
   void ReportChannel(const char* textKey, int channelId);
   void Import(const ListSource& source, NameClash clash,
-              std::function<void(const std::optional<ImportSums>&)> onEnd);
+              std::function<void(const ImportEnd&)> onEnd);
+  void ReportImport(const ImportEnd& end);
   void OnListImported(bool isRead);
   void OnRefreshMessage(unsigned number);
   void SetRefreshBusy(bool busy);

@@ -24,30 +24,38 @@ std::optional<int> CRSS_MainFrame::ExportOpml(const std::string& path) {
 }
 
 void CRSS_MainFrame::ImportOpml(const ListSource& source) {
+  if (!importer_) return;
   ReportMessage(skin_.GetText(kSectionTexts, kTextOpmlImporting));
-  Import(source, NameClash::Rename, [this](const std::optional<ImportSums>& sums) {
-    if (sums) {
-      ReportMessage(WithNumbers(skin_.GetText(kSectionTexts, kTextOpmlImported),
-                                {sums->added, sums->present, sums->leftOut}));
-    }
-    OnMessage(kMessageListImported, sums ? 0 : -1, 0);
+  Import(source, NameClash::Rename, [this](const ImportEnd& end) {
+    ReportImport(end);
+    OnMessage(kMessageListImported, end.sums ? 0 : -1, 0);
   });
+}
+
+// When the store has failed, what it has reported is to stay.
+void CRSS_MainFrame::ReportImport(const ImportEnd& end) {
+  if (!end.sums) {
+    ReportMessage(WithTitle(skin_.GetText(kSectionTexts, kTextOpmlNotImported),
+                            store_->TextCodePage().FromUtf8(end.error)));
+  } else if (end.sums->isComplete) {
+    ReportMessage(WithNumbers(skin_.GetText(kSectionTexts, kTextOpmlImported),
+                              {end.sums->added, end.sums->present, end.sums->leftOut}));
+  }
 }
 
 void CRSS_MainFrame::MergeOpml(const std::string& path,
                                std::function<void(const std::optional<ImportSums>&)> onEnd) {
-  Import({.place = path}, NameClash::Merge,
-         [this, onEnd = std::move(onEnd)](const std::optional<ImportSums>& sums) {
-           StartRefresh();
-           onEnd(sums);
-         });
+  if (!importer_) return onEnd(std::nullopt);
+  Import({.place = path}, NameClash::Merge, [this, onEnd = std::move(onEnd)](const ImportEnd& end) {
+    StartRefresh();
+    onEnd(end.sums && end.sums->isComplete ? end.sums : std::nullopt);
+  });
 }
 
 // A channel waits for its refresh as soon as it has its row: until then it could be deleted, and be
 // refreshed all the same.
 void CRSS_MainFrame::Import(const ListSource& source, NameClash clash,
-                            std::function<void(const std::optional<ImportSums>&)> onEnd) {
-  if (!importer_) return;
+                            std::function<void(const ImportEnd&)> onEnd) {
   importer_->Start(source, clash,
                    {.news = {.onFolder = [this](const auto& folder) { FolderWasAdded(folder); },
                              .onChannel =

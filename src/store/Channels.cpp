@@ -1,8 +1,6 @@
 #include "store/Channels.h"
 
 #include <optional>
-#include <unordered_map>
-#include <unordered_set>
 
 #include "store/Connection.h"
 #include "store/Folders.h"
@@ -19,45 +17,6 @@ std::optional<int> SharedOrder(Connection& connection, int folderId) {
                 folderId));
   if (!table) return std::nullopt;
   return table->Rows() > 0 ? table->Int(0, 0) : 0;
-}
-
-// What a folder holds: the ids of its channels by their addresses, and the order to share.
-struct FolderContent {
-  std::unordered_map<std::string, int> ids;
-  int order = 0;
-};
-
-std::optional<FolderContent> ReadFolder(Connection& connection, int folderId) {
-  const auto table = connection.Query(FormatSql(
-      "Select channel_xmllink, channel_id, channel_order From TB_CHANNEL Where channel_folderID = "
-      "%d Order By channel_order",
-      folderId));
-  if (!table) return std::nullopt;
-  FolderContent content;
-  for (int row = 0; row < table->Rows(); ++row) {
-    content.ids.emplace(table->Text(row, 0), table->Int(row, 1));
-    content.order = table->Int(row, 2);
-  }
-  return content;
-}
-
-constexpr std::string_view kInsertRows =
-    "Insert Into TB_CHANNEL(channel_title, channel_type, channel_xmllink, channel_htmllink, "
-    "channel_folderID, channel_order) values ";
-
-std::string RowValues(const ChannelRecord& record, int order) {
-  return FormatSql("('%s', '%s', '%s', '%s', %d, %d)", record.title, record.type, record.xmlLink,
-                   record.htmlLink, record.folderId, order);
-}
-
-// The first record of each address that is not in the folder; empty when there is none.
-std::string NewRows(std::span<const ChannelRecord> records, FolderContent folder) {
-  std::string rows;
-  for (const ChannelRecord& record : records) {
-    if (!folder.ids.emplace(UnescapeEntities(record.xmlLink), 0).second) continue;
-    rows.append(rows.empty() ? "" : ", ").append(RowValues(record, folder.order));
-  }
-  return rows;
 }
 
 }  // namespace
@@ -115,31 +74,15 @@ bool AddChannelRecord(Connection& connection, ChannelRecord& record) {
     record.id = present->Int(0, 0);
     return true;
   }
-  const auto inserted = connection.Query(std::string(kInsertRows) + RowValues(record, *order) +
-                                         ";select last_insert_rowid()");
+  const auto inserted = connection.Query(FormatSql(
+      "Insert Into TB_CHANNEL(channel_title, channel_type, channel_xmllink, "
+      "channel_htmllink, channel_folderID, channel_order) values ('%s', '%s', '%s', "
+      "'%s', %d, %d);select last_insert_rowid()",
+      record.title, record.type, record.xmlLink, record.htmlLink, record.folderId, *order));
   if (!inserted) return false;
   record.id = inserted->Int(0, 0);
   record.order = *order;
   record.newlyInserted = true;
-  return true;
-}
-
-bool AddChannelRecords(Connection& connection, std::span<ChannelRecord> records) {
-  if (records.empty()) return true;
-  const int folderId = records.front().folderId;
-  auto before = ReadFolder(connection, folderId);
-  if (!before) return false;
-  const std::string rows = NewRows(records, *before);
-  if (!rows.empty() && !connection.Execute(std::string(kInsertRows) + rows)) return false;
-  const auto after = ReadFolder(connection, folderId);
-  if (!after) return false;
-  for (ChannelRecord& record : records) {
-    const auto stored = after->ids.find(UnescapeEntities(record.xmlLink));
-    if (stored == after->ids.end()) continue;  // another program was there meanwhile
-    record.id = stored->second;
-    record.newlyInserted = before->ids.insert(*stored).second;
-    if (record.newlyInserted) record.order = before->order;
-  }
   return true;
 }
 

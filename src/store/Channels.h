@@ -2,7 +2,6 @@
 // (Store.h), and opens and closes the database unless it is handed a connection.
 #pragma once
 
-#include <span>
 #include <string_view>
 #include <vector>
 
@@ -31,11 +30,6 @@ int GetChannelFolderId(Store& store, int channelId);
 // order becomes the folder's highest: the channel shares it with the folder's last one. After a
 // failure returns false and leaves the record unchanged.
 bool AddChannelRecord(Connection& connection, ChannelRecord& record);
-
-// The same for records of one folder with negative orders, all or none, in three statements however
-// many they are: each one's commit waits for the disk. Of records with one address the first is
-// added.
-bool AddChannelRecords(Connection& connection, std::span<ChannelRecord> records);
 
 // AddChannelRecord with a connection of its own, as the last channel of the folder.
 bool AppendChannelRecord(Store& store, ChannelRecord& record);

@@ -66,7 +66,8 @@ class Frame {
   // when the list cannot be read. One import after the other.
   virtual void ImportOpml(const ListSource& source) = 0;
   // The same for the list in the file `path`, but folders that are there already are used, and all
-  // that is said at the end is `onEnd`, on the interface thread: nothing when it cannot be read.
+  // that is said at the end is `onEnd`, on the interface thread: nothing when it could not be read,
+  // or not be added whole.
   virtual void MergeOpml(const std::string& path,
                          std::function<void(const std::optional<ImportSums>&)> onEnd) = 0;
 

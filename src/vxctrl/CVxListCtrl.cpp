@@ -82,10 +82,10 @@ void CVxListCtrl::keyPressEvent(QKeyEvent* event) {
   const bool isShift =
       event->key() == Qt::Key_Shift || event->modifiers().testFlag(Qt::ShiftModifier);
   if (!isShift) anchor_ = QModelIndex();
-  const int before = verticalScrollBar()->value();
   QTreeView::keyPressEvent(event);
-  const bool isScrolled = verticalScrollBar()->value() > before;
-  if (event->key() == Qt::Key_End || (isScrolled && IsAtEnd())) emit EndReached();
+  const bool goesDown = event->key() == Qt::Key_Down || event->key() == Qt::Key_PageDown;
+  const bool isDown = goesDown && verticalScrollBar()->maximum() > 0 && IsAtEnd();
+  if (event->key() == Qt::Key_End || isDown) emit EndReached();
 }
 
 bool CVxListCtrl::IsAtEnd() const {

@@ -64,7 +64,7 @@ TEST(ImportPlan, WhatHasNoFeedOfTheWebIsLeftOutAndCounted) {
   for (const char* address :
        {"file:///etc/passwd", "javascript:alert(1)", "ftp://x/", "vfolder", "//x/feed", "http:x"}) {
     EXPECT_EQ(Plan({Folder("A", {Feed("x", address)})}), "A:; -1") << address;
-    EXPECT_EQ(Plan({Feed("x", address)}), "list:; -1") << address;
+    EXPECT_EQ(Plan({Feed("x", address)}), "-1") << address;
   }
   EXPECT_EQ(Plan({Folder("A", {Feed("a note", ""), Feed("x", "HTTP://x/")})}),
             "A: x=HTTP://x/; -1");

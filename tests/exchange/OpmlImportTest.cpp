@@ -139,6 +139,8 @@ TEST_F(OpmlImport, AnAddressIsDownloadedAsAFeedIs) {
             "blogs");
   EXPECT_TRUE(ReadAddress(kit_.server.Url("/moved")).plan);
   EXPECT_EQ(ReadAddress(kit_.server.Url("/page")).error, "this is not OPML");
+  const std::string file = files_.Write("own.opml", OpmlDocument(FeedOutline("x", "http://x/")));
+  EXPECT_TRUE(ReadAddress("file://" + file).plan) << "what the user types may be a file";
   EXPECT_EQ(ReadAddress(kit_.server.Url("/absent")).error, "The requested URL returned error: 404");
   kit_.server.Hang("/hang");
   clock_.RunOut();
@@ -151,6 +153,15 @@ TEST_F(OpmlImport, AStopEndsItAndWhatWasAddedStays) {
   EXPECT_EQ(Import(NumberedFolder("A", 150) + NumberedFolder("B", 3)), "100/0/53");
   EXPECT_EQ(kit_.db.Count("TB_CHANNEL"), 100);
   EXPECT_EQ(kit_.db.Count("TB_FOLDER"), 1);
+}
+
+TEST_F(OpmlImport, AStopIsHeardWhileALongListIsRead) {
+  std::string outlines;
+  for (int i = 0; i < 100'000; ++i) outlines += "<outline text='a'/>";
+  const std::string path = files_.Write("long.opml", OpmlDocument(outlines));
+  stop_.request_stop();
+  EXPECT_FALSE(ReadSubscriptions(*kit_.Services(), {.place = path}, stop_.get_token()).plan);
+  EXPECT_TRUE(Read(OpmlDocument(outlines)).plan);
 }
 
 TEST_F(OpmlImport, TheFirstFailureOfTheStoreEndsItAndTheRestIsCounted) {

@@ -27,8 +27,9 @@ class Importer : public testing::Test {
     importer_->Start(source, NameClash::Rename,
                      {.news = {.onFolder = [this](const auto& row) { news_ += row.name + ": "; },
                                .onChannel = [this](const auto& row) { news_ += row.title + " "; }},
-                      .onEnd = [this](const std::optional<ImportSums>& sums) {
-                        news_ += sums ? "=" + std::to_string(sums->added) + " " : "refused ";
+                      .onEnd = [this](const ImportEnd& end) {
+                        news_ += end.sums ? "=" + std::to_string(end.sums->added) + " "
+                                          : end.error + " ";
                         ++ends_;
                       }});
   }
@@ -53,7 +54,7 @@ TEST_F(Importer, TellsEachRowAndTheEndOneImportAfterTheOther) {
   StartFile(files_.Write("no.opml", "<html/>"));
   StartFile(files_.Write("b.opml", OpmlDocument(NumberedFolder("A", 1))));
   ASSERT_TRUE(WaitForEnds(3));
-  EXPECT_EQ(news_, "A: c1 c2 =2 refused A-1: c1 =1 ");
+  EXPECT_EQ(news_, "A: c1 c2 =2 this is not OPML A-1: c1 =1 ");
 }
 
 TEST_F(Importer, ItsEndBreaksAnImportOffAndIsSoonOver) {

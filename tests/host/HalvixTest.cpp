@@ -88,18 +88,18 @@ TEST_F(HalvixTest, RefusesADamagedProfile) {
   UseFakeModule();
   RunOnce();
   const std::string registry = ReadFile(paths_.registry).value();
-  ASSERT_FALSE(WriteFileWhole(paths_.registry, "not a registry", Readers::Owner));
+  ASSERT_FALSE(WriteFileWhole(paths_.registry, "not a registry"));
   ExpectRefused("registry.reg' cannot be read or is damaged.");
-  ASSERT_FALSE(WriteFileWhole(paths_.registry, registry, Readers::Owner));
+  ASSERT_FALSE(WriteFileWhole(paths_.registry, registry));
 
   std::filesystem::rename(paths_.database, paths_.database + ".bak");
   ExpectRefused("rssdb' is missing. There is a copy of it: '");
-  ASSERT_FALSE(WriteFileWhole(paths_.database, "not a database", Readers::Owner));
+  ASSERT_FALSE(WriteFileWhole(paths_.database, "not a database"));
   ExpectRefused("rssdb' cannot be read or is damaged.");
 }
 
 TEST_F(HalvixTest, RefusesAPlaceWhereNoProfileCanBe) {
-  ASSERT_FALSE(WriteFileWhole(paths_.dir, "a file", Readers::Owner));
+  ASSERT_FALSE(WriteFileWhole(paths_.dir, "a file"));
   ExpectRefused("Not a directory.");
   EXPECT_EQ(ReadFile(paths_.dir), "a file");
 }
@@ -117,7 +117,7 @@ TEST_F(HalvixTest, RefusesAProfileWhereItCannotWrite) {
 TEST_F(HalvixTest, RefusesAModuleThatIsNone) {
   UseFakeModule();
   RunOnce();
-  ASSERT_FALSE(WriteFileWhole(paths_.module, "not a library", Readers::Owner));
+  ASSERT_FALSE(WriteFileWhole(paths_.module, "not a library"));
   ExpectRefused("file too short.");
   UseModule(EMPTY_MODULE);
   ExpectRefused("undefined symbol: Create.");

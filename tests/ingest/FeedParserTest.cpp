@@ -200,7 +200,7 @@ TEST_F(Parsing, ContradictoryVariantsHaveACodeForEachStep) {
   item.variants = both;
   EXPECT_EQ(ReadFeedItem(document.Root(), page, item), -600);
   std::vector<OpmlOutline> outlines;
-  EXPECT_EQ(ReadOpmlOutlines({}, page, outlines), -499);
+  EXPECT_EQ(ReadOpmlOutlines({}, page, {}, outlines), -499);
 }
 
 TEST_F(Parsing, EndsBetweenTwoItemsWhenItIsToldTo) {

@@ -87,6 +87,8 @@ TEST_F(HttpExchange, SendsAQueryByteForByte) {
   }
   EXPECT_EQ(Client().Post("http://" + recorder.HostAndPort() + "?a b#c", ""), "body");
   lines.emplace_back("POST /?a b#c HTTP/1.1");
+  EXPECT_EQ(Client().Get(recorder.HostAndPort() + "/path"), "body");
+  lines.emplace_back("GET /path HTTP/1.1");
   EXPECT_EQ(recorder.Lines(), lines);
 }
 

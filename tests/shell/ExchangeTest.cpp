@@ -1,5 +1,7 @@
 // Subscriptions out of the frame and into it, with the file dialogs and message boxes that a user
 // meets.
+#include <unistd.h>
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -90,12 +92,13 @@ TEST_F(FrameExchange, AnExportHasTheTreesFoldersAndChannelsWithoutTheirCounts) {
 
 TEST_F(FrameExchange, AnExportThatCannotBeWrittenTellsTheReason) {
   CreateFrame();
-  const std::string path = files_.File("folder.xml");
-  std::filesystem::create_directory(path + ".new");
+  const std::string path = files_.File("mine.xml");
+  const std::string inTheWay = files_.File(".feedloom-" + std::to_string(getpid()) + ".new");
+  std::filesystem::create_directory(inTheWay);
   AnswerWithFile(path);
   Choose(kCommandExportOpml);
-  EXPECT_TRUE(HostWasTold("OPML 파일을 저장하지 못했습니다: Cannot create the file '" + path +
-                          ".new': Is a directory."));
+  EXPECT_TRUE(HostWasTold("OPML 파일을 저장하지 못했습니다: Cannot create the file '" + inTheWay +
+                          "': File exists."));
   EXPECT_FALSE(std::filesystem::exists(path));
 }
 
@@ -139,6 +142,8 @@ TEST_F(FrameExchange, WhatCannotBeReadAddsNothingAndSaysSo) {
   ExpectMessage("OPML 파일을 읽지 못했습니다.");
   Choose(kCommandImportFile);
   EXPECT_TRUE(WaitUntil([&] { return answers_.AreUsedUp(); }));
+  EXPECT_EQ(host_->texts.back(),
+            "채널 목록을 가져오지 못했습니다: it cannot be read, or is not well-formed XML");
   EXPECT_EQ(TreeLabels(), before);
   EXPECT_EQ(Value("select count(*) from TB_FOLDER"), "1");
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "store/Cabinets.h"
+#include "store/ChannelAdder.h"
 #include "store/Channels.h"
 #include "store/Connection.h"
 #include "store/Counts.h"
@@ -73,7 +74,9 @@ TEST_F(Containers, ManyRecordsAtOnceEndAsOneByOne) {
   auto many = recordsOf(2);
   Connection connection(store_);
   for (ChannelRecord& record : single) ASSERT_TRUE(AddChannelRecord(connection, record));
-  ASSERT_TRUE(AddChannelRecords(connection, many));
+  ChannelAdder adder(connection, 2);
+  ASSERT_TRUE(adder.Load());
+  ASSERT_TRUE(adder.Add(many));
   for (std::size_t i = 0; i < many.size(); ++i) {
     EXPECT_EQ(many[i].newlyInserted, single[i].newlyInserted) << i;
     EXPECT_EQ(many[i].order, single[i].order) << i;
@@ -85,7 +88,7 @@ TEST_F(Containers, ManyRecordsAtOnceEndAsOneByOne) {
       "from TB_CHANNEL where channel_folderID = ";
   EXPECT_EQ(db_.Value(rows + "2"), db_.Value(rows + "1"));
   std::vector<ChannelRecord> again = recordsOf(2);
-  ASSERT_TRUE(AddChannelRecords(connection, again));
+  ASSERT_TRUE(adder.Add(again));
   EXPECT_FALSE(again[1].newlyInserted);
   EXPECT_EQ(db_.Count("TB_CHANNEL"), 6);
 }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "exchange/DirectorySearch.h"
+#include "ingest/FeedAddress.h"
 #include "skin/FilledTexts.h"
 #include "skin/Keys.h"
 #include "ui/Frame.h"
@@ -154,13 +155,14 @@ std::string CRSS_DirectoryDlg::ChosenFeed() const {
 }
 
 void CRSS_DirectoryDlg::UpdateAdd() {
-  add_.setEnabled(!search_->IsRunning() && !ChosenFeed().empty());
+  const std::string scheme = frame_.TheSkin().GetText(kSectionTexts, kTextUrlScheme);
+  const bool isFeed = IsWebAddress(CompleteFeedAddress(ChosenFeed(), scheme));
+  add_.setEnabled(!search_->IsRunning() && isFeed);
 }
 
 // Nothing of the dialog may be touched afterwards.
 void CRSS_DirectoryDlg::Add() {
-  const std::string feed = ChosenFeed();
-  if (!feed.empty()) frame_.AddChannel(feed);
+  if (add_.isEnabled()) frame_.AddChannel(ChosenFeed());
 }
 
 void CRSS_DirectoryDlg::keyPressEvent(QKeyEvent* event) {

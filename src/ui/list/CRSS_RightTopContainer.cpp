@@ -99,7 +99,6 @@ void CRSS_RightTopContainer::Append(PostList list) {
 }
 
 void CRSS_RightTopContainer::Refill(PostList list) {
-  webSearch_.GiveUp();
   const ListPlace place = TakePlace(list_, model_);
   model_.Refill(std::move(list));
   RestorePlace(list_, model_, place);

@@ -27,7 +27,7 @@ class CRSS_RightTopContainer : public QWidget {
   // search of the web directory that runs is given up.
   void Fill(PostList list);
   // The same posts with what has come since: selection, current row and scroll position stay, by
-  // the posts' ids, and so does the sorting. Shows nothing. Gives up a search as well.
+  // the posts' ids, and so does the sorting. Shows nothing.
   void Refill(PostList list);
 
   // Has the browser show the post of row `index`, marks it read (not in the web directory's list,

@@ -91,7 +91,7 @@ TEST_F(SyncDlg, AListThatTheHandsetHasLeftIsMergedEachTime) {
   } ends[] = {
       {ImportSums{.added = 5, .present = 2, .leftOut = 1},
        "핸드셋과 동기화했습니다: 보낸 채널 7, 받은 채널 5"},
-      {std::nullopt, "채널 7개를 핸드셋에 보냈지만, 핸드셋이 남긴 목록은 읽지 못했습니다."},
+      {std::nullopt, "채널 7개를 핸드셋에 보냈지만, 핸드셋이 남긴 목록은 가져오지 못했습니다."},
       {ImportSums(), "핸드셋과 동기화했습니다: 보낸 채널 7, 받은 채널 0"},
   };
   Show([&](QDialog& dialog) {

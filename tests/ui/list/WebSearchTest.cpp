@@ -192,18 +192,35 @@ TEST_F(WebSearchInTheList, WhateverElseIsListedGivesItUp) {
   service_.ServeTwoPages();  // those who wait get it now
   PressEnd();
   EXPECT_TRUE(list_.isEnabled()) << "these are not the directory's rows";
-  QTest::qWait(50);
   EXPECT_EQ(Rows(), 60);
-  EXPECT_EQ(frame_.state.listMode, ListMode::Today);
 
-  Search();
+  Search();  // behind which nothing of the one before can come
+  const std::string searching = Text(kTextDirectorySearching);
+  EXPECT_EQ(frame_.messages, (Strings{searching, "", searching, ""}));
   ListPosts(60);
   PressEnd();
   EXPECT_TRUE(list_.isEnabled()) << "though the search has more";
-  Begin();
+}
+
+TEST_F(WebSearchInTheList, ARefreshOfTheListedPostsLeavesItAlone) {
+  BeginEndlessOver(3);
   pane_.Refill(NumberedPosts(4));
-  EXPECT_TRUE(list_.isEnabled());
   EXPECT_EQ(Rows(), 4);
+  EXPECT_FALSE(list_.isEnabled());
+  service_.ServeTwoPages();
+  WaitForEnd();
+  EXPECT_EQ(Rows(), 50);
+}
+
+TEST_F(WebSearchInTheList, OneThatIsGivenUpLeavesTheOneBeforeAsItWas) {
+  service_.ServeTwoPages();
+  Search();
+  word_.setText("another");
+  pane_.findChild<QAbstractButton*>()->click();
+  Key(Qt::Key_Escape);
+  WaitForEnd();
+  PressEnd();
+  EXPECT_TRUE(CanWaitForRows(73));
 }
 
 TEST_F(WebSearchInTheList, ANewSearchTakesThePlaceOfTheOneThatRuns) {
