@@ -1,16 +1,9 @@
 #include "platform/UrlParts.h"
 
-#include <curl/curl.h>
-
-#include <memory>
+#include "platform/UrlHandle.h"
 
 namespace feedloom {
 namespace {
-
-struct CleanUpUrl {
-  void operator()(CURLU* url) const { curl_url_cleanup(url); }
-};
-using UrlHandle = std::unique_ptr<CURLU, CleanUpUrl>;
 
 std::string Part(const UrlHandle& url, CURLUPart part, unsigned flags = 0) {
   char* text = nullptr;

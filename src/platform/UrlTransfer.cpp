@@ -8,6 +8,7 @@
 #include <mutex>
 
 #include "platform/Text.h"
+#include "platform/UrlHandle.h"
 #include "platform/UrlParts.h"
 
 namespace feedloom {
@@ -23,10 +24,6 @@ struct CleanUpEasy {
 struct CleanUpMulti {
   void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
 };
-struct CleanUpUrl {
-  void operator()(CURLU* url) const { curl_url_cleanup(url); }
-};
-using UrlHandle = std::unique_ptr<CURLU, CleanUpUrl>;
 
 bool HasControls(std::string_view text) {
   return std::ranges::any_of(text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; });

@@ -217,5 +217,13 @@ TEST(DirectoryModelTest, DescriptionsLoseTheirTags) {
   for (const auto& [text, plain] : cases) EXPECT_EQ(WithoutTags(text), plain);
 }
 
+TEST(DirectoryModelTest, TagsWithoutEndCostLittle) {
+  std::string text;
+  for (int i = 0; i < 1'000'000; ++i) text += "<a";
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(WithoutTags(text), text);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
 }  // namespace
 }  // namespace feedloom
