@@ -7,18 +7,11 @@
 #include <string>
 
 #include "exchange/ImportPlan.h"
+#include "exchange/ImportValues.h"
 #include "ingest/IngestServices.h"
 #include "store/Rows.h"
 
 namespace feedloom {
-
-// Where a list is.
-struct ListSource {
-  // The path of a file, in the file system's own bytes, or an address that the user typed:
-  // complete, in ASCII.
-  std::string place;
-  bool isAddress = false;
-};
 
 struct ReadList {
   std::optional<ImportPlan> plan;
@@ -40,13 +33,6 @@ enum class NameClash { Rename, Merge };
 struct ImportNews {
   std::function<void(const FolderRow&)> onFolder;
   std::function<void(const ChannelRow&)> onChannel;
-};
-
-struct ImportSums {
-  int added = 0;
-  int present = 0;  // their folder had the address already
-  int leftOut = 0;
-  bool isComplete = true;
 };
 
 // Adds what is not there yet, folder by folder, up to a hundred channels at once, each with the

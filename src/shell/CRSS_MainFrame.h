@@ -21,9 +21,10 @@ class CRSS_RightBottomContainer;
 class CRSS_RightTopContainer;
 class FeedChecker;
 class FrameRefresh;
-class OpmlImporter;
-struct ImportEnd;
 class InterfaceThread;
+class OpmlImporter;
+enum class NameClash;
+struct ImportEnd;
 
 // Belongs to the interface thread. Its parent is the window that gets its messages.
 class CRSS_MainFrame : public QSplitter, public Frame {

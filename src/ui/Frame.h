@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "exchange/OpmlImport.h"
+#include "exchange/ImportValues.h"
 #include "ingest/RefreshQueue.h"
 #include "skin/Skin.h"
 #include "store/Rows.h"
