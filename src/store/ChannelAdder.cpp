@@ -8,8 +8,6 @@
 
 namespace feedloom {
 
-bool ChannelAdder::Load() { return Learn(); }
-
 bool ChannelAdder::Add(std::span<ChannelRecord> records) {
   const std::string rows = NewRows(records);
   const int lastBefore = lastId_;
@@ -17,7 +15,7 @@ bool ChannelAdder::Add(std::span<ChannelRecord> records) {
     const std::string insert =
         "Insert Into TB_CHANNEL(channel_title, channel_type, channel_xmllink, channel_htmllink, "
         "channel_folderID, channel_order) values ";
-    if (!connection_.Execute(insert + rows) || !Learn()) return false;
+    if (!connection_.Execute(insert + rows) || !Load()) return false;
   }
   std::unordered_set<int> seen;
   for (ChannelRecord& record : records) {
@@ -43,8 +41,8 @@ std::string ChannelAdder::NewRows(std::span<const ChannelRecord> records) const 
   return rows;
 }
 
-// Of the channels behind the last one that is known. New ones have higher ids than all others.
-bool ChannelAdder::Learn() {
+// New channels have higher ids than all others.
+bool ChannelAdder::Load() {
   const auto table = connection_.Query(
       FormatSql("Select channel_xmllink, channel_id, channel_order From TB_CHANNEL Where "
                 "channel_folderID = %d and channel_id > %d",
@@ -52,10 +50,10 @@ bool ChannelAdder::Learn() {
   if (!table) return false;
   for (int row = 0; row < table->Rows(); ++row) {
     const int id = table->Int(row, 1);
-    ids_.emplace(table->Text(row, 0), id);
+    const int order = table->Int(row, 2);
+    order_ = ids_.empty() ? order : std::max(order_, order);
     lastId_ = std::max(lastId_, id);
-    order_ = isEmpty_ ? table->Int(row, 2) : std::max(order_, table->Int(row, 2));
-    isEmpty_ = false;
+    ids_.emplace(table->Text(row, 0), id);
   }
   return true;
 }

@@ -18,7 +18,8 @@ class ChannelAdder {
   ChannelAdder(Connection& connection, int folderId)
       : connection_(connection), folderId_(folderId) {}
 
-  // Learns what the folder holds, before the first Add; false after a failure.
+  // Learns what the folder holds that is not known yet: before the first Add, which itself learns
+  // what it has added. False after a failure.
   bool Load();
 
   // Adds `records` as AddChannelRecord does one by one, with negative orders, but all or none;
@@ -28,13 +29,11 @@ class ChannelAdder {
 
  private:
   std::string NewRows(std::span<const ChannelRecord> records) const;
-  bool Learn();
 
   Connection& connection_;
   const int folderId_;
   std::unordered_map<std::string, int> ids_;  // by address, as it is stored
   int lastId_ = 0;
-  bool isEmpty_ = true;
   int order_ = 0;  // the highest one, which newcomers share
 };
 

@@ -155,15 +155,6 @@ TEST_F(OpmlImport, AStopEndsItAndWhatWasAddedStays) {
   EXPECT_EQ(kit_.db.Count("TB_FOLDER"), 1);
 }
 
-TEST_F(OpmlImport, AStopIsHeardWhileALongListIsRead) {
-  std::string outlines;
-  for (int i = 0; i < 100'000; ++i) outlines += "<outline text='a'/>";
-  const std::string path = files_.Write("long.opml", OpmlDocument(outlines));
-  stop_.request_stop();
-  EXPECT_FALSE(ReadSubscriptions(*kit_.Services(), {.place = path}, stop_.get_token()).plan);
-  EXPECT_TRUE(Read(OpmlDocument(outlines)).plan);
-}
-
 TEST_F(OpmlImport, TheFirstFailureOfTheStoreEndsItAndTheRestIsCounted) {
   kit_.db.Sql(
       "create trigger full before insert on TB_CHANNEL when new.channel_title = 'c120' begin "

@@ -183,6 +183,23 @@ TEST_F(Parsing, AnOpmlDocumentYieldsTwoLevelsOfOutlines) {
   EXPECT_TRUE(folder.children[0].children.empty());
 }
 
+TEST_F(Parsing, OutlinesAreReadUntilAStopOrUntilThereAreTooMany) {
+  std::string outlines;
+  for (std::size_t i = 0; i < kMostOutlines / 2 + 2; ++i)
+    outlines += "<outline><outline/></outline>";
+  XmlDocument document;
+  ASSERT_EQ(document.Load(folder_.Write("f.xml", "<body>" + outlines + "</body>")),
+            XmlDocument::LoadStatus::Loaded);
+  std::stop_source stop;
+  std::vector<OpmlOutline> out;
+  EXPECT_EQ(ReadOpmlOutlines(document.Root(), CodePage::Korean(), stop.get_token(), out), 0);
+  EXPECT_EQ(CountOutlines(out), kMostOutlines + 1);
+  stop.request_stop();
+  std::vector<OpmlOutline> none;
+  EXPECT_EQ(ReadOpmlOutlines(document.Root(), CodePage::Korean(), stop.get_token(), none), 0);
+  EXPECT_TRUE(none.empty());
+}
+
 TEST_F(Parsing, ContradictoryVariantsHaveACodeForEachStep) {
   XmlDocument document;
   ASSERT_EQ(document.Load(folder_.Write("f.xml", "<rss version='2.0'><item/></rss>")),
