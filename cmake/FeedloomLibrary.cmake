@@ -54,12 +54,13 @@ function(feedloom_widget_test name)
   feedloom_discover(${name} "${arg_LABELS}")
 endfunction()
 
-# Each test case of the program `name` becomes a ctest. 
+# Each test case of the program `name` becomes a ctest, in no language: whose tests run must not
+# matter.
 function(feedloom_discover name labels)
   gtest_discover_tests(
     ${name}
     DISCOVERY_TIMEOUT 60
-    PROPERTIES LABELS "${labels}" TIMEOUT 120)
+    PROPERTIES LABELS "${labels}" TIMEOUT 120 ENVIRONMENT LC_ALL=C.UTF-8)
 endfunction()
 
 # feedloom_command_line(FILE): a source of the calling folder that only reads a command line, once.

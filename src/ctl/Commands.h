@@ -21,8 +21,8 @@ struct GlobalOptions {
 };
 
 struct InitOptions {
-  std::string codePage = "EUC-KR";
-  std::string language = "KOR";
+  std::optional<std::string> codePage;  // none: as fits the language
+  std::optional<std::string> language;  // none: the user's locale decides
 };
 int RunInit(const GlobalOptions& global, const InitOptions& options);
 

@@ -4,6 +4,7 @@
 
 #include "ctl/Output.h"
 #include "platform/Clock.h"
+#include "profile/FirstChoices.h"
 #include "profile/HostTexts.h"
 
 namespace feedloom {
@@ -21,14 +22,17 @@ bool Succeeded(const Failure& failure) {
   return !failure;
 }
 
+Failure MakeProfile(const std::string& dir, const InitOptions& options) {
+  const std::string language = options.language.value_or(FirstLanguage());
+  const CodePage codePage =
+      options.codePage ? CodePage::FromName(*options.codePage) : FirstCodePage(language);
+  return CreateProfile(dir, ShareDir(), codePage, language);
+}
+
 // Sees to it that `paths` hold a profile that can be used.
 bool Prepare(const ProfilePaths& paths) {
   if (!ProfileExists(paths)) {
-    const InitOptions defaults;
-    if (!Succeeded(CreateProfile(paths.dir, ShareDir(), CodePage::FromName(defaults.codePage),
-                                 defaults.language))) {
-      return false;
-    }
+    if (!Succeeded(MakeProfile(paths.dir, {}))) return false;
     PrintError(fmt::format("made a new profile in {}", paths.dir));
   }
   if (!Registry(paths.registry).IsReadable()) {
@@ -43,10 +47,7 @@ bool Prepare(const ProfilePaths& paths) {
 int RunInit(const GlobalOptions& global, const InitOptions& options) {
   const std::string dir = ProfileDir(global);
   if (dir.empty()) return kFailure;
-  if (!Succeeded(
-          CreateProfile(dir, ShareDir(), CodePage::FromName(options.codePage), options.language))) {
-    return kFailure;
-  }
+  if (!Succeeded(MakeProfile(dir, options))) return kFailure;
   if (global.json) {
     PrintJson({{"profile", dir}});
   } else {

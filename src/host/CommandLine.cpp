@@ -10,10 +10,10 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, HostOption
   app.set_version_flag("--version", "halvix " FEEDLOOM_VERSION);
   app.add_option("--profile", options.profileDir, "The profile's directory; made when missing")
       ->type_name("DIR");
-  app.add_option("--lang", options.language, "KOR or ENG; a new profile starts with KOR")
+  app.add_option("--lang", options.language, "KOR or ENG; a new profile starts as the locale says")
       ->check(CLI::IsMember({"KOR", "ENG"}, CLI::ignore_case));
   app.add_option("--code-page", options.codePage,
-                 "EUC-KR (Korean) or UTF-8, for a new profile; it starts with EUC-KR")
+                 "EUC-KR (Korean) or UTF-8, for a new profile; else what fits the language")
       ->check(CLI::IsMember({"EUC-KR", "UTF-8"}, CLI::ignore_case));
   app.add_option("--screenshot", options.screenshot,
                  "Show the first channel's first post, save the window's picture (PNG) and leave")

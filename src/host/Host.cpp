@@ -4,12 +4,15 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QMessageBox>
 #include <QTimer>
 #include <optional>
 
 #include "host/CommandLine.h"
 #include "host/Complaint.h"
+#include "host/DesktopLook.h"
 #include "host/EndSignals.h"
+#include "host/HostLook.h"
 #include "host/HostProfile.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
@@ -18,12 +21,15 @@
 #include "host/Screenshot.h"
 #include "host/WindowPlace.h"
 #include "profile/HostTexts.h"
+#include "profile/SharePaths.h"
 #include "skin/HostConfig.h"
+#include "skin/Skin.h"
 
 namespace feedloom {
 namespace {
 
 constexpr int kFailure = 1;
+constexpr int kShowAnew = 1000;  // of the event loop, not of the program
 
 // What has to be done before there is an application object.
 Failure Prepare(const HostOptions& options, HostProfile& profile, LoadedModule& module) {
@@ -53,6 +59,22 @@ void LeaveOnClose(HostWindow& window, const Registry& registry, bool wantsPictur
   });
 }
 
+// Writes down what the user has chosen, and ends the event loop for the profile to be shown so.
+void ShowAnewOnChoice(HostWindow& window, const HostProfile& profile) {
+  QObject::connect(&window, &HostWindow::LooksChosen, &window, [&](const HostLooks& looks) {
+    Failure failure = ChooseSkin(profile.paths.dir, ShareDir(), looks.skin);
+    if (!failure) failure = SetLanguage(profile.paths, looks.language);
+    if (failure) {
+      QMessageBox::warning(&window, window.windowTitle(), QString::fromStdString(*failure));
+      return;
+    }
+    if (!RememberPlace(window, Registry(profile.paths.registry))) {
+      Complain("Cannot remember the window's place.");
+    }
+    QCoreApplication::exit(kShowAnew);
+  });
+}
+
 // Runs the window with the module's `frame` in it.
 int RunWindow(HostWindow& window, QWidget& frame, const HostOptions& options,
               const HostProfile& profile) {
@@ -66,11 +88,36 @@ int RunWindow(HostWindow& window, QWidget& frame, const HostOptions& options,
     PlaceWindow(window, registry);
   }
   LeaveOnClose(window, registry, options.screenshot.has_value());
+  ShowAnewOnChoice(window, profile);
   window.show();
-  if (profile.isNew && !picture) {
+  return QCoreApplication::exec();
+}
+
+// The profile as its registry has it now, until the user leaves or wants it otherwise (kShowAnew).
+int ShowProfile(const HostOptions& options, const HostProfile& profile, const LoadedModule& module,
+                const EndSignals& endSignals, bool refreshes) {
+  const HostConfig config{Registry(profile.paths.registry)};
+  const HostLookup tables = ReadHostTexts(config);
+  SetHostTables(tables, config.GetCodePage());
+  HostLook look(Skin(tables, config));
+  HostWindow window(FromModuleText(config.GetAppTitle()),
+                    {SkinName(config), config.GetHostLanguage()});
+  QObject::connect(&endSignals, &EndSignals::Requested, &window, &QWidget::close);
+
+  QWidget* frame = module.create(HostGetText, HostGetSkinValue, window.ModuleParent());
+  if (frame == nullptr) return Refuse(options, "The module cannot make its window.");
+  window.SetFrame(frame);
+  if (refreshes) {
     QTimer::singleShot(0, &window, [&window] { window.SendToFrame(kMessageRefreshAll); });
   }
-  return QCoreApplication::exec();
+  const int status = RunWindow(window, *frame, options, profile);
+  module.destroyBtn();
+  return status;
+}
+
+void FollowDesktop(const HostProfile& profile) {
+  if (!PrefersDark(QGuiApplication::palette())) return;
+  if (auto failure = ChooseSkin(profile.paths.dir, ShareDir(), kDarkSkin)) Complain(*failure);
 }
 
 int RunApplication(char* programName, const HostOptions& options, const HostProfile& profile,
@@ -78,19 +125,14 @@ int RunApplication(char* programName, const HostOptions& options, const HostProf
   int argc = 1;
   char* argv[] = {programName, nullptr};
   QApplication application(argc, argv);
+  QGuiApplication::setDesktopFileName(QStringLiteral("halvix"));
   QApplication::setQuitOnLastWindowClosed(false);  // the main window alone decides
 
-  const HostConfig config{Registry(profile.paths.registry)};
-  SetHostTables(ReadHostTexts(config), config.GetCodePage());
-  HostWindow window(FromModuleText(config.GetAppTitle()));
+  if (profile.isNew) FollowDesktop(profile);
   const EndSignals endSignals;
-  QObject::connect(&endSignals, &EndSignals::Requested, &window, &QWidget::close);
-
-  QWidget* frame = module.create(HostGetText, HostGetSkinValue, window.ModuleParent());
-  if (frame == nullptr) return Refuse(options, "The module cannot make its window.");
-  window.SetFrame(frame);
-  const int status = RunWindow(window, *frame, options, profile);
-  module.destroyBtn();
+  const bool refreshes = profile.isNew && !options.screenshot;
+  int status = ShowProfile(options, profile, module, endSignals, refreshes);
+  while (status == kShowAnew) status = ShowProfile(options, profile, module, endSignals, false);
   return status;
 }
 

@@ -12,14 +12,12 @@
 #include "host/CommandLine.h"
 #include "platform/Registry.h"
 #include "platform/Text.h"
+#include "profile/FirstChoices.h"
 #include "skin/HostConfig.h"
 #include "skin/Keys.h"
 
 namespace feedloom {
 namespace {
-
-constexpr char kFirstLanguage[] = "KOR";
-constexpr char kFirstCodePage[] = "EUC-KR";
 
 // A database that is not one would also replace its copy when the module ends.
 bool IsDatabase(const std::string& path) {
@@ -60,15 +58,15 @@ Failure CheckWritable(const ProfilePaths& paths) {
   return {};
 }
 
-Failure SetLanguage(const ProfilePaths& paths, const HostOptions& options) {
+}  // namespace
+
+Failure SetLanguage(const ProfilePaths& paths, const std::string& wanted) {
   const Registry registry(paths.registry);
-  const std::string language = ToUpperAscii(options.language.value_or(""));
+  const std::string language = ToUpperAscii(wanted);
   if (language.empty() || HostConfig(registry).GetHostLanguage() == language) return {};
   if (registry.WriteString(kHostKey, kValueLanguage, language)) return {};
   return fmt::format("Cannot write the registry file '{}'.", paths.registry);
 }
-
-}  // namespace
 
 std::string ProfileDir(const HostOptions& options) {
   return options.profileDir.empty() ? DefaultProfileDir() : options.profileDir;
@@ -78,8 +76,9 @@ Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
   const ProfilePaths& paths = profile.paths;
   if (paths.dir.empty()) return "No home directory for a profile; name one with --profile.";
   if (!ProfileExists(paths)) {
-    const CodePage codePage = CodePage::FromName(options.codePage.value_or(kFirstCodePage));
-    const std::string language = options.language.value_or(kFirstLanguage);
+    const std::string language = options.language.value_or(FirstLanguage());
+    const CodePage codePage =
+        options.codePage ? CodePage::FromName(*options.codePage) : FirstCodePage(language);
     if (auto failure = CreateProfile(paths.dir, ShareDir(), codePage, language)) return failure;
     profile.isNew = true;
   }
@@ -88,7 +87,7 @@ Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
   if (auto failure = CheckWritable(paths)) return failure;
   if (auto failure = profile.lock.Take(paths.dir)) return failure;
   if (auto failure = RepairSharePaths(paths.dir, ShareDir())) return failure;
-  return SetLanguage(paths, options);
+  return SetLanguage(paths, options.language.value_or(""));
 }
 
 }  // namespace feedloom

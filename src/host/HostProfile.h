@@ -25,4 +25,8 @@ std::string ProfileDir(const HostOptions& options);
 // it cannot be used as it is; nothing in it has been changed then.
 [[nodiscard]] Failure OpenProfile(HostProfile& profile, const HostOptions& options);
 
+// Shows the profile in this language ("KOR", "ENG"; case does not matter) from the next start of
+// the module on. An empty one changes nothing.
+[[nodiscard]] Failure SetLanguage(const ProfilePaths& paths, const std::string& language);
+
 }  // namespace feedloom

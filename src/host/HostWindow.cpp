@@ -1,16 +1,20 @@
 #include "host/HostWindow.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QIcon>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <utility>
 
 #include "host/HostTables.h"
 #include "host/ModulePane.h"
+#include "profile/SharePaths.h"
 #include "shell/Feedloom.h"
 #include "skin/Keys.h"
 
@@ -25,9 +29,13 @@ void ShowStatus(QLabel& label, const QString& text) {
 
 }  // namespace
 
-HostWindow::HostWindow(const QString& caption)
-    : pane_(new ModulePane(this)), status_(new QLabel(this)), busy_(new QProgressBar(this)) {
+HostWindow::HostWindow(const QString& caption, HostLooks looks)
+    : looks_(std::move(looks)),
+      pane_(new ModulePane(this)),
+      status_(new QLabel(this)),
+      busy_(new QProgressBar(this)) {
   setWindowTitle(caption);
+  setWindowIcon(QIcon::fromTheme(QStringLiteral("halvix")));
   setCentralWidget(pane_);
   MakeMenu();
   MakeStatusBar();
@@ -78,8 +86,30 @@ void HostWindow::MakeMenu() {
   file->addSeparator();
   file->addAction(HostText(kHostTextMenuQuit), QKeySequence(Qt::CTRL | Qt::Key_Q), this,
                   &QWidget::close);
+  MakeViewMenu();
   QMenu* help = menuBar()->addMenu(HostText(kHostTextMenuHelp));
   help->addAction(HostText(kHostTextMenuAbout), this, &HostWindow::ShowAbout);
+}
+
+void HostWindow::MakeViewMenu() {
+  QMenu& view = *menuBar()->addMenu(HostText(kHostTextMenuView));
+  auto& skins = *new QActionGroup(this);
+  AddLooks(view, skins, kHostTextMenuLightSkin, {kLightSkin, looks_.language});
+  AddLooks(view, skins, kHostTextMenuDarkSkin, {kDarkSkin, looks_.language});
+  view.addSeparator();
+  auto& languages = *new QActionGroup(this);
+  AddLooks(view, languages, kHostTextMenuKorean, {looks_.skin, "KOR"});
+  AddLooks(view, languages, kHostTextMenuEnglish, {looks_.skin, "ENG"});
+}
+
+void HostWindow::AddLooks(QMenu& menu, QActionGroup& group, const char* textKey,
+                          const HostLooks& looks) {
+  QAction& action = *group.addAction(menu.addAction(HostText(textKey)));
+  action.setCheckable(true);
+  action.setChecked(looks == looks_);
+  connect(&action, &QAction::triggered, this, [this, looks] {
+    if (looks != looks_) emit LooksChosen(looks);
+  });
 }
 
 void HostWindow::MakeStatusBar() {

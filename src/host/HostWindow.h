@@ -3,13 +3,24 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <cstdint>
+#include <string>
 
+class QActionGroup;
 class QLabel;
+class QMenu;
 class QProgressBar;
 
 namespace feedloom {
 
 class ModulePane;
+
+// How the window is shown at the moment; an empty one is none of those that the menu offers.
+struct HostLooks {
+  std::string skin;      // kLightSkin, kDarkSkin
+  std::string language;  // "KOR", "ENG"
+
+  bool operator==(const HostLooks&) const = default;
+};
 
 // The main window: menu, status bar, and the module's frame between them. Its texts come from the
 // host's tables.
@@ -17,7 +28,7 @@ class HostWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  explicit HostWindow(const QString& caption);
+  explicit HostWindow(const QString& caption, HostLooks looks = {});
 
   // The parent to hand to the module; what the module reports to it stands in the status bar.
   QWidget* ModuleParent() const;
@@ -31,6 +42,8 @@ class HostWindow : public QMainWindow {
 
  signals:
   void Closing();
+  // The user wants other looks than those of now.
+  void LooksChosen(const feedloom::HostLooks& looks);
 
  protected:
   bool event(QEvent* event) override;
@@ -38,9 +51,13 @@ class HostWindow : public QMainWindow {
 
  private:
   void MakeMenu();
+  void MakeViewMenu();
+  // An entry of one of the two groups of the view menu, which leads to `looks`.
+  void AddLooks(QMenu& menu, QActionGroup& group, const char* textKey, const HostLooks& looks);
   void MakeStatusBar();
   void ShowAbout();
 
+  const HostLooks looks_;
   ModulePane* const pane_;
   QLabel* const status_;
   QProgressBar* const busy_;

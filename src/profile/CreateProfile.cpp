@@ -61,7 +61,7 @@ std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir,
       {kHostKey, kValueAppTitle, kDefaultAppTitle},
       {kHostKey, kValueLanguage, language},
       {kHostKey, kValueCodePage, std::string(codePage.DeclaredName())}};
-  for (const auto& [name, path] : SharePathsIn(shareDir)) {
+  for (const auto& [name, path] : SharePathsIn(shareDir, kLightSkin)) {
     entries.push_back({kHostKey, name, path});
   }
   return FormatRegistryFile(entries);
@@ -69,7 +69,8 @@ std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir,
 
 // The registry cuts longer paths, so a profile with one would not work.
 Failure CheckLengths(const ProfilePaths& paths, const std::string& shareDir) {
-  for (const std::string& path : {paths.workDir, SharePathsIn(shareDir).front().second}) {
+  for (const std::string& path :
+       {paths.workDir, SharePathsIn(shareDir, kLightSkin).front().second}) {
     if (path.size() > kMaxHostPath) {
       return fmt::format("The path '{}' is longer than {} bytes.", path, kMaxHostPath);
     }

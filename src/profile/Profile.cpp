@@ -35,10 +35,9 @@ std::string DefaultProfileDir() {
 }
 
 std::string ShareDir() {
-  std::error_code error;
-  const fs::path program = fs::read_symlink("/proc/self/exe", error);
-  const fs::path installed = program.parent_path().parent_path() / "share" / "feedloom";
-  return !error && fs::is_directory(installed, error) ? installed.string() : FEEDLOOM_SHARE_DIR;
+  std::error_code ignored;
+  const fs::path program = fs::read_symlink("/proc/self/exe", ignored);
+  return (program.parent_path().parent_path() / "share" / "feedloom").string();
 }
 
 bool ProfileExists(const ProfilePaths& paths) {

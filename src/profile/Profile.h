@@ -33,7 +33,7 @@ struct ProfilePaths {
 std::string DefaultProfileDir();
 
 // The directory of the program's shared files: ../share/feedloom beside the executable's directory,
-// else the source tree's.
+// where they are built and installed.
 std::string ShareDir();
 
 bool ProfileExists(const ProfilePaths& paths);
@@ -46,8 +46,9 @@ bool ProfileExists(const ProfilePaths& paths);
 [[nodiscard]] Failure CreateProfile(const std::string& dir, const std::string& shareDir,
                                     CodePage codePage, const std::string& language);
 
-// When the directory of the ini files that the profile's registry names is gone, points the
-// profile's shared paths to `shareDir`; does nothing otherwise.
+// When the directory of the ini files that the profile's registry names is gone, or its image
+// directory holds no skin, points the profile's shared paths to `shareDir`, to the skin of the same
+// name if there is one; does nothing otherwise.
 [[nodiscard]] Failure RepairSharePaths(const std::string& dir, const std::string& shareDir);
 
 }  // namespace feedloom

@@ -19,13 +19,36 @@ bool IsDirectory(const std::string& path) {
   return std::filesystem::is_directory(path, ignored);
 }
 
+std::string SkinDir(const std::string& shareDir, const std::string& skin) {
+  return JoinPath(JoinPath(shareDir, "skin"), skin);
+}
+
+bool IsSkin(const std::string& imageDir) { return IsRegularFile(JoinPath(imageDir, kSkinIni)); }
+
 }  // namespace
 
-SharePaths SharePathsIn(const std::string& shareDir) {
+SharePaths SharePathsIn(const std::string& shareDir, const std::string& skin) {
+  const std::string skinDir = SkinDir(shareDir, skin);
   // The directory of the ini files is last: a repair that was interrupted is done again.
-  return {{{kValueImageDir, JoinPath(shareDir, "skin")},
-           {kValueCurrentPath, shareDir},
-           {kValueIniDir, shareDir}}};
+  return {{{kValueImageDir, skinDir}, {kValueCurrentPath, skinDir}, {kValueIniDir, shareDir}}};
+}
+
+std::string SkinName(const HostConfig& config) {
+  return std::filesystem::path(config.GetImageDir()).parent_path().filename().string();
+}
+
+Failure ChooseSkin(const std::string& dir, const std::string& shareDir, const std::string& skin) {
+  if (!IsSkin(SkinDir(shareDir, skin))) {
+    return fmt::format("There is no skin in '{}'.", SkinDir(shareDir, skin));
+  }
+  const ProfilePaths paths(dir);
+  const Registry registry(paths.registry);
+  for (const auto& [name, path] : SharePathsIn(AbsolutePath(shareDir), skin)) {
+    if (!registry.WriteString(kHostKey, name, path)) {
+      return fmt::format("Cannot write the registry file '{}'.", paths.registry);
+    }
+  }
+  return {};
 }
 
 Failure RepairSharePaths(const std::string& dir, const std::string& shareDir) {
@@ -34,14 +57,11 @@ Failure RepairSharePaths(const std::string& dir, const std::string& shareDir) {
   if (!registry.IsReadable()) {
     return fmt::format("The registry file '{}' cannot be read or is damaged.", paths.registry);
   }
-  if (IsDirectory(HostConfig(registry).GetIniDir())) return {};
+  const HostConfig config(registry);
+  if (IsDirectory(config.GetIniDir()) && IsSkin(config.GetImageDir())) return {};
   if (!IsDirectory(shareDir)) return fmt::format("There is no directory '{}'.", shareDir);
-  for (const auto& [name, path] : SharePathsIn(AbsolutePath(shareDir))) {
-    if (!registry.WriteString(kHostKey, name, path)) {
-      return fmt::format("Cannot write the registry file '{}'.", paths.registry);
-    }
-  }
-  return {};
+  const bool isShipped = IsSkin(SkinDir(shareDir, SkinName(config)));
+  return ChooseSkin(dir, shareDir, isShipped ? SkinName(config) : kLightSkin);
 }
 
 }  // namespace feedloom

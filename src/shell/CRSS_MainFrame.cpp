@@ -10,6 +10,7 @@
 #include "ingest/FeedChecker.h"
 #include "shell/Feedloom.h"
 #include "shell/FrameActions.h"
+#include "shell/FrameKeys.h"
 #include "shell/FrameRefresh.h"
 #include "shell/SettingsStore.h"
 #include "skin/FilledTexts.h"
@@ -24,6 +25,8 @@
 #include "ui/panel/ControlPanel.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 #include "vxctrl/QtText.h"
+#include "vxctrl/SkinPalette.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -40,7 +43,7 @@ void SendToWindow(QWidget* window, unsigned number, std::intptr_t lParam) {
 }  // namespace
 
 CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWidget* parent)
-    : QSplitter(Qt::Horizontal, parent),
+    : VxSplitter(Qt::Horizontal, parent),
       interfaceThread_(std::make_shared<InterfaceThread>()),
       registry_(paths.registry),
       skin_(std::move(lookup), HostConfig(registry_)),
@@ -53,7 +56,6 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWid
           IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir()})),
       actions_(MakeFrameActions(*this)) {
   BuildPanes();
-  SetUpKeys();
   BeginLife();
 }
 
@@ -79,9 +81,10 @@ void CRSS_MainFrame::EndRefresh() {
 }
 
 void CRSS_MainFrame::BuildPanes() {
+  setPalette(LoadSkinPalette(skin_));
   left_ = new CRSS_LeftContainer(*this, this);
   left_->setMinimumWidth(kLeftMinimumWidth);
-  auto* const right = new QSplitter(Qt::Vertical, this);
+  auto* const right = new VxSplitter(Qt::Vertical, this);
   rightTop_ = new CRSS_RightTopContainer(*this, right);
   rightBottom_ = new CRSS_RightBottomContainer(*this, right);
   right->setSizes({kTopHeight, kRest});
@@ -91,10 +94,13 @@ void CRSS_MainFrame::BuildPanes() {
   setStretchFactor(1, 1);
   setChildrenCollapsible(false);
   setFocusProxy(left_);
+  handle(1)->setAccessibleName(SkinText(skin_, kTextColumnDivider));
+  right->handle(1)->setAccessibleName(SkinText(skin_, kTextRowDivider));
   connect(rightBottom_, &CRSS_RightBottomContainer::PageShown, this, &CRSS_MainFrame::PageShown);
+  SetUpKeys(*right);
 }
 
-void CRSS_MainFrame::SetUpKeys() {
+void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
   const auto onKey = [this](const QKeySequence& key, auto run) {
     auto* const shortcut = new QShortcut(key, this);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
@@ -102,6 +108,9 @@ void CRSS_MainFrame::SetUpKeys() {
   };
   onKey(Qt::Key_F5, [this] { left_->RefreshSelection(); });
   onKey(Qt::SHIFT | Qt::Key_F5, [this] { left_->RefreshAll(); });
+  auto* const keys = new FrameKeys(*this, {left_, rightTop_, rightBottom_}, {this, &right});
+  keys->AddMenuKey(*left_);
+  keys->AddMenuKey(*rightTop_);
 }
 
 void CRSS_MainFrame::BeginLife() {
@@ -130,9 +139,16 @@ void CRSS_MainFrame::BeginLife() {
 // Messages of the host and of the refresh.
 
 bool CRSS_MainFrame::event(QEvent* event) {
-  if (event->type() != WindowMessage::kType) return QSplitter::event(event);
+  if (event->type() != WindowMessage::kType) return VxSplitter::event(event);
   auto& message = static_cast<WindowMessage&>(*event);
   message.result = OnMessage(message.number, message.wParam, message.lParam);
+  return true;
+}
+
+bool CRSS_MainFrame::focusNextPrevChild(bool next) {
+  QWidget* const stop = next ? NextStop(*this) : nullptr;
+  if (stop == nullptr) return VxSplitter::focusNextPrevChild(next);
+  stop->setFocus(Qt::TabFocusReason);
   return true;
 }
 

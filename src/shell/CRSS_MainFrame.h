@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QPointer>
-#include <QSplitter>
 #include <memory>
 #include <string>
 #include <unordered_set>
@@ -12,6 +11,7 @@
 #include "ingest/IngestServices.h"
 #include "shell/ModulePaths.h"
 #include "ui/Frame.h"
+#include "vxctrl/VxSplitter.h"
 
 namespace feedloom {
 
@@ -27,7 +27,7 @@ enum class NameClash;
 struct ImportEnd;
 
 // Belongs to the interface thread. Its parent is the window that gets its messages.
-class CRSS_MainFrame : public QSplitter, public Frame {
+class CRSS_MainFrame : public VxSplitter, public Frame {
   Q_OBJECT
 
  public:
@@ -95,10 +95,11 @@ class CRSS_MainFrame : public QSplitter, public Frame {
 
  protected:
   bool event(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void BuildPanes();
-  void SetUpKeys();
+  void SetUpKeys(VxSplitter& right);
   void BeginLife();
   void SetPreviewMode();
   void StopRefresh();

@@ -26,6 +26,7 @@ inline constexpr char kSectionDirectory[] = "RSS_DLG_DIRECTORY";
 inline constexpr char kSectionPanel[] = "RSS_CTRL_PANEL";
 inline constexpr char kSectionAnnounce[] = "RSS_DLG_ANNOUNCE";
 inline constexpr char kSectionMsgBox[] = "GLAZEKIT_UI";
+inline constexpr char kSectionColors[] = "RSS_COLORS";
 inline constexpr char kSectionFont[] = "THEMEMANAGER_FONT";
 inline constexpr char kSectionHost[] = "HALVIX";  // the host program's own texts
 

@@ -22,12 +22,16 @@ constexpr int kImageEdge = 6;    // what stays as it is at the edges of an image
 constexpr int kFocusInset = 2;
 
 void DrawImage(QPainter& painter, const QRect& area, const QPixmap& image) {
-  if (image.deviceIndependentSize().toSize() == area.size()) {
+  if (SizeOf(image) == area.size()) {
     painter.drawPixmap(area.topLeft(), image);
     return;
   }
-  const int edge = std::min({kImageEdge, image.width() / 2, image.height() / 2});
-  qDrawBorderPixmap(&painter, area, QMargins(edge, edge, edge, edge), image);
+  const QSize size = SizeOf(image);
+  const int edge = std::min({kImageEdge, size.width() / 2, size.height() / 2});
+  const QMargins edges(edge, edge, edge, edge);
+  QPixmap pixels = image;
+  pixels.setDevicePixelRatio(1);
+  qDrawBorderPixmap(&painter, area, edges, pixels, pixels.rect(), edges * image.devicePixelRatio());
 }
 
 // The first file that a state lacks; null when all are there.
@@ -61,7 +65,7 @@ void CButtonEx::WarnOfMissingFile(const QString& path) {
 }
 
 QSize CButtonEx::sizeHint() const {
-  const QSize image = images_[kButtonNormal].deviceIndependentSize().toSize();
+  const QSize image = SizeOf(images_[kButtonNormal]);
   if (text().isEmpty()) return image.isEmpty() ? QSize(24, 24) : image;
   const QSize label = fontMetrics().size(Qt::TextShowMnemonic, text());
   return image.expandedTo(label + QSize(2 * kTextMargin, kImageEdge));
@@ -86,7 +90,7 @@ void CButtonEx::DrawLabel(QPainter& painter) const {
   const QRect area = rect().adjusted(kImageEdge / 2, 0, -kImageEdge / 2, 0);
   const QString label =
       fontMetrics().elidedText(text(), Qt::ElideRight, area.width(), Qt::TextShowMnemonic);
-  painter.setPen(isEnabled() ? kSkinTextColor : kSkinDisabledTextColor);
+  painter.setPen(palette().color(QPalette::ButtonText));
   painter.drawText(area, Qt::AlignCenter | Qt::TextShowMnemonic, label);
 }
 
@@ -99,7 +103,7 @@ void CButtonEx::paintEvent(QPaintEvent* /*event*/) {
     DrawImage(painter, rect(), image);
   }
   if (!text().isEmpty()) DrawLabel(painter);
-  if (hasFocus()) DrawSkinFocus(painter, rect(), kFocusInset);
+  if (hasFocus()) DrawSkinFocus(painter, palette(), rect(), kFocusInset);
 }
 
 void CButtonEx::keyPressEvent(QKeyEvent* event) {

@@ -12,9 +12,11 @@
 
 #include "skin/Keys.h"
 #include "skin/Skin.h"
+#include "vxctrl/AccessibleRole.h"
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/QtText.h"
 #include "vxctrl/SkinFont.h"
+#include "vxctrl/SkinPalette.h"
 #include "vxctrl/SkinText.h"
 
 namespace feedloom {
@@ -63,8 +65,11 @@ QSize TextAreaSize(const QLabel& label, const QSize& screen) {
 
 CMsgBox::CMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent)
     : QDialog(parent) {
+  SetAccessibleRole(*this, QAccessible::AlertMessage);
+  setAccessibleDescription(text);
   setWindowTitle(ToQString(skin.Config().GetCodePage(), skin.Config().GetAppTitle()));
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
+  setPalette(LoadSkinPalette(skin));
 
   auto* column = new QVBoxLayout(this);
   column->setSizeConstraint(QLayout::SetFixedSize);
@@ -86,6 +91,7 @@ QWidget* CMsgBox::MakeTextArea(const QString& text) {
   area->setWidgetResizable(true);
   area->setFixedSize(TextAreaSize(*label, screen()->availableSize()));
   area->setWidget(label);
+  area->setAccessibleName(text);
   if (label->heightForWidth(area->width()) <= area->height()) {
     area->setFocusPolicy(Qt::NoFocus);  // the Tab key stops at a text only to scroll it
     // The area's own guess begins with a narrower text, and keeps to its bar.
@@ -111,6 +117,12 @@ QWidget* CMsgBox::MakeButtonRow(const Skin& skin, MsgBoxKind kind) {
   }
   layout->addStretch();
   return row;
+}
+
+void CMsgBox::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
 }
 
 void CMsgBox::keyPressEvent(QKeyEvent* event) {

@@ -15,7 +15,7 @@ enum class MsgBoxKind { YesNo = 0, OkCancel = 1, Notice = 2 };
 enum class MsgBoxAnswer { Declined, Consented };
 
 // A modal dialog: make one and exec() it, or call ShowMsgBox. Enter presses the button that has the
-// focus, at first the one that consents.
+// focus, at first the one that consents. A screen reader is told the text.
 class CMsgBox : public QDialog {
   Q_OBJECT
 
@@ -25,6 +25,7 @@ class CMsgBox : public QDialog {
   CMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent);
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:

@@ -40,7 +40,7 @@ void CVxComboBox::paintEvent(QPaintEvent* event) {
   DrawSkinField(painter, *this, pieces_);
   const QRect area = rect().adjusted(SizeOf(pieces_.left).width() + kTextMargin, 0,
                                      -SizeOf(pieces_.right).width() - kTextMargin, 0);
-  painter.setPen(isEnabled() ? kSkinTextColor : kSkinDisabledTextColor);
+  painter.setPen(palette().color(QPalette::Text));
   painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                    fontMetrics().elidedText(currentText(), Qt::ElideRight, area.width()));
 }

@@ -12,6 +12,8 @@
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/QtText.h"
 #include "vxctrl/SkinFont.h"
+#include "vxctrl/SkinPalette.h"
+#include "vxctrl/SkinPieces.h"
 #include "vxctrl/SkinText.h"
 
 namespace feedloom {
@@ -21,6 +23,7 @@ CVxDialog::CVxDialog(const Skin& skin, const char* titleKey, QWidget* parent, Qt
   setWindowTitle(titleKey ? SkinText(skin, titleKey)
                           : ToQString(skin.Config().GetCodePage(), skin.Config().GetAppTitle()));
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
+  setPalette(LoadSkinPalette(skin));
 }
 
 void CVxDialog::SetAlphaValue(int level) { setWindowOpacity(1.0 - level / double{kInvisible}); }
@@ -38,7 +41,9 @@ void CVxDialog::SetColorKey(const QColor& color) {
 // A mask is right on every desktop; a translucent ground is black where windows are not mixed.
 void CVxDialog::CutOut() {
   if (background_.isNull() || !colorKey_.isValid()) return;
-  setMask(background_.createMaskFromColor(colorKey_));
+  QPixmap ground = background_.scaled(SizeOf(background_));  // a mask has no finer pixels
+  ground.setDevicePixelRatio(1);
+  setMask(ground.createMaskFromColor(colorKey_));
 }
 
 CButtonEx* CVxDialog::MakeButton(const char* section, const char* imageKey, const char* textKey) {

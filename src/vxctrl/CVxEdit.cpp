@@ -26,11 +26,10 @@ class OneLine : public QValidator {
   }
 };
 
-QPalette ColorsOnSkin() {
+// The pieces are the ground.
+QPalette WithoutGround() {
   QPalette colors;
   colors.setColor(QPalette::Base, Qt::transparent);
-  colors.setColor(QPalette::Text, kSkinTextColor);
-  colors.setColor(QPalette::Disabled, QPalette::Text, kSkinDisabledTextColor);
   return colors;
 }
 
@@ -44,7 +43,7 @@ CVxEdit::CVxEdit(const Skin& skin, QWidget* parent)
   setValidator(new OneLine(this));
   if (pieces_.middle.isNull()) return;
   setFrame(false);
-  setPalette(ColorsOnSkin());
+  setPalette(WithoutGround());
   setTextMargins(SizeOf(pieces_.left).width(), 0, SizeOf(pieces_.right).width(), 0);
 }
 

@@ -8,6 +8,10 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "vxctrl/AccessibleRole.h"
+#include "vxctrl/RowAccess.h"
+#include "vxctrl/VxListHeader.h"
+
 namespace feedloom {
 namespace {
 
@@ -41,6 +45,9 @@ CVxListCtrl::CVxListCtrl(QWidget* parent) : QTreeView(parent) {
 }
 
 void CVxListCtrl::SetUpHeader() {
+  auto* const headings = new VxListHeader(this);
+  setHeader(headings);
+  connect(headings, &VxListHeader::KeyboardLeft, this, [this] { setFocus(); });
   header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   header()->setMinimumSectionSize(kNarrowestColumn);
   header()->setDefaultSectionSize(kFurtherColumnWidth);
@@ -53,9 +60,13 @@ void CVxListCtrl::SetUpHeader() {
   header()->setSortIndicatorShown(true);
   connect(header(), &QHeaderView::sortIndicatorChanged, this, &CVxListCtrl::SortRequested);
   QPalette colours = header()->palette();
-  const QColor menu = QApplication::palette("QMenu").color(QPalette::Window);
-  colours.setColor(QPalette::Button, menu);
-  colours.setColor(QPalette::Window, menu);
+  const QPalette menu = QApplication::palette("QMenu");
+  for (const auto role : {QPalette::Button, QPalette::Window}) {
+    colours.setColor(role, menu.color(QPalette::Window));
+  }
+  for (const auto role : {QPalette::ButtonText, QPalette::WindowText}) {
+    colours.setColor(role, menu.color(QPalette::WindowText));
+  }
   header()->setPalette(colours);
 }
 
@@ -79,6 +90,10 @@ std::vector<int> CVxListCtrl::SelectedRows() const {
 void CVxListCtrl::SetAnchor(int row) { anchor_ = model()->index(row, 0); }
 
 void CVxListCtrl::keyPressEvent(QKeyEvent* event) {
+  if (TakeRowTipKey(*this, *event)) return;
+  if (event->key() == Qt::Key_Up && event->modifiers() == Qt::AltModifier) {
+    return header()->setFocus(Qt::OtherFocusReason);
+  }
   const bool isShift =
       event->key() == Qt::Key_Shift || event->modifiers().testFlag(Qt::ShiftModifier);
   if (!isShift) anchor_ = QModelIndex();
@@ -96,7 +111,8 @@ void CVxListCtrl::SetClosed(bool isClosed) {
   if (isClosed != isEnabled()) return;
   if (isClosed) {
     Cover()->show();
-    if (window()->focusWidget() == this) cover_->setFocus();
+    QWidget* const focus = window()->focusWidget();
+    if (focus == this || isAncestorOf(focus)) cover_->setFocus();
     setEnabled(false);
   } else {
     setEnabled(true);
@@ -108,6 +124,8 @@ void CVxListCtrl::SetClosed(bool isClosed) {
 QWidget* CVxListCtrl::Cover() {
   if (!cover_) {
     cover_ = new QWidget(parentWidget());
+    SetAccessibleRole(*cover_, QAccessible::Pane);
+    cover_->setAccessibleName(accessibleName());
     cover_->setCursor(Qt::WaitCursor);
   }
   PlaceCover();
@@ -136,6 +154,17 @@ void CVxListCtrl::setSelection(const QRect& rect, QItemSelectionModel::Selection
   const bool isMoved = anchor_.isValid();
   QTreeView::setSelection(isMoved ? QRect(visualRect(anchor_).center(), rect.bottomRight()) : rect,
                           command);
+}
+
+void CVxListCtrl::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                              const QList<int>& roles) {
+  QTreeView::dataChanged(topLeft, bottomRight, roles);
+  TellChangedCells(*this, topLeft, bottomRight);
+}
+
+void CVxListCtrl::paintEvent(QPaintEvent* event) {
+  QTreeView::paintEvent(event);
+  DrawFocusWithoutRow(*this);
 }
 
 void CVxListCtrl::mousePressEvent(QMouseEvent* event) {

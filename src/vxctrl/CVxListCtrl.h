@@ -20,7 +20,7 @@ class VxListDelegate : public QStyledItemDelegate {
 
 // Shows any flat model. Several rows may be selected, always whole ones. The user may drag the
 // columns' widths, and ask for an order by clicks on the header: ascending by the column, then
-// descending, then none.
+// descending, then none. Alt+Up leads the keyboard to the header (VxListHeader.h) for the same.
 class CVxListCtrl : public QTreeView {
   Q_OBJECT
 
@@ -60,10 +60,13 @@ class CVxListCtrl : public QTreeView {
   void MenuRequested(const QPoint& place);
 
  protected:
+  void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                   const QList<int>& roles) override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
 

@@ -55,11 +55,11 @@ void CVxRadioButton::paintEvent(QPaintEvent* event) {
   painter.setOpacity(isPale ? kDisabledOpacity : 1.0);
   painter.drawPixmap(kMargin, (height() - size.height()) / 2, image);
   painter.setOpacity(1.0);
-  // The text lies on the window, not on the image, so its colour is the desktop's.
   painter.setPen(palette().color(foregroundRole()));
   painter.drawText(rect().adjusted(kMargin + size.width() + kTextGap, 0, 0, 0),
                    Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, text());
-  if (hasFocus()) DrawSkinFocus(painter, rect() & QRect(0, 0, sizeHint().width(), height()), 0);
+  if (!hasFocus()) return;
+  DrawSkinFocus(painter, palette(), rect() & QRect(0, 0, sizeHint().width(), height()), 0);
 }
 
 }  // namespace feedloom

@@ -54,7 +54,7 @@ void CVxSlider::paintEvent(QPaintEvent* event) {
   DrawThreePieces(painter, {0, (height() - grooveHeight) / 2, width(), grooveHeight}, groove_);
   painter.setOpacity(1.0);
   painter.drawPixmap(ThumbPlace().topLeft(), thumb_[State()]);
-  if (hasFocus()) DrawSkinFocus(painter, rect(), 0);
+  if (hasFocus()) DrawSkinFocus(painter, palette(), rect(), 0);
 }
 
 void CVxSlider::MoveThumbTo(int left) {

@@ -2,14 +2,13 @@
 
 #include <QPainter>
 
+#include "skin/Colors.h"
 #include "skin/Keys.h"
 #include "skin/Skin.h"
+#include "vxctrl/SkinPalette.h"
 
 namespace feedloom {
 namespace {
-
-constexpr QColor kGround(0xF4, 0xF7, 0xF8);
-constexpr QColor kLine(0x76, 0x8A, 0x8E);
 
 // The line around the view lies so far from the left, right and bottom edges.
 constexpr int kLineInset = 5;
@@ -17,7 +16,9 @@ constexpr int kLineInset = 5;
 }  // namespace
 
 PaneFrame LoadPaneFrame(const Skin& skin) {
-  return {.top = LoadThreePieces(skin, kSectionLeft, kImageLeftTopLeft, kImageLeftTopMiddle,
+  return {.ground = SkinColor(skin, kColorPaneGround),
+          .line = SkinColor(skin, kColorPaneLine),
+          .top = LoadThreePieces(skin, kSectionLeft, kImageLeftTopLeft, kImageLeftTopMiddle,
                                  kImageLeftTopRight),
           .left = LoadSkinImage(skin, kSectionLeft, kImageLeftMiddleLeft),
           .right = LoadSkinImage(skin, kSectionLeft, kImageLeftMiddleRight),
@@ -27,7 +28,9 @@ PaneFrame LoadPaneFrame(const Skin& skin) {
 
 PaneFrame LoadBrowserPaneFrame(const Skin& skin) {
   const auto piece = [&](const char* key) { return LoadSkinImage(skin, kSectionRightBottom, key); };
-  return {.top = {.left = {}, .middle = piece(kImageFrameTop), .right = {}},
+  return {.ground = SkinColor(skin, kColorPaneGround),
+          .line = SkinColor(skin, kColorPaneLine),
+          .top = {.left = {}, .middle = piece(kImageFrameTop), .right = {}},
           .left = piece(kImageFrameLeft),
           .right = piece(kImageFrameRight),
           .bottom = LoadThreePieces(skin, kSectionRightBottom, kImageFrameBottomLeft,
@@ -50,12 +53,12 @@ void DrawPaneFrame(QPainter& painter, const QRect& pane, int toolbarHeight,
   right.setWidth(SizeOf(frame.right).width());
   right.moveRight(pane.right());
 
-  painter.fillRect(pane, kGround);
+  painter.fillRect(pane, frame.ground);
   DrawThreePieces(painter, top, frame.top);
   painter.drawTiledPixmap(left, frame.left);
   painter.drawTiledPixmap(right, frame.right);
   DrawThreePieces(painter, bottom, frame.bottom);
-  painter.setPen(kLine);
+  painter.setPen(frame.line);
   painter.drawRect(ViewArea(pane, toolbarHeight).adjusted(-1, -1, 0, 0));
 }
 

@@ -6,6 +6,8 @@
 namespace feedloom {
 
 struct PaneFrame {
+  QColor ground;
+  QColor line;      // around the view
   ThreePieces top;  // behind the toolbar
   QPixmap left;
   QPixmap right;

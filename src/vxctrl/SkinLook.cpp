@@ -6,17 +6,12 @@
 #include "vxctrl/SkinPieces.h"
 
 namespace feedloom {
-namespace {
 
-constexpr QColor kFocusColor(0x2F, 0x7F, 0xB8);
-
-}  // namespace
-
-void DrawSkinFocus(QPainter& painter, const QRect& area, int inset) {
+void DrawSkinFocus(QPainter& painter, const QPalette& palette, const QRect& area, int inset) {
   const double margin = inset + 0.5;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(kFocusColor);
+  painter.setPen(palette.color(QPalette::Link));
   painter.drawRoundedRect(QRectF(area).adjusted(margin, margin, -margin, -margin), 2, 2);
   painter.restore();
 }
@@ -26,7 +21,7 @@ void DrawSkinField(QPainter& painter, const QWidget& field, const ThreePieces& p
   if (!field.isEnabled()) painter.setOpacity(kDisabledOpacity);
   DrawThreePieces(painter, field.rect(), pieces);
   painter.restore();
-  if (field.hasFocus()) DrawSkinFocus(painter, field.rect(), 1);
+  if (field.hasFocus()) DrawSkinFocus(painter, field.palette(), field.rect(), 1);
 }
 
 }  // namespace feedloom

@@ -1,6 +1,8 @@
 #include "vxctrl/SkinPieces.h"
 
 #include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
 #include <QPainter>
 
 #include "platform/Text.h"
@@ -16,11 +18,23 @@ void DrawMiddle(QPainter& painter, const QRect& area, const QPixmap& piece) {
   painter.drawTiledPixmap(area, fits ? piece : piece.scaled(size));
 }
 
+QPixmap ImageOf(const std::string& path) {
+  return QPixmap(SharpestFile(QFile::decodeName(path.c_str())));
+}
+
 }  // namespace
+
+QString SharpestFile(const QString& path) {
+  if (qGuiApp->devicePixelRatio() <= 1) return path;
+  const QFileInfo file(path);
+  const QString finer =
+      QStringLiteral("%1/%2@2x.%3").arg(file.path(), file.completeBaseName(), file.suffix());
+  return QFileInfo::exists(finer) ? finer : path;
+}
 
 QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key) {
   if (skin.GetSkinValue(section, key).empty()) return {};
-  return QPixmap(QFile::decodeName(skin.GetImagePath(section, key).c_str()));
+  return ImageOf(skin.GetImagePath(section, key));
 }
 
 StateImages LoadStateImages(const Skin& skin, const char* section, const char* key) {
@@ -32,7 +46,7 @@ StateImages LoadStateImages(const std::string& imagePath) {
   StateImages images;
   const auto paths = ButtonImagePaths(imagePath);
   for (std::size_t state = 0; state < paths.size(); ++state) {
-    images[state] = QPixmap(QFile::decodeName(paths[state].c_str()));
+    images[state] = ImageOf(paths[state]);
     if (images[state].isNull()) images[state] = images[kButtonNormal];
   }
   return images;

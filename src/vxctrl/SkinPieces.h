@@ -13,6 +13,10 @@ namespace feedloom {
 
 class Skin;
 
+// The image file to take for this screen: "x@2x.png" beside "x.png", with four pixels for one,
+// where a screen shows more than one for each of the toolkit's; else `path`.
+QString SharpestFile(const QString& path);
+
 // The image that the host names under this key; a null pixmap when there is none.
 QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key);
 

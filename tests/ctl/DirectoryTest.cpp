@@ -85,7 +85,7 @@ class Directory : public CtlFixture {
   }
 
   void PointTo(const std::string& address) {
-    std::ifstream shipped(ShippedShareDir() + "/string.ini");
+    std::ifstream shipped(ShareDir() + "/string.ini");
     const std::string texts{std::istreambuf_iterator<char>(shipped), {}};
     folder_.Write("string.ini", ReplaceAll(texts, "http://127.0.0.1:8930/search", address));
     ASSERT_NE(folder_.Read("string.ini").find(address), std::string::npos);

@@ -1,6 +1,7 @@
 // A module that tells on stdout, a line each, what its host does with it. FAKE_MODULE=null makes
-// its Create fail.
+// its Create fail; FAKE_MODULE_CHOOSES names an entry of the host's menu that it chooses once.
 
+#include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
@@ -42,11 +43,19 @@ class FakeFrame : public QWidget {
   void showEvent(QShowEvent*) override {
     Show(Qt::red);
     // The host's own work at start comes first.
-    QTimer::singleShot(0, this, [this] { QTimer::singleShot(0, this, [] { Tell("idle"); }); });
+    QTimer::singleShot(0, this, [this] { QTimer::singleShot(0, this, &FakeFrame::BeIdle); });
   }
   void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), page_); }
 
  private:
+  void BeIdle() {
+    Tell("idle");
+    const QString entry = QString::fromUtf8(qgetenv("FAKE_MODULE_CHOOSES"));
+    qunsetenv("FAKE_MODULE_CHOOSES");
+    for (QAction* action : window()->findChildren<QAction*>()) {
+      if (action->text() == entry) action->trigger();
+    }
+  }
   void Show(Qt::GlobalColor page) {
     page_ = page;
     update();

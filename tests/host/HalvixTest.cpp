@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <filesystem>
+#include <utility>
 
 #include "host/HalvixFixture.h"
 #include "platform/Registry.h"
@@ -35,10 +36,11 @@ TEST_F(HalvixTest, TellsItsOptionsAndItsVersion) {
 
 TEST_F(HalvixTest, MakesAProfileAndRefreshesItsChannelsOnce) {
   UseFakeModule();
-  EXPECT_EQ(RunOnce({"--lang", "eng", "--code-page", "utf-8"}),
-            "loaded early\ntext &Quit\nskin rss_html/main.html\nmessage 307c\nidle\ndestroyed\n");
+  EXPECT_EQ(
+      RunOnce({"--lang", "eng", "--code-page", "utf-8"}),
+      "loaded early\ntext &Quit\nskin rss_html/main_ENG.html\nmessage 307c\nidle\ndestroyed\n");
   EXPECT_EQ(RegistryText(kValueCodePage), "UTF-8");
-  EXPECT_EQ(RunOnce(), "loaded early\ntext &Quit\nskin rss_html/main.html\nidle\ndestroyed\n");
+  EXPECT_EQ(RunOnce(), "loaded early\ntext &Quit\nskin rss_html/main_ENG.html\nidle\ndestroyed\n");
 }
 
 TEST_F(HalvixTest, ChangesTheLanguageOfAProfileButNotItsCodePage) {
@@ -49,6 +51,27 @@ TEST_F(HalvixTest, ChangesTheLanguageOfAProfileButNotItsCodePage) {
                 {"--lang", "KOR", "--code-page", "EUC-KR"});
   EXPECT_TRUE(RunOnce().contains("text &Quit\n"));
   EXPECT_TRUE(RunOnce({"--lang", "kor"}).contains("text 끝내기(&Q)\n"));
+}
+
+TEST_F(HalvixTest, IsShownAnewInTheLooksThatTheMenuOffers) {
+  UseFakeModule();
+  RunOnce({"--code-page", "UTF-8"});
+  for (const auto& [entry, told] : {std::pair{"어두운 화면(&D)", "text 끝내기(&Q)\n"},
+                                    std::pair{"English(&E)", "text &Quit\n"}}) {
+    qputenv("FAKE_MODULE_CHOOSES", entry);
+    const auto halvix = Start();
+    qunsetenv("FAKE_MODULE_CHOOSES");
+    ASSERT_TRUE(halvix->WaitForLine("destroyed")) << entry;
+    halvix->Signal(SIGTERM);  // between the two windows, or later
+    const QString out = halvix->Finish().out;
+    EXPECT_TRUE(out.contains(QString("idle\ndestroyed\nloaded early\n") + told))
+        << entry << '\n'
+        << out.toStdString();
+    EXPECT_TRUE(out.endsWith("destroyed\n"));
+  }
+  EXPECT_EQ(RegistryText(kValueImageDir), ShareDir() + "/skin/dark");
+  EXPECT_EQ(RegistryText(kValueCurrentPath), ShareDir() + "/skin/dark");
+  EXPECT_EQ(RegistryText(kValueLanguage), "ENG");
 }
 
 TEST_F(HalvixTest, IsAloneOnItsProfileButForTheCommandLine) {

@@ -21,6 +21,7 @@
 #include "kit/ShippedSkin.h"
 #include "profile/HostTexts.h"
 #include "profile/IniFile.h"
+#include "profile/Profile.h"
 #include "shell/Feedloom.h"
 #include "skin/Keys.h"
 
@@ -115,6 +116,17 @@ TEST_F(HostWindowTest, TheMenuCommandsTheModule) {
   EXPECT_EQ(closing.count(), 1);
 }
 
+TEST_F(HostWindowTest, OffersOtherLooksThanThoseOfNow) {
+  window_ = std::make_unique<HostWindow>("Halvix", HostLooks{"dark", "KOR"});
+  std::vector<HostLooks> chosen;
+  QObject::connect(window_.get(), &HostWindow::LooksChosen, window_.get(),
+                   [&](const HostLooks& looks) { chosen.push_back(looks); });
+  for (const char* entry : {"어두운 화면(&D)", "한국어(&K)", "밝은 화면(&L)", "English(&E)"}) {
+    Choose(entry);
+  }
+  EXPECT_EQ(chosen, (std::vector<HostLooks>{{"light", "KOR"}, {"dark", "ENG"}}));
+}
+
 TEST_F(HostWindowTest, TheFrameFillsTheWindowAndHasTheFocus) {
   EXPECT_EQ(frame_->width(), window_->width());
   EXPECT_EQ(window_->focusWidget(), frame_);
@@ -172,7 +184,7 @@ TEST(HostTextKeysTest, EachHasATextInBothLanguages) {
 #include "skin/HostTextKeys.def"
 #undef FEEDLOOM_HOST_TEXT
   };
-  const IniFile ini = IniFile::Read(ShippedShareDir() + "/string.ini");
+  const IniFile ini = IniFile::Read(ShareDir() + "/string.ini");
   for (const char* key : kKeys) {
     for (const char* section : {"HALVIX", "HALVIX.ENG"}) {
       const std::string text = ini.Value(section, key).value_or("");

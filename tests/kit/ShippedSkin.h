@@ -4,6 +4,7 @@
 #include <string>
 
 #include "kit/TempFolder.h"
+#include "profile/SharePaths.h"
 #include "skin/Skin.h"
 
 namespace feedloom {
@@ -12,10 +13,10 @@ namespace feedloom {
 std::string ShippedShareDir();
 
 // Has the skin written down in a registry of its own, in `language` ("KOR", "ENG"), with texts in
-// the Korean code page.
+// the Korean code page, and the images and colours of one of the skins.
 class ShippedSkin {
  public:
-  explicit ShippedSkin(const std::string& language = "KOR");
+  explicit ShippedSkin(const std::string& language = "KOR", const std::string& skin = kLightSkin);
 
   const Skin& Get() const { return skin_; }
   // Gives the host's configuration this value (UTF-8) from now on.

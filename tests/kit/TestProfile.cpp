@@ -6,12 +6,13 @@
 
 #include "kit/ShippedSkin.h"
 #include "profile/HostTexts.h"
+#include "profile/Profile.h"
 
 namespace feedloom {
 
 TestProfile::TestProfile(CodePage codePage, const std::string& language)
     : paths_(folder_.File("profile")) {
-  EXPECT_EQ(CreateProfile(paths_.dir, ShippedShareDir(), codePage, language), Failure());
+  EXPECT_EQ(CreateProfile(paths_.dir, ShareDir(), codePage, language), Failure());
 }
 
 HostLookup TestProfile::Lookup() const { return ReadHostTexts(HostConfig(TheRegistry())); }

@@ -9,8 +9,10 @@
 #include "kit/TempFolder.h"
 #include "platform/UrlDownload.h"
 #include "platform/XmlDom.h"
+#include "profile/FirstChoices.h"
 #include "profile/HostTexts.h"
 #include "profile/Profile.h"
+#include "profile/SharePaths.h"
 #include "skin/HostConfig.h"
 #include "skin/Keys.h"
 
@@ -96,8 +98,8 @@ TEST_F(ProfileTest, TheRegistryNamesThePlacesAndTheLanguage) {
   EXPECT_EQ(config.GetHostLanguage(), "ENG");
   EXPECT_EQ(config.GetAppTitle(), "Halvix 3.0");
   EXPECT_EQ(config.GetWorkDir(), paths_.workDir);
-  EXPECT_EQ(config.GetImageDir(), ShareDir() + "/skin/");
-  EXPECT_EQ(config.GetCurrentPath(), ShareDir());
+  EXPECT_EQ(config.GetImageDir(), ShareDir() + "/skin/light/");
+  EXPECT_EQ(config.GetCurrentPath(), ShareDir() + "/skin/light");
   EXPECT_EQ(ReadHostTexts(config).HostGetText(kSectionTexts, kTextScrapTooltip),
             "Save to a cabinet");
   EXPECT_EQ(ReadHostTexts(config).HostGetText(kSectionTexts, kTextUrlScheme), "http");
@@ -219,12 +221,41 @@ TEST_F(ProfileTest, SharedPathsAreRepairedOnceTheyAreGone) {
   EXPECT_EQ(RepairSharePaths(paths_.dir, share), "There is no directory '" + share + "'.");
   EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt);
   EXPECT_EQ(Config().GetIniDir(), ShareDir() + "/");
-  EXPECT_EQ(Config().GetImageDir(), ShareDir() + "/skin/");
-  EXPECT_EQ(Config().GetCurrentPath(), ShareDir());
+  EXPECT_EQ(Config().GetImageDir(), ShareDir() + "/skin/light/");
+  EXPECT_EQ(Config().GetCurrentPath(), ShareDir() + "/skin/light");
   EXPECT_EQ(Config().GetWorkDir(), paths_.workDir);
+
+  ASSERT_EQ(ChooseSkin(paths_.dir, ShareDir(), kDarkSkin), std::nullopt);
+  ASSERT_TRUE(Registry(paths_.registry).WriteString(kHostKey, kValueIniDir, share));
+  EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt);
+  EXPECT_EQ(SkinName(Config()), kDarkSkin) << "the skin stays";
+  EXPECT_EQ(Config().GetIniDir(), ShareDir() + "/");
+
+  ASSERT_TRUE(Registry(paths_.registry).WriteString(kHostKey, kValueImageDir, folder_.Path()));
+  EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt);
+  EXPECT_EQ(SkinName(Config()), kLightSkin) << "there was none in that directory";
+  EXPECT_TRUE(ChooseSkin(paths_.dir, ShareDir(), "sepia"));
+  EXPECT_EQ(SkinName(Config()), kLightSkin);
 
   folder_.Write("deep/내 프로필/registry.reg", "not a registry");
   EXPECT_TRUE(RepairSharePaths(paths_.dir, ShareDir()));
+}
+
+TEST(FirstChoicesTest, FollowTheUsersLocale) {
+  const auto languageIn = [](const char* all, const char* messages, const char* lang) {
+    setenv("LC_ALL", all, 1);
+    setenv("LC_MESSAGES", messages, 1);
+    setenv("LANG", lang, 1);
+    return FirstLanguage();
+  };
+  EXPECT_EQ(languageIn("", "", "ko_KR.UTF-8"), "KOR");
+  EXPECT_EQ(languageIn("", "", "de_DE.UTF-8@euro"), "ENG");
+  EXPECT_EQ(languageIn("", "en_US", "ko_KR"), "ENG");
+  EXPECT_EQ(languageIn("ko", "en_US", "en_US"), "KOR");
+  EXPECT_EQ(languageIn("", "", ""), "KOR") << "no locale";
+  EXPECT_EQ(languageIn("C.UTF-8", "", "en_US"), "KOR");
+  EXPECT_EQ(FirstCodePage("kor"), CodePage::Korean());
+  EXPECT_EQ(FirstCodePage("ENG"), CodePage::Utf8());
 }
 
 TEST(DefaultProfileDirTest, FollowsTheDesktopsDataDirectory) {

@@ -139,7 +139,7 @@ TEST_F(FrameDialogs, TheHostOpensTheControlPanelWhichIsStoredAndAppliedAtOnce) {
     Find<QAbstractButton>(panel, "새글 알림").click();
     Find<QRadioButton>(panel, "알리지 않음").click();
     Find<QRadioButton>(panel, "원문 페이지로 봅니다.").click();
-    Find<QLineEdit>(panel, "글을 남겨 둘 날수").setText("30");
+    Find<QLineEdit>(panel, "글을 남겨 둘 일수").setText("30");
     QTest::keyClick(&panel, Qt::Key_Return);
     EXPECT_FALSE(panel.isVisible());
   });

@@ -10,10 +10,13 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "kit/ShippedSkin.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
+#include "skin/Colors.h"
 #include "skin/KeyTable.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
@@ -25,7 +28,7 @@ using Keys = std::set<std::string>;
 using Section = std::map<std::string, std::string>;
 
 // A shipped file's values, by section and key; each stands there once.
-std::map<std::string, Section> SectionsOf(const char* file) {
+std::map<std::string, Section> SectionsOf(const std::string& file) {
   std::ifstream lines(JoinPath(ShippedShareDir(), file));
   std::map<std::string, Section> sections;
   std::string section;
@@ -72,9 +75,51 @@ bool IsFont(const std::string& value) {
   return comma != std::string::npos && comma > 0 && IsNumber(Trim(value.substr(comma + 1)));
 }
 
+// A number in an image file's head.
+unsigned NumberAt(const std::string& head, std::size_t at, std::size_t size, bool isLargestFirst) {
+  unsigned number = 0;
+  for (std::size_t i = 0; i < size; ++i) {
+    const std::size_t place = at + (isLargestFirst ? i : size - 1 - i);
+    number = number * 256 + static_cast<unsigned char>(head.at(place));
+  }
+  return number;
+}
+
+using Size = std::pair<unsigned, unsigned>;
+
+Size SizeOf(const std::string& path) {
+  std::string head(26, '\0');
+  std::ifstream(path, std::ios::binary)
+      .read(head.data(), static_cast<std::streamsize>(head.size()));
+  if (path.ends_with(".gif")) return {NumberAt(head, 6, 2, false), NumberAt(head, 8, 2, false)};
+  if (path.ends_with(".bmp")) return {NumberAt(head, 18, 4, false), NumberAt(head, 22, 4, false)};
+  return {NumberAt(head, 16, 4, true), NumberAt(head, 20, 4, true)};
+}
+
+std::string WithEnding(const std::string& path, const char* ending) {
+  return std::string(path).insert(path.rfind('.'), ending);
+}
+
+bool IsDrawn(const std::string& path) { return path.ends_with(".svg"); }  // sharp in any size
+
+// The image once more for screens with twice as many pixels.
+bool HasBothSizes(const std::string& path) {
+  if (!IsFile(path) || IsDrawn(path)) return IsFile(path);
+  const auto [width, height] = SizeOf(path);
+  return width > 0 && SizeOf(WithEnding(path, "@2x")) == Size(2 * width, 2 * height);
+}
+
+// The image files under this key, without those of the second size.
+std::vector<std::string> ImagesOf(const Skin& skin, const SkinKey& entry) {
+  const std::string path = skin.GetImagePath(entry.section, entry.key);
+  if (entry.kind == SkinValueKind::ImageWithoutF) return {path + "f"};
+  if (entry.kind != SkinValueKind::Button) return {path};
+  return {path, WithEnding(path, "_hover"), WithEnding(path, "_pressed"),
+          WithEnding(path, "_disabled")};
+}
+
 bool IsSound(const Skin& skin, const SkinKey& entry) {
   const std::string value = skin.GetSkinValue(entry.section, entry.key);
-  const std::string path = skin.GetImagePath(entry.section, entry.key);
   switch (entry.kind) {
     case SkinValueKind::Number:
       return IsNumber(value) && ParseInt(value) > 0;
@@ -82,15 +127,47 @@ bool IsSound(const Skin& skin, const SkinKey& entry) {
       return IsArea(ParseSkinRect(value));
     case SkinValueKind::Font:
       return IsFont(value);
-    case SkinValueKind::ImageWithoutF:
-      return IsFile(path + "f");
     case SkinValueKind::File:
+      return !value.empty() && IsFile(skin.GetImagePath(entry.section, entry.key));
+    case SkinValueKind::ImageWithoutF:
     case SkinValueKind::Image:
     case SkinValueKind::Button:
       break;
   }
-  return !value.empty() && IsFile(path);
+  return !value.empty() && std::ranges::all_of(ImagesOf(skin, entry), HasBothSizes);
 }
+
+using Files = std::set<std::string>;
+
+void AddBothSizes(Files& files, const std::string& path) {
+  files.insert(path);
+  if (!IsDrawn(path)) files.insert(WithEnding(path, "@2x"));
+}
+
+bool NamesFile(SkinValueKind kind) {
+  return kind == SkinValueKind::File || kind == SkinValueKind::Image ||
+         kind == SkinValueKind::ImageWithoutF || kind == SkinValueKind::Button;
+}
+
+// What a page of the skin takes in, by its attributes.
+Files FilesOfPage(const std::string& page) {
+  std::ifstream file(page);
+  const std::string text(std::istreambuf_iterator<char>(file), {});
+  Files files;
+  for (const std::string attribute : {" src=\"", " href=\""}) {
+    for (auto at = text.find(attribute); at != text.npos; at = text.find(attribute, at + 1)) {
+      const auto begin = at + attribute.size();
+      const std::string name = text.substr(begin, text.find('"', begin) - begin);
+      files.insert((std::filesystem::path(page).parent_path() / name).lexically_normal());
+    }
+  }
+  return files;
+}
+
+// What the module finds without asking the host for a name.
+constexpr std::array kNamedByPath = {"Image/Skyfold_image/announce_bg.bmp",
+                                     "Image/Skyfold_image/new_ani01.gif",
+                                     "Image/Image_KOR/Skyfold_image/new_ani01.gif"};
 
 TEST(KeysTest, EachTextIsThereInBothLanguagesAndNoOther) {
   auto sections = SectionsOf("string.ini");
@@ -140,20 +217,65 @@ TEST(KeysTest, EnglishIsNotKoreanAndBothHoldTheSamePlaces) {
 
 TEST(KeysTest, EachSkinValueIsThereAndSound) {
   for (const char* language : {"KOR", "ENG"}) {
-    const ShippedSkin shipped(language);
-    for (const SkinKey& entry : SkinKeys()) {
-      EXPECT_TRUE(IsSound(shipped.Get(), entry))
-          << language << " " << entry.section << " " << entry.key << " = "
-          << shipped.Get().GetSkinValue(entry.section, entry.key);
+    for (const char* name : {kLightSkin, kDarkSkin}) {
+      const ShippedSkin shipped(language, name);
+      for (const SkinKey& entry : SkinKeys()) {
+        EXPECT_TRUE(IsSound(shipped.Get(), entry))
+            << language << " " << name << " " << entry.section << " " << entry.key << " = "
+            << shipped.Get().GetSkinValue(entry.section, entry.key);
+      }
     }
   }
 }
 
+// Besides, a section "[X.ENG]" says what differs from "[X]" in a language.
 TEST(KeysTest, TheSkinHoldsNoValueThatNobodyAsksFor) {
   std::map<std::string, Keys> known;
   for (const SkinKey& entry : SkinKeys()) known[entry.section].insert(entry.key);
   for (const auto& [name, section] : SectionsOf("image.ini")) {
-    EXPECT_EQ(KeysOf(section), known[name]) << name;
+    const auto dot = name.find('.');
+    const Keys keys = KeysOf(section);
+    if (dot == name.npos) {
+      EXPECT_EQ(keys, known[name]) << name;
+    } else {
+      EXPECT_TRUE(std::ranges::includes(known[name.substr(0, dot)], keys)) << name;
+    }
+  }
+}
+
+TEST(KeysTest, ASkinHasEachColorAndNoOther) {
+  Keys known;
+  for (const ColorKey& color : ColorKeys()) known.insert(color.key);
+  for (const char* name : {kLightSkin, kDarkSkin}) {
+    const std::string file = JoinPath(JoinPath("skin", name), kSkinIni);
+    EXPECT_EQ(KeysOf(SectionsOf(file)[kSectionColors]), known) << name;
+  }
+  const ShippedSkin light("KOR", kLightSkin);
+  for (const ColorKey& color : ColorKeys()) {
+    EXPECT_EQ(GetColor(light.Get(), color), color.builtIn) << color.key;
+  }
+}
+
+TEST(KeysTest, ASkinHoldsTheFilesThatSomebodyUsesAndNoOther) {
+  for (const char* name : {kLightSkin, kDarkSkin}) {
+    const std::string dir = JoinPath(JoinPath(ShippedShareDir(), "skin"), name);
+    Files used = {JoinPath(dir, kSkinIni)};
+    for (const char* path : kNamedByPath) AddBothSizes(used, JoinPath(dir, path));
+    for (const char* language : {"KOR", "ENG"}) {
+      const ShippedSkin shipped(language, name);
+      used.merge(FilesOfPage(shipped.Get().GetImagePath(kSectionHtml, kImageMainPage)));
+      for (const SkinKey& entry : SkinKeys()) {
+        if (!NamesFile(entry.kind)) continue;
+        for (const std::string& path : ImagesOf(shipped.Get(), entry)) {
+          entry.kind == SkinValueKind::File ? void(used.insert(path)) : AddBothSizes(used, path);
+        }
+      }
+    }
+    Files there;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(dir)) {
+      if (entry.is_regular_file()) there.insert(entry.path());
+    }
+    EXPECT_EQ(there, used) << name;
   }
 }
 

@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "kit/TempFolder.h"
+#include "skin/Colors.h"
 #include "skin/Keys.h"
 #include "skin/Skin.h"
 
@@ -51,6 +52,14 @@ TEST_F(SkinTest, AnImagePathIsTheValueInTheImageDirectory) {
   SetImageDir("/집/skin/");
   const std::string korean = CodePage::Korean().FromUtf8("그림.png");
   EXPECT_EQ(SkinWith(korean).GetImagePath("S", "K"), "/집/skin/그림.png");
+}
+
+TEST_F(SkinTest, AColorIsTheHostsOrElseTheBuiltInOne) {
+  EXPECT_EQ(GetColor(SkinWith("#1B2328"), kColorTreeGround), 0x1B2328u);
+  EXPECT_EQ(GetColor(SkinWith("#aBcDeF"), kColorTreeGround), 0xABCDEFu);
+  for (const char* value : {"", "1B2328", "#1B232", "#1B23288", "#1B232G", "dark"}) {
+    EXPECT_EQ(GetColor(SkinWith(value), kColorTreeGround), 0xE4F3FFu) << value;
+  }
 }
 
 TEST_F(SkinTest, ARectangleIsEmptiedBeforeItIsRead) {

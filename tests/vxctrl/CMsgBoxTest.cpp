@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QScreen>
@@ -64,6 +65,13 @@ class CMsgBoxTest : public testing::Test {
   const ShippedSkin shipped_{"ENG"};
   QWidget parent_;
 };
+
+TEST_F(CMsgBoxTest, AScreenReaderIsToldTheText) {
+  CMsgBox box(shipped_.Get(), "Delete it?", MsgBoxKind::YesNo, nullptr);
+  const auto* const node = QAccessible::queryAccessibleInterface(&box);
+  EXPECT_EQ(node->role(), QAccessible::AlertMessage);
+  EXPECT_EQ(node->text(QAccessible::Description), "Delete it?");
+}
 
 TEST_F(CMsgBoxTest, TheKindChoosesTheButtons) {
   const auto buttons = [&](const ShippedSkin& shipped, MsgBoxKind kind) {

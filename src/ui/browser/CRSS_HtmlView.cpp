@@ -30,12 +30,14 @@ class CRSS_HtmlView::Engine {
  public:
   explicit Engine(Asking asking)
       : crashPage(std::move(asking.crashPage)),
+        styleSheet(std::move(asking.styleSheet)),
         scheme(std::move(asking.skinDir), nullptr),
         downloads(profile, WhenWanted(std::move(asking.downloadPlace)), nullptr),
         page(&profile, scheme.Pages(), nullptr) {
     profile.installUrlSchemeHandler(kPageScheme, &scheme);
     view.setPage(&page);
     view.setWindowTitle(QStringLiteral("Web Browser"));
+    view.setAccessibleName(view.windowTitle());
     // The engine's own menu offers what the pane cannot do.
     view.setContextMenuPolicy(Qt::CustomContextMenu);
   }
@@ -48,6 +50,7 @@ class CRSS_HtmlView::Engine {
   }
 
   const std::function<QByteArray(const QUrl& crashed)> crashPage;
+  const std::function<QString()> styleSheet;
   std::unique_ptr<QPrinter> printer;  // while it prints
   PageSchemeHandler scheme;
   QWebEngineProfile profile;
@@ -108,8 +111,9 @@ void CRSS_HtmlView::Navigate(const QUrl& url) {
 
 void CRSS_HtmlView::WritePageToBrowser(const PageToWrite& page) {
   if (page.html.isEmpty()) return;
-  const GeneratedPage generated = {WithContentPolicy(page.html, page.kind, page.showsRemoteImages),
-                                   page.kind, page.source};
+  const GeneratedPage generated = {
+      WithHead(page.html, page.kind, page.showsRemoteImages, engine_->styleSheet()), page.kind,
+      page.source};
   // A process of its own for a large page, so that the way back does not wait for it either.
   if (IsLarge(generated)) ++engine_->host;
   Navigate(GeneratedPageUrl(engine_->scheme.Pages().Add(generated)));

@@ -42,6 +42,8 @@ class CRSS_HtmlView : public QWidget {
     // What to show when the engine's process for a page has come to an unexpected end: HTML in
     // UTF-8, with a link to that page's address.
     std::function<QByteArray(const QUrl& crashed)> crashPage;
+    // The file in that directory from which generated pages take their colours; empty: none.
+    std::function<QString()> styleSheet = [] { return QString(); };
     AskPlace downloadPlace;
   };
   // Each is asked whenever it is needed.

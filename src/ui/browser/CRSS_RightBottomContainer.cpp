@@ -26,9 +26,15 @@ QString FilePath(const std::string& path) {
   return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
+QString StyleSheet(const Skin& skin) {
+  if (skin.GetSkinValue(kSectionHtml, kFilePageStyle).empty()) return {};
+  return FilePath(skin.GetImagePath(kSectionHtml, kFilePageStyle));
+}
+
 CRSS_HtmlView::Asking WhomToAsk(Frame& frame) {
   return {.skinDir = [&frame] { return FilePath(frame.TheSkin().Config().GetImageDir()); },
           .crashPage = [&frame](const QUrl& crashed) { return MakeCrashPage(frame, crashed); },
+          .styleSheet = [&frame] { return StyleSheet(frame.TheSkin()); },
           .downloadPlace =
               [&frame](const QString& name) {
                 const auto ask = frame.TheActions().askDownloadPlace;
@@ -38,7 +44,11 @@ CRSS_HtmlView::Asking WhomToAsk(Frame& frame) {
 
 }  // namespace
 
-void PrepareBrowser() { RegisterPageScheme(); }
+void PrepareBrowser() {
+  // On this system the engine shows a screen reader its pages only when it is asked to.
+  qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
+  RegisterPageScheme();
+}
 
 CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* parent)
     : QWidget(parent),

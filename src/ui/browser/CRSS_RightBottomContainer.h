@@ -21,8 +21,8 @@ enum BrowserCommand : int;
 struct AnnouncedFeeds;
 struct PageToWrite;
 
-// Once a process, before the engine starts: makes it know the addresses of the module's own pages.
-// A second call does nothing.
+// Once a process, before the engine starts: makes it know the addresses of the module's own pages,
+// and show pages to screen readers. A second call does nothing.
 void PrepareBrowser();
 
 // Interface thread.

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "skin/Keys.h"
+#include "vxctrl/AccessibleRole.h"
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/CVxEdit.h"
 #include "vxctrl/SkinFont.h"
@@ -54,6 +55,8 @@ CRSS_RightBottomToolBarWnd::CRSS_RightBottomToolBarWnd(const Skin& skin, QWidget
       background_(LoadThreePieces(skin, kSectionRightBottom, kImageRightBottomLeft,
                                   kImageRightBottomMiddle, kImageRightBottomRight)) {
   setObjectName("RSS_RightBottomToolBar");
+  SetAccessibleRole(*this, QAccessible::ToolBar);
+  setAccessibleName(SkinText(skin, kTextRightBottomToolBar));
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
   for (const ButtonKeys& keys : kButtons) {
     if (keys.command == kFirstBehindAddress) address_ = MakeAddress(skin, this);

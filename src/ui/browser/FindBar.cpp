@@ -5,13 +5,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QStyle>
 #include <QToolButton>
 
 #include "skin/Keys.h"
+#include "vxctrl/AccessibleRole.h"
 #include "vxctrl/CVxEdit.h"
 #include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinLook.h"
 #include "vxctrl/SkinText.h"
 
 namespace feedloom {
@@ -45,14 +44,6 @@ QToolButton* MakeButton(const QString& name, QWidget* parent) {
   return button;
 }
 
-QPalette ColorsOnSkin() {
-  QPalette colors;
-  for (const auto role : {QPalette::WindowText, QPalette::ButtonText}) {
-    colors.setColor(role, kSkinTextColor);
-  }
-  return colors;
-}
-
 }  // namespace
 
 FindBar::FindBar(const Skin& skin, QWidget* parent)
@@ -62,9 +53,10 @@ FindBar::FindBar(const Skin& skin, QWidget* parent)
                                   kImageRightBottomMiddle, kImageRightBottomRight)),
       word_(MakeWord(skin, this)),
       result_(new QLabel(this)) {
+  SetAccessibleRole(*this, QAccessible::ToolBar);
+  setAccessibleName(word_->accessibleName());
   hide();
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
-  if (!background_.middle.isNull()) setPalette(ColorsOnSkin());
   result_->setTextFormat(Qt::PlainText);
   result_->setMinimumWidth(1);  // a narrow pane cuts it, not the buttons
   LayOut();
@@ -83,7 +75,7 @@ void FindBar::LayOut() {
   next->setArrowType(Qt::DownArrow);
   connect(next, &QAbstractButton::clicked, this, [this] { Ask(false); });
   auto* const close = MakeButton(SkinText(skin_, kTextFindClose), this);
-  close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+  close->setText(QChar(0xD7));  // a cross: the desktop's icon may not be seen on the skin
   connect(close, &QAbstractButton::clicked, this, &FindBar::Close);
 
   auto* const row = new QHBoxLayout(this);

@@ -9,7 +9,8 @@ constexpr char kPageHost[] = "page";
 
 // Behind these comes what a kind of page may load. Styles may stand in the text.
 constexpr char kPolicy[] =
-    "default-src 'none'; base-uri 'none'; form-action 'none'; style-src 'unsafe-inline'; ";
+    "default-src 'none'; base-uri 'none'; form-action 'none'; "
+    "style-src 'unsafe-inline' feedloom:; ";
 constexpr char kAnyImages[] = "img-src feedloom: http: https: data:";
 constexpr char kOwnImages[] = "img-src feedloom: data:";
 // The player embeds its media file as an object, which the engine makes a frame.
@@ -53,14 +54,19 @@ QString SkinFile(const QUrl& url, const QString& skinDir) {
   return inside && QFileInfo(path).isFile() ? path : QString();
 }
 
-QByteArray WithContentPolicy(const QByteArray& html, PageKind kind, bool showsRemoteImages) {
+QByteArray WithHead(const QByteArray& html, PageKind kind, bool showsRemoteImages,
+                    const QString& styleSheet) {
   const QByteArray head = "<head>";
   const qsizetype begin = html.indexOf(head);
   const qsizetype at = begin < 0 ? 0 : begin + head.size();
   const char* const images = showsRemoteImages ? kAnyImages : kOwnImages;
   const QByteArray policy = QByteArray(kPolicy) + (kind == PageKind::Player ? kMedia : images);
-  return QByteArray(html).insert(
-      at, "<meta http-equiv=\"Content-Security-Policy\" content=\"" + policy + "\">");
+  QByteArray added = "<meta http-equiv=\"Content-Security-Policy\" content=\"" + policy + "\">";
+  if (kind != PageKind::Player && !styleSheet.isEmpty()) {
+    const QByteArray path = SkinFileUrl(styleSheet).path(QUrl::FullyEncoded).toUtf8();
+    added += "<link rel=\"stylesheet\" href=\"" + path + "\">";
+  }
+  return QByteArray(html).insert(at, added);
 }
 
 }  // namespace feedloom

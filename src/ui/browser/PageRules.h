@@ -39,7 +39,9 @@ enum class PageKind { Post, Podcast, Player, Crash };
 // `html` with the content policy of its kind as the first element of its head, or in front of it.
 // Turning scripts off is not enough: while a navigation to a web page is pending they are on
 // already. Without remote images a preview shows the skin's only: a picture in the web tells its
-// author who reads.
-QByteArray WithContentPolicy(const QByteArray& html, PageKind kind, bool showsRemoteImages);
+// author who reads. Behind the policy the page takes its colours from the skin's file `styleSheet`
+// (an absolute path; empty: none), but for the player, which has its own.
+QByteArray WithHead(const QByteArray& html, PageKind kind, bool showsRemoteImages,
+                    const QString& styleSheet);
 
 }  // namespace feedloom

@@ -118,7 +118,7 @@ void CRSS_DirectoryDlg::More() {
 
 void CRSS_DirectoryDlg::Wait() {
   list_.SetClosed(true);
-  line_.setText(SkinText(TheSkin(), kTextDirectorySearching));
+  Say(SkinText(TheSkin(), kTextDirectorySearching));
   UpdateAdd();
 }
 
@@ -143,8 +143,13 @@ void CRSS_DirectoryDlg::ShowResult() {
 
 void CRSS_DirectoryDlg::EndWait(const QString& line) {
   list_.SetClosed(false);
-  line_.setText(line);
+  Say(line);
   UpdateAdd();
+}
+
+void CRSS_DirectoryDlg::Say(const QString& line) {
+  line_.setText(line);
+  list_.setAccessibleDescription(line);
 }
 
 // What is found.

@@ -40,6 +40,7 @@ class CRSS_DirectoryDlg : public CVxDialog {
   void GiveUp();
   void ShowResult();
   void EndWait(const QString& line);
+  void Say(const QString& line);  // also to a screen reader
   void UpdateAdd();
   void Add();
   // Of the selected row; empty without one.

@@ -24,7 +24,9 @@ PostListTexts LoadTexts(Frame& frame) {
   return {.headings = HeadingsIn(frame.TheStore().TextCodePage(),
                                  GetLabel(frame.TheSkin(), kLabelListHeader)),
           .read = SkinText(frame.TheSkin(), kTextPostRead),
-          .unread = SkinText(frame.TheSkin(), kTextPostUnread)};
+          .unread = SkinText(frame.TheSkin(), kTextPostUnread),
+          .ascending = SkinText(frame.TheSkin(), kTextSortedAscending),
+          .descending = SkinText(frame.TheSkin(), kTextSortedDescending)};
 }
 
 }  // namespace

@@ -1,18 +1,19 @@
 #include "ui/list/CRSS_RightTopToolBarWnd.h"
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <algorithm>
 
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "skin/Skin.h"
+#include "vxctrl/AccessibleRole.h"
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/CVxComboBox.h"
 #include "vxctrl/CVxEdit.h"
 #include "vxctrl/QtText.h"
 #include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinLook.h"
 #include "vxctrl/SkinText.h"
 
 namespace feedloom {
@@ -35,7 +36,10 @@ CVxComboBox* MakeScope(const Skin& skin, QWidget* parent) {
   scope->addItem(SkinText(skin, kLabelScopeWeb));
   scope->addItem(SkinText(skin, kLabelScopeLocal));
   scope->setToolTip(SkinText(skin, kTextSearchScope));
-  scope->setAccessibleName(scope->toolTip());
+  // Of a drop-down list the toolkit tells its text in the place of its name, and its label besides.
+  auto* const label = new QLabel(scope->toolTip(), parent);
+  label->setBuddy(scope);
+  label->hide();
   return scope;
 }
 
@@ -67,6 +71,8 @@ CRSS_RightTopToolBarWnd::CRSS_RightTopToolBarWnd(const Skin& skin, QWidget* pare
       button_(
           *MakeToolButton(skin, kSectionRightTopToolbar, kButtonSearch, kTextSearchTooltip, this)) {
   setObjectName("RSS_RightTopToolBar");
+  SetAccessibleRole(*this, QAccessible::ToolBar);
+  setAccessibleName(SkinText(skin, kTextRightTopToolBar));
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
   connect(&button_, &QAbstractButton::clicked, this, &CRSS_RightTopToolBarWnd::SearchRequested);
 }
@@ -84,6 +90,7 @@ void CRSS_RightTopToolBarWnd::SetResultCount(int count) {
                     ? QString()
                     : SkinText(skin_, kLabelSearchResult).replace("%d", QString::number(count));
   setAccessibleDescription(resultText_);
+  word_.setAccessibleDescription(resultText_);
   update();
 }
 
@@ -97,7 +104,7 @@ void CRSS_RightTopToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
   DrawThreePieces(painter, rect(), background_);
   if (resultText_.isEmpty()) return;
   painter.setFont(ResultFont());
-  painter.setPen(kSkinTextColor);
+  painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(QRect(kResultPlace, rect().bottomRight()), Qt::AlignLeft | Qt::AlignTop,
                    resultText_);
 }

@@ -122,6 +122,7 @@ void PostListModel::sort(int column, Qt::SortOrder order) {
   if (sorting == sorting_) return;
   sorting_ = sorting;
   MoveRows(PostOrder(posts_, sorting_, codePage_));
+  emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
 }
 
 // Row order[0] becomes the first one, and so on.
@@ -166,8 +167,7 @@ QVariant PostListModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return CellText(post, index.column());
     case Qt::AccessibleTextRole:
-      if (index.column() != kReadColumn) return {};  // what the cell shows
-      return post.IsRead() ? texts_.read : texts_.unread;
+      return SpokenText(post, index.column());
     case kIsReadRole:
       return post.IsRead();
     default:
@@ -190,9 +190,24 @@ QString PostListModel::CellText(const PackedPost& post, int column) const {
   }
 }
 
+// Nothing for what the cell shows anyway.
+QVariant PostListModel::SpokenText(const PackedPost& post, int column) const {
+  const QString& status = post.IsRead() ? texts_.read : texts_.unread;
+  if (column == kReadColumn) return status;
+  return column == kTitleColumn ? CellText(post, column) + ", " + status : QVariant();
+}
+
+QString PostListModel::SpokenHeading(int section) const {
+  const QString heading = texts_.headings.value(section);
+  if (section != sorting_.column) return heading;
+  return heading + ", " +
+         (sorting_.order == Qt::AscendingOrder ? texts_.ascending : texts_.descending);
+}
+
 QVariant PostListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  return texts_.headings.value(section);
+  if (orientation != Qt::Horizontal) return {};
+  if (role == Qt::AccessibleTextRole) return SpokenHeading(section);
+  return role == Qt::DisplayRole ? texts_.headings.value(section) : QVariant();
 }
 
 }  // namespace feedloom

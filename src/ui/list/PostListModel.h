@@ -21,6 +21,8 @@ struct PostListTexts {
   QStringList headings;
   QString read;  // the read status in words
   QString unread;
+  QString ascending = {};  // how the column is sorted, in words
+  QString descending = {};
 };
 
 // Interface thread. Operations on rows change the rows only, not the store; the rows that they name
@@ -61,13 +63,15 @@ class PostListModel : public QAbstractTableModel {
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   // The read status is the text "1" (read) or "0", which the delegate paints; a screen reader gets
-  // it in words.
+  // it in words, with the title too, so that the title's cell tells it all.
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
   const PackedPost& Post(int row) const { return posts_[static_cast<std::size_t>(row)]; }
   QString CellText(const PackedPost& post, int column) const;
+  QVariant SpokenText(const PackedPost& post, int column) const;
+  QString SpokenHeading(int section) const;
   void Replace(PostList list);
   void Pack(std::vector<PostRow> rows);
   void ReleasePacked();

@@ -1,6 +1,5 @@
 #include "ui/notice/CRSS_AnnounceDlg.h"
 
-#include <QAccessible>
 #include <QFile>
 #include <QLabel>
 #include <QMouseEvent>
@@ -14,8 +13,8 @@
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "skin/Skin.h"
+#include "vxctrl/AccessibleRole.h"
 #include "vxctrl/CButtonEx.h"
-#include "vxctrl/SkinLook.h"
 #include "vxctrl/SkinPieces.h"
 #include "vxctrl/SkinText.h"
 
@@ -24,9 +23,10 @@ namespace {
 
 constexpr QColor kColorKey(0xFF, 0x00, 0xFF);
 
-// Of a window without an image; the texts have the skin's colour.
-constexpr QColor kPlainGround(0xF8, 0xFC, 0xFE);
-constexpr QColor kPlainFrame(0x2F, 0x7F, 0xB8);
+// The host's base directory has the ground, the image directory the skin: they need not go
+// together.
+constexpr QColor kTextOnPaleGround(0x1F, 0x2D, 0x36);
+constexpr QColor kTextOnDarkGround(0xF0, 0xF5, 0xF7);
 
 constexpr int kCaptionPixels = 12;
 constexpr int kCountPixels = 24;
@@ -46,7 +46,11 @@ QString BackgroundPath(const Skin& skin) {
   std::string path = skin.Config().GetCurrentPath();
   for (const char* name : {"Image", "Skyfold_image", "announce_bg.bmp"})
     path = JoinPath(path, name);
-  return QFile::decodeName(path.c_str());
+  return SharpestFile(QFile::decodeName(path.c_str()));
+}
+
+QColor TextColorOn(const QColor& ground) {
+  return ground.lightnessF() < 0.5 ? kTextOnDarkGround : kTextOnPaleGround;
 }
 
 }  // namespace
@@ -55,12 +59,9 @@ CRSS_AnnounceDlg::CRSS_AnnounceDlg(const Skin& skin, QWidget* owner)
     : CVxDialog(skin, nullptr, owner, kFlags),
       hasImage_(LoadBackground()),
       count_(AddText(kPlaceAnnounceCount, FontOf(kCountPixels), Qt::AlignCenter)) {
+  SetAccessibleRole(*this, QAccessible::AlertMessage);
   setAttribute(Qt::WA_DeleteOnClose);
   setAttribute(Qt::WA_ShowWithoutActivating);
-  QPalette colors = palette();
-  colors.setColor(QPalette::Window, kPlainGround);
-  colors.setColor(QPalette::WindowText, kSkinTextColor);
-  setPalette(colors);
   AddText(kPlaceAnnounceCaption, FontOf(kCaptionPixels), Qt::AlignLeft | Qt::AlignVCenter)
       ->setText(SkinText(skin, kLabelAnnounceCaption));
   AddCloseButton();
@@ -70,7 +71,12 @@ bool CRSS_AnnounceDlg::LoadBackground() {
   const QPixmap image(BackgroundPath(TheSkin()));
   SetBackground(image);
   SetColorKey(kColorKey);
-  return !image.isNull();
+  if (image.isNull()) return false;
+  QPalette colors = palette();
+  colors.setColor(QPalette::WindowText,
+                  TextColorOn(image.toImage().pixelColor(image.rect().center())));
+  setPalette(colors);
+  return true;
 }
 
 QLabel* CRSS_AnnounceDlg::AddText(const char* placeKey, const QFont& font,
@@ -149,7 +155,7 @@ void CRSS_AnnounceDlg::paintEvent(QPaintEvent* event) {
   CVxDialog::paintEvent(event);
   if (hasImage_) return;
   QPainter painter(this);
-  painter.setPen(kPlainFrame);
+  painter.setPen(palette().color(QPalette::Link));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 

@@ -8,7 +8,7 @@ namespace {
 
 // {0} what has happened, {1} the address, {2} the link's text
 constexpr char kCrashPage[] = R"(<!DOCTYPE html><html><head><title>Feedloom</title></head>)"
-                              R"(<body style="margin:40px;font-family:sans-serif;color:#333333">)"
+                              R"(<body style="margin:40px;font-family:sans-serif">)"
                               R"(<p>{0}</p><p><a href="{1}">{2}</a></p></body></html>)";
 
 std::string Escape(std::string_view text) {

@@ -6,20 +6,17 @@
 #include <algorithm>
 #include <utility>
 
+#include "skin/Colors.h"
 #include "skin/Keys.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/NewPostAnimation.h"
 #include "ui/tree/TreeRowDelegate.h"
+#include "vxctrl/RowAccess.h"
 #include "vxctrl/SkinFont.h"
+#include "vxctrl/SkinPalette.h"
 
 namespace feedloom {
 namespace {
-
-// The skin's images lie on these, so they don't follow the desktop's colours.
-constexpr QColor kBackground(0xE4, 0xF3, 0xFF);
-constexpr QColor kText(0x1F, 0x2D, 0x36);
-constexpr QColor kSelection(0xA9, 0xD4, 0xF2);
-constexpr QColor kSelectionWithoutFocus(0xC2, 0xD6, 0xE2);
 
 constexpr int kRoomBelow = 5;  // pixels between the last row and the end of the scrolled area
 
@@ -31,7 +28,7 @@ CRSS_GroupTreeCtrl::CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, 
   rowCursor_ = images.rowCursor;
   setItemDelegate(new TreeRowDelegate(std::move(images), *animation_, this));
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
-  SetUpColors();
+  SetUpColors(skin);
   SetUpView();
   setModel(&model);
   connect(&model, &QAbstractItemModel::modelReset, this, &QTreeView::expandAll);
@@ -47,14 +44,15 @@ CRSS_GroupTreeCtrl::CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, 
           &CRSS_GroupTreeCtrl::UpdateScrollRange);
   connect(this, &QTreeView::collapsed, this, &CRSS_GroupTreeCtrl::SelectInsteadOfHidden);
   connect(this, &QAbstractItemView::pressed, this, &CRSS_GroupTreeCtrl::ReportPress);
+  const auto tell = [this](const QModelIndex& group) { TellExpansion(*this, group); };
+  connect(this, &QTreeView::expanded, this, tell);
+  connect(this, &QTreeView::collapsed, this, tell);
 }
 
-void CRSS_GroupTreeCtrl::SetUpColors() {
-  QPalette colors = palette();
-  colors.setColor(QPalette::Base, kBackground);
-  colors.setColor(QPalette::Text, kText);
-  colors.setColor(QPalette::Active, QPalette::Highlight, kSelection);
-  colors.setColor(QPalette::Inactive, QPalette::Highlight, kSelectionWithoutFocus);
+void CRSS_GroupTreeCtrl::SetUpColors(const Skin& skin) {
+  QPalette colors;  // what it does not name comes from the frame
+  colors.setColor(QPalette::Base, SkinColor(skin, kColorTreeGround));
+  colors.setColor(QPalette::Text, SkinColor(skin, kColorTreeText));
   setPalette(colors);
 }
 
@@ -64,6 +62,8 @@ void CRSS_GroupTreeCtrl::SetUpView() {
   setIndentation(kRowIndentation);
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
+  // By rows, the toolkit would choose another one when a screen reader asks for a channel's.
+  setSelectionBehavior(SelectItems);
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setMouseTracking(true);  // for the cursor
@@ -87,6 +87,17 @@ void CRSS_GroupTreeCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& 
   row.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
   row.state.setFlag(QStyle::State_HasFocus, hasFocus());
   itemDelegate()->paint(painter, row, index);
+}
+
+void CRSS_GroupTreeCtrl::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                                     const QList<int>& roles) {
+  QTreeView::dataChanged(topLeft, bottomRight, roles);
+  TellChangedCells(*this, topLeft, bottomRight);
+}
+
+void CRSS_GroupTreeCtrl::paintEvent(QPaintEvent* event) {
+  QTreeView::paintEvent(event);
+  DrawFocusWithoutRow(*this);
 }
 
 void CRSS_GroupTreeCtrl::selectionChanged(const QItemSelection& selected,
@@ -145,6 +156,7 @@ void CRSS_GroupTreeCtrl::SelectInsteadOfHidden(const QModelIndex& closed) {
 }
 
 void CRSS_GroupTreeCtrl::keyPressEvent(QKeyEvent* event) {
+  if (TakeRowTipKey(*this, *event)) return;
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (!isEnter) return QTreeView::keyPressEvent(event);
   if (SelectedRow().isValid()) emit RowSelected(SelectedRow());

@@ -33,6 +33,9 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void MenuRequested(const QPoint& place);
 
  protected:
+  void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                   const QList<int>& roles) override;
+  void paintEvent(QPaintEvent* event) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
@@ -48,7 +51,7 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void updateGeometries() override;
 
  private:
-  void SetUpColors();
+  void SetUpColors(const Skin& skin);
   void SetUpView();
   void ReportPress(const QModelIndex& index);
   void SelectInsteadOfHidden(const QModelIndex& closed);

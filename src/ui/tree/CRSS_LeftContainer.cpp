@@ -20,9 +20,12 @@
 namespace feedloom {
 namespace {
 
-FailureTexts LoadFailureTexts(const Skin& skin) {
+RowTexts LoadRowTexts(const Skin& skin) {
   return {.downloadFailed = skin.GetText(kSectionTexts, kTextChannelDownloadFailed),
-          .documentRefused = skin.GetText(kSectionTexts, kTextDocumentRefused)};
+          .documentRefused = skin.GetText(kSectionTexts, kTextDocumentRefused),
+          .unread = skin.GetText(kSectionTexts, kTextRowUnread),
+          .isNew = skin.GetText(kSectionTexts, kTextRowNew),
+          .isFailing = skin.GetText(kSectionTexts, kTextRowFailing)};
 }
 
 void Restart(QTimer& timer, const std::optional<std::chrono::milliseconds>& period) {
@@ -34,7 +37,7 @@ void Restart(QTimer& timer, const std::optional<std::chrono::milliseconds>& peri
 CRSS_LeftContainer::CRSS_LeftContainer(Frame& frame, QWidget* parent)
     : QWidget(parent),
       frame_(frame),
-      model_(frame.TheStore().TextCodePage(), LoadFailureTexts(frame.TheSkin())),
+      model_(frame.TheStore().TextCodePage(), LoadRowTexts(frame.TheSkin())),
       border_(LoadPaneFrame(frame.TheSkin())),
       toolbar_(new CRSS_LeftToolBarWnd(frame.TheSkin(), this)),
       tree_(new CRSS_GroupTreeCtrl(frame.TheSkin(), model_, this)),

@@ -3,7 +3,9 @@
 #include <QPainter>
 
 #include "skin/Keys.h"
+#include "vxctrl/AccessibleRole.h"
 #include "vxctrl/CButtonEx.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -38,6 +40,8 @@ CRSS_LeftToolBarWnd::CRSS_LeftToolBarWnd(const Skin& skin, QWidget* parent)
                                   kImageLeftTopRight)),
       line_(LoadSkinImage(skin, kSectionLeft, kImageLeftLine)) {
   setObjectName("RSS_LeftToolBar");
+  SetAccessibleRole(*this, QAccessible::ToolBar);
+  setAccessibleName(SkinText(skin, kTextLeftToolBar));
   for (int button = 0; button < kButtonCount; ++button) {
     buttons_[static_cast<std::size_t>(button)] =
         MakeToolButton(skin, kSectionLeft, kButtons[button].image, kButtons[button].tooltip, this);

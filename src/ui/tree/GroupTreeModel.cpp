@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/Messages.h"
+#include "skin/FilledTexts.h"
 #include "ui/tree/RowLabel.h"
 #include "vxctrl/QtText.h"
 
@@ -16,13 +17,14 @@ namespace {
 
 // As markup without any of its own: the toolkit takes a plain text that looks like some for it.
 QString ToolTip(const QString& name, const QString& failure) {
-  return Qt::convertFromPlainText(failure.isEmpty() ? name : name + '\n' + failure);
+  return Qt::convertFromPlainText(failure.isEmpty() ? name : name + '\n' + failure,
+                                  Qt::WhiteSpaceNormal);
 }
 
 }  // namespace
 
-GroupTreeModel::GroupTreeModel(CodePage codePage, FailureTexts texts, QObject* parent)
-    : QAbstractItemModel(parent), codePage_(codePage), failureTexts_(std::move(texts)) {}
+GroupTreeModel::GroupTreeModel(CodePage codePage, RowTexts texts, QObject* parent)
+    : QAbstractItemModel(parent), codePage_(codePage), texts_(std::move(texts)) {}
 
 GroupTreeModel::~GroupTreeModel() = default;
 
@@ -254,14 +256,16 @@ QVariant GroupTreeModel::data(const QModelIndex& index, int role) const {
 
 QString GroupTreeModel::FailureOf(const ChildRow& child) const {
   if (child.state >= 0) return {};
-  return ToQString(codePage_, child.state == kDocumentRefused ? failureTexts_.documentRefused
-                                                              : failureTexts_.downloadFailed);
+  return ToQString(
+      codePage_, child.state == kDocumentRefused ? texts_.documentRefused : texts_.downloadFailed);
 }
 
 QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {
   switch (role) {
     case Qt::DisplayRole:
       return ShownLabel(group.name, group.unreadCount);
+    case Qt::AccessibleTextRole:
+      return SpokenLabel(group.name, group.unreadCount);
     case KindRole:
       return static_cast<int>(group.kind);
     case Qt::ToolTipRole:
@@ -279,6 +283,10 @@ QVariant GroupTreeModel::ChildData(const ChildRow& child, int role) const {
   switch (role) {
     case Qt::DisplayRole:
       return ShownLabel(child.title, child.unreadCount);
+    case Qt::AccessibleTextRole:
+      return SpokenLabel(child);
+    case Qt::AccessibleDescriptionRole:
+      return FailureOf(child);
     case KindRole:
       return static_cast<int>(child.kind);
     case NameRole:
@@ -302,6 +310,19 @@ QString GroupTreeModel::ShownName(const std::string& name) const { return ToLine
 
 QString GroupTreeModel::ShownLabel(const std::string& name, int unreadCount) const {
   return ShownName(name) + QString::fromStdString(AppendCount({}, unreadCount));
+}
+
+QString GroupTreeModel::SpokenLabel(const std::string& name, int unreadCount) const {
+  const QString shown = ShownName(name);
+  if (unreadCount <= 0) return shown;
+  return shown + ", " + ToQString(codePage_, WithNumbers(texts_.unread, {unreadCount}));
+}
+
+QString GroupTreeModel::SpokenLabel(const ChildRow& child) const {
+  QString label = SpokenLabel(child.title, child.unreadCount);
+  if (child.isNew) label += ", " + ToQString(codePage_, texts_.isNew);
+  if (child.state < 0) label += ", " + ToQString(codePage_, texts_.isFailing);
+  return label;
 }
 
 }  // namespace feedloom

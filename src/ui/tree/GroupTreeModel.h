@@ -21,15 +21,20 @@ struct TreeContent {
   int unreadInCabinets = 0;
 };
 
-// What a channel's row says after a refresh that failed; in the module's code page.
-struct FailureTexts {
-  std::string downloadFailed;
+// What rows say beside their names; in the module's code page.
+struct RowTexts {
+  std::string downloadFailed;  // why a channel's last refresh failed
   std::string documentRefused;
+  // To a screen reader, behind the name:
+  std::string unread = {};  // "%d" stands for the count
+  std::string isNew = {};
+  std::string isFailing = {};
 };
 
 // One column. Qt::DisplayRole is the label on one line; what is too long to be seen is cut off its
-// name. Qt::ToolTipRole is the name as markup, with the reason when the last refresh failed. An
-// operation that names a row that is not there changes nothing.
+// name. Qt::ToolTipRole is the name as markup, with the reason when the last refresh failed. A
+// screen reader gets all that the row shows in words, the reason as the description. An operation
+// that names a row that is not there changes nothing.
 class GroupTreeModel : public QAbstractItemModel {
  public:
   enum Role {
@@ -41,7 +46,7 @@ class GroupTreeModel : public QAbstractItemModel {
     IsAnimatedByMessageRole,  // bool
   };
 
-  GroupTreeModel(CodePage codePage, FailureTexts texts, QObject* parent = nullptr);
+  GroupTreeModel(CodePage codePage, RowTexts texts, QObject* parent = nullptr);
   ~GroupTreeModel() override;
 
   // Replaces all rows. The cabinet root comes last; a channel whose folder is not there is left
@@ -124,9 +129,11 @@ class GroupTreeModel : public QAbstractItemModel {
   QVariant ChildData(const ChildRow& child, int role) const;
   QString ShownName(const std::string& name) const;
   QString ShownLabel(const std::string& name, int unreadCount) const;
+  QString SpokenLabel(const std::string& name, int unreadCount) const;
+  QString SpokenLabel(const ChildRow& child) const;
 
   const CodePage codePage_;
-  const FailureTexts failureTexts_;
+  const RowTexts texts_;
   // A group's index has no internal pointer, a child's has its GroupRow.
   GroupRows groups_;
   std::unordered_map<int, Place> channels_;  // by channel id

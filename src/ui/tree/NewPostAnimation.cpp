@@ -7,6 +7,7 @@
 
 #include "platform/Path.h"
 #include "skin/Skin.h"
+#include "vxctrl/SkinPieces.h"
 
 namespace feedloom {
 namespace {
@@ -15,7 +16,7 @@ namespace {
 QString PathIn(const Skin& skin, std::initializer_list<const char*> names) {
   std::string path = skin.Config().GetImageDir();
   for (const char* name : names) path = JoinPath(path, name);
-  return QFile::decodeName(path.c_str());
+  return SharpestFile(QFile::decodeName(path.c_str()));
 }
 
 }  // namespace

@@ -6,13 +6,13 @@
 
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/NewPostAnimation.h"
+#include "vxctrl/SkinLook.h"
 
 namespace feedloom {
 namespace {
 
 constexpr int kTextGap = 4;   // between icon and label
 constexpr int kRightGap = 6;  // between label and the row's right edge
-constexpr QColor kNewMarkColor(0xE8, 0x6A, 0x17);
 
 RowKind KindOf(const QModelIndex& index) {
   return static_cast<RowKind>(index.data(GroupTreeModel::KindRole).toInt());
@@ -49,7 +49,7 @@ void PaintExpandMark(QPainter& painter, const QRect& row, bool isOpen, const QCo
 }
 
 // A four-pointed star, where the image directory has no animation.
-void PaintStar(QPainter& painter, QPointF center) {
+void PaintStar(QPainter& painter, QPointF center, const QColor& color) {
   constexpr double kLong = 5.5;
   constexpr double kShort = 1.6;
   const QPolygonF star({{0, -kLong},
@@ -60,7 +60,7 @@ void PaintStar(QPainter& painter, QPointF center) {
                         {-kShort, kShort},
                         {-kLong, 0},
                         {-kShort, -kShort}});
-  FillPolygon(painter, star.translated(center), kNewMarkColor);
+  FillPolygon(painter, star.translated(center), color);
 }
 
 // A name that is too long loses its end, and the count behind it stays to be seen.
@@ -102,6 +102,8 @@ void TreeRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   }
   isGroup ? PaintGroup(*painter, option, index) : PaintChild(*painter, option, index);
   painter->restore();
+  const auto current = QStyle::State_Selected | QStyle::State_HasFocus;
+  if ((option.state & current) == current) DrawSkinFocus(*painter, option.palette, option.rect, 0);
 }
 
 void TreeRowDelegate::PaintGroup(QPainter& painter, const QStyleOptionViewItem& option,
@@ -129,7 +131,8 @@ void TreeRowDelegate::PaintNewMark(QPainter& painter, const QRect& square,
   const bool byMessage = channel.data(GroupTreeModel::IsAnimatedByMessageRole).toBool();
   const QPixmap frame =
       animation_.Frame(byMessage ? NewPostAnimation::kByMessage : NewPostAnimation::kByPainting);
-  frame.isNull() ? PaintStar(painter, QRectF(square).center()) : painter.drawPixmap(square, frame);
+  frame.isNull() ? PaintStar(painter, QRectF(square).center(), skin_.newMark)
+                 : painter.drawPixmap(square, frame);
 }
 
 const ThreePieces& TreeRowDelegate::HeaderOf(const QModelIndex& group) const {

@@ -2,7 +2,9 @@
 
 #include <QPainter>
 
+#include "skin/Colors.h"
 #include "skin/Keys.h"
+#include "vxctrl/SkinPalette.h"
 
 namespace feedloom {
 namespace {
@@ -54,7 +56,8 @@ TreeSkin LoadTreeSkin(const Skin& skin) {
           .failingChannelIcon = LoadIcon(skin, kImageRowIcon2, kChannelMask, kFailingColor),
           .cabinetIcon = LoadIcon(skin, kImageRowIcon3, kCabinetMask, kCabinetColor),
           .unreadCabinetIcon = LoadIcon(skin, kImageRowIcon4, kCabinetMask, kUnreadCabinetColor),
-          .rowCursor = LoadRowCursor(skin)};
+          .rowCursor = LoadRowCursor(skin),
+          .newMark = SkinColor(skin, kColorNewMark)};
 }
 
 }  // namespace feedloom

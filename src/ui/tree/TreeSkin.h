@@ -20,6 +20,7 @@ struct TreeSkin {
   QPixmap cabinetIcon;
   QPixmap unreadCabinetIcon;
   QCursor rowCursor;
+  QColor newMark;
 };
 
 TreeSkin LoadTreeSkin(const Skin& skin);

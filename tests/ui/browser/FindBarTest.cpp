@@ -116,7 +116,7 @@ TEST_F(FindBarTest, ClosingEndsTheSearchOnce) {
   EXPECT_EQ(closings_.count(), 1);
 
   bar_.Open();
-  Click("Close");
+  Click("Close the search");
   EXPECT_FALSE(bar_.isVisible());
   EXPECT_EQ(Wants(), QStringList({">"}));
   EXPECT_EQ(closings_.count(), 2);
@@ -151,8 +151,8 @@ TEST_F(FindBarTest, ANarrowPaneCutsTheResultNotTheButtons) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return word_.width() == 60; }));
   EXPECT_LT(word_.geometry().right(), Button("Find previous").x());
   EXPECT_LT(Button("Find next").geometry().right(), result_.x());
-  EXPECT_LT(result_.geometry().right(), Button("Close").x());
-  EXPECT_LT(Button("Close").geometry().right(), 200);
+  EXPECT_LT(result_.geometry().right(), Button("Close the search").x());
+  EXPECT_LT(Button("Close the search").geometry().right(), 200);
 }
 
 }  // namespace

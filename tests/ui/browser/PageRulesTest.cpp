@@ -44,18 +44,25 @@ TEST(PageRules, OnlyFilesBelowTheSkinsDirectoryAreServed) {
 }
 
 TEST(PageRules, ThePolicyStandsFirstInTheHead) {
-  const QByteArray page =
-      WithContentPolicy("<html><head><title>t</title></head>", PageKind::Post, true);
+  const QByteArray page = WithHead("<html><head><title>t</title></head>", PageKind::Post, true, {});
   EXPECT_TRUE(page.startsWith(
       "<html><head><meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "))
       << page.toStdString();
-  EXPECT_TRUE(WithContentPolicy("no head", PageKind::Post, true).startsWith("<meta "));
+  EXPECT_TRUE(WithHead("no head", PageKind::Post, true, {}).startsWith("<meta "));
   EXPECT_TRUE(page.endsWith("\"><title>t</title></head>"));
+}
+
+TEST(PageRules, TheSkinsStyleFollowsThePolicyButNotInThePlayer) {
+  const QString style = "/skin dir/\"/page.css";
+  EXPECT_TRUE(
+      WithHead("<head></head>", PageKind::Post, true, style)
+          .endsWith("\"><link rel=\"stylesheet\" href=\"/skin%20dir/%22/page.css\"></head>"));
+  EXPECT_FALSE(WithHead("<head></head>", PageKind::Player, true, style).contains("<link"));
 }
 
 TEST(PageRules, PicturesInTheWebAreShownWhereTheUserWantsThem) {
   const auto showsThem = [](PageKind kind, bool wanted) {
-    return WithContentPolicy("<head>", kind, wanted).contains("img-src feedloom: http: https:");
+    return WithHead("<head>", kind, wanted, {}).contains("img-src feedloom: http: https:");
   };
   EXPECT_TRUE(showsThem(PageKind::Post, true));
   EXPECT_FALSE(showsThem(PageKind::Post, false));

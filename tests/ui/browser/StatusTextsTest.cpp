@@ -16,7 +16,7 @@ TEST(StatusTexts, SayWhatTheBrowserDoes) {
   EXPECT_EQ(text(BrowserReport::Hovered, "http://h/%s%d"), "http://h/%s%d");
   EXPECT_EQ(text(BrowserReport::Loading, "42"), "페이지를 여는 중입니다: 42%");
   EXPECT_EQ(text(BrowserReport::Stopped, ""), "");
-  EXPECT_EQ(text(BrowserReport::LinkRefused, "tel:%d1"), "이 주소는 열지 않습니다: tel:%d1");
+  EXPECT_EQ(text(BrowserReport::LinkRefused, "tel:%d1"), "열 수 없는 주소입니다: tel:%d1");
 }
 
 TEST(StatusTexts, NameTheFileThatIsDownloaded) {

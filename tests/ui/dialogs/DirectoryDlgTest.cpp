@@ -82,7 +82,7 @@ TEST_F(DirectoryDlg, ListsWhatTheDirectoryKnowsAsPlainText) {
     EXPECT_EQ(Cell(dialog, 6, 0), "Title 7");
     EXPECT_EQ(Cell(dialog, 6, 1), "About 7");
     EXPECT_EQ(Cell(dialog, 6, 2), "http://feed/7");
-    EXPECT_EQ(Line(dialog), "모두 73건 가운데 50건");
+    EXPECT_EQ(Line(dialog), "전체 73건 중 50건 표시");
     dialog.resize(900, 500);
     QApplication::processEvents();
     EXPECT_EQ(List(dialog).header()->length(), List(dialog).viewport()->width());
@@ -101,7 +101,7 @@ TEST_F(DirectoryDlg, TakesFurtherPagesAtTheEndOfTheList) {
     service.ServeTwoPages();
     List(dialog).verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMaximum);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Rows(dialog) == 73; }));
-    EXPECT_EQ(Line(dialog), "모두 73건 가운데 73건");
+    EXPECT_EQ(Line(dialog), "전체 73건 중 73건 표시");
     EXPECT_EQ(List(dialog).SelectedRows(), std::vector{49});
     EXPECT_TRUE(List(dialog).hasFocus());
     Search(dialog);
@@ -169,7 +169,7 @@ TEST_F(DirectoryDlg, EscapeGivesUpASearchAndThenClosesTheDialog) {
     Press(dialog, Qt::Key_Escape);
     EXPECT_TRUE(dialog.isVisible() && List(dialog).isEnabled());
     EXPECT_TRUE(List(dialog).hasFocus());
-    EXPECT_EQ(Line(dialog), "모두 73건 가운데 50건");
+    EXPECT_EQ(Line(dialog), "전체 73건 중 50건 표시");
     service.Hang(1);
     Begin(dialog);
     Press(dialog, Qt::Key_Escape);

@@ -50,7 +50,7 @@ class HomeFolder {
 
 TEST_F(SystemDialogs, APlaceIsAskedForWithTheSuggestedName) {
   WhenShown([&](QDialog& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "파일을 저장할 곳");
+    EXPECT_EQ(dialog.windowTitle(), "파일 저장");
     auto* const name = dialog.findChild<QLineEdit*>();
     EXPECT_EQ(name->text(), "tone.wav");
     name->setText(QString::fromStdString(folder_.File("kept.wav")));
@@ -68,7 +68,7 @@ TEST_F(SystemDialogs, NoPlaceWithoutAnAnswer) {
 
 TEST_F(SystemDialogs, AListIsExportedToTheSuggestedFileAsXml) {
   WhenShown([&](QDialog& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "OPML 파일을 저장할 곳");
+    EXPECT_EQ(dialog.windowTitle(), "OPML 파일 저장");
     EXPECT_EQ(FileDialog(dialog).nameFilters(),
               (QStringList{"OPML file (*.xml *.opml)", "All file (*)"}));
     const QString name = dialog.findChild<QLineEdit*>()->text();
@@ -100,7 +100,7 @@ TEST_F(SystemDialogs, AnExportAsksBeforeItReplacesAFile) {
 TEST_F(SystemDialogs, AFileToImportExists) {
   folder_.Write("목록.opml", "");
   WhenShown([&](QDialog& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "가져올 OPML 파일");
+    EXPECT_EQ(dialog.windowTitle(), "OPML 파일 가져오기");
     EXPECT_EQ(FileDialog(dialog).nameFilters(), QStringList{"OPML File (*.xml *.opml)"});
     EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "");
     WhenShown([](QDialog& complaint) { complaint.reject(); });

@@ -53,6 +53,7 @@ TEST_F(PostListModelTest, ARowTellsStatusTitleDayAndOwner) {
   EXPECT_EQ(Text(0, 0) + Text(1, 0), "01");
   EXPECT_EQ(model_.index(0, 0).data(Qt::AccessibleTextRole), "unread");
   EXPECT_EQ(model_.index(1, 0).data(Qt::AccessibleTextRole), "read");
+  EXPECT_EQ(model_.index(1, 1).data(Qt::AccessibleTextRole), "읽은 글, read");
   EXPECT_EQ(Text(0, 1), "새 글");
   EXPECT_EQ(Text(1, 1), "읽은 글");
   EXPECT_EQ(Text(0, 2), "2008-05-01");

@@ -189,6 +189,28 @@ TEST_F(PostListPane, KeysGoBetweenTheListAndTheSearchBox) {
   EXPECT_TRUE(list_.hasFocus());
 }
 
+TEST_F(PostListPane, TheHeaderSortsAndChangesWidthsByKeysToo) {
+  pane_.Fill(NumberedPosts(3));
+  QHeaderView& header = *list_.header();
+  QTest::keyClick(&list_, Qt::Key_Up, Qt::AltModifier);
+  EXPECT_TRUE(header.hasFocus());
+  EXPECT_EQ(header.accessibleName(), "읽음");
+  Key(Qt::Key_Right);
+  EXPECT_EQ(header.accessibleName(), "제목");
+  for (const auto& [name, first] : std::initializer_list<std::pair<const char*, const char*>>{
+           {"제목, 오름차순", "Post 1"}, {"제목, 내림차순", "Post 3"}, {"제목", "Post 3"}}) {
+    Key(Qt::Key_Space);
+    EXPECT_EQ(header.accessibleName(), name);
+    EXPECT_EQ(Titles().front(), first);
+  }
+  QTest::keyClick(&header, Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(list_.columnWidth(kTitleColumn), 288);
+  for (int i = 0; i < 40; ++i) QTest::keyClick(&header, Qt::Key_Left, Qt::ControlModifier);
+  EXPECT_EQ(list_.columnWidth(kTitleColumn), header.minimumSectionSize());
+  Key(Qt::Key_Down);
+  EXPECT_TRUE(list_.hasFocus());
+}
+
 TEST_F(PostListPane, AFillBeginsAtTheTopInTheGivenOrderWithNothingSelected) {
   pane_.Fill(NumberedPosts(50));
   list_.header()->setSortIndicator(kTitleColumn, Qt::AscendingOrder);

@@ -1,10 +1,10 @@
 // The control panel in use.
 
-#include <QAccessible>
 #include <QLabel>
 #include <QMessageBox>
 
 #include "ui/panel/PanelFixture.h"
+#include "vxctrl/AccessibleTree.h"
 
 namespace feedloom {
 namespace {
@@ -241,13 +241,13 @@ TEST_F(ControlPanel, TheTabKeyFollowsTheReadingOrder) {
 
 TEST_F(ControlPanel, AScreenReaderFindsANameForEachControl) {
   Edit(kSound, [](QDialog& panel) {
-    for (QWidget* control : panel.findChildren<QWidget*>()) {
-      if (control->focusPolicy() == Qt::NoFocus) continue;
-      QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(control);
-      EXPECT_FALSE(seen->text(QAccessible::Name).isEmpty()) << control->metaObject()->className();
+    for (int page : {3, 2, 1, 0}) {
+      OpenTab(panel, page);
+      EXPECT_EQ(Unlabelled(panel), QStringList()) << page;
     }
-    EXPECT_TRUE(QAccessible::queryAccessibleInterface(&Tab(panel, 0))->state().checked);
-    EXPECT_EQ(Days(panel).accessibleName(), "글을 남겨 둘 날수");
+    QAccessibleInterface* const tab = QAccessible::queryAccessibleInterface(&Tab(panel, 0));
+    EXPECT_TRUE(tab->state().checked && tab->role() == QAccessible::RadioButton);
+    EXPECT_EQ(Days(panel).accessibleName(), "글을 남겨 둘 일수");
     EXPECT_EQ(Radio(panel, 0, 3).accessibleDescription(), "받는 간격");
   });
 }

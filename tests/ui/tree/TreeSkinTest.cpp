@@ -47,7 +47,7 @@ TEST_F(TreeSkinTest, BitmapIconsAreTransparentInTheColourOfTheirKind) {
 // Of the two files of the animation, each is there alone once.
 TEST(NewPostAnimationTest, HasAFileForMessagesAndOneForPainting) {
   namespace fs = std::filesystem;
-  const fs::path shipped = ShippedShareDir() + "/skin/Image/Skyfold_image/new_ani01.gif";
+  const fs::path shipped = ShippedShareDir() + "/skin/light/Image/Skyfold_image/new_ani01.gif";
   const struct {
     const char* folder;
     bool byMessage;

@@ -1,0 +1,46 @@
+#include "host/DesktopLook.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <optional>
+
+namespace feedloom {
+namespace {
+
+constexpr int kPortalTimeout = 500;  // milliseconds
+
+// The values of the portal's "color-scheme"; 0 is no preference.
+constexpr unsigned kDark = 1;
+constexpr unsigned kLight = 2;
+
+// The answer to Read is a variant in a variant.
+unsigned Innermost(QVariant value) {
+  while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
+  return value.toUInt();
+}
+
+unsigned PortalsColorScheme() {
+  // Without the address the library would start a bus of its own.
+  if (!qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return 0;
+  auto question = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
+                                                 QStringLiteral("/org/freedesktop/portal/desktop"),
+                                                 QStringLiteral("org.freedesktop.portal.Settings"),
+                                                 QStringLiteral("Read"));
+  question << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme");
+  const QDBusMessage answer =
+      QDBusConnection::sessionBus().call(question, QDBus::Block, kPortalTimeout);
+  if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) return 0;
+  return Innermost(answer.arguments().front());
+}
+
+}  // namespace
+
+bool PrefersDark(const QPalette& desktop) {
+  const unsigned scheme = PortalsColorScheme();
+  if (scheme == kDark || scheme == kLight) return scheme == kDark;
+  return desktop.color(QPalette::Window).lightness() <
+         desktop.color(QPalette::WindowText).lightness();
+}
+
+}  // namespace feedloom

@@ -1,0 +1,91 @@
+#include "shell/FrameKeys.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QShortcut>
+#include <algorithm>
+#include <utility>
+
+#include "vxctrl/VxSplitter.h"
+
+namespace feedloom {
+namespace {
+
+template <typename Run>
+void OnKey(QWidget& widget, const QKeySequence& key, QObject* context, Run run) {
+  auto* const shortcut = new QShortcut(key, &widget);
+  shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+  QObject::connect(shortcut, &QShortcut::activated, context, run);
+}
+
+bool HasKeyboard(const QWidget* widget) {
+  const QWidget* const focus = QApplication::focusWidget();
+  return focus != nullptr && (focus == widget || widget->isAncestorOf(focus));
+}
+
+// The one between its two parts.
+QWidget* DividerOf(const VxSplitter* splitter) { return splitter->handle(1); }
+
+// As the desktop asks when its menu key is pressed.
+void AskForMenu() {
+  QWidget* const focus = QApplication::focusWidget();
+  if (focus == nullptr) return;
+  const QPoint place = focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
+  QApplication::sendEvent(focus, &event);
+}
+
+}  // namespace
+
+QWidget* NextStop(const QWidget& frame) {
+  const QWidget* const from = QApplication::focusWidget();
+  if (from == nullptr) return nullptr;
+  for (QWidget* stop = from->nextInFocusChain(); stop != from; stop = stop->nextInFocusChain()) {
+    const bool isStop = (stop->focusPolicy() & Qt::TabFocus) && stop->isVisible() &&
+                        stop->isEnabled() && stop->focusProxy() == nullptr;
+    if (isStop) return frame.isAncestorOf(stop) ? stop : nullptr;
+  }
+  return nullptr;
+}
+
+FrameKeys::FrameKeys(QWidget& frame, std::vector<QWidget*> panes,
+                     std::vector<VxSplitter*> splitters)
+    : QObject(&frame), panes_(std::move(panes)), splitters_(std::move(splitters)) {
+  OnKey(frame, Qt::Key_F6, this, [this] { GoToPane(1); });
+  OnKey(frame, Qt::SHIFT | Qt::Key_F6, this, [this] { GoToPane(-1); });
+  OnKey(frame, Qt::Key_F8, this, [this] { GoToDivider(); });
+  for (const VxSplitter* splitter : splitters_) {
+    connect(splitter, &VxSplitter::HandleLeft, this, &FrameKeys::GoBack);
+  }
+}
+
+void FrameKeys::AddMenuKey(QWidget& pane) {
+  OnKey(pane, Qt::SHIFT | Qt::Key_F10, this, AskForMenu);
+}
+
+// A view that is closed for a while is passed by.
+void FrameKeys::GoToPane(int step) {
+  const auto count = static_cast<int>(panes_.size());
+  const auto found = std::ranges::find_if(panes_, HasKeyboard);
+  int pane = static_cast<int>(found - panes_.begin());
+  if (found == panes_.end() && step > 0) pane = -1;
+  for (int tries = 0; tries < count; ++tries) {
+    pane = (pane + step + count) % count;
+    QWidget* const next = panes_[static_cast<std::size_t>(pane)];
+    if (next->focusProxy()->isEnabled()) return next->setFocus(Qt::ShortcutFocusReason);
+  }
+}
+
+void FrameKeys::GoToDivider() {
+  const auto current = std::ranges::find_if(splitters_, HasKeyboard, DividerOf);
+  if (current == splitters_.end()) before_ = QApplication::focusWidget();
+  const bool isLast = current == splitters_.end() || current + 1 == splitters_.end();
+  DividerOf(isLast ? splitters_.front() : current[1])->setFocus(Qt::ShortcutFocusReason);
+}
+
+void FrameKeys::GoBack() {
+  QWidget* const target = before_ && before_->isEnabled() ? before_.data() : panes_.front();
+  target->setFocus(Qt::ShortcutFocusReason);
+}
+
+}  // namespace feedloom

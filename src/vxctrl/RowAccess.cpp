@@ -1,0 +1,87 @@
+#include "vxctrl/RowAccess.h"
+
+#include <QAccessible>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTextDocument>
+#include <QToolTip>
+#include <QTreeView>
+
+#include "vxctrl/SkinLook.h"
+
+namespace feedloom {
+namespace {
+
+QString TipOf(const QModelIndex& cell) {
+  const QString tip = cell.data(Qt::ToolTipRole).toString();
+  if (!tip.isEmpty()) return tip;
+  return Qt::convertFromPlainText(cell.data(Qt::AccessibleTextRole).toString(),
+                                  Qt::WhiteSpaceNormal);
+}
+
+// The number of rows above this one that are not hidden in a closed one. Long lists are flat.
+int LineOf(const QTreeView& view, const QModelIndex& row) {
+  if (!view.itemsExpandable()) return row.row();
+  int line = 0;
+  for (QModelIndex above = view.indexAbove(row); above.isValid(); above = view.indexAbove(above)) {
+    ++line;
+  }
+  return line;
+}
+
+// The toolkit counts the cells row by row, and those of the header, shown or not, before them.
+int CellNumber(const QTreeView& view, const QModelIndex& cell) {
+  return (LineOf(view, cell) + 1) * view.header()->count() + cell.column();
+}
+
+void Tell(QTreeView& view, const QModelIndex& cell, QAccessibleEvent& event) {
+  event.setChild(CellNumber(view, cell));
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace
+
+bool TakeRowTipKey(QAbstractItemView& view, const QKeyEvent& event) {
+  if (event.key() != Qt::Key_F1 || event.modifiers() != Qt::ShiftModifier) {
+    QToolTip::hideText();
+    return false;
+  }
+  const QModelIndex current = view.currentIndex();
+  if (!current.isValid()) return true;
+  view.scrollTo(current);
+  const QRect place = view.visualRect(current) & view.viewport()->rect();
+  QToolTip::showText(view.viewport()->mapToGlobal(place.bottomLeft()), TipOf(current),
+                     view.viewport());
+  return true;
+}
+
+void DrawFocusWithoutRow(QAbstractItemView& view) {
+  if (!view.hasFocus() || view.currentIndex().isValid()) return;
+  QPainter painter(view.viewport());
+  DrawSkinFocus(painter, view.palette(), view.viewport()->rect(), 0);
+}
+
+void TellChangedCells(QTreeView& view, const QModelIndex& topLeft, const QModelIndex& bottomRight) {
+  if (!QAccessible::isActive()) return;
+  const int bottom = view.viewport()->height();
+  for (QModelIndex row = view.indexAt({0, 0}); row.isValid() && view.visualRect(row).top() < bottom;
+       row = view.indexBelow(row)) {
+    const bool isAmong = row.parent() == topLeft.parent() && row.row() >= topLeft.row() &&
+                         row.row() <= bottomRight.row();
+    for (int column = topLeft.column(); isAmong && column <= bottomRight.column(); ++column) {
+      QAccessibleEvent event(&view, QAccessible::NameChanged);
+      Tell(view, row.siblingAtColumn(column), event);
+    }
+  }
+}
+
+void TellExpansion(QTreeView& view, const QModelIndex& row) {
+  if (!QAccessible::isActive()) return;
+  QAccessible::State changed;
+  changed.expanded = true;
+  QAccessibleStateChangeEvent event(&view, changed);
+  Tell(view, row, event);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,66 @@
+// What a screen reader finds below a widget.
+#pragma once
+
+#include <QAccessible>
+#include <QStringList>
+#include <QWidget>
+#include <vector>
+
+namespace feedloom {
+
+// As it is spoken: a label beside a control goes before the control's own words.
+inline QString SpokenName(const QAccessibleInterface& node) {
+  const auto labels = node.relations(QAccessible::Label);
+  return (labels.isEmpty() ? &node : labels.front().first)->text(QAccessible::Name);
+}
+
+// All that is on the screen, but not what a drop-down list drops, nor what is in a web page.
+inline void CollectNodes(QAccessibleInterface& node, std::vector<QAccessibleInterface*>& nodes) {
+  if (node.state().invisible) return;
+  nodes.push_back(&node);
+  const bool isWhole = node.role() == QAccessible::ComboBox ||
+                       (node.object() && node.object()->inherits("QWebEngineView"));
+  for (int i = 0; !isWhole && i < node.childCount(); ++i) {
+    if (QAccessibleInterface* const child = node.child(i)) CollectNodes(*child, nodes);
+  }
+}
+
+inline std::vector<QAccessibleInterface*> NodesBelow(QWidget& widget) {
+  std::vector<QAccessibleInterface*> nodes;
+  CollectNodes(*QAccessible::queryAccessibleInterface(&widget), nodes);
+  return nodes;
+}
+
+inline bool IsForTheUser(const QAccessibleInterface& node) {
+  switch (node.role()) {
+    case QAccessible::Button:
+    case QAccessible::CheckBox:
+    case QAccessible::RadioButton:
+    case QAccessible::ComboBox:
+    case QAccessible::EditableText:
+    case QAccessible::Slider:
+    case QAccessible::Grip:
+    case QAccessible::ToolBar:
+    case QAccessible::Tree:
+    case QAccessible::TreeItem:
+    case QAccessible::ColumnHeader:
+      return true;
+    default:
+      return node.state().focusable;
+  }
+}
+
+// What somebody could work with and not know what it is: the classes of such nodes.
+inline QStringList Unlabelled(QWidget& widget) {
+  QStringList classes;
+  for (const QAccessibleInterface* const node : NodesBelow(widget)) {
+    if (!IsForTheUser(*node)) continue;
+    const bool hasRole = node->role() != QAccessible::NoRole && node->role() != QAccessible::Client;
+    if (hasRole && !SpokenName(*node).isEmpty()) continue;
+    classes << (node->object() ? node->object()->metaObject()->className() : "a part") +
+                   QString(" of role %1").arg(int{node->role()});
+  }
+  return classes;
+}
+
+}  // namespace feedloom
