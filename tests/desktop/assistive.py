@@ -1,0 +1,102 @@
+"""What an assistive tool does with a program on the accessibility bus: find, read, act, wait.
+
+To be imported on a desktop whose buses run: the bus is met at once.
+"""
+
+import time
+
+import pyatspi
+from gi.repository import GLib
+
+PATIENCE = 15  # seconds, for anything to happen
+LOOK_AGAIN = 100  # milliseconds without news
+KEYS = {"Return": 0xFF0D, "Down": 0xFF54, "F6": 0xFFC3}  # by the display's key symbols
+
+
+def children(node):
+    """The children that are still there."""
+    for child in node:
+        if child is not None:
+            yield child
+
+
+def below(node):
+    """All that stands below `node`, parents before their children."""
+    for child in children(node):
+        yield child
+        yield from below(child)
+
+
+def states(node):
+    return {pyatspi.stateToString(state) for state in node.getState().getStates()}
+
+
+def find(node, role, name=None):
+    """The first one below `node` with this role, whose name begins like that; None without one."""
+    for found in below(node):
+        if found.getRoleName() == role and (name is None or found.name.startswith(name)):
+            return found
+    return None
+
+
+def act(node, action):
+    """Does the node's action of this name."""
+    actions = node.queryAction()
+    names = [actions.getName(number) for number in range(actions.nActions)]
+    if action not in names:
+        raise AssertionError(f"{described(node)} has no action {action}, only {names}")
+    if not actions.doAction(names.index(action)):
+        raise AssertionError(f"{described(node)} does not do {action}")
+
+
+def type_key(name):
+    """A key as the user would press it; the tool hands it on to whatever has the keyboard."""
+    pyatspi.Registry.generateKeyboardEvent(KEYS[name], None, pyatspi.KEY_SYM)
+
+
+def described(node):
+    return f"{node.getRoleName()} {node.name!r} {sorted(states(node))}"
+
+
+def outline(node, depth=0):
+    """All below `node`, a line each."""
+    try:
+        lines = ["  " * depth + described(node)]
+        for child in children(node):
+            lines += outline(child, depth + 1)
+        return lines
+    except GLib.Error as error:
+        return ["  " * depth + f"({error.message})"]
+
+
+class Watch:
+    """Waits for what the bus tells."""
+
+    KINDS = ("object:children-changed", "object:state-changed", "object:property-change",
+             "object:selection-changed", "object:active-descendant-changed",
+             "object:visible-data-changed", "object:text-changed", "document", "window", "focus")
+
+    def __init__(self):
+        pyatspi.Registry.registerEventListener(lambda _: None, *self.KINDS)
+        self.context = GLib.MainContext.default()
+
+    def until(self, what, condition):
+        """What `condition` gives, as soon as that is something; it is asked after each event."""
+        deadline = time.monotonic() + PATIENCE
+        alarm = GLib.timeout_add(LOOK_AGAIN, lambda: True)
+        try:
+            while time.monotonic() < deadline:
+                value = self._try(condition)
+                if value:
+                    return value
+                self.context.iteration(True)
+        finally:
+            GLib.source_remove(alarm)
+        raise AssertionError(f"in {PATIENCE} s it did not come to pass that {what}")
+
+    @staticmethod
+    def _try(condition):
+        try:
+            return condition()
+        except (GLib.Error, LookupError, NotImplementedError):
+            return None  # something went away while it was looked at
