@@ -16,7 +16,7 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, HostOption
                  "EUC-KR (Korean) or UTF-8, for a new profile; else what fits the language")
       ->check(CLI::IsMember({"EUC-KR", "UTF-8"}, CLI::ignore_case));
   app.add_option("--screenshot", options.screenshot,
-                 "Show the first channel's first post, save the window's picture (PNG) and leave")
+                 "Show the first folder's first post, save the window's picture (PNG) and leave")
       ->type_name("FILE");
   try {
     app.parse(argc, argv);

@@ -62,13 +62,16 @@ void LeaveOnClose(HostWindow& window, const Registry& registry, bool wantsPictur
 // Writes down what the user has chosen, and ends the event loop for the profile to be shown so.
 void ShowAnewOnChoice(HostWindow& window, const HostProfile& profile) {
   QObject::connect(&window, &HostWindow::LooksChosen, &window, [&](const HostLooks& looks) {
-    Failure failure = ChooseSkin(profile.paths.dir, ShareDir(), looks.skin);
-    if (!failure) failure = SetLanguage(profile.paths, looks.language);
+    const Registry registry(profile.paths.registry);
+    Failure failure = SetLanguage(profile.paths, looks.language);
+    // A skin of the user's own stays when the language changes.
+    if (!failure && looks.skin != SkinName(HostConfig(registry))) {
+      failure = ChooseSkin(profile.paths.dir, ShareDir(), looks.skin);
+    }
     if (failure) {
       QMessageBox::warning(&window, window.windowTitle(), QString::fromStdString(*failure));
-      return;
     }
-    if (!RememberPlace(window, Registry(profile.paths.registry))) {
+    if (!RememberPlace(window, registry)) {
       Complain("Cannot remember the window's place.");
     }
     QCoreApplication::exit(kShowAnew);

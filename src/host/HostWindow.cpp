@@ -24,6 +24,7 @@ namespace {
 // One line, clipped where the window ends; the whole text is its tool tip.
 void ShowStatus(QLabel& label, const QString& text) {
   label.setText(text.simplified());
+  label.setAccessibleDescription(text);  // else a reader gets the tool tip's markup
   label.setToolTip(text.isEmpty() ? text : "<p>" + text.toHtmlEscaped() + "</p>");
 }
 
@@ -76,19 +77,24 @@ void HostWindow::closeEvent(QCloseEvent* event) {
 }
 
 void HostWindow::MakeMenu() {
-  QMenu* file = menuBar()->addMenu(HostText(kHostTextMenuFile));
-  file->addAction(HostText(kHostTextMenuRefreshAll), QKeySequence(Qt::CTRL | Qt::Key_R), this,
-                  [this] { SendToFrame(kMessageRefreshAll); });
-  file->addAction(HostText(kHostTextMenuShowMessage), this,
-                  [this] { SendToFrame(kMessageShowTextAgain); });
-  file->addAction(HostText(kHostTextMenuSettings), this,
-                  [this] { SendToFrame(kMessageOpenPanel); });
-  file->addSeparator();
-  file->addAction(HostText(kHostTextMenuQuit), QKeySequence(Qt::CTRL | Qt::Key_Q), this,
-                  &QWidget::close);
+  QMenu& file = *menuBar()->addMenu(HostText(kHostTextMenuFile));
+  AddEntry(file, kHostTextMenuRefreshAll, [this] {
+    SendToFrame(kMessageRefreshAll);
+  }).setShortcut(Qt::CTRL | Qt::Key_R);
+  AddEntry(file, kHostTextMenuShowMessage, [this] { SendToFrame(kMessageShowTextAgain); });
+  AddEntry(file, kHostTextMenuSettings, [this] { SendToFrame(kMessageOpenPanel); });
+  file.addSeparator();
+  AddEntry(file, kHostTextMenuQuit, [this] { close(); }).setShortcut(Qt::CTRL | Qt::Key_Q);
   MakeViewMenu();
-  QMenu* help = menuBar()->addMenu(HostText(kHostTextMenuHelp));
-  help->addAction(HostText(kHostTextMenuAbout), this, &HostWindow::ShowAbout);
+  QMenu& help = *menuBar()->addMenu(HostText(kHostTextMenuHelp));
+  AddEntry(help, kHostTextMenuAbout, [this] { ShowAbout(); });
+}
+
+// Later, for some lead to dialogs: a screen reader that chooses an entry waits for that to be done.
+QAction& HostWindow::AddEntry(QMenu& menu, const char* textKey, const std::function<void()>& run) {
+  QAction& action = *menu.addAction(HostText(textKey));
+  connect(&action, &QAction::triggered, this, run, Qt::QueuedConnection);
+  return action;
 }
 
 void HostWindow::MakeViewMenu() {
@@ -104,12 +110,12 @@ void HostWindow::MakeViewMenu() {
 
 void HostWindow::AddLooks(QMenu& menu, QActionGroup& group, const char* textKey,
                           const HostLooks& looks) {
-  QAction& action = *group.addAction(menu.addAction(HostText(textKey)));
-  action.setCheckable(true);
-  action.setChecked(looks == looks_);
-  connect(&action, &QAction::triggered, this, [this, looks] {
+  QAction& action = AddEntry(menu, textKey, [this, looks] {
     if (looks != looks_) emit LooksChosen(looks);
   });
+  group.addAction(&action);
+  action.setCheckable(true);
+  action.setChecked(looks == looks_);
 }
 
 void HostWindow::MakeStatusBar() {

@@ -3,8 +3,10 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <cstdint>
+#include <functional>
 #include <string>
 
+class QAction;
 class QActionGroup;
 class QLabel;
 class QMenu;
@@ -52,6 +54,7 @@ class HostWindow : public QMainWindow {
  private:
   void MakeMenu();
   void MakeViewMenu();
+  QAction& AddEntry(QMenu& menu, const char* textKey, const std::function<void()>& run);
   // An entry of one of the two groups of the view menu, which leads to `looks`.
   void AddLooks(QMenu& menu, QActionGroup& group, const char* textKey, const HostLooks& looks);
   void MakeStatusBar();

@@ -1,5 +1,6 @@
 #include <fmt/core.h>
 
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,10 @@
 
 namespace feedloom {
 namespace {
+
+// A new profile deletes nothing by itself; when it is told to, this is what the user begins with.
+constexpr std::uint32_t kNeverDelete = 1;
+constexpr std::uint32_t kDaysToKeep = 30;
 
 // What a profile is made from, read before anything is written.
 struct Ingredients {
@@ -63,6 +68,12 @@ std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir,
       {kHostKey, kValueCodePage, std::string(codePage.DeclaredName())}};
   for (const auto& [name, path] : SharePathsIn(shareDir, kLightSkin)) {
     entries.push_back({kHostKey, name, path});
+  }
+  // Without these the settings would say that posts are deleted after no days, and refuse it.
+  for (const auto& [name, value] : {std::pair{kValueFeedDeleteMode, kNeverDelete},
+                                    std::pair{kValueFeedDeleteDate, kDaysToKeep}}) {
+    entries.push_back({kModuleKey, name, value});
+    entries.push_back({kModuleKey, std::string(name) + "Str", std::to_string(value)});
   }
   return FormatRegistryFile(entries);
 }

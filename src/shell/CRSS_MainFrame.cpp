@@ -33,6 +33,9 @@ namespace {
 
 constexpr int kLeftMinimumWidth = 251;  // pixels
 constexpr int kTopHeight = 200;
+// The toolbar's controls with a short address, or a few rows below the toolbar.
+constexpr QSize kSmallestList(330, 130);
+constexpr QSize kSmallestBrowser(330, 150);
 constexpr int kRest = 1 << 16;  // what a splitter cuts to the room there is
 
 void SendToWindow(QWidget* window, unsigned number, std::intptr_t lParam) {
@@ -87,6 +90,8 @@ void CRSS_MainFrame::BuildPanes() {
   auto* const right = new VxSplitter(Qt::Vertical, this);
   rightTop_ = new CRSS_RightTopContainer(*this, right);
   rightBottom_ = new CRSS_RightBottomContainer(*this, right);
+  rightTop_->setMinimumSize(kSmallestList);
+  rightBottom_->setMinimumSize(kSmallestBrowser);
   right->setSizes({kTopHeight, kRest});
   right->setStretchFactor(1, 1);
   right->setChildrenCollapsible(false);

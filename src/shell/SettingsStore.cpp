@@ -20,8 +20,8 @@ constexpr Field kNewFeedMsgDuration{"NewFeedMsgDuration", &Settings::newFeedMsgD
 constexpr Field kNewFeedMsgTransparency{"NewFeedMsgTransparency",
                                         &Settings::newFeedMsgTransparency};
 constexpr Field kPreviewMode{"PreviewMode", &Settings::previewMode};
-constexpr Field kFeedDeleteMode{"FeedDeleteMode", &Settings::feedDeleteMode};
-constexpr Field kFeedDeleteDate{"FeedDeleteDate", &Settings::feedDeleteDate};
+constexpr Field kFeedDeleteMode{kValueFeedDeleteMode, &Settings::feedDeleteMode};
+constexpr Field kFeedDeleteDate{kValueFeedDeleteDate, &Settings::feedDeleteDate};
 
 constexpr Field kFrameOrder[] = {kPreviewMode,           kNewFeedMode,    kNewFeedDuration,
                                  kFeedDeleteMode,        kFeedDeleteDate, kNewFeedMsgDuration,

@@ -61,6 +61,8 @@ inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the hos
 
 // The key of the module's own settings.
 inline constexpr char kModuleKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold";
+inline constexpr char kValueFeedDeleteMode[] = "FeedDeleteMode";
+inline constexpr char kValueFeedDeleteDate[] = "FeedDeleteDate";
 inline constexpr char kValueBlockRemoteImages[] = "BlockRemoteImages";
 
 }  // namespace feedloom

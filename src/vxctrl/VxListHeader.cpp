@@ -22,10 +22,12 @@ VxListHeader::VxListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent
 }
 
 void VxListHeader::setModel(QAbstractItemModel* newModel) {
+  for (const QMetaObject::Connection& news : news_) disconnect(news);
   QHeaderView::setModel(newModel);
   if (model() == nullptr) return;  // as long as the list has none, it hands over a stand-in
-  connect(newModel, &QAbstractItemModel::headerDataChanged, this, &VxListHeader::UpdateName);
-  connect(newModel, &QAbstractItemModel::modelReset, this, &VxListHeader::UpdateName);
+  news_ = {
+      connect(newModel, &QAbstractItemModel::headerDataChanged, this, &VxListHeader::UpdateName),
+      connect(newModel, &QAbstractItemModel::modelReset, this, &VxListHeader::UpdateName)};
   UpdateName();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHeaderView>
+#include <array>
 
 namespace feedloom {
 
@@ -32,6 +33,7 @@ class VxListHeader : public QHeaderView {
   void UpdateName();
 
   int chosen_ = 0;
+  std::array<QMetaObject::Connection, 2> news_;  // of the model
 };
 
 }  // namespace feedloom

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "vxctrl/AccessibleRole.h"
 #include "vxctrl/SkinLook.h"
 
 namespace feedloom {
@@ -13,7 +14,9 @@ constexpr int kStep = 16;  // pixels
 class Handle : public QSplitterHandle {
  public:
   explicit Handle(VxSplitter* splitter)
-      : QSplitterHandle(splitter->orientation(), splitter), splitter_(*splitter) {}
+      : QSplitterHandle(splitter->orientation(), splitter), splitter_(*splitter) {
+    SetAccessibleRole(*this, QAccessible::Separator);
+  }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {

@@ -84,9 +84,9 @@ class Desktop:
         for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XAUTHORITY", "XDG_DATA_HOME",
                      "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "AT_SPI_BUS_ADDRESS", "NO_AT_BRIDGE"):
             os.environ.pop(name, None)
-        os.environ["DISPLAY"] = ":" + self._start_and_read(
+        os.environ["DISPLAY"] = ":" + self.start_and_read(
             "Xvfb", "-displayfd", "{}", "-screen", "0", "1280x900x24", "-nolisten", "tcp")
-        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_and_read(
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_and_read(
             "dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address={}")
         self._start_window_manager()
         self.start(ACCESSIBILITY_LAUNCHER, "--launch-immediately", "--a11y=1")
@@ -99,11 +99,11 @@ class Desktop:
             self.start("openbox", "--sm-disable", "--startup", f"sh -c 'echo >{ready}'")
             self._read_line(pipe, "openbox")
 
-    def _start_and_read(self, *command):
+    def start_and_read(self, *command):
         """Starts a program that tells a line on the file descriptor put for "{}" when ready."""
         reader, writer = os.pipe()
         try:
-            self.start(*(part.format(writer) for part in command), pass_fds=[writer])
+            self.start(*(str(part).format(writer) for part in command), pass_fds=[writer])
         finally:
             os.close(writer)
         with open(reader, "rb", buffering=0) as pipe:

@@ -75,7 +75,9 @@ class HostWindowTest : public testing::Test {
   // Chooses the entry of the menu with this text.
   void Choose(const QString& text) {
     for (QAction* action : window_->findChildren<QAction*>()) {
-      if (action->text() == text) return action->trigger();
+      if (action->text() != text) continue;
+      action->trigger();
+      return QCoreApplication::processEvents();
     }
     ADD_FAILURE() << "no entry " << text.toStdString();
   }

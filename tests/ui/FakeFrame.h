@@ -1,8 +1,7 @@
 // A frame for the tests of one pane: a real store, the shipped skin, and a record of what the pane
-// asked for.
+// asked for. What it does by itself is in the source file: many tests are compiled with it.
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <span>
 #include <string>
@@ -10,7 +9,6 @@
 #include <vector>
 
 #include "exchange/DirectorySearch.h"
-#include "ingest/FeedCheckAnswer.h"
 #include "kit/ShippedSkin.h"
 #include "store/StoreKit.h"
 #include "ui/Frame.h"
@@ -20,80 +18,43 @@ namespace feedloom {
 
 class FakeFrame : public Frame {
  public:
-  Store& TheStore() override { return db.Get(); }
-  const Skin& TheSkin() const override { return skin.Get(); }
-  SharedState& State() override { return state; }
-  void ReportMessage(std::string_view text) override { messages.emplace_back(text); }
-  MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind kind) override {
-    questions.emplace_back(key);
-    kinds.push_back(kind);
-    if (whileAsking) whileAsking();
-    return nextAnswer;
-  }
-  const Actions& TheActions() const override { return actions; }
-  bool IsAnyChannelQueued(std::span<const int> ids) const override {
-    return std::ranges::any_of(ids, [&](int id) { return queue.Contains(id); });
-  }
-  void QueueRefresh(std::vector<RefreshEntry> entries) override {
-    for (RefreshEntry& entry : entries) queue.Append(std::move(entry));
-  }
-  void StartRefresh() override { ++refreshes; }
+  FakeFrame();
+  ~FakeFrame() override;
+
+  Store& TheStore() override;
+  const Skin& TheSkin() const override;
+  SharedState& State() override;
+  void ReportMessage(std::string_view text) override;
+  MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind kind) override;
+  const Actions& TheActions() const override;
+  bool IsAnyChannelQueued(std::span<const int> ids) const override;
+  void QueueRefresh(std::vector<RefreshEntry> entries) override;
+  void StartRefresh() override;
   void CheckFeed(const std::string& address,
-                 std::function<void(const FeedCheckAnswer&)> onAnswer) override {
-    checkedAddresses.push_back(address);
-    answerCheck = std::move(onAnswer);
-  }
-  void StopFeedCheck() override { answerCheck = nullptr; }
-  std::optional<int> ExportOpml(const std::string& path) override {
-    exports.push_back(path);
-    return nextExport;
-  }
-  void ImportOpml(const ListSource& source) override { imports.push_back(source); }
+                 std::function<void(const FeedCheckAnswer&)> onAnswer) override;
+  void StopFeedCheck() override;
+  std::optional<int> ExportOpml(const std::string& path) override;
+  void ImportOpml(const ListSource& source) override;
   void MergeOpml(const std::string& path,
-                 std::function<void(const std::optional<ImportSums>&)> onEnd) override {
-    merges.push_back(path);
-    endMerge = std::move(onEnd);
-  }
-  std::unique_ptr<DirectorySearch> MakeDirectorySearch() override {
-    auto services = std::make_shared<IngestServices>(IngestServices{
-        db.Shared(), Registry(workFolder.File("registry.reg")), SystemClock(), workFolder.Path()});
-    return std::make_unique<DirectorySearch>(
-        std::move(services), directoryService,
-        [thread = interfaceThread](auto work) { thread->Run(std::move(work)); });
-  }
-  void FolderWasAdded(const FolderRow& folder) override { addedFolders.push_back(folder); }
-  void CabinetWasAdded(const CabinetRow& cabinet) override { addedCabinets.push_back(cabinet); }
-  void ChannelWasAdded(const ChannelRow& channel) override { addedChannels.push_back(channel); }
-  void ChannelWasMoved(int channelId, int folderId) override {
-    moves.emplace_back(channelId, folderId);
-  }
-  void ListPosts(ListMode mode, PostList list, FirstShown firstShown) override {
-    state.listMode = mode;
-    state.listShowsSelection = mode == ListMode::Selection && !list.wereSearched;
-    lists.push_back(std::move(list));
-    firstShowns.push_back(firstShown);
-  }
-  void RelistPosts(PostList list) override {
-    state.listMode = ListMode::Selection;
-    state.listShowsSelection = true;
-    relists.push_back(std::move(list));
-  }
-  void FocusSearch() override { ++searchFocuses; }
-  void GoToUnreadPost(bool forward) override { unreadPostsAsked.push_back(forward); }
-  void ShowPost(const PostRow& post) override { shown.push_back(post.title); }
-  void ShowMainPage() override { shown.emplace_back("(main page)"); }
-  bool ShowsRemoteImages() const override { return showsRemoteImages; }
-  void AddChannel(const std::string& address) override { addedAddresses.push_back(address); }
-  void PostIsSaved(int cabinetId) override { savedTo.push_back(cabinetId); }
-  void PostWasRead(const PostRow& post, bool isScrapPost) override {
-    read.emplace_back(post.ownerId, isScrapPost);
-  }
-  void RecountUnread(bool ofScrapPosts) override {
-    recounts.push_back(ofScrapPosts);
-    if (onRecount) onRecount(ofScrapPosts);
-  }
-  void ReloadSelection() override { ++reloads; }
-  void GoToUnreadRow(bool forward) override { unreadRowsAsked.push_back(forward); }
+                 std::function<void(const std::optional<ImportSums>&)> onEnd) override;
+  std::unique_ptr<DirectorySearch> MakeDirectorySearch() override;
+  void FolderWasAdded(const FolderRow& folder) override;
+  void CabinetWasAdded(const CabinetRow& cabinet) override;
+  void ChannelWasAdded(const ChannelRow& channel) override;
+  void ChannelWasMoved(int channelId, int folderId) override;
+  void ListPosts(ListMode mode, PostList list, FirstShown firstShown) override;
+  void RelistPosts(PostList list) override;
+  void FocusSearch() override;
+  void GoToUnreadPost(bool forward) override;
+  void ShowPost(const PostRow& post) override;
+  void ShowMainPage() override;
+  bool ShowsRemoteImages() const override;
+  void AddChannel(const std::string& address) override;
+  void PostIsSaved(int cabinetId) override;
+  void PostWasRead(const PostRow& post, bool isScrapPost) override;
+  void RecountUnread(bool ofScrapPosts) override;
+  void ReloadSelection() override;
+  void GoToUnreadRow(bool forward) override;
 
   TestStore db;
   ShippedSkin skin;

@@ -39,7 +39,7 @@ inline bool IsForTheUser(const QAccessibleInterface& node) {
     case QAccessible::ComboBox:
     case QAccessible::EditableText:
     case QAccessible::Slider:
-    case QAccessible::Grip:
+    case QAccessible::Separator:
     case QAccessible::ToolBar:
     case QAccessible::Tree:
     case QAccessible::TreeItem:

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 
+#include "ingest/FeedCheckAnswer.h"
 #include "skin/Keys.h"
 #include "store/Channels.h"
 #include "store/Folders.h"

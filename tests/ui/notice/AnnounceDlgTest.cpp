@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QPointer>
@@ -73,8 +74,10 @@ TEST_F(AnnounceDlgTest, TellsTheCountInTheHostsLanguageWithNothingClipped) {
     CRSS_AnnounceDlg window(skin.Get(), &owner);
     window.setAttribute(Qt::WA_DeleteOnClose, false);
     window.Announce(1234567890, 0);
-    EXPECT_EQ(window.accessibleName(), caption);
-    EXPECT_EQ(window.accessibleDescription(), count);
+    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(&window);
+    EXPECT_EQ(told->role(), QAccessible::AlertMessage);
+    EXPECT_EQ(told->text(QAccessible::Name), caption);
+    EXPECT_EQ(told->text(QAccessible::Description), count);
     QStringList texts;
     for (const auto* label : window.findChildren<QLabel*>()) {
       texts << label->text();
