@@ -20,8 +20,6 @@
 #include "host/WindowPlace.h"
 #include "kit/ShippedSkin.h"
 #include "profile/HostTexts.h"
-#include "profile/IniFile.h"
-#include "profile/Profile.h"
 #include "shell/Feedloom.h"
 #include "skin/Keys.h"
 
@@ -178,22 +176,6 @@ TEST(ModuleLinkTest, LeadsToTheInstalledModule) {
   EXPECT_EQ(LinkModule(own, installed), std::nullopt);
   EXPECT_EQ(folder.Read("own"), "my module");
   EXPECT_EQ(folder.Names(), (std::vector<std::string>{"installed", "link", "own"}));
-}
-
-TEST(HostTextKeysTest, EachHasATextInBothLanguages) {
-  constexpr const char* kKeys[] = {
-#define FEEDLOOM_HOST_TEXT(constant, key) key,
-#include "skin/HostTextKeys.def"
-#undef FEEDLOOM_HOST_TEXT
-  };
-  const IniFile ini = IniFile::Read(ShareDir() + "/string.ini");
-  for (const char* key : kKeys) {
-    for (const char* section : {"HALVIX", "HALVIX.ENG"}) {
-      const std::string text = ini.Value(section, key).value_or("");
-      EXPECT_NE(text, "") << section << ' ' << key;
-      EXPECT_EQ(CodePage::Korean().ToUtf8(CodePage::Korean().FromUtf8(text)), text);
-    }
-  }
 }
 
 }  // namespace

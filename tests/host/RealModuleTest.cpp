@@ -40,6 +40,21 @@ TEST_F(RealModuleTest, HalvixLinksItAndTakesThePictureOfTheFirstPost) {
   EXPECT_EQ(posts.count(" * "), 4) << "the post that was shown is read\n" << posts.constData();
 }
 
+TEST_F(RealModuleTest, ImagesAreFineWhereTheScreenIs) {
+  qputenv("QT_SCALE_FACTOR", "2");
+  const QImage picture = Picture();
+  qunsetenv("QT_SCALE_FACTOR");
+  ASSERT_EQ(picture.size(), QSize(2048, 1400));
+  // In the tree's toolbar: of an image with one pixel for four, each of the four would be the same.
+  int uneven = 0;
+  for (int y = 60; y < 100; y += 2) {
+    for (int x = 16; x < 290; x += 2) {
+      if (picture.copy(x, y, 2, 2) != picture.copy(x, y, 1, 1).scaled(2, 2)) ++uneven;
+    }
+  }
+  EXPECT_GT(uneven, 300);
+}
+
 TEST_F(RealModuleTest, TheMinimalHostShowsItAndLeaves) {
   ASSERT_EQ(CreateProfile(paths_.dir, ShareDir(), CodePage::Korean(), "KOR"), std::nullopt);
   std::filesystem::create_symlink(MODULE, paths_.module);

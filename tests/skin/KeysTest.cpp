@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -169,13 +171,73 @@ constexpr std::array kNamedByPath = {"Image/Skyfold_image/announce_bg.bmp",
                                      "Image/Skyfold_image/new_ani01.gif",
                                      "Image/Image_KOR/Skyfold_image/new_ani01.gif"};
 
+// Lists the differences.
+void ExpectSame(const Keys& used, const Keys& present, const std::string& section) {
+  Keys missing;
+  std::ranges::set_difference(used, present, std::inserter(missing, missing.end()));
+  EXPECT_EQ(missing, Keys()) << "used and not present in " << section;
+  Keys idle;
+  std::ranges::set_difference(present, used, std::inserter(idle, idle.end()));
+  EXPECT_EQ(idle, Keys()) << "present and not used in " << section;
+}
+
+// All names in the program's sources.
+std::set<std::string> NamesInSources() {
+  std::set<std::string> names;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(FEEDLOOM_SOURCES)) {
+    const auto kind = entry.path().extension();
+    if (kind != ".cpp" && kind != ".h") continue;
+    std::ifstream file(entry.path());
+    std::string name;
+    for (char c = 0; file.get(c);) {
+      if (std::isalnum(static_cast<unsigned char>(c)) != 0) {
+        name += c;
+      } else if (!name.empty()) {
+        names.insert(std::exchange(name, {}));
+      }
+    }
+  }
+  return names;
+}
+
+TEST(KeysTest, EachKeyIsUsedByTheSources) {
+  const Keys constants = {
+#define FEEDLOOM_TEXT(constant, key) #constant,
+#include "skin/TextKeys.def"
+#undef FEEDLOOM_TEXT
+#define FEEDLOOM_LABEL(constant, key, builtIn) #constant,
+#include "skin/LabelKeys.def"
+#undef FEEDLOOM_LABEL
+#define FEEDLOOM_HOST_TEXT(constant, key) #constant,
+#include "skin/HostTextKeys.def"
+#undef FEEDLOOM_HOST_TEXT
+#define FEEDLOOM_SKIN(constant, section, key, kind) #constant,
+#include "skin/SkinKeys.def"
+#undef FEEDLOOM_SKIN
+#define FEEDLOOM_COLOR(constant, key, builtIn) #constant,
+#include "skin/ColorKeys.def"
+#undef FEEDLOOM_COLOR
+  };
+  const Keys names = NamesInSources();
+  Keys unused;
+  std::ranges::set_difference(constants, names, std::inserter(unused, unused.end()));
+  EXPECT_EQ(unused, Keys());
+}
+
 TEST(KeysTest, EachTextIsThereInBothLanguagesAndNoOther) {
   auto sections = SectionsOf("string.ini");
   Keys known = KnownTexts();
-  EXPECT_EQ(KeysOf(sections["FEEDLOOM"]), known);
+  ExpectSame(known, KeysOf(sections["FEEDLOOM"]), "Korean");
   for (const char* key : kAddresses) known.erase(key);
   for (const Label& label : Labels()) known.insert(label.key);  // Korean is built in
-  EXPECT_EQ(KeysOf(sections["FEEDLOOM.ENG"]), known);
+  ExpectSame(known, KeysOf(sections["FEEDLOOM.ENG"]), "English");
+  const Keys host = {
+#define FEEDLOOM_HOST_TEXT(constant, key) key,
+#include "skin/HostTextKeys.def"
+#undef FEEDLOOM_HOST_TEXT
+  };
+  ExpectSame(host, KeysOf(sections["HALVIX"]), "the host's Korean");
+  ExpectSame(host, KeysOf(sections["HALVIX.ENG"]), "the host's English");
 }
 
 TEST(KeysTest, LabelsAreTheHostsOrElseTheModulesOwn) {

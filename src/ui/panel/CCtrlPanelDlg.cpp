@@ -70,8 +70,8 @@ QHBoxLayout* CCtrlPanelDlg::MakeTabs() {
   for (const Tab& tab : kTabs) {
     CButtonEx* const button = MakeButton(kSectionPanel, tab.imageKey, tab.textKey);
     button->setCheckable(true);
-    button->setAutoExclusive(
-        true);  // which a screen reader hears; the group alone does not tell it
+    // A screen reader hears this; the group alone does not tell it.
+    button->setAutoExclusive(true);
     tabs_->addButton(button, row->count());
     row->addWidget(button);
   }
