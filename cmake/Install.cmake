@@ -44,7 +44,9 @@ foreach(target halvix feedloomctl feedloom)
 endforeach()
 
 install(TARGETS halvix feedloomctl RUNTIME DESTINATION bin)
-install(TARGETS feedloom LIBRARY DESTINATION lib/feedloom)
+# Not a library for others: as deep as this cpack adds no scripts for the linker, of which a removal
+# would leave traces.
+install(TARGETS feedloom LIBRARY DESTINATION lib/feedloom/module)
 install(PROGRAMS ${CMAKE_SOURCE_DIR}/tools/feedloom-directory DESTINATION bin)
 
 install(FILES ${CMAKE_SOURCE_DIR}/share/string.ini ${CMAKE_SOURCE_DIR}/share/image.ini

@@ -20,7 +20,7 @@ fs::path ProgramDir() {
 std::string InstalledModule() {
   const fs::path dir = ProgramDir();
   for (const fs::path& path :
-       {dir / "feedloom.so", dir.parent_path() / "lib" / "feedloom" / "feedloom.so"}) {
+       {dir / "feedloom.so", dir.parent_path() / "lib" / "feedloom" / "module" / "feedloom.so"}) {
     if (IsRegularFile(path.string())) return path.string();
   }
   return {};
