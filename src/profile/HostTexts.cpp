@@ -1,6 +1,8 @@
 #include "profile/HostTexts.h"
 
+#include <initializer_list>
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -12,10 +14,9 @@ namespace feedloom {
 namespace {
 
 // Answers from the first of these files that has the value.
-template <typename... Paths>
-auto AnswersFrom(const HostConfig& config, const Paths&... paths) {
+auto AnswersFrom(const HostConfig& config, std::initializer_list<std::string> paths) {
   auto files = std::make_shared<std::vector<IniFile>>();
-  (files->push_back(IniFile::Read(paths)), ...);
+  for (const std::string& path : paths) files->push_back(IniFile::Read(path));
   return [files = std::shared_ptr<const std::vector<IniFile>>(std::move(files)),
           language = config.GetHostLanguage(),
           codePage = config.GetCodePage()](const char* section, const char* key) {
@@ -31,9 +32,9 @@ auto AnswersFrom(const HostConfig& config, const Paths&... paths) {
 }  // namespace
 
 HostLookup ReadHostTexts(const HostConfig& config) {
-  return {.HostGetText = AnswersFrom(config, config.GetStringIniPath()),
-          .HostGetSkinValue = AnswersFrom(config, JoinPath(config.GetImageDir(), kSkinIni),
-                                          config.GetImageIniPath())};
+  return {.HostGetText = AnswersFrom(config, {config.GetStringIniPath()}),
+          .HostGetSkinValue = AnswersFrom(
+              config, {JoinPath(config.GetImageDir(), kSkinIni), config.GetImageIniPath()})};
 }
 
 }  // namespace feedloom

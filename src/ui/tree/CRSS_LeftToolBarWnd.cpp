@@ -60,7 +60,7 @@ void CRSS_LeftToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   DrawThreePieces(painter, rect(), background_);
   const int right = buttons_[kFirstBehindLine]->x() - kButtonGap;
-  const QSize size = line_.deviceIndependentSize().toSize();
+  const QSize size = SizeOf(line_);
   painter.drawPixmap(right - size.width(), (height() - size.height()) / 2, line_);
 }
 
@@ -68,7 +68,7 @@ void CRSS_LeftToolBarWnd::resizeEvent(QResizeEvent* /*event*/) {
   int left = kFirstButtonLeft;
   for (int button = 0; button < kButtonCount; ++button) {
     if (button == kFirstBehindLine) {
-      left += line_.deviceIndependentSize().toSize().width() + kButtonGap;
+      left += SizeOf(line_).width() + kButtonGap;
     }
     const QSize size = buttons_[static_cast<std::size_t>(button)]->sizeHint();
     buttons_[static_cast<std::size_t>(button)]->setGeometry(
