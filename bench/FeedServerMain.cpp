@@ -1,12 +1,12 @@
-// feed_server FEEDS ITEMS LATENCY_MS: serves RSS feeds "/feed/1" to "/feed/FEEDS" on 127.0.0.1,
-// each answer after the latency. Prints the port; at the end of its input prints the highest number
-// of simultaneous requests and the number of requests, and ends.
+// feed_server FEEDS ITEMS LATENCY_MS: serves RSS feeds "/feed/1" to "/feed/FEEDS" on 127.0.0.1 with
+// their ETag and Last-Modified, each answer after the latency. Prints the port; then, for each line
+// of its input and at the input's end, the highest number of simultaneous requests, and the numbers
+// of requests, of answers 304 and of connections so far.
 #include <fmt/core.h>
 
 #include <chrono>
 #include <cstdio>
 #include <iostream>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -31,16 +31,26 @@ std::string Feed(int feed, int items) {
   return RssDocument(fmt::format("Channel {}", feed), posts);
 }
 
+void PrintCounts(const FeedServer& server, int feeds) {
+  int requests = 0;
+  for (int feed = 1; feed <= feeds; ++feed) requests += server.Requests(PathOf(feed));
+  fmt::print("{} {} {} {}\n", server.HighestConcurrency(), requests, server.Unchanged(),
+             server.Connections());
+  std::fflush(stdout);
+}
+
 void Run(int feeds, int items, std::chrono::milliseconds latency) {
   FeedServer server;
   server.SetLatency(latency);
-  for (int feed = 1; feed <= feeds; ++feed) server.Serve(PathOf(feed), Feed(feed, items));
+  server.KeepConnections();
+  for (int feed = 1; feed <= feeds; ++feed) {
+    server.ServeVersion(PathOf(feed), Feed(feed, items), fmt::format("\"version-{}\"", feed),
+                        "Sat, 21 Nov 2026 12:00:00 GMT");
+  }
   fmt::print("{}\n", server.Port());
   std::fflush(stdout);
-  std::cin.ignore(std::numeric_limits<std::streamsize>::max());
-  int requests = 0;
-  for (int feed = 1; feed <= feeds; ++feed) requests += server.Requests(PathOf(feed));
-  fmt::print("{} {}\n", server.HighestConcurrency(), requests);
+  for (std::string line; std::getline(std::cin, line);) PrintCounts(server, feeds);
+  PrintCounts(server, feeds);
 }
 
 }  // namespace

@@ -10,7 +10,7 @@ FetchOutcome FetchOnce(Session& session, const std::string& address, FeedParser&
   if (!services) return {kDownloadFailed, kParsed, "there is no folder to work in"};
   const TimeLimit limit(services->clock, RefreshLimits().timeLimit);
   FetchOutcome outcome =
-      FetchFeed(address, CheckFilePath(services->workDir), *services, limit.Token(), parser);
+      FetchFeed({address, CheckFilePath(services->workDir)}, *services, limit.Token(), parser);
   if (limit.RanOut()) outcome.error = "it took too long";
   return outcome;
 }

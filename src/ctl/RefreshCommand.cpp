@@ -41,7 +41,9 @@ int RunRefresh(Session& session, const RefreshOptions& options) {
   RefreshProgress progress(session, *channels);
   if (!channels->empty()) {
     NoHost host;
-    RefreshEngine engine(services, progress, host);
+    RefreshEngine engine(services, progress, host, {}, [&progress](int channelId, int newPosts) {
+      progress.CountNew(channelId, newPosts);
+    });
     for (const ChannelRow& channel : *channels) engine.Enqueue(EntryFor(channel));
     engine.StartRefresh();
     progress.Wait();

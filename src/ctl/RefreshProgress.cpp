@@ -3,16 +3,14 @@
 #include <fmt/core.h>
 #include <unistd.h>
 
-#include <algorithm>
-
 #include "ctl/Session.h"
 #include "platform/Messages.h"
-#include "store/Counts.h"
 
 namespace feedloom {
 namespace {
 
-std::string Counted(std::size_t count, std::string_view noun) {
+template <typename Count>
+std::string Counted(Count count, std::string_view noun) {
   return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
@@ -23,7 +21,7 @@ RefreshProgress::RefreshProgress(Session& session, const std::vector<ChannelRow>
       started_(std::chrono::steady_clock::now()),
       drawsBar_(!session.WantsJson() && isatty(STDOUT_FILENO) != 0) {
   for (const ChannelRow& channel : channels) {
-    channels_[channel.id] = {session.Utf8(channel.title), channel.unreadCount};
+    channels_[channel.id] = {session.Utf8(channel.title)};
   }
 }
 
@@ -54,23 +52,28 @@ void RefreshProgress::OnWorker(int channelId) {
   End(channelId, "stopped, it took too long", true);
 }
 
+void RefreshProgress::CountNew(int channelId, int newPosts) {
+  const MutexLock lock(mutex_);
+  channels_[channelId].newPosts += newPosts;
+  newPosts_ += newPosts;
+}
+
 void RefreshProgress::End(int channelId, std::string_view result, bool failed) {
-  const int unread = CountUnreadInItem(session_.TheStore(), channelId, false);
   const MutexLock lock(mutex_);
   Channel& channel = channels_[channelId];
   channel.ended = true;
-  const auto newPosts = static_cast<std::size_t>(std::max(unread - channel.unreadBefore, 0));
-  newPosts_ += newPosts;
   if (failed) ++failures_;
   if (session_.WantsJson()) {
-    lines_.push_back(
-        {{"id", channelId}, {"title", channel.title}, {"result", result}, {"new", newPosts}});
+    lines_.push_back({{"id", channelId},
+                      {"title", channel.title},
+                      {"result", result},
+                      {"new", channel.newPosts}});
     return;
   }
   if (drawsBar_) fmt::print("\r\x1b[K");
   const std::string title = OneLine(channel.title);
   PrintLine(failed ? fmt::format("{}: {}", title, result)
-                   : fmt::format("{}: {} new", title, newPosts));
+                   : fmt::format("{}: {} new", title, channel.newPosts));
   if (drawsBar_) DrawBar();
 }
 

@@ -26,6 +26,9 @@ class RefreshProgress : public MessageTarget {
   // From the engine's threads.
   std::intptr_t Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) override;
 
+  // The same: so many posts of the channel are new.
+  void CountNew(int channelId, int newPosts);
+
   // Blocks until the run has ended.
   void Wait();
 
@@ -36,7 +39,7 @@ class RefreshProgress : public MessageTarget {
  private:
   struct Channel {
     std::string title;  // UTF-8
-    int unreadBefore = 0;
+    int newPosts = 0;
     bool began = false;
     bool ended = false;
   };
@@ -53,7 +56,7 @@ class RefreshProgress : public MessageTarget {
   std::condition_variable_any changed_;
   std::map<int, Channel> channels_ FEEDLOOM_GUARDED_BY(mutex_);
   Json lines_ FEEDLOOM_GUARDED_BY(mutex_) = Json::array();
-  std::size_t newPosts_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
+  int newPosts_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
   std::size_t failures_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
   bool runEnded_ FEEDLOOM_GUARDED_BY(mutex_) = false;
 };

@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include "ctl/Output.h"
+#include "ingest/FeedMemory.h"
 #include "platform/Clock.h"
 #include "profile/FirstChoices.h"
 #include "profile/HostTexts.h"
@@ -82,8 +83,8 @@ SharedServices Session::Services() {
     PrintError(fmt::format("cannot make a folder in {}", config_.GetWorkDir()));
     return nullptr;
   }
-  return std::make_shared<IngestServices>(
-      IngestServices{store_, registry_, SystemClock(), workFolder_->Path()});
+  return std::make_shared<IngestServices>(IngestServices{
+      store_, registry_, SystemClock(), workFolder_->Path(), FeedMemoryPath(config_.GetWorkDir())});
 }
 
 }  // namespace feedloom

@@ -53,7 +53,7 @@ ReadList ReadListAt(const std::string& address, const IngestServices& services,
   FeedParser parser(services.TextCodePage());
   const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
   FetchOutcome outcome =
-      FetchFeed(address, ListFilePath(services.workDir), services, limit.Token(), parser);
+      FetchFeed({address, ListFilePath(services.workDir)}, services, limit.Token(), parser);
   if (limit.RanOut()) return Refused("it took too long");
   if (outcome.result == kDownloadFailed) return Refused(std::move(outcome.error));
   return PlanOf(parser, outcome.parseCode, services.TextCodePage().FromUtf8(ListName(address)));

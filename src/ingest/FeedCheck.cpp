@@ -27,7 +27,8 @@ FeedCheckAnswer Examine(const IngestServices& services, const std::string& addre
                         const TempFile& file, std::stop_token stop) {
   FeedParser parser(services.TextCodePage());
   const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
-  const FetchOutcome outcome = FetchFeedFile(address, file.Path(), services, limit.Token(), parser);
+  const FetchOutcome outcome =
+      FetchFeedFile({address, file.Path()}, services, limit.Token(), parser);
   if (outcome.result == kChannelRefreshed) {
     return {true, parser.GetChannelTitle(), parser.GetChannelLink()};
   }

@@ -5,7 +5,6 @@
 #include <filesystem>
 
 #include "platform/Path.h"
-#include "platform/ProxySettings.h"
 #include "platform/TempFile.h"
 #include "platform/UrlDownload.h"
 
@@ -15,8 +14,20 @@ namespace {
 constexpr std::string_view kTempPrefix = "Feedloom_tmp";
 constexpr std::string_view kTempSuffix = ".xml";
 
+constexpr long kStatusNotModified = 304;
+constexpr long kStatusTooManyRequests = 429;
+constexpr long kStatusUnavailable = 503;
+
 std::string TempPath(const std::string& workDir, std::string_view middle) {
   return JoinPath(workDir, fmt::format("{}{}{}", kTempPrefix, middle, kTempSuffix));
+}
+
+FetchOutcome Failed(TransferResult download) {
+  FetchOutcome outcome{kDownloadFailed, kParsed, std::move(download.error)};
+  const bool isBusy =
+      download.status == kStatusTooManyRequests || download.status == kStatusUnavailable;
+  if (isBusy) outcome.retryAfter = download.retryAfter;
+  return outcome;
 }
 
 }  // namespace
@@ -39,21 +50,28 @@ void SweepTempFiles(const std::string& workDir) {
   }
 }
 
-FetchOutcome FetchFeed(const std::string& address, const std::string& path,
-                       const IngestServices& services, std::stop_token stop, FeedParser& parser) {
-  const TempFile file(path);
-  return FetchFeedFile(address, path, services, std::move(stop), parser);
+FetchOutcome FetchFeed(const FeedRequest& request, const IngestServices& services,
+                       std::stop_token stop, FeedParser& parser) {
+  const TempFile file(request.path);
+  return FetchFeedFile(request, services, std::move(stop), parser);
 }
 
-FetchOutcome FetchFeedFile(const std::string& address, const std::string& path,
-                           const IngestServices& services, std::stop_token stop,
-                           FeedParser& parser) {
-  TransferResult download = UrlDownloadToFile(services.TextCodePage().ToUtf8(address), path,
-                                              ReadProxySettings(services.registry), stop);
-  if (!download.ok) return {kDownloadFailed, kParsed, std::move(download.error)};
-  const int code = parser.Parse(path, stop);
-  const bool isFeed = code >= 0 && parser.IsFeed();
-  return {isFeed ? kChannelRefreshed : kDocumentRefused, code, "", std::move(download.address)};
+FetchOutcome FetchFeedFile(const FeedRequest& request, const IngestServices& services,
+                           std::stop_token stop, FeedParser& parser) {
+  TransferResult download =
+      UrlDownloadToFile({.address = services.TextCodePage().ToUtf8(request.address),
+                         .known = request.known,
+                         .web = ReadWebAccess(services.registry),
+                         .pool = request.pool},
+                        request.path, stop);
+  if (!download.ok) return Failed(std::move(download));
+  FetchOutcome outcome{kChannelRefreshed, kParsed, "", std::move(download.address)};
+  outcome.isNew = request.known.AreEmpty() || download.status != kStatusNotModified;
+  if (!outcome.isNew) return outcome;
+  outcome.validators = std::move(download.validators);
+  outcome.parseCode = parser.Parse(request.path, std::move(stop));
+  if (outcome.parseCode < 0 || !parser.IsFeed()) outcome.result = kDocumentRefused;
+  return outcome;
 }
 
 }  // namespace feedloom

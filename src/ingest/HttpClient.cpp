@@ -48,7 +48,7 @@ std::string HttpStatusLine(TransferEvent event, std::string_view name) {
 }
 
 HttpClient::HttpClient(const Registry& registry, StatusLog log)
-    : proxy_(ReadProxySettings(registry)), log_(std::move(log)) {}
+    : web_(ReadWebAccess(registry)), log_(std::move(log)) {}
 
 std::string HttpClient::Get(const std::string& address, std::stop_token stop) {
   return Exchange(address, std::nullopt, std::move(stop));
@@ -68,7 +68,7 @@ std::string HttpClient::Exchange(const std::string& address, std::optional<std::
   request.address = CompleteAddress(std::string_view(address).substr(0, query));
   request.rawQuery = address.substr(std::min(query + 1, address.size()));
   request.form = std::move(form);
-  request.proxy = proxy_;
+  request.web = web_;
   request.sink = [&body](std::string_view bytes) {
     body += bytes;
     return true;

@@ -7,7 +7,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/ProxySettings.h"
 #include "platform/Registry.h"
 #include "platform/UrlTransfer.h"
 
@@ -19,7 +18,8 @@ using StatusLog = std::function<void(std::string_view line)>;
 // The line for a progress event; `name` is the host that it is about.
 std::string HttpStatusLine(TransferEvent event, std::string_view name);
 
-// One object an exchange, used by one thread. Reads the user's proxy settings when it is made.
+// One object an exchange, used by one thread. Reads how the user reaches the web when it is
+// made.
 class HttpClient {
  public:
   explicit HttpClient(const Registry& registry, StatusLog log = {});
@@ -37,7 +37,7 @@ class HttpClient {
   std::string Exchange(const std::string& address, std::optional<std::string> form,
                        std::stop_token stop);
 
-  const ProxySettings proxy_;
+  const WebAccess web_;
   const StatusLog log_;
 };
 

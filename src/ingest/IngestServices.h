@@ -14,9 +14,10 @@ namespace feedloom {
 // was given up and ends late still finds everything it touches alive.
 struct IngestServices {
   std::shared_ptr<Store> store;
-  Registry registry;  // for the proxy settings, read afresh for each transfer
+  Registry registry;  // for how the web is reached, read afresh for each transfer
   Clock& clock;
-  std::string workDir;  // where temporary files lie; the file system's own bytes
+  std::string workDir;          // where temporary files lie; the file system's own bytes
+  std::string feedMemory = {};  // the file of FeedMemory; empty: nothing is remembered
 
   CodePage TextCodePage() const { return store->TextCodePage(); }
 };

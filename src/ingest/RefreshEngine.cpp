@@ -44,8 +44,9 @@ void JoinJobs(RefreshRun& run) {
 }  // namespace
 
 RefreshEngine::RefreshEngine(SharedServices services, MessageTarget& frame, MessageTarget& host,
-                             const RefreshLimits& limits)
-    : run_(std::make_shared<RefreshRun>(std::move(services), frame, host, limits)) {
+                             const RefreshLimits& limits, NewPostsReport newPosts)
+    : run_(std::make_shared<RefreshRun>(std::move(services), frame, host, limits,
+                                        std::move(newPosts))) {
   SweepTempFiles(run_->services->workDir);
 }
 
@@ -54,6 +55,7 @@ RefreshEngine::~RefreshEngine() { Stop(); }
 bool RefreshEngine::Enqueue(RefreshEntry entry) {
   const MutexLock lock(run_->lock);
   const bool appended = run_->queue.Append(std::move(entry));
+  run_->contentsAreFresh = false;
   run_->changed.notify_all();
   return appended;
 }
@@ -61,6 +63,7 @@ bool RefreshEngine::Enqueue(RefreshEntry entry) {
 void RefreshEngine::EnqueueAll(std::vector<RefreshEntry> entries) {
   const MutexLock lock(run_->lock);
   for (RefreshEntry& entry : entries) run_->queue.Append(std::move(entry));
+  run_->contentsAreFresh = false;
   run_->changed.notify_all();
 }
 

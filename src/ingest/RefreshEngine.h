@@ -25,7 +25,7 @@ class RefreshEngine {
   // Removes the temporary files that a crash left in the work folder. The targets outlive the
   // object; `services` may live on in a worker that was given up, and so may all it refers to.
   RefreshEngine(SharedServices services, MessageTarget& frame, MessageTarget& host,
-                const RefreshLimits& limits = {});
+                const RefreshLimits& limits = {}, NewPostsReport newPosts = {});
   ~RefreshEngine();
   RefreshEngine(const RefreshEngine&) = delete;
   RefreshEngine& operator=(const RefreshEngine&) = delete;

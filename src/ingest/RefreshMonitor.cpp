@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <thread>
+#include <utility>
 
 #include "ingest/RefreshWorker.h"
 #include "platform/ThreadPriority.h"
@@ -37,14 +38,25 @@ class JobReport : public WorkerReport {
     }
   }
 
-  void Ended(ChannelResult result) override {
+  void Inserted(int newPosts) override {
+    if (!run_.newPosts || newPosts == 0 || !Begin()) return;
+    run_.newPosts(job_.channelId, newPosts);
+    Finish(Phase::Working);
+  }
+
+  // The store is left alone then, unless it has to forget an earlier failure.
+  void Unchanged() override { End(kChannelRefreshed, job_.stored.state != kChannelRefreshed); }
+
+  void Ended(ChannelResult result) override { End(result, job_.channelId >= 0); }
+
+ private:
+  void End(ChannelResult result, bool storesState) {
     if (!Begin()) return;
-    if (job_.channelId >= 0) SetChannelState(*run_.services->store, job_.channelId, result);
+    if (storesState) SetChannelState(*run_.services->store, job_.channelId, result);
     run_.frame.Send(kMessageChannelResult, result, job_.channelId);
     Finish(Phase::Ended);
   }
 
- private:
   bool Begin() {
     const MutexLock lock(run_.lock);
     if (job_.phase == Phase::Dropped) return false;
@@ -65,7 +77,8 @@ class JobReport : public WorkerReport {
 
 void RunWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job) {
   JobReport report(*run, *job);
-  RefreshChannel(job->entry, *run->services, report, job->stop.get_token());
+  RefreshChannel(job->entry, job->stored.holdsPosts, *run->services, run->web, report,
+                 job->stop.get_token());
   const MutexLock lock(run->lock);
   job->threadEnded = true;
   run->changed.notify_all();
@@ -73,7 +86,7 @@ void RunWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job) {
 
 // What the monitor does next, decided under the lock and done without it.
 struct Step {
-  enum class Kind { Start, Stop, Finish } kind = Kind::Finish;
+  enum class Kind { Look, Start, Stop, Finish } kind = Kind::Finish;
   SharedJob job;
   int channelId = 0;
   ChannelResult result = kDownloadFailed;  // of a job to stop
@@ -101,6 +114,8 @@ SharedJob ClaimJob(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   auto job = std::make_shared<RefreshJob>();
   job->channelId = entry->channelId;
   job->entry = *std::move(entry);
+  const auto stored = run.contents.find(job->channelId);
+  if (stored != run.contents.end()) job->stored = stored->second;
   job->started = Clock::now();
   run.jobs.push_back(job);
   return job;
@@ -128,10 +143,21 @@ Step NextStep(RefreshRun& run) {
     if (const SharedJob overdue = DropOverdue(run)) {
       return {Step::Kind::Stop, overdue, overdue->channelId, overdue->resultIfStopped};
     }
+    const bool mayLook = run.queue.HasWaiting() && !run.web.memory.IsEmpty();
+    if (mayLook && !std::exchange(run.contentsAreFresh, true)) return {Step::Kind::Look, nullptr};
     if (const SharedJob job = ClaimJob(run)) return {Step::Kind::Start, job, job->channelId};
     if (std::ranges::none_of(run.jobs, IsRunning) && !run.queue.HasWaiting()) return {};
     WaitForChange(run);
   }
+}
+
+// Reads what the store says of the channels that wait.
+void LookAtChannels(RefreshRun& run) {
+  std::vector<ChannelContents> channels;
+  LoadChannelContents(*run.services->store, channels);
+  const MutexLock lock(run.lock);
+  run.contents.clear();
+  for (const ChannelContents& channel : channels) run.contents[channel.id] = channel;
 }
 
 void StartWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job, int channelId) {
@@ -149,12 +175,26 @@ void StopWorker(RefreshRun& run, const Step& step) {
 
 void WorkOffQueue(const std::shared_ptr<RefreshRun>& run) {
   for (Step step = NextStep(*run); step.kind != Step::Kind::Finish; step = NextStep(*run)) {
-    if (step.kind == Step::Kind::Start) {
-      StartWorker(run, step.job, step.channelId);
-    } else {
-      StopWorker(*run, step);
+    switch (step.kind) {
+      case Step::Kind::Look:
+        LookAtChannels(*run);
+        break;
+      case Step::Kind::Start:
+        StartWorker(run, step.job, step.channelId);
+        break;
+      default:
+        StopWorker(*run, step);
     }
   }
+}
+
+// A file that cannot be written costs requests for whole documents, and nothing else.
+void LeaveWeb(RefreshRun& run) {
+  run.web.pool.CloseIdle();
+  (void)run.web.memory.Save([&run](int channelId) {
+    const MutexLock lock(run.lock);
+    return run.contents.empty() || run.contents.contains(channelId);
+  });
 }
 
 // True when nothing came into the queue since the run ended; then the monitor may go.
@@ -171,7 +211,9 @@ void RunRefreshMonitor(const std::shared_ptr<RefreshRun>& run) {
   LowerThreadPriority();
   do {
     run->host.Send(kMessageRefreshBegan, 0, 0);
+    run->web.memory.Load();
     WorkOffQueue(run);
+    LeaveWeb(*run);
     run->frame.Send(kMessageChannelResult, kRunEnded, 0);
     run->host.Send(kMessageRefreshEnded, 0, 0);
   } while (!LeaveRun(*run));

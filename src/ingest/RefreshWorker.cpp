@@ -1,5 +1,8 @@
 #include "ingest/RefreshWorker.h"
 
+#include <algorithm>
+#include <chrono>
+
 #include "ingest/FeedDate.h"
 #include "ingest/FeedFetch.h"
 #include "ingest/FeedParser.h"
@@ -9,6 +12,8 @@
 
 namespace feedloom {
 namespace {
+
+constexpr std::chrono::hours kLongestWait{24};
 
 NewPost ToNewPost(FeedItem item) {
   NormalizeFeedDate(item.date);
@@ -30,30 +35,58 @@ ChannelRecord ToRecord(const RefreshEntry& entry, FeedParser& parser) {
   return record;
 }
 
-void StoreChannel(ChannelRecord record, Store& store, WorkerReport& report, std::stop_token stop) {
-  if (stop.stop_requested()) return;
+// True when every post of the record is in the store.
+bool StoreChannel(ChannelRecord& record, Store& store, WorkerReport& report, std::stop_token stop) {
+  if (stop.stop_requested()) return false;
   Connection connection(store);
-  if (!connection) return;
+  if (!connection) return false;
   connection.KeepJournalFile();
   if (record.id < 0) {
-    if (!AddChannelRecord(connection, record)) return;
+    if (!AddChannelRecord(connection, record)) return false;
     report.Stored(record.id, record.newlyInserted);
   }
-  InsertChannelPosts(connection, record, std::move(stop));
+  const InsertedPosts inserted = InsertChannelPosts(connection, record, std::move(stop));
+  report.Inserted(inserted.count);
+  return inserted.complete;
+}
+
+// A clock that was set back must not silence a channel for longer than a server may.
+bool MustWait(const FeedVisit& last, std::chrono::system_clock::time_point now) {
+  return now < last.notBefore && last.notBefore <= now + kLongestWait;
+}
+
+void RememberWait(const RefreshEntry& entry, FeedVisit last, const FetchOutcome& outcome,
+                  const Clock& clock, FeedMemory& memory) {
+  const auto wait = std::min<std::chrono::seconds>(outcome.retryAfter, kLongestWait);
+  if (wait.count() <= 0 || entry.channelId < 0) return;
+  last.notBefore = std::chrono::floor<std::chrono::seconds>(clock.Now() + wait);
+  memory.Remember(entry.channelId, std::move(last));
 }
 
 }  // namespace
 
-void RefreshChannel(const RefreshEntry& entry, const IngestServices& services, WorkerReport& report,
-                    std::stop_token stop) {
+void RefreshChannel(const RefreshEntry& entry, bool holdsPosts, const IngestServices& services,
+                    WorkersWeb& web, WorkerReport& report, std::stop_token stop) {
+  const FeedVisit last = web.memory.Last(entry.channelId, entry.xmlLink);
+  if (MustWait(last, services.clock.Now())) return report.Ended(kDownloadFailed);
   FeedParser parser(services.TextCodePage());
-  const std::string path = WorkerFilePath(services.workDir, entry.channelId);
-  const ChannelResult result = FetchFeed(entry.xmlLink, path, services, stop, parser).result;
-  if (result == kChannelRefreshed) {
+  const FetchOutcome outcome = FetchFeed({.address = entry.xmlLink,
+                                          .path = WorkerFilePath(services.workDir, entry.channelId),
+                                          .known = holdsPosts ? last.validators : Validators(),
+                                          .pool = &web.pool},
+                                         services, stop, parser);
+  if (!outcome.isNew) return report.Unchanged();
+  if (outcome.result == kChannelRefreshed) {
     report.Fetched();
-    StoreChannel(ToRecord(entry, parser), *services.store, report, stop);
+    ChannelRecord record = ToRecord(entry, parser);
+    // Posts that could not be stored come again only with the whole document.
+    const bool isStored = StoreChannel(record, *services.store, report, std::move(stop));
+    const Validators known = isStored ? outcome.validators : Validators();
+    if (record.id >= 0) web.memory.Remember(record.id, {entry.xmlLink, known});
+  } else {
+    RememberWait(entry, last, outcome, services.clock, web.memory);
   }
-  report.Ended(result);
+  report.Ended(outcome.result);
 }
 
 }  // namespace feedloom

@@ -50,6 +50,10 @@ std::string ToUpperAscii(std::string_view text) {
   return result;
 }
 
+bool HasControls(std::string_view text) {
+  return std::ranges::any_of(text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; });
+}
+
 bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view b) {
   return std::ranges::equal(a, b, {}, UpperAscii, UpperAscii);
 }

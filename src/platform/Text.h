@@ -21,6 +21,10 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
 // `text` with the ASCII letters a-z in upper case.
 std::string ToUpperAscii(std::string_view text);
 
+// True when `text` has an ASCII control character: nothing of the kind belongs in a line of a
+// protocol.
+bool HasControls(std::string_view text);
+
 bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view b);
 
 }  // namespace feedloom

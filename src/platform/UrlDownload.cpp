@@ -5,14 +5,11 @@
 
 namespace feedloom {
 
-TransferResult UrlDownloadToFile(const std::string& address, const std::string& path,
-                                 const ProxySettings& proxy, std::stop_token stop) {
+TransferResult UrlDownloadToFile(TransferRequest request, const std::string& path,
+                                 std::stop_token stop) {
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   if (!file) return {.error = std::string("cannot write the file: ") + std::strerror(errno)};
-  TransferRequest request;
-  request.address = address;
   request.allowFile = true;
-  request.proxy = proxy;
   request.sink = [&file](std::string_view bytes) {
     return static_cast<bool>(file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())));
   };

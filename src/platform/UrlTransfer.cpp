@@ -3,31 +3,26 @@
 #include <curl/curl.h>
 #include <fmt/core.h>
 
-#include <algorithm>
+#include <ctime>
 #include <memory>
 #include <mutex>
 
 #include "platform/Text.h"
 #include "platform/UrlHandle.h"
 #include "platform/UrlParts.h"
+#include "platform/UrlPool.h"
 
 namespace feedloom {
 namespace {
 
 constexpr curl_off_t kMaxBytes = 64L << 20;
 constexpr long kMaxRedirects = 10;
-constexpr const char* kUserAgent = "Feedloom/" FEEDLOOM_VERSION;
+constexpr std::size_t kLongestValidator = 1024;  // no server needs more
 
-struct CleanUpEasy {
-  void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+struct FreeList {
+  void operator()(curl_slist* list) const { curl_slist_free_all(list); }
 };
-struct CleanUpMulti {
-  void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
-};
-
-bool HasControls(std::string_view text) {
-  return std::ranges::any_of(text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; });
-}
+using HeaderList = std::unique_ptr<curl_slist, FreeList>;
 
 // The address with a query that is not encoded; null when it is none, or would end the request
 // line.
@@ -45,6 +40,12 @@ UrlHandle RawAddress(const std::string& address, const std::string& query) {
   return isSet ? std::move(url) : nullptr;
 }
 
+// Scheme, host and port, as `address` writes them.
+std::string Origin(const std::string& address) {
+  const auto host = address.find("//");
+  return host == address.npos ? "" : address.substr(0, address.find_first_of("/?#", host + 2));
+}
+
 void InitializeCurlOnce() {
   static std::once_flag once;
   std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
@@ -53,21 +54,29 @@ void InitializeCurlOnce() {
 // One transfer under way: what its callbacks need, and the handle.
 class Transfer {
  public:
-  explicit Transfer(const TransferRequest& request)
-      : request_(request), host_(UrlHost(request.address)), easy_(curl_easy_init()) {
+  Transfer(const TransferRequest& request, TransferHandles& handles)
+      : request_(request),
+        host_(UrlHost(request.address)),
+        multi_(handles.multi.get()),
+        easy_(handles.easy.get()) {
     SetTarget();
+    SetHeaders();
     SetLimits();
     SetProxy();
     SetCallbacks();
   }
 
+  // What the handle knows of this object ends with it.
+  ~Transfer() { curl_easy_reset(easy_); }
+  Transfer(const Transfer&) = delete;
+  Transfer& operator=(const Transfer&) = delete;
+
   TransferResult Run(std::stop_token stop) {
-    const std::unique_ptr<CURLM, CleanUpMulti> multi(curl_multi_init());
     Report(TransferEvent::Created);
-    curl_multi_add_handle(multi.get(), easy_.get());
-    const std::stop_callback wake(stop, [&multi] { curl_multi_wakeup(multi.get()); });
-    const CURLcode code = Drive(multi.get(), stop);
-    curl_multi_remove_handle(multi.get(), easy_.get());
+    curl_multi_add_handle(multi_, easy_);
+    const std::stop_callback wake(stop, [this] { curl_multi_wakeup(multi_); });
+    const CURLcode code = Drive(stop);
+    curl_multi_remove_handle(multi_, easy_);
     Report(TransferEvent::ClosingConnection);
     TransferResult result = Result(code);
     Report(TransferEvent::ConnectionClosed);
@@ -84,12 +93,25 @@ class Transfer {
     }
     Set(CURLOPT_PROTOCOLS_STR, request_.allowFile ? "http,https,file" : "http,https");
     Set(CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
-    Set(CURLOPT_USERAGENT, kUserAgent);
+    Set(CURLOPT_USERAGENT, request_.web.userAgent.c_str());
     Set(CURLOPT_ACCEPT_ENCODING, "");  // every compression that the library knows
     if (request_.form) {
       Set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.form->size()));
       Set(CURLOPT_POSTFIELDS, request_.form->data());
     }
+  }
+
+  void SetHeaders() {
+    const auto add = [this](const char* name, const std::string& value) {
+      if (value.empty() || HasControls(value)) return;
+      curl_slist* const longer = curl_slist_append(headers_.get(), (name + value).c_str());
+      if (longer == nullptr) return;
+      headers_.release();
+      headers_.reset(longer);
+    };
+    add("If-None-Match: ", request_.known.etag);
+    add("If-Modified-Since: ", request_.known.lastModified);
+    Set(CURLOPT_HTTPHEADER, headers_.get());
   }
 
   void SetLimits() {
@@ -105,8 +127,8 @@ class Transfer {
 
   void SetProxy() {
     // An empty text, unlike none, keeps the library from asking the environment.
-    Set(CURLOPT_PROXY, ProxyFor(request_.proxy, UrlScheme(request_.address)).c_str());
-    Set(CURLOPT_NOPROXY, DirectHosts(request_.proxy).c_str());
+    Set(CURLOPT_PROXY, ProxyFor(request_.web.proxy, UrlScheme(request_.address)).c_str());
+    Set(CURLOPT_NOPROXY, DirectHosts(request_.web.proxy).c_str());
   }
 
   void SetCallbacks() {
@@ -125,32 +147,34 @@ class Transfer {
 
   template <typename Value>
   void Set(CURLoption option, Value value) {
-    curl_easy_setopt(easy_.get(), option, value);
+    curl_easy_setopt(easy_, option, value);
   }
 
-  CURLcode Drive(CURLM* multi, const std::stop_token& stop) {
+  CURLcode Drive(const std::stop_token& stop) {
     constexpr int kLongestPollMs = 1000;
     int running = 1;
     while (!stop.stop_requested()) {
-      if (curl_multi_perform(multi, &running) != CURLM_OK) return CURLE_FAILED_INIT;
-      if (running == 0) return Outcome(multi);
-      curl_multi_poll(multi, nullptr, 0, kLongestPollMs, nullptr);
+      if (curl_multi_perform(multi_, &running) != CURLM_OK) return CURLE_FAILED_INIT;
+      if (running == 0) return Outcome();
+      curl_multi_poll(multi_, nullptr, 0, kLongestPollMs, nullptr);
     }
     return CURLE_ABORTED_BY_CALLBACK;
   }
 
-  static CURLcode Outcome(CURLM* multi) {
+  CURLcode Outcome() {
     int left = 0;
-    const CURLMsg* message = curl_multi_info_read(multi, &left);
+    const CURLMsg* message = curl_multi_info_read(multi_, &left);
     return message != nullptr ? message->data.result : CURLE_FAILED_INIT;
   }
 
   TransferResult Result(CURLcode code) {
     TransferResult result;
-    curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &result.status);
+    curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &result.status);
+    result.retryAfter = RetryAfter();
     result.ok = code == CURLE_OK;
     if (result.ok) {
       result.address = EffectiveAddress();
+      result.validators = {Validator("ETag"), Validator("Last-Modified")};
       Report(TransferEvent::Complete);
     } else if (code == CURLE_ABORTED_BY_CALLBACK) {
       result.error = "stopped";
@@ -164,8 +188,28 @@ class Transfer {
 
   std::string EffectiveAddress() const {
     const char* address = nullptr;
-    curl_easy_getinfo(easy_.get(), CURLINFO_EFFECTIVE_URL, &address);
+    curl_easy_getinfo(easy_, CURLINFO_EFFECTIVE_URL, &address);
     return address == nullptr ? "" : address;
+  }
+
+  // Of the last answer; empty when it is missing.
+  std::string Header(const char* name) const {
+    curl_header* header = nullptr;
+    const bool isThere = curl_easy_header(easy_, name, 0, CURLH_HEADER, -1, &header) == CURLHE_OK;
+    return isThere ? header->value : "";
+  }
+
+  std::string Validator(const char* name) const {
+    std::string value = Header(name);
+    return value.size() > kLongestValidator || HasControls(value) ? "" : value;
+  }
+
+  // A number of seconds or a date (RFC 9110). The library's own reading ends at six hours.
+  std::chrono::seconds RetryAfter() const {
+    const std::string value = Header("Retry-After");
+    if (const int seconds = ParseInt(value); seconds > 0) return std::chrono::seconds(seconds);
+    const std::time_t date = curl_getdate(value.c_str(), nullptr);
+    return std::chrono::seconds(date < 0 ? 0 : date - std::time(nullptr));
   }
 
   void Report(TransferEvent event) const {
@@ -213,7 +257,9 @@ class Transfer {
   const std::string host_;
   char errorText_[CURL_ERROR_SIZE] = "";
   UrlHandle url_;
-  std::unique_ptr<CURL, CleanUpEasy> easy_;
+  HeaderList headers_;
+  CURLM* const multi_;
+  CURL* const easy_;
   curl_off_t received_ = 0;
   bool tooLong_ = false;
 };
@@ -222,7 +268,12 @@ class Transfer {
 
 TransferResult RunTransfer(const TransferRequest& request, std::stop_token stop) {
   InitializeCurlOnce();
-  return Transfer(request).Run(std::move(stop));
+  TransferPool ownPool;
+  TransferPool& pool = request.pool == nullptr ? ownPool : *request.pool;
+  auto handles = pool.Take(Origin(request.address));
+  TransferResult result = Transfer(request, *handles).Run(std::move(stop));
+  pool.GiveBack(std::move(handles));
+  return result;
 }
 
 }  // namespace feedloom

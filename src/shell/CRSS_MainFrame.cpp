@@ -8,6 +8,7 @@
 
 #include "exchange/OpmlImporter.h"
 #include "ingest/FeedChecker.h"
+#include "ingest/FeedMemory.h"
 #include "shell/Feedloom.h"
 #include "shell/FrameActions.h"
 #include "shell/FrameKeys.h"
@@ -56,7 +57,8 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWid
             thread->Run([this, copy = std::string(text)] { ReportMessage(copy); });
           })),
       services_(std::make_shared<IngestServices>(
-          IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir()})),
+          IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir(),
+                         FeedMemoryPath(skin_.Config().GetWorkDir())})),
       actions_(MakeFrameActions(*this)) {
   BuildPanes();
   BeginLife();

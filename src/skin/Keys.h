@@ -2,6 +2,8 @@
 // here or in the three tables that this header reads.
 #pragma once
 
+#include "platform/RegistryKeys.h"
+
 namespace feedloom {
 
 // Sections of the host's tables.
@@ -43,8 +45,7 @@ inline constexpr char kSectionHost[] = "HALVIX";  // the host program's own text
 #include "skin/HostTextKeys.def"
 #undef FEEDLOOM_HOST_TEXT
 
-// The host's registry key and its values.
-inline constexpr char kHostKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0";
+// The values of the host's registry key.
 inline constexpr char kValueImageDir[] = "IMAGEDIR";
 inline constexpr char kValueIniDir[] = "INIDIR";
 inline constexpr char kValueCurrentPath[] = "CURRENT_PATH";
@@ -59,8 +60,7 @@ inline constexpr char kValueDebugMode[] = "Debug Mode";
 inline constexpr char kValueCodePage[] = "CODEPAGE";
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
-// The key of the module's own settings.
-inline constexpr char kModuleKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold";
+// Those of the module's key.
 inline constexpr char kValueFeedDeleteMode[] = "FeedDeleteMode";
 inline constexpr char kValueFeedDeleteDate[] = "FeedDeleteDate";
 inline constexpr char kValueBlockRemoteImages[] = "BlockRemoteImages";

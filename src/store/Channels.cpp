@@ -125,6 +125,17 @@ bool MoveChannel(Store& store, int channelId, int folderId) {
                                folderId, channelId));
 }
 
+bool LoadChannelContents(Store& store, std::vector<ChannelContents>& out) {
+  const auto table = QueryOnce(store,
+                               "Select channel_id, channel_state, exists(Select 1 From TB_POST "
+                               "Where post_channelID = channel_id) From TB_CHANNEL");
+  if (!table) return false;
+  for (int row = 0; row < table->Rows(); ++row) {
+    out.push_back({table->Int(row, 0), table->Int(row, 1), table->Int(row, 2) != 0});
+  }
+  return true;
+}
+
 bool SetChannelState(Store& store, int channelId, int state) {
   return ExecuteOnce(
       store, FormatSql("Update TB_CHANNEL Set channel_state = %d Where channel_id = %d", state,

@@ -42,6 +42,16 @@ ChannelRow StoredRow(const ChannelRecord& record);
 int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,
                   std::string_view htmlLink, int folderId, int order);
 
+// What a refresh asks of a channel before it begins.
+struct ChannelContents {
+  int id = 0;
+  int state = 0;  // of its last refresh
+  bool holdsPosts = false;
+};
+
+// Appends all channels; false after a failure.
+bool LoadChannelContents(Store& store, std::vector<ChannelContents>& out);
+
 // False after a failure.
 bool RenameChannel(Store& store, int channelId, std::string_view title);
 bool MoveChannel(Store& store, int channelId, int folderId);

@@ -103,6 +103,8 @@ bool Connection::Execute(const std::string& sql) {
   });
 }
 
+int Connection::RowsChanged() const { return sqlite3_changes(handle_); }
+
 std::optional<ResultTable> QueryOnce(Store& store, const std::string& sql) {
   Connection connection(store);
   if (!connection) return std::nullopt;

@@ -51,6 +51,9 @@ class Connection {
   std::optional<ResultTable> Query(const std::string& sql);
   bool Execute(const std::string& sql);
 
+  // By the last statement that Execute ran with success: inserted, updated or deleted.
+  int RowsChanged() const;
+
   // For a connection that is going to write many times: the rollback journal's file stays from one
   // statement to the next, until the connection ends, instead of being made and deleted for each.
   void KeepJournalFile();

@@ -130,16 +130,21 @@ bool FindPost(Store& store, int postId, std::vector<PostRow>& out) {
   return table.has_value();
 }
 
-void InsertChannelPosts(Connection& connection, const ChannelRecord& record, std::stop_token stop) {
+InsertedPosts InsertChannelPosts(Connection& connection, const ChannelRecord& record,
+                                 std::stop_token stop) {
+  InsertedPosts inserted;
   for (const NewPost& post : record.posts) {
-    if (stop.stop_requested()) return;
-    connection.Execute(FormatSql(
+    if (stop.stop_requested()) return {inserted.count, false};
+    const bool done = connection.Execute(FormatSql(
         "Insert Into TB_POST(post_channelID, post_title, post_link, post_pubDate, post_Desc, "
         "post_ispodcast) Select %d, '%s', '%s', '%s', '%s', %d Where not exists (Select post_id "
         "From TB_POST Where post_channelID = %d and post_link = '%s');",
         record.id, post.title, post.link, post.published, post.description, post.isPodcast,
         record.id, post.link));
+    inserted.complete = inserted.complete && done;
+    if (done) inserted.count += connection.RowsChanged();
   }
+  return inserted;
 }
 
 bool DeletePosts(Store& store, std::span<const int> postIds) {

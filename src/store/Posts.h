@@ -28,8 +28,12 @@ bool FindPost(Store& store, int postId, std::vector<PostRow>& out);
 // Adds those of `record`'s posts whose link its channel does not hold yet, in list order, unread
 // and dated now; the title, date and text of a link that is stored already stay as they are. A post
 // that fails is reported and the next one is tried. Ends early when `stop` is requested.
-void InsertChannelPosts(Connection& connection, const ChannelRecord& record,
-                        std::stop_token stop = {});
+struct InsertedPosts {
+  int count = 0;         // of posts that were not there
+  bool complete = true;  // none failed, and there was no stop
+};
+InsertedPosts InsertChannelPosts(Connection& connection, const ChannelRecord& record,
+                                 std::stop_token stop = {});
 
 // False after a failure. An empty list of ids deletes every row: pass one on purpose only.
 bool DeletePosts(Store& store, std::span<const int> postIds);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "ingest/FeedMemory.h"
 #include "ingest/IngestServices.h"
 #include "kit/FeedServer.h"
 #include "kit/RecordingTarget.h"
@@ -18,7 +19,8 @@ class IngestKit {
   // With a clock of the test's own, which outlives them.
   SharedServices Services(Clock& clock) {
     return std::make_shared<IngestServices>(
-        IngestServices{db.Shared(), Registry(folder.File("registry.reg")), clock, WorkDir()});
+        IngestServices{db.Shared(), Registry(folder.File("registry.reg")), clock, WorkDir(),
+                       FeedMemoryPath(stateFolder.Path())});
   }
   std::string WorkDir() const { return folder.Path(); }
   // The names of the files in the work folder.
@@ -26,6 +28,7 @@ class IngestKit {
 
   TestStore db;
   TempFolder folder;
+  TempFolder stateFolder;  // what is remembered lies here
   FeedServer server;
 };
 

@@ -6,6 +6,7 @@
 #include "ingest/RefreshEngine.h"
 #include "ingest/ThreadCount.h"
 #include "kit/FeedDocuments.h"
+#include "platform/RegistryKeys.h"
 
 namespace feedloom {
 namespace {
@@ -56,6 +57,21 @@ class Refresh : public testing::Test {
   std::string State(int id) {
     return kit_.db.Value(
         fmt::format("select channel_state from TB_CHANNEL where channel_id = {}", id));
+  }
+
+  // Refreshes a channel once more and returns how many requests its server got for it.
+  int RequestsOfAnotherRun(int id, const std::string& path) {
+    const int before = kit_.server.Requests(path);
+    QueueAgain(id, path);
+    RunToEnd();
+    return kit_.server.Requests(path) - before;
+  }
+
+  // The same as the program's next start.
+  int RequestsAfterAnotherStart(int id, const std::string& path) {
+    engine_->Stop();
+    Begin();
+    return RequestsOfAnotherRun(id, path);
   }
 
   IngestKit kit_;
@@ -341,6 +357,118 @@ TEST_F(Refresh, AnEmptyQueueStartsNothing) {
   engine_->StartRefresh();
   engine_->Stop();
   EXPECT_TRUE(host_.All().empty());
+}
+
+TEST_F(Refresh, AServerThatHasNothingNewIsNotReadAndTheStoreIsLeftAlone) {
+  Begin();
+  const std::string date = "Sat, 21 Nov 2026 12:00:00 GMT";
+  kit_.server.ServeVersion("/a", NumberedRss("c", "http://l/", 2), "\"v1\"", date);
+  kit_.server.ServeVersion("/dated", NumberedRss("c", "http://m/", 2), "", date);
+  const int id = Queue("/a");
+  const int dated = Queue("/dated");
+  RunToEnd();
+  StatementLog log;
+  QueueAgain(id, "/a");
+  QueueAgain(dated, "/dated");
+  RunToEnd();
+  EXPECT_EQ(log.Take().size(), 1u);  // what the store holds, once a run
+  EXPECT_EQ(kit_.server.Unchanged(), 2);
+  EXPECT_EQ(kit_.server.LastHeader("/a", "If-None-Match"), "\"v1\"");
+  EXPECT_EQ(kit_.server.LastHeader("/a", "If-Modified-Since"), date);
+  EXPECT_EQ(frame_.Count([](const SentMessage& sent) {
+    return sent.message == kMessageChannelResult && sent.wParam == kChannelRefreshed;
+  }),
+            4);
+  RequestsAfterAnotherStart(id, "/a");
+  EXPECT_EQ(kit_.server.Unchanged(), 3);
+}
+
+TEST_F(Refresh, TheMarkOfAFailureGoesWhenTheServerHasNothingNew) {
+  Begin();
+  kit_.server.ServeVersion("/a", NumberedRss("c", "http://l/", 1), "\"v1\"");
+  const int id = Queue("/a");
+  RunToEnd();
+  kit_.server.Fail("/a", 500);
+  RequestsOfAnotherRun(id, "/a");
+  EXPECT_EQ(State(id), "-2");
+  kit_.server.ServeVersion("/a", NumberedRss("c", "http://l/", 1), "\"v1\"");
+  RequestsOfAnotherRun(id, "/a");
+  EXPECT_EQ(kit_.server.Unchanged(), 1);
+  EXPECT_EQ(State(id), "0");
+}
+
+TEST_F(Refresh, AsksForTheWholeDocumentWhenItsPostsMayBeMissing) {
+  Begin();
+  const auto asksForAll = [this](int id, const std::string& path) {
+    RequestsOfAnotherRun(id, path);
+    return kit_.server.LastHeader(path, "If-None-Match").empty();
+  };
+  kit_.db.Sql(
+      "create trigger full before insert on TB_POST when new.post_title = 'Post 2' begin "
+      "select raise(fail, 'disk full'); end");
+  kit_.server.ServeVersion("/a", NumberedRss("c", "http://l/", 2), "\"v1\"");
+  const int id = Queue("/a");
+  RunToEnd();
+  ASSERT_EQ(kit_.db.Reports(), std::vector<std::string>{"disk full"});
+  kit_.db.Sql("drop trigger full");
+  EXPECT_TRUE(asksForAll(id, "/a")) << "a post could not be stored";
+  EXPECT_EQ(kit_.db.Count("TB_POST"), 2);
+  EXPECT_FALSE(asksForAll(id, "/a"));
+  kit_.db.Sql("delete from TB_POST");
+  EXPECT_TRUE(asksForAll(id, "/a")) << "the channel holds no posts";
+  EXPECT_EQ(kit_.db.Count("TB_POST"), 2);
+  kit_.server.ServeVersion("/moved", NumberedRss("c", "http://l/", 3), "\"v1\"");
+  EXPECT_TRUE(asksForAll(id, "/moved")) << "another address";
+  EXPECT_EQ(kit_.db.Count("TB_POST"), 3);
+}
+
+TEST_F(Refresh, ABusyServerIsLeftAloneAsLongAsItWants) {
+  for (const auto& [status, retryAfter, longest] :
+       {std::tuple(429, "120", 120s), std::tuple(503, "Fri, 31 Dec 2100 00:00:00 GMT", 86400s),
+        std::tuple(503, "100000", 86400s)}) {
+    Begin();
+    const std::string path = fmt::format("/busy{}", runs_);
+    kit_.server.Busy(path, status, retryAfter);
+    const int id = Queue(path);
+    RunToEnd();
+    EXPECT_EQ(RequestsOfAnotherRun(id, path), 0) << retryAfter;
+    EXPECT_EQ(State(id), "-2");
+    kit_.db.Clock().Advance(longest - 5s);
+    EXPECT_EQ(RequestsAfterAnotherStart(id, path), 0) << retryAfter;
+    kit_.db.Clock().Advance(10s);
+    kit_.server.Serve(path, NumberedRss("c", "http://l/", 1));
+    EXPECT_EQ(RequestsOfAnotherRun(id, path), 1) << retryAfter;
+    EXPECT_EQ(State(id), "0");
+    engine_->Stop();
+  }
+  Begin();
+  kit_.server.Busy("/broken", 500, "120");
+  const int id = Queue("/broken");
+  RunToEnd();
+  EXPECT_EQ(RequestsOfAnotherRun(id, "/broken"), 1);
+}
+
+TEST_F(Refresh, ARunKeepsItsConnections) {
+  kit_.server.KeepConnections();
+  Begin();
+  for (int i = 0; i < 30; ++i) ServeAndQueue(fmt::format("/{}", i), 1);
+  RunToEnd();
+  EXPECT_EQ(kit_.db.Count("TB_POST"), 30);
+  EXPECT_LE(kit_.server.Connections(), 5);
+}
+
+TEST_F(Refresh, NamesItselfAsTheUserWants) {
+  Begin();
+  const int id = ServeAndQueue("/a", 1);
+  const Registry registry(kit_.folder.File("registry.reg"));
+  RunToEnd();
+  EXPECT_TRUE(kit_.server.LastHeader("/a", "User-Agent").starts_with("Feedloom/"));
+  for (const auto& [value, expected] :
+       {std::pair("Reader of mine/1", "Reader of mine/1"), std::pair("two\nlines", "Feedloom/")}) {
+    ASSERT_TRUE(registry.WriteString(kModuleKey, "UserAgent", value));
+    RequestsOfAnotherRun(id, "/a");
+    EXPECT_TRUE(kit_.server.LastHeader("/a", "User-Agent").starts_with(expected)) << value;
+  }
 }
 
 }  // namespace

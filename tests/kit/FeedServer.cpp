@@ -9,6 +9,7 @@
 #include <condition_variable>
 #include <functional>
 #include <map>
+#include <set>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -22,6 +23,7 @@ using std::chrono::steady_clock;
 
 constexpr const char* kXml = "text/xml";
 constexpr int kOk = 200;
+constexpr int kNotModified = 304;
 constexpr int kNotFound = 404;
 constexpr int kServiceUnavailable = 503;
 
@@ -86,6 +88,22 @@ class FeedServer::Impl {
   void SetLatency(std::chrono::milliseconds latency) {
     const MutexLock lock(mutex_);
     latency_ = latency;
+  }
+
+  void KeepConnections() {
+    constexpr std::size_t kMany = 10'000;
+    server_.set_keep_alive_timeout(1);
+    server_.set_keep_alive_max_count(kMany);
+  }
+
+  int Unchanged() const {
+    const MutexLock lock(mutex_);
+    return unchanged_;
+  }
+
+  int Connections() const {
+    const MutexLock lock(mutex_);
+    return static_cast<int>(clientPorts_.size());
   }
 
   // True when the pause was over before the server's end.
@@ -165,11 +183,13 @@ class FeedServer::Impl {
     }
     const MutexLock lock(mutex_);
     --inProgress_;
+    if (response.status == kNotModified) ++unchanged_;
   }
 
   void Arrived(const httplib::Request& request) {
     const MutexLock lock(mutex_);
     highest_ = std::max(highest_, ++inProgress_);
+    clientPorts_.insert(request.remote_port);
     Remember(request.target, request);
     if (request.path != request.target) Remember(request.path, request);
     changed_.notify_all();
@@ -224,6 +244,8 @@ class FeedServer::Impl {
   std::map<std::string, Answer> answers_ FEEDLOOM_GUARDED_BY(mutex_);
   std::map<std::string, Seen> seen_ FEEDLOOM_GUARDED_BY(mutex_);
   int inProgress_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
+  int unchanged_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
+  std::set<int> clientPorts_ FEEDLOOM_GUARDED_BY(mutex_);
   int highest_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
 };
 
@@ -261,6 +283,37 @@ void FeedServer::Fail(const std::string& path, int status) {
     response.status = status;
   });
 }
+
+void FeedServer::ServeVersion(const std::string& path, const std::string& bytes,
+                              const std::string& etag, const std::string& lastModified) {
+  impl_->Put(path, [=](const httplib::Request& request, httplib::Response& response) {
+    const std::string known = request.get_header_value("If-None-Match");
+    const bool isKnown =
+        known.empty()
+            ? !lastModified.empty() && request.get_header_value("If-Modified-Since") == lastModified
+            : known == etag;
+    if (!etag.empty()) response.set_header("ETag", etag);
+    if (!lastModified.empty()) response.set_header("Last-Modified", lastModified);
+    if (isKnown) {
+      response.status = kNotModified;
+    } else {
+      SetBody(response, bytes, kXml);
+    }
+  });
+}
+
+void FeedServer::Busy(const std::string& path, int status, const std::string& retryAfter) {
+  impl_->Put(path, [=](const httplib::Request&, httplib::Response& response) {
+    response.status = status;
+    response.set_header("Retry-After", retryAfter);
+  });
+}
+
+void FeedServer::KeepConnections() { impl_->KeepConnections(); }
+
+int FeedServer::Unchanged() const { return impl_->Unchanged(); }
+
+int FeedServer::Connections() const { return impl_->Connections(); }
 
 void FeedServer::Echo(const std::string& path) {
   impl_->Put(path, [](const httplib::Request& request, httplib::Response& response) {

@@ -31,6 +31,10 @@ class FeedServer {
   void Compressed(const std::string& path, const std::string& bytes);  // gzip in transfer
   void Redirect(const std::string& path, const std::string& toUrl);    // 302, any URL
   void Fail(const std::string& path, int status);
+  // The content with its validators; 304 for a request that has the ETag or, without one, the date.
+  void ServeVersion(const std::string& path, const std::string& bytes, const std::string& etag,
+                    const std::string& lastModified = "");
+  void Busy(const std::string& path, int status, const std::string& retryAfter);
   void Echo(const std::string& path);  // the request's own body
   // No answer until the server ends or the path is given another answer, which they then get.
   void Hang(const std::string& path);
@@ -39,11 +43,19 @@ class FeedServer {
   void SlowDrip(const std::string& path, const std::string& bytes, std::chrono::milliseconds pause);
   void BreakOff(const std::string& path, const std::string& bytes);  // announces more than these
 
+  // From now on connections stay open for further requests. An idle one may hold up the
+  // destructor for a second.
+  void KeepConnections();
+
   // From now on each answer begins so long after its request has arrived.
   void SetLatency(std::chrono::milliseconds latency);
 
   // Requests to `path` that have arrived so far.
   int Requests(const std::string& path) const;
+  // Those that were answered with status 304.
+  int Unchanged() const;
+  // Connections on which requests have come so far.
+  int Connections() const;
   // The most requests that were in progress at one time. A request is in progress from its arrival
   // until its answer begins.
   int HighestConcurrency() const;

@@ -21,7 +21,8 @@ using std::chrono::steady_clock;
 class UrlTransferTest : public testing::Test {
  protected:
   TransferResult Download(const std::string& address, const ProxySettings& proxy = {}) const {
-    return UrlDownloadToFile(address, folder_.File("feed.xml"), proxy, {});
+    return UrlDownloadToFile({.address = address, .web = {.proxy = proxy}},
+                             folder_.File("feed.xml"), {});
   }
 
   std::string Downloaded() const { return folder_.Read("feed.xml"); }
@@ -163,7 +164,7 @@ TEST_F(UrlTransferTest, FailsWhenTheServerEndsBeforeItAnswers) {
 TEST_F(UrlTransferTest, FailsWhenTheFileCannotBeWritten) {
   server_.Serve("/feed.xml", "<rss/>");
   for (const std::string& path : {folder_.File("missing/feed.xml"), std::string("/dev/full")}) {
-    const TransferResult result = UrlDownloadToFile(server_.Url("/feed.xml"), path, {}, {});
+    const TransferResult result = UrlDownloadToFile(RequestTo(server_.Url("/feed.xml")), path, {});
     EXPECT_FALSE(result.ok) << path;
     EXPECT_NE(result.error, "") << path;
   }
@@ -256,9 +257,9 @@ TEST_F(StoppedTransferTest, AStopThatCameBeforeSendsNoRequest) {
   server_.Serve("/feed.xml", "<rss/>");
   std::stop_source stop;
   stop.request_stop();
-  EXPECT_FALSE(
-      UrlDownloadToFile(server_.Url("/feed.xml"), folder_.File("feed.xml"), {}, stop.get_token())
-          .ok);
+  EXPECT_FALSE(UrlDownloadToFile(RequestTo(server_.Url("/feed.xml")), folder_.File("feed.xml"),
+                                 stop.get_token())
+                   .ok);
   EXPECT_EQ(server_.Requests("/feed.xml"), 0);
 }
 
@@ -270,8 +271,10 @@ TEST_F(StoppedTransferTest, ManyTransfersRunAndStopSideBySide) {
   for (int i = 0; i < kTransfers; ++i) {
     workers.emplace_back([this, i](std::stop_token stop) {
       const std::string number = std::to_string(i);
-      EXPECT_TRUE(UrlDownloadToFile(server_.Url("/feed.xml"), folder_.File(number), {}, stop).ok);
-      EXPECT_FALSE(UrlDownloadToFile(server_.Url("/hang"), folder_.File(number), {}, stop).ok);
+      EXPECT_TRUE(
+          UrlDownloadToFile(RequestTo(server_.Url("/feed.xml")), folder_.File(number), stop).ok);
+      EXPECT_FALSE(
+          UrlDownloadToFile(RequestTo(server_.Url("/hang")), folder_.File(number), stop).ok);
     });
   }
   EXPECT_TRUE(server_.WaitForRequest("/hang", 20s, kTransfers));

@@ -112,7 +112,7 @@ TEST_F(ProfileTest, TheSampleChannelsFeedCanBeFetchedAndRead) {
     const std::string address = Query("SELECT channel_xmllink FROM TB_CHANNEL").at(0);
     EXPECT_TRUE(address.starts_with("file:///")) << address;
     const std::string copy = folder_.File("copy.xml");
-    EXPECT_TRUE(UrlDownloadToFile(address, copy, {}, {}).ok) << address;
+    EXPECT_TRUE(UrlDownloadToFile({.address = address}, copy, {}).ok) << address;
     XmlDocument feed;
     ASSERT_EQ(feed.Load(copy), XmlDocument::LoadStatus::Loaded);
     EXPECT_EQ(feed.Root().Descendants("item").size(), 5u);

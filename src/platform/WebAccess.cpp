@@ -1,0 +1,20 @@
+#include "platform/WebAccess.h"
+
+#include "platform/RegistryKeys.h"
+#include "platform/Text.h"
+
+namespace feedloom {
+
+const std::string& DefaultUserAgent() {
+  static const std::string agent = "Feedloom/" FEEDLOOM_VERSION;
+  return agent;
+}
+
+WebAccess ReadWebAccess(const Registry& registry) {
+  WebAccess access{.proxy = ReadProxySettings(registry)};
+  std::string agent = registry.ReadString(kModuleKey, "UserAgent").value_or("");
+  if (!agent.empty() && !HasControls(agent)) access.userAgent = std::move(agent);
+  return access;
+}
+
+}  // namespace feedloom
