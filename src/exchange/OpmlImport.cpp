@@ -25,11 +25,15 @@ constexpr std::size_t kBatch = 100;  // channels that are added at once
 
 constexpr std::uintmax_t kLongestFile = 64u << 20;  // bytes, as of a download
 
+// Room for all outlines that are read, with attributes of common length.
+const ParseOptions kListOptions{.limits = {.most = 256u << 20}};
+
 // Reading.
 
 ReadList Refused(std::string error) { return {std::nullopt, std::move(error)}; }
 
 ReadList PlanOf(const FeedParser& parser, int parseCode, const std::string& listName) {
+  if (parser.IsTooLarge()) return Refused("the list is too long");
   if (parseCode == kDocumentUnreadable) {
     return Refused("it cannot be read, or is not well-formed XML");
   }
@@ -43,14 +47,14 @@ ReadList ReadListFile(const std::string& path, CodePage codePage, std::stop_toke
   const std::uintmax_t size = std::filesystem::file_size(path, failed);
   if (failed) return Refused(failed.message());
   if (size > kLongestFile) return Refused("the file is too long");
-  FeedParser parser(codePage);
+  FeedParser parser(codePage, kListOptions);
   const int code = parser.Parse(path, std::move(stop));
   return PlanOf(parser, code, codePage.FromUtf8(ListName(path)));
 }
 
 ReadList ReadListAt(const std::string& address, const IngestServices& services,
                     std::stop_token stop) {
-  FeedParser parser(services.TextCodePage());
+  FeedParser parser(services.TextCodePage(), kListOptions);
   const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
   FetchOutcome outcome =
       FetchFeed({address, ListFilePath(services.workDir)}, services, limit.Token(), parser);

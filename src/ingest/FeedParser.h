@@ -10,14 +10,23 @@
 
 namespace feedloom {
 
+struct ParseOptions {
+  XmlLimits limits = {};
+  bool readsOutlines = true;  // false: an OPML document is recognised, and no more
+};
+
 // One object a parse; not shared between threads.
 class FeedParser {
  public:
-  explicit FeedParser(CodePage codePage) : codePage_(codePage) {}
+  explicit FeedParser(CodePage codePage, ParseOptions options = {})
+      : codePage_(codePage), options_(std::move(options)) {}
 
   // Reads the file at `path`: RSS, RDF or Atom into the header and the items, OPML into the
   // outlines. 0 on success, else a negative ParseCode, after which the items mean nothing.
   [[nodiscard]] int Parse(const std::string& path, std::stop_token stop = {});
+
+  // True when the document, which was unreadable then, had exceeded the limits.
+  bool IsTooLarge() const { return isTooLarge_; }
 
   // Unknown until the root element was recognised. Only Rss and Atom documents are feeds.
   FeedFormat GetFormat() const { return format_; }
@@ -31,6 +40,8 @@ class FeedParser {
 
  private:
   const CodePage codePage_;
+  const ParseOptions options_;
+  bool isTooLarge_ = false;
   FeedFormat format_ = FeedFormat::Unknown;
   FeedHeader header_;
   std::vector<FeedItem> items_;

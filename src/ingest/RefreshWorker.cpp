@@ -21,6 +21,31 @@ NewPost ToNewPost(FeedItem item) {
           std::move(item.description), item.isPodcast};
 }
 
+// What a document may take in memory beside four others, in bytes, and a post on its way into the
+// store: a statement is held five times over before its row is written.
+constexpr std::size_t kCommonDocument = 2u << 20;
+constexpr std::size_t kCommonPosts = 4u << 20;  // of one channel
+constexpr std::size_t kCommonPost = 256u << 10;
+
+ParseOptions OptionsFor(LargeDocuments::Turn& turn, const std::stop_token& stop) {
+  return {.limits = {.atOnce = kCommonDocument,
+                     .askForMore = [&turn, stop] { return turn.Take(stop); }},
+          .readsOutlines = false};
+}
+
+std::size_t SizeOf(const NewPost& post) {
+  return post.title.size() + post.link.size() + post.description.size();
+}
+
+bool IsLarge(const ChannelRecord& record) {
+  std::size_t sum = 0;
+  for (const NewPost& post : record.posts) {
+    sum += SizeOf(post);
+    if (SizeOf(post) > kCommonPost) return true;
+  }
+  return sum > kCommonPosts;
+}
+
 // The entry as its own document describes it; a document without a title leaves the entry's.
 ChannelRecord ToRecord(const RefreshEntry& entry, FeedParser& parser) {
   ChannelRecord record;
@@ -31,7 +56,9 @@ ChannelRecord ToRecord(const RefreshEntry& entry, FeedParser& parser) {
   record.xmlLink = entry.xmlLink;
   record.htmlLink = parser.GetChannelLink();
   record.order = entry.order;
-  for (FeedItem& item : parser.TakeItems()) record.posts.push_back(ToNewPost(std::move(item)));
+  std::vector<FeedItem> items = parser.TakeItems();
+  record.posts.reserve(items.size());
+  for (FeedItem& item : items) record.posts.push_back(ToNewPost(std::move(item)));
   return record;
 }
 
@@ -69,7 +96,8 @@ void RefreshChannel(const RefreshEntry& entry, bool holdsPosts, const IngestServ
                     WorkersWeb& web, WorkerReport& report, std::stop_token stop) {
   const FeedVisit last = web.memory.Last(entry.channelId, entry.xmlLink);
   if (MustWait(last, services.clock.Now())) return report.Ended(kDownloadFailed);
-  FeedParser parser(services.TextCodePage());
+  LargeDocuments::Turn turn(web.largeDocuments);
+  FeedParser parser(services.TextCodePage(), OptionsFor(turn, stop));
   const FetchOutcome outcome = FetchFeed({.address = entry.xmlLink,
                                           .path = WorkerFilePath(services.workDir, entry.channelId),
                                           .known = holdsPosts ? last.validators : Validators(),
@@ -79,6 +107,11 @@ void RefreshChannel(const RefreshEntry& entry, bool holdsPosts, const IngestServ
   if (outcome.result == kChannelRefreshed) {
     report.Fetched();
     ChannelRecord record = ToRecord(entry, parser);
+    if (IsLarge(record)) {
+      turn.Take(stop);
+    } else {
+      turn.LetGo();
+    }
     // Posts that could not be stored come again only with the whole document.
     const bool isStored = StoreChannel(record, *services.store, report, std::move(stop));
     const Validators known = isStored ? outcome.validators : Validators();

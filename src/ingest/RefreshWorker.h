@@ -5,6 +5,7 @@
 
 #include "ingest/FeedMemory.h"
 #include "ingest/IngestServices.h"
+#include "ingest/LargeDocuments.h"
 #include "ingest/RefreshQueue.h"
 #include "platform/Messages.h"
 #include "platform/UrlPool.h"
@@ -32,6 +33,7 @@ class WorkerReport {
 struct WorkersWeb {
   FeedMemory memory;
   TransferPool pool = {};
+  LargeDocuments largeDocuments = {};
 };
 
 // Downloads and parses the feed of `entry` and stores the posts that its channel does not have yet;

@@ -54,11 +54,12 @@ void InitializeCurlOnce() {
 // One transfer under way: what its callbacks need, and the handle.
 class Transfer {
  public:
-  Transfer(const TransferRequest& request, TransferHandles& handles)
+  Transfer(const TransferRequest& request, TransferHandles& handles, bool newConnection)
       : request_(request),
         host_(UrlHost(request.address)),
         multi_(handles.multi.get()),
         easy_(handles.easy.get()) {
+    Set(CURLOPT_FRESH_CONNECT, newConnection ? 1L : 0L);
     SetTarget();
     SetHeaders();
     SetLimits();
@@ -81,6 +82,15 @@ class Transfer {
     TransferResult result = Result(code);
     Report(TransferEvent::ConnectionClosed);
     return result;
+  }
+
+  // True when no answer came on a connection that an earlier transfer had left.
+  bool FoundStaleConnection(const TransferResult& result) const {
+    long connects = 0;
+    curl_off_t connected = 0;  // microseconds until a connection was there; 0: there was none
+    curl_easy_getinfo(easy_, CURLINFO_NUM_CONNECTS, &connects);
+    curl_easy_getinfo(easy_, CURLINFO_PRETRANSFER_TIME_T, &connected);
+    return !result.ok && result.status == 0 && connected > 0 && connects == 0;
   }
 
  private:
@@ -271,7 +281,13 @@ TransferResult RunTransfer(const TransferRequest& request, std::stop_token stop)
   TransferPool ownPool;
   TransferPool& pool = request.pool == nullptr ? ownPool : *request.pool;
   auto handles = pool.Take(Origin(request.address));
-  TransferResult result = Transfer(request, *handles).Run(std::move(stop));
+  TransferResult result;
+  bool isStale = false;
+  do {
+    Transfer transfer(request, *handles, isStale);
+    result = transfer.Run(stop);
+    isStale = !isStale && transfer.FoundStaleConnection(result) && !stop.stop_requested();
+  } while (isStale);
   pool.GiveBack(std::move(handles));
   return result;
 }

@@ -10,6 +10,7 @@
 
 #include "platform/Text.h"
 #include "platform/XmlLibrary.h"
+#include "platform/XmlRoom.h"
 
 namespace feedloom {
 namespace {
@@ -77,11 +78,11 @@ struct FreeContext {
   void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
 };
 
-// A file that reads as damaged once the stop has come.
+// A file that reads as damaged once the stop has come, or there is no room for it.
 class StoppableFile {
  public:
-  StoppableFile(const std::string& path, std::stop_token stop)
-      : fd_(open(path.c_str(), O_RDONLY | O_CLOEXEC)), stop_(std::move(stop)) {}
+  StoppableFile(const std::string& path, std::stop_token stop, XmlRoom& room)
+      : fd_(open(path.c_str(), O_RDONLY | O_CLOEXEC)), stop_(std::move(stop)), room_(room) {}
   ~StoppableFile() {
     if (fd_ >= 0) close(fd_);
   }
@@ -92,14 +93,17 @@ class StoppableFile {
 
   // As the library asks for it; `self` is the object.
   static int Read(void* self, char* buffer, int size) {
-    const auto* file = static_cast<const StoppableFile*>(self);
+    auto* const file = static_cast<StoppableFile*>(self);
     if (file->stop_.stop_requested()) return -1;
-    return static_cast<int>(read(file->fd_, buffer, static_cast<std::size_t>(size)));
+    const ssize_t count = read(file->fd_, buffer, static_cast<std::size_t>(size));
+    if (count > 0 && !file->room_.AcceptsBytes(static_cast<std::size_t>(count))) return -1;
+    return static_cast<int>(count);
   }
 
  private:
   const int fd_;
   const std::stop_token stop_;
+  XmlRoom& room_;
 };
 
 }  // namespace
@@ -179,19 +183,25 @@ XmlDocument& XmlDocument::operator=(XmlDocument&&) noexcept = default;
 
 void XmlDocument::Free::operator()(_xmlDoc* document) const { xmlFreeDoc(document); }
 
-XmlDocument::LoadStatus XmlDocument::Load(const std::string& path, std::stop_token stop) {
+XmlDocument::LoadStatus XmlDocument::Load(const std::string& path, std::stop_token stop,
+                                          const XmlLimits& limits) {
   InitializeXmlOnce();
   document_.reset();
   const SilentXmlErrors silence;
   const std::unique_ptr<xmlParserCtxt, FreeContext> context(xmlNewParserCtxt());
   if (!context) return LoadStatus::OutOfMemory;
-  StoppableFile file(path, std::move(stop));
+  XmlRoom room(limits, *context);
+  StoppableFile file(path, std::move(stop), room);
   if (!file.IsOpen()) return LoadStatus::Unreadable;
   context->sax->entityDecl = DeclareEntity;
   document_.reset(xmlCtxtReadIO(context.get(), StoppableFile::Read, nullptr, &file, nullptr,
                                 nullptr,
                                 XML_PARSE_NOENT | XML_PARSE_NOCDATA | XML_PARSE_COMPACT |
                                     XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
+  if (room.IsExceeded()) {
+    document_.reset();
+    return LoadStatus::TooLarge;
+  }
   return document_ ? LoadStatus::Loaded : LoadStatus::Unreadable;
 }
 

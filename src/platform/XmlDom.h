@@ -2,6 +2,8 @@
 // ("dc:date"); all texts come out as UTF-8, whatever encoding the document declares.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -50,6 +52,13 @@ class XmlElement {
   const _xmlNode* node_ = nullptr;
 };
 
+// How much memory a document may take, in bytes: its tree and a copy of all its texts, about.
+struct XmlLimits {
+  std::size_t most = 32u << 20;
+  std::size_t atOnce = most;              // what a document may take without asking
+  std::function<bool()> askForMore = {};  // asked once, on the reading thread; may block
+};
+
 class XmlDocument {
  public:
   XmlDocument();
@@ -57,14 +66,16 @@ class XmlDocument {
   XmlDocument(XmlDocument&&) noexcept;
   XmlDocument& operator=(XmlDocument&&) noexcept;
 
-  enum class LoadStatus { Loaded, OutOfMemory, Unreadable };
+  enum class LoadStatus { Loaded, OutOfMemory, Unreadable, TooLarge };
 
-  // Reads the whole file. A file that cannot be opened, is not well-formed, or exceeds the XML
-  // library's limits on depth and entity growth is Unreadable. Entities and document types that lie
-  // outside the file are never loaded (such an entity reads as nothing); a prefix without a
-  // declaration is no fault; a declared EUC-KR is read as CP949. A `stop` that comes before the end
-  // of the file makes it Unreadable. Any thread may call it.
-  [[nodiscard]] LoadStatus Load(const std::string& path, std::stop_token stop = {});
+  // Reads the whole file. One that exceeds `limits`, or has 256 KiB in which there is neither an
+  // element nor a text, is TooLarge. A file that cannot be opened, is not well-formed, or exceeds
+  // the XML library's own limits on depth and entity growth is Unreadable. Entities and document
+  // types that lie outside the file are never loaded (such an entity reads as nothing); a prefix
+  // without a declaration is no fault; a declared EUC-KR is read as CP949. A `stop` that comes
+  // before the end of the file makes it Unreadable. Any thread may call it.
+  [[nodiscard]] LoadStatus Load(const std::string& path, std::stop_token stop = {},
+                                const XmlLimits& limits = {});
 
   // The document element; null before a successful load.
   XmlElement Root() const;

@@ -60,7 +60,7 @@ Connection::~Connection() {
 
 void Connection::KeepJournalFile() {
   keepsJournalFile_ = true;
-  SetJournalMode("PRAGMA journal_mode = TRUNCATE");
+  SetJournalMode("PRAGMA journal_mode = PERSIST");
 }
 
 // Only a saving: where it fails, the statements to come tell why.

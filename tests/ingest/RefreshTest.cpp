@@ -2,6 +2,9 @@
 #include <fmt/core.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 #include "ingest/IngestKit.h"
 #include "ingest/RefreshEngine.h"
 #include "ingest/ThreadCount.h"
@@ -469,6 +472,28 @@ TEST_F(Refresh, NamesItselfAsTheUserWants) {
     RequestsOfAnotherRun(id, "/a");
     EXPECT_TRUE(kit_.server.LastHeader("/a", "User-Agent").starts_with(expected)) << value;
   }
+}
+
+TEST(LargeDocumentsTest, AreReadOneAfterTheOther) {
+  LargeDocuments place;
+  LargeDocuments::Turn first(place);
+  ASSERT_TRUE(first.Take({}));
+  EXPECT_TRUE(first.Take({}));
+  std::atomic<bool> isIn = false;
+  std::jthread second([&](std::stop_token stop) {
+    LargeDocuments::Turn turn(place);
+    isIn = turn.Take(stop);
+  });
+  std::jthread third([&](std::stop_token stop) {
+    LargeDocuments::Turn turn(place);
+    EXPECT_FALSE(turn.Take(stop));
+  });
+  third.request_stop();
+  third.join();
+  EXPECT_FALSE(isIn);
+  first.LetGo();
+  second.join();
+  EXPECT_TRUE(isIn);
 }
 
 }  // namespace

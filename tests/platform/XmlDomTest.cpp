@@ -137,8 +137,64 @@ TEST_F(XmlDomTest, AnEntityBombIsRefusedQuickly) {
 
   for (const std::string& bomb : {exponential, quadratic}) {
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(Load(bomb), LoadStatus::Unreadable);
+    EXPECT_EQ(Load(bomb), LoadStatus::TooLarge);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  }
+}
+
+TEST_F(XmlDomTest, ADocumentTakesNoMoreMemoryThanItMay) {
+  const auto repeated = [](const std::string& part, int times) {
+    std::string text;
+    for (int i = 0; i < times; ++i) text += part;
+    return text;
+  };
+  const std::string bold = "<!DOCTYPE a [<!ENTITY e '" + repeated("<b/>", 50) +
+                           "'><!ENTITY f '&e;&e;&e;&e;&e;&e;&e;&e;&e;&e;'>]>";
+  // Of which about a megabyte is room for these, and not for ten times as much.
+  const std::vector<std::pair<std::string, std::string>> parts{
+      {"<a>", "<b/>"},
+      {"<a>", "<b c='a value of some length'/>"},
+      {"<a>", "<b xmlns:n='http://name.example/space'/>"},
+      {"<a>", "a text of some length <b/>"},
+      {"<a>", "<![CDATA[a text of some length]]><b/>"},
+      {bold + "<a>", "&e;"},
+      {bold + "<a>", "&f;"},
+  };
+  for (const auto& [start, part] : parts) {
+    const int times = start.size() > 3 ? (part == "&f;" ? 8 : 80) : 1900;
+    folder_.Write("a.xml", start + repeated(part, times) + "</a>");
+    EXPECT_EQ(document_.Load(folder_.File("a.xml"), {}, {.most = 1 << 20}), LoadStatus::Loaded)
+        << part;
+    folder_.Write("a.xml", start + repeated(part, 10 * times) + "</a>");
+    EXPECT_EQ(document_.Load(folder_.File("a.xml"), {}, {.most = 1 << 20}), LoadStatus::TooLarge)
+        << part;
+  }
+}
+
+TEST_F(XmlDomTest, ALargeDocumentAsksOnceAndIsRefusedWhenItMayNot) {
+  folder_.Write("a.xml", "<a>" + std::string(100'000, 'x') + "<b/></a>");
+  for (const bool may : {true, false}) {
+    int asked = 0;
+    const XmlLimits limits{.atOnce = 10'000, .askForMore = [&] { return ++asked > 0 && may; }};
+    EXPECT_EQ(document_.Load(folder_.File("a.xml"), {}, limits) == LoadStatus::Loaded, may);
+    EXPECT_EQ(asked, 1);
+  }
+}
+
+TEST_F(XmlDomTest, ATagOrADocumentTypeWithoutEndIsRefusedQuicklyATextIsNot) {
+  std::string attributes = "<a";
+  std::string declarations = "<!DOCTYPE a [";
+  for (int i = 0; i < 400'000; ++i) {
+    attributes += " a" + std::to_string(i) + "=''";
+    declarations += "<!ENTITY e" + std::to_string(i) + " 'x'>";
+  }
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(Load(attributes + "/>"), LoadStatus::TooLarge);
+  EXPECT_EQ(Load(declarations + "]><a/>"), LoadStatus::TooLarge);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  const std::string megabyte(1 << 20, 'x');
+  for (const std::string& text : {megabyte, "<![CDATA[" + megabyte + "]]>"}) {
+    EXPECT_EQ(Root("<a><!--" + megabyte + "-->" + text + "</a>").Text().size(), megabyte.size());
   }
 }
 

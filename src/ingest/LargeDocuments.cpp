@@ -1,0 +1,31 @@
+#include "ingest/LargeDocuments.h"
+
+#include <malloc.h>
+
+#include <functional>
+#include <utility>
+
+namespace feedloom {
+
+bool LargeDocuments::Turn::Take(std::stop_token stop) {
+  if (has_) return true;
+  const std::stop_callback wake(stop, [this] {
+    const MutexLock lock(place_.mutex_);
+    place_.changed_.notify_all();
+  });
+  const MutexLock lock(place_.mutex_);
+  while (place_.taken_ && !stop.stop_requested()) place_.changed_.wait(place_.mutex_);
+  if (stop.stop_requested()) return false;
+  return has_ = place_.taken_ = true;
+}
+
+void LargeDocuments::Turn::LetGo() {
+  if (!std::exchange(has_, false)) return;
+  // The allocator would keep what this thread has freed, while the next one takes as much again.
+  malloc_trim(0);
+  const MutexLock lock(place_.mutex_);
+  place_.taken_ = false;
+  place_.changed_.notify_all();
+}
+
+}  // namespace feedloom
