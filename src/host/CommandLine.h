@@ -10,6 +10,7 @@ struct HostOptions {
   std::optional<std::string> language;    // "KOR", "ENG", in any case
   std::optional<std::string> codePage;    // "EUC-KR", "UTF-8", in any case
   std::optional<std::string> screenshot;  // the picture's file
+  bool timings = false;
 };
 
 // Reads the program's arguments into `options`. None when the program is to start; else its exit

@@ -9,7 +9,10 @@
 
 namespace feedloom {
 
-void Complain(const std::string& text) { fmt::print(stderr, "halvix: {}\n", text); }
+// Nobody to complain to is no reason to end.
+void Complain(const std::string& text) {
+  std::fputs(fmt::format("halvix: {}\n", text).c_str(), stderr);
+}
 
 bool HasDisplay() {
   const QByteArray platform = qgetenv("QT_QPA_PLATFORM");

@@ -12,6 +12,8 @@
 #include "host/Complaint.h"
 #include "host/DesktopLook.h"
 #include "host/EndSignals.h"
+#include "host/FirstPaint.h"
+#include "host/Graphics.h"
 #include "host/HostLook.h"
 #include "host/HostProfile.h"
 #include "host/HostTables.h"
@@ -19,6 +21,7 @@
 #include "host/LoadedModule.h"
 #include "host/ModuleLink.h"
 #include "host/Screenshot.h"
+#include "host/Timings.h"
 #include "host/WindowPlace.h"
 #include "profile/HostTexts.h"
 #include "profile/SharePaths.h"
@@ -40,6 +43,7 @@ Failure Prepare(const HostOptions& options, HostProfile& profile, LoadedModule& 
   if (auto failure = LinkModule(profile.paths.module, InstalledModule())) return failure;
   // The browser engine's sandbox cannot work for root, and keeps on protecting everybody else.
   if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+  NoteTime("profile opened");
   return module.Load(profile.paths.module);
 }
 
@@ -78,44 +82,72 @@ void ShowAnewOnChoice(HostWindow& window, const HostProfile& profile) {
   });
 }
 
-// Runs the window with the module's `frame` in it.
-int RunWindow(HostWindow& window, QWidget& frame, const HostOptions& options,
-              const HostProfile& profile) {
-  const Registry registry(profile.paths.registry);
-  std::optional<Screenshot> picture;
-  if (options.screenshot) {
-    picture.emplace(window, frame, QFile::decodeName(options.screenshot->c_str()));
-    if (auto failure = picture->Start()) return Refuse(options, *failure);
-    window.resize(kFirstWidth, kFirstHeight);
-  } else {
-    PlaceWindow(window, registry);
+// A window with the module's frame in it, from its first paint to its end.
+class Show {
+ public:
+  Show(const HostOptions& options, const LoadedModule& module, HostWindow& window, bool refreshes)
+      : options_(options), module_(module), window_(window), refreshes_(refreshes) {}
+  ~Show() {
+    if (frame_ != nullptr) module_.destroyBtn();
   }
-  LeaveOnClose(window, registry, options.screenshot.has_value());
-  ShowAnewOnChoice(window, profile);
-  window.show();
-  return QCoreApplication::exec();
-}
+  Show(const Show&) = delete;
+  Show& operator=(const Show&) = delete;
+
+  // The window is on screen before the module fills it; the exit status of the event loop.
+  int Run() {
+    OnFirstPaint(window_, [this] {
+      NoteTime("window painted");
+      if (auto failure = Fill()) QCoreApplication::exit(Refuse(options_, *failure));
+    });
+    window_.show();
+    NoteTime("window shown");
+    return QCoreApplication::exec();
+  }
+
+ private:
+  Failure Fill() {
+    frame_ = module_.create(HostGetText, HostGetSkinValue, window_.ModuleParent());
+    if (frame_ == nullptr) return "The module cannot make its window.";
+    NoteTime("module's frame made");
+    window_.SetFrame(frame_);
+    timings_.emplace(*frame_);
+    if (refreshes_) {
+      QTimer::singleShot(0, &window_, [this] { window_.SendToFrame(kMessageRefreshAll); });
+    }
+    if (!options_.screenshot) return {};
+    picture_.emplace(window_, *frame_, QFile::decodeName(options_.screenshot->c_str()));
+    return picture_->Start();
+  }
+
+  const HostOptions& options_;
+  const LoadedModule& module_;
+  HostWindow& window_;
+  const bool refreshes_;
+  QWidget* frame_ = nullptr;  // the module's
+  std::optional<PageTimings> timings_;
+  std::optional<Screenshot> picture_;
+};
 
 // The profile as its registry has it now, until the user leaves or wants it otherwise (kShowAnew).
 int ShowProfile(const HostOptions& options, const HostProfile& profile, const LoadedModule& module,
                 const EndSignals& endSignals, bool refreshes) {
-  const HostConfig config{Registry(profile.paths.registry)};
+  const Registry registry(profile.paths.registry);
+  const HostConfig config(registry);
   const HostLookup tables = ReadHostTexts(config);
   SetHostTables(tables, config.GetCodePage());
   HostLook look(Skin(tables, config));
   HostWindow window(FromModuleText(config.GetAppTitle()),
                     {SkinName(config), config.GetHostLanguage()});
   QObject::connect(&endSignals, &EndSignals::Requested, &window, &QWidget::close);
-
-  QWidget* frame = module.create(HostGetText, HostGetSkinValue, window.ModuleParent());
-  if (frame == nullptr) return Refuse(options, "The module cannot make its window.");
-  window.SetFrame(frame);
-  if (refreshes) {
-    QTimer::singleShot(0, &window, [&window] { window.SendToFrame(kMessageRefreshAll); });
+  if (options.screenshot) {
+    window.resize(kFirstWidth, kFirstHeight);
+  } else {
+    PlaceWindow(window, registry);
   }
-  const int status = RunWindow(window, *frame, options, profile);
-  module.destroyBtn();
-  return status;
+  LeaveOnClose(window, registry, options.screenshot.has_value());
+  ShowAnewOnChoice(window, profile);
+  NoteTime("window made");
+  return Show(options, module, window, refreshes).Run();
 }
 
 void FollowDesktop(const HostProfile& profile) {
@@ -127,7 +159,10 @@ int RunApplication(char* programName, const HostOptions& options, const HostProf
                    const LoadedModule& module) {
   int argc = 1;
   char* argv[] = {programName, nullptr};
+  NoteTime("module loaded");
+  LeaveOutSlowGraphics();
   QApplication application(argc, argv);
+  NoteTime("application object made");
   QGuiApplication::setDesktopFileName(QStringLiteral("halvix"));
   QApplication::setQuitOnLastWindowClosed(false);  // the main window alone decides
 
@@ -144,6 +179,8 @@ int RunApplication(char* programName, const HostOptions& options, const HostProf
 int RunHost(int argc, char** argv) {
   HostOptions options;
   if (const auto status = ReadCommandLine(argc, argv, options)) return *status;
+  if (options.timings) BeginTimings();
+  NoteTime("arguments read");
   HostProfile profile(ProfileDir(options));
   LoadedModule module;
   if (auto failure = Prepare(options, profile, module)) return Refuse(options, *failure);

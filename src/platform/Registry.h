@@ -3,18 +3,19 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 
 namespace feedloom {
 
-// Remembers only the file's path: each call reads the file afresh, each write saves it whole, so
+// Each call looks at the file and reads it again when it has changed, each write saves it whole, so
 // that programs which share a profile see each other's values. Any thread may call it. Strings are
 // bytes to the registry; the programs keep UTF-8 in them.
 class Registry {
  public:
   // `path` is the .reg file; it need not exist.
-  explicit Registry(std::string path) : path_(std::move(path)) {}
+  explicit Registry(std::string path);
 
   // None when the value is missing, is of the other type, or the file cannot be read.
   std::optional<std::uint32_t> ReadDword(const std::string& key, const std::string& name) const;
@@ -30,7 +31,9 @@ class Registry {
   bool IsReadable() const;
 
  private:
-  std::string path_;
+  struct Content;
+
+  std::shared_ptr<Content> content_;  // the copies of an object share it
 };
 
 }  // namespace feedloom

@@ -39,7 +39,9 @@ std::string ResolveUrl(const std::string& base, const std::string& reference) {
   if (curl_url_set(url.get(), CURLUPART_URL, reference.c_str(), CURLU_URLENCODE) != CURLUE_OK) {
     return "";
   }
-  return Part(url, CURLUPART_URL);
+  const std::string address = Part(url, CURLUPART_URL);
+  // The library puts some together that it does not take apart: "file:a".
+  return UrlScheme(address).empty() ? "" : address;
 }
 
 }  // namespace feedloom

@@ -82,7 +82,8 @@ void XmlRoom::OnText(void* context, const xmlChar* text, int length) {
 
 xmlEntity* XmlRoom::OnEntity(void* context, const xmlChar* name) {
   xmlEntity* const entity = xmlSAX2GetEntity(context, name);
-  if (entity == nullptr) return nullptr;
+  // A declaration asks for its own entity, which it refers to nowhere.
+  if (entity == nullptr || static_cast<xmlParserCtxt*>(context)->inSubset != 0) return entity;
   XmlRoom& room = Of(context);
   return room.Take(room.SizeOf(entity, 0), context) ? entity : nullptr;
 }

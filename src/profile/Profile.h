@@ -48,7 +48,8 @@ bool ProfileExists(const ProfilePaths& paths);
 
 // When the directory of the ini files that the profile's registry names is gone, or its image
 // directory holds no skin, points the profile's shared paths to `shareDir`, to the skin of the same
-// name if there is one; does nothing otherwise.
+// name if there is one. Makes the work folder again when it is gone and can be made. Does nothing
+// otherwise.
 [[nodiscard]] Failure RepairSharePaths(const std::string& dir, const std::string& shareDir);
 
 }  // namespace feedloom

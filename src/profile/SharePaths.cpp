@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <system_error>
+#include <tuple>
 
 #include "platform/Path.h"
 #include "platform/Registry.h"
@@ -58,6 +59,8 @@ Failure RepairSharePaths(const std::string& dir, const std::string& shareDir) {
     return fmt::format("The registry file '{}' cannot be read or is damaged.", paths.registry);
   }
   const HostConfig config(registry);
+  // Without it nothing can be downloaded; where it cannot be made there is still much to read.
+  std::ignore = MakeDirectories(config.GetWorkDir());
   if (IsDirectory(config.GetIniDir()) && IsSkin(config.GetImageDir())) return {};
   if (!IsDirectory(shareDir)) return fmt::format("There is no directory '{}'.", shareDir);
   const bool isShipped = IsSkin(SkinDir(shareDir, SkinName(config)));

@@ -14,11 +14,11 @@
 #include "shell/FrameKeys.h"
 #include "shell/FrameRefresh.h"
 #include "shell/SettingsStore.h"
+#include "shell/StartContent.h"
 #include "skin/FilledTexts.h"
 #include "skin/Keys.h"
 #include "store/Backup.h"
 #include "store/Counts.h"
-#include "store/Posts.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
@@ -60,8 +60,11 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWid
           IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir(),
                          FeedMemoryPath(skin_.Config().GetWorkDir())})),
       actions_(MakeFrameActions(*this)) {
+  settings_ = LoadFrameSettings(registry_);
+  auto start = ReadStart(store_->DbPath(), store_->TextCodePage(), settings_);
   BuildPanes();
-  BeginLife();
+  ShowMainPage();
+  BeginLife(start.get());
 }
 
 // The panes use what the frame owns, so they go first; no thread speaks to it any more by then.
@@ -120,13 +123,10 @@ void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
   keys->AddMenuKey(*rightTop_);
 }
 
-void CRSS_MainFrame::BeginLife() {
-  settings_ = LoadFrameSettings(registry_);
+void CRSS_MainFrame::BeginLife(StartContent start) {
   SetPreviewMode();
-  state_.unreadTotal = state_.announcedTotal = CountUnreadPosts(*store_);
-  if (settings_.feedDeleteMode == 0 && settings_.feedDeleteDate > 0) {
-    DeleteOldPosts(*store_, settings_.feedDeleteDate);
-  }
+  for (const std::string& failure : start.failures) ReportMessage(failure);
+  state_.unreadTotal = state_.announcedTotal = start.unread;
   const auto toHere = [thread = interfaceThread_](auto work) { thread->Run(std::move(work)); };
   feedChecker_ = std::make_unique<FeedChecker>(services_, toHere);
   importer_ = std::make_unique<OpmlImporter>(services_, toHere);
@@ -139,8 +139,7 @@ void CRSS_MainFrame::BeginLife() {
         OnRefreshMessage(number);
         return std::intptr_t{0};
       });
-  left_->LoadTree();
-  ShowMainPage();
+  left_->ShowTree(std::move(start.tree));
 }
 
 // Messages of the host and of the refresh.

@@ -25,6 +25,7 @@ class InterfaceThread;
 class OpmlImporter;
 enum class NameClash;
 struct ImportEnd;
+struct StartContent;
 
 // Belongs to the interface thread. Its parent is the window that gets its messages.
 class CRSS_MainFrame : public VxSplitter, public Frame {
@@ -100,7 +101,7 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
  private:
   void BuildPanes();
   void SetUpKeys(VxSplitter& right);
-  void BeginLife();
+  void BeginLife(StartContent start);
   void SetPreviewMode();
   void StopRefresh();
   void SendText();

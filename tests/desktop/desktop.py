@@ -47,7 +47,8 @@ def wait_for_end(child):
 class Desktop:
     """Used in a `with`: sets this process's environment so that it belongs to the new desktop."""
 
-    def __init__(self):
+    def __init__(self, accessible=True):
+        self._accessible = accessible
         # Who is orphaned comes to this process, so that it can be ended and waited for.
         LIBC.prctl(PR_SET_CHILD_SUBREAPER, 1)
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="feedloom-desktop-"))
@@ -89,7 +90,8 @@ class Desktop:
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_and_read(
             "dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address={}")
         self._start_window_manager()
-        self.start(ACCESSIBILITY_LAUNCHER, "--launch-immediately", "--a11y=1")
+        if self._accessible:
+            self.start(ACCESSIBILITY_LAUNCHER, "--launch-immediately", "--a11y=1")
 
     def _start_window_manager(self):
         """A window that came before it would never get the keyboard."""

@@ -76,6 +76,7 @@ QWidget* Create(feedloom::HostCallback HostGetText, feedloom::HostCallback HostG
   using namespace feedloom;
   if (qgetenv("FAKE_MODULE") == "null") return nullptr;
   Tell(hadApplicationAtLoad ? "loaded late" : "loaded early");
+  Tell(parent->isVisible() ? "window on screen" : "window to come");
   Tell("text " + QString::fromStdString(HostGetText(kSectionHost, kHostTextMenuQuit)));
   Tell("skin " + QString::fromStdString(HostGetSkinValue(kSectionHtml, kImageMainPage)));
   theFrame = std::make_unique<FakeFrame>(parent);

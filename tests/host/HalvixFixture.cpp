@@ -36,8 +36,8 @@ RunningHalvix::~RunningHalvix() {
   if (process_.state() != QProcess::NotRunning) Kill();
 }
 
-bool RunningHalvix::WaitForLine(const QString& line) {
-  while (!out_.split('\n').contains(line)) {
+bool RunningHalvix::WaitForLine(const QString& line, int times) {
+  while (out_.split('\n').count(line) < times) {
     if (!process_.waitForReadyRead(kPatienceMs)) return false;
     out_ += QString::fromUtf8(process_.readAllStandardOutput());
   }

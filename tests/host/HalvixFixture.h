@@ -25,8 +25,8 @@ class RunningHalvix {
   explicit RunningHalvix(const QStringList& arguments);
   ~RunningHalvix();
 
-  // Waits for a line of its stdout that is `line`.
-  [[nodiscard]] bool WaitForLine(const QString& line);
+  // Waits until so many lines of its stdout are `line`.
+  [[nodiscard]] bool WaitForLine(const QString& line, int times = 1);
   // Waits until it ends.
   HalvixResult Finish();
   void Signal(int number);

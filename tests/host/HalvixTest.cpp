@@ -24,7 +24,8 @@ class HalvixTest : public HalvixFixture {
 TEST_F(HalvixTest, TellsItsOptionsAndItsVersion) {
   const HalvixResult help = RunningHalvix({"--help"}).Finish();
   EXPECT_EQ(help.status, 0);
-  for (const char* option : {"--profile", "--lang", "--code-page", "--screenshot", "--version"}) {
+  for (const char* option :
+       {"--profile", "--lang", "--code-page", "--screenshot", "--timings", "--version"}) {
     EXPECT_TRUE(help.out.contains(option)) << option;
   }
   const HalvixResult version = RunningHalvix({"--version"}).Finish();
@@ -36,11 +37,13 @@ TEST_F(HalvixTest, TellsItsOptionsAndItsVersion) {
 
 TEST_F(HalvixTest, MakesAProfileAndRefreshesItsChannelsOnce) {
   UseFakeModule();
-  EXPECT_EQ(
-      RunOnce({"--lang", "eng", "--code-page", "utf-8"}),
-      "loaded early\ntext &Quit\nskin rss_html/main_ENG.html\nmessage 307c\nidle\ndestroyed\n");
+  EXPECT_EQ(RunOnce({"--lang", "eng", "--code-page", "utf-8"}),
+            "loaded early\nwindow on screen\ntext &Quit\nskin rss_html/main_ENG.html\nmessage "
+            "307c\nidle\ndestroyed\n");
   EXPECT_EQ(RegistryText(kValueCodePage), "UTF-8");
-  EXPECT_EQ(RunOnce(), "loaded early\ntext &Quit\nskin rss_html/main_ENG.html\nidle\ndestroyed\n");
+  EXPECT_EQ(RunOnce(),
+            "loaded early\nwindow on screen\ntext &Quit\nskin rss_html/main_ENG.html\nidle\n"
+            "destroyed\n");
 }
 
 TEST_F(HalvixTest, ChangesTheLanguageOfAProfileButNotItsCodePage) {
@@ -61,10 +64,10 @@ TEST_F(HalvixTest, IsShownAnewInTheLooksThatTheMenuOffers) {
     qputenv("FAKE_MODULE_CHOOSES", entry);
     const auto halvix = Start();
     qunsetenv("FAKE_MODULE_CHOOSES");
-    ASSERT_TRUE(halvix->WaitForLine("destroyed")) << entry;
-    halvix->Signal(SIGTERM);  // between the two windows, or later
+    ASSERT_TRUE(halvix->WaitForLine("loaded early", 2)) << entry;
+    halvix->Signal(SIGTERM);
     const QString out = halvix->Finish().out;
-    EXPECT_TRUE(out.contains(QString("idle\ndestroyed\nloaded early\n") + told))
+    EXPECT_TRUE(out.contains(QString("idle\ndestroyed\nloaded early\nwindow on screen\n") + told))
         << entry << '\n'
         << out.toStdString();
     EXPECT_TRUE(out.endsWith("destroyed\n"));
@@ -148,6 +151,18 @@ TEST_F(HalvixTest, RefusesAModuleThatIsNone) {
   qputenv("FAKE_MODULE", "null");
   ExpectRefused("The module cannot make its window.");
   qunsetenv("FAKE_MODULE");
+}
+
+TEST_F(HalvixTest, TellsHowLongItsStartTakes) {
+  UseFakeModule();
+  const std::string picture = folder_.File("window.png");
+  const QString told = Run({"--timings", "--screenshot", QString::fromStdString(picture)}).err;
+  qsizetype at = 0;
+  for (const char* step : {"ms: profile opened", "ms: window painted", "ms: module's frame made",
+                           "ms: page shown", "ms: page shown"}) {
+    at = told.indexOf(step, at) + 1;
+    ASSERT_GT(at, 0) << step << " in\n" << told.toStdString();
+  }
 }
 
 TEST_F(HalvixTest, NeedsADisplay) {

@@ -64,6 +64,7 @@ TEST(ResolveUrlTest, ResolvesReferencesAsDocumentsWriteThem) {
       {"http://[::1]:80/g", "http://[::1]:80/g"},
       {"g h/한?한", "http://a/b/c/g%20h/%ed%95%9c?%ed%95%9c"},
       {"file:///etc/passwd", "file:///etc/passwd"},
+      {"file:a", ""},
       {"javascript:alert(1)", ""},
       {"http://a b/", ""},
       {"", ""},

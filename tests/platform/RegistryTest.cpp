@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
@@ -106,6 +108,42 @@ TEST_F(RegistryTest, SeesAtOnceWhatAnotherProgramWrote) {
     folder_.Write(kFileName, FileWith("\"Period\"=dword:0000001" + std::to_string(value)));
     EXPECT_EQ(registry_.ReadDword(kKey, "Period"), 0x10 + value);
   }
+}
+
+// A file that has not been written for a while is not read again until it has changed.
+TEST_F(RegistryTest, SeesEveryChangeOfAnOldFile) {
+  const std::string path = folder_.File(kFileName);
+  const auto isOld = [&] {
+    std::filesystem::last_write_time(
+        path, std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+  };
+  const Registry copy = registry_;
+  const auto expect = [&](std::optional<std::uint32_t> value) {
+    for (int again = 1; again <= 2; ++again) {
+      EXPECT_EQ(registry_.ReadDword(kKey, "Period"), value);
+      EXPECT_EQ(copy.ReadDword(kKey, "Period"), value);
+    }
+  };
+  folder_.Write(kFileName, FileWith("\"Period\"=dword:00000001"));
+  isOld();
+  expect(1);
+  folder_.Write(kFileName, FileWith("\"Period\"=dword:00000002"));  // as long as before
+  isOld();
+  expect(2);
+  folder_.Write("other", FileWith("\"Period\"=dword:00000003"));
+  std::filesystem::rename(folder_.File("other"), path);
+  isOld();
+  expect(3);
+  ASSERT_TRUE(registry_.WriteDword(kKey, "Period", 4));
+  expect(4);
+  isOld();
+  folder_.Write(kFileName, "half a li");
+  isOld();
+  expect(std::nullopt);
+  EXPECT_FALSE(registry_.IsReadable());
+  std::filesystem::remove(path);
+  expect(std::nullopt);
+  EXPECT_TRUE(copy.IsReadable());
 }
 
 TEST_F(RegistryTest, KeepsWhatAnotherProgramWroteWhenItWritesItself) {

@@ -241,6 +241,16 @@ TEST_F(ProfileTest, SharedPathsAreRepairedOnceTheyAreGone) {
   EXPECT_TRUE(RepairSharePaths(paths_.dir, ShareDir()));
 }
 
+TEST_F(ProfileTest, TheWorkFolderIsMadeAgainWhereItCanBe) {
+  ASSERT_EQ(CreateProfile(paths_.dir, ShareDir(), CodePage::Korean(), "KOR"), std::nullopt);
+  fs::remove_all(paths_.workDir);
+  EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt);
+  EXPECT_TRUE(fs::is_directory(paths_.workDir));
+  fs::remove_all(paths_.workDir);
+  ASSERT_EQ(WriteFileWhole(paths_.workDir, "a file"), std::nullopt);
+  EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt) << "there is much to read";
+}
+
 TEST(FirstChoicesTest, FollowTheUsersLocale) {
   const auto languageIn = [](const char* all, const char* messages, const char* lang) {
     setenv("LC_ALL", all, 1);

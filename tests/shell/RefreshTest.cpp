@@ -1,8 +1,11 @@
 // A refresh, from the feed's server to what is on screen.
+#include <QElapsedTimer>
 #include <QTreeView>
+#include <algorithm>
 
 #include "kit/FeedDocuments.h"
 #include "shell/ModuleFixture.h"
+#include "store/StoreKit.h"
 
 namespace feedloom {
 namespace {
@@ -49,6 +52,29 @@ TEST_F(RefreshInTheWindow, NamesTheChannelThatFailed) {
   ASSERT_TRUE(WaitForRunEnd());
   ASSERT_EQ(host_->texts.size(), 1u);
   EXPECT_NE(host_->texts[0].find("Gone"), std::string::npos);
+}
+
+TEST_F(RefreshInTheWindow, ALockedDatabaseIsToldHoldsNothingUpAndIsCaughtUpWithAfterwards) {
+  server_.Serve("/news.xml", NumberedRss("News", "http://example.com/", 3));
+  AddChannel("News", "/news.xml");
+  CreateFrame();
+  host_->texts.clear();
+  {
+    const ForeignLock lock(profile_.Paths().database);
+    Send(kMessageRefreshAll);
+    ASSERT_TRUE(WaitForRunEnd());
+    EXPECT_GT(std::ranges::count(host_->texts, "database is locked"), 0);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    Select("News");
+    EXPECT_LT(elapsed.elapsed(), 2000);
+    EXPECT_EQ(ListedTitles(), QStringList());
+  }
+  host_->windowMessages.clear();
+  Send(kMessageRefreshAll);
+  ASSERT_TRUE(WaitForRunEnd());
+  EXPECT_TRUE(TreeLabels().contains("  News(3)")) << TreeLabels().join('|').toStdString();
+  EXPECT_EQ(ListedTitles().size(), 3);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "ui/browser/CRSS_HtmlView.h"
 
+#include <QOpenGLContext>
 #include <QPrinter>
+#include <QQuickWindow>
 #include <QVBoxLayout>
 #include <QWebEngineContextMenuRequest>
 #include <QWebEngineFindTextResult>
@@ -21,6 +23,18 @@ constexpr std::array kZoomFactors = {0.25, 0.33, 0.5,  0.67, 0.75, 0.9, 1.0, 1.1
                                      1.25, 1.5,  1.75, 2.0,  2.5,  3.0, 4.0, 5.0};
 constexpr int kNormalSize = 6;
 constexpr int kLargestSize = static_cast<int>(kZoomFactors.size()) - 1;
+
+// The engine draws through the host's OpenGL. In a host without it the view would stay empty, and
+// the process end; then the engine paints by itself. It hears this only once a process.
+QWidget* Prepared(QWidget* parent) {
+  const QString software = QStringLiteral("software");
+  const QOpenGLContext* const openGl = QOpenGLContext::globalShareContext();
+  const bool hasOpenGl = openGl != nullptr && openGl->isValid();
+  if (!hasOpenGl && QQuickWindow::sceneGraphBackend() != software) {
+    QQuickWindow::setSceneGraphBackend(software);
+  }
+  return parent;
+}
 
 }  // namespace
 
@@ -62,7 +76,7 @@ class CRSS_HtmlView::Engine {
 };
 
 CRSS_HtmlView::CRSS_HtmlView(Asking asking, QWidget* parent)
-    : QWidget(parent), engine_(std::make_unique<Engine>(std::move(asking))) {
+    : QWidget(Prepared(parent)), engine_(std::make_unique<Engine>(std::move(asking))) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(&engine_->view);

@@ -92,7 +92,12 @@ void CRSS_LeftContainer::SetUpKeys() {
   onKey(this, QKeySequence::Find, [this] { frame_.FocusSearch(); });
 }
 
-void CRSS_LeftContainer::LoadTree() { model_.Load(ReadTree(frame_.TheStore(), frame_.TheSkin())); }
+void CRSS_LeftContainer::LoadTree() { ShowTree(ReadTree(frame_.TheStore())); }
+
+void CRSS_LeftContainer::ShowTree(TreeContent content) {
+  content.cabinetTitle = frame_.TheSkin().GetText(kSectionTexts, kTextCabinetTitle);
+  model_.Load(std::move(content));
+}
 
 void CRSS_LeftContainer::RefreshAll() { commands_.Run(kCommandRefreshAll); }
 

@@ -25,13 +25,15 @@ class CRSS_LeftContainer : public QWidget {
   Q_OBJECT
 
  public:
-  // Without rows until LoadTree. Starts both timers. `frame` outlives the pane; the pane's focus
+  // Without rows until ShowTree. Starts both timers. `frame` outlives the pane; the pane's focus
   // goes to the tree.
   CRSS_LeftContainer(Frame& frame, QWidget* parent);
 
   // Reads all rows from the store again; nothing is selected then. What the store cannot read (it
   // reports that itself) is left out.
   void LoadTree();
+  // The same with rows that are read already; the cabinet root gets its name here.
+  void ShowTree(TreeContent content);
 
   // Queue the channels that are not queued yet, in the order of the rows, and start the refresh:
   // every channel, or those of the selected row.

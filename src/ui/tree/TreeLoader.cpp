@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "skin/Keys.h"
-#include "skin/Skin.h"
 #include "store/Cabinets.h"
 #include "store/Channels.h"
 #include "store/Counts.h"
@@ -12,11 +10,17 @@
 
 namespace feedloom {
 
-TreeContent ReadTree(Store& store, const Skin& skin) {
+TreeContent ReadTree(Store& store) {
+  std::vector<FolderRow> folders;
+  LoadFolderList(store, folders);
+  TreeContent content = ReadTreeBelowFolders(store);
+  content.folders = std::move(folders);
+  return content;
+}
+
+TreeContent ReadTreeBelowFolders(Store& store) {
   TreeContent content;
-  LoadFolderList(store, content.folders);
   LoadChannelList(store, content.channels);
-  content.cabinetTitle = skin.GetText(kSectionTexts, kTextCabinetTitle);
   content.unreadInCabinets = CountUnreadInFolder(store, 0, true);
   LoadCabinetList(store, content.cabinets);
   return content;

@@ -7,11 +7,12 @@
 
 namespace feedloom {
 
-class Skin;
 class Store;
 
-// All rows; what the store cannot read is left out.
-TreeContent ReadTree(Store& store, const Skin& skin);
+// All rows; what the store cannot read is left out, and so is the cabinet root's name. Any thread.
+TreeContent ReadTree(Store& store);
+// The same without the folders.
+TreeContent ReadTreeBelowFolders(Store& store);
 
 // The stored channel; none when it is not there.
 std::optional<ChannelRow> ReadChannel(Store& store, int channelId);

@@ -1,5 +1,6 @@
 // Downloads with the real engine and a real server.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <QSignalSpy>
 #include <QTest>
@@ -8,6 +9,7 @@
 #include <QWebEngineProfile>
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -271,6 +273,36 @@ TEST_F(DownloadsTest, APlaceThatCannotBeWrittenFails) {
     EXPECT_TRUE(Ends(DownloadEvent::Failed)) << place.toStdString();
   }
   EXPECT_TRUE(FolderComesToHold({"directory", "file"}));
+}
+
+// No file of this process grows beyond `bytes`, as if the disk were full then.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit full{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  void (*const handler_)(int) = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before_{};
+};
+
+TEST_F(DownloadsTest, ADiskThatGetsFullFailsOneAndKeepsTheOlderFile) {
+  server_.Serve("/file.bin", kLong);
+  folder_.Write("saved.bin", "older");
+  const FullDisk disk(8 << 20);
+  Download("/file.bin");
+  EXPECT_TRUE(Ends(DownloadEvent::Failed));
+  EXPECT_TRUE(FolderComesToHold({"saved.bin"}));
+  EXPECT_EQ(folder_.Read("saved.bin"), "older");
 }
 
 TEST_F(DownloadsTest, ATargetThatBecomesADirectoryFailsAndLeavesNothing) {

@@ -1,0 +1,78 @@
+// Any bytes as a page that announces feeds: the addresses that are taken of it are complete, and
+// only those of the web are followed.
+#include <algorithm>
+#include <array>
+
+#include "fuzz/FuzzKit.h"
+#include "ingest/FeedAddress.h"
+#include "platform/HtmlLinks.h"
+#include "platform/UrlParts.h"
+
+namespace feedloom {
+namespace {
+
+bool IsPlain(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return c > ' ' && c <= '~'; });
+}
+
+void CheckScheme(const std::string& address) {
+  const std::string scheme = UrlScheme(address);
+  Require(scheme == "http" || scheme == "https" || scheme.empty(),
+          "a web address is one for the transfer, too");
+}
+
+void CheckLink(const std::string& link) {
+  Require(!UrlScheme(link).empty(), "an announced feed has a complete address");
+  if (!IsWebAddress(link)) return;
+  const std::string address = EscapedAddress(link);
+  Require(IsPlain(address), "an address is ASCII without blanks");
+  CheckScheme(address);
+}
+
+// From the path on, which stands behind the host.
+std::string_view BehindHost(std::string_view address) {
+  const auto host = address.find("://");
+  const auto path = address.find('/', host == address.npos ? 0 : host + 3);
+  return path == address.npos ? "" : address.substr(path, address.find('#', path) - path);
+}
+
+void CheckResolved(const std::string& base, const std::string& reference) {
+  const std::string address = ResolveUrl(base, reference);
+  if (address.empty()) return;
+  Require(!reference.empty() && reference[0] != '#', "the document itself is no address");
+  Require(!UrlScheme(address).empty(), "a resolved address is complete");
+  Require(std::ranges::none_of(BehindHost(address), [](char c) { return c < 0; }),
+          "a path is ASCII");
+  RequireEqual(ResolveUrl(base, address), address, "a complete address stands for itself");
+}
+
+void CheckPage(std::string_view html, const std::string& address) {
+  constexpr std::array<std::string_view, 2> kTypes = {"application/rss+xml",
+                                                      "application/atom+xml"};
+  const MemoryFile document(html);
+  const auto links = AlternateLinks(document.Path(), address, kTypes);
+  Require(links.size() <= 100, "a page's links are bounded");
+  for (const std::string& link : links) CheckLink(link);
+}
+
+void CheckTyped(const std::string& typed) {
+  const std::string address = CompleteFeedAddress(typed, "http");
+  if (address.empty()) return;
+  Require(IsPlain(address), "a typed address is kept in ASCII");
+  Require(address.find("://") != address.npos, "a typed address is complete");
+  RequireEqual(CompleteFeedAddress(address, "https"), address, "a complete address stays");
+  if (IsWebAddress(address)) CheckScheme(address);
+}
+
+}  // namespace
+
+void CheckInput(FuzzInput input) {
+  // A text for the transfer library ends at a zero byte.
+  const std::string page = input.TakeText().c_str();
+  const std::string reference = input.TakeText().c_str();
+  CheckResolved(page, reference);
+  CheckTyped(reference);
+  if (!input.IsEmpty()) CheckPage(input.Rest(), page);  // which takes far longer
+}
+
+}  // namespace feedloom

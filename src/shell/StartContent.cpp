@@ -1,0 +1,58 @@
+#include "shell/StartContent.h"
+
+#include <string_view>
+#include <utility>
+
+#include "platform/Clock.h"
+#include "store/Counts.h"
+#include "store/Folders.h"
+#include "store/Posts.h"
+#include "store/Store.h"
+#include "ui/tree/TreeLoader.h"
+
+namespace feedloom {
+namespace {
+
+// A store for one thread, because what it has to say is told when the interface thread can hear it.
+class SilentStore {
+ public:
+  SilentStore(const std::string& dbPath, CodePage codePage)
+      : store(dbPath, codePage, SystemClock(),
+              [this](std::string_view text) { failures.emplace_back(text); }) {}
+  SilentStore(const SilentStore&) = delete;
+  SilentStore& operator=(const SilentStore&) = delete;
+
+  std::vector<std::string> failures;
+  Store store;
+};
+
+StartContent Read(const std::string& dbPath, CodePage codePage, const Settings& settings) {
+  SilentStore own(dbPath, codePage);
+  StartContent content;
+  content.unread = CountUnreadPosts(own.store);
+  if (settings.feedDeleteMode == 0 && settings.feedDeleteDate > 0) {
+    DeleteOldPosts(own.store, settings.feedDeleteDate);
+  }
+  // Counting for the folders takes as long as for the channels.
+  std::vector<FolderRow> folders;
+  SilentStore foldersOwn(dbPath, codePage);
+  auto reading = std::async(std::launch::async, [&] { LoadFolderList(foldersOwn.store, folders); });
+  content.tree = ReadTreeBelowFolders(own.store);
+  reading.wait();
+  content.tree.folders = std::move(folders);
+  content.failures = std::move(own.failures);
+  content.failures.insert(content.failures.end(), foldersOwn.failures.begin(),
+                          foldersOwn.failures.end());
+  return content;
+}
+
+}  // namespace
+
+std::future<StartContent> ReadStart(std::string dbPath, CodePage codePage,
+                                    const Settings& settings) {
+  return std::async(std::launch::async, [path = std::move(dbPath), codePage, settings] {
+    return Read(path, codePage, settings);
+  });
+}
+
+}  // namespace feedloom
