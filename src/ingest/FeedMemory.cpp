@@ -102,9 +102,9 @@ FeedVisit FeedMemory::Last(int channelId, const std::string& address) const {
 
 void FeedMemory::Remember(int channelId, FeedVisit visit) {
   const MutexLock lock(mutex_);
-  FeedVisit& known = visits_[channelId];
-  if (known == visit) return;
-  known = visit;
+  const auto known = visits_.find(channelId);
+  if (known == visits_.end() ? visit.SaysNothing() : known->second == visit) return;
+  visits_[channelId] = visit;
   found_[channelId] = std::move(visit);
 }
 
@@ -114,6 +114,7 @@ Failure FeedMemory::Save(const std::function<bool(int channelId)>& alive) {
   FeedVisits visits = ReadFile();
   std::erase_if(visits, [&](const auto& visit) { return !alive(visit.first); });
   for (auto& [id, visit] : std::exchange(found_, {})) visits[id] = std::move(visit);
+  std::erase_if(visits, [](const auto& visit) { return visit.second.SaysNothing(); });
   return WriteFileWhole(path_, FeedVisitsText(visits));
 }
 

@@ -19,6 +19,9 @@ struct FeedVisit {
   std::chrono::sys_seconds notBefore = {};  // the server does not want to be asked before
 
   bool operator==(const FeedVisit&) const = default;
+  bool SaysNothing() const {
+    return validators.AreEmpty() && notBefore.time_since_epoch().count() == 0;
+  }
 };
 
 using FeedVisits = std::map<int, FeedVisit>;  // by channel id

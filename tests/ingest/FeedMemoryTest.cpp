@@ -50,7 +50,9 @@ TEST(FeedMemory, TwoProgramsWriteOnlyWhatTheyFoundOut) {
   EXPECT_EQ(one.Last(2, "http://moved").validators, Validators());
   one.Remember(3, {"http://c", {"3", ""}});
   EXPECT_FALSE(one.Save([](int id) { return id != 2; }));
-  EXPECT_EQ(ReadFeedVisits(folder.Read("feed_memory")).size(), 2u);
+  one.Remember(1, {"http://a"});
+  EXPECT_FALSE(one.Save(All));
+  EXPECT_EQ(ReadFeedVisits(folder.Read("feed_memory")), (FeedVisits{{3, {"http://c", {"3", ""}}}}));
 }
 
 }  // namespace
