@@ -386,6 +386,19 @@ TEST_F(Refresh, AServerThatHasNothingNewIsNotReadAndTheStoreIsLeftAlone) {
   EXPECT_EQ(kit_.server.Unchanged(), 3);
 }
 
+TEST_F(Refresh, AFeedThatMovedIsFollowedEachTimeAndKeepsItsAddress) {
+  Begin();
+  constexpr int kMovedPermanently = 301;
+  kit_.server.Redirect("/old", kit_.server.Url("/new"), kMovedPermanently);
+  kit_.server.ServeVersion("/new", NumberedRss("c", "http://l/", 1), "\"v1\"");
+  const int id = Queue("/old");
+  kit_.db.Sql("update TB_CHANNEL set channel_xmllink = '" + kit_.server.Url("/old") + "'");
+  RunToEnd();
+  EXPECT_EQ(RequestsOfAnotherRun(id, "/old"), 1);
+  EXPECT_EQ(kit_.server.Unchanged(), 1);
+  EXPECT_EQ(kit_.db.Value("select channel_xmllink from TB_CHANNEL"), kit_.server.Url("/old"));
+}
+
 TEST_F(Refresh, TheMarkOfAFailureGoesWhenTheServerHasNothingNew) {
   Begin();
   kit_.server.ServeVersion("/a", NumberedRss("c", "http://l/", 1), "\"v1\"");

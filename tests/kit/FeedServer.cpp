@@ -272,9 +272,9 @@ void FeedServer::Compressed(const std::string& path, const std::string& bytes) {
   });
 }
 
-void FeedServer::Redirect(const std::string& path, const std::string& toUrl) {
-  impl_->Put(path, [toUrl](const httplib::Request&, httplib::Response& response) {
-    response.set_redirect(toUrl);
+void FeedServer::Redirect(const std::string& path, const std::string& toUrl, int status) {
+  impl_->Put(path, [=](const httplib::Request&, httplib::Response& response) {
+    response.set_redirect(toUrl, status);
   });
 }
 
