@@ -13,19 +13,19 @@
 namespace feedloom {
 namespace {
 
-constexpr std::chrono::hours kLongestWait{24};
-
-NewPost ToNewPost(FeedItem item) {
-  NormalizeFeedDate(item.date);
-  return {std::move(item.title), std::move(item.link), std::move(item.date),
-          std::move(item.description), item.isPodcast};
-}
+constexpr std::chrono::hours kLongestWait{24};  // that a server may ask for
 
 // What a document may take in memory beside four others, in bytes, and a post on its way into the
 // store: a statement is held five times over before its row is written.
 constexpr std::size_t kCommonDocument = 2u << 20;
 constexpr std::size_t kCommonPosts = 4u << 20;  // of one channel
 constexpr std::size_t kCommonPost = 256u << 10;
+
+NewPost ToNewPost(FeedItem item) {
+  NormalizeFeedDate(item.date);
+  return {std::move(item.title), std::move(item.link), std::move(item.date),
+          std::move(item.description), item.isPodcast};
+}
 
 ParseOptions OptionsFor(LargeDocuments::Turn& turn, const std::stop_token& stop) {
   return {.limits = {.atOnce = kCommonDocument,
