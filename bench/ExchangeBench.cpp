@@ -37,7 +37,7 @@ void Export(benchmark::State& state, FakeFrame& frame) {
   const SubscriptionList list = MakeList(500, 10'000);
   const std::string path = frame.workFolder.File("out.xml");
   for (auto _ : state) {
-    if (WriteOpml(frame.TheStore(), path, list)) state.SkipWithError("not written");
+    if (WriteOpml(frame.GetStore(), path, list)) state.SkipWithError("not written");
   }
 }
 
@@ -56,7 +56,7 @@ Import ImportList(int folders, int channels) {
   pane.LoadTree();
   QApplication::processEvents();
   const std::string path = frame.workFolder.File("list.xml");
-  if (WriteOpml(frame.TheStore(), path, MakeList(folders, channels))) return {};
+  if (WriteOpml(frame.GetStore(), path, MakeList(folders, channels))) return {};
   const auto services = std::make_shared<IngestServices>(
       IngestServices{frame.db.Shared(), Registry(""), frame.db.Clock(), frame.workFolder.Path()});
 

@@ -83,7 +83,7 @@ bool MeasureBuilding(int argc, char** argv) {
   FakeFrame frame;
   const PostRow post = LargePost();
   const PageTexts descriptions{post.description};
-  const PageSkin skin = LoadPageSkin(frame.TheSkin());
+  const PageSkin skin = LoadPageSkin(frame.GetSkin());
   const std::string html = Build(post, descriptions, skin);
   const auto add = [](const char* name, auto run) {
     benchmark::RegisterBenchmark(name, [run](benchmark::State& state) {

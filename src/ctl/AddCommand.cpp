@@ -17,7 +17,7 @@ namespace {
 // The id of the folder with this name, added when there is none; of the first folder without a
 // name. 0 or less, after a message, when there is no such folder to be had.
 int FolderFor(Session& session, const std::string& name) {
-  Store& store = session.TheStore();
+  Store& store = session.GetStore();
   if (!name.empty()) {
     int id = 0;
     int order = 0;
@@ -65,11 +65,11 @@ void PrintAdded(const Session& session, const ChannelRecord& record) {
 }  // namespace
 
 int RunAdd(Session& session, const AddOptions& options) {
-  auto record = ReadChannel(session, FeedAddress(session.TheSkin(), options.address));
+  auto record = ReadChannel(session, FeedAddress(session.GetSkin(), options.address));
   if (!record) return kFailure;
   if (!options.title.empty()) record->title = session.Text(options.title);
   record->folderId = FolderFor(session, options.folder);
-  if (record->folderId <= 0 || !AppendChannelRecord(session.TheStore(), *record))
+  if (record->folderId <= 0 || !AppendChannelRecord(session.GetStore(), *record))
     return session.Finish(kFailure);
   if (!record->newlyInserted) {
     PrintError(fmt::format("{} is channel {} of that folder already", options.address, record->id));

@@ -53,7 +53,7 @@ int CheckAddress(Session& session, const std::string& address) {
 
 int RunCheck(Session& session, const std::string& source) {
   if (!IsRegularFile(source)) {
-    return CheckAddress(session, FeedAddress(session.TheSkin(), source));
+    return CheckAddress(session, FeedAddress(session.GetSkin(), source));
   }
   FeedParser parser(session.TextCodePage());
   const int result = parser.Parse(source);

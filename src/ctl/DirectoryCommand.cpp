@@ -26,7 +26,7 @@ std::string NoAnswerText(const Session& session, const std::string& service, boo
 
 // None, after a message, when no answer comes.
 std::optional<Found> Search(Session& session, const DirectoryOptions& options) {
-  const std::string service = session.TheSkin().GetText(kSectionTexts, kTextDirectoryService);
+  const std::string service = session.GetSkin().GetText(kSectionTexts, kTextDirectoryService);
   if (service.empty()) {
     PrintError("the string file names no web directory");
     return std::nullopt;

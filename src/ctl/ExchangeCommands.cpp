@@ -22,7 +22,7 @@ bool IsFileName(const std::string& typed) {
 
 ListSource SourceOf(const Session& session, const std::string& typed) {
   if (IsFileName(typed)) return {.place = typed};
-  return {.place = FeedAddress(session.TheSkin(), typed), .isAddress = true};
+  return {.place = FeedAddress(session.GetSkin(), typed), .isAddress = true};
 }
 
 void PrintSums(const Session& session, const ImportSums& sums, int folders) {
@@ -40,9 +40,9 @@ void PrintSums(const Session& session, const ImportSums& sums, int folders) {
 }  // namespace
 
 int RunExport(Session& session, const std::string& path) {
-  const auto list = StoredSubscriptions(session.TheStore());
+  const auto list = StoredSubscriptions(session.GetStore());
   if (!list) return kFailure;
-  if (const Failure failure = WriteOpml(session.TheStore(), path, *list)) {
+  if (const Failure failure = WriteOpml(session.GetStore(), path, *list)) {
     PrintError(*failure);
     return kFailure;
   }
@@ -67,7 +67,7 @@ int RunImport(Session& session, const std::string& source) {
   const ImportNews news{.onFolder = [&](const FolderRow&) { ++folders; },
                         .onChannel = [](const ChannelRow&) {}};
   const ImportSums sums =
-      AddSubscriptions(session.TheStore(), *list.plan, NameClash::Rename, news, {});
+      AddSubscriptions(session.GetStore(), *list.plan, NameClash::Rename, news, {});
   PrintSums(session, sums, folders);
   return session.Finish(sums.isComplete ? kSuccess : kFailure);
 }

@@ -75,9 +75,9 @@ void PrintLists(const Session& session, const Lists& lists) {
 
 int RunList(Session& session) {
   Lists lists;
-  if (!LoadFolderList(session.TheStore(), lists.folders) ||
-      !LoadChannelList(session.TheStore(), lists.channels) ||
-      !LoadCabinetList(session.TheStore(), lists.cabinets)) {
+  if (!LoadFolderList(session.GetStore(), lists.folders) ||
+      !LoadChannelList(session.GetStore(), lists.channels) ||
+      !LoadCabinetList(session.GetStore(), lists.cabinets)) {
     return kFailure;
   }
   if (session.WantsJson()) {

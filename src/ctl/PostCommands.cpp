@@ -47,7 +47,7 @@ bool AreDeletable(Store& store, const std::vector<int>& folderIds) {
 }  // namespace
 
 int RunMark(Session& session, bool read, const Targets& targets) {
-  Store& store = session.TheStore();
+  Store& store = session.GetStore();
   if (!AllExist(store, targets)) return kFailure;
   const int status = read ? 1 : 0;
   const bool marked =
@@ -58,7 +58,7 @@ int RunMark(Session& session, bool read, const Targets& targets) {
 }
 
 int RunDelete(Session& session, const Targets& targets) {
-  Store& store = session.TheStore();
+  Store& store = session.GetStore();
   if (!AllExist(store, {targets.posts, targets.channels, {}})) return kFailure;
   if (!AreDeletable(store, targets.folders)) return kFailure;
   if (!targets.posts.empty() && !DeletePosts(store, targets.posts)) return kFailure;
@@ -72,7 +72,7 @@ int RunDelete(Session& session, const Targets& targets) {
 }
 
 int RunClip(Session& session, int postId, int cabinetId) {
-  Store& store = session.TheStore();
+  Store& store = session.GetStore();
   const auto post = FindNamedPost(store, postId);
   if (!post || !FindCabinet(store, cabinetId)) return kFailure;
   const int id = InsertScrapPost(store, cabinetId, post->title, post->link, post->published,
@@ -81,7 +81,7 @@ int RunClip(Session& session, int postId, int cabinetId) {
 }
 
 int RunCleanup(Session& session, int days) {
-  if (!DeleteOldPosts(session.TheStore(), days)) return kFailure;
+  if (!DeleteOldPosts(session.GetStore(), days)) return kFailure;
   return Done(session, fmt::format("deleted the posts stored {} days ago or earlier", days));
 }
 

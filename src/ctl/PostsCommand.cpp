@@ -24,7 +24,7 @@ bool TakePosts(Store& store, bool (*load)(Store&, int, Container&), int id, Post
 }
 
 bool LoadChannel(Session& session, int id, const std::optional<std::string>& word, PostRows& out) {
-  Store& store = session.TheStore();
+  Store& store = session.GetStore();
   if (!FindChannel(store, id)) return false;
   if (word) return SearchChannelPosts(store, id, *word, out);
   return TakePosts(store, LoadChannelWithPosts, id, out);
@@ -32,7 +32,7 @@ bool LoadChannel(Session& session, int id, const std::optional<std::string>& wor
 
 bool LoadFolder(Session& session, int id, bool today, const std::optional<std::string>& word,
                 PostRows& out) {
-  Store& store = session.TheStore();
+  Store& store = session.GetStore();
   if (!FindFolder(store, id)) return false;
   if (today) return LoadFolderTodayUnread(store, id, out);
   if (word) return SearchFolderPosts(store, id, *word, out);
@@ -40,7 +40,7 @@ bool LoadFolder(Session& session, int id, bool today, const std::optional<std::s
 }
 
 bool LoadCabinet(Session& session, int id, const std::optional<std::string>& word, PostRows& out) {
-  Store& store = session.TheStore();
+  Store& store = session.GetStore();
   if (!FindCabinet(store, id)) return false;
   if (word) return SearchCabinetPosts(store, id, *word, out);
   return TakePosts(store, LoadCabinetWithPosts, id, out);
@@ -52,8 +52,8 @@ bool Load(Session& session, const PostsOptions& options, PostRows& out) {
   if (options.channel) return LoadChannel(session, *options.channel, word, out);
   if (options.folder) return LoadFolder(session, *options.folder, options.today, word, out);
   if (options.cabinet) return LoadCabinet(session, *options.cabinet, word, out);
-  if (options.today) return LoadTodayUnread(session.TheStore(), out);
-  return SearchPosts(session.TheStore(), word.value_or(""), out);
+  if (options.today) return LoadTodayUnread(session.GetStore(), out);
+  return SearchPosts(session.GetStore(), word.value_or(""), out);
 }
 
 Json PostJson(const Session& session, const PostRow& post) {

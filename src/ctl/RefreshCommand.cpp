@@ -19,7 +19,7 @@ class NoHost : public MessageTarget {
 // The channels that `options` name, all without one; none, after a message, when there are no such.
 std::optional<std::vector<ChannelRow>> ChannelsToRefresh(Session& session,
                                                          const RefreshOptions& options) {
-  Store& store = session.TheStore();
+  Store& store = session.GetStore();
   if (options.folder && !FindFolder(store, *options.folder)) return std::nullopt;
   if (options.channel && !FindChannel(store, *options.channel)) return std::nullopt;
   std::vector<ChannelRow> channels;

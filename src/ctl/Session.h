@@ -21,8 +21,8 @@ class Session {
   // message, when that fails.
   static std::unique_ptr<Session> Open(const GlobalOptions& global);
 
-  Store& TheStore() { return *store_; }
-  const Skin& TheSkin() const { return skin_; }
+  Store& GetStore() { return *store_; }
+  const Skin& GetSkin() const { return skin_; }
   CodePage TextCodePage() const { return store_->TextCodePage(); }
   bool WantsJson() const { return json_; }
 

@@ -15,13 +15,13 @@ namespace {
 std::string PageOf(const Session& session, const PostRow& post) {
   const auto build = post.isPodcast != 0 ? BuildPodcastPreviewPage : BuildPostPreviewPage;
   return build(1, {post.title}, {post.link}, {post.description}, {post.published}, {""}, false,
-               LoadPageSkin(session.TheSkin()), PageCharset(session.TextCodePage()));
+               LoadPageSkin(session.GetSkin()), PageCharset(session.TextCodePage()));
 }
 
 }  // namespace
 
 int RunShow(Session& session, const ShowOptions& options) {
-  const auto post = FindNamedPost(session.TheStore(), options.post);
+  const auto post = FindNamedPost(session.GetStore(), options.post);
   if (!post) return kFailure;
   const std::string page = PageOf(session, *post);
   if (!options.output.empty()) {

@@ -28,7 +28,7 @@ std::optional<SubscriptionList> StoredSubscriptions(Store& store) {
 }
 
 Failure WriteOpml(const Store& store, const std::string& path, const SubscriptionList& list) {
-  const std::string now = FormatLocalTime(store.TheClock().Now(), "%Y-%m-%dT%H:%M:%S");
+  const std::string now = FormatLocalTime(store.GetClock().Now(), "%Y-%m-%dT%H:%M:%S");
   return SaveFile(path, BuildOpml(list, store.TextCodePage(), now));
 }
 

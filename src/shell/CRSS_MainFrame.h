@@ -55,12 +55,12 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
   void ShowNewPostNotification();
   void NotifyOfNewPosts();
 
-  Store& TheStore() override { return *store_; }
-  const Skin& TheSkin() const override { return skin_; }
+  Store& GetStore() override { return *store_; }
+  const Skin& GetSkin() const override { return skin_; }
   SharedState& State() override { return state_; }
   void ReportMessage(std::string_view text) override;
   MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) override;
-  const Actions& TheActions() const override { return actions_; }
+  const Actions& GetActions() const override { return actions_; }
   bool IsAnyChannelQueued(std::span<const int> channelIds) const override;
   void QueueRefresh(std::vector<RefreshEntry> entries) override;
   void StartRefresh() override;

@@ -59,7 +59,7 @@ void AddExchange(CRSS_MainFrame& frame, Actions& actions) {
     const auto channels = path.empty() ? std::nullopt : frame.ExportOpml(path);
     if (!channels) return;
     frame.ReportMessage(
-        WithNumbers(frame.TheSkin().GetText(kSectionTexts, kTextOpmlExported), {*channels}));
+        WithNumbers(frame.GetSkin().GetText(kSectionTexts, kTextOpmlExported), {*channels}));
   };
 }
 

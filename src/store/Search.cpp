@@ -37,7 +37,7 @@ constexpr PostLayout kPostLayout{.podcast = 9};
 constexpr PostLayout kOwnedPostLayout{.podcast = 9, .ownerId = 10};
 
 std::string Today(const Store& store) {
-  return FormatLocalTime(store.TheClock().Now(), "%Y-%m-%d");
+  return FormatLocalTime(store.GetClock().Now(), "%Y-%m-%d");
 }
 
 }  // namespace

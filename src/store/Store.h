@@ -41,7 +41,7 @@ class Store {
 
   const std::string& DbPath() const { return dbPath_; }
   CodePage TextCodePage() const { return codePage_; }
-  const Clock& TheClock() const { return clock_; }
+  const Clock& GetClock() const { return clock_; }
 
   void ReportStoreError(std::string_view message) const { report_(message); }
 

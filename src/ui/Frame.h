@@ -32,8 +32,8 @@ class Frame {
  public:
   virtual ~Frame() = default;
 
-  virtual Store& TheStore() = 0;
-  virtual const Skin& TheSkin() const = 0;
+  virtual Store& GetStore() = 0;
+  virtual const Skin& GetSkin() const = 0;
   virtual SharedState& State() = 0;
 
   // Hands a status text, in the module's code page, to the host, which shows it.
@@ -42,7 +42,7 @@ class Frame {
   // when it returns; the answer is Declined then.
   virtual MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) = 0;
 
-  virtual const Actions& TheActions() const = 0;
+  virtual const Actions& GetActions() const = 0;
 
   // True while one of the channels waits for a refresh or is being refreshed.
   virtual bool IsAnyChannelQueued(std::span<const int> channelIds) const = 0;

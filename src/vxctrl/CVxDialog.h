@@ -46,7 +46,7 @@ class CVxDialog : public QDialog {
   CButtonEx* ConfirmButton() const { return confirm_; }
   void SetConfirmButton(CButtonEx* button) { confirm_ = button; }
 
-  const Skin& TheSkin() const { return skin_; }
+  const Skin& GetSkin() const { return skin_; }
 
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;

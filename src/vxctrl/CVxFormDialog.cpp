@@ -37,7 +37,7 @@ CVxFormDialog::CVxFormDialog(const Skin& skin, const char* titleKey, QWidget* pa
 void CVxFormDialog::AddRow(const char* labelKey, QWidget* field, CButtonEx* beside) {
   field->setMinimumWidth(kFieldWidth);
   if (rows_->rowCount() == 0) field->setFocus();
-  auto* const label = new QLabel(SkinText(TheSkin(), labelKey), this);
+  auto* const label = new QLabel(SkinText(GetSkin(), labelKey), this);
   label->setBuddy(field);  // which is also how the field gets its name
   stops_.push_back(field);
   if (beside == nullptr) return rows_->addRow(label, field);
@@ -56,13 +56,13 @@ QWidget* CVxFormDialog::AddBelow() {
 }
 
 CVxEdit* CVxFormDialog::AddEdit(const char* labelKey, CButtonEx* beside) {
-  auto* edit = new CVxEdit(TheSkin(), this);
+  auto* edit = new CVxEdit(GetSkin(), this);
   AddRow(labelKey, edit, beside);
   return edit;
 }
 
 CVxComboBox* CVxFormDialog::AddComboBox(const char* labelKey, CButtonEx* beside) {
-  auto* box = new CVxComboBox(TheSkin(), ComboLook::Dialog, this);
+  auto* box = new CVxComboBox(GetSkin(), ComboLook::Dialog, this);
   AddRow(labelKey, box, beside);
   return box;
 }

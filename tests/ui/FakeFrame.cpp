@@ -10,9 +10,9 @@ FakeFrame::FakeFrame() = default;
 
 FakeFrame::~FakeFrame() = default;
 
-Store& FakeFrame::TheStore() { return db.Get(); }
+Store& FakeFrame::GetStore() { return db.Get(); }
 
-const Skin& FakeFrame::TheSkin() const { return skin.Get(); }
+const Skin& FakeFrame::GetSkin() const { return skin.Get(); }
 
 SharedState& FakeFrame::State() { return state; }
 
@@ -25,7 +25,7 @@ MsgBoxAnswer FakeFrame::ShowTextMessage(const char*, const char* key, MsgBoxKind
   return nextAnswer;
 }
 
-const Actions& FakeFrame::TheActions() const { return actions; }
+const Actions& FakeFrame::GetActions() const { return actions; }
 
 bool FakeFrame::IsAnyChannelQueued(std::span<const int> ids) const {
   return std::ranges::any_of(ids, [&](int id) { return queue.Contains(id); });

@@ -21,12 +21,12 @@ class FakeFrame : public Frame {
   FakeFrame();
   ~FakeFrame() override;
 
-  Store& TheStore() override;
-  const Skin& TheSkin() const override;
+  Store& GetStore() override;
+  const Skin& GetSkin() const override;
   SharedState& State() override;
   void ReportMessage(std::string_view text) override;
   MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind kind) override;
-  const Actions& TheActions() const override;
+  const Actions& GetActions() const override;
   bool IsAnyChannelQueued(std::span<const int> ids) const override;
   void QueueRefresh(std::vector<RefreshEntry> entries) override;
   void StartRefresh() override;

@@ -32,12 +32,12 @@ QString StyleSheet(const Skin& skin) {
 }
 
 CRSS_HtmlView::Asking WhomToAsk(Frame& frame) {
-  return {.skinDir = [&frame] { return FilePath(frame.TheSkin().Config().GetImageDir()); },
+  return {.skinDir = [&frame] { return FilePath(frame.GetSkin().Config().GetImageDir()); },
           .crashPage = [&frame](const QUrl& crashed) { return MakeCrashPage(frame, crashed); },
-          .styleSheet = [&frame] { return StyleSheet(frame.TheSkin()); },
+          .styleSheet = [&frame] { return StyleSheet(frame.GetSkin()); },
           .downloadPlace =
               [&frame](const QString& name) {
-                const auto ask = frame.TheActions().askDownloadPlace;
+                const auto ask = frame.GetActions().askDownloadPlace;
                 return ask ? ask(name) : QString();
               }};
 }
@@ -53,11 +53,11 @@ void PrepareBrowser() {
 CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* parent)
     : QWidget(parent),
       frame_(frame),
-      border_(LoadBrowserPaneFrame(frame.TheSkin())),
-      toolbar_(new CRSS_RightBottomToolBarWnd(frame.TheSkin(), this)),
+      border_(LoadBrowserPaneFrame(frame.GetSkin())),
+      toolbar_(new CRSS_RightBottomToolBarWnd(frame.GetSkin(), this)),
       page_(new QWidget(this)),
       view_(new CRSS_HtmlView(WhomToAsk(frame), page_)),
-      findBar_(new FindBar(frame.TheSkin(), page_)),
+      findBar_(new FindBar(frame.GetSkin(), page_)),
       commands_(std::make_unique<PageCommands>(frame, *view_, *findBar_)) {
   auto* const layout = new QVBoxLayout(page_);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -85,16 +85,16 @@ void CRSS_RightBottomContainer::ConnectView() {
   connect(view_, &CRSS_HtmlView::Completed, this, &CRSS_RightBottomContainer::ForgetFeeds);
   connect(view_, &CRSS_HtmlView::FeedsFound, this, &CRSS_RightBottomContainer::KeepFeeds);
   connect(view_, &CRSS_HtmlView::Reported, this, [this](BrowserReport report, const QString& text) {
-    frame_.ReportMessage(StatusText(frame_.TheSkin(), report, text));
+    frame_.ReportMessage(StatusText(frame_.GetSkin(), report, text));
   });
   connect(view_, &CRSS_HtmlView::DownloadChanged, this,
           [this](DownloadEvent event, const QString& name, const QString& progress) {
-            frame_.ReportMessage(StatusText(frame_.TheSkin(), event, name, progress));
+            frame_.ReportMessage(StatusText(frame_.GetSkin(), event, name, progress));
           });
   connect(view_, &CRSS_HtmlView::OutsideWanted, this,
           [this](const QUrl& url) { commands_->OpenOutside(url); });
   connect(view_, &CRSS_HtmlView::MenuRequested, this, [this](const PageSpot& spot) {
-    ShowMenu(commands_->TheMenu(spot), frame_.TheSkin(), spot.place, this,
+    ShowMenu(commands_->TheMenu(spot), frame_.GetSkin(), spot.place, this,
              [this, spot](int command) { commands_->Run(command, spot); });
   });
   connect(view_, &CRSS_HtmlView::ActionClicked, this,
@@ -161,12 +161,12 @@ void CRSS_RightBottomContainer::Redraw() {
 void CRSS_RightBottomContainer::ShowMainPage() {
   shownPost_.reset();
   view_->Navigate(
-      SkinFileUrl(FilePath(frame_.TheSkin().GetImagePath(kSectionHtml, kImageMainPage))));
+      SkinFileUrl(FilePath(frame_.GetSkin().GetImagePath(kSectionHtml, kImageMainPage))));
 }
 
 void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
   shownPost_ = ShownPost{.post = post, .mode = mode_};
-  const QString address = ToQString(frame_.TheStore().TextCodePage(), post.link);
+  const QString address = ToQString(frame_.GetStore().TextCodePage(), post.link);
   const QUrl link(address);
   // A feed must not lead to the machine's own files, nor press a button of the page before.
   if (mode_ == 1 || !IsWebAddress(link) || ParsePageAction(address)) {
@@ -219,7 +219,7 @@ void CRSS_RightBottomContainer::Go() {
   } else if (url.scheme() == QLatin1String("mailto")) {
     commands_->OpenOutside(url);
   } else {
-    frame_.ReportMessage(StatusText(frame_.TheSkin(), BrowserReport::LinkRefused, typed));
+    frame_.ReportMessage(StatusText(frame_.GetSkin(), BrowserReport::LinkRefused, typed));
   }
 }
 
@@ -243,7 +243,7 @@ void CRSS_RightBottomContainer::ForgetFeeds() {
 }
 
 void CRSS_RightBottomContainer::KeepFeeds(const AnnouncedFeeds& feeds) {
-  const CodePage codePage = frame_.TheStore().TextCodePage();
+  const CodePage codePage = frame_.GetStore().TextCodePage();
   auto& discovered = frame_.State().discoveredFeeds;
   for (const FeedLink& link : feeds.links) {
     const QString address = ResolveFeedLink(link.href, feeds.domain, feeds.documentUrl);
@@ -254,8 +254,8 @@ void CRSS_RightBottomContainer::KeepFeeds(const AnnouncedFeeds& feeds) {
 
 void CRSS_RightBottomContainer::OfferFeeds() {
   ShowFeedMenu(
-      frame_.State().discoveredFeeds, frame_.TheStore().TextCodePage(),
-      frame_.TheActions().addChannel != nullptr, toolbar_->FeedButtonPlace(), this,
+      frame_.State().discoveredFeeds, frame_.GetStore().TextCodePage(),
+      frame_.GetActions().addChannel != nullptr, toolbar_->FeedButtonPlace(), this,
       [this](const std::string& address) { frame_.AddChannel(address); },
       [this] { toolbar_->FocusFeedButton(); });
 }

@@ -10,7 +10,7 @@ namespace {
 
 // An address without a scheme gets the host's.
 void AddFeed(Frame& frame, const std::string& address) {
-  const std::string scheme = frame.TheSkin().GetText(kSectionTexts, kTextUrlScheme);
+  const std::string scheme = frame.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
   const bool hasScheme = address.find("://") != std::string::npos;
   frame.AddChannel(hasScheme ? address : scheme + "://" + address);
 }
@@ -18,12 +18,12 @@ void AddFeed(Frame& frame, const std::string& address) {
 void SavePost(Frame& frame, const std::string& title, const std::string& link,
               const std::string& description, const std::string& published) {
   // A copy: the frame may be gone, and its actions with it, while the user chooses.
-  const auto chooseCabinet = frame.TheActions().chooseCabinet;
+  const auto chooseCabinet = frame.GetActions().chooseCabinet;
   const auto cabinet = chooseCabinet ? chooseCabinet() : std::nullopt;
   if (!cabinet) return;  // the frame may be gone
   frame.PostIsSaved(*cabinet);
-  frame.ReportMessage(frame.TheSkin().GetText(kSectionTexts, kTextScrapFinished));
-  Store& store = frame.TheStore();
+  frame.ReportMessage(frame.GetSkin().GetText(kSectionTexts, kTextScrapFinished));
+  Store& store = frame.GetStore();
   if (InsertScrapPost(store, *cabinet, title, link, published, description) < 0) {
     frame.RecountUnread(true);
   }
@@ -32,7 +32,7 @@ void SavePost(Frame& frame, const std::string& title, const std::string& link,
 }  // namespace
 
 void RunPageAction(Frame& frame, const PageAction& action, const QStringList& texts) {
-  const CodePage codePage = frame.TheStore().TextCodePage();
+  const CodePage codePage = frame.GetStore().TextCodePage();
   const auto text = [&](qsizetype index) { return FromQString(codePage, texts.value(index)); };
   switch (action.kind) {
     case PageAction::AddFeed:

@@ -25,7 +25,7 @@ Menu PageCommands::TheMenu(const PageSpot& spot) const {
                {kCommandCopyText, &kLabelCopyText, !spot.selectedText.isEmpty()},
                separator,
                {kCommandFindInPage, &kLabelFindInPage},
-               {kCommandPrint, &kLabelPrint, frame_.TheActions().choosePrinter != nullptr},
+               {kCommandPrint, &kLabelPrint, frame_.GetActions().choosePrinter != nullptr},
                separator,
                {kCommandZoomIn, &kLabelZoomIn},
                {kCommandZoomOut, &kLabelZoomOut},
@@ -63,14 +63,14 @@ void PageCommands::Run(int command, const PageSpot& spot) {
 }
 
 void PageCommands::OpenOutside(const QUrl& address) {
-  const auto& open = frame_.TheActions().openOutside;
+  const auto& open = frame_.GetActions().openOutside;
   if (open && open(address)) return;
   frame_.ReportMessage(
-      StatusText(frame_.TheSkin(), BrowserReport::NoOutsideProgram, address.toDisplayString()));
+      StatusText(frame_.GetSkin(), BrowserReport::NoOutsideProgram, address.toDisplayString()));
 }
 
 void PageCommands::Print() {
-  const auto choosePrinter = frame_.TheActions().choosePrinter;
+  const auto choosePrinter = frame_.GetActions().choosePrinter;
   const QPointer view(&view_);
   auto printer = std::make_unique<QPrinter>();
   if (choosePrinter && choosePrinter(*printer) && view) view->Print(std::move(printer));

@@ -16,7 +16,7 @@ CRSS_CabinetAddDlg::CRSS_CabinetAddDlg(Frame& frame, QWidget* parent)
     : NameDialog(frame, parent, kLook, kCabinetNameRule, {}) {}
 
 bool CRSS_CabinetAddDlg::IsTaken(const std::string& name) const {
-  return CabinetTitleExists(TheFrame().TheStore(), name);
+  return CabinetTitleExists(GetFrame().GetStore(), name);
 }
 
 }  // namespace feedloom

@@ -43,8 +43,8 @@ QProgressBar* MakeProgress(const Skin& skin, QWidget* room) {
 
 // A page must not lead the user to the machine's own files.
 QString AddressToBeginWith(Frame& frame, const std::string& fromPage) {
-  const CodePage codePage = frame.TheStore().TextCodePage();
-  const std::string scheme = frame.TheSkin().GetText(kSectionTexts, kTextUrlScheme);
+  const CodePage codePage = frame.GetStore().TextCodePage();
+  const std::string scheme = frame.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
   const bool isWeb = IsWebAddress(CompleteFeedAddress(codePage.ToUtf8(fromPage), scheme));
   return isWeb ? ToQString(codePage, fromPage) : QString();
 }
@@ -53,18 +53,18 @@ QString AddressToBeginWith(Frame& frame, const std::string& fromPage) {
 
 CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std::string& folderName,
                                        const std::string& address)
-    : CVxFormDialog(frame.TheSkin(), kTextAddChannelTitle, parent),
+    : CVxFormDialog(frame.GetSkin(), kTextAddChannelTitle, parent),
       frame_(frame),
       check_(*MakeButton(kSectionAddChannel, kButtonAddChannelCheck, kTextAddChannelCheck)),
       address_(*AddEdit(kTextAddChannelAddress, &check_)),
-      progress_(*MakeProgress(frame.TheSkin(), AddBelow())),
+      progress_(*MakeProgress(frame.GetSkin(), AddBelow())),
       title_(*AddEdit(kTextAddChannelName)),
       addFolder_(*MakeButton(kSectionAddChannel, kButtonAddChannelGroup, kTextAddChannelGroup)),
       folders_(*AddComboBox(kTextGroupSelect, &addFolder_)),
       ok_(*AddButtons(kSectionAddChannel, kButtonAddChannelConfirm, kButtonAddChannelCancel)) {
   address_.setText(AddressToBeginWith(frame, address));
   ListFolders(frame, folders_);
-  const QString folder = ToLine(frame.TheStore().TextCodePage(), folderName);
+  const QString folder = ToLine(frame.GetStore().TextCodePage(), folderName);
   folders_.setCurrentIndex(std::max(folders_.findText(folder), 0));
   Connect();
   SetState(State::Unchecked);
@@ -79,7 +79,7 @@ void CRSS_ChannelAddDlg::Connect() {
 }
 
 std::string CRSS_ChannelAddDlg::TextOf(const CVxEdit& box) const {
-  return FromQString(frame_.TheStore().TextCodePage(), box.TrimmedText());
+  return FromQString(frame_.GetStore().TextCodePage(), box.TrimmedText());
 }
 
 void CRSS_ChannelAddDlg::SetState(State state) {
@@ -102,7 +102,7 @@ void CRSS_ChannelAddDlg::SetState(State state) {
 void CRSS_ChannelAddDlg::Check() {
   const QString typed = address_.TrimmedText();
   if (const char* const fault = CheckAddress(typed.toStdString())) return Refuse(fault, &address_);
-  const std::string scheme = frame_.TheSkin().GetText(kSectionTexts, kTextUrlScheme);
+  const std::string scheme = frame_.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
   const std::string address = CompleteFeedAddress(typed.toStdString(), scheme);
   address_.setText(QString::fromStdString(address));
   SetState(State::Checking);
@@ -116,7 +116,7 @@ void CRSS_ChannelAddDlg::OnChecked(const FeedCheckAnswer& answer) {
   if (!answer.isFeed && !answer.announcedFeed.empty()) return OfferAnnounced(answer.announcedFeed);
   if (!answer.isFeed) return Refuse(kTextAddChannelCheckError, &address_);
   homePage_ = answer.homePage;
-  const CodePage codePage = frame_.TheStore().TextCodePage();
+  const CodePage codePage = frame_.GetStore().TextCodePage();
   const std::string title = UnescapeEntities(answer.title);  // as it will be stored
   title_.setText(title.empty() ? address_.text() : ToLine(codePage, title));
   title_.setFocus();
@@ -151,7 +151,7 @@ const char* CRSS_ChannelAddDlg::Fault() {
   return CheckNewChannel(TextOf(title_), ChosenFolder(folders_), [this](int folderId) {
     int id = 0;
     int order = 0;
-    return FindChannelByXmlLink(frame_.TheStore(), TextOf(address_), folderId, id, order);
+    return FindChannelByXmlLink(frame_.GetStore(), TextOf(address_), folderId, id, order);
   });
 }
 
@@ -162,7 +162,7 @@ const char* CRSS_ChannelAddDlg::Add() {
   record.type = RefreshEntry().type;
   record.xmlLink = TextOf(address_);
   record.htmlLink = homePage_;
-  if (!AppendChannelRecord(frame_.TheStore(), record)) return kTextAddChannelError;
+  if (!AppendChannelRecord(frame_.GetStore(), record)) return kTextAddChannelError;
   if (!record.newlyInserted) return kTextAddChannelDuplicate;  // another program was faster
   Subscribe(record);
   return nullptr;

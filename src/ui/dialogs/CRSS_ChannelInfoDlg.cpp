@@ -8,11 +8,11 @@
 namespace feedloom {
 
 CRSS_ChannelInfoDlg::CRSS_ChannelInfoDlg(Frame& frame, QWidget* parent, const ChannelFacts& channel)
-    : CVxFormDialog(frame.TheSkin(), kTextChannelInfoTitle, parent) {
+    : CVxFormDialog(frame.GetSkin(), kTextChannelInfoTitle, parent) {
   const auto show = [&](const char* labelKey, const std::string& text) {
     CVxEdit* const box = AddEdit(labelKey);
     box->setReadOnly(true);  // and not a mere label: it can be copied, and scrolled
-    box->setText(ToQString(frame.TheStore().TextCodePage(), text));
+    box->setText(ToQString(frame.GetStore().TextCodePage(), text));
     box->setCursorPosition(0);
   };
   show(kTextChannelInfoName, channel.title);

@@ -12,7 +12,7 @@
 namespace feedloom {
 
 CRSS_ChannelMoveDlg::CRSS_ChannelMoveDlg(Frame& frame, QWidget* parent, ChannelFacts channel)
-    : CVxFormDialog(frame.TheSkin(), kTextGroupDialogTitle, parent),
+    : CVxFormDialog(frame.GetSkin(), kTextGroupDialogTitle, parent),
       frame_(frame),
       channel_(std::move(channel)),
       folders_(*AddComboBox(kTextGroupSelect)) {
@@ -26,7 +26,7 @@ const char* CRSS_ChannelMoveDlg::Fault() {
   return CheckFolder(ChosenFolder(folders_), [this](int folderId) {
     int id = 0;
     int order = 0;
-    return FindChannelByXmlLink(frame_.TheStore(), channel_.xmlLink, folderId, id, order);
+    return FindChannelByXmlLink(frame_.GetStore(), channel_.xmlLink, folderId, id, order);
   });
 }
 
@@ -39,7 +39,7 @@ void CRSS_ChannelMoveDlg::accept() {
 }
 
 const char* CRSS_ChannelMoveDlg::Move(int folderId) {
-  if (!MoveChannel(frame_.TheStore(), channel_.id, folderId)) return kTextMoveError;
+  if (!MoveChannel(frame_.GetStore(), channel_.id, folderId)) return kTextMoveError;
   frame_.ChannelWasMoved(channel_.id, folderId);
   return nullptr;
 }

@@ -25,7 +25,7 @@ CRSS_ChannelRenameDlg::CRSS_ChannelRenameDlg(Frame& frame, QWidget* parent, Mode
       folderId_(folderId) {}
 
 bool CRSS_ChannelRenameDlg::IsTaken(const std::string& name) const {
-  Store& store = TheFrame().TheStore();
+  Store& store = GetFrame().GetStore();
   return mode_ == Mode::Channel ? ChannelTitleExists(store, name, folderId_)
                                 : CabinetTitleExists(store, name);
 }

@@ -31,12 +31,12 @@ constexpr int kFeedUrlWidth = 200;
 }  // namespace
 
 CRSS_DirectoryDlg::CRSS_DirectoryDlg(Frame& frame, QWidget* parent)
-    : CVxDialog(frame.TheSkin(), kTextDirectoryTitle, parent),
+    : CVxDialog(frame.GetSkin(), kTextDirectoryTitle, parent),
       frame_(frame),
-      word_(*new CVxEdit(frame.TheSkin(), this)),
+      word_(*new CVxEdit(frame.GetSkin(), this)),
       searchButton_(*MakeButton(kSectionDirectory, kButtonDirectorySearch, kTextDirectorySearch)),
-      model_(*new DirectoryModel(frame.TheStore().TextCodePage(),
-                                 SkinText(frame.TheSkin(), kTextDirectoryHeader).split('|'), this)),
+      model_(*new DirectoryModel(frame.GetStore().TextCodePage(),
+                                 SkinText(frame.GetSkin(), kTextDirectoryHeader).split('|'), this)),
       list_(*new CVxListCtrl(this)),
       line_(*new QLabel(this)),
       add_(*MakeButton(kSectionDirectory, kButtonDirectoryAdd, kTextDirectoryAdd)),
@@ -52,7 +52,7 @@ CRSS_DirectoryDlg::CRSS_DirectoryDlg(Frame& frame, QWidget* parent)
 CRSS_DirectoryDlg::~CRSS_DirectoryDlg() = default;
 
 void CRSS_DirectoryDlg::SetUpList() {
-  list_.setAccessibleName(SkinText(TheSkin(), kTextDirectoryResults));
+  list_.setAccessibleName(SkinText(GetSkin(), kTextDirectoryResults));
   list_.setModel(&model_);
   list_.setSelectionMode(QAbstractItemView::SingleSelection);
   list_.SetColumnWidths({kTitleWidth, CVxListCtrl::kFurtherColumnWidth, kFeedUrlWidth});
@@ -62,7 +62,7 @@ void CRSS_DirectoryDlg::SetUpList() {
 }
 
 void CRSS_DirectoryDlg::LayOut() {
-  auto* const label = new QLabel(SkinText(TheSkin(), kTextDirectoryWord), this);
+  auto* const label = new QLabel(SkinText(GetSkin(), kTextDirectoryWord), this);
   label->setBuddy(&word_);
   word_.setAccessibleName(label->text());
   word_.setFocus();
@@ -100,7 +100,7 @@ void CRSS_DirectoryDlg::Connect() {
 // The search.
 
 void CRSS_DirectoryDlg::Search() {
-  const std::string word = FromQString(frame_.TheStore().TextCodePage(), word_.text());
+  const std::string word = FromQString(frame_.GetStore().TextCodePage(), word_.text());
   if (word.empty()) {
     frame_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
     return;  // the dialog may be gone
@@ -118,13 +118,13 @@ void CRSS_DirectoryDlg::More() {
 
 void CRSS_DirectoryDlg::Wait() {
   list_.SetClosed(true);
-  Say(SkinText(TheSkin(), kTextDirectorySearching));
+  Say(SkinText(GetSkin(), kTextDirectorySearching));
   UpdateAdd();
 }
 
 void CRSS_DirectoryDlg::TakeAnswer(const DirectoryAnswer& answer) {
   model_.Append(answer.rows);
-  answer.isAnswered ? ShowResult() : EndWait(SkinText(TheSkin(), kTextDirectoryFailed));
+  answer.isAnswered ? ShowResult() : EndWait(SkinText(GetSkin(), kTextDirectoryFailed));
 }
 
 void CRSS_DirectoryDlg::GiveUp() {
@@ -134,11 +134,11 @@ void CRSS_DirectoryDlg::GiveUp() {
 
 void CRSS_DirectoryDlg::ShowResult() {
   const int rows = model_.rowCount();
-  if (rows == 0) return EndWait(SkinText(TheSkin(), kTextDirectoryNothing));
+  if (rows == 0) return EndWait(SkinText(GetSkin(), kTextDirectoryNothing));
   // A service may have said too little.
-  const std::string text = WithNumbers(TheSkin().GetText(kSectionTexts, kTextDirectoryCount),
+  const std::string text = WithNumbers(GetSkin().GetText(kSectionTexts, kTextDirectoryCount),
                                        {std::max(search_->Total(), rows), rows});
-  EndWait(ToQString(TheSkin().Config().GetCodePage(), text));
+  EndWait(ToQString(GetSkin().Config().GetCodePage(), text));
 }
 
 void CRSS_DirectoryDlg::EndWait(const QString& line) {
@@ -160,7 +160,7 @@ std::string CRSS_DirectoryDlg::ChosenFeed() const {
 }
 
 void CRSS_DirectoryDlg::UpdateAdd() {
-  const std::string scheme = frame_.TheSkin().GetText(kSectionTexts, kTextUrlScheme);
+  const std::string scheme = frame_.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
   const bool isFeed = IsWebAddress(CompleteFeedAddress(ChosenFeed(), scheme));
   add_.setEnabled(!search_->IsRunning() && isFeed);
 }

@@ -17,15 +17,15 @@ CRSS_GroupAddDlg::CRSS_GroupAddDlg(Frame& frame, QWidget* parent)
     : NameDialog(frame, parent, kLook, kGroupNameRule, {}) {}
 
 bool CRSS_GroupAddDlg::IsTaken(const std::string& name) const {
-  return FolderNameExists(TheFrame().TheStore(), name);
+  return FolderNameExists(GetFrame().GetStore(), name);
 }
 
 const char* CRSS_GroupAddDlg::Keep(const std::string& name) {
   int order = 0;
-  folderId_ = AppendFolder(TheFrame().TheStore(), name, order);
+  folderId_ = AppendFolder(GetFrame().GetStore(), name, order);
   if (folderId_ == 0) return kTextGroupDuplicate;  // another program was faster
   if (folderId_ < 0) return kTextGroupError;
-  TheFrame().FolderWasAdded({.name = UnescapeEntities(name), .id = folderId_, .order = order});
+  GetFrame().FolderWasAdded({.name = UnescapeEntities(name), .id = folderId_, .order = order});
   return nullptr;
 }
 

@@ -16,7 +16,7 @@ CRSS_GroupRenameDlg::CRSS_GroupRenameDlg(Frame& frame, QWidget* parent, const st
     : NameDialog(frame, parent, kLook, kGroupNameRule, name) {}
 
 bool CRSS_GroupRenameDlg::IsTaken(const std::string& name) const {
-  return FolderNameExists(TheFrame().TheStore(), name);
+  return FolderNameExists(GetFrame().GetStore(), name);
 }
 
 }  // namespace feedloom

@@ -8,7 +8,7 @@
 namespace feedloom {
 
 CRSS_OpmlDlg::CRSS_OpmlDlg(Frame& frame, QWidget* parent)
-    : CVxFormDialog(frame.TheSkin(), kTextOpmlTitle, parent),
+    : CVxFormDialog(frame.GetSkin(), kTextOpmlTitle, parent),
       frame_(frame),
       address_(*AddEdit(kTextOpmlName)) {
   AddButtons(kSectionOpml, kButtonOpmlConfirm, kButtonOpmlCancel);
@@ -16,7 +16,7 @@ CRSS_OpmlDlg::CRSS_OpmlDlg(Frame& frame, QWidget* parent)
 
 std::string CRSS_OpmlDlg::Address() const {
   return CompleteFeedAddress(address_.TrimmedText().toStdString(),
-                             frame_.TheSkin().GetText(kSectionTexts, kTextUrlScheme));
+                             frame_.GetSkin().GetText(kSectionTexts, kTextUrlScheme));
 }
 
 void CRSS_OpmlDlg::accept() {

@@ -9,7 +9,7 @@
 namespace feedloom {
 
 CRSS_ScrapDlg::CRSS_ScrapDlg(Frame& frame, QWidget* parent)
-    : CVxFormDialog(frame.TheSkin(), kTextScrapDialogTitle, parent),
+    : CVxFormDialog(frame.GetSkin(), kTextScrapDialogTitle, parent),
       frame_(frame),
       cabinets_(*AddComboBox(kTextScrapDialogLabel)) {
   ListCabinets();
@@ -18,8 +18,8 @@ CRSS_ScrapDlg::CRSS_ScrapDlg(Frame& frame, QWidget* parent)
 
 void CRSS_ScrapDlg::ListCabinets() {
   std::vector<CabinetRow> cabinets;
-  LoadCabinetList(frame_.TheStore(), cabinets);
-  const CodePage codePage = frame_.TheStore().TextCodePage();
+  LoadCabinetList(frame_.GetStore(), cabinets);
+  const CodePage codePage = frame_.GetStore().TextCodePage();
   for (const CabinetRow& cabinet : cabinets) {
     cabinets_.addItem(ToLine(codePage, cabinet.title), cabinet.id);
   }

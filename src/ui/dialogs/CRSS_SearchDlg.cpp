@@ -8,14 +8,14 @@
 namespace feedloom {
 
 CRSS_SearchDlg::CRSS_SearchDlg(Frame& frame, QWidget* parent)
-    : CVxFormDialog(frame.TheSkin(), kTextSearchDialogTitle, parent),
+    : CVxFormDialog(frame.GetSkin(), kTextSearchDialogTitle, parent),
       frame_(frame),
       word_(*AddEdit(kTextSearchDialogLabel)) {
   AddButtons(kSectionSearchDialog, kButtonSearchConfirm, kButtonSearchCancel);
 }
 
 std::string CRSS_SearchDlg::Word() const {
-  return FromQString(frame_.TheSkin().Config().GetCodePage(), word_.text());
+  return FromQString(frame_.GetSkin().Config().GetCodePage(), word_.text());
 }
 
 void CRSS_SearchDlg::accept() {

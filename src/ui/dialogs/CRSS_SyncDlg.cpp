@@ -50,12 +50,12 @@ QLabel* MakeStatus(QWidget* room) {
 }  // namespace
 
 CRSS_SyncDlg::CRSS_SyncDlg(Frame& frame, QWidget* parent)
-    : CVxFormDialog(frame.TheSkin(), kTextSyncTitle, parent),
+    : CVxFormDialog(frame.GetSkin(), kTextSyncTitle, parent),
       frame_(frame),
       model_(*AddEdit(kTextSyncModel)) {
-  const std::string model = frame.TheSkin().Config().GetModelName();
+  const std::string model = frame.GetSkin().Config().GetModelName();
   model_.setReadOnly(true);
-  model_.setText(ToQString(frame.TheSkin().Config().GetCodePage(),
+  model_.setText(ToQString(frame.GetSkin().Config().GetCodePage(),
                            model.empty() ? Text(kTextSyncNoModel) : model));
   model_.setCursorPosition(0);
   if (!model.empty()) AddSynchronisation();
@@ -84,15 +84,15 @@ void CRSS_SyncDlg::AddButtonRow() {
 }
 
 std::string CRSS_SyncDlg::Text(const char* key) const {
-  return frame_.TheSkin().GetText(kSectionTexts, key);
+  return frame_.GetSkin().GetText(kSectionTexts, key);
 }
 
 void CRSS_SyncDlg::Synchronise() {
-  const std::string folder = frame_.TheSkin().Config().GetWorkDir();
+  const std::string folder = frame_.GetSkin().Config().GetWorkDir();
   const auto sent = frame_.ExportOpml(JoinPath(folder, kSentList));
   if (!sent) return Say(Text(kTextSyncError));
   const auto onEnd = [&frame = frame_, sent = *sent, self = QPointer(this)](const auto& received) {
-    const std::string text = EndText(frame.TheSkin(), sent, received);
+    const std::string text = EndText(frame.GetSkin(), sent, received);
     frame.ReportMessage(text);
     if (!self) return;
     self->SetRunning(false);
@@ -112,7 +112,7 @@ void CRSS_SyncDlg::SetRunning(bool isRunning) {
 }
 
 void CRSS_SyncDlg::Say(const std::string& text) {
-  status_->setText(ToQString(frame_.TheSkin().Config().GetCodePage(), text));
+  status_->setText(ToQString(frame_.GetSkin().Config().GetCodePage(), text));
   model_.setAccessibleDescription(status_->text());  // it has the keyboard
 }
 

@@ -85,7 +85,7 @@ void ShowGroupAdd(Frame& frame, QWidget* parent) { Show(new CRSS_GroupAddDlg(fra
 void ShowCabinetAdd(Frame& frame, QWidget* parent) {
   const auto title = AskName(new CRSS_CabinetAddDlg(frame, parent));
   if (!title) return;
-  const CabinetRow cabinet = AppendCabinet(frame.TheStore(), *title);
+  const CabinetRow cabinet = AppendCabinet(frame.GetStore(), *title);
   if (cabinet.id > 0) return frame.CabinetWasAdded(cabinet);
   frame.ShowTextMessage(kSectionTexts, cabinet.id == 0 ? kTextCabinetDuplicate : kTextCabinetError,
                         MsgBoxKind::Notice);

@@ -25,7 +25,7 @@ QString AskFile(Frame& frame, QWidget* parent, const char* titleKey,
                 QStandardPaths::StandardLocation location,
                 const std::function<void(QFileDialog& dialog)>& prepare) {
   const QString folder = QStandardPaths::writableLocation(location);
-  const QPointer dialog(new QFileDialog(parent, SkinText(frame.TheSkin(), titleKey)));
+  const QPointer dialog(new QFileDialog(parent, SkinText(frame.GetSkin(), titleKey)));
   dialog->setDirectory(QDir(folder).exists() ? folder : QDir::homePath());
   prepare(*dialog);
   const bool hasAnswer = dialog->exec() == QDialog::Accepted && dialog;
@@ -60,7 +60,7 @@ std::string AskExportPlace(Frame& frame, QWidget* parent, const std::string& nam
                 dialog.setAcceptMode(QFileDialog::AcceptSave);
                 dialog.setNameFilters(NameFilters(kKindsToExport));
                 dialog.setDefaultSuffix(kExportSuffix);
-                dialog.selectFile(ToQString(frame.TheSkin().Config().GetCodePage(), name));
+                dialog.selectFile(ToQString(frame.GetSkin().Config().GetCodePage(), name));
               });
   return QFile::encodeName(path).toStdString();
 }

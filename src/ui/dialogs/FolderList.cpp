@@ -10,10 +10,10 @@ namespace feedloom {
 bool ListFolders(Frame& frame, CVxComboBox& box) {
   const int chosen = ChosenFolder(box);
   std::vector<FolderRow> folders;
-  if (!LoadFolderList(frame.TheStore(), folders)) return false;
+  if (!LoadFolderList(frame.GetStore(), folders)) return false;
   box.clear();
   for (const FolderRow& folder : folders) {
-    box.addItem(ToLine(frame.TheStore().TextCodePage(), folder.name), folder.id);
+    box.addItem(ToLine(frame.GetStore().TextCodePage(), folder.name), folder.id);
   }
   ChooseFolder(box, chosen);
   return true;

@@ -9,23 +9,23 @@ namespace feedloom {
 
 NameDialog::NameDialog(Frame& frame, QWidget* parent, const NameDialogLook& look,
                        const NameRule& rule, const std::string& name)
-    : CVxFormDialog(frame.TheSkin(), look.titleKey, parent),
+    : CVxFormDialog(frame.GetSkin(), look.titleKey, parent),
       frame_(frame),
       rule_(rule),
       oldName_(name),
       box_(*AddEdit(look.labelKey)) {
-  box_.setText(ToQString(frame.TheStore().TextCodePage(), name));
+  box_.setText(ToQString(frame.GetStore().TextCodePage(), name));
   box_.selectAll();
   AddButtons(look.section, look.confirmKey, look.cancelKey);
 }
 
 std::string NameDialog::Name() const {
-  return FromQString(frame_.TheStore().TextCodePage(), box_.TrimmedText());
+  return FromQString(frame_.GetStore().TextCodePage(), box_.TrimmedText());
 }
 
 void NameDialog::accept() {
   const std::string name = Name();
-  const std::string cabinetRoot = frame_.TheSkin().GetText(kSectionTexts, kTextCabinetTitle);
+  const std::string cabinetRoot = frame_.GetSkin().GetText(kSectionTexts, kTextCabinetTitle);
   // The old name is there for sure; looked up, its entities would be decoded once more.
   const char* fault = CheckName(rule_, name, cabinetRoot, [this](const std::string& wanted) {
     return wanted == oldName_ || IsTaken(wanted);

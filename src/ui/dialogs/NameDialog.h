@@ -34,7 +34,7 @@ class NameDialog : public CVxFormDialog {
   NameDialog(Frame& frame, QWidget* parent, const NameDialogLook& look, const NameRule& rule,
              const std::string& name);
 
-  Frame& TheFrame() const { return frame_; }
+  Frame& GetFrame() const { return frame_; }
 
   virtual bool IsTaken(const std::string& name) const = 0;
   // What a dialog does itself with a sound name: the key of the message when it fails.

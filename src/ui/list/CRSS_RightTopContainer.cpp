@@ -21,12 +21,12 @@ namespace {
 constexpr int kListId = 3005;
 
 PostListTexts LoadTexts(Frame& frame) {
-  return {.headings = HeadingsIn(frame.TheStore().TextCodePage(),
-                                 GetLabel(frame.TheSkin(), kLabelListHeader)),
-          .read = SkinText(frame.TheSkin(), kTextPostRead),
-          .unread = SkinText(frame.TheSkin(), kTextPostUnread),
-          .ascending = SkinText(frame.TheSkin(), kTextSortedAscending),
-          .descending = SkinText(frame.TheSkin(), kTextSortedDescending)};
+  return {.headings = HeadingsIn(frame.GetStore().TextCodePage(),
+                                 GetLabel(frame.GetSkin(), kLabelListHeader)),
+          .read = SkinText(frame.GetSkin(), kTextPostRead),
+          .unread = SkinText(frame.GetSkin(), kTextPostUnread),
+          .ascending = SkinText(frame.GetSkin(), kTextSortedAscending),
+          .descending = SkinText(frame.GetSkin(), kTextSortedDescending)};
 }
 
 }  // namespace
@@ -34,9 +34,9 @@ PostListTexts LoadTexts(Frame& frame) {
 CRSS_RightTopContainer::CRSS_RightTopContainer(Frame& frame, QWidget* parent)
     : QWidget(parent),
       frame_(frame),
-      border_(LoadPaneFrame(frame.TheSkin())),
-      toolbar_(*new CRSS_RightTopToolBarWnd(frame.TheSkin(), this)),
-      model_(*new PostListModel(frame.TheStore().TextCodePage(), LoadTexts(frame), this)),
+      border_(LoadPaneFrame(frame.GetSkin())),
+      toolbar_(*new CRSS_RightTopToolBarWnd(frame.GetSkin(), this)),
+      model_(*new PostListModel(frame.GetStore().TextCodePage(), LoadTexts(frame), this)),
       list_(*new CVxListCtrl(this)),
       commands_(frame, model_, list_),
       webSearch_(frame, list_, [this](PostList list) { Append(std::move(list)); }) {
@@ -49,7 +49,7 @@ CRSS_RightTopContainer::CRSS_RightTopContainer(Frame& frame, QWidget* parent)
 
 void CRSS_RightTopContainer::SetUpList() {
   list_.setObjectName(QString::number(kListId));
-  list_.setAccessibleName(SkinText(frame_.TheSkin(), kTextListName));
+  list_.setAccessibleName(SkinText(frame_.GetSkin(), kTextListName));
   list_.setFrameShape(QFrame::NoFrame);
   list_.setModel(&model_);
   list_.setItemDelegate(new PostDelegate(&list_));
@@ -129,7 +129,7 @@ void CRSS_RightTopContainer::GoToUnread(bool forward) {
 
 void CRSS_RightTopContainer::OpenMenu(const QPoint& place) {
   if (const auto menu = commands_.TheMenu()) {
-    ShowMenu(*menu, frame_.TheSkin(), place, this, [this](int command) { commands_.Run(command); });
+    ShowMenu(*menu, frame_.GetSkin(), place, this, [this](int command) { commands_.Run(command); });
   }
 }
 
@@ -147,7 +147,7 @@ void CRSS_RightTopContainer::Search() {
 void CRSS_RightTopContainer::SearchStore(const std::string& word) {
   PostList found;
   found.wereSearched = true;
-  if (!SearchPosts(frame_.TheStore(), word, found.posts)) return;
+  if (!SearchPosts(frame_.GetStore(), word, found.posts)) return;
   frame_.ListPosts(ListMode::Selection, std::move(found));
 }
 

@@ -28,7 +28,7 @@ void PostCommands::Show(int row) {
 void PostCommands::MarkShown(int row, const PostRow& post) {
   if (post.readStatus != 0) return;
   const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
-  if (!mark(frame_.TheStore(), 1, {&post.id, 1})) return;
+  if (!mark(frame_.GetStore(), 1, {&post.id, 1})) return;
   model_.SetReadStatus({&row, 1}, 1);
   frame_.PostWasRead(post, model_.AreScrapPosts());
 }
@@ -73,14 +73,14 @@ std::optional<Menu> PostCommands::TheMenu() const {
                    .rows = model_.rowCount(),
                    .selected = static_cast<int>(selected.size()),
                    .isRead = !selected.empty() && model_.IsReadAt(selected.front()),
-                   .canScrap = frame_.TheActions().chooseCabinet != nullptr});
+                   .canScrap = frame_.GetActions().chooseCabinet != nullptr});
 }
 
 void PostCommands::MarkSelected(int status) {
   const std::vector<int> rows = list_.SelectedRows();
   if (rows.empty() || !AreStored()) return;
   const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
-  if (!mark(frame_.TheStore(), status, model_.IdsOf(rows))) return ReadAgain();
+  if (!mark(frame_.GetStore(), status, model_.IdsOf(rows))) return ReadAgain();
   model_.SetReadStatus(rows, status);
   frame_.RecountUnread(model_.AreScrapPosts());
 }
@@ -105,7 +105,7 @@ void PostCommands::Delete(const std::vector<int>& rows, const char* question) {
   const auto answer = frame_.ShowTextMessage(kSectionTexts, question, MsgBoxKind::OkCancel);
   if (answer != MsgBoxAnswer::Consented) return;  // the object may be gone
   const auto deleteIds = areScrapPosts ? DeleteScrapPosts : DeletePosts;
-  if (!deleteIds(frame_.TheStore(), ids)) return ReadAgain();
+  if (!deleteIds(frame_.GetStore(), ids)) return ReadAgain();
   const std::vector<int> deleted = model_.RowsOf(ids);
   list_.clearSelection();
   model_.Remove(deleted);
@@ -115,7 +115,7 @@ void PostCommands::Delete(const std::vector<int>& rows, const char* question) {
 
 void PostCommands::Scrap() {
   // A copy: the frame may be gone, and its actions with it, while the user chooses.
-  const auto chooseCabinet = frame_.TheActions().chooseCabinet;
+  const auto chooseCabinet = frame_.GetActions().chooseCabinet;
   if (!chooseCabinet || list_.SelectedRows().empty()) return;
   const std::optional<int> cabinet = chooseCabinet();
   if (!cabinet) return;  // the object may be gone
@@ -133,7 +133,7 @@ void PostCommands::Scrap() {
 std::size_t PostCommands::Save(const std::vector<int>& rows, int cabinetId) {
   const auto failed = std::ranges::find_if(rows, [&](int row) {
     const PostRow post = model_.At(row);
-    return InsertScrapPost(frame_.TheStore(), cabinetId, post.title, post.link, post.published,
+    return InsertScrapPost(frame_.GetStore(), cabinetId, post.title, post.link, post.published,
                            post.description) < 0;
   });
   return static_cast<std::size_t>(failed - rows.begin());

@@ -77,7 +77,7 @@ void WebSearch::EndWait() {
 }
 
 void WebSearch::Report(const char* textKey) {
-  frame_.ReportMessage(frame_.TheSkin().GetText(kSectionTexts, textKey));
+  frame_.ReportMessage(frame_.GetSkin().GetText(kSectionTexts, textKey));
 }
 
 // No shortcut: the browser has one for the same key, and of two neither is carried out.

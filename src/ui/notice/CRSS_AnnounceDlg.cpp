@@ -68,7 +68,7 @@ CRSS_AnnounceDlg::CRSS_AnnounceDlg(const Skin& skin, QWidget* owner)
 }
 
 bool CRSS_AnnounceDlg::LoadBackground() {
-  const QPixmap image(BackgroundPath(TheSkin()));
+  const QPixmap image(BackgroundPath(GetSkin()));
   SetBackground(image);
   SetColorKey(kColorKey);
   if (image.isNull()) return false;
@@ -85,21 +85,21 @@ QLabel* CRSS_AnnounceDlg::AddText(const char* placeKey, const QFont& font,
   label->setTextFormat(Qt::PlainText);
   label->setFont(font);
   label->setAlignment(alignment);
-  label->setGeometry(LoadSkinPlace(TheSkin(), kSectionAnnounce, placeKey));
+  label->setGeometry(LoadSkinPlace(GetSkin(), kSectionAnnounce, placeKey));
   return label;
 }
 
 void CRSS_AnnounceDlg::AddCloseButton() {
   auto* button =
-      MakeToolButton(TheSkin(), kSectionAnnounce, kButtonAnnounceClose, kTextAnnounceClose, this);
+      MakeToolButton(GetSkin(), kSectionAnnounce, kButtonAnnounceClose, kTextAnnounceClose, this);
   button->setFocusPolicy(Qt::NoFocus);
-  button->setGeometry(LoadSkinPlace(TheSkin(), kSectionAnnounce, kPlaceAnnounceClose));
+  button->setGeometry(LoadSkinPlace(GetSkin(), kSectionAnnounce, kPlaceAnnounceClose));
   connect(button, &CButtonEx::clicked, this, &CRSS_AnnounceDlg::close);
 }
 
 void CRSS_AnnounceDlg::Announce(int count, int alphaValue) {
-  count_->setText(SkinText(TheSkin(), kLabelAnnounceCount).replace("%d", QString::number(count)));
-  setAccessibleName(SkinText(TheSkin(), kLabelAnnounceCaption));
+  count_->setText(SkinText(GetSkin(), kLabelAnnounceCount).replace("%d", QString::number(count)));
+  setAccessibleName(SkinText(GetSkin(), kLabelAnnounceCaption));
   setAccessibleDescription(count_->text());
   motion_.Begin(parentWidget()->window()->screen()->geometry(), alphaValue);
   FollowMotion();

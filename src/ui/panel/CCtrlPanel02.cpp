@@ -37,12 +37,12 @@ QWidget* CCtrlPanel02::MakeSliderWithEnds() {
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(kEndsGap);
   grid->setVerticalSpacing(0);
-  transparency_ = new CVxSlider(TheSkin(), box);
+  transparency_ = new CVxSlider(GetSkin(), box);
   transparency_->setRange(0, kPercent);
-  transparency_->setAccessibleName(SkinText(TheSkin(), kTextTransparencyTitle));
+  transparency_->setAccessibleName(SkinText(GetSkin(), kTextTransparencyTitle));
   grid->addWidget(transparency_, 0, 0, 1, 2);
-  grid->addWidget(MakeLabel(SkinText(TheSkin(), kTextTransparencyLeft), box), 1, 0, Qt::AlignLeft);
-  grid->addWidget(MakeLabel(SkinText(TheSkin(), kTextTransparencyRight), box), 1, 1,
+  grid->addWidget(MakeLabel(SkinText(GetSkin(), kTextTransparencyLeft), box), 1, 0, Qt::AlignLeft);
+  grid->addWidget(MakeLabel(SkinText(GetSkin(), kTextTransparencyRight), box), 1, 1,
                   Qt::AlignRight);
   return box;
 }

@@ -50,13 +50,13 @@ CCtrlPanel03::CCtrlPanel03(const Skin& skin, QWidget* parent)
 }
 
 void CCtrlPanel03::AddChoice(const RadioChoice& choice, const char* sampleKey) {
-  const QPixmap image = LoadSkinImage(TheSkin(), kSectionPanel, sampleKey);
+  const QPixmap image = LoadSkinImage(GetSkin(), kSectionPanel, sampleKey);
   if (image.isNull()) {
     AddRadio(*mode_, choice);
     return;
   }
   auto* const sample = new Sample(image, this);
-  AddAt(SamplePlace(LoadSkinPlace(TheSkin(), kSectionPanel, choice.placeKey), SizeOf(image)),
+  AddAt(SamplePlace(LoadSkinPlace(GetSkin(), kSectionPanel, choice.placeKey), SizeOf(image)),
         sample);
   sample->SetChoice(AddRadio(*mode_, choice));
 }

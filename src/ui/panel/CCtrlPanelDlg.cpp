@@ -42,7 +42,7 @@ QFont PanelFont(QFont font) {
 }  // namespace
 
 CCtrlPanelDlg::CCtrlPanelDlg(Frame& frame, QWidget* parent, const SettingsAccess& access)
-    : CVxDialog(frame.TheSkin(), kTextPanelTitle, parent),
+    : CVxDialog(frame.GetSkin(), kTextPanelTitle, parent),
       frame_(frame),
       access_(access),
       loaded_(access.load()),
@@ -82,9 +82,9 @@ QHBoxLayout* CCtrlPanelDlg::MakeTabs() {
 
 void CCtrlPanelDlg::AddPages() {
   stack_->setFrameShape(QFrame::StyledPanel);
-  deletePage_ = new CCtrlPanel04(TheSkin(), this);
-  pages_ = {new CCtrlPanel01(TheSkin(), this), new CCtrlPanel02(TheSkin(), this),
-            new CCtrlPanel03(TheSkin(), this), deletePage_};
+  deletePage_ = new CCtrlPanel04(GetSkin(), this);
+  pages_ = {new CCtrlPanel01(GetSkin(), this), new CCtrlPanel02(GetSkin(), this),
+            new CCtrlPanel03(GetSkin(), this), deletePage_};
   for (CtrlPanelPage* page : pages_) {
     stack_->addWidget(page);
     page->Show(loaded_);
@@ -99,7 +99,7 @@ void CCtrlPanelDlg::AddPageKeys(const QList<QKeySequence>& keys, int step) {
 }
 
 void CCtrlPanelDlg::TakePlace(const QWidget& host) {
-  const QRect place = LoadSkinPlace(TheSkin(), kSectionPanel, kPanelPlace);
+  const QRect place = LoadSkinPlace(GetSkin(), kSectionPanel, kPanelPlace);
   setFixedSize(sizeHint().expandedTo(place.size()));
   const QRect hostPlace(host.mapToGlobal(QPoint()), host.size());
   move(PanelPosition(place, size(), hostPlace, host.screen()->availableGeometry()));

@@ -40,7 +40,7 @@ class CtrlPanelPage : public QWidget {
  protected:
   CtrlPanelPage(const Skin& skin, QWidget* parent);
 
-  const Skin& TheSkin() const { return skin_; }
+  const Skin& GetSkin() const { return skin_; }
 
   // Each control becomes a child of the page.
   void Add(QWidget* control, const char* placeKey);

@@ -37,19 +37,19 @@ void Restart(QTimer& timer, const std::optional<std::chrono::milliseconds>& peri
 CRSS_LeftContainer::CRSS_LeftContainer(Frame& frame, QWidget* parent)
     : QWidget(parent),
       frame_(frame),
-      model_(frame.TheStore().TextCodePage(), LoadRowTexts(frame.TheSkin())),
-      border_(LoadPaneFrame(frame.TheSkin())),
-      toolbar_(new CRSS_LeftToolBarWnd(frame.TheSkin(), this)),
-      tree_(new CRSS_GroupTreeCtrl(frame.TheSkin(), model_, this)),
+      model_(frame.GetStore().TextCodePage(), LoadRowTexts(frame.GetSkin())),
+      border_(LoadPaneFrame(frame.GetSkin())),
+      toolbar_(new CRSS_LeftToolBarWnd(frame.GetSkin(), this)),
+      tree_(new CRSS_GroupTreeCtrl(frame.GetSkin(), model_, this)),
       updateTimer_(new QTimer(this)),
       notificationTimer_(new QTimer(this)),
       commands_(frame, model_, *tree_) {
   setFocusProxy(tree_);
-  tree_->setAccessibleName(SkinText(frame.TheSkin(), kTextTreeName));
+  tree_->setAccessibleName(SkinText(frame.GetSkin(), kTextTreeName));
   updateTimer_->setSingleShot(true);
   connect(updateTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::RefreshAll);
   connect(notificationTimer_, &QTimer::timeout, this, [this] {
-    const auto notify = frame_.TheActions().notifyOfNewPosts;
+    const auto notify = frame_.GetActions().notifyOfNewPosts;
     if (notify) notify();
   });
   connect(tree_, &CRSS_GroupTreeCtrl::RowSelected, this, &CRSS_LeftContainer::ListSelectedPosts);
@@ -69,7 +69,7 @@ void CRSS_LeftContainer::SetUpToolBar() {
                                         {CRSS_LeftToolBarWnd::kAddChannel, kCommandAddChannel},
                                         {CRSS_LeftToolBarWnd::kDirectory, kCommandDirectory}};
   for (const auto& [button, command] : kCommands) {
-    toolbar_->Enable(button, IsThere(command, frame_.TheActions()));
+    toolbar_->Enable(button, IsThere(command, frame_.GetActions()));
   }
   connect(toolbar_, &CRSS_LeftToolBarWnd::Clicked, this,
           [this](CRSS_LeftToolBarWnd::Button clicked) {
@@ -92,10 +92,10 @@ void CRSS_LeftContainer::SetUpKeys() {
   onKey(this, QKeySequence::Find, [this] { frame_.FocusSearch(); });
 }
 
-void CRSS_LeftContainer::LoadTree() { ShowTree(ReadTree(frame_.TheStore())); }
+void CRSS_LeftContainer::LoadTree() { ShowTree(ReadTree(frame_.GetStore())); }
 
 void CRSS_LeftContainer::ShowTree(TreeContent content) {
-  content.cabinetTitle = frame_.TheSkin().GetText(kSectionTexts, kTextCabinetTitle);
+  content.cabinetTitle = frame_.GetSkin().GetText(kSectionTexts, kTextCabinetTitle);
   model_.Load(std::move(content));
 }
 
@@ -131,7 +131,7 @@ void CRSS_LeftContainer::SetChannelState(int channelId, int state) {
 
 void CRSS_LeftContainer::RecountUnread(bool ofScrapPosts) {
   const auto recount = ofScrapPosts ? ReadCabinetCounts : ReadChannelCounts;
-  recount(frame_.TheStore(), model_);
+  recount(frame_.GetStore(), model_);
 }
 
 int CRSS_LeftContainer::ChannelUnread(int channelId) const {
@@ -141,19 +141,19 @@ int CRSS_LeftContainer::ChannelUnread(int channelId) const {
 
 void CRSS_LeftContainer::AddStoredChannel(int channelId) {
   if (model_.FindChannel(channelId).isValid()) return;
-  auto channel = ReadChannel(frame_.TheStore(), channelId);
+  auto channel = ReadChannel(frame_.GetStore(), channelId);
   if (!channel) return;
   channel->unreadCount = 0;
   model_.AppendChannel(std::move(*channel));
 }
 
 void CRSS_LeftContainer::AppendChannel(ChannelRow channel) {
-  AppendMissingFolder(frame_.TheStore(), channel.folderId, model_);
+  AppendMissingFolder(frame_.GetStore(), channel.folderId, model_);
   model_.AppendChannel(std::move(channel));
 }
 
 void CRSS_LeftContainer::MoveChannel(int channelId, int folderId) {
-  AppendMissingFolder(frame_.TheStore(), folderId, model_);
+  AppendMissingFolder(frame_.GetStore(), folderId, model_);
   model_.MoveChannel(channelId, folderId);
 }
 
@@ -180,7 +180,7 @@ void CRSS_LeftContainer::PostWasRead(const PostRow& post, bool isScrapPost) {
   if (post.ownerId == 0 && isScrapPost) return frame_.RecountUnread(true);
   if (isScrapPost) return model_.LowerCabinetUnread(post.ownerId);
   std::vector<PostRow> stored;
-  if (post.ownerId == 0) FindPost(frame_.TheStore(), post.id, stored);
+  if (post.ownerId == 0) FindPost(frame_.GetStore(), post.id, stored);
   model_.LowerChannelUnread(stored.empty() ? post.ownerId : stored.front().ownerId);
 }
 
@@ -196,14 +196,14 @@ std::optional<int> CRSS_LeftContainer::SelectedChannel() const {
 }
 
 void CRSS_LeftContainer::ReloadSelection() {
-  if (auto list = PostsOf(frame_.TheStore(), model_, tree_->SelectedRow())) {
+  if (auto list = PostsOf(frame_.GetStore(), model_, tree_->SelectedRow())) {
     frame_.RelistPosts(std::move(*list));
   }
 }
 
 void CRSS_LeftContainer::ListSelectedPosts() {
   if (const auto channelId = SelectedChannel()) SetChannelNew(*channelId, false);
-  auto list = PostsOf(frame_.TheStore(), model_, tree_->SelectedRow());
+  auto list = PostsOf(frame_.GetStore(), model_, tree_->SelectedRow());
   // The list never shows the posts of a row that is not selected any more.
   frame_.ListPosts(ListMode::Selection, std::move(list).value_or(PostList()), firstShown_);
 }
@@ -221,7 +221,7 @@ void CRSS_LeftContainer::ShowRowMenu(const QPoint& place) {
 }
 
 void CRSS_LeftContainer::ShowMenuAt(const Menu& menu, const QPoint& place) {
-  ShowMenu(menu, frame_.TheSkin(), place, this, [this](int command) { commands_.Run(command); });
+  ShowMenu(menu, frame_.GetSkin(), place, this, [this](int command) { commands_.Run(command); });
 }
 
 void CRSS_LeftContainer::resizeEvent(QResizeEvent* /*event*/) {

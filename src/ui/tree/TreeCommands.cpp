@@ -54,7 +54,7 @@ void TreeCommands::Run(int command) {
       {kCommandDeleteSelection, &TreeCommands::DeleteSelection},
       {kCommandDirectory, &TreeCommands::RunAlone<&Actions::openDirectory>},
   };
-  const Actions actions = frame_.TheActions();  // which may end, with the frame, while one runs
+  const Actions actions = frame_.GetActions();  // which may end, with the frame, while one runs
   const auto* const entry = std::ranges::find(kCommands, command, &Entry::command);
   if (entry != std::end(kCommands) && IsThere(command, actions)) (this->*entry->run)(actions);
 }
@@ -94,7 +94,7 @@ std::optional<Menu> TreeCommands::SelectionMenu() const {
   if (!target) return std::nullopt;
   const bool hasUnread = target->row.data(GroupTreeModel::UnreadRole).toInt() > 0;
   const auto hasPosts = [&] {
-    const auto list = PostsOf(frame_.TheStore(), model_, target->row);
+    const auto list = PostsOf(frame_.GetStore(), model_, target->row);
     return list && !list->posts.empty();
   };
   const bool isProtected = target->kind == RowKind::Folder && target->order < 0;
@@ -103,13 +103,13 @@ std::optional<Menu> TreeCommands::SelectionMenu() const {
                        .hasPosts = hasUnread || hasPosts(),
                        .isProtected = isProtected,
                        .hasOtherFolder = folders > 1});
-  DisableMissing(menu, frame_.TheActions());
+  DisableMissing(menu, frame_.GetActions());
   return menu;
 }
 
 Menu TreeCommands::WholeMenu() const {
   Menu menu = PopUpMenu(PopUp::Whole);
-  DisableMissing(menu, frame_.TheActions());
+  DisableMissing(menu, frame_.GetActions());
   return menu;
 }
 
@@ -125,14 +125,14 @@ std::string TreeCommands::SelectedFolderName() const {
 }
 
 void TreeCommands::AddChannel(const std::string& address) {
-  const auto addChannel = frame_.TheActions().addChannel;
+  const auto addChannel = frame_.GetActions().addChannel;
   if (addChannel) addChannel(SelectedFolderName(), address);
 }
 
 void TreeCommands::AddEmptyChannel(const Actions& /*actions*/) { AddChannel({}); }
 
 void TreeCommands::ExportOpml(const Actions& actions) {
-  actions.exportOpml(FormatLocalTime(frame_.TheStore().TheClock().Now(), "Skyfold_%Y%m%d"));
+  actions.exportOpml(FormatLocalTime(frame_.GetStore().GetClock().Now(), "Skyfold_%Y%m%d"));
 }
 
 template <auto action>
@@ -166,8 +166,8 @@ void TreeCommands::DeleteChild(const Actions& /*actions*/) {
     Ask(kTextDeleteBusyError, MsgBoxKind::Notice);
     return;
   }
-  isChannel ? DeleteChannel(frame_.TheStore(), child->id)
-            : DeleteCabinet(frame_.TheStore(), child->id);
+  isChannel ? DeleteChannel(frame_.GetStore(), child->id)
+            : DeleteCabinet(frame_.GetStore(), child->id);
   RemoveRow(child->row);
 }
 
@@ -192,7 +192,7 @@ void TreeCommands::DeleteGroup(const Actions& /*actions*/) {
     Ask(kTextDeleteBusyError, MsgBoxKind::Notice);
     return;
   }
-  DeleteFolder(frame_.TheStore(), folder->id);
+  DeleteFolder(frame_.GetStore(), folder->id);
   RemoveRow(folder->row);
 }
 
@@ -207,7 +207,7 @@ void TreeCommands::RenameGroup(const Actions& actions) {
   if (!folder || folder->order < 0) return;
   const auto name = actions.askGroupName(folder->name);
   if (!name) return;
-  if (RenameFolder(frame_.TheStore(), folder->id, *name)) {
+  if (RenameFolder(frame_.GetStore(), folder->id, *name)) {
     model_.Rename(folder->row, UnescapeEntities(*name));  // as it was stored
   } else {
     Ask(kTextRenameGroupError, MsgBoxKind::Notice);
@@ -222,7 +222,7 @@ void TreeCommands::RenameChild(const Actions& actions) {
       isChannel ? actions.askChannelName(FactsOf(*child)) : actions.askCabinetName(child->name);
   if (!name) return;
   const auto rename = isChannel ? RenameChannel : RenameCabinet;
-  if (rename(frame_.TheStore(), child->id, *name)) {
+  if (rename(frame_.GetStore(), child->id, *name)) {
     model_.Rename(child->row, UnescapeEntities(*name));
   } else {
     Ask(kTextRenameChildError, MsgBoxKind::Notice);
@@ -232,7 +232,7 @@ void TreeCommands::RenameChild(const Actions& actions) {
 // Reading.
 
 bool TreeCommands::MarkPosts(const Target& target, int status) {
-  Store& store = frame_.TheStore();
+  Store& store = frame_.GetStore();
   switch (target.kind) {
     case RowKind::Folder:
       return MarkFoldersRead(store, status, {&target.id, 1});
@@ -255,7 +255,7 @@ void TreeCommands::Mark(const Actions& /*actions*/) {
     return;
   }
   frame_.RecountUnread(target->kind == RowKind::CabinetRoot || target->kind == RowKind::Cabinet);
-  if (auto list = PostsOf(frame_.TheStore(), model_, target->row)) {
+  if (auto list = PostsOf(frame_.GetStore(), model_, target->row)) {
     frame_.RelistPosts(std::move(*list));
   }
 }
@@ -280,7 +280,7 @@ void TreeCommands::RefreshSelection(const Actions& /*actions*/) {
 
 void TreeCommands::ListToday(const Actions& /*actions*/) {
   PostList list;
-  if (LoadTodayUnread(frame_.TheStore(), list.posts)) {
+  if (LoadTodayUnread(frame_.GetStore(), list.posts)) {
     frame_.ListPosts(ListMode::Today, std::move(list));
   }
 }
@@ -288,7 +288,7 @@ void TreeCommands::ListToday(const Actions& /*actions*/) {
 void TreeCommands::ListTodayOfGroup(const Actions& /*actions*/) {
   const auto folder = Selected(RowKind::Folder);
   PostList list;
-  if (folder && LoadFolderTodayUnread(frame_.TheStore(), folder->id, list.posts)) {
+  if (folder && LoadFolderTodayUnread(frame_.GetStore(), folder->id, list.posts)) {
     frame_.ListPosts(ListMode::Today, std::move(list));
   }
 }
@@ -298,7 +298,7 @@ void TreeCommands::Search(const Actions& actions) {
   if (!target) return;
   const auto word = actions.askSearchWord();
   if (!word) return;
-  Store& store = frame_.TheStore();
+  Store& store = frame_.GetStore();
   PostList list;
   list.wereSearched = true;
   const auto found = [&] {

@@ -83,7 +83,7 @@ class BrowserPaneFixture : public testing::Test {
 
   // By the key of its tooltip.
   QAbstractButton& Button(const char* tooltipKey) const {
-    const QString tooltip = SkinText(frame_.TheSkin(), tooltipKey);
+    const QString tooltip = SkinText(frame_.GetSkin(), tooltipKey);
     for (auto* const button : toolbar_.findChildren<QAbstractButton*>()) {
       if (button->toolTip() == tooltip) return *button;
     }
@@ -118,7 +118,7 @@ class BrowserPaneFixture : public testing::Test {
   }
 
   std::string HostText(const char* key) const {
-    return frame_.TheSkin().GetText(kSectionTexts, key);
+    return frame_.GetSkin().GetText(kSectionTexts, key);
   }
   bool HostWasTold(const std::string& text) const {
     return std::ranges::find(frame_.messages, text) != frame_.messages.end();

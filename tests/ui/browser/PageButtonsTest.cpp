@@ -12,7 +12,7 @@ const QString kAddButton = "a[href^=ID_BTN_RSSADD]";
 
 class PageButtons : public BrowserPaneFixture {
  protected:
-  PageButtons() : cabinet_(AddCabinet(frame_.TheStore(), "Keep", 1)) {
+  PageButtons() : cabinet_(AddCabinet(frame_.GetStore(), "Keep", 1)) {
     frame_.actions.chooseCabinet = [this] {
       ++asked_;
       return answer_;

@@ -58,8 +58,8 @@ class ChannelAddDlg : public DialogFixture {
         "|| channel_htmllink || '|' || channel_folderID || '|' || channel_order) from TB_CHANNEL");
   }
 
-  int news_ = AddFolder(frame.TheStore(), "News", 1);
-  int sports_ = AddFolder(frame.TheStore(), Korean("운동"), 2);
+  int news_ = AddFolder(frame.GetStore(), "News", 1);
+  int sports_ = AddFolder(frame.GetStore(), Korean("운동"), 2);
 };
 
 TEST_F(ChannelAddDlg, OnlyAnAddressThatWasCheckedCanBeAdded) {
@@ -201,7 +201,7 @@ TEST_F(ChannelAddDlg, AFolderCanBeAddedOnTheWayAndIsChosen) {
     WhenShown([](QDialog& inner) { Press(inner, Qt::Key_Escape); });
     Click(dialog, "그룹 추가");
     EXPECT_EQ(Folders(dialog).currentText(), "Fresh");
-    DeleteFolder(frame.TheStore(), frame.addedFolders.front().id);
+    DeleteFolder(frame.GetStore(), frame.addedFolders.front().id);
     Click(dialog, kOk);
     EXPECT_EQ(Messages(), Keys{kTextMoveEmpty});
     Folders(dialog).setCurrentIndex(0);

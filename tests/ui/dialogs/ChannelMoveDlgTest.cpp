@@ -31,9 +31,9 @@ class ChannelDialogs : public DialogFixture {
                           std::to_string(daily_));
   }
 
-  int news_ = AddFolder(frame.TheStore(), "News", 1);
-  int mirror_ = AddFolder(frame.TheStore(), "Mirror", 2);
-  int sports_ = AddFolder(frame.TheStore(), Korean("운동"), 3);
+  int news_ = AddFolder(frame.GetStore(), "News", 1);
+  int mirror_ = AddFolder(frame.GetStore(), "Mirror", 2);
+  int sports_ = AddFolder(frame.GetStore(), Korean("운동"), 3);
   int daily_ = frame.db.AddChannelWithPosts(news_, "Daily", 2);
 };
 
@@ -60,7 +60,7 @@ TEST_F(ChannelDialogs, AChannelGoesToAFolderThatHasNotItsAddress) {
 TEST_F(ChannelDialogs, AFolderThatWasDeletedMeanwhileIsNoPlaceToGo) {
   WhenShown([this](QDialog& dialog) {
     Choose(dialog, "운동");
-    DeleteFolder(frame.TheStore(), sports_);
+    DeleteFolder(frame.GetStore(), sports_);
     Click(dialog, "확인");
     EXPECT_EQ(dialog.findChild<QComboBox*>()->findText("운동"), -1);
   });

@@ -64,7 +64,7 @@ class DirectoryDlg : public DialogFixture {
     List(dialog).setFocus();
     List(dialog).setCurrentIndex(List(dialog).model()->index(row, 0));
   }
-  std::string Text(const char* key) const { return SkinText(frame.TheSkin(), key).toStdString(); }
+  std::string Text(const char* key) const { return SkinText(frame.GetSkin(), key).toStdString(); }
 
   DirectoryService service;
 };

@@ -43,7 +43,7 @@ class NameDialogs : public DialogFixture {
   }
   std::string Value(const std::string& sql) { return frame.db.Value(sql); }
 
-  int news_ = AddFolder(frame.TheStore(), "News", 4);
+  int news_ = AddFolder(frame.GetStore(), "News", 4);
   int daily_ = frame.db.AddChannelWithPosts(news_, "Daily", 1);
 };
 
@@ -70,7 +70,7 @@ TEST_F(NameDialogs, AFolderThatCannotBeStoredIsReportedAndTheDialogStays) {
 }
 
 TEST_F(NameDialogs, ACabinetThatCannotBeStoredIsReported) {
-  AddCabinet(frame.TheStore(), "Keep", 7);
+  AddCabinet(frame.GetStore(), "Keep", 7);
   frame.db.Sql("drop table TB_SCRAP_POST");
   WhenShownTry({"Box"});
   ShowCabinetAdd(frame, parent.get());
@@ -85,7 +85,7 @@ TEST_F(NameDialogs, AnOldNameThatLooksLikeMarkupIsStillTheOldOne) {
 }
 
 TEST_F(NameDialogs, ACabinetIsAddedBehindAllOthersAndToTheTree) {
-  AddCabinet(frame.TheStore(), "Keep", 7);
+  AddCabinet(frame.GetStore(), "Keep", 7);
   WhenShownTry({"", "보관함", "Keep", "It's"});
   ShowCabinetAdd(frame, parent.get());
   EXPECT_EQ(Messages(), (Keys{kTextCabinetEmpty, kTextCabinetDuplicate, kTextCabinetDuplicate}));
@@ -103,7 +103,7 @@ TEST_F(NameDialogs, ANewNameIsGivenToTheCaller) {
   EXPECT_EQ(AskGroupName(frame, parent.get(), "News"), "Press");
   WhenShownTry({" ", "Daily", "보관함"});  // only a cabinet may not be called so
   EXPECT_EQ(AskChannelName(frame, parent.get(), daily), Korean("보관함"));
-  AddCabinet(frame.TheStore(), "Keep", 1);
+  AddCabinet(frame.GetStore(), "Keep", 1);
   WhenShownTry({"", "Keep", "보관함", "Daily"});
   EXPECT_EQ(AskCabinetName(frame, parent.get(), "Keep"), "Daily");
   EXPECT_EQ(Messages(),

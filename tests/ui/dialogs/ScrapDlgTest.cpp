@@ -10,7 +10,7 @@ namespace {
 class ScrapDlg : public DialogFixture {
  protected:
   int Add(const char* title, int order) {
-    return AddCabinet(frame.TheStore(), Korean(title), order);
+    return AddCabinet(frame.GetStore(), Korean(title), order);
   }
   std::optional<int> Ask() { return ChooseCabinet(frame, parent.get()); }
 

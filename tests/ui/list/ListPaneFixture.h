@@ -69,19 +69,19 @@ class PostListPane : public testing::Test {
   PostList ChannelPosts(int count) {
     channel_ = frame_.db.AddChannelWithPosts(1, "News", count);
     ChannelWithPosts loaded;
-    EXPECT_TRUE(LoadChannelWithPosts(frame_.TheStore(), channel_, loaded));
+    EXPECT_TRUE(LoadChannelWithPosts(frame_.GetStore(), channel_, loaded));
     return {.posts = std::move(loaded.posts)};
   }
 
   // The posts of a new cabinet, "kept 3" first.
   PostList CabinetPosts(int count) {
-    cabinet_ = AddCabinet(frame_.TheStore(), "c", 1);
+    cabinet_ = AddCabinet(frame_.GetStore(), "c", 1);
     for (int number = 1; number <= count; ++number) {
-      InsertScrapPost(frame_.TheStore(), cabinet_, "kept " + std::to_string(number), "l",
+      InsertScrapPost(frame_.GetStore(), cabinet_, "kept " + std::to_string(number), "l",
                       "2008-05-0" + std::to_string(number), "");
     }
     CabinetWithPosts loaded;
-    EXPECT_TRUE(LoadCabinetWithPosts(frame_.TheStore(), cabinet_, loaded));
+    EXPECT_TRUE(LoadCabinetWithPosts(frame_.GetStore(), cabinet_, loaded));
     return {.posts = std::move(loaded.posts), .areScrapPosts = true};
   }
 

@@ -62,7 +62,7 @@ class WebSearchInTheList : public PostListPane {
   std::string Count() const {
     return pane_.findChild<CRSS_RightTopToolBarWnd*>()->accessibleDescription().toStdString();
   }
-  std::string Text(const char* key) const { return frame_.TheSkin().GetText(kSectionTexts, key); }
+  std::string Text(const char* key) const { return frame_.GetSkin().GetText(kSectionTexts, key); }
 
   DirectoryService service_;
   QLineEdit& word_ = *pane_.findChild<QLineEdit*>();

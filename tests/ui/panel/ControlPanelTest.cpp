@@ -253,7 +253,7 @@ TEST_F(ControlPanel, AScreenReaderFindsANameForEachControl) {
 }
 
 TEST_F(ControlPanel, WorksWithoutAnySkin) {
-  SkinnedFrame bare(Skin({.HostGetText = {}, .HostGetSkinValue = {}}, frame.TheSkin().Config()));
+  SkinnedFrame bare(Skin({.HostGetText = {}, .HostGetSkinValue = {}}, frame.GetSkin().Config()));
   EXPECT_EQ(Edit(bare, kSound,
                  [](QDialog& panel) {
                    for (auto* warning : panel.findChildren<QMessageBox*>()) warning->close();

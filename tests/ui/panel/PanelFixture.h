@@ -26,7 +26,7 @@ namespace feedloom {
 class SkinnedFrame : public FakeFrame {
  public:
   explicit SkinnedFrame(Skin skin_) : otherSkin(std::move(skin_)) {}
-  const Skin& TheSkin() const override { return otherSkin; }
+  const Skin& GetSkin() const override { return otherSkin; }
 
   const Skin otherSkin;
 };

@@ -83,7 +83,7 @@ TEST_F(PanelLook, ShowsAllOfItselfWithLongTextsAndPoorSkins) {
 TEST_F(PanelLook, HasTheSkinsSizeAndStandsInTheMiddleOfTheWindow) {
   parent->setGeometry(50, 40, 700, 500);
   Edit({}, [&](QDialog& panel) {
-    const QSize least = LoadSkinPlace(frame.TheSkin(), kSectionPanel, kPanelPlace).size();
+    const QSize least = LoadSkinPlace(frame.GetSkin(), kSectionPanel, kPanelPlace).size();
     EXPECT_EQ(panel.size(), panel.size().expandedTo(least));
     const QPoint middle = parent->mapToGlobal(QPoint(350, 250));
     EXPECT_LE((panel.pos() + panel.rect().center() - middle).manhattanLength(), 2);

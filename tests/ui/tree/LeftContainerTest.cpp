@@ -128,7 +128,7 @@ TEST_F(LeftContainerTest, WhatADialogHasStoredIsSeenAtOnceAndTheSelectionStays) 
 TEST_F(LeftContainerTest, AChannelThatGoesWhereItCannotBeSeenIsShown) {
   Open();
   Click("Daily(2)");
-  const int foreign = AddFolder(frame.TheStore(), "Foreign", 9);  // by another program
+  const int foreign = AddFolder(frame.GetStore(), "Foreign", 9);  // by another program
   pane->MoveChannel(daily, foreign);
   EXPECT_EQ(Labels().mid(0, 5),
             (QStringList{"News(1)", "Weekly(1)", "Sports", "Foreign(2)", "Daily(2)"}));

@@ -27,7 +27,7 @@ namespace feedloom {
 class LeftPaneFixture : public testing::Test {
  protected:
   LeftPaneFixture() {
-    Store& store = frame.TheStore();
+    Store& store = frame.GetStore();
     news = AddFolder(store, "News", 1);
     AddFolder(store, "Sports", 2);
     daily = frame.db.AddChannelWithPosts(news, "Daily", 2);

@@ -236,7 +236,7 @@ TEST_F(TreeCommandsTest, RefreshesTheChannelOrTheFolder) {
 
 TEST_F(TreeCommandsTest, ListsTodaysUnreadPosts) {
   const int ball = frame.db.AddChannelWithPosts(FolderId("Sports"), "Ball", 1);
-  const std::string today = FormatLocalTime(frame.TheStore().TheClock().Now(), "%Y-%m-%d 00:00:01");
+  const std::string today = FormatLocalTime(frame.GetStore().GetClock().Now(), "%Y-%m-%d 00:00:01");
   frame.db.Sql("update TB_POST set post_pubDate = '" + today + "' where post_channelID in (" +
                std::to_string(ball) + ", " + std::to_string(weekly) + ")");
   Open();

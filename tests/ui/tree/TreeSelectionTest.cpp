@@ -176,7 +176,7 @@ TEST_F(TreeSelection, EnterListsTheSelectedRowAgain) {
 }
 
 TEST_F(TreeSelection, NAndPAskForUnreadPostsWhateverTheRowsAreCalled) {
-  AddFolder(frame.TheStore(), "Nature", 3);
+  AddFolder(frame.GetStore(), "Nature", 3);
   Open();
   Click("Daily(2)");
   Press(Qt::Key_N);
