@@ -63,15 +63,17 @@ std::string HttpClient::Exchange(const std::string& address, std::optional<std::
                                  std::stop_token stop) {
   constexpr long kStatusOk = 200;
   std::string body;
-  TransferRequest request;
   const auto query = std::min(address.find('?'), address.size());
-  request.address = CompleteAddress(std::string_view(address).substr(0, query));
-  request.rawQuery = address.substr(std::min(query + 1, address.size()));
-  request.form = std::move(form);
-  request.web = web_;
-  request.sink = [&body](std::string_view bytes) {
-    body += bytes;
-    return true;
+  TransferRequest request{
+      .address = CompleteAddress(std::string_view(address).substr(0, query)),
+      .rawQuery = address.substr(std::min(query + 1, address.size())),
+      .form = std::move(form),
+      .web = web_,
+      .sink =
+          [&body](std::string_view bytes) {
+            body += bytes;
+            return true;
+          },
   };
   if (log_) {
     request.onEvent = [this](TransferEvent event, std::string_view name) {

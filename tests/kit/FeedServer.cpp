@@ -24,7 +24,6 @@ using std::chrono::steady_clock;
 constexpr const char* kXml = "text/xml";
 constexpr int kOk = 200;
 constexpr int kNotModified = 304;
-constexpr int kNotFound = 404;
 constexpr int kServiceUnavailable = 503;
 
 // Sends `bytes` as they are: the library's own way compresses them when the client takes it.
@@ -53,125 +52,66 @@ std::string Gzip(std::string bytes) {
 
 }  // namespace
 
-class FeedServer::Impl {
- public:
-  // Fills in the answer; none means that there is no answer yet.
+struct FeedServer::Impl {
+  // Fills in the answer; an empty function means that there is no answer yet.
   using Answer = std::function<void(const httplib::Request&, httplib::Response&)>;
-
-  Impl() {
-    const auto handle = [this](const httplib::Request& request, httplib::Response& response) {
-      Handle(request, response);
-    };
-    server_.Get(".*", handle);
-    server_.Post(".*", handle);
-    Start();
-  }
-
-  ~Impl() {
-    {
-      const MutexLock lock(mutex_);
-      ended_ = true;
-      changed_.notify_all();
-    }
-    server_.stop();
-    listener_.join();
-  }
-
-  int Port() const { return port_; }
-
-  void Put(const std::string& path, Answer answer) {
-    const MutexLock lock(mutex_);
-    answers_[path] = std::move(answer);
-    changed_.notify_all();
-  }
-
-  void SetLatency(std::chrono::milliseconds latency) {
-    const MutexLock lock(mutex_);
-    latency_ = latency;
-  }
-
-  void KeepConnections() {
-    constexpr std::size_t kMany = 10'000;
-    server_.set_keep_alive_timeout(1);
-    server_.set_keep_alive_max_count(kMany);
-  }
-
-  int Unchanged() const {
-    const MutexLock lock(mutex_);
-    return unchanged_;
-  }
-
-  int Connections() const {
-    const MutexLock lock(mutex_);
-    return static_cast<int>(clientPorts_.size());
-  }
-
-  // True when the pause was over before the server's end.
-  bool Pause(std::chrono::milliseconds duration) const {
-    const auto deadline = steady_clock::now() + duration;
-    const MutexLock lock(mutex_);
-    while (!ended_ && changed_.wait_until(mutex_, deadline) != std::cv_status::timeout) {
-    }
-    return !ended_;
-  }
-
-  bool Ended() const {
-    const MutexLock lock(mutex_);
-    return ended_;
-  }
-
-  int Requests(const std::string& path) const {
-    const MutexLock lock(mutex_);
-    return CountOf(path);
-  }
-
-  int HighestConcurrency() const {
-    const MutexLock lock(mutex_);
-    return highest_;
-  }
-
-  bool WaitForRequest(const std::string& path, std::chrono::milliseconds timeout, int count) const {
-    const auto deadline = steady_clock::now() + timeout;
-    const MutexLock lock(mutex_);
-    while (CountOf(path) < count) {
-      if (changed_.wait_until(mutex_, deadline) == std::cv_status::timeout) {
-        return CountOf(path) >= count;
-      }
-    }
-    return true;
-  }
-
-  httplib::Request Last(const std::string& path) const {
-    const MutexLock lock(mutex_);
-    const auto seen = seen_.find(path);
-    return seen == seen_.end() ? httplib::Request() : seen->second.last;
-  }
-
- private:
   struct Seen {
     int count = 0;
     httplib::Request last;
   };
 
+  Impl() {
+    const auto handle = [this](const httplib::Request& request, httplib::Response& response) {
+      Handle(request, response);
+    };
+    server.Get(".*", handle);
+    server.Post(".*", handle);
+    Start();
+  }
+
+  ~Impl() {
+    {
+      const MutexLock lock(mutex);
+      ended = true;
+      changed.notify_all();
+    }
+    server.stop();
+    listener.join();
+  }
+
+  void Put(const std::string& path, Answer answer) {
+    const MutexLock lock(mutex);
+    answers[path] = std::move(answer);
+    changed.notify_all();
+  }
+
+  // True when the pause was over before the server's end.
+  bool Pause(std::chrono::milliseconds duration) {
+    const auto deadline = steady_clock::now() + duration;
+    const MutexLock lock(mutex);
+    while (!ended && changed.wait_until(mutex, deadline) != std::cv_status::timeout) {
+    }
+    return !ended;
+  }
+
   void Start() {
     constexpr int kThreads = 32;
     constexpr int kBacklog = 256;
-    server_.new_task_queue = [this] {
+    server.new_task_queue = [this] {
       auto* const pool = new httplib::ThreadPool(kThreads);
-      poolStands_ = true;
-      poolStands_.notify_one();
+      poolStands = true;
+      poolStands.notify_one();
       return pool;
     };
-    server_.set_keep_alive_max_count(1);
+    server.set_keep_alive_max_count(1);
     int socket = -1;
-    server_.set_socket_options([&socket](int created) { socket = created; });
-    port_ = server_.bind_to_any_port("127.0.0.1");
+    server.set_socket_options([&socket](int created) { socket = created; });
+    port = server.bind_to_any_port("127.0.0.1");
     // The library's own queue of five drops connections when many threads connect at once.
-    if (port_ < 0 || listen(socket, kBacklog) != 0)
-      throw std::runtime_error("no port to listen on");
-    listener_ = std::thread([this] { server_.listen_after_bind(); });
+    if (port < 0 || listen(socket, kBacklog) != 0) throw std::runtime_error("no port to listen on");
+    listener = std::thread([this] { server.listen_after_bind(); });
     // The library calls itself running before its threads are there; a test may count threads.
-    poolStands_.wait(false);
+    poolStands.wait(false);
   }
 
   void Handle(const httplib::Request& request, httplib::Response& response) {
@@ -181,78 +121,61 @@ class FeedServer::Impl {
       response.status = kOk;
       answer(request, response);
     }
-    const MutexLock lock(mutex_);
-    --inProgress_;
-    if (response.status == kNotModified) ++unchanged_;
+    const MutexLock lock(mutex);
+    --inProgress;
+    if (response.status == kNotModified) ++unchanged;
   }
 
   void Arrived(const httplib::Request& request) {
-    const MutexLock lock(mutex_);
-    highest_ = std::max(highest_, ++inProgress_);
-    clientPorts_.insert(request.remote_port);
-    Remember(request.target, request);
-    if (request.path != request.target) Remember(request.path, request);
-    changed_.notify_all();
+    const MutexLock lock(mutex);
+    highest = std::max(highest, ++inProgress);
+    clientPorts.insert(request.remote_port);
+    for (const std::string& path : std::set{request.target, request.path}) {
+      ++seen[path].count;
+      seen[path].last.headers = request.headers;
+      seen[path].last.body = request.body;
+    }
+    changed.notify_all();
   }
 
-  void Remember(const std::string& path, const httplib::Request& request)
-      FEEDLOOM_REQUIRES(mutex_) {
-    Seen& seen = seen_[path];
-    ++seen.count;
-    seen.last.headers = request.headers;
-    seen.last.body = request.body;
-  }
-
-  // The answer, after the latency; none when the server ends meanwhile.
+  // The answer, after the latency; empty when the server ends meanwhile.
   Answer AwaitAnswer(const httplib::Request& request) {
-    if (!Pause(Latency())) return {};
-    const MutexLock lock(mutex_);
-    for (;;) {
-      if (ended_) return {};
+    if (!Pause(latency)) return {};
+    const MutexLock lock(mutex);
+    for (; !ended; changed.wait(mutex)) {
       if (const Answer answer = AnswerTo(request)) return answer;
-      changed_.wait(mutex_);
     }
+    return {};
   }
 
-  Answer AnswerTo(const httplib::Request& request) const FEEDLOOM_REQUIRES(mutex_) {
+  Answer AnswerTo(const httplib::Request& request) const FEEDLOOM_REQUIRES(mutex) {
     for (const std::string& path : {request.target, request.path}) {
-      if (const auto found = answers_.find(path); found != answers_.end()) return found->second;
+      if (const auto found = answers.find(path); found != answers.end()) return found->second;
     }
-    return
-        [](const httplib::Request&, httplib::Response& response) { response.status = kNotFound; };
+    return [](const httplib::Request&, httplib::Response& response) { response.status = 404; };
   }
 
-  std::chrono::milliseconds Latency() const {
-    const MutexLock lock(mutex_);
-    return latency_;
-  }
+  httplib::Server server;
+  int port = 0;
+  std::atomic<bool> poolStands = false;
+  std::atomic<std::chrono::milliseconds> latency{};
+  std::thread listener;
 
-  int CountOf(const std::string& path) const FEEDLOOM_REQUIRES(mutex_) {
-    const auto seen = seen_.find(path);
-    return seen == seen_.end() ? 0 : seen->second.count;
-  }
-
-  httplib::Server server_;
-  int port_ = 0;
-  std::atomic<bool> poolStands_ = false;
-  std::thread listener_;
-
-  mutable Mutex mutex_;
-  mutable std::condition_variable_any changed_;
-  bool ended_ FEEDLOOM_GUARDED_BY(mutex_) = false;
-  std::chrono::milliseconds latency_ FEEDLOOM_GUARDED_BY(mutex_){0};
-  std::map<std::string, Answer> answers_ FEEDLOOM_GUARDED_BY(mutex_);
-  std::map<std::string, Seen> seen_ FEEDLOOM_GUARDED_BY(mutex_);
-  int inProgress_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
-  int unchanged_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
-  std::set<int> clientPorts_ FEEDLOOM_GUARDED_BY(mutex_);
-  int highest_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
+  Mutex mutex;
+  std::condition_variable_any changed;
+  bool ended FEEDLOOM_GUARDED_BY(mutex) = false;
+  std::map<std::string, Answer> answers FEEDLOOM_GUARDED_BY(mutex);
+  std::map<std::string, Seen> seen FEEDLOOM_GUARDED_BY(mutex);
+  std::set<int> clientPorts FEEDLOOM_GUARDED_BY(mutex);
+  int inProgress FEEDLOOM_GUARDED_BY(mutex) = 0;
+  int highest FEEDLOOM_GUARDED_BY(mutex) = 0;
+  int unchanged FEEDLOOM_GUARDED_BY(mutex) = 0;
 };
 
 FeedServer::FeedServer() : impl_(std::make_unique<Impl>()) {}
 FeedServer::~FeedServer() = default;
 
-int FeedServer::Port() const { return impl_->Port(); }
+int FeedServer::Port() const { return impl_->port; }
 
 std::string FeedServer::Url(const std::string& path) const {
   return "http://127.0.0.1:" + std::to_string(Port()) + path;
@@ -309,11 +232,21 @@ void FeedServer::Busy(const std::string& path, int status, const std::string& re
   });
 }
 
-void FeedServer::KeepConnections() { impl_->KeepConnections(); }
+void FeedServer::KeepConnections() {
+  constexpr std::size_t kMany = 10'000;
+  impl_->server.set_keep_alive_timeout(1);
+  impl_->server.set_keep_alive_max_count(kMany);
+}
 
-int FeedServer::Unchanged() const { return impl_->Unchanged(); }
+int FeedServer::Unchanged() const {
+  const MutexLock lock(impl_->mutex);
+  return impl_->unchanged;
+}
 
-int FeedServer::Connections() const { return impl_->Connections(); }
+int FeedServer::Connections() const {
+  const MutexLock lock(impl_->mutex);
+  return static_cast<int>(impl_->clientPorts.size());
+}
 
 void FeedServer::Echo(const std::string& path) {
   impl_->Put(path, [](const httplib::Request& request, httplib::Response& response) {
@@ -330,8 +263,8 @@ void FeedServer::Endless(const std::string& path) {
     response.set_chunked_content_provider(
         "application/octet-stream", [this](std::size_t offset, httplib::DataSink& sink) {
           static const std::string block(1 << 16, 'x');
-          if (offset >= kEnd) sink.done();
-          return !impl_->Ended() && (offset >= kEnd || sink.write(block.data(), block.size()));
+          if (offset >= kEnd) return impl_->Pause(std::chrono::hours(1));
+          return impl_->Pause({}) && sink.write(block.data(), block.size());
         });
   });
 }
@@ -357,21 +290,37 @@ void FeedServer::BreakOff(const std::string& path, const std::string& bytes) {
   });
 }
 
-void FeedServer::SetLatency(std::chrono::milliseconds latency) { impl_->SetLatency(latency); }
+void FeedServer::SetLatency(std::chrono::milliseconds latency) { impl_->latency = latency; }
 
-int FeedServer::Requests(const std::string& path) const { return impl_->Requests(path); }
+int FeedServer::Requests(const std::string& path) const {
+  const MutexLock lock(impl_->mutex);
+  return impl_->seen[path].count;
+}
 
-int FeedServer::HighestConcurrency() const { return impl_->HighestConcurrency(); }
+int FeedServer::HighestConcurrency() const {
+  const MutexLock lock(impl_->mutex);
+  return impl_->highest;
+}
 
 bool FeedServer::WaitForRequest(const std::string& path, std::chrono::milliseconds timeout,
                                 int count) const {
-  return impl_->WaitForRequest(path, timeout, count);
+  const auto deadline = steady_clock::now() + timeout;
+  const MutexLock lock(impl_->mutex);
+  const int& arrived = impl_->seen[path].count;
+  while (arrived < count &&
+         impl_->changed.wait_until(impl_->mutex, deadline) != std::cv_status::timeout) {
+  }
+  return arrived >= count;
 }
 
 std::string FeedServer::LastHeader(const std::string& path, const std::string& name) const {
-  return impl_->Last(path).get_header_value(name);
+  const MutexLock lock(impl_->mutex);
+  return impl_->seen[path].last.get_header_value(name);
 }
 
-std::string FeedServer::LastBody(const std::string& path) const { return impl_->Last(path).body; }
+std::string FeedServer::LastBody(const std::string& path) const {
+  const MutexLock lock(impl_->mutex);
+  return impl_->seen[path].last.body;
+}
 
 }  // namespace feedloom

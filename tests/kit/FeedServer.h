@@ -38,7 +38,7 @@ class FeedServer {
   void Echo(const std::string& path);  // the request's own body
   // No answer until the server ends or the path is given another answer, which they then get.
   void Hang(const std::string& path);
-  // Bytes without end, as far as the client can tell; a client without a limit gets 256 MiB.
+  // Bytes without end: 256 MiB as fast as the client takes them, and then no more.
   void Endless(const std::string& path);
   void SlowDrip(const std::string& path, const std::string& bytes, std::chrono::milliseconds pause);
   void BreakOff(const std::string& path, const std::string& bytes);  // announces more than these
@@ -68,7 +68,7 @@ class FeedServer {
   std::string LastBody(const std::string& path) const;
 
  private:
-  class Impl;
+  struct Impl;
   const std::unique_ptr<Impl> impl_;
 };
 
