@@ -1,25 +1,19 @@
 #pragma once
 
-#include <condition_variable>
-#include <mutex>
-
 #include "ingest/RefreshRun.h"
 #include "kit/ManualClock.h"
 
 namespace feedloom {
 
-// A manual clock on which a time limit, a check's unless told otherwise, lasts until the test lets
-// it run out.
+// A manual clock on which pauses as long as `limit`, by default a feed check's time limit, last
+// until the test calls RunOut. Any thread may use it.
 class CheckClock : public ManualClock {
  public:
   explicit CheckClock(std::chrono::milliseconds limit = RefreshLimits().timeLimit)
       : limit_(limit) {}
 
   void Pause(std::chrono::milliseconds duration, std::stop_token stop = {}) override {
-    if (duration < limit_) {
-      ManualClock::Pause(duration, stop);
-      return;
-    }
+    if (duration < limit_) return ManualClock::Pause(duration, stop);
     std::unique_lock lock(mutex_);
     changed_.wait(lock, stop, [this] { return ranOut_; });
   }

@@ -1,9 +1,6 @@
-// What refresh and check need, on a real database, a work folder and a local server.
+// A real database, a work folder and a local server, as a refresh and a check of an address use
+// them.
 #pragma once
-
-#include <filesystem>
-#include <memory>
-#include <string>
 
 #include "ingest/FeedMemory.h"
 #include "ingest/IngestServices.h"
@@ -16,19 +13,18 @@ namespace feedloom {
 class IngestKit {
  public:
   SharedServices Services() { return Services(db.Clock()); }
-  // With a clock of the test's own, which outlives them.
+  // `clock` is the test's own and outlives the services.
   SharedServices Services(Clock& clock) {
     return std::make_shared<IngestServices>(
-        IngestServices{db.Shared(), Registry(folder.File("registry.reg")), clock, WorkDir(),
-                       FeedMemoryPath(stateFolder.Path())});
+        IngestServices{db.Shared(), Registry(folder.File("registry.reg")), clock, folder.Path(),
+                       FeedMemoryPath(memoryFolder.Path())});
   }
-  std::string WorkDir() const { return folder.Path(); }
   // The names of the files in the work folder.
   std::vector<std::string> WorkFiles() const { return folder.Names(); }
 
   TestStore db;
   TempFolder folder;
-  TempFolder stateFolder;  // what is remembered lies here
+  TempFolder memoryFolder;  // holds the file of FeedMemory
   FeedServer server;
 };
 

@@ -13,9 +13,10 @@ inline std::ptrdiff_t ThreadCount() {
   return std::distance(begin(tasks), end(tasks));
 }
 
-// A joined thread leaves the system's list a moment after the join returns.
+// Waits until the process has `count` threads; false when it never has. A thread that was joined
+// leaves the system's list a moment later.
 inline bool ThreadCountComesTo(std::ptrdiff_t count) {
-  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
   while (ThreadCount() != count && std::chrono::steady_clock::now() < deadline) {
     std::this_thread::yield();
   }
