@@ -6,15 +6,16 @@
 
 namespace feedloom {
 
-// The address that a user means by `typedUtf8`: without the white space around it, and with
-// `scheme` (ASCII) and "://" in front when it has no "://" of its own. Escaped, so that it can be
-// kept as a text in any code page. A text of nothing but white space gives "".
+// Returns the address that a user means by `typedUtf8`: trimmed, preceded by `scheme` (ASCII) and
+// "://" unless it contains "://", and escaped as EscapedAddress does, so that any code page can
+// hold it. Returns "" for a text of white space alone.
 std::string CompleteFeedAddress(const std::string& typedUtf8, const std::string& scheme);
 
-// `utf8` in ASCII: other characters, blanks and control characters as "%XX" of their bytes.
+// Returns `utf8` as ASCII: each byte of a blank, a control character or a character outside ASCII
+// is percent-encoded (RFC 3986).
 std::string EscapedAddress(std::string_view utf8);
 
-// True for the only addresses that may be taken from a document: http and https.
+// Returns whether the scheme of `address` is http or https; no other may be taken from a document.
 bool IsWebAddress(std::string_view address);
 
 }  // namespace feedloom

@@ -13,7 +13,8 @@
 namespace feedloom {
 namespace {
 
-// The first web address at which the page says it has a feed, other than the page's own.
+// Returns the first feed that the HTML page in the file `path` announces with a http or https
+// address, escaped. The page's own address does not count.
 std::string AnnouncedFeed(const std::string& path, const std::string& pageAddress) {
   constexpr std::array<std::string_view, 2> kTypes = {"application/rss+xml",
                                                       "application/atom+xml"};
@@ -38,9 +39,9 @@ FeedCheckAnswer Examine(const IngestServices& services, const std::string& addre
   return {.announcedFeed = AnnouncedFeed(file.Path(), outcome.address)};
 }
 
-// The same, with the file gone when it comes back.
-FeedCheckAnswer ExamineAndForget(const IngestServices& services, const std::string& address,
-                                 std::stop_token stop) {
+// Waits a second, examines `address` and removes the temporary file.
+FeedCheckAnswer WaitAndExamine(const IngestServices& services, const std::string& address,
+                               std::stop_token stop) {
   constexpr std::chrono::milliseconds kWait{1000};
   const TempFile file(CheckFilePath(services.workDir));
   file.Remove();
@@ -53,7 +54,7 @@ FeedCheckAnswer ExamineAndForget(const IngestServices& services, const std::stri
 
 int CheckFeed(const IngestServices& services, MessageTarget& dialog, const std::string& address,
               std::stop_token stop) {
-  const FeedCheckAnswer answer = ExamineAndForget(services, address, stop);
+  const FeedCheckAnswer answer = WaitAndExamine(services, address, stop);
   if (stop.stop_requested()) return 0;
   dialog.Send(kMessageFeedDetails, 0, reinterpret_cast<std::intptr_t>(&answer));
   dialog.Send(kMessageFeedChecked, answer.isFeed ? 1 : 0,

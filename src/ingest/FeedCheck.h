@@ -8,15 +8,16 @@
 
 namespace feedloom {
 
-// Finds out whether `address` yields an RSS or Atom document and tells `dialog` in two messages:
-// kMessageFeedDetails with all that the check found out, then kMessageFeedChecked with 1 and a
-// pointer to the channel's title (a std::string in the module's code page, valid during the send),
-// or 0 and 0. Returns 1 or 0 likewise. A feed that a web page announces is not fetched.
+// Finds out whether `address` (in the module's code page) yields an RSS or Atom document, and sends
+// `dialog` two messages: kMessageFeedDetails with a pointer to the FeedCheckAnswer, then
+// kMessageFeedChecked with 1 and a pointer to the channel's title (a std::string in the module's
+// code page), or with 0 and 0. Both pointers are valid during the send. Returns 1 for a feed, else
+// 0. A feed that a web page announces is not fetched.
 //
-// Begins after a second's wait, in which a user who types on can still stop it, and then takes at
-// most the time that a refresh gives a channel. Ends within 100 ms of `stop`, and then answers
-// nothing. Leaves no file. Blocks: give it a thread of its own. One check at a time in one work
-// folder.
+// Waits one second first, so that a user who goes on typing can stop the check before a request is
+// sent. Takes at most RefreshLimits::timeLimit after that. Ends within 100 ms of `stop`, without
+// sending a message. Blocks the calling thread, which may be any. At most one check may run in one
+// work folder. The temporary file is removed before the messages are sent.
 int CheckFeed(const IngestServices& services, MessageTarget& dialog, const std::string& address,
               std::stop_token stop);
 

@@ -4,13 +4,13 @@
 
 namespace feedloom {
 
-// What the check of an address found out; texts are in the module's code page.
+// The result of the check of an address. Texts are in the module's code page.
 struct FeedCheckAnswer {
   bool isFeed = false;
-  // Of a feed; empty when it does not say.
+  // The channel's title and home page, as the feed gives them; empty where it gives none.
   std::string title = {};
   std::string homePage = {};
-  // The address (http or https) of the first feed that a web page announces; empty without one.
+  // The address (http or https) of the first feed that a web page announces; else empty.
   std::string announcedFeed = {};
 };
 

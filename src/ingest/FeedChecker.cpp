@@ -7,8 +7,8 @@
 namespace feedloom {
 namespace {
 
-// Keeps what a check says of its address.
-class AnswerKeeper : public MessageTarget {
+// Copies the answer from the check's message.
+class AnswerReceiver : public MessageTarget {
  public:
   std::intptr_t Send(unsigned message, std::intptr_t, std::intptr_t lParam) override {
     if (message == kMessageFeedDetails) {
@@ -32,9 +32,9 @@ void FeedChecker::Start(const std::string& address,
   jobs_.Start([services = services_, address, onAnswer = std::move(onAnswer)](
                   const std::stop_token& stop, const BackgroundJobs::Tell& tell) {
     LowerThreadPriority();
-    AnswerKeeper keeper;
-    CheckFeed(*services, keeper, address, stop);
-    tell([onAnswer, answer = keeper.Answer()] { onAnswer(answer); });
+    AnswerReceiver receiver;
+    CheckFeed(*services, receiver, address, stop);
+    tell([onAnswer, answer = receiver.Answer()] { onAnswer(answer); });
   });
 }
 

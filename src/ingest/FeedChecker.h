@@ -9,19 +9,19 @@
 
 namespace feedloom {
 
-// Runs checks of feed addresses on a thread below normal priority, one at a time. Belongs to the
-// thread that made it, its owner; no function waits for the network.
+// Runs checks of feed addresses one at a time, on a thread below normal priority. Only the thread
+// that constructed the object, its owner, may call it. No function waits for the network.
 class FeedChecker {
  public:
   FeedChecker(SharedServices services, BackgroundJobs::Post toOwner)
       : services_(std::move(services)), jobs_(std::move(toOwner)) {}
 
-  // Begins to check `address`, a text in the module's code page. `onAnswer` is called once, on the
-  // owner's thread; it may call Start and Stop, and may end the checker. The check before is
-  // stopped.
+  // Stops the current check and starts one of `address` (in the module's code page). `onAnswer` is
+  // called once, on the owner's thread; it may call Start and Stop, and may destroy the checker.
   void Start(const std::string& address, std::function<void(const FeedCheckAnswer&)> onAnswer);
 
-  // The check's answer is dropped, even when it is on its way already; its file is removed soon.
+  // Stops the current check. Its `onAnswer` is not called any more, even when the answer has been
+  // posted to the owner already.
   void Stop() { jobs_.StopAll(); }
 
  private:

@@ -48,7 +48,8 @@ int TwoCharsAt(std::string_view text, std::size_t at) {
   return at < text.size() ? ParseInt(text.substr(at, 2)) : 0;
 }
 
-// The hours of a military zone letter (RFC 822, 5.1): A to I, K to M west to -12, N to Y east.
+// Returns the hours of a military zone letter (RFC 822, 5.1): A to I and K to M lie west of
+// Greenwich, N to Y east.
 std::optional<int> MilitaryHours(char letter) {
   if (letter >= 'A' && letter <= 'I') return -(letter - 'A' + 1);
   if (letter >= 'K' && letter <= 'M') return -(letter - 'K' + 10);
@@ -56,7 +57,7 @@ std::optional<int> MilitaryHours(char letter) {
   return std::nullopt;
 }
 
-// The hours that a zone's name stands for; none when `zone` is no name.
+// Returns the hours that the zone name `zone` stands for, or nothing when it is not a zone name.
 std::optional<int> NamedZoneHours(std::string_view zone) {
   const std::string name = ToUpperAscii(zone);
   for (const ZoneName& known : kZoneNames) {
@@ -65,7 +66,8 @@ std::optional<int> NamedZoneHours(std::string_view zone) {
   return name.size() == 1 ? MilitaryHours(name[0]) : std::nullopt;
 }
 
-// Adds what `zone` says to `date`; read(zone) gives the numbers after a sign.
+// Adds the offset of `zone`, a name or a signed number, to `date`. `read` returns the number behind
+// the sign.
 template <typename ReadOffset>
 void ApplyZone(std::string_view zone, DateFields& date, ReadOffset read) {
   if (const auto hours = NamedZoneHours(zone)) {
@@ -79,8 +81,7 @@ void ApplyZone(std::string_view zone, DateFields& date, ReadOffset read) {
   date.minute += sign * offset.minutes;
 }
 
-// Reads a text from left to right. Once something that was looked for is not there, Ended() holds
-// and what was read before stays.
+// Reads a text from left to right. Ended() is true once a mark was not found.
 class Reader {
  public:
   explicit Reader(std::string_view text) : text_(text) {}
@@ -89,7 +90,8 @@ class Reader {
   std::size_t Position() const { return at_; }
   std::string_view Rest() const { return text_.substr(std::min(at_, text_.size())); }
 
-  // The text up to the next `mark`, which is passed; empty, and the end, when there is none.
+  // Returns the text up to the next `mark` and moves behind that mark. Without a mark returns an
+  // empty text and sets Ended().
   std::string_view UpTo(char mark) {
     const auto found = text_.find(mark, at_);
     ended_ = found == kNone;
@@ -99,7 +101,7 @@ class Reader {
     return taken;
   }
 
-  // As UpTo(' '), passing a whole run of blanks.
+  // Returns UpTo(' ') and moves behind all blanks that follow.
   std::string_view Word() {
     const std::string_view word = UpTo(' ');
     if (!ended_) at_ = std::min(text_.find_first_not_of(' ', at_), text_.size());
@@ -120,8 +122,8 @@ class Reader {
   bool ended_ = false;
 };
 
-// "+09:00": the hours stand before the colon and the minutes behind it. Without a colon the hours
-// are 0 and the minutes come from the start of the whole text.
+// Reads an offset such as "+09:00", whose sign stands at `signAt`. For an offset without a colon
+// the hours are 0 and the minutes are the first two digits of `text`, as in dates stored so far.
 Offset ReadIsoOffset(std::string_view text, std::size_t signAt) {
   const auto colon = text.find(':', signAt + 1);
   if (colon == kNone) return {0, TwoCharsAt(text, 0)};
@@ -159,7 +161,7 @@ int ReadMonth(std::string_view token) {
   return month == kMonths.end() ? 0 : static_cast<int>(month - kMonths.begin()) + 1;
 }
 
-// A year of fewer than four characters is one of the 1900s, whatever it was meant to be.
+// A year of fewer than four characters is read as one of the 1900s.
 int ReadYear(std::string_view token) {
   return token.size() >= 4 ? ParseInt(token) : ParseInt("19" + std::string(token));
 }
@@ -197,12 +199,12 @@ bool InRange(const DateFields& date) {
          date.day >= 1 && date.day <= 31;
 }
 
-// What mktime makes of `time`: hours and minutes that an offset took out of their range are
-// carried, and a time of day that the machine's zone leaves out is moved. mktime itself looks at
-// the zone's file each time, which takes longer than all the rest, so it is asked only where the
-// carried time is left out: where no offset of the zone leads back to it.
+// Returns `time` as mktime normalises it: hours and minutes that an offset has taken out of their
+// range are carried, and a time that the machine's zone skips is moved forward. mktime checks the
+// zone's file on each call, which takes longer than all the rest of a date's reading. It is called
+// only for a skipped time: one to which no offset of the zone leads back.
 std::tm Carried(std::tm time) {
-  thread_local long offset = 0;  // seconds east of Greenwich; the one that fitted last
+  thread_local long offset = 0;  // in seconds east of Greenwich; the one that was right last
   std::tm carried = time;
   const std::time_t asUtc = timegm(&carried);
   for (int tries = 0; tries < 2; ++tries) {
@@ -216,7 +218,7 @@ std::tm Carried(std::tm time) {
   return time;
 }
 
-// The stored form; empty when `date` has none.
+// Returns the stored form of `date`, or an empty text when a field is out of range.
 std::string StoredForm(const DateFields& date) {
   if (!InRange(date)) return "";
   std::tm time{};
@@ -227,7 +229,7 @@ std::string StoredForm(const DateFields& date) {
   time.tm_min = date.minute;
   time.tm_sec = date.second;
   time.tm_isdst = -1;
-  time.tm_wday = -1;  // -1 is a time too: only an untouched week day tells that mktime refused
+  time.tm_wday = -1;  // stays -1 when mktime fails; its result -1 can also be a valid time
   time = Carried(time);
   const int year = time.tm_year + 1900;
   if (time.tm_wday < 0 || year < 0 || year > 9999) return "";

@@ -12,8 +12,8 @@ ParseCode DetectAtom(const std::optional<std::string>& version, FeedVariants& va
   return kParsed;
 }
 
-// The document's texts on their way into the module's code page. An element that is not there, or
-// an attribute that it lacks, reads as an empty text.
+// Converts a document's texts into the module's code page. A missing element or attribute reads as
+// an empty text.
 class TextSource {
  public:
   explicit TextSource(CodePage codePage) : codePage_(codePage) {}
@@ -57,8 +57,7 @@ ParseCode ReadRssItem(const XmlElement& element, const TextSource& source, FeedI
   item.description = source.Text(found[kDescription]);
   item.link = source.Text(found[kLink]);
   if (item.variants.rss == FeedVariants::kRss20 && found[kEnclosure]) {
-    // A post with a media file is known by the file: its address replaces the page's, present or
-    // not.
+    // The link of a podcast's post is its media file, even when the enclosure has no address.
     item.link = source.Attribute(found[kEnclosure], "url");
     item.enclosureType = source.Attribute(found[kEnclosure], "type");
     item.isPodcast = 1;

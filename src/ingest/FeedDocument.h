@@ -1,5 +1,6 @@
-// The rules by which a loaded XML document is a feed: what format it has, and what its header and
-// its items say. Everything here is a pure function of a document; FeedParser.h runs them in order.
+// Reads a feed's format, header and items from a loaded XML document. All functions are pure, so
+// any thread may call them, and all return kParsed or a negative ParseCode. FeedParser.h calls them
+// in order.
 #pragma once
 
 #include <stop_token>
@@ -14,7 +15,7 @@ namespace feedloom {
 
 enum class FeedFormat : int { Unknown = -1, Rss = 0, Atom = 1, Opml = 2 };
 
-// Which member of a family a document is; at most one of the two is set.
+// The version of RSS or Atom that a document is written in. At most one of the two is set.
 struct FeedVariants {
   static constexpr int kNone = -1;
   static constexpr int kRss09 = 0;  // any version of RSS but "2.0"
@@ -30,7 +31,7 @@ struct FeedVariants {
   bool NoneSet() const { return rss == kNone && atom == kNone; }
 };
 
-// Texts here and below are in the code page that the reading function was given.
+// Texts here and below are in the `codePage` of the function that read them.
 struct FeedHeader {
   FeedVariants variants;
   std::string title;
@@ -39,26 +40,28 @@ struct FeedHeader {
 
 struct FeedItem {
   std::string title;
-  std::string link;   // the page, or the media file of an enclosure
+  std::string link;   // the address of the page, or of an enclosure's media file
   std::string date;   // as the document writes it
-  int isPodcast = 0;  // 1: an enclosure was read
+  int isPodcast = 0;  // 1 when the item has an enclosure
   std::string enclosureType;
   std::string description;
   FeedVariants variants;
 };
 
-// Sets `format` and `variants` by the root element's name and "version".
+// Sets `format` and `variants` by the name and the "version" attribute of `root`.
 ParseCode DetectFormat(const XmlElement& root, FeedFormat& format, FeedVariants& variants);
 
-// Fills `header`'s texts by its variants: the first title and link anywhere below `root`. What is
-// missing stays empty.
+// Sets the texts of `header` to the first title and the first link anywhere below `root`, as
+// header.variants demands. A missing text stays empty.
 ParseCode ReadFeedHeader(const XmlElement& root, CodePage codePage, FeedHeader& header);
 
-// Appends the items below `root` in document order; those without a title or a link are left out.
+// Appends the items below `root` to `items` in document order. An item without a title or a link
+// is left out. Returns kParseStopped when `stop` was requested before the last item.
 ParseCode ReadFeedItems(const XmlElement& root, const FeedVariants& variants, CodePage codePage,
                         std::stop_token stop, std::vector<FeedItem>& items);
 
-// Fills `item` by its variants from one "item" or "entry" element.
+// Fills `item` from one "item" or "entry" element, as item.variants demands. Returns
+// kItemIncomplete when the title or the link is empty.
 ParseCode ReadFeedItem(const XmlElement& element, CodePage codePage, FeedItem& item);
 
 }  // namespace feedloom

@@ -1,4 +1,4 @@
-// The first half of the data's road: from an address to a parsed document.
+// Downloads a feed's document and parses it.
 #pragma once
 
 #include <chrono>
@@ -12,38 +12,40 @@
 
 namespace feedloom {
 
-// The temporary files: of the worker for `channelId`, of the feed check, and of a list of channels.
+// The paths of temporary files in `workDir`: of the worker that refreshes `channelId`, of the feed
+// check, and of a list of subscriptions.
 std::string WorkerFilePath(const std::string& workDir, int channelId);
 std::string CheckFilePath(const std::string& workDir);
 std::string ListFilePath(const std::string& workDir);
 
-// Removes the temporary files of all kinds that a crash left in `workDir`. Call it only while
-// nothing else works in that folder.
+// Removes the temporary files that a crash has left in `workDir`. Nothing else may use that folder
+// meanwhile.
 void SweepTempFiles(const std::string& workDir);
 
 struct FeedRequest {
   std::string address;           // in the module's code page; sent as UTF-8
   std::string path;              // of the temporary file
-  Validators known = {};         // of the version that is here; not empty: nothing new may be told
-  TransferPool* pool = nullptr;  // whose connections are used; none: one of its own
+  Validators known = {};         // of the stored version: makes the request conditional
+  TransferPool* pool = nullptr;  // the connections to use; null: a new connection
 };
 
 struct FetchOutcome {
   ChannelResult result;        // kChannelRefreshed, kDownloadFailed or kDocumentRefused
-  int parseCode;               // of the parse; 0 where none was made
-  std::string error;           // of the download; English, empty where it succeeded
-  std::string address = {};    // where redirects led; empty where the download failed
-  bool isNew = true;           // false: the version that is here is the server's; nothing was read
-  Validators validators = {};  // of the document
-  std::chrono::seconds retryAfter{0};  // a server that is busy wants to be left alone so long
+  int parseCode;               // a ParseCode; kParsed when nothing was parsed
+  std::string error;           // why the download failed, in English; else empty
+  std::string address = {};    // the document's, after redirects; empty when the download failed
+  bool isNew = true;           // false: the server has answered 304, and nothing was parsed
+  Validators validators = {};  // of the new document
+  std::chrono::seconds retryAfter{0};  // "Retry-After" of an answer 429 or 503 (RFC 9110); else 0
 };
 
-// Downloads the document into the file, reads it into `parser` and removes the file, whatever the
-// result. Blocks the calling thread; ends within 100 ms of `stop`, as failed.
+// Downloads the document to `request.path`, parses it with `parser` and always removes the file.
+// Blocks the calling thread, which may be any. Ends within 100 ms of `stop`, with kDownloadFailed
+// or kDocumentRefused.
 FetchOutcome FetchFeed(const FeedRequest& request, const IngestServices& services,
                        std::stop_token stop, FeedParser& parser);
 
-// The same, and leaves the file to the caller, who can look at the document then.
+// FetchFeed without removing the file, which then belongs to the caller.
 FetchOutcome FetchFeedFile(const FeedRequest& request, const IngestServices& services,
                            std::stop_token stop, FeedParser& parser);
 

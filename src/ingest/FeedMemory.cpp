@@ -29,7 +29,7 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
   return parts;
 }
 
-// The number that `text` is, and nothing else.
+// Returns the number in `text`, or nothing when `text` has any other character.
 template <typename Number>
 std::optional<Number> NumberIn(std::string_view text) {
   Number number{};
@@ -39,12 +39,13 @@ std::optional<Number> NumberIn(std::string_view text) {
   return number;
 }
 
-bool CanBeWritten(const FeedVisit& visit) {
+bool HasNoControls(const FeedVisit& visit) {
   return !HasControls(visit.address) && !HasControls(visit.validators.etag) &&
          !HasControls(visit.validators.lastModified);
 }
 
-// A line: channel id, address, ETag, Last-Modified, the time of "not before" in seconds since 1970.
+// Adds the visit of one line: channel id, address, ETag, Last-Modified, and `notBefore` in seconds
+// since 1970.
 void ReadLine(std::string_view line, FeedVisits& visits) {
   const auto fields = Split(line, kSeparator);
   if (fields.size() != 5) return;
@@ -55,7 +56,7 @@ void ReadLine(std::string_view line, FeedVisits& visits) {
   visit.address = fields[1];
   visit.validators = {std::string(fields[2]), std::string(fields[3])};
   visit.notBefore = std::chrono::sys_seconds(std::chrono::seconds(*seconds));
-  if (CanBeWritten(visit)) visits[*id] = std::move(visit);
+  if (HasNoControls(visit)) visits[*id] = std::move(visit);
 }
 
 }  // namespace
@@ -63,7 +64,7 @@ void ReadLine(std::string_view line, FeedVisits& visits) {
 std::string FeedVisitsText(const FeedVisits& visits) {
   std::string text = fmt::format("{}\n", kFirstLine);
   for (const auto& [id, visit] : visits) {
-    if (!CanBeWritten(visit)) continue;
+    if (!HasNoControls(visit)) continue;
     text += fmt::format("{0}{5}{1}{5}{2}{5}{3}{5}{4}\n", id, visit.address, visit.validators.etag,
                         visit.validators.lastModified, visit.notBefore.time_since_epoch().count(),
                         kSeparator);
@@ -85,7 +86,7 @@ void FeedMemory::Load() {
   FeedVisits visits = ReadFile();
   const MutexLock lock(mutex_);
   visits_ = std::move(visits);
-  found_.clear();
+  changed_.clear();
 }
 
 bool FeedMemory::IsEmpty() const {
@@ -103,18 +104,18 @@ FeedVisit FeedMemory::Last(int channelId, const std::string& address) const {
 void FeedMemory::Remember(int channelId, FeedVisit visit) {
   const MutexLock lock(mutex_);
   const auto known = visits_.find(channelId);
-  if (known == visits_.end() ? visit.SaysNothing() : known->second == visit) return;
+  if (known == visits_.end() ? visit.IsEmpty() : known->second == visit) return;
   visits_[channelId] = visit;
-  found_[channelId] = std::move(visit);
+  changed_[channelId] = std::move(visit);
 }
 
 Failure FeedMemory::Save(const std::function<bool(int channelId)>& alive) {
   const MutexLock lock(mutex_);
-  if (path_.empty() || found_.empty()) return {};
+  if (path_.empty() || changed_.empty()) return {};
   FeedVisits visits = ReadFile();
   std::erase_if(visits, [&](const auto& visit) { return !alive(visit.first); });
-  for (auto& [id, visit] : std::exchange(found_, {})) visits[id] = std::move(visit);
-  std::erase_if(visits, [](const auto& visit) { return visit.second.SaysNothing(); });
+  for (auto& [id, visit] : std::exchange(changed_, {})) visits[id] = std::move(visit);
+  std::erase_if(visits, [](const auto& visit) { return visit.second.IsEmpty(); });
   return WriteFileWhole(path_, FeedVisitsText(visits));
 }
 

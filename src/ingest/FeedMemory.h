@@ -1,4 +1,4 @@
-// What is remembered of each channel's server from one refresh to the next, in a small file.
+// Remembers the answer of each channel's server from one refresh to the next, in a small file.
 #pragma once
 
 #include <chrono>
@@ -14,44 +14,48 @@
 namespace feedloom {
 
 struct FeedVisit {
-  std::string address;         // of the feed, then; under another one the visit means nothing
-  Validators validators = {};  // of the document whose posts are all stored
-  std::chrono::sys_seconds notBefore = {};  // the server does not want to be asked before
+  std::string address;         // the feed's; the visit does not hold for any other address
+  Validators validators = {};  // of the last document whose posts were all stored
+  std::chrono::sys_seconds notBefore = {};  // when the server may be asked again ("Retry-After")
 
   bool operator==(const FeedVisit&) const = default;
-  bool SaysNothing() const {
+  bool IsEmpty() const {
     return validators.AreEmpty() && notBefore.time_since_epoch().count() == 0;
   }
 };
 
 using FeedVisits = std::map<int, FeedVisit>;  // by channel id
 
-// The file's text, and back: a line a channel. A line that is damaged is left out, and nothing is
-// read of a text that is no such file; a visit with a control character in a text is not written.
+// Convert visits to the text of the file, one line for each channel, and back. A visit with a
+// control character in one of its texts is not written. A damaged line is skipped. A text with
+// another first line yields no visits.
 std::string FeedVisitsText(const FeedVisits& visits);
 FeedVisits ReadFeedVisits(std::string_view text);
 
-// The file in the work folder.
+// Returns the path of the file in `workDir`.
 std::string FeedMemoryPath(const std::string& workDir);
 
-// Any thread may use one object. Two programs may keep one file: each writes only what it has found
-// out itself, and what is lost costs no more than a request for the whole document.
+// The visits of one file. Any thread may call any function. Two programs may share a file: each
+// writes only the visits it has changed. A visit that gets lost costs one download of the whole
+// document.
 class FeedMemory {
  public:
-  // `path` is the file, which need not exist; an empty one: nothing is kept.
+  // `path` names the file, which need not exist. With an empty `path` nothing is read or written.
   explicit FeedMemory(std::string path) : path_(std::move(path)) {}
 
-  // Reads the file afresh.
+  // Replaces the visits in memory by those of the file.
   void Load();
 
   bool IsEmpty() const;
 
-  // The channel's last visit; an empty one when there was none at this address.
+  // Returns the channel's visit at `address`; one with nothing but that address when none is known.
   FeedVisit Last(int channelId, const std::string& address) const;
+  // Replaces the channel's visit. It is written by the next Save.
   void Remember(int channelId, FeedVisit visit);
 
-  // Writes what was remembered since Load, if anything was, into the file; visits of channels that
-  // are not `alive` any more leave it.
+  // Adds the visits that were changed since Load to the file, and removes those of channels for
+  // which `alive` returns false. Does not touch the file when nothing was changed. Returns the
+  // failure to write it, if there was one.
   [[nodiscard]] Failure Save(const std::function<bool(int channelId)>& alive);
 
  private:
@@ -60,7 +64,7 @@ class FeedMemory {
   const std::string path_;
   mutable Mutex mutex_;
   FeedVisits visits_ FEEDLOOM_GUARDED_BY(mutex_);
-  FeedVisits found_ FEEDLOOM_GUARDED_BY(mutex_);
+  FeedVisits changed_ FEEDLOOM_GUARDED_BY(mutex_);
 };
 
 }  // namespace feedloom

@@ -3,7 +3,8 @@
 namespace feedloom {
 namespace {
 
-// OPML 2.0 has the outlines in its "body"; lists without one are read all the same.
+// OPML 2.0 has its outlines in "body". Outlines directly below the root are read too, because some
+// lists have no "body".
 int ReadOpml(const XmlElement& root, CodePage codePage, const std::stop_token& stop,
              std::vector<OpmlOutline>& out) {
   int code = ReadOpmlOutlines(root, codePage, stop, out);

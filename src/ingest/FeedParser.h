@@ -1,4 +1,4 @@
-// Turns one downloaded document into a channel's header and its items.
+// Parses one downloaded document into a channel's header and items.
 #pragma once
 
 #include <stop_token>
@@ -12,23 +12,24 @@ namespace feedloom {
 
 struct ParseOptions {
   XmlLimits limits = {};
-  bool readsOutlines = true;  // false: an OPML document is recognised, and no more
+  bool readsOutlines = true;  // false: of an OPML document only the format is read
 };
 
-// One object a parse; not shared between threads.
+// Parses one document. Each object is used once, by one thread. Texts are in the code page that the
+// constructor was given.
 class FeedParser {
  public:
   explicit FeedParser(CodePage codePage, ParseOptions options = {})
       : codePage_(codePage), options_(std::move(options)) {}
 
-  // Reads the file at `path`: RSS, RDF or Atom into the header and the items, OPML into the
-  // outlines. 0 on success, else a negative ParseCode, after which the items mean nothing.
+  // Parses the file at `path`: RSS, RDF or Atom into the header and the items, OPML into the
+  // outlines. Returns kParsed or a negative ParseCode. After a failure the items are incomplete.
   [[nodiscard]] int Parse(const std::string& path, std::stop_token stop = {});
 
-  // True when the document, which was unreadable then, had exceeded the limits.
+  // True when Parse has failed because the document exceeds ParseOptions::limits.
   bool IsTooLarge() const { return isTooLarge_; }
 
-  // Unknown until the root element was recognised. Only Rss and Atom documents are feeds.
+  // The document's format; Unknown when Parse has not recognised the root element.
   FeedFormat GetFormat() const { return format_; }
   bool IsFeed() const { return format_ == FeedFormat::Rss || format_ == FeedFormat::Atom; }
   const FeedVariants& Variants() const { return header_.variants; }

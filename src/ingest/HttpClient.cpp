@@ -7,7 +7,7 @@
 namespace feedloom {
 namespace {
 
-// An address without a scheme, or with any but https, is plain HTTP.
+// Every address that does not begin with "https://" is asked by plain HTTP.
 std::string CompleteAddress(std::string_view address) {
   constexpr std::string_view kHttp = "http://";
   if (address.starts_with("https://")) return std::string(address);

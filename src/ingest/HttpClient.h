@@ -1,4 +1,4 @@
-// Short exchanges of text with a web service.
+// HTTP requests to a web service, whose answers are kept in memory.
 #pragma once
 
 #include <functional>
@@ -12,23 +12,23 @@
 
 namespace feedloom {
 
-// Takes one line of progress for diagnosis; ASCII.
+// Receives a transfer's progress for diagnosis, one ASCII line an event, on the requesting thread.
 using StatusLog = std::function<void(std::string_view line)>;
 
-// The line for a progress event; `name` is the host that it is about.
+// Returns the line for `event`; `name` is the host whose name is or was resolved.
 std::string HttpStatusLine(TransferEvent event, std::string_view name);
 
-// One object an exchange, used by one thread. Reads how the user reaches the web when it is
-// made.
+// Sends requests one after the other, on the calling thread. An object belongs to one thread. The
+// constructor reads the user's proxy and name of the reader from `registry`.
 class HttpClient {
  public:
   explicit HttpClient(const Registry& registry, StatusLog log = {});
 
-  // The answer's body, byte for byte; empty on any failure, on `stop`, and for any status but 200.
-  // `address` is "host/path" or "host:port/path", with "http://" or "https://" in front or nothing.
-  // What stands behind its first "?" is sent as it is, blanks, "#" and the code page's bytes
-  // included; an address with control characters fails.
-  // The form data of a POST is URL-encoded already.
+  // Get and Post return the answer's body byte for byte, or an empty text after a failure, after
+  // `stop`, and for any status but 200. `address` is "host/path" or "host:port/path" with or
+  // without "http://" or "https://" before it. Its query, which begins behind the first "?", is
+  // sent byte for byte, even blanks, "#" and bytes above 0x7F. An address with a control character
+  // fails. `formData` must be encoded as application/x-www-form-urlencoded.
   std::string Get(const std::string& address, std::stop_token stop = {});
   std::string Post(const std::string& address, const std::string& formData,
                    std::stop_token stop = {});

@@ -10,14 +10,15 @@
 
 namespace feedloom {
 
-// What every job of this folder works with. Jobs on threads share one object, so that a job which
-// was given up and ends late still finds everything it touches alive.
+// The services that downloads and refreshes use. Each thread holds a shared pointer to them, so
+// that they outlive a worker that is still running when its owner has stopped waiting for it. Any
+// thread may read the members; `clock` must outlive the object.
 struct IngestServices {
   std::shared_ptr<Store> store;
-  Registry registry;  // for how the web is reached, read afresh for each transfer
+  Registry registry;  // holds the proxy settings, which are read before each transfer
   Clock& clock;
-  std::string workDir;          // where temporary files lie; the file system's own bytes
-  std::string feedMemory = {};  // the file of FeedMemory; empty: nothing is remembered
+  std::string workDir;          // the folder of temporary files, in the file system's encoding
+  std::string feedMemory = {};  // the path of FeedMemory's file; empty: no file is used
 
   CodePage TextCodePage() const { return store->TextCodePage(); }
 };

@@ -7,7 +7,7 @@
 
 namespace feedloom {
 
-bool LargeDocuments::Turn::Take(std::stop_token stop) {
+bool LargeDocuments::Turn::Acquire(std::stop_token stop) {
   if (has_) return true;
   const std::stop_callback wake(stop, [this] {
     const MutexLock lock(place_.mutex_);
@@ -19,9 +19,10 @@ bool LargeDocuments::Turn::Take(std::stop_token stop) {
   return has_ = place_.taken_ = true;
 }
 
-void LargeDocuments::Turn::LetGo() {
+void LargeDocuments::Turn::Release() {
   if (!std::exchange(has_, false)) return;
-  // The allocator would keep what this thread has freed, while the next one takes as much again.
+  // The allocator keeps freed memory for each thread: without this call the next worker's document
+  // would come on top of this one's.
   malloc_trim(0);
   const MutexLock lock(place_.mutex_);
   place_.taken_ = false;

@@ -7,21 +7,22 @@
 
 namespace feedloom {
 
-// The place in memory for one large document: of several workers that read such a one, the others
+// Lets one worker at a time hold a large document in memory; other workers with a large document
 // wait. Any thread may use it.
 class LargeDocuments {
  public:
-  // One worker's share in it, which ends with the object.
+  // One worker's turn, which the destructor releases. Belongs to the worker's thread.
   class Turn {
    public:
     explicit Turn(LargeDocuments& place) : place_(place) {}
-    ~Turn() { LetGo(); }
+    ~Turn() { Release(); }
     Turn(const Turn&) = delete;
     Turn& operator=(const Turn&) = delete;
 
-    // Waits until the place is this worker's; false when `stop` came before.
-    bool Take(std::stop_token stop);
-    void LetGo();
+    // Waits for the turn. Returns true when the worker has it, false when `stop` came first.
+    bool Acquire(std::stop_token stop);
+    // Gives the turn back, if the worker has it.
+    void Release();
 
    private:
     LargeDocuments& place_;

@@ -1,4 +1,4 @@
-// The outlines of an OPML document: two levels, as folders and their channels.
+// Reads the first two levels of an OPML document's outlines: folders, and the channels in them.
 #pragma once
 
 #include <stop_token>
@@ -10,28 +10,30 @@
 
 namespace feedloom {
 
-// The attributes of one "outline" element; one that is missing is an empty text. In the code page
-// that the reader was given.
+// The attributes of one "outline" element, in the code page that ReadOpmlOutlines was given. A
+// missing attribute is an empty text.
 struct OpmlOutline {
   std::string title;
   std::string url;
   std::string text;
   std::string type;
-  std::string xmlUrl;  // in ASCII, as EscapedAddress makes it: no code page can harm it
+  std::string xmlUrl;  // trimmed, and escaped by EscapedAddress
   std::string htmlUrl;
-  std::vector<OpmlOutline> children = {};  // of a top-level outline; deeper ones are not read
-  int deeperFeeds = 0;  // of the second level: the outlines with an "xmlUrl" that lie below it
+  std::vector<OpmlOutline> children = {};  // of an outline of the first level
+  int deeperFeeds = 0;  // how many feeds, which are not read, lie below one of the second level
 };
 
-// Nobody has a longer list: the outlines behind these are not read, but for one more.
+// The most outlines of both levels that a list may have. Of a longer list one more is read, by
+// which the caller knows it.
 inline constexpr std::size_t kMostOutlines = 100'000;
 
-// Appends the outlines directly below `element` and the outlines directly below those; none more
-// from `stop` on. 0, or kNoOutlineElement when `element` is null. Pure; any thread.
+// Appends the outlines directly below `element`, with those directly below them, to `out`, until
+// `stop` is requested. Returns kParsed, or kNoOutlineElement when `element` is null. Any thread may
+// call it.
 int ReadOpmlOutlines(const XmlElement& element, CodePage codePage, const std::stop_token& stop,
                      std::vector<OpmlOutline>& out);
 
-// Those of both levels.
+// Returns the number of outlines of both levels.
 std::size_t CountOutlines(const std::vector<OpmlOutline>& outlines);
 
 }  // namespace feedloom

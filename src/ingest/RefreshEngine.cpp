@@ -10,7 +10,7 @@ namespace {
 
 using Phase = RefreshJob::Phase;
 
-// From here on no worker says anything more, but for a message that is on its way.
+// Stops all workers. From now on none begins to send a message; one that is being sent is finished.
 void StopJobs(RefreshRun& run) {
   std::vector<SharedJob> jobs;
   {
@@ -27,10 +27,10 @@ void StopJobs(RefreshRun& run) {
 
 bool IsReporting(const SharedJob& job) { return job->phase == Phase::Reporting; }
 
-// Waits for the workers, at most as long as the patience lasts and a message is on its way, and
-// gives up those that remain.
+// Waits for the workers until the stop timeout, and longer only for those that are sending a
+// message. Detaches the threads of the others: they end by themselves.
 void JoinJobs(RefreshRun& run) {
-  const SteadyTime until = std::chrono::steady_clock::now() + run.limits.patience;
+  const SteadyTime until = std::chrono::steady_clock::now() + run.limits.stopTimeout;
   const MutexLock lock(run.lock);
   for (run.Reap(); !run.jobs.empty(); run.Reap()) {
     if (run.changed.wait_until(run.lock, until) == std::cv_status::timeout) break;

@@ -1,4 +1,4 @@
-// The front door of ingestion: the refresh of channels on threads of their own.
+// Refreshes channels on threads.
 //
 //   Enqueue ... StartRefresh -> a monitor thread -> at most five workers, one a channel:
 //   download -> parse -> store -> a message to the frame
@@ -13,40 +13,43 @@
 
 namespace feedloom {
 
-// One object a process and work folder. Its functions belong to the thread that made it, except
-// IsChannelQueued, IsAnyChannelQueued, Enqueue and EnqueueAll, which any thread may call.
+// A process has at most one engine for a work folder. Only the thread that constructed the engine,
+// its owner, may call its functions, except IsChannelQueued, IsAnyChannelQueued, Enqueue and
+// EnqueueAll, which any thread may call.
 //
-// To `frame` go kMessageChannelWorker (a worker began, or was stopped after the time limit),
-// kMessageChannelInserted, kMessageChannelResult; to `host` kMessageRefreshBegan and
-// kMessageRefreshEnded. They come from the run's threads; a target that hands them to the thread of
-// this object must answer at once while that thread is inside Stop.
+// The engine sends `frame` kMessageChannelWorker (when a worker begins, and when one is stopped at
+// the time limit), kMessageChannelInserted and kMessageChannelResult. It sends `host`
+// kMessageRefreshBegan and kMessageRefreshEnded. Messages come from the engine's threads. A target
+// that passes them on to the owner's thread must answer at once while the owner is inside Stop,
+// which waits for the sender.
 class RefreshEngine {
  public:
-  // Removes the temporary files that a crash left in the work folder. The targets outlive the
-  // object; `services` may live on in a worker that was given up, and so may all it refers to.
+  // Removes the temporary files that a crash has left in the work folder. The targets must outlive
+  // the engine. `services` and what it refers to must outlive every worker that Stop has detached.
   RefreshEngine(SharedServices services, MessageTarget& frame, MessageTarget& host,
                 const RefreshLimits& limits = {}, NewPostsReport newPosts = {});
   ~RefreshEngine();
   RefreshEngine(const RefreshEngine&) = delete;
   RefreshEngine& operator=(const RefreshEngine&) = delete;
 
-  // False when that channel is queued or being refreshed already.
+  // Appends `entry` to the queue. Returns false, and appends nothing, when its channel is queued or
+  // being refreshed already.
   bool Enqueue(RefreshEntry entry);
-  // Many at once, waiting for the lock once; those that are queued already are left out.
+  // Enqueues those of `entries` whose channels are not queued, taking the lock once.
   void EnqueueAll(std::vector<RefreshEntry> entries);
 
-  // Sees to it that the queue is being worked off: starts a monitor unless one runs, which then
-  // takes the new entries. Does nothing when the queue is empty.
+  // Starts a run for the queued channels. During a run does nothing: that run takes them. Does
+  // nothing either when the queue is empty, or after Stop.
   void StartRefresh();
 
-  // True while the channel waits or is being refreshed.
+  // Returns whether the channel waits in the queue or is being refreshed.
   bool IsChannelQueued(int channelId) const;
-  // The same of one of many, waiting for the lock once.
+  // Returns whether IsChannelQueued holds for one of `channelIds`, taking the lock once.
   bool IsAnyChannelQueued(std::span<const int> channelIds) const;
 
-  // Ends the run for good, in well under a second: entries that wait are discarded, workers are
-  // stopped, and one that does not come back is given up. Posts stored so far stay. A second call
-  // does nothing.
+  // Ends the run and refuses further ones: discards the entries that wait, stops the workers, and
+  // waits for them until RefreshLimits::stopTimeout, or as long as a message is being sent.
+  // Detaches workers that run longer. Posts stored so far stay. A second call does nothing.
   void Stop();
 
  private:

@@ -15,8 +15,8 @@ namespace {
 using Phase = RefreshJob::Phase;
 using Clock = std::chrono::steady_clock;
 
-// Passes a worker's report on to the frame as long as the worker has not been dropped. Messages are
-// sent without the lock, which their receivers need.
+// Passes a worker's reports on to the frame until the worker is dropped. Messages are sent without
+// the lock, because their receivers use the store.
 class JobReport : public WorkerReport {
  public:
   JobReport(RefreshRun& run, RefreshJob& job) : run_(run), job_(job) {}
@@ -44,7 +44,8 @@ class JobReport : public WorkerReport {
     Finish(Phase::Working);
   }
 
-  // The store is left alone then, unless it has to forget an earlier failure.
+  // Writes the channel's state only when it is that of an earlier failure: most refreshes of
+  // unchanged feeds then write nothing.
   void Unchanged() override { End(kChannelRefreshed, job_.stored.state != kChannelRefreshed); }
 
   void Ended(ChannelResult result) override { End(result, job_.channelId >= 0); }
@@ -77,16 +78,16 @@ class JobReport : public WorkerReport {
 
 void RunWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job) {
   JobReport report(*run, *job);
-  RefreshChannel(job->entry, job->stored.holdsPosts, *run->services, run->web, report,
+  RefreshChannel(job->entry, job->stored.holdsPosts, *run->services, run->resources, report,
                  job->stop.get_token());
   const MutexLock lock(run->lock);
   job->threadEnded = true;
   run->changed.notify_all();
 }
 
-// What the monitor does next, decided under the lock and done without it.
+// The monitor's next action: chosen under the lock, done without it.
 struct Step {
-  enum class Kind { Look, Start, Stop, Finish } kind = Kind::Finish;
+  enum class Kind { LoadContents, Start, Stop, Finish } kind = Kind::Finish;
   SharedJob job;
   int channelId = 0;
   ChannelResult result = kDownloadFailed;  // of a job to stop
@@ -94,7 +95,7 @@ struct Step {
 
 bool IsRunning(const SharedJob& job) { return job->phase != Phase::Dropped && !job->threadEnded; }
 
-// Takes the worker that is past its time limit out of the run, if there is one.
+// Drops one worker that has passed its time limit and returns it, or null when there is none.
 SharedJob DropOverdue(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   const SteadyTime limit = Clock::now() - run.limits.timeLimit;
   for (const SharedJob& job : run.jobs) {
@@ -121,7 +122,7 @@ SharedJob ClaimJob(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   return job;
 }
 
-// Until something changes, or the first of the working jobs reaches its time limit.
+// Waits until something changes or a worker reaches its time limit.
 void WaitForChange(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   std::optional<SteadyTime> until;
   for (const SharedJob& job : run.jobs) {
@@ -143,16 +144,17 @@ Step NextStep(RefreshRun& run) {
     if (const SharedJob overdue = DropOverdue(run)) {
       return {Step::Kind::Stop, overdue, overdue->channelId, overdue->resultIfStopped};
     }
-    const bool mayLook = run.queue.HasWaiting() && !run.web.memory.IsEmpty();
-    if (mayLook && !std::exchange(run.contentsAreFresh, true)) return {Step::Kind::Look, nullptr};
+    const bool needsContents = run.queue.HasWaiting() && !run.resources.memory.IsEmpty();
+    if (needsContents && !std::exchange(run.contentsAreFresh, true))
+      return {Step::Kind::LoadContents, nullptr};
     if (const SharedJob job = ClaimJob(run)) return {Step::Kind::Start, job, job->channelId};
     if (std::ranges::none_of(run.jobs, IsRunning) && !run.queue.HasWaiting()) return {};
     WaitForChange(run);
   }
 }
 
-// Reads what the store says of the channels that wait.
-void LookAtChannels(RefreshRun& run) {
+// Reads from the store the state of every channel, and whether it has posts.
+void LoadStoredContents(RefreshRun& run) {
   std::vector<ChannelContents> channels;
   LoadChannelContents(*run.services->store, channels);
   const MutexLock lock(run.lock);
@@ -173,11 +175,11 @@ void StopWorker(RefreshRun& run, const Step& step) {
   run.frame.Send(kMessageChannelWorker, step.channelId, 0);
 }
 
-void WorkOffQueue(const std::shared_ptr<RefreshRun>& run) {
+void ProcessQueue(const std::shared_ptr<RefreshRun>& run) {
   for (Step step = NextStep(*run); step.kind != Step::Kind::Finish; step = NextStep(*run)) {
     switch (step.kind) {
-      case Step::Kind::Look:
-        LookAtChannels(*run);
+      case Step::Kind::LoadContents:
+        LoadStoredContents(*run);
         break;
       case Step::Kind::Start:
         StartWorker(run, step.job, step.channelId);
@@ -188,17 +190,18 @@ void WorkOffQueue(const std::shared_ptr<RefreshRun>& run) {
   }
 }
 
-// A file that cannot be written costs requests for whole documents, and nothing else.
-void LeaveWeb(RefreshRun& run) {
-  run.web.pool.CloseIdle();
-  (void)run.web.memory.Save([&run](int channelId) {
+// A failure to write the file is ignored: all it costs is that whole documents are fetched again.
+void CloseConnectionsAndSaveMemory(RefreshRun& run) {
+  run.resources.pool.CloseIdle();
+  (void)run.resources.memory.Save([&run](int channelId) {
     const MutexLock lock(run.lock);
     return run.contents.empty() || run.contents.contains(channelId);
   });
 }
 
-// True when nothing came into the queue since the run ended; then the monitor may go.
-bool LeaveRun(RefreshRun& run) {
+// Returns true when the queue is empty: then the monitor thread ends. Entries that arrived while
+// the run's end was announced need another run.
+bool TryEndRun(RefreshRun& run) {
   const MutexLock lock(run.lock);
   if (run.stopping) run.queue.RemoveWaiting();
   run.monitorRuns = run.queue.HasWaiting();
@@ -211,12 +214,12 @@ void RunRefreshMonitor(const std::shared_ptr<RefreshRun>& run) {
   LowerThreadPriority();
   do {
     run->host.Send(kMessageRefreshBegan, 0, 0);
-    run->web.memory.Load();
-    WorkOffQueue(run);
-    LeaveWeb(*run);
+    run->resources.memory.Load();
+    ProcessQueue(run);
+    CloseConnectionsAndSaveMemory(*run);
     run->frame.Send(kMessageChannelResult, kRunEnded, 0);
     run->host.Send(kMessageRefreshEnded, 0, 0);
-  } while (!LeaveRun(*run));
+  } while (!TryEndRun(*run));
 }
 
 }  // namespace feedloom

@@ -6,9 +6,9 @@
 
 namespace feedloom {
 
-// The monitor thread's work: takes channels from the queue, keeps at most the limited number of
-// workers running, stops those that take too long, and announces the run's begin and end. Returns
-// when the queue is empty and no worker runs, or when the run is stopping.
+// The function of the monitor thread. Takes channels from the queue, runs at most
+// RefreshLimits::workers workers, stops those that reach the time limit, and announces the run's
+// beginning and end. Returns when the queue is empty and no worker runs, or when `run` is stopping.
 void RunRefreshMonitor(const std::shared_ptr<RefreshRun>& run);
 
 }  // namespace feedloom

@@ -64,7 +64,7 @@ void RefreshQueue::Index(Place place) {
   addresses_.insert(AddressIn(*place));
 }
 
-// The entry that `byId_` no longer names.
+// Removes an entry that is no longer in `byId_`.
 void RefreshQueue::Erase(Place place) {
   addresses_.erase(addresses_.find(AddressIn(*place)));
   if (place == firstWaiting_) ++firstWaiting_;

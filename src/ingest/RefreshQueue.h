@@ -1,4 +1,4 @@
-// The channels that wait for a refresh or are being refreshed.
+// The queue of channels that wait for a refresh or are being refreshed.
 #pragma once
 
 #include <list>
@@ -21,31 +21,32 @@ struct RefreshEntry {
   int order = -1;
 };
 
-// The refresh of a channel that is in the store.
+// Returns the entry for a channel of the store. Texts are in the module's code page.
 RefreshEntry EntryFor(const ChannelRow& channel);
 
-// A plain container: whoever shares it between threads guards it. But for RemoveWaiting, what a
-// function takes does not grow with the queue.
+// The queue. It has no lock of its own: callers on several threads need one. Every function except
+// RemoveWaiting takes constant time.
 class RefreshQueue {
  public:
   RefreshQueue() = default;
   RefreshQueue(const RefreshQueue&) = delete;
   RefreshQueue& operator=(const RefreshQueue&) = delete;
 
-  // False, and nothing is appended, when that channel is in the queue already. A channel that is
-  // not in the store yet is known by its folder and address, and gets a negative id of its own: two
-  // workers with the same one would both insert it.
+  // Appends `entry`, or returns false when its channel is in the queue already. A channel that is
+  // not in the store (a negative id) counts as queued when its folder and address are: two workers
+  // would both insert it. It gets a negative id of its own.
   bool Append(RefreshEntry entry);
 
-  // Takes the first entry that waits: it stays in the queue until Remove. None when none waits.
+  // Returns the first entry that waits, or nothing. The entry stays in the queue until Remove.
   std::optional<RefreshEntry> Claim();
 
   bool HasWaiting() const { return firstWaiting_ != entries_.end(); }
   bool IsEmpty() const { return entries_.empty(); }
   bool Contains(int channelId) const { return byId_.contains(channelId); }
 
-  // A channel that was inserted into the store goes on under its new id.
+  // Gives the entries of `channelId` the id `newId`, after the channel was inserted into the store.
   void Renumber(int channelId, int newId);
+  // Removes all entries of `channelId`; all entries that wait.
   void Remove(int channelId);
   void RemoveWaiting();
 
@@ -56,12 +57,12 @@ class RefreshQueue {
   void Index(Place place);
   void Erase(Place place);
 
-  // In the order of Append, which is that of Claim: those that are taken stand before the others.
+  // Entries in the order of Append. Those that Claim has returned stand before `firstWaiting_`.
   Entries entries_;
   Place firstWaiting_ = entries_.end();
-  // Several have one id when a channel turns out, on being inserted, to be in the store already.
+  // Two entries have one id when a channel that was to be inserted is found in the store.
   std::unordered_multimap<int, Place> byId_;
-  std::unordered_multiset<std::string> addresses_;  // each with its folder
+  std::unordered_multiset<std::string> addresses_;  // of all entries, each with its folder
   int lastUnstoredId_ = 0;
 };
 

@@ -4,7 +4,7 @@ namespace feedloom {
 
 void RefreshRun::Reap() {
   std::erase_if(jobs, [](const SharedJob& job) {
-    // An ended thread needs no lock any more, so this join waits for its return alone.
+    // The thread has released the lock for the last time, so joining it under the lock is safe.
     if (job->threadEnded && job->thread.joinable()) job->thread.join();
     return job->threadEnded;
   });

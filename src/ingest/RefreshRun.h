@@ -1,4 +1,5 @@
-// What the threads of a refresh share: the queue, the running workers, and the lock around both.
+// The state that the threads of a refresh share: the queue, the workers, and the lock that guards
+// both.
 #pragma once
 
 #include <chrono>
@@ -19,35 +20,36 @@
 
 namespace feedloom {
 
-// Told, on a worker's thread and before the channel's result, how many posts of it are new.
+// Called on a worker's thread, before the channel's result is sent, with the number of new posts.
 using NewPostsReport = std::function<void(int channelId, int newPosts)>;
 
 struct RefreshLimits {
-  std::ptrdiff_t workers = 5;                   // at most so many channels at once
-  std::chrono::milliseconds timeLimit{30'000};  // then a worker is stopped
-  std::chrono::milliseconds patience{400};      // so long Stop waits for the workers
+  std::ptrdiff_t workers = 5;                   // how many channels are refreshed at once
+  std::chrono::milliseconds timeLimit{30'000};  // after which a worker is stopped
+  std::chrono::milliseconds stopTimeout{400};   // how long Stop waits for workers
 };
 
 using SteadyTime = std::chrono::steady_clock::time_point;
 
-// One worker. All but `entry`, `stored`, `stop` and `started` belongs under the run's lock;
-// `channelId` is written by the worker alone, which may read it without.
+// One worker. The run's lock guards all members except `entry`, `stored`, `stop` and `started`,
+// which do not change once the thread runs. Only the worker writes `channelId`, so it may read it
+// without the lock.
 struct RefreshJob {
   enum class Phase {
     Working,    // may be stopped
-    Reporting,  // a message of it is being sent: it is let finish
-    Ended,      // has nothing more to do or to say
-    Dropped,    // stopped: what it still does is not passed on
+    Reporting,  // is sending a message, and is stopped only after it
+    Ended,      // has sent its result
+    Dropped,    // was stopped: its reports are ignored
   };
 
   RefreshEntry entry;
-  ChannelContents stored;  // the channel as the store had it; of none: without posts
+  ChannelContents stored;  // the channel's state before the refresh; without posts when unknown
   std::stop_source stop;
   SteadyTime started;
   int channelId = 0;
   Phase phase = Phase::Working;
   ChannelResult resultIfStopped = kDownloadFailed;
-  bool threadEnded = false;  // the thread has let go of the run and only returns
+  bool threadEnded = false;  // the thread does not use the run or its lock any more
   std::thread thread;
 };
 
@@ -61,7 +63,7 @@ struct RefreshRun {
         host(theHost),
         limits(theLimits),
         newPosts(std::move(theNewPosts)),
-        web{FeedMemory(services->feedMemory)},
+        resources{FeedMemory(services->feedMemory)},
         lock(services->store->Lock()) {}
 
   const SharedServices services;
@@ -69,14 +71,14 @@ struct RefreshRun {
   MessageTarget& host;
   const RefreshLimits limits;
   const NewPostsReport newPosts;  // may be empty
-  WorkersWeb web;
+  RefreshResources resources;
 
   Mutex& lock;
   std::condition_variable_any changed;  // notified when anything below changes
   RefreshQueue queue FEEDLOOM_GUARDED_BY(lock);
-  std::vector<SharedJob> jobs FEEDLOOM_GUARDED_BY(lock);  // until their thread was joined
-  // What the store says of the channels that were queued when it was asked: nothing as long as no
-  // server is remembered.
+  std::vector<SharedJob> jobs FEEDLOOM_GUARDED_BY(lock);  // removed when their thread is joined
+  // The store's channels by id. Stays empty while FeedMemory is empty: no request can be
+  // conditional then. Not fresh: channels were queued since it was read.
   std::unordered_map<int, ChannelContents> contents FEEDLOOM_GUARDED_BY(lock);
   bool contentsAreFresh FEEDLOOM_GUARDED_BY(lock) = false;
   bool monitorRuns FEEDLOOM_GUARDED_BY(lock) = false;

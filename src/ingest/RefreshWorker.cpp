@@ -13,13 +13,13 @@
 namespace feedloom {
 namespace {
 
-constexpr std::chrono::hours kLongestWait{24};  // that a server may ask for
+constexpr std::chrono::hours kLongestWait{24};  // the longest "Retry-After" that is obeyed
 
-// What a document may take in memory beside four others, in bytes, and a post on its way into the
-// store: a statement is held five times over before its row is written.
-constexpr std::size_t kCommonDocument = 2u << 20;
-constexpr std::size_t kCommonPosts = 4u << 20;  // of one channel
-constexpr std::size_t kCommonPost = 256u << 10;
+// Memory limits, in bytes, while five workers run. A worker whose document or posts exceed one
+// waits for its turn (LargeDocuments). An INSERT needs about five copies of its text.
+constexpr std::size_t kCommonDocument = 2u << 20;  // the parsed document
+constexpr std::size_t kCommonPosts = 4u << 20;     // all posts of a channel
+constexpr std::size_t kCommonPost = 256u << 10;    // one post
 
 NewPost ToNewPost(FeedItem item) {
   NormalizeFeedDate(item.date);
@@ -29,7 +29,7 @@ NewPost ToNewPost(FeedItem item) {
 
 ParseOptions OptionsFor(LargeDocuments::Turn& turn, const std::stop_token& stop) {
   return {.limits = {.atOnce = kCommonDocument,
-                     .askForMore = [&turn, stop] { return turn.Take(stop); }},
+                     .askForMore = [&turn, stop] { return turn.Acquire(stop); }},
           .readsOutlines = false};
 }
 
@@ -46,7 +46,8 @@ bool IsLarge(const ChannelRecord& record) {
   return sum > kCommonPosts;
 }
 
-// The entry as its own document describes it; a document without a title leaves the entry's.
+// Returns the channel of `entry` with the title, home page and posts of its document. Without a
+// title in the document the entry's title stays.
 ChannelRecord ToRecord(const RefreshEntry& entry, FeedParser& parser) {
   ChannelRecord record;
   record.id = entry.channelId;
@@ -62,7 +63,8 @@ ChannelRecord ToRecord(const RefreshEntry& entry, FeedParser& parser) {
   return record;
 }
 
-// True when every post of the record is in the store.
+// Inserts the channel, if it is not in the store, and its new posts. Returns whether all posts of
+// `record` are in the store now.
 bool StoreChannel(ChannelRecord& record, Store& store, WorkerReport& report, std::stop_token stop) {
   if (stop.stop_requested()) return false;
   Connection connection(store);
@@ -77,7 +79,8 @@ bool StoreChannel(ChannelRecord& record, Store& store, WorkerReport& report, std
   return inserted.complete;
 }
 
-// A clock that was set back must not silence a channel for longer than a server may.
+// Returns whether the server has asked for a longer wait. A wait of more than kLongestWait means
+// that the clock was set back; it is ignored.
 bool MustWait(const FeedVisit& last, std::chrono::system_clock::time_point now) {
   return now < last.notBefore && last.notBefore <= now + kLongestWait;
 }
@@ -93,31 +96,32 @@ void RememberWait(const RefreshEntry& entry, FeedVisit last, const FetchOutcome&
 }  // namespace
 
 void RefreshChannel(const RefreshEntry& entry, bool holdsPosts, const IngestServices& services,
-                    WorkersWeb& web, WorkerReport& report, std::stop_token stop) {
-  const FeedVisit last = web.memory.Last(entry.channelId, entry.xmlLink);
+                    RefreshResources& resources, WorkerReport& report, std::stop_token stop) {
+  const FeedVisit last = resources.memory.Last(entry.channelId, entry.xmlLink);
   if (MustWait(last, services.clock.Now())) return report.Ended(kDownloadFailed);
-  LargeDocuments::Turn turn(web.largeDocuments);
+  LargeDocuments::Turn turn(resources.largeDocuments);
   FeedParser parser(services.TextCodePage(), OptionsFor(turn, stop));
   const FetchOutcome outcome = FetchFeed({.address = entry.xmlLink,
                                           .path = WorkerFilePath(services.workDir, entry.channelId),
                                           .known = holdsPosts ? last.validators : Validators(),
-                                          .pool = &web.pool},
+                                          .pool = &resources.pool},
                                          services, stop, parser);
   if (!outcome.isNew) return report.Unchanged();
   if (outcome.result == kChannelRefreshed) {
     report.Fetched();
     ChannelRecord record = ToRecord(entry, parser);
     if (IsLarge(record)) {
-      turn.Take(stop);
+      turn.Acquire(stop);
     } else {
-      turn.LetGo();
+      turn.Release();
     }
-    // Posts that could not be stored come again only with the whole document.
+    // Without validators the next request is for the whole document, with the posts that are
+    // missing.
     const bool isStored = StoreChannel(record, *services.store, report, std::move(stop));
     const Validators known = isStored ? outcome.validators : Validators();
-    if (record.id >= 0) web.memory.Remember(record.id, {entry.xmlLink, known});
+    if (record.id >= 0) resources.memory.Remember(record.id, {entry.xmlLink, known});
   } else {
-    RememberWait(entry, last, outcome, services.clock, web.memory);
+    RememberWait(entry, last, outcome, services.clock, resources.memory);
   }
   report.Ended(outcome.result);
 }

@@ -12,35 +12,35 @@
 
 namespace feedloom {
 
-// How a worker tells its run what happens. Once the worker was stopped or given up, nothing of it
-// is passed on.
+// Receives a worker's progress, on the worker's thread. Ignores it once the worker was stopped.
 class WorkerReport {
  public:
   virtual ~WorkerReport() = default;
-  // The document is here and is a feed: a worker that is stopped from now on has not failed.
+  // The document was fetched and is a feed: stopping the worker is no failure from now on.
   virtual void Fetched() = 0;
-  // A channel that was not in the store is there as `channelId`, inserted now or found.
+  // A channel with a negative id has become `channelId`: inserted now, or found in the store.
   virtual void Stored(int channelId, bool newlyInserted) = 0;
-  // So many posts of the channel were not there before.
+  // `newPosts` posts were inserted.
   virtual void Inserted(int newPosts) = 0;
-  // The server has no other version than the one that is stored; the worker's last call.
+  // The server has answered that the document has not changed. No call follows.
   virtual void Unchanged() = 0;
-  // The worker is done; its last call.
+  // The refresh has ended with `result`. No call follows.
   virtual void Ended(ChannelResult result) = 0;
 };
 
-// What the workers of one process share.
-struct WorkersWeb {
+// What all workers of an engine share.
+struct RefreshResources {
   FeedMemory memory;
   TransferPool pool = {};
   LargeDocuments largeDocuments = {};
 };
 
-// Downloads and parses the feed of `entry` and stores the posts that its channel does not have yet;
-// a channel that is not in the store is inserted first. When it `holdsPosts`, the server may say
-// that nothing is new. A server that has asked to be left alone is not asked: the download failed.
-// Blocks; ends soon after `stop`.
+// Downloads and parses the feed of `entry`, inserts its channel if it has a negative id, stores the
+// channel's new posts, and tells `report`. The request is conditional (RFC 9110) when the channel
+// `holdsPosts`. While a server's "Retry-After" lasts, ends with kDownloadFailed without a request.
+// Blocks the calling worker thread. Ends within 100 ms of `stop`, or behind the SQL statement under
+// way.
 void RefreshChannel(const RefreshEntry& entry, bool holdsPosts, const IngestServices& services,
-                    WorkersWeb& web, WorkerReport& report, std::stop_token stop);
+                    RefreshResources& resources, WorkerReport& report, std::stop_token stop);
 
 }  // namespace feedloom

@@ -9,14 +9,14 @@
 
 namespace feedloom {
 
-// A stop that comes when `outer` does, or by itself when `limit` has passed on `clock`. Counts from
-// its making to its end, on a thread of its own; the clock outlives it.
+// Requests a stop when `outer` does, or when `limit` has passed on `clock` since the construction.
+// Runs a thread for that. The clock must outlive the object. Any thread may call it.
 class TimeLimit {
  public:
   TimeLimit(Clock& clock, std::chrono::milliseconds limit, std::stop_token outer = {});
 
   std::stop_token Token() const { return stop_.get_token(); }
-  // True when the stop came and `outer` had no part in it.
+  // Returns whether the stop came from the time limit.
   bool RanOut() const { return stop_.stop_requested() && !outer_.stop_requested(); }
 
  private:

@@ -1,13 +1,9 @@
-// The parts of a refresh by themselves: its queue, what it remembers of servers, and the place for
-// a large document.
+// The parts of a refresh by themselves: its queue, and what it remembers of servers.
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <sstream>
-#include <thread>
 
 #include "ingest/FeedMemory.h"
-#include "ingest/LargeDocuments.h"
 #include "ingest/RefreshQueue.h"
 #include "kit/TempFolder.h"
 
@@ -23,16 +19,15 @@ std::string Answers(const std::string& script) {
   std::istringstream words(script);
   std::string answers;
   for (std::string word; words >> word;) {
-    std::istringstream rest(word.substr(1));
-    const bool hasId = word.find_first_of("0123456789") != word.npos;
     RefreshEntry entry;
     char letter = 0;
     int newId = 0;
-    if (hasId) rest >> entry.channelId;
-    rest >> letter >> newId;
+    const bool hasId =
+        std::sscanf(word.c_str() + 1, "%d%c%d", &entry.channelId, &letter, &newId) > 0;
+    if (!hasId) letter = word.back();
+    const int id = entry.channelId;
     entry.folderId = letter == 'A' ? 2 : 1;
     entry.xmlLink = letter == 0 ? word : letter == 'b' ? "b" : "a";
-    const int id = entry.channelId;
     if (word[0] == 'r') queue.Renumber(id, newId);
     if (word[0] == '-') hasId ? queue.Remove(id) : queue.RemoveWaiting();
     if (word[0] == '+' && !queue.Append(entry)) answers += "refused ";
@@ -96,25 +91,6 @@ TEST(FeedMemory, TwoProgramsWriteOnlyWhatTheyFoundOut) {
   save(one, 3, {"http://c", {"3", ""}}, 2);
   save(one, 1, {"http://a"});
   EXPECT_EQ(ReadFeedVisits(folder.Read("feed_memory")), (FeedVisits{{3, {"http://c", {"3", ""}}}}));
-}
-
-TEST(LargeDocuments, TheNextOneWaitsUntilThePlaceIsFreeOrItIsStopped) {
-  LargeDocuments place;
-  std::atomic<int> taken = 0;
-  const auto take = [&](std::stop_token stop) {
-    taken += LargeDocuments::Turn(place).Take(stop) ? 1 : 0;
-  };
-  LargeDocuments::Turn first(place);
-  ASSERT_TRUE(first.Take({}) && first.Take({}));
-  for (int round = 0; round < 50; ++round) {
-    std::jthread stopped(take);
-    std::this_thread::yield();
-  }
-  EXPECT_EQ(taken, 0);
-  std::jthread second(take);
-  first.LetGo();
-  second.join();
-  EXPECT_EQ(taken, 1);
 }
 
 }  // namespace
