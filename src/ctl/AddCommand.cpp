@@ -14,8 +14,9 @@
 namespace feedloom {
 namespace {
 
-// The id of the folder with this name, added when there is none; of the first folder without a
-// name. 0 or less, after a message, when there is no such folder to be had.
+// Returns the id of the folder named `name` (UTF-8), which is added when there is none. For an
+// empty `name` returns the id of the first folder. After a failure prints an error and returns 0 or
+// less.
 int FolderFor(Session& session, const std::string& name) {
   Store& store = session.GetStore();
   if (!name.empty()) {
@@ -36,7 +37,8 @@ const char* Reason(const FetchOutcome& outcome) {
   return outcome.result == kDownloadFailed ? outcome.error.c_str() : "this is not a feed";
 }
 
-// The channel as its feed describes it; none, after a message, when the address is not a feed's.
+// Returns the channel as the feed at `address` describes it. When there is no feed, prints an error
+// and returns nothing.
 std::optional<ChannelRecord> ReadChannel(Session& session, const std::string& address) {
   FeedParser parser(session.TextCodePage());
   const FetchOutcome outcome = FetchOnce(session, address, parser);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kUsageError = 2;
 
-// The arguments' owner: the library writes into these while it parses.
+// The values of the arguments. The option parser writes into them, so they must outlive its parse.
 struct Arguments {
   GlobalOptions global;
   InitOptions init;
@@ -29,7 +29,7 @@ struct Arguments {
   int cabinet = 0;
   int days = 0;
 
-  // What the command given on the line does.
+  // Runs the command that the arguments name.
   std::function<int()> run;
 };
 
@@ -38,7 +38,7 @@ CLI::App* AddSubcommand(CLI::App& app, const char* name, const char* help) {
   return sub->footer("Every command takes --profile DIR and --json.");
 }
 
-// A command that needs an open profile.
+// Adds a command that runs on an open profile.
 CLI::App* AddCommand(CLI::App& app, Arguments& arguments, const char* name, const char* help,
                      std::function<int(Session&)> command) {
   CLI::App* sub = AddSubcommand(app, name, help);

@@ -1,6 +1,5 @@
-// What feedloomctl can do: one function a command, with the options that it was given. Each prints
-// its result to stdout and what went wrong to stderr, and returns the exit status. Texts of options
-// are UTF-8.
+// The commands of feedloomctl, one function each. A function prints its result to stdout and errors
+// to stderr, and returns the exit status. Texts of options are UTF-8.
 #pragma once
 
 #include <optional>
@@ -16,16 +15,17 @@ inline constexpr int kFailure = 1;
 
 // Options of every command.
 struct GlobalOptions {
-  std::string profileDir;  // empty: the default one
+  std::string profileDir;  // empty: the default profile
   bool json = false;
 };
 
 struct InitOptions {
-  std::optional<std::string> codePage;  // none: as fits the language
-  std::optional<std::string> language;  // none: the user's locale decides
+  std::optional<std::string> codePage;  // none: that of the language
+  std::optional<std::string> language;  // none: that of the user's locale
 };
 int RunInit(const GlobalOptions& global, const InitOptions& options);
 
+// `source` is a file or the address of a feed.
 int RunCheck(Session& session, const std::string& source);
 
 struct AddOptions {
@@ -37,8 +37,8 @@ int RunAdd(Session& session, const AddOptions& options);
 
 int RunList(Session& session);
 
-// To the file `path`; from the file or the address `source`.
 int RunExport(Session& session, const std::string& path);
+// `source` is a file or an address.
 int RunImport(Session& session, const std::string& source);
 
 struct DirectoryOptions {
@@ -64,11 +64,11 @@ int RunPosts(Session& session, const PostsOptions& options);
 
 struct ShowOptions {
   int post = 0;
-  std::string output;  // a file for the page's own bytes; empty: stdout
+  std::string output;  // the file that the page is written to; empty: stdout
 };
 int RunShow(Session& session, const ShowOptions& options);
 
-// Just one of the lists is given.
+// The ids that a command applies to. Exactly one of the lists is not empty.
 struct Targets {
   std::vector<int> posts;
   std::vector<int> channels;

@@ -1,4 +1,4 @@
-// feedloomctl directory: a page of what the web directory has for a word.
+// feedloomctl directory: one page of the web directory's feeds for a word.
 #include <fmt/core.h>
 
 #include "ctl/Commands.h"
@@ -16,7 +16,8 @@ struct Found {
   std::vector<PostRow> rows = {};
 };
 
-// Why nothing came, when the request took as long as it did.
+// Returns the error for a request to `service` without an answer; `isTooLate`: the time limit has
+// passed.
 std::string NoAnswerText(const Session& session, const std::string& service, bool isTooLate) {
   const std::string place = OneLine(session.Utf8(service));
   return isTooLate ? fmt::format("{} did not answer within {} seconds", place,
@@ -24,7 +25,7 @@ std::string NoAnswerText(const Session& session, const std::string& service, boo
                    : fmt::format("{} gave no answer", place);
 }
 
-// None, after a message, when no answer comes.
+// Returns the directory's answer. Without one prints an error and returns nothing.
 std::optional<Found> Search(Session& session, const DirectoryOptions& options) {
   const std::string service = session.GetSkin().GetText(kSectionTexts, kTextDirectoryService);
   if (service.empty()) {

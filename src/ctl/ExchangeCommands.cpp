@@ -12,7 +12,8 @@
 namespace feedloom {
 namespace {
 
-// Who mistypes a file's name is not to be asked for a host of that name.
+// Returns whether `typed` names a file. A text that looks like a file's name counts as one even
+// when there is no such file, so that a mistyped name is not asked for as a host.
 bool IsFileName(const std::string& typed) {
   if (IsRegularFile(typed)) return true;
   const bool looksLikeOne = typed.empty() || typed.front() == '/' || typed.front() == '.' ||

@@ -6,8 +6,8 @@
 
 namespace feedloom {
 
-// The address of a feed as the user named it: the file: address of a file that exists, else the
-// text completed as CompleteFeedAddress does, with the host's usual scheme. `typed` is UTF-8.
+// Returns the address of the feed that the user calls `typed` (UTF-8): the file: address when such
+// a file exists, else CompleteFeedAddress with the scheme of the `skin`.
 std::string FeedAddress(const Skin& skin, const std::string& typed);
 
 }  // namespace feedloom

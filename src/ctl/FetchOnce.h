@@ -7,8 +7,9 @@
 
 namespace feedloom {
 
-// Fetches one feed into `parser`, in at most the time that a refresh gives a channel. Blocks. The
-// outcome is a failed download, with its reason, also when there is no folder to work in.
+// Downloads the feed at `address` (ASCII) and parses it with `parser`, in at most
+// RefreshLimits::timeLimit. Blocks the calling thread. Without a work folder the outcome is
+// kDownloadFailed, with the reason in `error`.
 FetchOutcome FetchOnce(Session& session, const std::string& address, FeedParser& parser);
 
 }  // namespace feedloom

@@ -40,7 +40,7 @@ std::string OneLine(std::string_view utf8) {
   std::string line;
   for (std::size_t i = 0; i < utf8.size(); ++i) {
     const auto byte = static_cast<unsigned char>(utf8[i]);
-    // U+0080 to U+009F are C2 80 to C2 9F.
+    // The control characters U+0080 to U+009F are C2 80 to C2 9F in UTF-8.
     const bool isC1 =
         byte == 0xC2 && i + 1 < utf8.size() && static_cast<unsigned char>(utf8[i + 1]) < 0xA0;
     if (isC1) ++i;

@@ -1,4 +1,4 @@
-// How results leave the program. Everything printed is UTF-8.
+// The program's output. All texts are UTF-8.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -9,22 +9,23 @@ namespace feedloom {
 
 using Json = nlohmann::ordered_json;
 
-// One value, indented, and a line feed, to stdout.
+// Prints `value`, indented, and a line feed to stdout.
 void PrintJson(const Json& value);
 
-// One line to stdout.
+// Prints one line to stdout.
 void PrintLine(std::string_view utf8);
 
-// Whether all that was printed to stdout so far has arrived there.
+// Flushes stdout and returns whether everything printed so far was written.
 bool AllPrinted();
 
-// "feedloomctl: " and the text, to stderr.
+// Prints one line to stderr: "feedloomctl: " and the text.
 void PrintError(std::string_view utf8);
 
-// What became of a channel's refresh (a ChannelResult), in words.
+// Returns the words for `result`, a ChannelResult.
 std::string_view ResultWords(int result);
 
-// `utf8` for one line on a terminal: control characters, which feeds may hold, become blanks.
+// Returns `utf8` with a blank for each control character, so that a feed's text cannot control the
+// terminal.
 std::string OneLine(std::string_view utf8);
 
 }  // namespace feedloom

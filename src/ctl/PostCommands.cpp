@@ -1,4 +1,4 @@
-// feedloomctl mark, delete, clip, cleanup: what changes posts that are stored.
+// feedloomctl mark, delete, clip and cleanup: change the stored posts.
 #include <fmt/core.h>
 
 #include <algorithm>
@@ -16,7 +16,8 @@
 namespace feedloom {
 namespace {
 
-// True when all that `targets` names exists. Nothing is changed when one does not.
+// Returns whether all rows of `targets` exist; prints an error otherwise. A command asks first, so
+// that it changes either all of them or none.
 bool AllExist(Store& store, const Targets& targets) {
   return std::ranges::all_of(targets.posts,
                              [&](int id) { return FindNamedPost(store, id).has_value(); }) &&
@@ -33,7 +34,7 @@ int Done(const Session& session, std::string_view what) {
   return session.Finish(kSuccess);
 }
 
-// True when all these folders exist and may be deleted.
+// Returns whether all these folders exist and may be deleted; prints an error otherwise.
 bool AreDeletable(Store& store, const std::vector<int>& folderIds) {
   if (folderIds.empty()) return true;
   const auto folders = FindFolders(store, folderIds);

@@ -1,5 +1,5 @@
-// feedloomctl posts: the posts of a channel, a folder, a cabinet, of today, or with a word in their
-// title.
+// feedloomctl posts: lists the posts of a channel, a folder or a cabinet, also only those of today
+// or those with a word in their title.
 #include <fmt/core.h>
 
 #include "ctl/Commands.h"
@@ -14,7 +14,7 @@ namespace {
 
 using PostRows = std::vector<PostRow>;
 
-// Takes the posts of the container that `load` fills.
+// Sets `out` to the posts of the container `id`, which `load` reads. Returns false after a failure.
 template <typename Container>
 bool TakePosts(Store& store, bool (*load)(Store&, int, Container&), int id, PostRows& out) {
   Container container;

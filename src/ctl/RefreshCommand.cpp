@@ -10,13 +10,14 @@
 namespace feedloom {
 namespace {
 
-// Nobody shows a busy mark here.
+// Ignores the messages for a host: this program shows no busy mark.
 class NoHost : public MessageTarget {
  public:
   std::intptr_t Send(unsigned, std::intptr_t, std::intptr_t) override { return 0; }
 };
 
-// The channels that `options` name, all without one; none, after a message, when there are no such.
+// Returns the channels that `options` select, all of them without an option. When there is no such
+// channel or folder, prints an error and returns nothing.
 std::optional<std::vector<ChannelRow>> ChannelsToRefresh(Session& session,
                                                          const RefreshOptions& options) {
   Store& store = session.GetStore();

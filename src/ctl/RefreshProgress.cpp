@@ -39,7 +39,7 @@ std::intptr_t RefreshProgress::Send(unsigned message, std::intptr_t wParam, std:
   return 0;
 }
 
-// Comes when a worker begins, and again when it is stopped at its time limit.
+// The message comes when a worker begins, and a second time when it is stopped at its time limit.
 void RefreshProgress::OnWorker(int channelId) {
   {
     const MutexLock lock(mutex_);

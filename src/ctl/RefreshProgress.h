@@ -16,23 +16,24 @@ namespace feedloom {
 
 class Session;
 
-// Follows a refresh through the engine's messages: prints a line for each channel that ends, draws
-// a bar when stdout is a terminal, and knows the sums at the end.
+// Shows the progress of a refresh: prints a line for each channel that has ended, draws a bar when
+// stdout is a terminal, and sums up at the end.
 class RefreshProgress : public MessageTarget {
  public:
-  // `channels` are those that the run refreshes, as they were before it.
+  // `channels` are the rows, read before the run, of those that it refreshes. `session` must
+  // outlive the object.
   RefreshProgress(Session& session, const std::vector<ChannelRow>& channels);
 
-  // From the engine's threads.
+  // Receives the engine's messages. Any thread may call it.
   std::intptr_t Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) override;
 
-  // The same: so many posts of the channel are new.
+  // Adds `newPosts` to the channel's new posts. Any thread may call it.
   void CountNew(int channelId, int newPosts);
 
   // Blocks until the run has ended.
   void Wait();
 
-  // To be asked after Wait.
+  // PrintSummary and AllRefreshed may be called after Wait.
   void PrintSummary() const;
   bool AllRefreshed() const;
 

@@ -13,7 +13,7 @@
 namespace feedloom {
 namespace {
 
-// `load` appends all rows; `kind` is what the user calls one.
+// Returns the rows of `ids` out of those that `load` appends. `kind` names a row in the error.
 template <typename Row>
 std::optional<std::vector<Row>> Find(Store& store, bool (*load)(Store&, std::vector<Row>&),
                                      const char* kind, std::span<const int> ids) {

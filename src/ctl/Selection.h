@@ -1,4 +1,4 @@
-// Channels, folders and cabinets that a command names by their ids.
+// Finds the rows that a command names by their ids.
 #pragma once
 
 #include <optional>
@@ -10,12 +10,13 @@
 
 namespace feedloom {
 
-// The rows with these ids, in the ids' order; none, after a message, when one does not exist or the
-// store failed. One statement, however many ids.
+// Return the rows with these ids, in the order of `ids`, with one SQL statement. When one does not
+// exist or the store fails, print an error and return nothing.
 std::optional<std::vector<FolderRow>> FindFolders(Store& store, std::span<const int> ids);
 std::optional<std::vector<ChannelRow>> FindChannels(Store& store, std::span<const int> ids);
 
-// The row with this id; none, after a message, when there is no such row or the store failed.
+// Return the row with this id. When there is none or the store fails, print an error and return
+// nothing.
 std::optional<FolderRow> FindFolder(Store& store, int id);
 std::optional<ChannelRow> FindChannel(Store& store, int id);
 std::optional<CabinetRow> FindCabinet(Store& store, int id);

@@ -11,7 +11,7 @@
 namespace feedloom {
 namespace {
 
-// The profile's directory; empty, after a message, when none can be told.
+// Returns the profile's directory. When there is no default one, prints an error and returns "".
 std::string ProfileDir(const GlobalOptions& global) {
   std::string dir = global.profileDir.empty() ? DefaultProfileDir() : global.profileDir;
   if (dir.empty()) PrintError("no home directory for a profile; name one with --profile");
@@ -30,7 +30,8 @@ Failure MakeProfile(const std::string& dir, const InitOptions& options) {
   return CreateProfile(dir, ShareDir(), codePage, language);
 }
 
-// Sees to it that `paths` hold a profile that can be used.
+// Creates the profile of `paths` when it does not exist, and checks and repairs it otherwise.
+// Returns whether it can be used; prints an error when it cannot.
 bool Prepare(const ProfilePaths& paths) {
   if (!ProfileExists(paths)) {
     if (!Succeeded(MakeProfile(paths.dir, {}))) return false;

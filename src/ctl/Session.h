@@ -14,11 +14,12 @@
 
 namespace feedloom {
 
-// A profile that is open for one command.
+// A profile that is open for one command. Belongs to the main thread; any thread may call its const
+// functions.
 class Session {
  public:
-  // Opens the profile that `global` names, and makes it first when there is none. Null, after a
-  // message, when that fails.
+  // Opens the profile that `global` names, and creates it first when there is none. After a failure
+  // prints an error and returns null.
   static std::unique_ptr<Session> Open(const GlobalOptions& global);
 
   Store& GetStore() { return *store_; }
@@ -26,15 +27,15 @@ class Session {
   CodePage TextCodePage() const { return store_->TextCodePage(); }
   bool WantsJson() const { return json_; }
 
-  // What downloads need; its work folder belongs to this process alone. Null, after a message, when
-  // that folder cannot be made.
+  // Returns the services for downloads, with a work folder of this process alone. When the folder
+  // cannot be created, prints an error and returns null.
   SharedServices Services();
 
-  // From the module's texts to UTF-8, and back.
+  // Convert from the module's code page to UTF-8, and back.
   std::string Utf8(std::string_view text) const { return TextCodePage().ToUtf8(text); }
   std::string Text(std::string_view utf8) const { return TextCodePage().FromUtf8(utf8); }
 
-  // `status`, or a failure when the store has reported one meanwhile.
+  // Returns `status`, or kFailure when the store has reported a failure.
   int Finish(int status) const { return *storeFailed_ ? kFailure : status; }
 
  private:

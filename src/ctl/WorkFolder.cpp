@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kPrefix = "feedloomctl-";
 
-// The locked directory's handle; -1 when another process holds it.
+// Locks the directory at `path` and returns its handle, or -1 when another process has locked it.
 int LockDirectory(const std::string& path) {
   const int handle = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (handle >= 0 && flock(handle, LOCK_EX | LOCK_NB) != 0) {
@@ -41,7 +41,7 @@ void RemoveAbandoned(const std::string& parent) {
 WorkFolder::WorkFolder(const std::string& parent) {
   std::error_code ignored;
   std::filesystem::create_directories(parent, ignored);
-  // Until the new folder is locked, another program would take it for an abandoned one.
+  // The parent stays locked until the new folder is: another program would remove an unlocked one.
   const DirectoryLock turn(parent);
   RemoveAbandoned(parent);
   std::string path = JoinPath(parent, std::string(kPrefix) + "XXXXXX");

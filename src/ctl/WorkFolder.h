@@ -4,12 +4,12 @@
 
 namespace feedloom {
 
-// A folder of this process alone inside a profile's work folder, removed at the end: two programs
-// that refresh one profile at the same time must not meet in one temporary file. Folders of
-// processes that were killed are removed first.
+// A folder of this process alone inside a profile's work folder, so that two programs which refresh
+// one profile do not share a temporary file. The destructor removes it. One thread uses the object.
 class WorkFolder {
  public:
-  // Makes the folder; Path() is empty when that fails.
+  // Removes the folders of killed processes from `parent`, and creates a new one. After a failure
+  // Path() is empty.
   explicit WorkFolder(const std::string& parent);
   ~WorkFolder();
   WorkFolder(const WorkFolder&) = delete;
@@ -19,7 +19,7 @@ class WorkFolder {
 
  private:
   std::string path_;
-  int lock_ = -1;  // an open, locked directory: held as long as the process lives
+  int lock_ = -1;  // the handle of the directory, which stays locked while the process lives
 };
 
 }  // namespace feedloom
