@@ -106,11 +106,14 @@ TEST_F(Refresh, StoresNewPostsAndMarksAFailure) {
   EXPECT_EQ(Posts(), 0);
   const std::string path = Korean("/한.xml");
   const Registry registry(kit_.folder.File("registry.reg"));
+  const auto agent = [&] { return kit_.server.LastHeader("/%ed%95%9c.xml", "User-Agent"); };
   ASSERT_TRUE(registry.WriteString(kModuleKey, "UserAgent", "two\nlines"));
   EXPECT_EQ(Again(path), "W1,0 N1,2 R0,1 R1,0 0");
-  const char* sql =
-      "delete from TB_POST where post_link='l2'; update TB_POST set post_readStatus=1";
-  EXPECT_EQ(Again(path, sql), "W1,0 N1,1 R0,1 R1,0 0");
+  EXPECT_TRUE(agent().starts_with("Feedloom/"));
+  ASSERT_TRUE(registry.WriteString(kModuleKey, "UserAgent", "Mine/1"));
+  kit_.db.Sql("delete from TB_POST where post_link='l2'; update TB_POST set post_readStatus=1");
+  EXPECT_EQ(Again(path), "W1,0 N1,1 R0,1 R1,0 0");
+  EXPECT_EQ(agent(), "Mine/1") << "the user's name of the reader";
   EXPECT_EQ(
       kit_.db.Value("select group_concat(channel_title||'|'||post_title||'|'||post_link||'|'||"
                     "post_pubDate||'|'||post_readStatus, '; ') from TB_POST, TB_CHANNEL"),
