@@ -1,9 +1,12 @@
+// What is read of a feed: its document, and the dates in it.
 #include <fmt/core.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
 
+#include "ingest/FeedDate.h"
 #include "ingest/FeedParser.h"
+#include "kit/ManualClock.h"
 #include "kit/TempFolder.h"
 
 namespace feedloom {
@@ -106,20 +109,82 @@ TEST_F(Parsing, ReadsTwoLevelsOfOutlines) {
 }
 
 TEST_F(Parsing, ReadsNoMoreAfterAStopOrOneOutlineTooMany) {
-  std::string text = "<body><item/>";
-  for (std::size_t i = 0; i <= kMostOutlines / 2; ++i) text += "<outline><outline/></outline>";
-  for (const char* end : {"</body>", "<outline/></body>", " </body>"}) {
-    std::vector<OpmlOutline> out;
-    std::vector<FeedItem> items;
-    XmlDocument document;
-    (void)document.Load(folder_.Write("f.xml", text + end));
-    const bool isStopped = end[0] == ' ' && stop_.request_stop();
-    ReadOpmlOutlines(document.Root(), codePage_, stop_.get_token(), out);
-    EXPECT_EQ(CountOutlines(out), isStopped ? 0 : kMostOutlines + 1);
-    EXPECT_EQ(ReadFeedItems(document.Root(), {.rss = 2}, codePage_, stop_.get_token(), items),
-              isStopped ? -1 : 0);
+  std::string list = "<opml>";
+  for (std::size_t i = 0; i <= kMostOutlines / 2; ++i) list += "<outline><outline/></outline>";
+  for (const char* end : {"</opml>", "<outline/></opml>"}) {
+    FeedParser parser(codePage_);
+    EXPECT_EQ(parser.Parse(folder_.Write("list.opml", list + end)), 0);
+    EXPECT_EQ(CountOutlines(parser.Outlines()), kMostOutlines + 1);
   }
+  stop_.request_stop();
   ExpectRead("<feed/>~-1 -1 -1 -1||");
+}
+
+using Rows = std::vector<const char*>;
+
+std::string Stored(std::string text) {
+  NormalizeFeedDate(text);
+  return text;
+}
+
+// `rows`: a stored form, the dates that have it with bars between them, a stored form ...
+void ExpectStored(const Rows& rows) {
+  for (std::size_t i = 0; i < rows.size(); i += 2) {
+    std::istringstream dates(rows[i + 1]);
+    for (std::string date; std::getline(dates, date, '|');)
+      EXPECT_EQ(Stored(date), rows[i]) << date;
+  }
+}
+
+TEST(FeedDate, IsReadAsFarAsItGoes) {
+  ExpectStored(
+      {"2003-06-09 04:05:07", "  Tue,  9  June  2003  04:05:07  ut \n|2003-6-9T4:5:7",
+       "2003-06-10 04:00:00",
+       "Tue, 10 6 2003 04:00:00 Z|Tue, 10 Jun 2003 04:30|2003-06-10T04:30|2003-06-10 04:00:00.000Z",
+       "2003-06-10 04:10:00", "Tue, 10 Jun 2003 04:10:30", "2003-06-10 00:00:00",
+       "Tue, 10 Jun 2003 noon|2003-06-10|2003-06-10T04", "1970-01-31 00:00:00",
+       "x 31 jAn. 1970 00:00:00 GMT+9", "3000-07-01 04:00:00", "Mon, 31 Jun 3000 04:00:00 GMT",
+       "2003-12-31 18:00:00", "Thu, 01 Jan 2004 01:00:00 MST", "1999-12-01 04:00:00",
+       "Thu, 1 Dec 99 04:00:00 GMT|1999-12-01T04:00:00Z", "",
+       " \t|Tuesday|Tue, 10 Jun|Tue, 10 Jun 2003|Tue, 10 Jun 03 04:00:00 GMT|"
+       "Tue, 10 Foo 2003 04:00:00 GMT|Tue, 32 Jun 2003 04:00:00 GMT|Tue, 0 Jun 2003 04:00:00 GMT|"
+       "Tue, 10 Jun 3001 04:00:00 GMT|10 Jun 2003 04:00:00 GMT|2003|2003-06|2003-13-01|2003-00-01|"
+       "2003-01-00|1969-12-31T23:00:00Z|2003-06-10T999999999:00:00Z|99999999999999999999-01-01"});
+}
+
+TEST(FeedDate, AddsTheOffsetAsItIsWritten) {
+  std::istringstream words(
+      "UT 10:00 Z 10:00 GMT 10:00 EST 05:00 EDT 06:00 CST 04:00 CDT 05:00 MST 03:00 MDT 04:00 "
+      "PST 02:00 pdt 03:00 A 09:00 I 01:00 J 10:00 K 00:00 M 22:00 N 11:00 Y 22:00 @ 10:00 "
+      "+0930 19:30 -0430 05:30 0930 10:00 TZ 10:00 Test 05:00 T-05:00 05:00 T+09:30 19:30 "
+      "T+0900 10:20 T-0900 09:40");  // without a colon the century's digits stand for minutes
+  for (std::string zone, time; words >> zone >> time;) {
+    const bool isIso = zone[0] == 'T';
+    const std::string date = isIso ? "2003-06-10T10:00:00" : "Tue, 10 Jun 2003 10:00:00 ";
+    EXPECT_EQ(Stored(date + zone.substr(isIso ? 1 : 0)).substr(11, 5), time) << zone;
+  }
+}
+
+TEST(FeedDate, OnlyATimeThatTheMachinesZoneLeavesOutIsMoved) {
+  setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
+  tzset();
+  ExpectStored({"2008-03-09 03:30:00", "2008-03-09T02:30:00", "2008-03-09 01:59:59",
+                "2008-03-09T01:59:59", "2008-03-09 03:00:00", "2008-03-08T22:00:00+04:00",
+                "2008-11-02 01:30:00", "2008-11-02T01:30:00", "2008-07-01 12:00:00",
+                "2008-07-01T12:00:00"});
+  unsetenv("TZ");
+  tzset();
+}
+
+TEST(FeedDate, IsShownAsTimeTodayAndAsDateOtherwise) {
+  const ManualClock clock(NoonOf(2008, 5, 1));
+  const Rows rows = {"2008-05-01 09:30:01", "09:30:01",   "2008-05-02 09:30:00", "2008-05-02",
+                     "2008-06-01 09:30:00", "2008-06-01", "2007-5-1 9:3:0",      "2007-05-01",
+                     "2008-05-01",          "",           "2008-05-01 09:30",    "",
+                     "1969-05-01 09:30:00", "",           "2008-05-32 09:30:00", ""};
+  for (std::size_t i = 0; i < rows.size(); i += 2) {
+    EXPECT_EQ(FormatPostDateForDisplay(rows[i], clock), rows[i + 1]);
+  }
 }
 
 }  // namespace
