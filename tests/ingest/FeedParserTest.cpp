@@ -116,6 +116,9 @@ TEST_F(Parsing, ReadsNoMoreAfterAStopOrOneOutlineTooMany) {
     EXPECT_EQ(parser.Parse(folder_.Write("list.opml", list + end)), 0);
     EXPECT_EQ(CountOutlines(parser.Outlines()), kMostOutlines + 1);
   }
+  FeedParser small(codePage_, {.limits = {.atOnce = 99, .askForMore = [] { return false; }}});
+  EXPECT_EQ(small.Parse(folder_.File("list.opml")), kDocumentUnreadable);
+  EXPECT_TRUE(small.IsTooLarge());
   stop_.request_stop();
   ExpectRead("<feed/>~-1 -1 -1 -1||");
 }
