@@ -1,325 +1,180 @@
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <algorithm>
-#include <latch>
-#include <memory>
+#include <filesystem>
 #include <thread>
-#include <vector>
 
 #include "kit/FeedServer.h"
 #include "kit/TempFolder.h"
+#include "platform/Rows.h"
 #include "platform/UrlDownload.h"
-#include "platform/UrlTransfer.h"
+#include "platform/UrlPool.h"
 
 namespace feedloom {
 namespace {
 
 using namespace std::chrono_literals;
-using std::chrono::steady_clock;
 
 class UrlTransferTest : public testing::Test {
  protected:
-  TransferResult Download(const std::string& address, const ProxySettings& proxy = {}) const {
-    return UrlDownloadToFile({.address = address, .web = {.proxy = proxy}},
-                             folder_.File("feed.xml"), {});
+  // What stands in a file after `address` was loaded into it; of a failure the HTTP status.
+  std::string Load(const std::string& address, const ProxySettings& proxy = {}) const {
+    const std::string path = folder_.Write("file", "an older and longer content");
+    const auto result = UrlDownloadToFile({.address = address, .web = {.proxy = proxy}}, path, {});
+    EXPECT_EQ(result.error.empty(), result.ok) << address;
+    return result.ok ? folder_.Read("file") : "failed: " + std::to_string(result.status);
   }
 
-  std::string Downloaded() const { return folder_.Read("feed.xml"); }
-
-  // The content of `address`, or the failure's text.
-  std::string Fetch(const std::string& address, const ProxySettings& proxy = {}) const {
-    const TransferResult result = Download(address, proxy);
-    return result.ok ? Downloaded() : result.error;
+  // Runs a request whose content nobody wants.
+  static TransferResult Run(TransferRequest request, std::stop_token stop = {}) {
+    if (!request.sink) request.sink = [](auto) { return true; };
+    return RunTransfer(request, stop);
   }
+
+  std::string File(const std::string& name) const { return "file://" + folder_.File(name); }
 
   const TempFolder folder_;
   FeedServer server_;
 };
 
-TransferRequest RequestTo(const std::string& address) {
-  TransferRequest request;
-  request.address = address;
-  return request;
+TEST_F(UrlTransferTest, GivesTheContentOrAFailure) {
+  for (const int status : {400, 503}) server_.Fail("/" + std::to_string(status), status);
+  server_.SlowDrip("/slow", "<rss></rss>", 1ms);
+  server_.BreakOff("/broken", "<rss>");
+  server_.Serve("/0", "");
+  const auto hop = [](int number) { return "/" + std::to_string(number); };
+  for (int i = 1; i <= 11; ++i) server_.Redirect(hop(i), hop(i - 1));
+  server_.Redirect("/to-ftp", "ftp://127.0.0.1/x");
+  server_.Redirect("/to-file", File("my%20feed"));
+  folder_.Write("my feed", "<local/>");
+  const std::string closed = FeedServer().Url("/closed");
+  ExpectRows([this](auto& path) { return Load(path[0] == '/' ? server_.Url(path) : path); },
+             {"/0 -> ", "/slow -> <rss></rss>", "/10 -> ", "/11 -> failed: 302",
+              "/broken -> failed: 200", "/to-ftp -> failed: 302", "/to-file -> failed: 302",
+              "/400 -> failed: 400", "/503 -> failed: 503", "/none -> failed: 404",
+              File("my%20feed") + " -> <local/>", File("missing") + " -> failed: 0",
+              server_.Url("/0").substr(7) + " -> ", closed + " -> failed: 0", " -> failed: 0",
+              "ftp://127.0.0.1/x -> failed: 0", "no address -> failed: 0", "http:// -> failed: 0"});
+  EXPECT_EQ(Run({.address = server_.Url("/10")}).address, server_.Url("/0"));
+  EXPECT_FALSE(Run({.address = File("my%20feed")}).ok) << "not allowed";
+  const auto full = UrlDownloadToFile({.address = server_.Url("/slow")}, "/dev/full", {});
+  EXPECT_TRUE(!full.ok && full.error.starts_with("cannot write the file"));
+  EXPECT_FALSE(UrlDownloadToFile({.address = closed}, folder_.File("missing/file"), {}).ok);
 }
 
-TransferResult RunInto(std::string& content, TransferRequest request) {
-  request.sink = [&content](std::string_view bytes) {
-    content += bytes;
-    return true;
-  };
-  return RunTransfer(request, {});
-}
-
-TEST_F(UrlTransferTest, StoresTheContentInTheFile) {
-  const std::string bytes("<rss>\0\xFF</rss>", 13);
-  folder_.Write("feed.xml", "an older and much longer content");
-  server_.Serve("/feed.xml", bytes);
-  const TransferResult result = Download(server_.Url("/feed.xml"));
-  EXPECT_TRUE(result.ok) << result.error;
-  EXPECT_EQ(result.status, 200);
-  EXPECT_EQ(result.error, "");
-  EXPECT_EQ(Downloaded(), bytes);
-}
-
-TEST_F(UrlTransferTest, AnEmptyContentIsASuccess) {
-  server_.Serve("/empty", "");
-  EXPECT_TRUE(Download(server_.Url("/empty")).ok);
-  EXPECT_EQ(Downloaded(), "");
-}
-
-TEST_F(UrlTransferTest, AStatusOf400OrMoreIsAFailure) {
-  for (const int status : {400, 404, 410, 500, 503}) {
-    server_.Fail("/feed.xml", status);
-    const TransferResult result = Download(server_.Url("/feed.xml"));
-    EXPECT_FALSE(result.ok);
-    EXPECT_EQ(result.status, status);
-    EXPECT_NE(result.error, "");
+TEST_F(UrlTransferTest, GivesEveryByteOf64MebibytesAndNoMore) {
+  constexpr std::size_t kMost = 64 << 20;
+  const std::string bytes = std::string("<rss>\0\xFF</rss>", 13) + std::string(300'000, 'x');
+  server_.Compressed("/feed", bytes);
+  EXPECT_EQ(Load(server_.Url("/feed")), bytes);
+  server_.Compressed("/feed", std::string(kMost + 1, 'x'));
+  EXPECT_EQ(Run({.address = server_.Url("/feed")}).error, "longer than 67108864 bytes");
+  folder_.Write("feed", "");
+  for (const auto& [size, result] : {std::pair(kMost, kMost), std::pair(kMost + 1, 9ul)}) {
+    std::filesystem::resize_file(folder_.File("feed"), size);
+    EXPECT_EQ(Load(File("feed")).size(), result) << "or that of \"failed: 0\"";
   }
+  server_.Endless("/feed");
+  EXPECT_FALSE(Run({.address = server_.Url("/feed"), .sink = [](auto) { return false; }}).ok);
 }
 
-TEST_F(UrlTransferTest, DecodesACompressedTransfer) {
-  const std::string text(300'000, 'x');
-  server_.Compressed("/feed.xml", text);
-  EXPECT_EQ(Fetch(server_.Url("/feed.xml")), text);
-  EXPECT_NE(server_.LastHeader("/feed.xml", "Accept-Encoding").find("gzip"), std::string::npos);
-}
-
-TEST_F(UrlTransferTest, ReadsAnAnswerThatComesInPieces) {
-  server_.SlowDrip("/feed.xml", "<rss></rss>", 1ms);
-  EXPECT_EQ(Fetch(server_.Url("/feed.xml")), "<rss></rss>");
-}
-
-TEST_F(UrlTransferTest, AnAnswerThatBreaksOffIsAFailure) {
-  server_.BreakOff("/feed.xml", "<rss>");
-  EXPECT_FALSE(Download(server_.Url("/feed.xml")).ok);
-}
-
-TEST_F(UrlTransferTest, AnAnswerOfMoreThan64MebibytesIsAFailure) {
-  server_.Endless("/feed.xml");
-  EXPECT_FALSE(Download(server_.Url("/feed.xml")).ok);
-  EXPECT_LE(Downloaded().size(), 64u << 20);
-}
-
-TEST_F(UrlTransferTest, TheLimitHoldsForTheDecodedContent) {
-  server_.Compressed("/feed.xml", std::string((64 << 20) + 1, 'x'));
-  EXPECT_FALSE(Download(server_.Url("/feed.xml")).ok);
-  EXPECT_LE(Downloaded().size(), 64u << 20);
-}
-
-TEST_F(UrlTransferTest, FollowsTenRedirectsAndNoMore) {
-  server_.Serve("/hop0", "there");
-  for (int hop = 1; hop <= 11; ++hop) {
-    server_.Redirect("/hop" + std::to_string(hop), "/hop" + std::to_string(hop - 1));
-  }
-  EXPECT_EQ(Fetch(server_.Url("/hop10")), "there");
-  EXPECT_EQ(Download(server_.Url("/hop10")).address, server_.Url("/hop0"));
-  EXPECT_FALSE(Download(server_.Url("/hop11")).ok);
-}
-
-TEST_F(UrlTransferTest, NeverFollowsARedirectOutOfTheWeb) {
-  const std::string secret = folder_.Write("secret.txt", "SECRET");
-  for (const std::string& target : {"file://" + secret, "file:" + secret,
-                                    std::string("ftp://127.0.0.1/x"), std::string("dict://x/")}) {
-    server_.Redirect("/feed.xml", target);
-    EXPECT_FALSE(Download(server_.Url("/feed.xml")).ok) << target;
-    EXPECT_EQ(Downloaded(), "");
-  }
-}
-
-TEST_F(UrlTransferTest, ReadsALocalFileOnlyWhereThatIsAllowed) {
-  const std::string address = "file://" + folder_.Write("my%20feed.xml", "<rss/>");
-  folder_.Write("my feed.xml", "<local/>");
-  EXPECT_EQ(Fetch(address), "<local/>");
-  EXPECT_FALSE(Download("file://" + folder_.File("missing.xml")).ok);
-
+TEST_F(UrlTransferTest, PostsAFormAndTellsItsSteps) {
+  server_.Redirect("/old", "/form", 307);
+  server_.Echo("/form");
+  std::vector<TransferEvent> steps;
   std::string content;
-  EXPECT_FALSE(RunInto(content, RequestTo(address)).ok);
-  EXPECT_EQ(content, "");
+  TransferRequest request{.address = server_.Url("/old"), .form = "q=%B0%A1&page=2"};
+  request.sink = [&](auto bytes) { return content += bytes, true; };
+  request.onEvent = [&](TransferEvent step, std::string_view) { steps.push_back(step); };
+  EXPECT_TRUE(Run(request).ok);
+  EXPECT_EQ(content, "q=%B0%A1&page=2");
+  EXPECT_EQ(server_.LastHeader("/form", "Content-Type"), "application/x-www-form-urlencoded");
+  using enum TransferEvent;
+  EXPECT_EQ(steps, (std::vector{Created, ResolvingName, NameResolved, Connecting, Connected,
+                                SendingRequest, RequestSent, ResponseReceived, Redirecting,
+                                NameResolved, Connecting, Connected, SendingRequest, RequestSent,
+                                ResponseReceived, ClosingConnection, Complete, ConnectionClosed}));
+  request.address = server_.Url("/none");
+  EXPECT_FALSE(Run(request).ok);
+  EXPECT_EQ(std::ranges::count(steps, Complete), 1);
 }
 
-TEST_F(UrlTransferTest, FailsOnAddressesThatCannotBeReached) {
-  const std::string closed = FeedServer().Url("/feed.xml");
-  for (const std::string& address :
-       {closed, std::string(), std::string("no address at all"), std::string("http://"),
-        std::string("ftp://127.0.0.1/feed.xml")}) {
-    const TransferResult result = Download(address);
-    EXPECT_FALSE(result.ok) << address;
-    EXPECT_EQ(result.status, 0) << address;
-    EXPECT_NE(result.error, "") << address;
+TEST_F(UrlTransferTest, AsksForNewContentOnOneConnectionAndHeedsWhatTheServerWants) {
+  TransferPool pool;
+  const Validators version{"\"v1\"", "Sat, 21 Nov 2026 12:00:00 GMT"};
+  TransferRequest request{.address = server_.Url("/feed"), .pool = &pool};
+  server_.KeepConnections();
+  server_.ServeVersion("/feed", "x", version.etag, version.lastModified);
+  EXPECT_EQ(Run(request).validators, version);
+  request.known = version;
+  EXPECT_EQ(Run(request).status, 304);
+  EXPECT_EQ(server_.Connections(), 1);
+  pool.CloseIdle();
+  request.known = {"\"v1\"\r\nX-Injected: 1"};
+  EXPECT_EQ(Run(request).status, 200);
+  EXPECT_EQ(server_.Connections(), 2);
+  server_.ServeVersion("/feed", "x", std::string(1025, 'v'));
+  EXPECT_TRUE(Run(request).validators.AreEmpty());
+  for (const auto& [wish, decades] :
+       {std::pair("400000000", 1), std::pair("Fri, 31 Dec 2100 00:00:00 GMT", 7),
+        std::pair("-5", 0)}) {
+    server_.Busy("/feed", 503, wish);
+    EXPECT_EQ(Run(request).retryAfter / (3650 * 24h), decades) << wish;
   }
+}
+
+TEST_F(UrlTransferTest, ManyRunSideBySideAndAStopEndsThemAtOnce) {
+  server_.Hang("/silent");
+  server_.SlowDrip("/drip", "<rss/>", 1h);
+  std::stop_source before;
+  before.request_stop();
+  EXPECT_EQ(Run({.address = server_.Url("/silent")}, before.get_token()).error, "stopped");
+  EXPECT_EQ(server_.Requests("/silent"), 0);
+  // A busy machine may need several attempts; without the wake-up none of them is so quick.
+  std::chrono::nanoseconds took = 1s;
+  for (int attempt = 1; attempt <= 10 && took > 100ms; ++attempt) {
+    std::vector<std::jthread> workers;
+    for (const char* path : {"/silent", "/silent", "/drip", "/drip"}) {
+      workers.emplace_back([url = server_.Url(path)](std::stop_token stop) {
+        EXPECT_EQ(Run({.address = url}, stop).error, "stopped");
+      });
+    }
+    EXPECT_TRUE(server_.WaitForRequest("/silent", 20s, 2 * attempt));
+    EXPECT_TRUE(server_.WaitForRequest("/drip", 20s, 2 * attempt));
+    const auto start = std::chrono::steady_clock::now();
+    for (std::jthread& worker : workers) worker.request_stop();
+    workers.clear();
+    took = std::chrono::steady_clock::now() - start;
+  }
+  EXPECT_LE(took, 100ms);
+  EXPECT_GE(server_.HighestConcurrency(), 2);
 }
 
 TEST_F(UrlTransferTest, FailsWhenTheServerEndsBeforeItAnswers) {
   auto server = std::make_unique<FeedServer>();
-  server->Hang("/feed.xml");
-  TransferResult result;
-  std::jthread worker([&, address = server->Url("/feed.xml")] { result = Download(address); });
-  EXPECT_TRUE(server->WaitForRequest("/feed.xml"));
+  server->Hang("/x");
+  const std::jthread worker([url = server->Url("/x")] { EXPECT_FALSE(Run({.address = url}).ok); });
+  EXPECT_TRUE(server->WaitForRequest("/x"));
   server.reset();
-  worker.join();
-  EXPECT_FALSE(result.ok);
 }
 
-TEST_F(UrlTransferTest, FailsWhenTheFileCannotBeWritten) {
-  server_.Serve("/feed.xml", "<rss/>");
-  for (const std::string& path : {folder_.File("missing/feed.xml"), std::string("/dev/full")}) {
-    const TransferResult result = UrlDownloadToFile(RequestTo(server_.Url("/feed.xml")), path, {});
-    EXPECT_FALSE(result.ok) << path;
-    EXPECT_NE(result.error, "") << path;
-  }
-}
-
-TEST_F(UrlTransferTest, EndsWhenTheSinkHasEnough) {
-  server_.Endless("/feed.xml");
-  int calls = 0;
-  TransferRequest request = RequestTo(server_.Url("/feed.xml"));
-  request.sink = [&calls](std::string_view) { return ++calls < 3; };
-  EXPECT_FALSE(RunTransfer(request, {}).ok);
-  EXPECT_EQ(calls, 3);
-}
-
-TEST_F(UrlTransferTest, PostsAForm) {
-  server_.Echo("/search");
-  TransferRequest request = RequestTo(server_.Url("/search"));
-  request.form = "q=%B0%A1&page=2";
-  std::string content;
-  EXPECT_TRUE(RunInto(content, request).ok);
-  EXPECT_EQ(content, "q=%B0%A1&page=2");
-  EXPECT_EQ(server_.LastHeader("/search", "Content-Type"), "application/x-www-form-urlencoded");
-}
-
-TEST_F(UrlTransferTest, TellsWhatItIsDoing) {
-  server_.Redirect("/old.xml", "/feed.xml");
-  server_.Serve("/feed.xml", "<rss/>");
-  std::vector<TransferEvent> events;
-  std::string content;
-  TransferRequest request = RequestTo(server_.Url("/old.xml"));
-  request.onEvent = [&events](TransferEvent event, std::string_view host) {
-    events.push_back(event);
-    EXPECT_EQ(host, "127.0.0.1");
-  };
-  ASSERT_TRUE(RunInto(content, request).ok);
-  const std::vector steps{
-      TransferEvent::Created,          TransferEvent::Connecting,  TransferEvent::RequestSent,
-      TransferEvent::ResponseReceived, TransferEvent::Redirecting, TransferEvent::RequestSent,
-      TransferEvent::ResponseReceived, TransferEvent::Complete,    TransferEvent::ConnectionClosed};
-  std::size_t step = 0;
-  for (const TransferEvent event : events) step += step < steps.size() && event == steps[step];
-  EXPECT_EQ(step, steps.size()) << "the steps in this order, others between them";
-
-  events.clear();
-  server_.Fail("/feed.xml", 404);
-  ASSERT_FALSE(RunInto(content, request).ok);
-  EXPECT_EQ(std::ranges::count(events, TransferEvent::Complete), 0);
-}
-
-class StoppedTransferTest : public UrlTransferTest {
- protected:
-  // How long a transfer goes on after a stop that comes while nothing happens: with the request
-  // sent, or with `received` bytes of the answer here. The best of a few, since the machine may be
-  // busy.
-  steady_clock::duration TimeToStop(std::ptrdiff_t received) {
-    auto best = steady_clock::duration::max();
-    for (int attempt = 1; attempt <= 3; ++attempt) {
-      std::latch arrived(received);
-      TransferRequest request = RequestTo(server_.Url("/feed.xml"));
-      request.sink = [&arrived](std::string_view bytes) {
-        arrived.count_down(static_cast<std::ptrdiff_t>(bytes.size()));
-        return true;
-      };
-      TransferResult result;
-      std::jthread worker([&](std::stop_token stop) { result = RunTransfer(request, stop); });
-      EXPECT_TRUE(server_.WaitForRequest("/feed.xml", 20s, attempt));
-      arrived.wait();
-      const auto start = steady_clock::now();
-      worker.request_stop();
-      worker.join();
-      best = std::min(best, steady_clock::now() - start);
-      EXPECT_FALSE(result.ok);
-      EXPECT_NE(result.error, "");
+TEST_F(UrlTransferTest, GoesThroughTheUsersProxyWhateverTheEnvironmentSays) {
+  FeedServer proxy;
+  const std::string far = "http://news.example/feed", near = server_.Url("/feed");
+  const std::string at = "127.0.0.1:" + std::to_string(proxy.Port());
+  server_.Serve("/feed", "direct");
+  proxy.Serve(far, "proxied");
+  for (const std::string name : {"http_proxy", "ALL_PROXY", "no_proxy"}) {
+    setenv(name.c_str(), name == "no_proxy" ? "*" : "127.0.0.1:1", 1);
+    for (const std::string& list : {at, "https=x:1;http=" + at}) {
+      EXPECT_EQ(Load(far, {true, list, ""}), "proxied") << list;
     }
-    return best;
+    for (const char* bypass : {"x.example;127.0.0.1", "<local>", "*"}) {
+      EXPECT_EQ(Load(near, {true, at, bypass}), "direct") << bypass;
+    }
+    EXPECT_EQ(Load(near, {false, at, ""}), "direct");
+    unsetenv(name.c_str());
   }
-};
-
-TEST_F(StoppedTransferTest, EndsAtOnceWhileTheServerIsSilent) {
-  server_.Hang("/feed.xml");
-  EXPECT_LT(TimeToStop(0), 100ms);
-}
-
-TEST_F(StoppedTransferTest, EndsAtOnceBetweenTwoBytes) {
-  server_.SlowDrip("/feed.xml", "<rss/>", 1h);
-  EXPECT_LT(TimeToStop(1), 100ms);
-}
-
-TEST_F(StoppedTransferTest, AStopThatCameBeforeSendsNoRequest) {
-  server_.Serve("/feed.xml", "<rss/>");
-  std::stop_source stop;
-  stop.request_stop();
-  EXPECT_FALSE(UrlDownloadToFile(RequestTo(server_.Url("/feed.xml")), folder_.File("feed.xml"),
-                                 stop.get_token())
-                   .ok);
-  EXPECT_EQ(server_.Requests("/feed.xml"), 0);
-}
-
-TEST_F(StoppedTransferTest, ManyTransfersRunAndStopSideBySide) {
-  constexpr int kTransfers = 8;
-  server_.Hang("/hang");
-  server_.Serve("/feed.xml", "<rss/>");
-  std::vector<std::jthread> workers;
-  for (int i = 0; i < kTransfers; ++i) {
-    workers.emplace_back([this, i](std::stop_token stop) {
-      const std::string number = std::to_string(i);
-      EXPECT_TRUE(
-          UrlDownloadToFile(RequestTo(server_.Url("/feed.xml")), folder_.File(number), stop).ok);
-      EXPECT_FALSE(
-          UrlDownloadToFile(RequestTo(server_.Url("/hang")), folder_.File(number), stop).ok);
-    });
-  }
-  EXPECT_TRUE(server_.WaitForRequest("/hang", 20s, kTransfers));
-  EXPECT_EQ(server_.HighestConcurrency(), kTransfers);
-  workers.clear();
-  EXPECT_EQ(server_.Requests("/feed.xml"), kTransfers);
-}
-
-class ProxiedTransferTest : public UrlTransferTest {
- protected:
-  static std::string Address(const FeedServer& server) {
-    return "127.0.0.1:" + std::to_string(server.Port());
-  }
-
-  FeedServer proxy_;
-};
-
-TEST_F(ProxiedTransferTest, GoesThroughTheProxyOfTheSettings) {
-  proxy_.Serve("http://news.example/feed.xml", "through the proxy");
-  EXPECT_EQ(Fetch("http://news.example/feed.xml", {true, Address(proxy_), ""}),
-            "through the proxy");
-  EXPECT_EQ(Fetch("http://news.example/feed.xml", {true, "https=x:1;http=" + Address(proxy_), ""}),
-            "through the proxy");
-}
-
-TEST_F(ProxiedTransferTest, ReachesBypassedHostsAndDisabledProxiesDirectly) {
-  server_.Serve("/feed.xml", "direct");
-  EXPECT_EQ(Fetch(server_.Url("/feed.xml"), {true, Address(proxy_), "x.example;127.0.0.1"}),
-            "direct");
-  EXPECT_EQ(Fetch(server_.Url("/feed.xml"), {true, Address(proxy_), "<local>"}), "direct");
-  EXPECT_EQ(Fetch(server_.Url("/feed.xml"), {true, Address(proxy_), "*"}), "direct");
-  EXPECT_EQ(Fetch(server_.Url("/feed.xml"), {false, Address(proxy_), ""}), "direct");
-}
-
-TEST_F(ProxiedTransferTest, TheEnvironmentHasNoSay) {
-  constexpr const char* kNames[] = {"http_proxy", "all_proxy", "ALL_PROXY", "no_proxy", "NO_PROXY"};
-  for (const char* name : kNames) setenv(name, Address(proxy_).c_str(), 1);
-  setenv("no_proxy", "*", 1);
-  server_.Serve("/feed.xml", "direct");
-  proxy_.Serve("http://news.example/feed.xml", "through the proxy");
-  EXPECT_EQ(Fetch(server_.Url("/feed.xml")), "direct");
-  EXPECT_EQ(Fetch("http://news.example/feed.xml", {true, Address(proxy_), ""}),
-            "through the proxy");
-  EXPECT_EQ(proxy_.Requests(server_.Url("/feed.xml")), 0);
-  for (const char* name : kNames) unsetenv(name);
 }
 
 }  // namespace

@@ -1,0 +1,102 @@
+// Jobs and pauses on other threads, turns at a mutex, and the priority of threads.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <atomic>
+#include <optional>
+#include <thread>
+
+#include "kit/Inbox.h"
+#include "platform/BackgroundJobs.h"
+#include "platform/Clock.h"
+#include "platform/Mutex.h"
+#include "platform/ThreadPriority.h"
+
+namespace feedloom {
+namespace {
+
+using namespace std::chrono_literals;
+using Tell = BackgroundJobs::Tell;
+
+class Jobs : public testing::Test {
+ protected:
+  // The job notes its name, with "!" when it was stopped, and tells it.
+  void Start(const std::string& name, bool lastsUntilStopped = false) {
+    jobs_->Start([=, this](const std::stop_token& stop, const Tell& tell) {
+      if (lastsUntilStopped) SystemClock().Pause(24h, stop);
+      ran_ += stop.stop_requested() ? name + "!" : name;  // jobs run one after the other
+      tell([this, name] { heard_ += name; });
+    });
+  }
+
+  Inbox inbox_;
+  std::string ran_, heard_;
+  std::optional<BackgroundJobs> jobs_{
+      std::in_place, [this](std::function<void()> work) { inbox_.Put(std::move(work)); }};
+};
+
+TEST_F(Jobs, RunInOrderAndAStopReachesThoseThatWereStartedBeforeIt) {
+  for (const char* name : {"a", "b"}) Start(name, true);
+  jobs_->StopAll();
+  Start("c", true);
+  jobs_->StopAll();
+  for (const char* name : {"d", "e"}) Start(name);
+  EXPECT_TRUE(inbox_.DoUntil([this] { return heard_ == "de"; }));
+  EXPECT_EQ(ran_, "a!b!c!de");
+}
+
+TEST_F(Jobs, TheEndStopsThemAndWaitsForThemAndDropsNewsOnTheirWay) {
+  Start("a");
+  ASSERT_TRUE(inbox_.WaitForWork());
+  Start("b", true);
+  jobs_.reset();
+  inbox_.DoAll();
+  EXPECT_EQ(ran_ + heard_, "ab!");
+}
+
+TEST_F(Jobs, WhoHearsTheNewsMayEndThem) {
+  jobs_->Start([this](auto&, const Tell& tell) { tell([this] { jobs_.reset(); }); });
+  EXPECT_TRUE(inbox_.DoUntil([this] { return !jobs_; }));
+}
+
+TEST(SystemClockTest, APauseTakesItsTime) {
+  const auto start = std::chrono::steady_clock::now();
+  SystemClock().Pause(20ms);
+  SystemClock().Pause(20ms, std::stop_source().get_token());
+  EXPECT_GE(std::chrono::steady_clock::now() - start, 40ms);
+}
+
+// Without fairness the thread that unlocks and locks again at once wins nearly every time.
+TEST(MutexTest, LetsThreadsInOneAtATimeAndEachInItsTurn) {
+  Mutex mutex;
+  std::atomic<int> turns = 0;
+  volatile int work = 0;
+  std::jthread greedy([&](std::stop_token stop) {
+    while (!stop.stop_requested()) {
+      const MutexLock lock(mutex);
+      ++turns;
+      for (int i = 0; i < 100'000; ++i) work = work + 1;
+    }
+  });
+  while (turns == 0) std::this_thread::yield();
+  int fair = 0;  // not all: this thread may lose the processor before it asks
+  for (int i = 0; i < 51; ++i) {
+    const int before = turns;
+    const MutexLock lock(mutex);
+    fair += turns - before <= 2 ? 1 : 0;
+    work = work + 1;
+  }
+  greedy = {};
+  EXPECT_GT(fair, 25);
+  EXPECT_EQ(work, 100'000 * turns + 51);
+}
+
+TEST(ThreadPriorityTest, IsLowered) {
+  std::thread([] {
+    LowerThreadPriority();
+    EXPECT_GE(getpriority(PRIO_PROCESS, 0), 5);
+  }).join();
+}
+
+}  // namespace
+}  // namespace feedloom
