@@ -1,6 +1,5 @@
-// Jobs and pauses on other threads, turns at a mutex, and the priority of threads.
+// Jobs on another thread, pauses, and turns at a mutex.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <atomic>
 #include <optional>
@@ -10,10 +9,8 @@
 #include "platform/BackgroundJobs.h"
 #include "platform/Clock.h"
 #include "platform/Mutex.h"
-#include "platform/ThreadPriority.h"
 
 namespace feedloom {
-namespace {
 
 using namespace std::chrono_literals;
 using Tell = BackgroundJobs::Tell;
@@ -60,10 +57,9 @@ TEST_F(Jobs, WhoHearsTheNewsMayEndThem) {
 }
 
 TEST(SystemClockTest, APauseTakesItsTime) {
-  const auto start = std::chrono::steady_clock::now();
+  const auto start = SystemClock().Now();
   SystemClock().Pause(20ms);
-  SystemClock().Pause(20ms, std::stop_source().get_token());
-  EXPECT_GE(std::chrono::steady_clock::now() - start, 40ms);
+  EXPECT_GE(SystemClock().Now() - start, 20ms);
 }
 
 // Without fairness the thread that unlocks and locks again at once wins nearly every time.
@@ -74,29 +70,20 @@ TEST(MutexTest, LetsThreadsInOneAtATimeAndEachInItsTurn) {
   std::jthread greedy([&](std::stop_token stop) {
     while (!stop.stop_requested()) {
       const MutexLock lock(mutex);
-      ++turns;
       for (int i = 0; i < 100'000; ++i) work = work + 1;
+      ++turns;
     }
   });
-  while (turns == 0) std::this_thread::yield();
   int fair = 0;  // not all: this thread may lose the processor before it asks
-  for (int i = 0; i < 51; ++i) {
+  for (int i = 0; i < 101; ++i) {
     const int before = turns;
     const MutexLock lock(mutex);
     fair += turns - before <= 2 ? 1 : 0;
     work = work + 1;
   }
   greedy = {};
-  EXPECT_GT(fair, 25);
-  EXPECT_EQ(work, 100'000 * turns + 51);
+  EXPECT_GT(fair, 50);
+  EXPECT_EQ(work, 100'000 * turns + 101);
 }
 
-TEST(ThreadPriorityTest, IsLowered) {
-  std::thread([] {
-    LowerThreadPriority();
-    EXPECT_GE(getpriority(PRIO_PROCESS, 0), 5);
-  }).join();
-}
-
-}  // namespace
 }  // namespace feedloom

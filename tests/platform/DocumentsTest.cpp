@@ -1,0 +1,264 @@
+// Texts and their encodings, addresses, and the HTML and XML documents that hold them.
+#include <ctime>
+
+#include "kit/TempFolder.h"
+#include "platform/CodePage.h"
+#include "platform/HtmlLinks.h"
+#include "platform/Rows.h"
+#include "platform/Text.h"
+#include "platform/UrlParts.h"
+#include "platform/XmlDom.h"
+
+namespace feedloom {
+
+using Status = XmlDocument::LoadStatus;
+
+const CodePage kKorean = CodePage::Korean();
+const CodePage kUtf8 = CodePage::Utf8();
+
+TEST(TextTest, FollowsTheRulesOfAscii) {
+  ExpectRows([](auto& text) { return std::string(Trim(text)); },
+             {" \t\r\n\v\fa b\n  -> a b", " \n -> ", "\xC2\xA0x -> \xC2\xA0x"});
+  ExpectRows([](auto& text) { return std::to_string(ParseInt(text)); },
+             {"90/ -> 90", " \t\n-7 posts -> -7", "+08.5 -> 8", "1: -> 1", " -> 0", "   -> 0",
+              "x1 -> 0", "--5 -> 0", "+-5 -> 0", "- 5 -> 0", "- -> 0", "999999999 -> 999999999",
+              "1000000001 -> 1000000000", "-9999999999999999999999 -> -1000000000"});
+  EXPECT_EQ(ReplaceAll("aaa aa", "aa", "b") + ToUpperAscii("`az{é"), "ba b`AZ{é");
+  EXPECT_TRUE(EqualsIgnoringAsciiCase("Text/XML", "tEXT/xml"));
+  EXPECT_FALSE(EqualsIgnoringAsciiCase("é", "É") || EqualsIgnoringAsciiCase("text", "text/"));
+  for (const char* text : {"a\n", "\x1F", "\x7Fz"}) EXPECT_TRUE(HasControls(text));
+  EXPECT_FALSE(HasControls(" ~\x80\xFF"));
+}
+
+TEST(CodePageTest, ConvertsWhatItHoldsAndMarksTheRest) {
+  ExpectRows([](auto& name) { return std::string(CodePage::FromName(name).DeclaredName()); },
+             {"utf-8 -> UTF-8", "UTF-8 -> UTF-8", " -> EUC-KR", "CP949 -> EUC-KR"});
+  for (const CodePage& page : {kKorean, kUtf8}) {
+    ExpectRows([&](auto& text) { return page.FromUtf8(text); },
+               {"a\xFF z -> a? z", "cut \xEA\xB0 -> cut ?", "\xEA\xB0<b> -> ?<b>", "\xC3( -> ?(",
+                "\x80\x80z -> ??z", "\xED\xA0\x80z -> ?z", "\xF0\x9F\x98z -> ?z"});
+  }
+  ExpectRows([](auto& text) { return kKorean.FromUtf8(text); },
+             {"é😀अx가\u0301나 -> ???x\xB0\xA1?\xB3\xAA", "똠방각 -> \x8C\x63\xB9\xE6\xB0\xA2"});
+  ExpectRows([](auto& text) { return kKorean.ToUtf8(text); },
+             {"\x8C\x63\xB9\xE6\xB0\xA2 -> 똠방각", "a\xB0 -> a\uFFFD", "\xB0<b> -> \uFFFD<b>",
+              "\xFF\x80z -> \uFFFD\uFFFDz", "\x81\x40\x81\x41z -> \uFFFD@갂z",
+              "\xC9\xA1\xFE\xFEz -> \uFFFD\uFFFDz"});
+  ExpectRows([](auto& text) { return kUtf8.ToUtf8(text); },
+             {"가\xEA\xB0<b>é\x80 -> 가\uFFFD<b>é\uFFFD"});
+}
+
+// Longer than any buffer of the conversion, with a character across every place of one.
+TEST(CodePageTest, LongTextsKeepTheirPlaceAroundWhatIsMissing) {
+  std::string text("\\~\0\t\x7F", 5);
+  for (std::size_t i = 0; i < 3000; ++i) text += std::string(i % 37, 'x') + "가é나😀";
+  const std::string expected = ReplaceAll(ReplaceAll(text, "é", "?"), "😀", "?");
+  EXPECT_EQ(kKorean.ToUtf8(kKorean.FromUtf8(text)), expected);
+}
+
+TEST(UrlPartsTest, TakesAddressesApartAndResolvesReferences) {
+  ExpectRows([](auto& url) { return UrlScheme(url) + " " + UrlHost(url) + " " + UrlPath(url); },
+             {"https://u@a.kr:81/b%20c?d#e -> https a.kr /b c", "a.kr:81/b -> http a.kr /b",
+              "no address ->   "});
+  ExpectRows([](auto& reference) { return ResolveUrl("http://a/b/c/d;p?q", reference); },
+             {"g -> http://a/b/c/g", "g/../h -> http://a/b/c/h", "../../../g -> http://a/g",
+              "?y -> http://a/b/c/d;p?y", "g?y/../z -> http://a/b/c/g?y/../z",
+              "//h/g -> http://h/g", "https://h:8443/g?x[]=1 -> https://h:8443/g?x[]=1",
+              "http://[::1]:80/g -> http://[::1]:80/g", "file:///etc/passwd -> file:///etc/passwd",
+              "g h/한?한 -> http://a/b/c/g%20h/%ed%95%9c?%ed%95%9c", "javascript:alert(1) -> ",
+              "file:a -> ", "http://a b/ -> ", " -> ", "#part -> "});
+  EXPECT_EQ(ResolveUrl("", "http://h/g") + ResolveUrl("", "g"), "http://h/g");
+}
+
+class DocumentTest : public testing::Test {
+ protected:
+  // Whatever a document is, reading it is quick and says nothing.
+  DocumentTest() { testing::internal::CaptureStderr(); }
+  ~DocumentTest() override {
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_LT((std::clock() - start_) / CLOCKS_PER_SEC, 20) << "seconds of processor time";
+  }
+
+  // The addresses of an HTML page's alternates, each with a blank behind it.
+  std::string Links(std::string_view page, const std::string& address = "http://a.kr/b/page") {
+    constexpr std::string_view kTypes[] = {"application/rss+xml", "application/atom+xml"};
+    std::string links;
+    const std::string path = folder_.Write("page", page);
+    for (auto& link : AlternateLinks(path, address, kTypes)) links += link + " ";
+    return links;
+  }
+
+  static std::string Link(const std::string& href) {
+    return "<link rel=alternate type=application/rss+xml href='" + href + "'>";
+  }
+
+  Status Load(std::string_view bytes, const XmlLimits& limits = {}, std::stop_token stop = {}) {
+    const Status status = document_.Load(folder_.Write("document.xml", bytes), stop, limits);
+    EXPECT_EQ(status == Status::Loaded, static_cast<bool>(document_.Root()));
+    return status;
+  }
+
+  // The root of an XML document that must load.
+  XmlElement Root(std::string_view bytes) {
+    EXPECT_EQ(Load(bytes), Status::Loaded) << bytes.substr(0, 200);
+    return document_.Root();
+  }
+
+  const TempFolder folder_;
+  XmlDocument document_;
+  const std::clock_t start_ = std::clock();
+};
+
+using HtmlLinksTest = DocumentTest;
+using XmlDomTest = DocumentTest;
+
+TEST_F(HtmlLinksTest, TakesTheAlternatesOfTheWantedTypesInOrder) {
+  EXPECT_EQ(Links("<!DOCTYPE html><html><head><title>t</title><link rel='alternate' href='no1'>"
+                  "<link rel='alternate' type='text/html' href='no2'>"
+                  "<link rel='alternates' type='application/rss+xml' href='no3'>"
+                  "<a rel='alternate' type='application/rss+xml' href='no4'><!--" +
+                  Link("no5") + "--><link rel='alternate' type='application/rss+xml'>" +
+                  "<link HREF=' 1 ' REL='Home ALTERNATE' TYPE='Application/ATOM+xml ; charset=x'/>"
+                  "</head><body><p><link rel=alternate type=application/rss+xml href=?a=2&amp;b>"),
+            "http://a.kr/b/1 http://a.kr/b/page?a=2&b ");
+}
+
+TEST_F(HtmlLinksTest, ResolvesAgainstTheBaseOrElseThePageInEveryEncoding) {
+  ExpectRows(
+      [this](auto& base) { return Links(Link("f") + base); },
+      {"<base href='http://c.kr/d/'> -> http://c.kr/d/f ", "<base href='/d/'> -> http://a.kr/d/f ",
+       "<base target=_blank><base href='x/y'><base href='/no/'> -> http://a.kr/b/x/f ",
+       "<base href='javascript:alert(1)'> -> http://a.kr/b/f ",
+       "<base href=''><base href> -> http://a.kr/b/f "});
+  EXPECT_EQ(Links(Link("f"), "file:///home/me/page.html"), "file:///home/me/f ");
+  const std::string page = Link("똠");
+  for (const std::string& bytes : {page, "\xEF\xBB\xBF" + page, page + "<p>\xEB\x98",
+                                   "<meta charset='euc-kr'>" + kKorean.FromUtf8(page)}) {
+    EXPECT_EQ(Links(bytes), "http://a.kr/b/%eb%98%a0 ");
+  }
+}
+
+TEST_F(HtmlLinksTest, HostilePagesCostNothing) {
+  const std::string link = Link("f"), found = "http://a.kr/b/f ";
+  std::string names = "<p";
+  for (int i = 0; i < 120'000; ++i) names += " a" + std::to_string(100'000 + i);
+  for (const std::string& page :
+       {"<style>" + std::string(900'000, 'x') + "</style>" + link, link + names + ">" + Link("no"),
+        link + Repeated("<div>", 100'000) + link, link + "<!--" + Repeated("- ", 500'000),
+        Repeated("<div>", 200) + Repeated("</b>", 250'000) + link,
+        Repeated(names.substr(0, 15'000) + ">", 60) + link,
+        link + Link(std::string(64 << 10, 'x')) + Link("no"),
+        "<meta charset='nowhere'>\xB0\xA1" + link}) {
+    EXPECT_EQ(Links(page), found) << page.substr(0, 100);
+  }
+  EXPECT_EQ(Links("<p>" + std::string(5 << 20, 'x') + link), "");
+  EXPECT_EQ(Links(Repeated(link, 10'000)), Repeated(found, 100));
+  EXPECT_TRUE(AlternateLinks(folder_.File("missing"), "http://a/", {}).empty());
+}
+
+TEST_F(XmlDomTest, NamesAreWhatIsWrittenDeclaredOrNot) {
+  for (const char* declared : {" xmlns:r='urn:r' xmlns:dc='urn:dc' xmlns='urn:rss'", ""}) {
+    const XmlElement root = Root("<r:RDF" + std::string(declared) + " dc:b='1' b='2'>" +
+                                 "<dc:title>wrong</dc:title><title>right</title></r:RDF>");
+    EXPECT_EQ(root.Name() + root.FirstDescendant("dc:title").Name(), "r:RDFdc:title");
+    ExpectRows([&](auto& name) { return std::to_string(root.HasName(name)); },
+               {"r:RDF -> 1", "RDF -> 0", "r_RDF -> 0", "s:RDF -> 0", "r:RDX -> 0"});
+    EXPECT_EQ(root.FirstDescendant("title").Text(), "right");
+    EXPECT_EQ(root.Attribute("dc:b").value() + root.Attribute("b").value(), "12");
+    EXPECT_FALSE(root.FirstDescendant("DC:title") || root.Attribute("c"));
+  }
+}
+
+TEST_F(XmlDomTest, TextsAreJoinedResolvedAndInUtf8) {
+  ExpectRows(
+      [this](auto& bytes) { return Root(bytes).Text(); },
+      {"<a>\n 1<!-- no --> <![CDATA[<2> & ]]><?php no ?><b>3<c/>\t4</b> \n</a> -> 1 <2> & 3\t4",
+       "<a/> -> ", "\xEF\xBB\xBF<a><![CDATA[ 가 ]]></a> -> 가",
+       "<!DOCTYPE a [<!ENTITY in 'i'><!ENTITY o 'x &in;'>]><a>&o;&#x21;</a> -> x i!",
+       "<!DOCTYPE a [<!ENTITY e '<b>d</b>'>]><a>&e;&e;</a> -> dd",
+       Repeated("<a>", 200) + "x" + Repeated("</a>", 200) + " -> x"});
+  const XmlElement root =
+      Root("<!DOCTYPE a [<!ENTITY site 'http://a'>]><a h='&site;/?x&amp;y=&#44032;' empty=''/>");
+  EXPECT_EQ(root.Attribute("h").value() + root.Attribute("empty").value(), "http://a/?x&y=가");
+  for (const std::string name : {"EUC-KR", "euc-kr", "ks_c_5601-1987", "KSC5601", "CP949"}) {
+    const std::string start = "<?xml version='1.0' encoding='" + name + "'?><a>";
+    EXPECT_EQ(Root(start + kKorean.FromUtf8("똠방") + "</a>").Text(), "똠방") << name;
+  }
+  EXPECT_EQ(Root({"\xFF\xFE<\0a\0>\0\0\xAC<\0/\0a\0>\0", 18}).Text(), "가");
+  EXPECT_EQ(Root({"\xFE\xFF\0<\0a\0>\xAC\0\0<\0/\0a\0>", 18}).Text(), "가");
+}
+
+TEST_F(XmlDomTest, ListsDescendantsAndChildrenInDocumentOrder) {
+  const XmlElement root =
+      Root("<r><i>1<i>2</i></i><group><i>3</i></group><i>4</i><last/><!-- <i>no</i> --></r>");
+  std::string listed;
+  for (const XmlElement& element : root.Descendants("i")) listed += element.Text() + " ";
+  for (const XmlElement& element : root.Children("i")) listed += element.Text() + "; ";
+  EXPECT_EQ(listed, "12 2 3 4 12; 4; ");
+  EXPECT_TRUE(root.Children("group")[0].Descendants("last").empty());
+  const std::string_view names[] = {"last", "i", "none"};
+  XmlElement found[3];
+  root.FirstDescendants(names, found);
+  EXPECT_TRUE(found[0] && found[1].Text() == "12" && !found[2]);
+}
+
+TEST_F(XmlDomTest, NothingOutsideTheDocumentIsEverLoaded) {
+  const std::string secret = "'" + folder_.Write("secret.txt", "SECRET") + "'";
+  const std::string dtd = "'file://" + folder_.Write("other.dtd", "<!ENTITY leak 'SECRET'>") + "'";
+  for (const std::string& type :
+       {"[<!ENTITY leak SYSTEM " + secret + ">]", "[<!ENTITY leak PUBLIC 'p' " + secret + ">]",
+        "[<!ENTITY % p SYSTEM " + dtd + ">%p;]", "SYSTEM " + dtd, "PUBLIC 'p' " + dtd}) {
+    EXPECT_EQ(Root("<!DOCTYPE a " + type + "><a t='1'>safe<b>&leak;</b></a>").Text(), "safe");
+  }
+}
+
+TEST_F(XmlDomTest, ADocumentTakesNoMoreMemoryThanItMay) {
+  const std::string type = "<!DOCTYPE a [<!ENTITY e '" + Repeated("<b/>", 50) + "'><!ENTITY f '" +
+                           Repeated("&e;", 10) + "'>]><a>";
+  const XmlLimits limits{.most = 1 << 20};
+  const auto fits = [&](auto& part) {  // how many, rounded down to a power of two
+    std::size_t count = 1;
+    while (Load(type + Repeated(part, 2 * count) + "</a>", limits) == Status::Loaded) count *= 2;
+    return std::to_string(count);
+  };
+  ExpectRows(fits, {"<b/> -> 4096", "<b c='a value of some length'/> -> 2048", "&e; -> 64",
+                    "<b xmlns:n='http://name.example/space'/> -> 2048", "&f; -> 8",
+                    "a text of some length <b/> -> 2048", "0123456789abcde -> 32768",
+                    "<![CDATA[a text of some length]]><b/> -> 2048"});
+  std::string bomb = "<!DOCTYPE a [<!ENTITY e1 'lollollol'><!ENTITY loop 'x&loop;'>";
+  const auto name = [](int i) { return "e" + std::to_string(i); };
+  for (int i = 1; i <= 12; ++i)
+    bomb += "<!ENTITY " + name(i + 1) + " '" + Repeated("&" + name(i) + ";", 10) + "'>";
+  EXPECT_EQ(Load(bomb + "]><a>&e13;</a>"), Status::TooLarge);
+  EXPECT_EQ(Load(bomb + "]><a>&loop;</a>"), Status::TooLarge);
+}
+
+TEST_F(XmlDomTest, ALargeDocumentAsksOnceAndALongTagIsRefused) {
+  for (const bool may : {true, false}) {
+    int asked = 0;
+    const XmlLimits limits{.atOnce = 10'000, .askForMore = [&] { return ++asked > 0 && may; }};
+    EXPECT_EQ(Load("<a>" + std::string(100'000, 'x') + "<b/></a>", limits) == Status::Loaded, may);
+    EXPECT_EQ(asked, 1);
+  }
+  const std::string x(1 << 20, 'x'), declarations = Repeated("<!ENTITY e 'x'>", 400'000);
+  EXPECT_EQ(Load("<a" + Repeated(" a=''", 400'000) + "/>"), Status::TooLarge);
+  EXPECT_EQ(Load("<!DOCTYPE a [" + declarations + "]><a/>"), Status::TooLarge);
+  for (const std::string& text : {x, "<![CDATA[" + x + "]]>", "<!--" + x + "-->" + x}) {
+    EXPECT_EQ(Root("<a>" + text + "</a>").Text().size(), x.size());
+  }
+}
+
+TEST_F(XmlDomTest, WhatIsNoDocumentIsUnreadable) {
+  for (const std::string& text : std::initializer_list<std::string>{
+           "", "word", "<a>", "<a></b>", "<a>&nbsp;</a>", "<a/><b/>", "<a>\xFF</a>",
+           "<?xml version='1.0' encoding='nowhere'?><a>\xB0\xA1</a>", Repeated("<a>", 100'000)}) {
+    Root("<a/>");
+    EXPECT_EQ(Load(text), Status::Unreadable) << text.substr(0, 80);
+  }
+  std::stop_source stop;
+  stop.request_stop();
+  EXPECT_EQ(Load("<a/>", {}, stop.get_token()), Status::Unreadable);
+  EXPECT_EQ(document_.Load(folder_.File("missing.xml")), Status::Unreadable);
+}
+
+}  // namespace feedloom
