@@ -11,7 +11,7 @@ BackgroundJobs::~BackgroundJobs() {
 
 void BackgroundJobs::Start(Job job) {
   const Tell tell = [post = toOwner_, stop = stop_.get_token()](std::function<void()> news) {
-    // Whoever stops a job does it on the thread that this runs on: it cannot come in between.
+    // Jobs are stopped on the thread that runs this work: no stop comes between check and call.
     post([stop, news = std::move(news)] {
       if (!stop.stop_requested()) news();
     });

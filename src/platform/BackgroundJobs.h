@@ -6,34 +6,34 @@
 
 namespace feedloom {
 
-// Does jobs one after the other on a thread, and lets them tell the thread that owns the object how
-// they get on. No function but the destructor waits for a job. All belong to the owner.
+// Runs jobs one after the other on a background thread. A job can report to the thread that owns
+// the object. Only the owner's thread may call the functions; only the destructor waits for a job.
 class BackgroundJobs {
  public:
-  // Hands a piece of work to the owner's thread, or drops it, and comes back without waiting for
-  // it. It is called on a job's thread, and not any more when the object has ended.
+  // Passes `work` to the owner's thread, or drops it, and returns without waiting for it. Called on
+  // a job's thread, and never after the object has been destroyed.
   using Post = std::function<void(std::function<void()> work)>;
-  // The same for a job: what it tells is dropped when the job was stopped meanwhile. The owner may
-  // start and stop jobs, and end the object, while it hears the news.
+  // Reports to the owner: `news` runs on the owner's thread, unless the job was stopped before.
+  // `news` may start and stop jobs, and may destroy the object.
   using Tell = std::function<void(std::function<void()> news)>;
   using Job = std::function<void(const std::stop_token& stop, const Tell& tell)>;
 
   explicit BackgroundJobs(Post toOwner) : toOwner_(std::move(toOwner)) {}
-  // StopAll, and waits until the last job has returned.
+  // Stops all jobs and waits until the last one has returned.
   ~BackgroundJobs();
   BackgroundJobs(const BackgroundJobs&) = delete;
   BackgroundJobs& operator=(const BackgroundJobs&) = delete;
 
-  // The job begins when those before it have returned. One that waited while it was stopped is
-  // called all the same, with its stop requested.
+  // `job` begins when all earlier jobs have returned. A job that is stopped before it begins is
+  // still called, with its stop requested.
   void Start(Job job);
-  // Of the jobs started so far nothing is heard any more, even if it is on its way already.
+  // Requests a stop of all jobs started so far. None of their news runs after this call.
   void StopAll();
 
  private:
   const Post toOwner_;
   std::stop_source stop_;  // of the jobs since the last StopAll
-  std::thread thread_;     // of the latest job; joins the one before
+  std::thread thread_;     // runs the latest job; joins the thread of the job before
 };
 
 }  // namespace feedloom

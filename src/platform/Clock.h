@@ -1,4 +1,4 @@
-// The time and the pauses that the module takes. Tests and benchmarks hand in a clock of their own.
+// The current time and pauses. Tests and benchmarks use a clock of their own instead.
 #pragma once
 
 #include <chrono>
@@ -16,13 +16,14 @@ class Clock {
   virtual void Pause(std::chrono::milliseconds duration, std::stop_token stop = {}) = 0;
 };
 
-// The machine's own clock. Any thread may use it.
+// The machine's clock; it lives as long as the program. Any thread may use it.
 Clock& SystemClock();
 
 // `time` in the machine's time zone.
 std::tm LocalTime(std::chrono::system_clock::time_point time);
 
-// `time` in the machine's time zone, formatted as strftime(3) does; ASCII.
+// `time` in the machine's time zone, formatted as strftime(3) does. `format` is ASCII; a result of
+// 64 bytes or more comes out empty.
 std::string FormatLocalTime(std::chrono::system_clock::time_point time, const char* format);
 
 }  // namespace feedloom

@@ -45,8 +45,8 @@ class Converter {
   Converter(const Converter&) = delete;
   Converter& operator=(const Converter&) = delete;
 
-  // Appends what `in` converts to and moves `in` past it; false when it ends before a character
-  // that cannot be converted.
+  // Converts `in`, appends the result to `out`, and removes what was converted from `in`. False
+  // when it stops before a character that cannot be converted.
   bool Convert(std::string_view& in, std::string& out) {
     char buffer[kLongest];
     while (!in.empty()) {
@@ -71,9 +71,9 @@ class Converter {
   }
 
  private:
-  // iconv reads far ahead and begins again when it meets a character that it cannot convert, so
-  // that a long text full of such takes the square of its length. After such a character it gets
-  // short pieces, then longer ones again.
+  // iconv reads far ahead and starts over when it meets a character that it cannot convert. With
+  // pieces of one length, a long text full of such characters would take quadratic time. So the
+  // pieces are short after such a character, and their length doubles from there.
   static constexpr std::size_t kShortest = 16;
   static constexpr std::size_t kLongest = 4096;
 

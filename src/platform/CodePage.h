@@ -7,9 +7,8 @@
 
 namespace feedloom {
 
-// A value; any thread may use it. The Korean code page is declared to the world as EUC-KR and
-// converted as CP949, its superset, because pages and feeds that say EUC-KR do hold the extension's
-// syllables.
+// A value; any thread may use it. The Korean code page is declared as EUC-KR but converted as
+// CP949, its superset: pages and feeds that declare EUC-KR contain syllables that only CP949 has.
 class CodePage {
  public:
   static CodePage Korean() { return CodePage(false); }
@@ -17,18 +16,19 @@ class CodePage {
   // "UTF-8" in any case gives Utf8(), everything else Korean().
   static CodePage FromName(std::string_view name);
 
-  // "EUC-KR" or "UTF-8": the name for XML declarations and page headers.
+  // The name for XML declarations and page headers: "EUC-KR" or "UTF-8".
   std::string_view DeclaredName() const;
 
-  // UTF-8 in, this code page out. A character that the code page lacks, and bytes that are not
-  // UTF-8, become "?".
+  // Converts UTF-8 `text` to this code page. A character that the code page lacks becomes "?", and
+  // so does each sequence of bytes that is not UTF-8.
   std::string FromUtf8(std::string_view text) const;
 
-  // This code page in, well-formed UTF-8 out. Bytes outside the code page become U+FFFD.
+  // Converts `text` in this code page to well-formed UTF-8. Bytes that are no character of the code
+  // page become U+FFFD.
   std::string ToUtf8(std::string_view text) const;
 
-  // The number of bytes of the first character of `text` (not empty): at least 1, never past the
-  // end. A byte that begins no character counts as one.
+  // The length in bytes of the first character of `text`, which must not be empty. At least 1, at
+  // most the length of `text`. A byte that begins no character counts as a character.
   std::size_t CharLength(std::string_view text) const;
 
   bool operator==(const CodePage&) const = default;

@@ -14,8 +14,8 @@
 namespace feedloom {
 namespace {
 
-// What the parser does with a tag takes the square of its length, and with a tag inside of others
-// their number: without limits a page of 1 MiB could keep it busy for minutes.
+// The parser's time grows with the square of a tag's length and with the depth of nesting. Without
+// limits, a page of 1 MiB could keep it busy for minutes.
 constexpr std::size_t kMaxBytes = 1 << 20;
 constexpr std::ptrdiff_t kLongestTag = 16 << 10;
 constexpr int kMostOpenElements = 256;
@@ -29,7 +29,7 @@ std::string ReadStart(const std::string& path) {
   return text;
 }
 
-// Of a page that is well-formed UTF-8 there is nothing to guess. The last character may be cut.
+// True when `text` is well-formed UTF-8, except for a last character that may be cut off.
 bool IsUtf8(std::string text) {
   while (!text.empty() && static_cast<unsigned char>(text.back()) >= 0x80) text.pop_back();
   return xmlCheckUTF8(reinterpret_cast<const xmlChar*>(text.c_str())) != 0;
@@ -44,8 +44,8 @@ xmlCharEncoding DetectEncoding(const std::string& text) {
   return IsUtf8(text) ? XML_CHAR_ENCODING_UTF8 : XML_CHAR_ENCODING_NONE;
 }
 
-// The trimmed value of one of an element's attributes, which come as names and values by turns;
-// empty without it.
+// The trimmed value of the attribute `name`; empty when it is absent. `attributes` holds names and
+// values alternately and ends with a null pointer.
 std::string_view Value(const xmlChar** attributes, std::string_view name) {
   for (; attributes != nullptr && attributes[0] != nullptr; attributes += 2) {
     if (name != reinterpret_cast<const char*>(attributes[0])) continue;
@@ -54,6 +54,7 @@ std::string_view Value(const xmlChar** attributes, std::string_view name) {
   return "";
 }
 
+// True when `text`, split at white space, contains `word` in any ASCII case.
 bool HoldsWord(std::string_view text, std::string_view word) {
   constexpr std::string_view kBlanks = " \t\n\f\r";
   while (!text.empty()) {
@@ -68,7 +69,7 @@ struct FreeContext {
   void operator()(htmlParserCtxt* context) const { htmlFreeParserCtxt(context); }
 };
 
-// Reads a page's text and keeps the links as they are written.
+// Parses a page and collects its base address and its links, as they are written.
 class LinkReader {
  public:
   explicit LinkReader(std::span<const std::string_view> types) : types_(types) {}
@@ -122,7 +123,7 @@ class LinkReader {
     return links_.size() >= kMaxLinks || context_->nameNr >= kMostOpenElements || IsInLongTag();
   }
 
-  // The parser waits for the end of a tag before it reads it.
+  // The parser buffers a tag until its end has come; this looks at what it has buffered.
   bool IsInLongTag() const {
     const htmlParserInput& input = *context_->input;
     return input.end - input.cur > kLongestTag && input.cur[0] == '<' && input.cur[1] != '!';

@@ -7,14 +7,15 @@
 
 namespace feedloom {
 
-// The addresses at which the HTML page in the file `path` says it has alternates of itself: its
-// link elements with the word "alternate" in rel and one of the media types `types`, in the order
-// of the document. They are made absolute by the page's base element or else by `pageAddress`,
-// where the page came from; what makes no address is left out. They may have any scheme that a
-// transfer knows: the caller decides which of them it follows. UTF-8.
+// The addresses of the alternate versions that an HTML page links to: its link elements with the
+// word "alternate" in rel and one of the media types `types`, in document order. `path` is the file
+// with the page, `pageAddress` the address that the page came from. Relative addresses are resolved
+// against the page's base element, or against `pageAddress` without one. An address that cannot be
+// resolved is left out. The scheme may be any that a transfer supports: the caller decides which of
+// them to follow. All texts are UTF-8.
 //
-// Never fails and never takes long: reads the first 1 MiB of the file, up to a tag of more than
-// 16 KiB or 256 open elements, and takes the first 100 links. Any thread may call it.
+// Never fails: a file that cannot be read has no links. Reading stops after 1 MiB, at a tag longer
+// than 16 KiB, at 256 open elements and after 100 links. Any thread may call it.
 std::vector<std::string> AlternateLinks(const std::string& path, const std::string& pageAddress,
                                         std::span<const std::string_view> types);
 

@@ -1,5 +1,5 @@
-// Where code below the windows sends its messages: a number and two pointer-sized values, as a
-// window message carries them.
+// The receiver of the messages that code below the user interface sends. A message is a number and
+// two pointer-sized values.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@ class MessageTarget {
  public:
   virtual ~MessageTarget() = default;
 
-  // Delivers the message and returns what its handler returned. Synchronous: the call comes back
-  // when the handler is done. Any thread may call it; a target that is closing answers 0 at once.
+  // Delivers the message, waits for its handler, and returns what the handler returned. A target
+  // that is closing returns 0 at once. Any thread may call it.
   virtual std::intptr_t Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) = 0;
 };
 

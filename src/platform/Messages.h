@@ -4,24 +4,24 @@
 namespace feedloom {
 
 enum Message : unsigned {
-  // Refresh threads to the frame.
+  // From refresh threads to the frame.
   kMessageChannelResult = 0x500,  // wParam a ChannelResult, lParam the channel id
   kMessageChannelWorker = 0x506,  // wParam the channel id, lParam 0: a worker began or was stopped
   kMessageChannelInserted = 0x508,  // wParam the channel id, lParam 1
 
-  // The feed check to the dialog that asked for it, in this order.
+  // From the feed check to the dialog that asked for it, in this order.
   kMessageFeedDetails = 0x503,  // lParam a const FeedCheckAnswer*, valid during the send
   kMessageFeedChecked = 0x502,  // wParam 1 and lParam a std::string* (the title), or 0 and 0
 
-  // The end of an import, for the frame: wParam 0, or -1 when the list could not be read.
+  // From an import that has ended to the frame: wParam 0, or -1 when the list could not be read.
   kMessageListImported = 0x504,
 
-  // The module to the host's window.
+  // From the module to the host's window.
   kMessageShowText = 0x3063,  // lParam a const std::string*, in the module's code page
   kMessageRefreshBegan = 0x5601,
   kMessageRefreshEnded = 0x5602,
 
-  // The host to the frame. The parameters are not looked at; the answer is 0.
+  // From the host to the frame. The parameters are ignored; the answer is 0.
   kMessageShowTextAgain = 0x3079,
   kMessageOpenPanel = 0x307B,
   kMessageRefreshAll = 0x307C,

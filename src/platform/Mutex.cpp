@@ -8,7 +8,7 @@ void Mutex::lock() FEEDLOOM_NO_THREAD_SAFETY_ANALYSIS {
   turn_.wait(guard, [&] { return ticket == served_; });
 }
 
-// The notification stands inside the guard: whoever gets the mutex next may destroy it.
+// Notifies while `guard_` is held: the thread that locks next may destroy the mutex.
 void Mutex::unlock() FEEDLOOM_NO_THREAD_SAFETY_ANALYSIS {
   const std::lock_guard guard(guard_);
   ++served_;

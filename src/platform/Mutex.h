@@ -1,5 +1,5 @@
-// A fair mutex that clang's thread-safety analysis understands. Data that a mutex guards is
-// declared FEEDLOOM_GUARDED_BY(mutex); a clang build fails where it is touched without the lock.
+// A fair mutex for clang's thread-safety analysis. Data that a mutex guards is declared
+// FEEDLOOM_GUARDED_BY(mutex); a clang build fails where such data is used without the lock.
 #pragma once
 
 #include <condition_variable>
@@ -23,9 +23,9 @@
 
 namespace feedloom {
 
-// Threads get it in the order in which they asked for it: a worker that locks again and again must
-// not keep the interface thread waiting. Has the lowercase names of the standard's BasicLockable,
-// so that std::condition_variable_any can wait on it.
+// Threads lock the mutex in the order in which they asked for it, so that a worker that locks it
+// again and again does not keep the interface thread waiting. It meets the standard's BasicLockable
+// requirements, hence the lowercase names: std::condition_variable_any can wait on it.
 class FEEDLOOM_CAPABILITY("mutex") Mutex {
  public:
   void lock() FEEDLOOM_ACQUIRE();
@@ -35,7 +35,7 @@ class FEEDLOOM_CAPABILITY("mutex") Mutex {
   std::mutex guard_;
   std::condition_variable turn_;
   std::uint64_t nextTicket_ = 0;
-  std::uint64_t served_ = 0;  // the ticket that holds the mutex, or will when it is asked for
+  std::uint64_t served_ = 0;  // the ticket whose thread holds the mutex, or may lock it next
 };
 
 class FEEDLOOM_SCOPED_CAPABILITY MutexLock {

@@ -1,5 +1,5 @@
-// Paths as the module joins them. A path is the file system's own bytes, not a text in the module's
-// code page.
+// Joins paths. A path consists of the file system's bytes; it is not a text in the module's code
+// page. All functions are pure; any thread may call them.
 #pragma once
 
 #include <string>
@@ -7,13 +7,13 @@
 
 namespace feedloom {
 
-// The separator that `directory` itself uses: a backslash when it holds one, else the system's own.
+// The separator that `directory` uses: a backslash if it contains one, otherwise a slash.
 char PathSeparator(std::string_view directory);
 
-// `directory` with its separator at the end; an empty one stays empty.
+// `directory` with a separator at its end. An empty directory stays empty.
 std::string WithTrailingSeparator(std::string_view directory);
 
-// `directory`, its separator where one is missing, and `name`.
+// `directory` and `name`, with a separator between them unless `directory` is empty.
 std::string JoinPath(std::string_view directory, std::string_view name);
 
 }  // namespace feedloom

@@ -8,7 +8,7 @@ namespace {
 constexpr const char* kKey =
     R"(HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Internet Settings)";
 
-// Takes the text before the next ";" off the front of `list`, trimmed.
+// Removes the text up to and including the next ";" from `list`. Returns it trimmed, without ";".
 std::string_view TakeField(std::string_view& list) {
   const auto end = list.find(';');
   const std::string_view field = Trim(list.substr(0, end));
@@ -43,7 +43,8 @@ std::string DirectHosts(const ProxySettings& settings) {
   std::string_view list = settings.bypass;
   while (!list.empty()) {
     std::string_view field = TakeField(list);
-    // "<local>" means names without a dot, which libcurl cannot say; the machine itself it can.
+    // "<local>" stands for names without a dot. libcurl cannot express that, so only the machine
+    // itself is listed.
     if (EqualsIgnoringAsciiCase(field, "<local>")) field = "localhost,127.0.0.1";
     if (field.size() > 1 && field.starts_with('*')) field.remove_prefix(1);
     if (field.empty()) continue;

@@ -26,15 +26,17 @@ QString FileName(const std::string& path) {
   return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
-// By what a file is known to be the same, with the same content, as before.
-using FileMark = std::array<std::int64_t, 7>;
+// The stat(2) values that identify one version of a file: as long as they are the same, so is the
+// content.
+using FileVersion = std::array<std::int64_t, 7>;
 
 struct FileState {
-  FileMark mark;
-  bool isSettled;  // when it is written again, it gets another mark
+  FileVersion version;
+  bool isSettled;  // the next write is certain to change `version`
 };
 
-// The time in a file moves in steps: two writes in one of them may leave the same mark.
+// True when a write from now on gets another modification time than `written`. File systems keep
+// that time in steps, and two writes within one step get the same time.
 bool IsSettled(const timespec& written) {
   constexpr std::int64_t kMillisecond = 1'000'000;
   const bool isFine = written.tv_nsec % (10 * kMillisecond) != 0;
@@ -50,13 +52,14 @@ std::optional<FileState> StateOf(const std::string& path) {
   struct stat file = {};
   if (stat(path.c_str(), &file) != 0) return std::nullopt;
   const auto number = [](auto value) { return static_cast<std::int64_t>(value); };
-  return FileState{
-      .mark = {number(file.st_dev), number(file.st_ino), number(file.st_size), file.st_mtim.tv_sec,
-               file.st_mtim.tv_nsec, file.st_ctim.tv_sec, file.st_ctim.tv_nsec},
-      .isSettled = IsSettled(file.st_mtim)};
+  return FileState{.version = {number(file.st_dev), number(file.st_ino), number(file.st_size),
+                               file.st_mtim.tv_sec, file.st_mtim.tv_nsec, file.st_ctim.tv_sec,
+                               file.st_ctim.tv_nsec},
+                   .isSettled = IsSettled(file.st_mtim)};
 }
 
-// None when the file exists and cannot be read or is damaged.
+// The entries of the file, none of them when there is no file. nullopt when the file exists but
+// cannot be read or is damaged.
 std::optional<Entries> Load(const std::string& path) {
   QFile file(FileName(path));
   if (!file.exists()) return Entries();
@@ -66,14 +69,16 @@ std::optional<Entries> Load(const std::string& path) {
   return ParseRegistryFile(text);
 }
 
-// Replaces the file in one step: a reader sees the old content or the new one. A link stays.
+// Replaces the file in one step: a reader sees either the old content or the new content. When
+// `path` is a link, the file that it leads to is replaced.
 bool Save(const std::string& path, const Entries& entries) {
   std::error_code failed;
   const auto target = std::filesystem::weakly_canonical(path, failed);
   return !failed && !WriteFileWhole(target.string(), FormatRegistryFile(entries));
 }
 
-// The last of `entries`, as the later line of a file holds, that `isWanted`; rend() without one.
+// The last entry for which `isWanted` is true, since a later line of a file overrides an earlier
+// one; rend() when there is none.
 template <typename Range, typename Predicate>
 auto FindLast(Range& entries, Predicate isWanted) {
   return std::find_if(entries.rbegin(), entries.rend(), isWanted);
@@ -89,7 +94,8 @@ auto Named(const std::string& key, const std::string& name) {
   };
 }
 
-// Changes the value where it stands, or adds it to those of its key.
+// Replaces the value of an entry with the same key and name. Without such an entry, adds `entry`
+// behind the last one of its key.
 void Put(Entries& entries, RegistryEntry entry) {
   if (const auto same = FindLast(entries, Named(entry.key, entry.name)); same != entries.rend()) {
     same->value = std::move(entry.value);
@@ -102,7 +108,8 @@ void Put(Entries& entries, RegistryEntry entry) {
 
 bool Write(const std::string& path, RegistryEntry entry) {
   constexpr int kPatienceMs = 5000;
-  // The lock file keeps other programs out; threads of this one would poll for it.
+  // The lock file keeps other programs out. Threads of this program wait for the mutex instead:
+  // waiting for a lock file means polling.
   static std::mutex mutex;
   const std::lock_guard lock(mutex);
   QLockFile lockFile(FileName(path + ".lock"));
@@ -127,24 +134,24 @@ std::optional<Value> ValueIn(const Entries* entries, const std::string& key,
 struct Registry::Content {
   explicit Content(std::string file) : path(std::move(file)) {}
 
-  // What the file holds now; null when it exists and cannot be read or is damaged.
+  // The current entries of the file; null when the file exists but cannot be read or is damaged.
   std::shared_ptr<const Entries> Now() {
     const MutexLock lock(mutex);
     const auto state = StateOf(path);
-    if (known != nullptr && state && state->mark == mark) return known;
+    if (known != nullptr && state && state->version == version) return known;
     known.reset();
     auto entries = Load(path);
     if (!entries) return nullptr;
     auto now = std::make_shared<const Entries>(*std::move(entries));
     if (!state || !state->isSettled) return now;
-    mark = state->mark;
+    version = state->version;
     return known = std::move(now);
   }
 
   const std::string path;
   Mutex mutex;
-  std::shared_ptr<const Entries> known FEEDLOOM_GUARDED_BY(mutex);  // null: nothing
-  FileMark mark FEEDLOOM_GUARDED_BY(mutex) = {};                    // of the file with `known`
+  std::shared_ptr<const Entries> known FEEDLOOM_GUARDED_BY(mutex);  // null: must be read again
+  FileVersion version FEEDLOOM_GUARDED_BY(mutex) = {};              // of the file with `known`
 };
 
 Registry::Registry(std::string path) : content_(std::make_shared<Content>(std::move(path))) {}

@@ -34,7 +34,8 @@ std::string Quoted(std::string_view text) {
   return result += '"';
 }
 
-// Takes a quoted text off the front of `line`; none when there is no whole one.
+// Removes a quoted text from the front of `line` and returns it without quotes and escapes; nullopt
+// when `line` does not begin with a complete one.
 std::optional<std::string> TakeQuoted(std::string_view& line) {
   if (!line.starts_with('"')) return std::nullopt;
   std::string text;
@@ -61,7 +62,7 @@ std::optional<std::uint32_t> ParseHex(std::string_view digits) {
   return value;
 }
 
-// "name"=value
+// Parses a line of the form "name"=value.
 std::optional<RegistryEntry> ParseEntry(std::string_view line, std::string_view key) {
   auto name = TakeQuoted(line);
   if (!name || !line.starts_with('=')) return std::nullopt;

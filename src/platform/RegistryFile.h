@@ -6,8 +6,9 @@
 //   "IMAGEDIR"="/usr/share/feedloom/skin"
 //   "Debug Mode"=dword:00000001
 //
-// Inside a quoted text \\ \" \n and \r stand for a backslash, a double quote, a line feed and a
-// carriage return. Empty lines and lines that begin with ";" are skipped when a file is read.
+// Inside quotes, \\ \" \n and \r stand for a backslash, a double quote, a line feed and a carriage
+// return. A reader skips empty lines and lines that begin with ";". Any thread may call these
+// functions.
 #pragma once
 
 #include <cstdint>
@@ -27,12 +28,12 @@ struct RegistryEntry {
   bool operator==(const RegistryEntry&) const = default;
 };
 
-// The entries of a file's text, in its order; none when a line is not of the syntax above. A text
-// without content has no entries and is no fault.
+// The entries of a registry file with the content `text`, in the order of its lines; nullopt when a
+// line is not in the syntax above. An empty text has no entries.
 std::optional<std::vector<RegistryEntry>> ParseRegistryFile(std::string_view text);
 
-// The text of a file with `entries`, in their order. Those of one key should stand together: each
-// run of them gets a heading.
+// The content of a registry file with `entries`, in their order. Entries of one key should be
+// adjacent: a heading is written wherever the key changes.
 std::string FormatRegistryFile(const std::vector<RegistryEntry>& entries);
 
 }  // namespace feedloom

@@ -1,4 +1,4 @@
-// The keys under which host and module keep their values.
+// The registry keys under which the host and the module keep their values.
 #pragma once
 
 namespace feedloom {

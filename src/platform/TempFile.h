@@ -4,8 +4,8 @@
 
 namespace feedloom {
 
-// A file of the work folder that must not outlive its use: whatever stands at `path` is removed
-// when the object ends. The object neither creates nor opens it.
+// Removes the file at `path` when the object is destroyed. The object neither creates nor opens the
+// file. `path` consists of the file system's bytes.
 class TempFile {
  public:
   explicit TempFile(std::string path) : path_(std::move(path)) {}
@@ -14,6 +14,7 @@ class TempFile {
   TempFile& operator=(const TempFile&) = delete;
 
   const std::string& Path() const { return path_; }
+  // Removes the file now. It is no error when there is none.
   void Remove() const;
 
  private:

@@ -1,5 +1,5 @@
-// Small operations on 8-bit texts that more than one folder needs. All are pure, and safe on texts
-// of a multi-byte code page as long as what they look for is below '0' in ASCII or white space.
+// Small operations on 8-bit texts. All are pure; any thread may call them. They are safe on texts
+// of a multi-byte code page as long as they search for white space or ASCII characters below '0'.
 #pragma once
 
 #include <string>
@@ -7,24 +7,25 @@
 
 namespace feedloom {
 
-// `text` without the ASCII white space at its two ends; a view into `text`.
+// `text` without the ASCII white space at both ends. The result is a view into `text`.
 std::string_view Trim(std::string_view text);
 
-// The decimal integer at the start of `text` by the rules of atoi(3): leading white space and one
-// sign are read, the number ends at the first other character, no digit gives 0. A value out of
-// range is held at +-1,000,000,000, so that callers can add a few of them.
+// The decimal integer at the start of `text`, as atoi(3) reads it: after white space and at most
+// one sign, up to the first character that is no digit; 0 without a digit. A value below
+// -1,000,000,000 or above 1,000,000,000 is clamped to that limit.
 int ParseInt(std::string_view text);
 
-// A copy of `text` in which every `from` (not empty) is replaced by `to`, from left to right.
+// `text` with each `from`, which must not be empty, replaced by `to`, from left to right.
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
 
-// `text` with the ASCII letters a-z in upper case.
+// `text` with the ASCII letters a-z in upper case. Other bytes stay as they are.
 std::string ToUpperAscii(std::string_view text);
 
-// True when `text` has an ASCII control character: nothing of the kind belongs in a line of a
-// protocol.
+// True when `text` contains an ASCII control character. Such a text must not become part of a line
+// of HTTP.
 bool HasControls(std::string_view text);
 
+// True when `a` and `b` are equal except for the case of ASCII letters.
 bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view b);
 
 }  // namespace feedloom

@@ -7,8 +7,8 @@ namespace feedloom {
 
 void LowerThreadPriority() {
   constexpr int kBelowNormal = 5;
-  // On Linux the nice value belongs to the thread and is inherited by the threads it starts. A
-  // system that refuses it only loses the courtesy.
+  // On Linux the nice value belongs to the thread, and the threads that it starts inherit it. A
+  // failure is ignored: the thread then runs at its ordinary priority.
   setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), kBelowNormal);
 }
 

@@ -2,8 +2,8 @@
 
 namespace feedloom {
 
-// Puts the calling thread, and the threads that it starts from now on, one step below the priority
-// of ordinary threads, so that background work yields to the user interface.
+// Gives the calling thread, and the threads that it starts from now on, a lower priority than
+// ordinary threads, so that background work yields to the user interface.
 void LowerThreadPriority();
 
 }  // namespace feedloom

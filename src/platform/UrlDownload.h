@@ -7,11 +7,12 @@
 
 namespace feedloom {
 
-// Fetches the request's address (http, https or file:) whole into the file `path`, which is created
-// or emptied first; `path` is in the file system's own bytes. The request needs no sink. The limits
-// of RunTransfer hold. After a failure, and after an answer without content (status 304), `path`
-// may hold a part of the content or nothing. file: is for addresses that the user typed: whoever
-// takes addresses from documents refuses it before they get here. Any thread may call it.
+// Fetches the content of the request's address (http, https or file:) into the file `path`, which
+// is created, or emptied if it exists. `path` consists of the file system's bytes. The request's
+// sink and allowFile are ignored; the limits of RunTransfer apply. After a failure `path` may hold
+// a part of the content, and after an answer without content (status 304) nothing. file: is meant
+// for addresses that the user typed: a caller must refuse it in addresses from documents. Any
+// thread may call it.
 TransferResult UrlDownloadToFile(TransferRequest request, const std::string& path,
                                  std::stop_token stop);
 

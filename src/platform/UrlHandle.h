@@ -1,5 +1,4 @@
-// What the transfer library hands out, and who gives it back. For the sources of this folder that
-// include that library.
+// Owners of the transfer library's handles. Only sources of this folder include this file.
 #pragma once
 
 #include <curl/curl.h>
@@ -9,7 +8,7 @@
 
 namespace feedloom {
 
-// An address taken apart.
+// A parsed address.
 struct CleanUpUrl {
   void operator()(CURLU* url) const { curl_url_cleanup(url); }
 };
@@ -22,11 +21,12 @@ struct CleanUpMulti {
   void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
 };
 
-// What one transfer works with. The connections belong to `multi` and outlive the transfer.
+// The handles that one transfer uses at a time. `multi` owns the connections; they stay open after
+// the transfer.
 struct TransferHandles {
   std::unique_ptr<CURLM, CleanUpMulti> multi{curl_multi_init()};
   std::unique_ptr<CURL, CleanUpEasy> easy{curl_easy_init()};
-  std::string origin;  // of the last transfer's address
+  std::string origin;  // scheme, host and port of the last transfer's address
 };
 
 }  // namespace feedloom

@@ -35,12 +35,12 @@ std::string ResolveUrl(const std::string& base, const std::string& reference) {
   if (reference.empty() || reference.front() == '#') return "";
   const UrlHandle url(curl_url());
   curl_url_set(url.get(), CURLUPART_URL, base.c_str(), CURLU_URLENCODE);
-  // Set on a handle that holds an address already, a relative one is resolved against it.
+  // The library resolves a relative reference against the address that the handle holds.
   if (curl_url_set(url.get(), CURLUPART_URL, reference.c_str(), CURLU_URLENCODE) != CURLUE_OK) {
     return "";
   }
   const std::string address = Part(url, CURLUPART_URL);
-  // The library puts some together that it does not take apart: "file:a".
+  // The library composes some addresses that it cannot parse, "file:a" for instance.
   return UrlScheme(address).empty() ? "" : address;
 }
 

@@ -1,18 +1,19 @@
-// Addresses of the web taken apart and put together. All are pure; any thread may call them.
+// Parts of URLs, and the resolution of relative URLs. All functions are pure; any thread may call
+// them. All texts are bytes; parts that are not ASCII are expected in UTF-8.
 #pragma once
 
 #include <string>
 
 namespace feedloom {
 
-// The part of `address`, which may lack its scheme; empty when it is no address.
+// One part of the URL `address`, which may lack its scheme. Empty when `address` is not a URL.
 std::string UrlScheme(const std::string& address);
 std::string UrlHost(const std::string& address);
 std::string UrlPath(const std::string& address);  // from its "/" on, "%XX" decoded
 
-// The address that `reference`, as a document at `base` writes it, stands for by RFC 3986; in its
-// path and query, what is not ASCII stands as "%XX". Empty when the two make no address or one with
-// a scheme that no transfer knows, and for a reference to the document itself ("", "#part").
+// Resolves `reference`, found in a document at `base`, to an absolute URL by RFC 3986. Bytes of its
+// path and query that are not ASCII are percent-encoded. Empty when the result is not a URL, has a
+// scheme that no transfer supports, or refers to the document itself ("", "#part").
 std::string ResolveUrl(const std::string& base, const std::string& reference);
 
 }  // namespace feedloom

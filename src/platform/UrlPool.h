@@ -10,8 +10,8 @@ namespace feedloom {
 
 struct TransferHandles;
 
-// Connections that stay open for the next transfer to the same server. What a transfer has taken is
-// its own until it gives it back. Any thread may use a pool.
+// Keeps connections open for later transfers to the same server. A transfer takes handles, uses
+// them alone, and gives them back. Any thread may use a pool.
 class TransferPool {
  public:
   TransferPool();
@@ -19,12 +19,12 @@ class TransferPool {
   TransferPool(const TransferPool&) = delete;
   TransferPool& operator=(const TransferPool&) = delete;
 
-  // The handles that talked to `origin` last, else those that have been idle longest, else new
-  // ones.
+  // Idle handles whose last transfer went to `origin` (scheme, host and port); otherwise those that
+  // have been idle longest; otherwise new ones. The caller owns them until GiveBack.
   std::unique_ptr<TransferHandles> Take(const std::string& origin);
   void GiveBack(std::unique_ptr<TransferHandles> handles);
 
-  // Closes the connections that no transfer is using.
+  // Closes the connections of all idle handles.
   void CloseIdle();
 
  private:

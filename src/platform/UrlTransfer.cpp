@@ -24,15 +24,16 @@ struct FreeList {
 };
 using HeaderList = std::unique_ptr<curl_slist, FreeList>;
 
-// The address with a query that is not encoded; null when it is none, or would end the request
-// line.
+// A handle for `address` with `query`, which is not encoded. Null when the two are no URL, or
+// contain a control character: a line break would end the request line.
 UrlHandle RawAddress(const std::string& address, const std::string& query) {
   UrlHandle url(curl_url());
   const auto set = [&url](CURLUPart part, const std::string& text, unsigned flags) {
     return curl_url_set(url.get(), part, text.c_str(), flags) == CURLUE_OK;
   };
   if (HasControls(address) || HasControls(query) || !set(CURLUPART_URL, address, 0)) return nullptr;
-  // A whole address is cut at a "#"; a query by itself is not, but the library tidies its escapes.
+  // The library cuts a whole address at "#". It accepts "#" in a query that is set separately, but
+  // then changes the escapes in it.
   const bool isSet =
       query.empty() ||
       (query.find('#') == query.npos ? set(CURLUPART_URL, address + "?" + query, CURLU_ALLOW_SPACE)
@@ -40,7 +41,7 @@ UrlHandle RawAddress(const std::string& address, const std::string& query) {
   return isSet ? std::move(url) : nullptr;
 }
 
-// Scheme, host and port, as `address` writes them.
+// Scheme, host and port as `address` spells them; empty without a scheme.
 std::string Origin(const std::string& address) {
   const auto host = address.find("//");
   return host == address.npos ? "" : address.substr(0, address.find_first_of("/?#", host + 2));
@@ -51,7 +52,7 @@ void InitializeCurlOnce() {
   std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
 }
 
-// One transfer under way: what its callbacks need, and the handle.
+// One attempt at a transfer, and the data that its callbacks need.
 class Transfer {
  public:
   Transfer(const TransferRequest& request, TransferHandles& handles, bool newConnection)
@@ -67,7 +68,7 @@ class Transfer {
     SetCallbacks();
   }
 
-  // What the handle knows of this object ends with it.
+  // The handle outlives this object and must not keep pointers to it.
   ~Transfer() { curl_easy_reset(easy_); }
   Transfer(const Transfer&) = delete;
   Transfer& operator=(const Transfer&) = delete;
@@ -84,10 +85,11 @@ class Transfer {
     return result;
   }
 
-  // True when no answer came on a connection that an earlier transfer had left.
+  // True when the transfer used a connection that an earlier transfer left open, and no answer
+  // came.
   bool FoundStaleConnection(const TransferResult& result) const {
     long connects = 0;
-    curl_off_t connected = 0;  // microseconds until a connection was there; 0: there was none
+    curl_off_t connected = 0;  // microseconds until there was a connection; 0 without one
     curl_easy_getinfo(easy_, CURLINFO_NUM_CONNECTS, &connects);
     curl_easy_getinfo(easy_, CURLINFO_PRETRANSFER_TIME_T, &connected);
     return !result.ok && result.status == 0 && connected > 0 && connects == 0;
@@ -97,14 +99,14 @@ class Transfer {
   void SetTarget() {
     if (request_.rawQuery) {
       url_ = RawAddress(request_.address, *request_.rawQuery);
-      Set(CURLOPT_CURLU, url_.get());  // without one the library refuses to go
+      Set(CURLOPT_CURLU, url_.get());  // null makes the transfer fail
     } else {
       Set(CURLOPT_URL, request_.address.c_str());
     }
     Set(CURLOPT_PROTOCOLS_STR, request_.allowFile ? "http,https,file" : "http,https");
     Set(CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
     Set(CURLOPT_USERAGENT, request_.web.userAgent.c_str());
-    Set(CURLOPT_ACCEPT_ENCODING, "");  // every compression that the library knows
+    Set(CURLOPT_ACCEPT_ENCODING, "");  // every compression that the library supports
     if (request_.form) {
       Set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.form->size()));
       Set(CURLOPT_POSTFIELDS, request_.form->data());
@@ -130,13 +132,13 @@ class Transfer {
     Set(CURLOPT_MAXFILESIZE_LARGE, kMaxBytes);
     Set(CURLOPT_FAILONERROR, 1L);
     Set(CURLOPT_NOSIGNAL, 1L);
-    // A stop must not wait for a name server: the resolver's thread ends by itself.
+    // A stopped transfer must not wait for a name server: the resolver's thread ends by itself.
     Set(CURLOPT_QUICK_EXIT, 1L);
     Set(CURLOPT_ERRORBUFFER, errorText_);
   }
 
   void SetProxy() {
-    // An empty text, unlike none, keeps the library from asking the environment.
+    // Without a value, the library would read the environment; an empty one prevents that.
     Set(CURLOPT_PROXY, ProxyFor(request_.web.proxy, UrlScheme(request_.address)).c_str());
     Set(CURLOPT_NOPROXY, DirectHosts(request_.web.proxy).c_str());
   }
@@ -202,7 +204,7 @@ class Transfer {
     return address == nullptr ? "" : address;
   }
 
-  // Of the last answer; empty when it is missing.
+  // The value of the header `name` in the last answer; empty when the header is missing.
   std::string Header(const char* name) const {
     curl_header* header = nullptr;
     const bool isThere = curl_easy_header(easy_, name, 0, CURLH_HEADER, -1, &header) == CURLHE_OK;
@@ -214,7 +216,8 @@ class Transfer {
     return value.size() > kLongestValidator || HasControls(value) ? "" : value;
   }
 
-  // A number of seconds or a date (RFC 9110). The library's own reading ends at six hours.
+  // Retry-After is a number of seconds or a date (RFC 9110). The library's own value is not used:
+  // it is limited to six hours.
   std::chrono::seconds RetryAfter() const {
     const std::string value = Header("Retry-After");
     if (const int seconds = ParseInt(value); seconds > 0) return std::chrono::seconds(seconds);

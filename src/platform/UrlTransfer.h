@@ -1,4 +1,4 @@
-// One transfer of an address's content over http, https or from a local file.
+// Fetches the content of a URL over http or https, or from a local file.
 #pragma once
 
 #include <chrono>
@@ -29,7 +29,8 @@ enum class TransferEvent {
   Complete,
 };
 
-// What an HTTP server calls a version of a document (RFC 9110); empty: it does not.
+// The validators by which an HTTP server identifies a version of a document (RFC 9110): the values
+// of the headers ETag and Last-Modified. Empty when the server sent none.
 struct Validators {
   std::string etag = {};
   std::string lastModified = {};
@@ -40,36 +41,38 @@ struct Validators {
 
 struct TransferRequest {
   std::string address = {};
-  // Set: stands behind the address, which has no query then, and, unless it is empty, a "?". It is
-  // sent byte for byte:
-  // no blank, "#" or byte above 0x7F is encoded; but next to a "#", an escape's "%AB" becomes
-  // "%ab". A control character in one of the two makes the transfer fail.
+  // A query that is sent byte for byte: blanks, "#" and bytes above 0x7F are not encoded. When set,
+  // `address` must have no query; it gets "?" and `rawQuery`, or nothing if `rawQuery` is empty. In
+  // a query with "#", the hexadecimal digits of escapes become lower case. A control character in
+  // `address` or `rawQuery` makes the transfer fail.
   std::optional<std::string> rawQuery = {};
-  std::optional<std::string> form = {};  // set: a POST of this x-www-form-urlencoded text
-  bool allowFile = false;                // whether file: addresses may be read
-  Validators known = {};                 // the version that is here: the answer may be status 304
+  // The body of a POST, application/x-www-form-urlencoded. When not set, the request is a GET.
+  std::optional<std::string> form = {};
+  bool allowFile = false;  // whether a file: address may be read
+  Validators known = {};   // the version that the caller has; the answer may then be status 304
   WebAccess web = {};
-  TransferPool* pool = nullptr;  // whose connections are used; none: one of its own
-  // Takes the content as it arrives, decompressed; false ends the transfer as failed.
+  TransferPool* pool = nullptr;  // not owned; without one, the transfer opens its own connection
+  // Receives the decompressed content, piece by piece, on the calling thread. Returning false ends
+  // the transfer as failed.
   std::function<bool(std::string_view bytes)> sink = {};
-  // Progress, for diagnosis; may be empty. Both functions run on the calling thread.
+  // Receives the progress, for diagnosis, on the calling thread. May be empty.
   std::function<void(TransferEvent event, std::string_view detail)> onEvent = {};
 };
 
 struct TransferResult {
   bool ok = false;
-  long status = 0;                     // the HTTP status of the last answer; 0 without one
+  long status = 0;                     // the HTTP status of the last answer; 0 without an answer
   std::string error;                   // English, ASCII; empty when ok
   Validators validators = {};          // of the content; empty unless ok
-  std::chrono::seconds retryAfter{0};  // the server's wish, of any failure; 0 without one
-  // Where the content came from: the address that was asked for, or the one that the last redirect
-  // led to. Empty unless ok.
+  std::chrono::seconds retryAfter{0};  // value of the header Retry-After; 0 without that header
+  // The URL of the content: the request's address, or the target of the last redirect. Empty unless
+  // ok.
   std::string address = {};
 };
 
-// Runs the transfer on the calling thread and returns when it is over. It fails on a status of 400
-// or more, after ten redirects, on a redirect to anything but http and https, on content of more
-// than 64 MiB, and within 100 ms of `stop`. Any thread may call it.
+// Runs the transfer on the calling thread and returns when it has ended. It fails on a status of
+// 400 or more, on an eleventh redirect, on a redirect to a scheme other than http and https, on
+// content longer than 64 MiB, and within 100 ms after `stop` is requested. Any thread may call it.
 TransferResult RunTransfer(const TransferRequest& request, std::stop_token stop);
 
 }  // namespace feedloom

@@ -1,4 +1,4 @@
-// How the user wants the web to be reached.
+// The user's settings for access to the web.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace feedloom {
 
-// The name under which servers see the module when the user has not chosen another; ASCII.
+// The value of the header User-Agent when the user has not chosen another; ASCII.
 const std::string& DefaultUserAgent();
 
 struct WebAccess {
@@ -15,8 +15,8 @@ struct WebAccess {
   std::string userAgent = DefaultUserAgent();
 };
 
-// Reads the proxy and the registry value UserAgent, which stands beside the module's settings,
-// afresh. One that is missing, empty, or that no header can hold, leaves the default.
+// The current proxy, and the value UserAgent of the module's registry key. DefaultUserAgent() when
+// that value is missing, empty, or contains a control character. Any thread may call it.
 WebAccess ReadWebAccess(const Registry& registry);
 
 }  // namespace feedloom

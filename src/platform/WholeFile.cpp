@@ -13,18 +13,20 @@
 namespace feedloom {
 namespace {
 
-// Writes all of `content` and waits until the disk has it; 0 or the error number.
+// Writes all of `content` to the open file `handle` and waits until it is on the disk. Returns 0 or
+// the error number.
 int WriteAndSync(int handle, std::string_view content) {
   while (!content.empty()) {
     const ssize_t written = write(handle, content.data(), content.size());
     if (written < 0 && errno != EINTR) return errno;
     if (written > 0) content.remove_prefix(static_cast<std::size_t>(written));
   }
-  // A pipe has no disk.
+  // A pipe cannot be synchronized.
   return fsync(handle) == 0 || errno == EINVAL || errno == EROFS ? 0 : errno;
 }
 
-// Writes `content` through `handle`, an open file or -1, and closes it; `path` is its name.
+// Writes `content` to the open file `handle` and closes it. A `handle` of -1 is a failure to open
+// it, told by errno. `path` is its name.
 Failure Fill(int handle, const std::string& path, std::string_view content) {
   if (handle < 0) return FileComplaint("Cannot create the file", path, errno);
   int error = WriteAndSync(handle, content);
@@ -33,7 +35,8 @@ Failure Fill(int handle, const std::string& path, std::string_view content) {
   return FileComplaint("Cannot write the file", path, error);
 }
 
-// The same for a new file `temporary`, which then takes the place of `path`.
+// Writes `content` to the new file `temporary`, open as `handle`, closes it, and renames it to
+// `path`. After a failure `temporary` is removed.
 Failure FillAndMove(int handle, const std::string& temporary, const std::string& path,
                     std::string_view content) {
   if (Failure failure = Fill(handle, temporary, content)) {
@@ -43,9 +46,9 @@ Failure FillAndMove(int handle, const std::string& temporary, const std::string&
   return MoveIntoPlace(temporary, path);
 }
 
-// Where the links at `path` lead to, whether something is there or not.
+// The path that the symbolic links at `path` lead to, whether a file exists there or not.
 std::string BehindLinks(std::filesystem::path path) {
-  constexpr int kMostLinks = 40;  // those of a circle have no end
+  constexpr int kMostLinks = 40;  // ends at a circle of links
   std::error_code failed;
   for (int link = 0; link < kMostLinks && is_symlink(path, failed); ++link) {
     path = path.parent_path() / read_symlink(path, failed);

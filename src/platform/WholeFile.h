@@ -1,4 +1,5 @@
-// Files that are there whole or not at all. Paths are the file system's own bytes.
+// Writes files so that they are complete or unchanged, even if the program is killed. Paths consist
+// of the file system's bytes. Any thread may call these functions.
 #pragma once
 
 #include <optional>
@@ -7,20 +8,20 @@
 
 namespace feedloom {
 
-// What went wrong, in English, for the user; none when all went well.
+// The reason of a failure, in English, for the user; nullopt on success.
 using Failure = std::optional<std::string>;
 
-// Puts `content` at `path`, a file of the program's own that its user alone may read, whole or not
-// at all: it is written beside it, as "<path>.new", and renamed when it has reached the disk. A
-// link at `path` is replaced.
+// Writes `content` to `path`, a file of the program that only its user may read. The content is
+// written to "<path>.new", which is renamed to `path` when it is on the disk. A link at `path` is
+// replaced by the file.
 [[nodiscard]] Failure WriteFileWhole(const std::string& path, std::string_view content);
 
-// The same for a place that the user has chosen: no other file there is touched, a file that is
-// replaced keeps who may read it, a link stays and what it leads to is replaced. What is no file,
-// a pipe say, is written to.
+// Writes `content` to `path`, a file that the user has chosen, as WriteFileWhole does. No other
+// file of its directory is changed. A file that is replaced keeps its permissions. When `path` is a
+// link, the file that it leads to is replaced. A pipe or a device is written to directly.
 [[nodiscard]] Failure SaveFile(const std::string& path, std::string_view content);
 
-// Puts the finished file `from` in the place of `to`, in the same directory; removes it on failure.
+// Renames the finished file `from` to `to`, in the same directory. Removes `from` on failure.
 [[nodiscard]] Failure MoveIntoPlace(const std::string& from, const std::string& to);
 
 // "<what> '<path>': <the system's reason for the error number>."

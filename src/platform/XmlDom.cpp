@@ -10,7 +10,7 @@
 
 #include "platform/Text.h"
 #include "platform/XmlLibrary.h"
-#include "platform/XmlRoom.h"
+#include "platform/XmlMemoryLimit.h"
 
 namespace feedloom {
 namespace {
@@ -28,7 +28,7 @@ bool NameIs(const xmlChar* localName, const xmlNs* ns, std::string_view qualifie
          qualifiedName.ends_with(local);
 }
 
-// The node after `node` in document order, `root` and what is below it only; null at the end.
+// The node below `root` that follows `node` in document order; null at the end.
 const xmlNode* Next(const xmlNode* node, const xmlNode* root) {
   // The children of an entity reference belong to the entity's declaration.
   if (node->type != XML_ENTITY_REF_NODE && node->children != nullptr) return node->children;
@@ -56,8 +56,8 @@ std::string AttributeText(const xmlAttr* attribute) {
   return value;
 }
 
-// An entity that lies outside the document is declared empty instead, so that the document stays
-// readable and no other file is.
+// Declares an entity of the document. An external entity is declared as an empty one: the document
+// remains readable, and no other file is read.
 void DeclareEntity(void* context, const xmlChar* name, int type, const xmlChar* publicId,
                    const xmlChar* systemId, xmlChar* content) {
   xmlChar empty[] = {0};
@@ -78,11 +78,12 @@ struct FreeContext {
   void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
 };
 
-// A file that reads as damaged once the stop has come, or there is no room for it.
+// The file that the parser reads. A read fails once `stop` has been requested or the document has
+// exceeded its limits.
 class StoppableFile {
  public:
-  StoppableFile(const std::string& path, std::stop_token stop, XmlRoom& room)
-      : fd_(open(path.c_str(), O_RDONLY | O_CLOEXEC)), stop_(std::move(stop)), room_(room) {}
+  StoppableFile(const std::string& path, std::stop_token stop, XmlMemoryLimit& limit)
+      : fd_(open(path.c_str(), O_RDONLY | O_CLOEXEC)), stop_(std::move(stop)), limit_(limit) {}
   ~StoppableFile() {
     if (fd_ >= 0) close(fd_);
   }
@@ -91,19 +92,19 @@ class StoppableFile {
 
   bool IsOpen() const { return fd_ >= 0; }
 
-  // As the library asks for it; `self` is the object.
+  // The library's read callback; `self` is the StoppableFile.
   static int Read(void* self, char* buffer, int size) {
     auto* const file = static_cast<StoppableFile*>(self);
     if (file->stop_.stop_requested()) return -1;
     const ssize_t count = read(file->fd_, buffer, static_cast<std::size_t>(size));
-    if (count > 0 && !file->room_.AcceptsBytes(static_cast<std::size_t>(count))) return -1;
+    if (count > 0 && !file->limit_.AcceptsBytes(static_cast<std::size_t>(count))) return -1;
     return static_cast<int>(count);
   }
 
  private:
   const int fd_;
   const std::stop_token stop_;
-  XmlRoom& room_;
+  XmlMemoryLimit& limit_;
 };
 
 }  // namespace
@@ -190,15 +191,15 @@ XmlDocument::LoadStatus XmlDocument::Load(const std::string& path, std::stop_tok
   const SilentXmlErrors silence;
   const std::unique_ptr<xmlParserCtxt, FreeContext> context(xmlNewParserCtxt());
   if (!context) return LoadStatus::OutOfMemory;
-  XmlRoom room(limits, *context);
-  StoppableFile file(path, std::move(stop), room);
+  XmlMemoryLimit limit(limits, *context);
+  StoppableFile file(path, std::move(stop), limit);
   if (!file.IsOpen()) return LoadStatus::Unreadable;
   context->sax->entityDecl = DeclareEntity;
   document_.reset(xmlCtxtReadIO(context.get(), StoppableFile::Read, nullptr, &file, nullptr,
                                 nullptr,
                                 XML_PARSE_NOENT | XML_PARSE_NOCDATA | XML_PARSE_COMPACT |
                                     XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
-  if (room.IsExceeded()) {
+  if (limit.IsExceeded()) {
     document_.reset();
     return LoadStatus::TooLarge;
   }

@@ -1,5 +1,5 @@
-// A read-only XML document tree. Names compare as they are written in the document, prefix included
-// ("dc:date"); all texts come out as UTF-8, whatever encoding the document declares.
+// A read-only XML document tree. Names are compared as the document spells them, with their prefix
+// ("dc:date"). All texts are UTF-8, whatever encoding the document declares.
 #pragma once
 
 #include <cstddef>
@@ -17,7 +17,8 @@ struct _xmlNode;  // NOLINT(bugprone-reserved-identifier)
 
 namespace feedloom {
 
-// One element, or none (null). A plain reference: valid while its document lives.
+// A reference to one element, or to none (null). Valid as long as its document exists and loads no
+// other file.
 class XmlElement {
  public:
   XmlElement() = default;
@@ -25,38 +26,41 @@ class XmlElement {
 
   explicit operator bool() const { return node_ != nullptr; }
 
-  // The operations below need an element that is not null.
+  // The functions below must not be called on a null element.
 
-  // The qualified name as written.
+  // The name as the document spells it, with its prefix.
   std::string Name() const;
   bool HasName(std::string_view qualifiedName) const;
 
-  // The value with references resolved; none when the attribute is absent.
+  // The attribute's value with references resolved; nullopt when the attribute is absent.
   std::optional<std::string> Attribute(std::string_view qualifiedName) const;
 
-  // All text and CDATA below the element joined, without comments and processing instructions,
-  // white space trimmed at both ends.
+  // All text and CDATA below the element, joined and trimmed of white space at both ends. Comments
+  // and processing instructions are left out.
   std::string Text() const;
 
-  // Elements below this one, at any depth, in document order.
+  // The elements of that name below this one, at any depth, in document order; the first one is
+  // null when there is none.
   XmlElement FirstDescendant(std::string_view qualifiedName) const;
   std::vector<XmlElement> Descendants(std::string_view qualifiedName) const;
-  // The first descendant of each of `names`, in one walk: found[i] for names[i]. The spans are of
-  // one length, and `found` comes in null.
+  // Finds the first descendant for each of `names` in one walk: found[i] becomes that of names[i].
+  // Both spans have the same length, and all of `found` must be null at first.
   void FirstDescendants(std::span<const std::string_view> names, std::span<XmlElement> found) const;
 
-  // Elements directly below this one, in document order.
+  // The elements of that name directly below this one, in document order.
   std::vector<XmlElement> Children(std::string_view qualifiedName) const;
 
  private:
   const _xmlNode* node_ = nullptr;
 };
 
-// How much memory a document may take, in bytes: its tree and a copy of all its texts, about.
+// How much memory a document may take. The estimate counts its tree and one copy of all its texts.
 struct XmlLimits {
-  std::size_t most = 32u << 20;
-  std::size_t atOnce = most;              // what a document may take without asking
-  std::function<bool()> askForMore = {};  // asked once, on the reading thread; may block
+  std::size_t most = 32u << 20;  // bytes
+  std::size_t atOnce = most;     // bytes that a document may take before askForMore is called
+  // Returns whether the document may take up to `most`. Called at most once, on the thread that
+  // loads; it may block.
+  std::function<bool()> askForMore = {};
 };
 
 class XmlDocument {
@@ -68,16 +72,16 @@ class XmlDocument {
 
   enum class LoadStatus { Loaded, OutOfMemory, Unreadable, TooLarge };
 
-  // Reads the whole file. One that exceeds `limits`, or has 256 KiB in which there is neither an
-  // element nor a text, is TooLarge. A file that cannot be opened, is not well-formed, or exceeds
-  // the XML library's own limits on depth and entity growth is Unreadable. Entities and document
-  // types that lie outside the file are never loaded (such an entity reads as nothing); a prefix
-  // without a declaration is no fault; a declared EUC-KR is read as CP949. A `stop` that comes
-  // before the end of the file makes it Unreadable. Any thread may call it.
+  // Loads the file `path` (the file system's bytes) in place of what was loaded before. TooLarge:
+  // it exceeds `limits`, or has more than 256 KiB without an element or a text. Unreadable: it
+  // cannot be opened, is not well-formed, exceeds the XML library's limits on depth or entity
+  // growth, or `stop` was requested before its end was read. External entities and document types
+  // are never loaded; an external entity counts as empty. A prefix needs no declaration. EUC-KR is
+  // read as CP949. Any thread may call it.
   [[nodiscard]] LoadStatus Load(const std::string& path, std::stop_token stop = {},
                                 const XmlLimits& limits = {});
 
-  // The document element; null before a successful load.
+  // The document element; null unless the last load succeeded.
   XmlElement Root() const;
 
  private:

@@ -1,16 +1,17 @@
-// How the module uses the XML library, for those files of this folder that do.
+// Set-up of the XML library, for the files of this folder that use it.
 #pragma once
 
 #include <libxml/xmlerror.h>
 
 namespace feedloom {
 
-// To be called before the library is used, as often as one likes. Korean encodings are read as
-// CP949 from then on. Any thread may call it.
+// Initializes the library and makes it read Korean encodings as CP949. Must be called before the
+// library is used; later calls do nothing. Any thread may call it.
 void InitializeXmlOnce();
 
-// The library would print to stderr, piece by piece, what the caller finds out by itself. The
-// setting is the thread's, which may be the host's: it is put back when the object ends.
+// Keeps the library from printing errors to stderr, for the calling thread and as long as the
+// object exists. The destructor restores the thread's earlier setting, because the thread may be
+// the host's.
 class SilentXmlErrors {
  public:
   SilentXmlErrors();

@@ -26,8 +26,7 @@ TEST(TextTest, FollowsTheRulesOfAscii) {
   EXPECT_EQ(ReplaceAll("aaa aa", "aa", "b") + ToUpperAscii("`az{é"), "ba b`AZ{é");
   EXPECT_TRUE(EqualsIgnoringAsciiCase("Text/XML", "tEXT/xml"));
   EXPECT_FALSE(EqualsIgnoringAsciiCase("é", "É") || EqualsIgnoringAsciiCase("text", "text/"));
-  for (const char* text : {"a\n", "\x1F", "\x7Fz"}) EXPECT_TRUE(HasControls(text));
-  EXPECT_FALSE(HasControls(" ~\x80\xFF"));
+  EXPECT_TRUE(HasControls("\x1F") && HasControls("\x7Fz") && !HasControls(" ~\x80\xFF"));
 }
 
 TEST(CodePageTest, ConvertsWhatItHoldsAndMarksTheRest) {
@@ -39,7 +38,8 @@ TEST(CodePageTest, ConvertsWhatItHoldsAndMarksTheRest) {
                 "\x80\x80z -> ??z", "\xED\xA0\x80z -> ?z", "\xF0\x9F\x98z -> ?z"});
   }
   ExpectRows([](auto& text) { return kKorean.FromUtf8(text); },
-             {"é😀अx가\u0301나 -> ???x\xB0\xA1?\xB3\xAA", "똠방각 -> \x8C\x63\xB9\xE6\xB0\xA2"});
+             {"\xF4\x90\x80\x80\x80é😀अx가\u0301나 -> ?????x\xB0\xA1?\xB3\xAA",
+              "똠방각 -> \x8C\x63\xB9\xE6\xB0\xA2"});
   ExpectRows([](auto& text) { return kKorean.ToUtf8(text); },
              {"\x8C\x63\xB9\xE6\xB0\xA2 -> 똠방각", "a\xB0 -> a\uFFFD", "\xB0<b> -> \uFFFD<b>",
               "\xFF\x80z -> \uFFFD\uFFFDz", "\x81\x40\x81\x41z -> \uFFFD@갂z",
@@ -109,10 +109,7 @@ class DocumentTest : public testing::Test {
   const std::clock_t start_ = std::clock();
 };
 
-using HtmlLinksTest = DocumentTest;
-using XmlDomTest = DocumentTest;
-
-TEST_F(HtmlLinksTest, TakesTheAlternatesOfTheWantedTypesInOrder) {
+TEST_F(DocumentTest, AnHtmlPageGivesTheAlternatesOfTheWantedTypesInOrder) {
   EXPECT_EQ(Links("<!DOCTYPE html><html><head><title>t</title><link rel='alternate' href='no1'>"
                   "<link rel='alternate' type='text/html' href='no2'>"
                   "<link rel='alternates' type='application/rss+xml' href='no3'>"
@@ -123,7 +120,7 @@ TEST_F(HtmlLinksTest, TakesTheAlternatesOfTheWantedTypesInOrder) {
             "http://a.kr/b/1 http://a.kr/b/page?a=2&b ");
 }
 
-TEST_F(HtmlLinksTest, ResolvesAgainstTheBaseOrElseThePageInEveryEncoding) {
+TEST_F(DocumentTest, HtmlLinksAreResolvedAgainstTheBaseOrElseThePageInEveryEncoding) {
   ExpectRows(
       [this](auto& base) { return Links(Link("f") + base); },
       {"<base href='http://c.kr/d/'> -> http://c.kr/d/f ", "<base href='/d/'> -> http://a.kr/d/f ",
@@ -138,7 +135,7 @@ TEST_F(HtmlLinksTest, ResolvesAgainstTheBaseOrElseThePageInEveryEncoding) {
   }
 }
 
-TEST_F(HtmlLinksTest, HostilePagesCostNothing) {
+TEST_F(DocumentTest, HostileHtmlCostsNothing) {
   const std::string link = Link("f"), found = "http://a.kr/b/f ";
   std::string names = "<p";
   for (int i = 0; i < 120'000; ++i) names += " a" + std::to_string(100'000 + i);
@@ -156,20 +153,21 @@ TEST_F(HtmlLinksTest, HostilePagesCostNothing) {
   EXPECT_TRUE(AlternateLinks(folder_.File("missing"), "http://a/", {}).empty());
 }
 
-TEST_F(XmlDomTest, NamesAreWhatIsWrittenDeclaredOrNot) {
+TEST_F(DocumentTest, XmlNamesAreWhatIsWrittenDeclaredOrNot) {
   for (const char* declared : {" xmlns:r='urn:r' xmlns:dc='urn:dc' xmlns='urn:rss'", ""}) {
     const XmlElement root = Root("<r:RDF" + std::string(declared) + " dc:b='1' b='2'>" +
                                  "<dc:title>wrong</dc:title><title>right</title></r:RDF>");
     EXPECT_EQ(root.Name() + root.FirstDescendant("dc:title").Name(), "r:RDFdc:title");
     ExpectRows([&](auto& name) { return std::to_string(root.HasName(name)); },
                {"r:RDF -> 1", "RDF -> 0", "r_RDF -> 0", "s:RDF -> 0", "r:RDX -> 0"});
-    EXPECT_EQ(root.FirstDescendant("title").Text(), "right");
-    EXPECT_EQ(root.Attribute("dc:b").value() + root.Attribute("b").value(), "12");
+    EXPECT_EQ(root.FirstDescendant("title").Text() + root.Attribute("dc:b").value() +
+                  root.Attribute("b").value(),
+              "right12");
     EXPECT_FALSE(root.FirstDescendant("DC:title") || root.Attribute("c"));
   }
 }
 
-TEST_F(XmlDomTest, TextsAreJoinedResolvedAndInUtf8) {
+TEST_F(DocumentTest, XmlTextsAreJoinedResolvedAndInUtf8) {
   ExpectRows(
       [this](auto& bytes) { return Root(bytes).Text(); },
       {"<a>\n 1<!-- no --> <![CDATA[<2> & ]]><?php no ?><b>3<c/>\t4</b> \n</a> -> 1 <2> & 3\t4",
@@ -188,21 +186,21 @@ TEST_F(XmlDomTest, TextsAreJoinedResolvedAndInUtf8) {
   EXPECT_EQ(Root({"\xFE\xFF\0<\0a\0>\xAC\0\0<\0/\0a\0>", 18}).Text(), "가");
 }
 
-TEST_F(XmlDomTest, ListsDescendantsAndChildrenInDocumentOrder) {
+TEST_F(DocumentTest, XmlElementsAreListedInDocumentOrder) {
   const XmlElement root =
-      Root("<r><i>1<i>2</i></i><group><i>3</i></group><i>4</i><last/><!-- <i>no</i> --></r>");
+      Root("<r><i>1<i>2</i></i><g><i>3</i></g><i>4</i><last/><!-- <i>no</i> --></r>");
   std::string listed;
   for (const XmlElement& element : root.Descendants("i")) listed += element.Text() + " ";
   for (const XmlElement& element : root.Children("i")) listed += element.Text() + "; ";
-  EXPECT_EQ(listed, "12 2 3 4 12; 4; ");
-  EXPECT_TRUE(root.Children("group")[0].Descendants("last").empty());
+  for (const XmlElement& element : root.Children("g")[0].Descendants("i")) listed += element.Text();
+  EXPECT_EQ(listed, "12 2 3 4 12; 4; 3");
   const std::string_view names[] = {"last", "i", "none"};
   XmlElement found[3];
   root.FirstDescendants(names, found);
   EXPECT_TRUE(found[0] && found[1].Text() == "12" && !found[2]);
 }
 
-TEST_F(XmlDomTest, NothingOutsideTheDocumentIsEverLoaded) {
+TEST_F(DocumentTest, NothingOutsideAnXmlDocumentIsEverLoaded) {
   const std::string secret = "'" + folder_.Write("secret.txt", "SECRET") + "'";
   const std::string dtd = "'file://" + folder_.Write("other.dtd", "<!ENTITY leak 'SECRET'>") + "'";
   for (const std::string& type :
@@ -212,7 +210,7 @@ TEST_F(XmlDomTest, NothingOutsideTheDocumentIsEverLoaded) {
   }
 }
 
-TEST_F(XmlDomTest, ADocumentTakesNoMoreMemoryThanItMay) {
+TEST_F(DocumentTest, XmlTakesNoMoreMemoryThanItMay) {
   const std::string type = "<!DOCTYPE a [<!ENTITY e '" + Repeated("<b/>", 50) + "'><!ENTITY f '" +
                            Repeated("&e;", 10) + "'>]><a>";
   const XmlLimits limits{.most = 1 << 20};
@@ -226,14 +224,15 @@ TEST_F(XmlDomTest, ADocumentTakesNoMoreMemoryThanItMay) {
                     "a text of some length <b/> -> 2048", "0123456789abcde -> 32768",
                     "<![CDATA[a text of some length]]><b/> -> 2048"});
   std::string bomb = "<!DOCTYPE a [<!ENTITY e1 'lollollol'><!ENTITY loop 'x&loop;'>";
-  const auto name = [](int i) { return "e" + std::to_string(i); };
-  for (int i = 1; i <= 12; ++i)
-    bomb += "<!ENTITY " + name(i + 1) + " '" + Repeated("&" + name(i) + ";", 10) + "'>";
+  for (int i = 1; i <= 12; ++i) {
+    const std::string part = "&e" + std::to_string(i) + ";";
+    bomb += "<!ENTITY e" + std::to_string(i + 1) + " '" + Repeated(part, 10) + "'>";
+  }
   EXPECT_EQ(Load(bomb + "]><a>&e13;</a>"), Status::TooLarge);
   EXPECT_EQ(Load(bomb + "]><a>&loop;</a>"), Status::TooLarge);
 }
 
-TEST_F(XmlDomTest, ALargeDocumentAsksOnceAndALongTagIsRefused) {
+TEST_F(DocumentTest, LargeXmlAsksOnceAndALongTagIsRefused) {
   for (const bool may : {true, false}) {
     int asked = 0;
     const XmlLimits limits{.atOnce = 10'000, .askForMore = [&] { return ++asked > 0 && may; }};
@@ -248,7 +247,7 @@ TEST_F(XmlDomTest, ALargeDocumentAsksOnceAndALongTagIsRefused) {
   }
 }
 
-TEST_F(XmlDomTest, WhatIsNoDocumentIsUnreadable) {
+TEST_F(DocumentTest, WhatIsNoXmlIsUnreadable) {
   for (const std::string& text : std::initializer_list<std::string>{
            "", "word", "<a>", "<a></b>", "<a>&nbsp;</a>", "<a/><b/>", "<a>\xFF</a>",
            "<?xml version='1.0' encoding='nowhere'?><a>\xB0\xA1</a>", Repeated("<a>", 100'000)}) {

@@ -13,13 +13,12 @@
 namespace feedloom {
 
 using namespace std::chrono_literals;
-using Tell = BackgroundJobs::Tell;
 
 class Jobs : public testing::Test {
  protected:
   // The job notes its name, with "!" when it was stopped, and tells it.
   void Start(const std::string& name, bool lastsUntilStopped = false) {
-    jobs_->Start([=, this](const std::stop_token& stop, const Tell& tell) {
+    jobs_->Start([=, this](auto& stop, auto& tell) {
       if (lastsUntilStopped) SystemClock().Pause(24h, stop);
       ran_ += stop.stop_requested() ? name + "!" : name;  // jobs run one after the other
       tell([this, name] { heard_ += name; });
@@ -52,7 +51,7 @@ TEST_F(Jobs, TheEndStopsThemAndWaitsForThemAndDropsNewsOnTheirWay) {
 }
 
 TEST_F(Jobs, WhoHearsTheNewsMayEndThem) {
-  jobs_->Start([this](auto&, const Tell& tell) { tell([this] { jobs_.reset(); }); });
+  jobs_->Start([this](auto&, auto& tell) { tell([this] { jobs_.reset(); }); });
   EXPECT_TRUE(inbox_.DoUntil([this] { return !jobs_; }));
 }
 
@@ -74,6 +73,7 @@ TEST(MutexTest, LetsThreadsInOneAtATimeAndEachInItsTurn) {
       ++turns;
     }
   });
+  while (turns == 0) std::this_thread::yield();
   int fair = 0;  // not all: this thread may lose the processor before it asks
   for (int i = 0; i < 101; ++i) {
     const int before = turns;

@@ -33,7 +33,7 @@ class UrlTransferTest : public testing::Test {
   FeedServer server_;
 };
 
-TEST_F(UrlTransferTest, GivesTheContentOrAFailure) {
+TEST_F(UrlTransferTest, GivesEveryByteOfTheContentOrAFailure) {
   for (const int status : {400, 503}) server_.Fail("/" + std::to_string(status), status);
   server_.SlowDrip("/slow", "<rss></rss>", 1ms);
   server_.BreakOff("/broken", "<rss>");
@@ -54,9 +54,6 @@ TEST_F(UrlTransferTest, GivesTheContentOrAFailure) {
   EXPECT_FALSE(Run({.address = File("my%20feed")}).ok) << "not allowed";
   const auto full = UrlDownloadToFile({.address = server_.Url("/slow")}, "/dev/full", {});
   EXPECT_TRUE(!full.ok && full.error.starts_with("cannot write the file"));
-}
-
-TEST_F(UrlTransferTest, GivesEveryByteOfUpTo64Mebibytes) {
   const std::string bytes = std::string("<rss>\0\xFF</rss>", 13) + std::string(300'000, 'x');
   server_.Compressed("/feed", bytes);
   EXPECT_EQ(Load(server_.Url("/feed")), bytes);
@@ -64,25 +61,6 @@ TEST_F(UrlTransferTest, GivesEveryByteOfUpTo64Mebibytes) {
   EXPECT_EQ(Run({.address = server_.Url("/feed")}).error, "longer than 67108864 bytes");
   server_.Endless("/feed");
   EXPECT_FALSE(Run({.address = server_.Url("/feed"), .sink = [](auto) { return false; }}).ok);
-}
-
-TEST_F(UrlTransferTest, PostsAFormAndTellsItsSteps) {
-  server_.Redirect("/old", "/form", 307);
-  server_.Echo("/form");
-  std::vector<TransferEvent> steps;
-  std::string content;
-  EXPECT_TRUE(Run({.address = server_.Url("/old"),
-                   .form = "q=%B0%A1&page=2",
-                   .sink = [&](auto bytes) { return content += bytes, true; },
-                   .onEvent = [&](auto step, auto) { steps.push_back(step); }})
-                  .ok);
-  EXPECT_EQ(content, "q=%B0%A1&page=2");
-  EXPECT_EQ(server_.LastHeader("/form", "Content-Type"), "application/x-www-form-urlencoded");
-  using enum TransferEvent;
-  EXPECT_EQ(steps, (std::vector{Created, ResolvingName, NameResolved, Connecting, Connected,
-                                SendingRequest, RequestSent, ResponseReceived, Redirecting,
-                                NameResolved, Connecting, Connected, SendingRequest, RequestSent,
-                                ResponseReceived, ClosingConnection, Complete, ConnectionClosed}));
 }
 
 TEST_F(UrlTransferTest, AStopEndsItAtOnce) {

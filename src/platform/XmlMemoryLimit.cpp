@@ -1,4 +1,4 @@
-#include "platform/XmlRoom.h"
+#include "platform/XmlMemoryLimit.h"
 
 #include <libxml/SAX2.h>
 #include <libxml/entities.h>
@@ -11,16 +11,16 @@
 namespace feedloom {
 namespace {
 
-// What the library allocates for one of each, with the allocator's own share.
+// Bytes that the library allocates for each of these, including the allocator's overhead.
 constexpr std::size_t kElement = 190;    // a node and its name in the dictionary
 constexpr std::size_t kText = 140;       // a node
 constexpr std::size_t kAttribute = 260;  // an attribute and the text below it
 constexpr std::size_t kNamespace = 80;
-// A text stands in the tree, and again among the texts that are read from there.
+// Each text is counted twice: once in the tree, and once for the copy that its reader makes.
 constexpr std::size_t kCopies = 2;
 
-// The library compares all attributes of a tag with each other, and keeps all declarations: no feed
-// needs that much of either. Comments and CDATA sections may be longer.
+// The library compares all attributes of a tag with each other, and it keeps all declarations. This
+// limits both; comments and CDATA sections may be longer.
 constexpr std::size_t kLongestTag = 256u << 10;
 
 constexpr int kDeepestEntity = 20;
@@ -35,9 +35,9 @@ bool IsInLongText(const xmlParserCtxt& context) {
 
 }  // namespace
 
-XmlRoom::XmlRoom(const XmlLimits& limits, xmlParserCtxt& context)
+XmlMemoryLimit::XmlMemoryLimit(const XmlLimits& limits, xmlParserCtxt& context)
     : limits_(limits), context_(context) {
-  // The library hands this on to the contexts in which it reads entities.
+  // The library copies _private to the contexts in which it parses entities.
   context._private = this;
   xmlSAXHandler& events = *context.sax;
   events.startElementNs = OnElement;
@@ -47,23 +47,23 @@ XmlRoom::XmlRoom(const XmlLimits& limits, xmlParserCtxt& context)
   events.processingInstruction = nullptr;
 }
 
-bool XmlRoom::AcceptsBytes(std::size_t count) {
-  bytesWithoutNews_ = IsInLongText(context_) ? 0 : bytesWithoutNews_ + count;
-  exceeded_ = exceeded_ || bytesWithoutNews_ > kLongestTag;
+bool XmlMemoryLimit::AcceptsBytes(std::size_t count) {
+  bytesSinceContent_ = IsInLongText(context_) ? 0 : bytesSinceContent_ + count;
+  exceeded_ = exceeded_ || bytesSinceContent_ > kLongestTag;
   return !exceeded_;
 }
 
-XmlRoom& XmlRoom::Of(void* context) {
-  return *static_cast<XmlRoom*>(static_cast<xmlParserCtxt*>(context)->_private);
+XmlMemoryLimit& XmlMemoryLimit::Of(void* context) {
+  return *static_cast<XmlMemoryLimit*>(static_cast<xmlParserCtxt*>(context)->_private);
 }
 
-void XmlRoom::OnElement(void* context, const xmlChar* localName, const xmlChar* prefix,
-                        const xmlChar* uri, int namespaceCount, const xmlChar** namespaces,
-                        int attributeCount, int defaultedCount, const xmlChar** attributes) {
+void XmlMemoryLimit::OnElement(void* context, const xmlChar* localName, const xmlChar* prefix,
+                               const xmlChar* uri, int namespaceCount, const xmlChar** namespaces,
+                               int attributeCount, int defaultedCount, const xmlChar** attributes) {
   std::size_t bytes = kElement + Length(localName);
   for (int i = 0; i < namespaceCount; ++i) bytes += kNamespace + Length(namespaces[2 * i + 1]);
   for (int i = 0; i < attributeCount; ++i) {
-    // Five pointers each, of which the last two are the value's begin and end.
+    // There are five pointers for each attribute; the last two are the value's begin and end.
     const auto valueLength = attributes[5 * i + 4] - attributes[5 * i + 3];
     bytes += kAttribute + kCopies * static_cast<std::size_t>(valueLength);
   }
@@ -72,7 +72,7 @@ void XmlRoom::OnElement(void* context, const xmlChar* localName, const xmlChar* 
                         defaultedCount, attributes);
 }
 
-void XmlRoom::OnText(void* context, const xmlChar* text, int length) {
+void XmlMemoryLimit::OnText(void* context, const xmlChar* text, int length) {
   const xmlNode* const parent = static_cast<xmlParserCtxt*>(context)->node;
   const bool isNew =
       parent == nullptr || parent->last == nullptr || parent->last->type != XML_TEXT_NODE;
@@ -80,22 +80,22 @@ void XmlRoom::OnText(void* context, const xmlChar* text, int length) {
   if (Of(context).Take(bytes, context)) xmlSAX2Characters(context, text, length);
 }
 
-xmlEntity* XmlRoom::OnEntity(void* context, const xmlChar* name) {
+xmlEntity* XmlMemoryLimit::OnEntity(void* context, const xmlChar* name) {
   xmlEntity* const entity = xmlSAX2GetEntity(context, name);
-  // A declaration asks for its own entity, which it refers to nowhere.
+  // While it parses declarations, the library looks up entities that nothing refers to.
   if (entity == nullptr || static_cast<xmlParserCtxt*>(context)->inSubset != 0) return entity;
-  XmlRoom& room = Of(context);
-  return room.Take(room.SizeOf(entity, 0), context) ? entity : nullptr;
+  XmlMemoryLimit& limit = Of(context);
+  return limit.Take(limit.SizeOf(entity, 0), context) ? entity : nullptr;
 }
 
-bool XmlRoom::Take(std::size_t bytes, void* context) {
-  bytesWithoutNews_ = 0;
+bool XmlMemoryLimit::Take(std::size_t bytes, void* context) {
+  bytesSinceContent_ = 0;
   exceeded_ = exceeded_ || !MayHold(bytes);
   if (exceeded_) xmlStopParser(static_cast<xmlParserCtxt*>(context));
   return !exceeded_;
 }
 
-bool XmlRoom::MayHold(std::size_t bytes) {
+bool XmlMemoryLimit::MayHold(std::size_t bytes) {
   if (bytes > limits_.most - taken_) return false;
   taken_ += bytes;
   if (taken_ <= limits_.atOnce || askedForMore_) return true;
@@ -103,8 +103,9 @@ bool XmlRoom::MayHold(std::size_t bytes) {
   return limits_.askForMore();
 }
 
-// What the entity's content takes each time it is referred to, the entities in it included.
-std::size_t XmlRoom::SizeOf(xmlEntity* entity, int depth) {
+// The bytes that one reference to `entity` takes, including the entities in its content. `depth` is
+// the number of entities around it.
+std::size_t XmlMemoryLimit::SizeOf(xmlEntity* entity, int depth) {
   if (depth > kDeepestEntity) return limits_.most;
   if (const auto known = entitySizes_.find(entity); known != entitySizes_.end()) {
     return known->second;
