@@ -64,7 +64,7 @@ struct TransferResult {
   long status = 0;                     // the HTTP status of the last answer; 0 without an answer
   std::string error;                   // English, ASCII; empty when ok
   Validators validators = {};          // of the content; empty unless ok
-  std::chrono::seconds retryAfter{0};  // value of the header Retry-After; 0 without that header
+  std::chrono::seconds retryAfter{0};  // from now on, by the header Retry-After; 0 without it
   // The URL of the content: the request's address, or the target of the last redirect. Empty unless
   // ok.
   std::string address = {};

