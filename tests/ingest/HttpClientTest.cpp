@@ -60,6 +60,21 @@ TEST_F(HttpExchange, SendsAQueryByteForByteAlsoThroughAProxy) {
   EXPECT_EQ(recorder_.Lines(), lines);
 }
 
+TEST_F(HttpExchange, TellsEachStepToALog) {
+  server_.Serve("/new", "body");
+  server_.Redirect("/old", "/new");
+  std::string told;
+  HttpClient client(registry_, [&](std::string_view line) { told.append(line).append("; "); });
+  EXPECT_EQ(client.Get(server_.Url("/old")), "body");
+  const std::string exchange =
+      "Name resolved 127.0.0.1; Connecting to socket address; Connected to socket address; "
+      "Sending request; Request sent; Response received; ";
+  EXPECT_EQ(told, "Handle created; Resolving name 127.0.0.1; " + exchange + "Being redirected; " +
+                      exchange +
+                      "Closing the connection to the server; Request complete; "
+                      "Connection to the server closed; ");
+}
+
 TEST_F(HttpExchange, AControlCharacterInTheAddressSendsNothing) {
   const std::string injected = " HTTP/1.1\r\nX-Injected: 1\r\n\r\n";
   for (const std::string& rest : Lines{"?a" + injected, "?#" + injected, injected, "?a\n", "?a\tb",
