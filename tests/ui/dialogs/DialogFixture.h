@@ -1,19 +1,13 @@
-// A dialog of this folder over a parent, as a user meets it.
+// A dialog of the module over a parent, as a user meets it.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QDialog>
-#include <QTest>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
+#include <QLineEdit>
 
 #include "ui/FakeFrame.h"
 #include "ui/dialogs/Dialogs.h"
+#include "ui/panel/DialogLook.h"
 #include "vxctrl/CButtonEx.h"
+#include "vxctrl/CVxDialog.h"
 #include "vxctrl/DialogAnswers.h"
 
 namespace feedloom {
@@ -21,24 +15,39 @@ namespace feedloom {
 class DialogFixture : public testing::Test {
  protected:
   using Keys = std::vector<std::string>;
+  using Deed = std::function<void()>;
 
-  // Does `deed` to the dialog that shows next, as soon as it waits for the user.
-  void WhenShown(DialogAnswers::Deed deed) { answers.Next(std::move(deed)); }
-
-  static void Press(QDialog& dialog, Qt::Key key) { QTest::keyClick(dialog.focusWidget(), key); }
-  static void Click(QDialog& dialog, const QString& text) {
-    for (auto* button : dialog.findChildren<CButtonEx*>()) {
-      if (button->text() == text) return QTest::mouseClick(button, Qt::LeftButton);
-    }
-    ADD_FAILURE() << "no button " << text.toStdString();
+  // Does `deed` to the next dialog as soon as it waits for the user.
+  void WhenShown(Deed deed) {
+    answers.Next([this, deed = std::move(deed)](QDialog& shown) {
+      QDialog* const outer = std::exchange(dialog, &shown);
+      if (dynamic_cast<CVxDialog*>(dialog)) ExpectFitForUse(*dialog);
+      deed();
+      dialog = outer;
+    });
   }
-
-  // The messages that were shown, by their keys.
-  const Keys& Messages() const { return frame.questions; }
+  Keys Messages() { return std::exchange(frame.questions, {}); }
+  // These give the keys of the messages that they bring.
+  Keys Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    return QTest::keyClick(dialog->focusWidget(), key, modifiers), Messages();
+  }
+  Keys Click(const QString& text = "확인") {
+    for (auto* button : dialog->findChildren<CButtonEx*>()) {
+      if (button->text() == text) QTest::mouseClick(button, Qt::LeftButton);
+    }
+    return Messages();
+  }
+  // Enters the text where the keyboard is, in place of what is selected there, and clicks.
+  Keys Try(const QString& text, const QString& button = "확인") {
+    return dynamic_cast<QLineEdit&>(*dialog->focusWidget()).insert(text), Click(button);
+  }
+  QLineEdit& Box(int box = 0) { return *dialog->findChildren<QLineEdit*>()[box]; }
+  QComboBox& List() { return *dialog->findChild<QComboBox*>(); }
 
   FakeFrame frame;
   std::unique_ptr<QWidget> parent = std::make_unique<QWidget>();
   DialogAnswers answers;
+  QDialog* dialog = nullptr;  // that waits for the user
 };
 
 }  // namespace feedloom

@@ -1,134 +1,93 @@
 // The toolkit's own dialogs: the place for a file, and the printer.
 #include <QDir>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrinter>
 #include <QPushButton>
 #include <QStandardPaths>
 
-#include "kit/TempFolder.h"
 #include "ui/dialogs/DialogFixture.h"
+#include "ui/dialogs/NameFilters.h"
 
 namespace feedloom {
 namespace {
 
 class SystemDialogs : public DialogFixture {
  protected:
-  QString AskPlace() { return AskDownloadPlace(frame, parent.get(), "tone.wav"); }
+  // A home directory of the test's, and nothing of the user's own.
+  SystemDialogs() {
+    QStandardPaths::setTestModeEnabled(true);
+    qputenv("HOME", QByteArray::fromStdString(home_.Path()));
+  }
+  ~SystemDialogs() override {
+    qputenv("HOME", oldHome_);
+    QStandardPaths::setTestModeEnabled(false);
+  }
+
+  std::string AskPlace() { return AskDownloadPlace(frame, parent.get(), "tone.wav").toStdString(); }
   std::string AskExport() { return AskExportPlace(frame, parent.get(), "Skyfold_20261122"); }
   std::string AskImport() { return AskImportFile(frame, parent.get()); }
 
-  static QFileDialog& FileDialog(QDialog& dialog) { return dynamic_cast<QFileDialog&>(dialog); }
-  // Types the path of a file in the folder and presses the dialog's button.
-  void Enter(QDialog& dialog, const QString& name) {
-    const QDir folder(QString::fromStdString(folder_.Path()));
-    dialog.findChild<QLineEdit*>()->setText(folder.filePath(name));
-    dialog.accept();
+  // Enters a file of the home directory in the next dialog: title, place, kinds, suggested name.
+  void WhenShownEnter(const std::string& look, const std::string& name) {
+    WhenShown([=, this] {
+      const auto& files = dynamic_cast<QFileDialog&>(*dialog);
+      const QStringList parts{files.windowTitle(), files.directory().dirName(),
+                              files.nameFilters().join(", "), Box().text()};
+      EXPECT_EQ(parts.join("; ").toStdString(), look);
+      Box().setText(QString::fromStdString(home_.File(name)));
+      dialog->accept();
+    });
   }
 
-  TempFolder folder_;
-};
-
-// The home directory of a test, and nothing of the user's own.
-class HomeFolder {
- public:
-  explicit HomeFolder(const std::string& path) {
-    QStandardPaths::setTestModeEnabled(true);
-    qputenv("HOME", QByteArray::fromStdString(path));
-  }
-  ~HomeFolder() {
-    qputenv("HOME", home_);
-    QStandardPaths::setTestModeEnabled(false);
-  }
-  HomeFolder(const HomeFolder&) = delete;
-  HomeFolder& operator=(const HomeFolder&) = delete;
-
- private:
-  const QByteArray home_ = qgetenv("HOME");
+  const QByteArray oldHome_ = qgetenv("HOME");
+  TempFolder home_;
+  const std::string homeName_ = QDir(QString::fromStdString(home_.Path())).dirName().toStdString();
 };
 
 TEST_F(SystemDialogs, APlaceIsAskedForWithTheSuggestedName) {
-  WhenShown([&](QDialog& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "파일 저장");
-    auto* const name = dialog.findChild<QLineEdit*>();
-    EXPECT_EQ(name->text(), "tone.wav");
-    name->setText(QString::fromStdString(folder_.File("kept.wav")));
-    dialog.accept();
-  });
-  EXPECT_EQ(AskPlace(), QString::fromStdString(folder_.File("kept.wav")));
-}
-
-TEST_F(SystemDialogs, NoPlaceWithoutAnAnswer) {
-  WhenShown([](QDialog& dialog) { dialog.reject(); });
-  EXPECT_EQ(AskPlace(), "");
-  WhenShown([this](QDialog&) { parent.reset(); });
-  EXPECT_EQ(AskPlace(), "");
-}
-
-TEST_F(SystemDialogs, AListIsExportedToTheSuggestedFileAsXml) {
-  WhenShown([&](QDialog& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "OPML 파일 저장");
-    EXPECT_EQ(FileDialog(dialog).nameFilters(),
-              (QStringList{"OPML file (*.xml *.opml)", "All file (*)"}));
-    const QString name = dialog.findChild<QLineEdit*>()->text();
-    EXPECT_EQ(name, "Skyfold_20261122");
-    Enter(dialog, name);
-  });
-  EXPECT_EQ(AskExport(), folder_.File("Skyfold_20261122.xml"));
-}
-
-TEST_F(SystemDialogs, AnExportAsksBeforeItReplacesAFile) {
-  folder_.Write("mine.xml", "");
-  const auto enterAndAnswer = [this](QMessageBox::StandardButton answer) {
-    WhenShown([this, answer](QDialog& dialog) {
-      WhenShown([&](QDialog& question) {
-        EXPECT_TRUE(dialog.isVisible());
-        dynamic_cast<QMessageBox&>(question).button(answer)->click();
-      });
-      Enter(dialog, "mine");
-      EXPECT_EQ(dialog.isVisible(), answer == QMessageBox::No);
-    });
-    const std::string path = AskExport();
-    EXPECT_TRUE(answers.AreUsedUp());
-    return path;
-  };
-  EXPECT_EQ(enterAndAnswer(QMessageBox::No), "");
-  EXPECT_EQ(enterAndAnswer(QMessageBox::Yes), folder_.File("mine.xml"));
+  WhenShownEnter("파일 저장; " + homeName_ + "; All Files (*); tone.wav", "kept.wav");
+  EXPECT_EQ(AskPlace(), home_.File("kept.wav"));
+  QDir(QString::fromStdString(home_.Path())).mkdir("Documents");
+  const char* const look =
+      "OPML 파일 저장; Documents; OPML file (*.xml *.opml), All file (*); Skyfold_20261122";
+  for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+    WhenShownEnter(look, "목록");
+    EXPECT_EQ(AskExport(), home_.File("목록.xml"));
+    home_.Write("mine.xml", "");
+    WhenShownEnter(look, "mine");
+    WhenShown([&] { dynamic_cast<QMessageBox&>(*dialog).button(answer)->click(); });
+    EXPECT_EQ(AskExport(), answer == QMessageBox::No ? "" : home_.File("mine.xml"));
+  }
 }
 
 TEST_F(SystemDialogs, AFileToImportExists) {
-  folder_.Write("목록.opml", "");
-  WhenShown([&](QDialog& dialog) {
-    EXPECT_EQ(dialog.windowTitle(), "OPML 파일 가져오기");
-    EXPECT_EQ(FileDialog(dialog).nameFilters(), QStringList{"OPML File (*.xml *.opml)"});
-    EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "");
-    WhenShown([](QDialog& complaint) { complaint.reject(); });
-    Enter(dialog, "missing.opml");
-    EXPECT_TRUE(dialog.isVisible());
-    Enter(dialog, "목록.opml");
-  });
-  EXPECT_EQ(AskImport(), folder_.File("목록.opml"));
-  WhenShown([](QDialog& dialog) { dialog.reject(); });
+  home_.Write("목록.opml", "");
+  const std::string look = "OPML 파일 가져오기; " + homeName_ + "; OPML File (*.xml *.opml); ";
+  WhenShownEnter(look, "missing.opml");
+  WhenShown([&] { dialog->reject(); });  // the complaint
   EXPECT_EQ(AskImport(), "");
+  WhenShownEnter(look, "목록.opml");
+  EXPECT_EQ(AskImport(), home_.File("목록.opml"));
 }
 
-TEST_F(SystemDialogs, AListIsLookedForInTheDocumentsOrElseAtHome) {
-  const HomeFolder home(folder_.Path());
-  const QDir folder(QString::fromStdString(folder_.Path()));
-  const auto beginsIn = [this](const QDir& place) {
-    WhenShown([&](QDialog& dialog) { EXPECT_EQ(FileDialog(dialog).directory(), place); });
-    EXPECT_EQ(AskImport(), "");
-  };
-  beginsIn(folder);
-  folder.mkdir("Documents");
-  beginsIn(QDir(folder.filePath("Documents")));
-}
-
-TEST_F(SystemDialogs, APrinterIsNotChosenByCancelling) {
+TEST_F(SystemDialogs, NothingIsChosenByCancellingOrWithoutAParent) {
   QPrinter printer;
-  WhenShown([](QDialog& dialog) { dialog.reject(); });
-  EXPECT_FALSE(ChoosePrinter(printer, parent.get()));
+  const auto hasAnswers = [&] {
+    return AskPlace() + AskExport() + AskImport() +
+           (ChoosePrinter(printer, parent.get()) ? "printer" : "");
+  };
+  for (int i = 0; i < 4; ++i) WhenShown([&] { dialog->reject(); });
+  EXPECT_EQ(hasAnswers(), "");
+  for (int i = 0; i < 4; ++i) {
+    WhenShown([&] { parent = std::make_unique<QWidget>(); });
+  }
+  EXPECT_EQ(hasAnswers(), "");
+}
+
+TEST(NameFilters, ListsOfKindsBecomeTheToolkitsFilters) {
+  EXPECT_EQ(NameFilters("Notes (old) (*.txt)|*.txt"), QStringList{"Notes (old) (*.txt)"});
+  EXPECT_EQ(NameFilters("None||Notes|*.a;*.b;|Half"), QStringList{"Notes (*.a *.b)"});
 }
 
 }  // namespace
