@@ -5,58 +5,52 @@
 namespace feedloom {
 namespace {
 
-PagePart Part(const QRect& place, const QSize& least) { return {place, least, least}; }
+// The skin's place and the size that is needed, and where each part stands then.
+struct Part {
+  QRect place;
+  QSize least;
+  QRect expected;
+};
 
-TEST(PanelPlaces, PartsThatFitStandWhereTheSkinHasThem) {
-  const std::vector<PagePart> parts = {Part({20, 10, 100, 20}, {60, 16}),
-                                       Part({121, 10, 50, 20}, {50, 20})};
-  EXPECT_EQ(ArrangeParts(parts), (std::vector<QRect>{{20, 10, 100, 20}, {121, 10, 50, 20}}));
-}
-
-TEST(PanelPlaces, AWidePartMovesTheColumnsRightOfIt) {
-  const std::vector<PagePart> parts = {
-      Part({0, 0, 100, 20}, {130, 20}), Part({110, 0, 50, 20}, {50, 20}),
-      Part({0, 30, 100, 20}, {80, 20}), Part({110, 30, 50, 20}, {50, 20})};
-  const auto rects = ArrangeParts(parts);
-  EXPECT_EQ(rects[1].topLeft(), QPoint(134, 0));
-  EXPECT_EQ(rects[2], parts[2].place);
-  EXPECT_EQ(rects[3].topLeft(), QPoint(134, 30));
-}
-
-TEST(PanelPlaces, AHighPartMovesWhatStandsBelowIt) {
-  const std::vector<PagePart> parts = {Part({0, 0, 100, 20}, {100, 50}),
-                                       Part({0, 22, 100, 20}, {100, 20}),
-                                       Part({0, 200, 100, 20}, {100, 20})};
-  const auto rects = ArrangeParts(parts);
-  EXPECT_EQ(rects[1].top(), 52);
-  EXPECT_EQ(rects[2].top(), 200);
-}
-
-TEST(PanelPlaces, WithoutAFreePlaceAPartStandsBelowTheOneBeforeIt) {
-  const std::vector<PagePart> parts = {Part({}, {30, 10}), Part({}, {40, 10}),
-                                       Part({15, 31, 30, 10}, {40, 10}),
-                                       Part({-50, -9, 30, 10}, {30, 10})};
-  EXPECT_EQ(
-      ArrangeParts(parts),
-      (std::vector<QRect>{{20, 16, 30, 10}, {20, 30, 40, 10}, {15, 44, 40, 10}, {0, 0, 30, 10}}));
+TEST(PanelPlaces, PartsStandWhereTheSkinHasThemAndGiveWayToTheirTexts) {
+  const std::vector<Part> pages[] = {
+      {{{20, 10, 100, 20}, {60, 16}, {20, 10, 100, 20}},
+       {{121, 10, 50, 20}, {50, 20}, {121, 10, 50, 20}}},
+      // A wide one moves the columns right of it, a high one what is below.
+      {{{0, 0, 100, 20}, {130, 20}, {0, 0, 130, 20}},
+       {{110, 0, 50, 20}, {50, 20}, {134, 0, 50, 20}},
+       {{0, 30, 100, 20}, {80, 20}, {0, 30, 100, 20}},
+       {{110, 30, 50, 20}, {50, 20}, {134, 30, 50, 20}}},
+      {{{0, 0, 100, 20}, {100, 50}, {0, 0, 100, 50}},
+       {{0, 22, 100, 20}, {100, 20}, {0, 52, 100, 20}},
+       {{0, 200, 100, 20}, {100, 20}, {0, 200, 100, 20}}},
+      // Without a free place: below the one before.
+      {{{}, {30, 10}, {20, 16, 30, 10}},
+       {{}, {40, 10}, {20, 30, 40, 10}},
+       {{15, 31, 30, 10}, {40, 10}, {15, 44, 40, 10}},
+       {{-50, -9, 30, 10}, {30, 10}, {0, 0, 30, 10}}},
+  };
+  for (const auto& page : pages) {
+    std::vector<PagePart> parts;
+    std::vector<QRect> expected;
+    for (const auto& [place, least, at] : page) {
+      parts.push_back({place, least, least});
+      expected.push_back(at);
+    }
+    EXPECT_EQ(ArrangeParts(parts), expected);
+  }
 }
 
 TEST(PanelPlaces, ThePanelStandsInItsWindowAndOnTheScreen) {
-  const QRect screen(0, 0, 1000, 800);
-  const QSize size(400, 300);
-  struct Case {
-    QRect place;
-    QRect host;
-    QPoint expected;
+  const QRect screen(0, 0, 1000, 800), inside(100, 100, 600, 500);
+  const auto at = [&](const QPoint& place, const QSize& size, const QRect& host) {
+    return PanelPosition({place, size}, size, host, screen);
   };
-  for (const Case& c : {Case{{0, 0, 400, 300}, {100, 100, 600, 500}, {200, 200}},
-                        Case{{30, 40, 400, 300}, {100, 100, 600, 500}, {130, 140}},
-                        Case{{30, 40, 400, 300}, {900, 700, 600, 500}, {600, 500}},
-                        Case{{0, 0, 400, 300}, {-300, -200, 200, 100}, {0, 0}}}) {
-    const QPoint position = PanelPosition(c.place, size, c.host, screen);
-    EXPECT_LE((position - c.expected).manhattanLength(), 1) << c.host.x() << " " << c.place.x();
-  }
-  EXPECT_EQ(PanelPosition({}, {2000, 1500}, {100, 100, 600, 500}, screen), QPoint(0, 0));
+  EXPECT_EQ(at({0, 0}, {400, 300}, inside), QPoint(200, 200));
+  EXPECT_EQ(at({30, 40}, {400, 300}, inside), QPoint(130, 140));
+  EXPECT_EQ(at({30, 40}, {400, 300}, {900, 700, 600, 500}), QPoint(600, 500));
+  EXPECT_EQ(at({0, 0}, {400, 300}, {-300, -200, 200, 100}), QPoint(0, 0));
+  EXPECT_EQ(at({0, 0}, {2000, 1500}, inside), QPoint(0, 0));
 }
 
 }  // namespace
