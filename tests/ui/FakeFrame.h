@@ -1,12 +1,8 @@
 // A frame for the tests of one pane: a real store, the shipped skin, and a record of what the pane
-// asked for. What it does by itself is in the source file: many tests are compiled with it.
+// asked for.
 #pragma once
 
-#include <functional>
-#include <span>
-#include <string>
-#include <utility>
-#include <vector>
+#include <algorithm>
 
 #include "exchange/DirectorySearch.h"
 #include "kit/ShippedSkin.h"
@@ -18,84 +14,113 @@ namespace feedloom {
 
 class FakeFrame : public Frame {
  public:
-  FakeFrame();
-  ~FakeFrame() override;
+  using CheckEnd = std::function<void(const FeedCheckAnswer&)>;
+  using MergeEnd = std::function<void(const std::optional<ImportSums>&)>;
 
-  Store& GetStore() override;
-  const Skin& GetSkin() const override;
-  SharedState& State() override;
-  void ReportMessage(std::string_view text) override;
-  MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind kind) override;
-  const Actions& GetActions() const override;
-  bool IsAnyChannelQueued(std::span<const int> ids) const override;
-  void QueueRefresh(std::vector<RefreshEntry> entries) override;
-  void StartRefresh() override;
-  void CheckFeed(const std::string& address,
-                 std::function<void(const FeedCheckAnswer&)> onAnswer) override;
-  void StopFeedCheck() override;
-  std::optional<int> ExportOpml(const std::string& path) override;
-  void ImportOpml(const ListSource& source) override;
-  void MergeOpml(const std::string& path,
-                 std::function<void(const std::optional<ImportSums>&)> onEnd) override;
-  std::unique_ptr<DirectorySearch> MakeDirectorySearch() override;
-  void FolderWasAdded(const FolderRow& folder) override;
-  void CabinetWasAdded(const CabinetRow& cabinet) override;
-  void ChannelWasAdded(const ChannelRow& channel) override;
-  void ChannelWasMoved(int channelId, int folderId) override;
-  void ListPosts(ListMode mode, PostList list, FirstShown firstShown) override;
-  void RelistPosts(PostList list) override;
-  void FocusSearch() override;
-  void GoToUnreadPost(bool forward) override;
-  void ShowPost(const PostRow& post) override;
-  void ShowMainPage() override;
-  bool ShowsRemoteImages() const override;
-  void AddChannel(const std::string& address) override;
-  void PostIsSaved(int cabinetId) override;
-  void PostWasRead(const PostRow& post, bool isScrapPost) override;
-  void RecountUnread(bool ofScrapPosts) override;
-  void ReloadSelection() override;
-  void GoToUnreadRow(bool forward) override;
+  ~FakeFrame() override;  // in the source file, and with it what every test would compile again
+
+  Store& GetStore() override { return db.Get(); }
+  const Skin& GetSkin() const override { return skin.Get(); }
+  SharedState& State() override { return state; }
+  void ReportMessage(std::string_view text) override { messages.emplace_back(text); }
+  MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind kind) override {
+    questions.emplace_back(key);
+    kinds.push_back(kind);
+    if (whileAsking) whileAsking();
+    return nextAnswer;
+  }
+  const Actions& GetActions() const override { return actions; }
+  bool IsAnyChannelQueued(std::span<const int> ids) const override {
+    return std::ranges::any_of(ids, [&](int id) { return queue.Contains(id); });
+  }
+  void QueueRefresh(std::vector<RefreshEntry> entries) override {
+    for (RefreshEntry& entry : entries) queue.Append(std::move(entry));
+  }
+  void StartRefresh() override { ++refreshes; }
+  void CheckFeed(const std::string& address, CheckEnd onAnswer) override {
+    checkedAddresses.push_back(address);
+    answerCheck = std::move(onAnswer);
+  }
+  void StopFeedCheck() override { answerCheck = nullptr; }
+  std::optional<int> ExportOpml(const std::string& path) override {
+    return exports.push_back(path), nextExport;
+  }
+  void ImportOpml(const ListSource&) override {}
+  void MergeOpml(const std::string& path, MergeEnd onEnd) override {
+    merges.push_back(path);
+    endMerge = std::move(onEnd);
+  }
+  std::unique_ptr<DirectorySearch> MakeDirectorySearch() override {
+    return std::make_unique<DirectorySearch>(
+        std::make_shared<IngestServices>(IngestServices{db.Shared(),
+                                                        Registry(workFolder.File("registry.reg")),
+                                                        SystemClock(), workFolder.Path()}),
+        directoryService, [thread = interfaceThread](auto work) { thread->Run(std::move(work)); });
+  }
+  void FolderWasAdded(const FolderRow& folder) override { addedFolders.push_back(folder); }
+  void CabinetWasAdded(const CabinetRow& cabinet) override { addedCabinets.push_back(cabinet); }
+  void ChannelWasAdded(const ChannelRow& channel) override { addedChannels.push_back(channel); }
+  void ChannelWasMoved(int channel, int folder) override { moves.emplace_back(channel, folder); }
+  void ListPosts(ListMode mode, PostList list, FirstShown firstShown) override {
+    state.listMode = mode;
+    state.listShowsSelection = mode == ListMode::Selection && !list.wereSearched;
+    lists.push_back(std::move(list));
+    firstShowns.push_back(firstShown);
+  }
+  void RelistPosts(PostList list) override {
+    state.listMode = ListMode::Selection;
+    state.listShowsSelection = true;
+    relists.push_back(std::move(list));
+  }
+  void FocusSearch() override { ++searchFocuses; }
+  void GoToUnreadPost(bool forward) override { unreadPostsAsked.push_back(forward); }
+  void ShowPost(const PostRow& post) override { shown.push_back(post.title); }
+  void ShowMainPage() override { shown.emplace_back("(main page)"); }
+  bool ShowsRemoteImages() const override { return showsRemoteImages; }
+  void AddChannel(const std::string& address) override { addedAddresses.push_back(address); }
+  void PostIsSaved(int cabinetId) override { savedTo.push_back(cabinetId); }
+  void PostWasRead(const PostRow& post, bool isScrapPost) override {
+    read.emplace_back(post.ownerId, isScrapPost);
+  }
+  void RecountUnread(bool ofScrapPosts) override {
+    recounts.push_back(ofScrapPosts);
+    if (onRecount) onRecount(ofScrapPosts);
+  }
+  void ReloadSelection() override { ++reloads; }
+  void GoToUnreadRow(bool forward) override { unreadRowsAsked.push_back(forward); }
 
   TestStore db;
   ShippedSkin skin;
+  TempFolder workFolder;
   SharedState state;
   Actions actions;
-  MsgBoxAnswer nextAnswer = MsgBoxAnswer::Declined;
-  std::function<void(bool scrap)> onRecount;  // what the tree would do
-  std::function<void()> whileAsking;          // what happens before the answer
-
-  std::vector<std::string> messages;
-  std::vector<std::string> questions;  // keys
-  std::vector<MsgBoxKind> kinds;       // of the questions
   RefreshQueue queue;
-  int refreshes = 0;
-  std::vector<std::string> checkedAddresses;
-  std::function<void(const FeedCheckAnswer&)> answerCheck;  // of the check that runs
-  std::vector<std::string> exports;                         // paths
-  std::optional<int> nextExport = 0;                        // channels
-  std::vector<ListSource> imports;
-  std::vector<std::string> merges;                                 // paths
-  std::function<void(const std::optional<ImportSums>&)> endMerge;  // of the latest one
-  std::string directoryService;                                    // an address
-  TempFolder workFolder;
   std::shared_ptr<InterfaceThread> interfaceThread = std::make_shared<InterfaceThread>();
+  std::string directoryService;  // an address
+
+  // What it answers; and what it does before an answer, and when the tree would count again.
+  MsgBoxAnswer nextAnswer = MsgBoxAnswer::Declined;
+  std::optional<int> nextExport = 0;
+  bool showsRemoteImages = true;
+  std::function<void()> whileAsking;
+  std::function<void(bool ofScrapPosts)> onRecount;
+  CheckEnd answerCheck;  // of the check that runs
+  MergeEnd endMerge;     // of the latest import
+
+  // What it was asked for, in order: keys of questions, addresses, paths, titles, ids, directions.
+  std::vector<std::string> messages, questions, checkedAddresses, addedAddresses, exports, merges,
+      shown;
+  std::vector<MsgBoxKind> kinds;
   std::vector<FolderRow> addedFolders;
   std::vector<CabinetRow> addedCabinets;
   std::vector<ChannelRow> addedChannels;
   std::vector<std::pair<int, int>> moves;  // channel and folder
-  std::vector<PostList> lists;
+  std::vector<std::pair<int, bool>> read;  // owner, and whether the post is a saved one
+  std::vector<PostList> lists, relists;
   std::vector<FirstShown> firstShowns;
-  std::vector<PostList> relists;
-  int searchFocuses = 0;
-  std::vector<std::string> shown;  // titles
-  bool showsRemoteImages = true;
-  std::vector<std::string> addedAddresses;
-  std::vector<int> savedTo;  // cabinets
-  std::vector<std::pair<int, bool>> read;
-  std::vector<bool> recounts;  // whether of saved posts
-  int reloads = 0;
-  std::vector<bool> unreadPostsAsked;  // whether forward
-  std::vector<bool> unreadRowsAsked;   // whether forward
+  std::vector<int> savedTo;
+  std::vector<bool> recounts, unreadPostsAsked, unreadRowsAsked;
+  int refreshes = 0, searchFocuses = 0, reloads = 0;
 };
 
 }  // namespace feedloom
