@@ -1,5 +1,5 @@
-// What the panes' commands do outside of the panes: dialogs, and the exchange of subscriptions. The
-// frame fills them in. A command whose action is not there is grey.
+// What the panes' commands do outside the panes: open dialogs, exchange subscriptions. The frame
+// sets these functions. A command whose function is not set is disabled in the menus.
 #pragma once
 
 #include <QString>
@@ -12,30 +12,34 @@ class QUrl;
 
 namespace feedloom {
 
-// Whose name or data a dialog is about. Texts are in the module's code page, without counts.
+// The channel that a dialog is about. Texts are in the module's code page; names do not include
+// unread counts.
 struct ChannelFacts {
   int id = 0;
   std::string title;
-  std::string xmlLink;  // the feed's address
+  std::string xmlLink;  // the address of the feed
   int folderId = 0;
   std::string folderName;
 };
 
-// Called on the interface thread; those that show a dialog return when it is closed. The caller may
-// be gone then: an action with an answer gives none, after one without the caller does nothing.
+// All are called on the interface thread. A function that shows a dialog returns when the dialog is
+// closed. The frame may be destroyed meanwhile, and the caller with it: a function with a result
+// then returns the same as when the user cancels, and after any other the caller must return at
+// once.
 struct Actions {
-  // The word of a search; never empty.
+  // Returns the word to search for, never an empty one; std::nullopt when the user cancels.
   std::function<std::optional<std::string>()> askSearchWord;
-  // The id of the cabinet that is to receive posts.
+  // Returns the id of the cabinet to save posts to; std::nullopt when the user cancels.
   std::function<std::optional<int>()> chooseCabinet;
 
-  // A checked new name; the caller writes it.
+  // These return a valid new name for the folder, channel or cabinet, which the caller stores;
+  // std::nullopt when the user cancels. The parameter has the old name.
   std::function<std::optional<std::string>(const std::string& name)> askGroupName;
   std::function<std::optional<std::string>(const ChannelFacts& channel)> askChannelName;
   std::function<std::optional<std::string>(const std::string& title)> askCabinetName;
 
-  // These write what they change themselves.
-  // With the folder and the feed address to begin with; both may be empty.
+  // These store what the user adds or moves, and show it in the tree. The dialog of addChannel
+  // starts with this folder and this feed address; both may be empty.
   std::function<void(const std::string& folderName, const std::string& address)> addChannel;
   std::function<void()> addGroup;
   std::function<void()> addCabinet;
@@ -44,16 +48,18 @@ struct Actions {
 
   std::function<void()> importFile;
   std::function<void()> importAddress;
-  std::function<void(const std::string& fileName)> exportOpml;  // the name to begin with
+  std::function<void(const std::string& fileName)> exportOpml;  // suggested name
   std::function<void()> synchronise;
   std::function<void()> openSettings;
   std::function<void()> openDirectory;
   std::function<void()> notifyOfNewPosts;
 
-  // The browser's. The place for a file, by its suggested name: a path, empty when the user wants
-  // none; whether the user has chosen a printer; whether a program of the system took the address.
+  // Returns the path to save a download to, empty when the user cancels; `name` is the suggested
+  // file name.
   std::function<QString(const QString& name)> askDownloadPlace;
+  // Sets `printer` up as the user chooses; false when the user cancels.
   std::function<bool(QPrinter& printer)> choosePrinter;
+  // Opens the address with the desktop's default program; false when there is none.
   std::function<bool(const QUrl& address)> openOutside;
 };
 

@@ -1,4 +1,4 @@
-// The numbers of the commands that menus, toolbars and keys give.
+// The numbers of the commands that menus, toolbars and keys issue.
 #pragma once
 
 namespace feedloom {
@@ -34,13 +34,13 @@ enum Command {
   kCommandToday = 0x8035,
   kCommandScrap = 0x8036,
 
-  // Not in a menu; hosts don't know them.
+  // Commands of toolbars and keys only. Hosts do not know these numbers.
   kCommandRefreshAll = 1,
   kCommandRefreshSelection,
   kCommandDeleteSelection,
   kCommandDirectory,
 
-  // The browser's menu and keys.
+  // Commands of the browser's menu and keys.
   kCommandOpenOutside,
   kCommandCopyAddress,
   kCommandCopyText,

@@ -1,5 +1,5 @@
-// What the panes need of the frame that holds them. The frame implements it; a pane knows no other
-// pane. All of it belongs to the interface thread.
+// What the panes need from the frame that contains them, and from each other: panes call each other
+// through this interface only. Interface thread only. Texts are in the module's code page.
 #pragma once
 
 #include <functional>
@@ -25,7 +25,7 @@ namespace feedloom {
 class DirectorySearch;
 struct FeedCheckAnswer;
 
-// The post of a list that is shown first.
+// Which post of a new list is shown first.
 enum class FirstShown { First, FirstUnread, LastUnread };
 
 class Frame {
@@ -36,83 +36,87 @@ class Frame {
   virtual const Skin& GetSkin() const = 0;
   virtual SharedState& State() = 0;
 
-  // Hands a status text, in the module's code page, to the host, which shows it.
+  // Passes a status text to the host, which shows it.
   virtual void ReportMessage(std::string_view text) = 0;
-  // Shows a text of the host in the message box and waits for the answer. The frame may be gone
-  // when it returns; the answer is Declined then.
+  // Shows the host's text with this section and key in a message box and waits for the answer. The
+  // frame may be destroyed meanwhile; the answer is then Declined.
   virtual MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) = 0;
 
   virtual const Actions& GetActions() const = 0;
 
-  // True while one of the channels waits for a refresh or is being refreshed.
+  // True when at least one of the channels waits for a refresh or is being refreshed.
   virtual bool IsAnyChannelQueued(std::span<const int> channelIds) const = 0;
-  // Puts the channels into the queue, but for those that are in it already.
+  // Appends the channels to the refresh queue. Channels that are already in it are skipped.
   virtual void QueueRefresh(std::vector<RefreshEntry> entries) = 0;
-  // Works off the queue; does nothing when it is empty.
+  // Starts refreshing the queued channels; does nothing when the queue is empty.
   virtual void StartRefresh() = 0;
 
-  // Finds out on another thread whether the address, a text in the module's code page, yields a
-  // feed; `onAnswer` is called later, on the interface thread. The next check, StopFeedCheck and
-  // the end of the frame's refresh end the one before: its answer is dropped.
+  // Checks on another thread whether `address` leads to a feed, and calls `onAnswer` with the
+  // result on the interface thread. At most one check runs: `onAnswer` is not called after the
+  // next CheckFeed, after StopFeedCheck, or once the frame is closing.
   virtual void CheckFeed(const std::string& address,
                          std::function<void(const FeedCheckAnswer&)> onAnswer) = 0;
   virtual void StopFeedCheck() = 0;
 
-  // Writes the tree's folders and channels to `path` (the file system's own bytes) as OPML, whole
-  // or not at all. Returns the number of channels; none after a failure, which it has reported.
+  // Writes the tree's folders and channels as OPML to the file `path`, in the file system's
+  // encoding. The file is replaced as a whole or not at all. Returns the number of channels;
+  // std::nullopt after a failure, which has been reported to the host.
   virtual std::optional<int> ExportOpml(const std::string& path) = 0;
-  // Reads a list on another thread and adds its folders and channels to the store and the tree, one
-  // by one, and then refreshes the new channels. Reports how many there are, or shows a message
-  // when the list cannot be read. One import after the other.
+  // Reads an OPML list on another thread, adds its folders and channels to the store and the tree,
+  // and refreshes the new channels. Reports their number to the host, or shows a message when the
+  // list cannot be read. Imports run one after another.
   virtual void ImportOpml(const ListSource& source) = 0;
-  // The same for the list in the file `path`, but folders that are there already are used, and all
-  // that is said at the end is `onEnd`, on the interface thread: nothing when it could not be read,
-  // or not be added whole.
+  // Imports the OPML file `path` like ImportOpml, with two differences: channels go into existing
+  // folders of the same name, and nothing is reported or shown. `onEnd` is called at the end on
+  // the interface thread, with std::nullopt when the list could not be read or not be added whole.
   virtual void MergeOpml(const std::string& path,
                          std::function<void(const std::optional<ImportSums>&)> onEnd) = 0;
 
-  // A search of the web directory at the host's address; never null. Its answers come as long as
-  // the frame's refresh is not ended.
+  // Returns a new search of the web directory, at the address that the host configures; never null.
+  // It delivers no results once the frame is closing.
   virtual std::unique_ptr<DirectorySearch> MakeDirectorySearch() = 0;
 
-  // From the dialogs to the tree: what they have put into the store gets its row at once.
+  // The dialogs call these after storing a change; the tree updates its rows at once.
   virtual void FolderWasAdded(const FolderRow& folder) = 0;
   virtual void CabinetWasAdded(const CabinetRow& cabinet) = 0;
   virtual void ChannelWasAdded(const ChannelRow& channel) = 0;
   virtual void ChannelWasMoved(int channelId, int folderId) = 0;
 
-  // To the list: fills it, in this mode, and shows the post to be shown first, or the main page
-  // when there is none.
+  // Fills the post list and sets its mode. Shows the post that `shown` tells, or the main page when
+  // there is no such post.
   virtual void ListPosts(ListMode mode, PostList list, FirstShown shown = FirstShown::First) = 0;
-  // The posts of the tree's selection, read again: the list keeps its place, the page stays.
+  // Updates the post list with the posts of the tree's selection, read again from the store. The
+  // list keeps its scroll position and the browser its page.
   virtual void RelistPosts(PostList list) = 0;
-  // The keyboard goes to the search box.
+  // Moves the keyboard focus to the search box.
   virtual void FocusSearch() = 0;
-  // Shows the next unread post of the list, or the previous one; when it has none, GoToUnreadRow.
+  // Shows the next unread post of the list, the previous one when `forward` is false. When the list
+  // has none, calls GoToUnreadRow.
   virtual void GoToUnreadPost(bool forward) = 0;
 
-  // From the list to the browser.
+  // Show a post, or the main page, in the browser.
   virtual void ShowPost(const PostRow& post) = 0;
   virtual void ShowMainPage() = 0;
 
-  // Whether a preview shows the pictures that lie in the web.
+  // True when the preview of a post loads images from the web.
   virtual bool ShowsRemoteImages() const = 0;
 
-  // From the browser to the tree: the dialog that adds a channel, with this feed address and the
-  // folder of the tree's selection. The caller may be gone when it returns.
+  // Opens the dialog that adds a channel, with this feed address and the folder of the tree's
+  // selection. The frame may be destroyed meanwhile, and the caller with it.
   virtual void AddChannel(const std::string& address) = 0;
-  // The same: an unread post is being saved to this cabinet. The tree shows it at once.
+  // Call this when an unread post is being saved to the cabinet: the tree updates its count.
   virtual void PostIsSaved(int cabinetId) = 0;
 
-  // From the list to the tree: an unread post was marked read.
+  // Call this when an unread post was marked read: the tree updates its counts.
   virtual void PostWasRead(const PostRow& post, bool isScrapPost) = 0;
-  // The read status of posts, or posts, have changed: the tree reads its counts again. The unread
-  // total of the shared state stays.
+  // Call this when posts, or their read status, have changed: the tree reads its unread counts
+  // again from the store. SharedState::unreadTotal is not changed.
   virtual void RecountUnread(bool ofScrapPosts) = 0;
-  // Reads the posts of the tree's selection again, when it is these that the list shows.
+  // Reads the posts of the tree's selection again when the list shows them; otherwise does nothing.
   virtual void ReloadSelection() = 0;
-  // Selects the next row behind the tree's selection (or before it) that has unread posts, and
-  // shows its first (or last) unread one; nothing when there is none.
+  // Selects the next row of the tree with unread posts and shows its first unread post. When
+  // `forward` is false, it is the previous row and its last unread post. Without such a row,
+  // nothing happens.
   virtual void GoToUnreadRow(bool forward) = 0;
 };
 

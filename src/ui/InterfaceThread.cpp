@@ -6,7 +6,7 @@
 
 namespace feedloom {
 
-// A piece of work that its sender waits for.
+// One RunAndWait call, shared by the waiting thread and the interface thread.
 struct InterfaceThread::Visit {
   bool done = false;
 };
@@ -49,7 +49,7 @@ void InterfaceThread::RunAndWait(std::function<void()> work) {
   work();
 }
 
-// With the receiver goes all work that has not begun.
+// Destroying the receiver drops its queued work.
 void InterfaceThread::Close() {
   std::unique_ptr<QObject> receiver;
   const MutexLock lock(mutex_);

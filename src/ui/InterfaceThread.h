@@ -1,4 +1,4 @@
-// How other threads reach the interface thread: with a piece of work, or with a message.
+// Lets other threads run functions on the interface thread and send it messages.
 #pragma once
 
 #include <condition_variable>
@@ -12,9 +12,9 @@ class QObject;
 
 namespace feedloom {
 
-// Made and closed on the interface thread, and destroyed anywhere when it is closed. Threads that
-// may outlive its maker hold it by a shared pointer and may call it for as long as they like: once
-// it is closed they get their answer at once, and nothing more is run.
+// Create and close it on the interface thread; once closed, any thread may destroy it. Threads that
+// may outlive its creator hold it by a shared pointer. Any thread may call Run and RunAndWait, also
+// after Close: they then return at once and run nothing.
 class InterfaceThread {
  public:
   InterfaceThread();
@@ -22,15 +22,15 @@ class InterfaceThread {
   InterfaceThread(const InterfaceThread&) = delete;
   InterfaceThread& operator=(const InterfaceThread&) = delete;
 
-  // Runs `work` on the interface thread: at once there, and soon after the call when another thread
-  // makes it, which goes on meanwhile.
+  // Runs `work` on the interface thread. Called on the interface thread, it runs `work` at once;
+  // called on another thread, it queues `work` and returns without waiting.
   void Run(std::function<void()> work);
 
-  // The same, and comes back when `work` is done, or when this is closed meanwhile: `work` may
-  // still be running then, so it owns all that it touches.
+  // Runs `work` on the interface thread and returns when it is done, or when Close is called
+  // meanwhile. In the latter case `work` may still be running, so it must own what it uses.
   void RunAndWait(std::function<void()> work);
 
-  // From now on nothing is run, and no caller waits.
+  // Drops all queued work and releases all waiting callers.
   void Close();
 
  private:
@@ -43,7 +43,7 @@ class InterfaceThread {
   std::unique_ptr<QObject> receiver_ FEEDLOOM_GUARDED_BY(mutex_);  // null once closed
 };
 
-// Has messages handled on the interface thread, wherever they are sent.
+// Handles messages on the interface thread, whichever thread sends them.
 class InterfaceTarget : public MessageTarget {
  public:
   using Handler = std::function<std::intptr_t(unsigned, std::intptr_t, std::intptr_t)>;

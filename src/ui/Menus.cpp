@@ -97,7 +97,7 @@ Menu ListMenu() {
   };
 }
 
-// In a menu of the toolkit an "&" makes the letter behind it a key, unless it is doubled.
+// QMenu takes a single "&" as the mark of a mnemonic.
 QString MenuText(const Skin& skin, const Label& label) {
   return SkinText(skin, label).replace("&", "&&");
 }
@@ -153,7 +153,7 @@ void ShowMenu(const Menu& menu, const Skin& skin, const QPoint& place, QWidget* 
   auto* const shown = new QMenu(parent);
   shown->setAttribute(Qt::WA_DeleteOnClose);
   AddItems(*shown, menu, skin);
-  // Later, when the menu has closed: a command may open a dialog, or end the parent.
+  // Queued until the menu has closed: a command may open a dialog or destroy the parent.
   QObject::connect(shown, &QMenu::triggered, parent,
                    [parent, run = std::move(onCommand)](const QAction* action) {
                      const int command = action->data().toInt();

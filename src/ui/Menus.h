@@ -1,4 +1,4 @@
-// The module's menus as plain values, and how one is shown.
+// The module's menus as values, and a function that shows one.
 #pragma once
 
 #include <functional>
@@ -17,7 +17,7 @@ class Skin;
 struct MenuItem;
 using Menu = std::vector<MenuItem>;
 
-// A command, a sub-menu when it has items, a separator when it has no label.
+// A command; with `items`, a sub-menu; without `label`, a separator.
 struct MenuItem {
   int command = 0;
   const Label* label = nullptr;
@@ -25,20 +25,20 @@ struct MenuItem {
   Menu items = {};
 };
 
-// The pop-ups of the module's menu, in its order.
+// The module's pop-up menus.
 enum class PopUp { Group, Channel, CabinetRoot, Cabinet, Whole, List };
 
-// Every item enabled.
+// Returns the menu with every item enabled.
 Menu PopUpMenu(PopUp popUp);
 
-// Greys the command wherever it stands; in sub-menus too.
+// Disables every item with this command, also in sub-menus.
 void Disable(Menu& menu, int command);
-// Takes the command out of the top level.
+// Removes every item with this command from the top level.
 void Remove(Menu& menu, int command);
 
-// Shows the menu at `place`, a point of the screen, and returns at once. `onCommand` gets the
-// chosen command later, on the interface thread, unless `parent` is gone by then. The menu's
-// actions carry their commands as data.
+// Shows the menu at `place`, in screen coordinates, and returns at once. Interface thread only.
+// `onCommand` is called with the chosen command from the event loop, unless `parent` is destroyed
+// before. Each QAction of the menu has its command as data().
 void ShowMenu(const Menu& menu, const Skin& skin, const QPoint& place, QWidget* parent,
               std::function<void(int command)> onCommand);
 

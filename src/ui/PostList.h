@@ -6,11 +6,11 @@
 
 namespace feedloom {
 
-// The posts that the list shows, all of one kind.
+// The contents of the post list: posts of channels, or saved posts of cabinets.
 struct PostList {
-  std::vector<PostRow> posts;  // in the order to show them
-  bool areScrapPosts = false;  // saved posts of cabinets, not posts of channels
-  bool wereSearched = false;   // found by a word: their number is shown
+  std::vector<PostRow> posts;  // in display order
+  bool areScrapPosts = false;  // saved posts
+  bool wereSearched = false;   // results of a search; the list shows their number
 };
 
 }  // namespace feedloom

@@ -1,5 +1,4 @@
-// What the panes share: the module-wide state. The frame owns the one object; it belongs to the
-// interface thread.
+// The state that all panes share. The frame owns the only object. Interface thread only.
 #pragma once
 
 #include <string>
@@ -9,27 +8,28 @@
 
 namespace feedloom {
 
-// A feed that the web page on display announces; in the module's code page.
+// A feed that the displayed web page links to; texts are in the module's code page.
 struct DiscoveredFeed {
   std::string title;
   std::string address;
 };
 
-// What the list shows.
+// What the post list shows: posts of the tree's selection, of the web directory, or of today.
 enum class ListMode { Selection = 0, WebDirectory = 1, Today = 2 };
 
 struct SharedState {
-  // Posts not read yet: counted at start (-1 when the store could not be read), raised by what a
-  // refresh brings, lowered by clicks on posts and by rows that are deleted.
+  // The number of unread posts: counted at the start (-1 when the store could not be read), then
+  // raised by new posts and lowered by reading posts and deleting rows.
   int unreadTotal = 0;
-  // The unread total when new posts were last announced.
+  // The value of unreadTotal at the latest notice of new posts.
   int announcedTotal = 0;
   ListMode listMode = ListMode::Selection;
-  // The list shows the posts of the tree's selected row: not a search, nor today's posts.
+  // True when the list shows the posts of the tree's selected row, not a search or today's posts.
   bool listShowsSelection = false;
-  // In the page's order. A page that the module writes leaves them as they are.
+  // The feeds of the latest web page, in the page's order. Pages that the module generates do not
+  // change them.
   std::vector<DiscoveredFeed> discoveredFeeds;
-  // All zero until the user confirms the control panel, whatever is stored.
+  // The settings in effect: all zero until the user confirms the control panel.
   Settings liveSettings;
 };
 

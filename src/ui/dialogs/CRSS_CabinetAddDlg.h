@@ -4,7 +4,7 @@
 
 namespace feedloom {
 
-// Asks for the name of a new cabinet; the caller adds it.
+// Asks for the title of a new cabinet, which the caller adds to the store.
 class CRSS_CabinetAddDlg : public NameDialog {
   Q_OBJECT
 

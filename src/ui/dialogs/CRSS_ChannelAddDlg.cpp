@@ -25,7 +25,7 @@ namespace {
 
 constexpr int kProgressHeight = 6;
 
-// A mark that moves. Its own room is there when it is not shown, too.
+// Makes a busy indicator in `room`, which keeps its size while the indicator is hidden.
 QProgressBar* MakeProgress(const Skin& skin, QWidget* room) {
   auto* const progress = new QProgressBar(room);
   progress->setRange(0, 0);
@@ -41,7 +41,7 @@ QProgressBar* MakeProgress(const Skin& skin, QWidget* room) {
   return progress;
 }
 
-// A page must not lead the user to the machine's own files.
+// Web addresses only: `fromPage` may come from a web page, which must not offer a local file.
 QString AddressToBeginWith(Frame& frame, const std::string& fromPage) {
   const CodePage codePage = frame.GetStore().TextCodePage();
   const std::string scheme = frame.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
@@ -86,7 +86,7 @@ void CRSS_ChannelAddDlg::SetState(State state) {
   state_ = state;
   const bool isChecking = state == State::Checking;
   const bool isChecked = state == State::Checked;
-  // The keyboard waits here, or else it would go to Cancel, and the next Enter with it.
+  // Without this, disabling the fields moves the focus to Cancel, which the next Enter would press.
   progress_.setVisible(isChecking);
   if (isChecking) progress_.setFocus();
   address_.setEnabled(!isChecking);
@@ -98,7 +98,7 @@ void CRSS_ChannelAddDlg::SetState(State state) {
   SetConfirmButton(isChecked ? &ok_ : &check_);
 }
 
-// The address is ASCII from here on, so that no code page can harm it.
+// Replaces the text by the completed address, which is ASCII and so the same in any code page.
 void CRSS_ChannelAddDlg::Check() {
   const QString typed = address_.TrimmedText();
   if (const char* const fault = CheckAddress(typed.toStdString())) return Refuse(fault, &address_);
@@ -117,13 +117,13 @@ void CRSS_ChannelAddDlg::OnChecked(const FeedCheckAnswer& answer) {
   if (!answer.isFeed) return Refuse(kTextAddChannelCheckError, &address_);
   homePage_ = answer.homePage;
   const CodePage codePage = frame_.GetStore().TextCodePage();
-  const std::string title = UnescapeEntities(answer.title);  // as it will be stored
+  const std::string title = UnescapeEntities(answer.title);  // as the store decodes it
   title_.setText(title.empty() ? address_.text() : ToLine(codePage, title));
   title_.setFocus();
   title_.selectAll();
 }
 
-// A web page is no feed, but may name one.
+// The address leads to a web page that links to the feed `address`.
 void CRSS_ChannelAddDlg::OfferAnnounced(const std::string& address) {
   address_.setFocus();
   const QPointer self(this);
@@ -146,7 +146,7 @@ void CRSS_ChannelAddDlg::AddFolder() {
 }
 
 const char* CRSS_ChannelAddDlg::Fault() {
-  // The chosen one may have been deleted meanwhile.
+  // Read again: the selected folder may have been deleted meanwhile.
   if (!ListFolders(frame_, folders_)) return kTextAddChannelError;
   return CheckNewChannel(TextOf(title_), ChosenFolder(folders_), [this](int folderId) {
     int id = 0;
@@ -163,7 +163,7 @@ const char* CRSS_ChannelAddDlg::Add() {
   record.xmlLink = TextOf(address_);
   record.htmlLink = homePage_;
   if (!AppendChannelRecord(frame_.GetStore(), record)) return kTextAddChannelError;
-  if (!record.newlyInserted) return kTextAddChannelDuplicate;  // another program was faster
+  if (!record.newlyInserted) return kTextAddChannelDuplicate;  // by another program
   Subscribe(record);
   return nullptr;
 }
@@ -182,7 +182,7 @@ void CRSS_ChannelAddDlg::accept() {
   Refuse(fault, ChosenFolder(folders_) == 0 ? static_cast<QWidget*>(&folders_) : &title_);
 }
 
-// Nothing of the dialog may be touched afterwards.
+// The dialog may be destroyed while the message is shown; callers must not use it afterwards.
 void CRSS_ChannelAddDlg::Refuse(const char* key, QWidget* field) {
   field->setFocus();
   frame_.ShowTextMessage(kSectionTexts, key, MsgBoxKind::Notice);

@@ -12,15 +12,16 @@ class Frame;
 struct ChannelRecord;
 struct FeedCheckAnswer;
 
-// Subscribes to a feed, in the store and in the tree, and has it refreshed. The address is checked
-// first, on another thread; what follows it can be filled in once a feed was found there, and no
-// longer when the address was changed since.
+// Subscribes to a feed: adds a channel to the store and the tree, and refreshes it. The address is
+// checked first, on another thread. The other fields are enabled only after the check has found a
+// feed, and disabled again when the address changes.
 class CRSS_ChannelAddDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  // Both texts are in the module's code page and may be empty. The address comes from a page: any
-  // but an http or https one is left out.
+  // The dialog starts with the folder `folderName` and the feed address `address`. Both are in the
+  // module's code page and may be empty. An address with another scheme than http or https is
+  // ignored.
   CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std::string& folderName,
                      const std::string& address);
 
@@ -36,7 +37,8 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   void OnChecked(const FeedCheckAnswer& answer);
   void OfferAnnounced(const std::string& address);
   void AddFolder();
-  // Both: the key of the message that says what is wrong, null when nothing is.
+  // Fault validates the fields, Add stores the channel. Both return the text key of an error
+  // message, null on success.
   const char* Fault();
   const char* Add();
   void Subscribe(const ChannelRecord& record);
@@ -52,7 +54,7 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   CVxComboBox& folders_;
   CButtonEx& ok_;
   State state_ = State::Unchecked;
-  std::string homePage_;  // of the feed that was found
+  std::string homePage_;  // of the feed that the check has found
 };
 
 }  // namespace feedloom

@@ -11,7 +11,7 @@ CRSS_ChannelInfoDlg::CRSS_ChannelInfoDlg(Frame& frame, QWidget* parent, const Ch
     : CVxFormDialog(frame.GetSkin(), kTextChannelInfoTitle, parent) {
   const auto show = [&](const char* labelKey, const std::string& text) {
     CVxEdit* const box = AddEdit(labelKey);
-    box->setReadOnly(true);  // and not a mere label: it can be copied, and scrolled
+    box->setReadOnly(true);  // not a label: the text can be copied and scrolled
     box->setText(ToQString(frame.GetStore().TextCodePage(), text));
     box->setCursorPosition(0);
   };

@@ -7,7 +7,7 @@ namespace feedloom {
 class Frame;
 struct ChannelFacts;
 
-// Shows what a channel is called, where its feed comes from and which folder it is in.
+// Shows the title, the feed address and the folder of a channel.
 class CRSS_ChannelInfoDlg : public CVxFormDialog {
   Q_OBJECT
 

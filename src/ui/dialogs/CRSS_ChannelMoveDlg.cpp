@@ -21,7 +21,7 @@ CRSS_ChannelMoveDlg::CRSS_ChannelMoveDlg(Frame& frame, QWidget* parent, ChannelF
 }
 
 const char* CRSS_ChannelMoveDlg::Fault() {
-  // The chosen one may have been deleted meanwhile.
+  // Read again: the selected folder may have been deleted meanwhile.
   if (!ListFolders(frame_, folders_)) return kTextMoveError;
   return CheckFolder(ChosenFolder(folders_), [this](int folderId) {
     int id = 0;

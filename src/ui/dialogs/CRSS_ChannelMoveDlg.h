@@ -17,7 +17,8 @@ class CRSS_ChannelMoveDlg : public CVxFormDialog {
   void accept() override;
 
  private:
-  // Both: the key of the message that says what is wrong, null when nothing is.
+  // Fault validates the selected folder, Move stores it. Both return the text key of an error
+  // message, null on success.
   const char* Fault();
   const char* Move(int folderId);
 

@@ -4,14 +4,15 @@
 
 namespace feedloom {
 
-// Asks for the new name of a channel, or of a cabinet; the caller writes it.
+// Asks for the new name of a channel or a cabinet, which the caller stores.
 class CRSS_ChannelRenameDlg : public NameDialog {
   Q_OBJECT
 
  public:
   enum class Mode { Channel, Cabinet };
 
-  // `folderId` is the channel's folder, in which its name is to be the only one.
+  // `name` is the old name. `folderId` is the channel's folder, in which the new name must be
+  // unique; cabinets do not use it.
   CRSS_ChannelRenameDlg(Frame& frame, QWidget* parent, Mode mode, const std::string& name,
                         int folderId = 0);
 

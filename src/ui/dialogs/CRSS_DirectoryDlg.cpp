@@ -56,7 +56,7 @@ void CRSS_DirectoryDlg::SetUpList() {
   list_.setModel(&model_);
   list_.setSelectionMode(QAbstractItemView::SingleSelection);
   list_.SetColumnWidths({kTitleWidth, CVxListCtrl::kFurtherColumnWidth, kFeedUrlWidth});
-  // Wide windows have room for descriptions. The order is the directory's, the best ones first.
+  // Descriptions get the space of a wide window. Rows keep the directory's order, best match first.
   list_.header()->setSectionResizeMode(DirectoryModel::kDescription, QHeaderView::Stretch);
   list_.header()->setSectionsClickable(false);
 }
@@ -93,11 +93,9 @@ void CRSS_DirectoryDlg::Connect() {
   connect(&list_, &QAbstractItemView::doubleClicked, this, &CRSS_DirectoryDlg::Add);
   connect(list_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &CRSS_DirectoryDlg::UpdateAdd);
-  // Queued: a list that is still scrolling must not be closed.
+  // Queued: the list must not be closed in the middle of its own scrolling.
   connect(&list_, &CVxListCtrl::EndReached, this, &CRSS_DirectoryDlg::More, Qt::QueuedConnection);
 }
-
-// The search.
 
 void CRSS_DirectoryDlg::Search() {
   const std::string word = FromQString(frame_.GetStore().TextCodePage(), word_.text());
@@ -135,7 +133,7 @@ void CRSS_DirectoryDlg::GiveUp() {
 void CRSS_DirectoryDlg::ShowResult() {
   const int rows = model_.rowCount();
   if (rows == 0) return EndWait(SkinText(GetSkin(), kTextDirectoryNothing));
-  // A service may have said too little.
+  // The directory's total may be lower than the number of its rows.
   const std::string text = WithNumbers(GetSkin().GetText(kSectionTexts, kTextDirectoryCount),
                                        {std::max(search_->Total(), rows), rows});
   EndWait(ToQString(GetSkin().Config().GetCodePage(), text));
@@ -152,8 +150,6 @@ void CRSS_DirectoryDlg::Say(const QString& line) {
   list_.setAccessibleDescription(line);
 }
 
-// What is found.
-
 std::string CRSS_DirectoryDlg::ChosenFeed() const {
   const std::vector<int> rows = list_.SelectedRows();
   return rows.empty() ? std::string() : model_.FeedUrlAt(rows.front());
@@ -165,7 +161,7 @@ void CRSS_DirectoryDlg::UpdateAdd() {
   add_.setEnabled(!search_->IsRunning() && isFeed);
 }
 
-// Nothing of the dialog may be touched afterwards.
+// The dialog may be destroyed by AddChannel; callers must not use it afterwards.
 void CRSS_DirectoryDlg::Add() {
   if (add_.isEnabled()) frame_.AddChannel(ChosenFeed());
 }

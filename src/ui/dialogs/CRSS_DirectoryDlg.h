@@ -15,9 +15,9 @@ class DirectorySearch;
 class Frame;
 struct DirectoryAnswer;
 
-// Searches the web directory for feeds and has those that the user chooses added. Further results
-// come when the list is scrolled to its end. While a search runs the list is closed; Escape gives
-// it up, and closes the dialog when none runs.
+// Searches the web directory for feeds and adds those that the user chooses. Scrolling to the end
+// of the list loads further results. While a search runs, the list takes no input and Escape
+// cancels the search; otherwise Escape closes the dialog.
 class CRSS_DirectoryDlg : public CVxDialog {
   Q_OBJECT
 
@@ -26,7 +26,7 @@ class CRSS_DirectoryDlg : public CVxDialog {
   ~CRSS_DirectoryDlg() override;
 
  protected:
-  // Enter does what belongs to the control with the keyboard.
+  // Enter searches when the word has the focus, and adds the selected feed when the list has it.
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -40,10 +40,10 @@ class CRSS_DirectoryDlg : public CVxDialog {
   void GiveUp();
   void ShowResult();
   void EndWait(const QString& line);
-  void Say(const QString& line);  // also to a screen reader
+  void Say(const QString& line);  // shows it, also to screen readers
   void UpdateAdd();
   void Add();
-  // Of the selected row; empty without one.
+  // The feed address of the selected row; empty without a selection.
   std::string ChosenFeed() const;
 
   Frame& frame_;

@@ -23,7 +23,7 @@ bool CRSS_GroupAddDlg::IsTaken(const std::string& name) const {
 const char* CRSS_GroupAddDlg::Keep(const std::string& name) {
   int order = 0;
   folderId_ = AppendFolder(GetFrame().GetStore(), name, order);
-  if (folderId_ == 0) return kTextGroupDuplicate;  // another program was faster
+  if (folderId_ == 0) return kTextGroupDuplicate;  // by another program
   if (folderId_ < 0) return kTextGroupError;
   GetFrame().FolderWasAdded({.name = UnescapeEntities(name), .id = folderId_, .order = order});
   return nullptr;

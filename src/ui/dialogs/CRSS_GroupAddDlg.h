@@ -4,14 +4,14 @@
 
 namespace feedloom {
 
-// Adds a folder, in the store and in the tree.
+// Adds a folder to the store and the tree.
 class CRSS_GroupAddDlg : public NameDialog {
   Q_OBJECT
 
  public:
   CRSS_GroupAddDlg(Frame& frame, QWidget* parent);
 
-  // Of the folder that was added; 0 before.
+  // The id of the new folder; 0 before it is added.
   int FolderId() const { return folderId_; }
 
  protected:

@@ -4,7 +4,7 @@
 
 namespace feedloom {
 
-// Asks for a folder's new name; the caller writes it.
+// Asks for the new name of a folder, which the caller stores.
 class CRSS_GroupRenameDlg : public NameDialog {
   Q_OBJECT
 

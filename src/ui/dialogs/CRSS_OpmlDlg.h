@@ -8,14 +8,15 @@ namespace feedloom {
 
 class Frame;
 
-// Asks for the address of a list of channels. OK without one says so and leaves the dialog open.
+// Asks for the address of an OPML list. OK with an empty field shows a message and keeps the dialog
+// open.
 class CRSS_OpmlDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
   CRSS_OpmlDlg(Frame& frame, QWidget* parent);
 
-  // The address that is meant by what stands in the box: complete, in ASCII; empty for blanks.
+  // The typed address, completed with its scheme and in ASCII; empty when only blanks were typed.
   std::string Address() const;
 
   void accept() override;

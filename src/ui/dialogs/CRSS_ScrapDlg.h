@@ -6,16 +6,16 @@ namespace feedloom {
 
 class Frame;
 
-// Has the user choose the cabinet that is to receive posts, of all cabinets in their order. With
-// several of them none is chosen at first; OK without a choice says so and leaves the dialog open.
+// Asks for the cabinet to save posts to. The only cabinet is selected; with several, none is
+// selected at first, and OK without a selection shows a message and keeps the dialog open.
 class CRSS_ScrapDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  // Reads the cabinets; a failure is reported by the store and leaves none to choose.
+  // Reads the cabinets from the store, which reports a failure; the list is then empty.
   CRSS_ScrapDlg(Frame& frame, QWidget* parent);
 
-  // Of the chosen cabinet; 0 without a choice.
+  // The id of the selected cabinet; 0 without a selection.
   int CabinetId() const;
 
   void accept() override;

@@ -8,14 +8,15 @@ namespace feedloom {
 
 class Frame;
 
-// Asks for the word of a search. OK with an empty word says so and leaves the dialog open.
+// Asks for the word to search for. OK with an empty field shows a message and keeps the dialog
+// open.
 class CRSS_SearchDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
   CRSS_SearchDlg(Frame& frame, QWidget* parent);
 
-  // As it stands in the box, in the module's code page.
+  // The typed word with its blanks, in the module's code page.
   std::string Word() const;
 
   void accept() override;

@@ -16,11 +16,11 @@
 namespace feedloom {
 namespace {
 
-// In the work directory: the list for the handset, and the one that the handset has left.
+// File names in the work directory: the list for the handset, and the handset's own list.
 constexpr char kSentList[] = "Skyfold_pc.opml";
 constexpr char kReceivedList[] = "Skyfold_ppc.opml";
 
-// Room for each of the texts, so that the window keeps its size.
+// Enough for the longest status text, so that the window keeps its size.
 constexpr int kStatusWidth = 320;
 constexpr int kStatusLines = 2;
 
@@ -31,7 +31,8 @@ bool IsThere(const std::string& path) {
   return std::filesystem::exists(path, ignored);
 }
 
-// What came and went; `received` is nothing when the handset's list could not be read.
+// The numbers of sent and added channels; `received` is std::nullopt when the handset's list could
+// not be imported.
 std::string EndText(const Skin& skin, int sent, const std::optional<ImportSums>& received) {
   if (!received) return WithNumbers(skin.GetText(kSectionTexts, kTextSyncListError), {sent});
   return WithNumbers(skin.GetText(kSectionTexts, kTextSyncDone), {sent, received->added});
@@ -69,7 +70,7 @@ void CRSS_SyncDlg::AddSynchronisation() {
   connect(start_, &QAbstractButton::clicked, this, &CRSS_SyncDlg::Synchronise);
 }
 
-// Not the base's row: neither button answers a question.
+// Not the base class's row, whose buttons accept or reject the dialog.
 void CRSS_SyncDlg::AddButtonRow() {
   CButtonEx* const close = MakeButton(kSectionSync, kButtonSyncConfirm, kTextSyncClose);
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
@@ -106,14 +107,14 @@ void CRSS_SyncDlg::Synchronise() {
 }
 
 void CRSS_SyncDlg::SetRunning(bool isRunning) {
-  // The keyboard waits here, or else it would go to the other button, and the next Enter with it.
+  // Without this, disabling the button moves the focus to Close, which the next Enter would press.
   if (isRunning) model_.setFocus();
   start_->setEnabled(!isRunning);
 }
 
 void CRSS_SyncDlg::Say(const std::string& text) {
   status_->setText(ToQString(frame_.GetSkin().Config().GetCodePage(), text));
-  model_.setAccessibleDescription(status_->text());  // it has the keyboard
+  model_.setAccessibleDescription(status_->text());  // the field with the focus
 }
 
 }  // namespace feedloom

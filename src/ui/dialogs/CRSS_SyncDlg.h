@@ -10,10 +10,10 @@ namespace feedloom {
 
 class Frame;
 
-// Exchanges the list of channels with the connected handset, by files in the host's work directory:
-// the user's list goes there, and what the handset has left there is added. The dialog says what
-// came and went, and so does a status text for the host, also when the dialog was closed meanwhile.
-// Without a handset it says so and can only be closed.
+// Exchanges the list of channels with the connected handset through files in the host's work
+// directory: writes the user's list and imports the list that the handset has written. The dialog
+// shows the numbers of sent and added channels and reports them to the host, also when the dialog
+// was closed meanwhile. Without a handset, the dialog says so and can only be closed.
 class CRSS_SyncDlg : public CVxFormDialog {
   Q_OBJECT
 
@@ -30,7 +30,7 @@ class CRSS_SyncDlg : public CVxFormDialog {
 
   Frame& frame_;
   CVxEdit& model_;
-  // Null without a handset.
+  // Both are null without a handset.
   QLabel* status_ = nullptr;
   CButtonEx* start_ = nullptr;
 };

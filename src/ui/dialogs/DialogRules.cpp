@@ -13,7 +13,7 @@ const NameRule kCabinetRenameRule{kTextGroupEmpty, kTextRenameDuplicate, true};
 const char* CheckName(const NameRule& rule, const std::string& name, const std::string& cabinetRoot,
                       const std::function<bool(const std::string& name)>& isTaken) {
   if (name.empty()) return rule.emptyKey;
-  // Compared as it would be stored.
+  // Compared as the store would decode it.
   if (rule.isCabinetRootReserved && UnescapeEntities(name) == cabinetRoot) return rule.takenKey;
   return isTaken(name) ? rule.takenKey : nullptr;
 }

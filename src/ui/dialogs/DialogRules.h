@@ -1,6 +1,6 @@
-// What the dialogs' fields must hold. Pure: fields and a look-up in, the key of the message that
-// says what is wrong out; null when nothing is. Texts are in the module's code page, without blanks
-// at their ends.
+// Validation of the dialogs' fields. Each function is pure and returns the text key of an error
+// message, null when the values are valid. Texts are in the module's code page, without leading or
+// trailing blanks.
 #pragma once
 
 #include <functional>
@@ -8,11 +8,11 @@
 
 namespace feedloom {
 
-// How one kind of name is checked.
+// How one kind of name is validated.
 struct NameRule {
-  const char* emptyKey;
-  const char* takenKey;
-  bool isCabinetRootReserved;  // the cabinet root's own name is taken, too
+  const char* emptyKey;        // message for an empty name
+  const char* takenKey;        // message for a name that is in use
+  bool isCabinetRootReserved;  // the name of the cabinet root counts as in use
 };
 
 extern const NameRule kGroupNameRule;
@@ -20,14 +20,15 @@ extern const NameRule kCabinetNameRule;
 extern const NameRule kChannelRenameRule;
 extern const NameRule kCabinetRenameRule;
 
-// `isTaken` is asked only for a name that is not faulty otherwise.
+// `cabinetRoot` is the name of the cabinet root. `isTaken` looks a name up and is called only when
+// the other checks have passed.
 const char* CheckName(const NameRule& rule, const std::string& name, const std::string& cabinetRoot,
                       const std::function<bool(const std::string& name)>& isTaken);
 
 const char* CheckAddress(const std::string& address);
 
-// A channel's new place; a folder id of 0 stands for none. `isTaken` tells whether a folder has the
-// feed's address already.
+// Validate the folder of a channel; a `folderId` of 0 means no selection. `isTaken` returns true
+// when the folder already has a channel with the same feed address.
 const char* CheckFolder(int folderId, const std::function<bool(int folderId)>& isTaken);
 const char* CheckNewChannel(const std::string& title, int folderId,
                             const std::function<bool(int folderId)>& isTaken);

@@ -34,7 +34,7 @@ void Show(CVxDialog* dialog) {
   RunDialog(dialog, [] {});
 }
 
-// The new cabinet, behind all others; its id is 0 when the title is taken, -1 after a failure.
+// Adds a cabinet after all others. Its id is 0 when the title is in use, -1 after a failure.
 CabinetRow AppendCabinet(Store& store, const std::string& title) {
   CabinetRow added{.id = -1, .title = UnescapeEntities(title)};
   std::vector<CabinetRow> cabinets;

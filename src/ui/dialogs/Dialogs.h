@@ -1,6 +1,7 @@
-// The dialogs as questions and deeds. Each shows its dialog over `parent` and returns when it is
-// closed: the answer, or none when the user cancelled or `parent` went meanwhile. In the latter
-// case nothing of the frame may be touched any more. Texts are in the module's code page.
+// Functions that show the dialogs. Each shows its dialog over `parent` and returns when the dialog
+// is closed. The result is std::nullopt, empty or false when the user cancelled or `parent` was
+// destroyed meanwhile; in the latter case the caller must not use the frame any more. Interface
+// thread only. Texts are in the module's code page.
 #pragma once
 
 #include <QString>
@@ -15,20 +16,20 @@ namespace feedloom {
 class Frame;
 struct ChannelFacts;
 
-// The word to search for; never empty.
+// Returns the word to search for, never an empty one.
 std::optional<std::string> AskSearchWord(Frame& frame, QWidget* parent);
 
-// The id of the cabinet that is to receive posts.
+// Returns the id of the cabinet to save posts to.
 std::optional<int> ChooseCabinet(Frame& frame, QWidget* parent);
 
-// A new name, to begin with the old one; it is not taken. The caller writes it.
+// Return a new, unique name, which the caller stores. The dialogs start with the old name.
 std::optional<std::string> AskGroupName(Frame& frame, QWidget* parent, const std::string& name);
 std::optional<std::string> AskChannelName(Frame& frame, QWidget* parent,
                                           const ChannelFacts& channel);
 std::optional<std::string> AskCabinetName(Frame& frame, QWidget* parent, const std::string& title);
 
-// These write what the user wants into the store, and tell the frame. The folder and the address to
-// begin with may be empty.
+// These store what the user adds or moves, and tell the frame. The dialog of ShowChannelAdd starts
+// with this folder and this feed address; both may be empty.
 void ShowChannelAdd(Frame& frame, QWidget* parent, const std::string& folderName,
                     const std::string& address);
 void ShowGroupAdd(Frame& frame, QWidget* parent);
@@ -37,22 +38,23 @@ void ShowChannelMove(Frame& frame, QWidget* parent, const ChannelFacts& channel)
 
 void ShowChannelInfo(Frame& frame, QWidget* parent, const ChannelFacts& channel);
 
-// The path for a file that is to be saved, by its suggested name (without a directory); empty
-// without an answer. The user was asked whether a file that exists may be replaced.
+// Returns the path to save a download to. `name` is the suggested file name, without a directory.
+// The dialog asks before it accepts an existing file.
 QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name);
 
-// The path of an OPML file to import; empty without an answer. It exists.
+// Returns the path of an existing OPML file, in the file system's encoding.
 std::string AskImportFile(Frame& frame, QWidget* parent);
-// The path for the OPML file that is to be saved, by its suggested name; empty without an answer.
+// Returns the path to save an OPML file to, in the file system's encoding. `name` is the suggested
+// file name. The dialog asks before it accepts an existing file.
 std::string AskExportPlace(Frame& frame, QWidget* parent, const std::string& name);
-// The address of a list, complete and in ASCII.
+// Returns the address of an OPML list, completed with its scheme and in ASCII.
 std::optional<std::string> AskListAddress(Frame& frame, QWidget* parent);
 
-// The exchange with the handset, and the search of the web directory.
+// Show the dialog of the exchange with the handset, and that of the web directory.
 void ShowSync(Frame& frame, QWidget* parent);
 void ShowDirectory(Frame& frame, QWidget* parent);
 
-// Sets `printer` up as the user wants it; false without an answer.
+// Sets `printer` up as the user chooses.
 bool ChoosePrinter(QPrinter& printer, QWidget* parent);
 
 }  // namespace feedloom

@@ -10,12 +10,12 @@
 namespace feedloom {
 namespace {
 
-// Tags inside a line, which leave nothing behind.
+// Names of the tags that do not break a line.
 constexpr std::string_view kInline[] = {"a", "b", "em", "font", "i", "span", "strong", "u"};
 
 bool IsLetter(char character) { return std::isalpha(static_cast<unsigned char>(character)) != 0; }
 
-// Whether `text`, which begins with "<", begins with a tag.
+// True when `text`, which begins with "<", begins with a tag.
 bool BeginsTag(std::string_view text) {
   const char next = text.size() > 1 ? text[1] : ' ';
   return IsLetter(next) || next == '/' || next == '!' || next == '?';
@@ -42,7 +42,7 @@ std::string WithoutTags(std::string_view text) {
     if (text.empty()) break;
     const bool isTag = BeginsTag(text);
     const std::size_t end = isTag ? text.find('>') : 0;
-    if (end == text.npos) return plain.append(text);  // nor do any others end
+    if (end == text.npos) return plain.append(text);  // no later tag ends either
     if (!isTag) plain += '<';
     if (isTag && PartsLines(text.substr(0, end))) plain += ' ';
     text.remove_prefix(end + 1);
@@ -91,7 +91,7 @@ QVariant DirectoryModel::data(const QModelIndex& index, int role) const {
   const QString& cell =
       rows_[static_cast<std::size_t>(index.row())].cells[static_cast<std::size_t>(index.column())];
   if (role == Qt::DisplayRole) return cell;
-  // In full, as a narrow column cuts it; the tag has it broken into lines.
+  // The whole text, which a narrow column cuts off. "<qt>" turns on line wrapping.
   return role == Qt::ToolTipRole ? "<qt>" + cell.toHtmlEscaped() : QVariant();
 }
 

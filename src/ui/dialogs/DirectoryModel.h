@@ -1,4 +1,4 @@
-// What the directory dialog lists of the web directory's answers.
+// The rows of the directory dialog's list.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -13,21 +13,23 @@
 
 namespace feedloom {
 
-// `text` without its tags; one that parts lines leaves a blank. Pure.
+// Removes HTML tags from `text`. Tags that break a line are replaced by a blank, inline ones by
+// nothing. Pure.
 std::string WithoutTags(std::string_view text);
 
-// A row for each feed: title, description and feed address, each on one line. Interface thread.
+// One row for each feed: title, description and feed address, as single lines. Interface thread
+// only.
 class DirectoryModel : public QAbstractTableModel {
  public:
   enum Column { kTitle, kDescription, kFeedUrl, kColumnCount };
 
-  // The texts of the rows are in `codePage`; one heading a column.
+  // `codePage` is the encoding of the rows' texts; `headings` has one text for each column.
   DirectoryModel(CodePage codePage, QStringList headings, QObject* parent);
 
   void Clear();
-  // In the directory's order.
+  // Appends the rows in the given order.
   void Append(const std::vector<PostRow>& rows);
-  // In the module's code page; may be empty. The row exists.
+  // The feed address of an existing row, in the module's code page; may be empty.
   const std::string& FeedUrlAt(int row) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;

@@ -1,4 +1,4 @@
-// The questions of Dialogs.h that ask for a file.
+// The functions of Dialogs.h that ask for a file.
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -20,7 +20,9 @@ constexpr char kKindsToImport[] = "OPML File (*.xml;*.opml)|*.xml;*.opml|";
 constexpr char kKindsToExport[] = "OPML file (*.xml;*.opml)|*.xml;*.opml|All file (*.*)|*.*|";
 constexpr char kExportSuffix[] = "xml";
 
-// Begins in the user's folder for such files when there is one. `prepare` says what is asked for.
+// Shows a file dialog and returns the chosen path, empty when the user cancels. The dialog starts
+// in the user's folder for `location` when it exists, else in the home directory. `prepare`
+// configures the dialog.
 QString AskFile(Frame& frame, QWidget* parent, const char* titleKey,
                 QStandardPaths::StandardLocation location,
                 const std::function<void(QFileDialog& dialog)>& prepare) {

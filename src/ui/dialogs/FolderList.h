@@ -1,4 +1,4 @@
-// The folders in a drop-down list.
+// Fills a drop-down list with the folders.
 #pragma once
 
 namespace feedloom {
@@ -6,13 +6,14 @@ namespace feedloom {
 class CVxComboBox;
 class Frame;
 
-// Reads all folders again; the chosen one stays so, unless it has gone: then none is chosen. After
-// a failure, which the store reports, false, and the list stays as it is.
+// Reads all folders from the store into `box`. The selected folder stays selected when it still
+// exists; otherwise none is selected. Returns false after a failure, which the store reports, and
+// leaves the list as it is.
 bool ListFolders(Frame& frame, CVxComboBox& box);
 
-// 0 when none is chosen.
+// The id of the selected folder; 0 when none is selected.
 int ChosenFolder(const CVxComboBox& box);
-// None is chosen when it is not in the list.
+// Selects the folder; none when it is not in the list.
 void ChooseFolder(CVxComboBox& box, int folderId);
 
 }  // namespace feedloom

@@ -26,7 +26,7 @@ std::string NameDialog::Name() const {
 void NameDialog::accept() {
   const std::string name = Name();
   const std::string cabinetRoot = frame_.GetSkin().GetText(kSectionTexts, kTextCabinetTitle);
-  // The old name is there for sure; looked up, its entities would be decoded once more.
+  // The old name is in use. It is not looked up, because the store would decode its entities again.
   const char* fault = CheckName(rule_, name, cabinetRoot, [this](const std::string& wanted) {
     return wanted == oldName_ || IsTaken(wanted);
   });

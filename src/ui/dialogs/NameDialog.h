@@ -9,7 +9,7 @@ namespace feedloom {
 
 class Frame;
 
-// What the dialogs that ask for one name differ in; the keys are those of Keys.h.
+// The texts and images of one dialog that asks for a name, as keys of Keys.h.
 struct NameDialogLook {
   const char* titleKey;
   const char* labelKey;
@@ -18,26 +18,28 @@ struct NameDialogLook {
   const char* cancelKey;
 };
 
-// Asks for one name. OK with a name that breaks the rule says so and leaves the dialog open.
+// Asks for one name. OK with an invalid name shows a message and keeps the dialog open.
 class NameDialog : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  // Without the blanks around it, in the module's code page.
+  // The typed name without leading and trailing blanks, in the module's code page.
   std::string Name() const;
 
   void accept() override;
 
  protected:
-  // `rule` outlives the dialog. The box begins with `name`, the old one if there is one, all of it
-  // selected.
+  // The field starts with `name`, the old name or empty, and selects it. `rule` must outlive the
+  // dialog.
   NameDialog(Frame& frame, QWidget* parent, const NameDialogLook& look, const NameRule& rule,
              const std::string& name);
 
   Frame& GetFrame() const { return frame_; }
 
+  // True when the store already has this name.
   virtual bool IsTaken(const std::string& name) const = 0;
-  // What a dialog does itself with a sound name: the key of the message when it fails.
+  // Stores a valid name, in the dialogs that do so themselves. Returns the text key of an error
+  // message, null on success.
   virtual const char* Keep(const std::string& /*name*/) { return nullptr; }
 
  private:

@@ -6,7 +6,7 @@ namespace feedloom {
 namespace {
 
 QString NameFilter(QString name, const QString& patterns) {
-  name.remove('(' + patterns + ')');  // the dialog would show them twice
+  name.remove('(' + patterns + ')');  // QFileDialog shows the patterns itself
   QStringList all = patterns.split(';', Qt::SkipEmptyParts);
   std::ranges::replace(all, QString("*.*"), QString("*"));
   return name.trimmed() + " (" + all.join(' ') + ')';

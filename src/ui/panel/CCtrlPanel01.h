@@ -4,8 +4,8 @@
 
 namespace feedloom {
 
-// The first page: whether channels are refreshed by themselves, and how often. The second question
-// is disabled while the answer to the first is no.
+// The first page: whether channels are refreshed automatically, and how often. The interval is
+// disabled while they are not.
 class CCtrlPanel01 : public CtrlPanelPage {
   Q_OBJECT
 

@@ -6,7 +6,7 @@ namespace feedloom {
 
 class CVxSlider;
 
-// The second page: how often new posts are announced, and how transparent the window is that does.
+// The second page: how often notices of new posts appear, and how transparent their window is.
 class CCtrlPanel02 : public CtrlPanelPage {
   Q_OBJECT
 
@@ -17,7 +17,7 @@ class CCtrlPanel02 : public CtrlPanelPage {
   void Read(Settings& settings) const override;
 
  private:
-  // The slider with the words for its two ends below it.
+  // Makes the slider with a label below each of its ends.
   QWidget* MakeSliderWithEnds();
 
   QButtonGroup* interval_;

@@ -33,7 +33,7 @@ class Sample : public QLabel {
   QAbstractButton* choice_ = nullptr;
 };
 
-// Right above the radio button's place, if it has one.
+// The place right above the radio button; empty when the skin gives the button no place.
 QRect SamplePlace(const QRect& radio, const QSize& size) {
   if (radio.isEmpty()) return {};
   return {QPoint(radio.x(), radio.y() - kSampleGap - size.height()), size};

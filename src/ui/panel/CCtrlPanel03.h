@@ -4,8 +4,8 @@
 
 namespace feedloom {
 
-// The third page: whether a post is shown as a page of ours or as its own web page. Each choice has
-// a sample, and a click on that chooses it.
+// The third page: whether a post is shown as a generated page or as its web page. Each choice has a
+// sample image, and a click on the image selects the choice.
 class CCtrlPanel03 : public CtrlPanelPage {
   Q_OBJECT
 

@@ -6,8 +6,8 @@ namespace feedloom {
 
 class CVxEdit;
 
-// The fourth page: whether old posts are deleted by themselves, and from which age on. The age is
-// disabled while they are not.
+// The fourth page: whether old posts are deleted automatically, and from what age in days. The age
+// is disabled while they are not.
 class CCtrlPanel04 : public CtrlPanelPage {
   Q_OBJECT
 
@@ -15,10 +15,10 @@ class CCtrlPanel04 : public CtrlPanelPage {
   CCtrlPanel04(const Skin& skin, QWidget* parent);
 
   void Show(const Settings& settings) override;
-  // A text that is no number is an age of 0.
+  // An age that is not a number is read as 0.
   void Read(Settings& settings) const override;
 
-  // Gives the keyboard to the age, its text selected.
+  // Moves the focus to the age and selects its text.
   void FocusDays();
 
  private:

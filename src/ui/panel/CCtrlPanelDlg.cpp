@@ -70,7 +70,7 @@ QHBoxLayout* CCtrlPanelDlg::MakeTabs() {
   for (const Tab& tab : kTabs) {
     CButtonEx* const button = MakeButton(kSectionPanel, tab.imageKey, tab.textKey);
     button->setCheckable(true);
-    // A screen reader hears this; the group alone does not tell it.
+    // Makes screen readers announce a radio button; the button group alone does not.
     button->setAutoExclusive(true);
     tabs_->addButton(button, row->count());
     row->addWidget(button);

@@ -15,17 +15,17 @@ class CtrlPanelPage;
 class Frame;
 struct SettingsAccess;
 
-// The control panel: a row of tabs, the page of the tab that is pressed, OK and Cancel. It loads
-// the settings when it is made. OK saves them, or says what is wrong, shows where, and leaves the
-// dialog open. Ctrl with Page Up, Page Down or Tab goes from page to page.
+// The control panel: a row of tabs, the page of the selected tab, OK and Cancel. The constructor
+// loads the settings. OK saves them; when a value is invalid, OK shows a message and the field, and
+// keeps the dialog open. Ctrl with Page Up, Page Down or Tab changes the page.
 class CCtrlPanelDlg : public CVxDialog {
   Q_OBJECT
 
  public:
-  // `access` outlives the dialog.
+  // `access` must outlive the dialog.
   CCtrlPanelDlg(Frame& frame, QWidget* parent, const SettingsAccess& access);
 
-  // As the pages show them.
+  // The settings as the pages show them.
   Settings Values() const;
 
   void accept() override;
@@ -38,7 +38,7 @@ class CCtrlPanelDlg : public CVxDialog {
   void AddPageKeys(const QList<QKeySequence>& keys, int step);
   void TakePlace(const QWidget& host);
   void ShowPage(int page);
-  // Goes on to a page and its first control; the one behind the last is the first.
+  // Shows the page `step` pages further, cyclically, and moves the focus to its first control.
   void StepToPage(int step);
 
   Frame& frame_;

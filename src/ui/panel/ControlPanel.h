@@ -1,4 +1,4 @@
-// The control panel as a question.
+// Shows the control panel.
 #pragma once
 
 #include <functional>
@@ -12,15 +12,15 @@ namespace feedloom {
 
 class Frame;
 
-// How the panel reads and writes the stored settings.
+// Functions that load and save the stored settings.
 struct SettingsAccess {
   std::function<Settings()> load;
   std::function<void(const Settings&)> save;
 };
 
-// Shows the panel over `parent` and returns when it is closed: the values that the user confirmed,
-// already saved; none when the user cancelled or `parent` went meanwhile. In the latter case
-// nothing of the frame may be touched any more.
+// Shows the panel over `parent` and returns when it is closed. Returns the settings that the user
+// has confirmed, already saved; std::nullopt when the user cancelled or `parent` was destroyed
+// meanwhile. In the latter case the caller must not use the frame any more. Interface thread only.
 std::optional<Settings> EditSettings(Frame& frame, QWidget* parent, const SettingsAccess& access);
 
 }  // namespace feedloom

@@ -13,7 +13,7 @@
 namespace feedloom {
 namespace {
 
-constexpr QSize kMargin(20, 16);  // right of and below what stands on a page
+constexpr QSize kMargin(20, 16);  // to the right of and below the controls
 
 }  // namespace
 

@@ -16,25 +16,25 @@ namespace feedloom {
 class CVxRadioButton;
 class Skin;
 
-// A radio button by the keys of its text and of its place on the page.
+// The keys of a radio button's text and of its place on the page.
 struct RadioChoice {
   const char* textKey;
   const char* placeKey;
 };
 
-// One page of the control panel: it shows some of the settings and reads them back. A derived
-// page's constructor adds its controls in reading order, which the Tab key follows, and calls
-// Arrange() last. Keys of places are those of kSectionPanel.
+// Base class of the control panel's pages. The constructor of a derived class adds the controls in
+// reading order, which is also the Tab order, and calls Arrange() last. Place keys belong to
+// kSectionPanel.
 class CtrlPanelPage : public QWidget {
   Q_OBJECT
 
  public:
+  // Shows the page's part of `settings`.
   virtual void Show(const Settings& settings) = 0;
-  // Puts what the page edits into `settings`. A value that no control of the page stands for stays
-  // as it is.
+  // Writes the page's values into `settings`. A value that no control can show is left unchanged.
   virtual void Read(Settings& settings) const = 0;
 
-  // Gives the keyboard to the first control: the chosen one of the first radio buttons.
+  // Moves the focus to the checked radio button of the first group.
   void FocusFirst();
 
  protected:
@@ -42,35 +42,36 @@ class CtrlPanelPage : public QWidget {
 
   const Skin& GetSkin() const { return skin_; }
 
-  // Each control becomes a child of the page.
+  // Add a control, which must be a child of the page, at the skin's place or at `place`.
   void Add(QWidget* control, const char* placeKey);
   void AddAt(const QRect& place, QWidget* control);
   QLabel* AddHeading(const char* textKey, const char* placeKey);
   QLabel* AddText(const QString& text, const char* placeKey);
-  // A thin line along the middle of its place; none without a place.
+  // Adds a separator line; none when the skin gives it no place.
   void AddLine(const char* placeKey);
-  // Adds a radio button to `group`; its id there is the next number, from 0.
+  // Adds a radio button to `group`, with the next id of the group, starting at 0.
   CVxRadioButton* AddRadio(QButtonGroup& group, const RadioChoice& choice);
-  // A new group without a button in it.
+  // Makes an empty group. The page owns it.
   QButtonGroup* NewGroup();
-  // A group of its own under a heading, which a screen reader tells with each.
+  // Adds a group of radio buttons. Screen readers announce the heading with each of them.
   QButtonGroup* AddRadios(QLabel& heading, std::span<const RadioChoice> choices);
 
+  // Places all controls (PanelPlaces.h) and sets the page's minimum size.
   void Arrange();
 
  private:
   const Skin& skin_;
   QButtonGroup* firstGroup_ = nullptr;
   std::vector<QWidget*> controls_;
-  std::vector<QRect> places_;  // the skin's, of each control
+  std::vector<QRect> places_;  // the skin's place of each control
 };
 
-// A label that shows `text` as it is, without markup.
+// Makes a label that shows `text` as plain text.
 QLabel* MakeLabel(const QString& text, QWidget* parent);
 
-// Chooses the radio button with this id; none when there is no such.
+// Checks the radio button with this id; does nothing when there is none.
 void Choose(QButtonGroup& group, int id);
-// Sets `value` to the id of the chosen radio button; leaves it alone when none is chosen.
+// Sets `value` to the id of the checked radio button; leaves it unchanged when none is checked.
 void ReadChoice(const QButtonGroup& group, int& value);
 
 }  // namespace feedloom

@@ -6,22 +6,22 @@
 namespace feedloom {
 namespace {
 
-constexpr int kGap = 4;  // what stays between controls when room is short
+constexpr int kGap = 4;  // minimum distance between moved controls
 constexpr QPoint kFirstCorner(20, 16);
 
-// Beyond the last pixel: QRect's own right() and bottom() are that pixel.
+// The coordinate after the last pixel, unlike QRect's right() and bottom().
 int RightOf(const QRect& rect) { return rect.x() + rect.width(); }
 int BelowOf(const QRect& rect) { return rect.y() + rect.height(); }
 
-// A control's place and need along one axis.
+// A control's place and length along one axis.
 struct Stretch {
   int start;
   int end;
   int length;  // at least end - start
 };
 
-// Where each starts when what it stands behind has its length. Less than kGap between two stays
-// as it is.
+// Returns the start of each stretch, moved behind those that end before it. Distances smaller than
+// kGap are kept.
 std::vector<int> MakeRoom(std::span<const Stretch> stretches) {
   std::vector<std::size_t> order(stretches.size());
   std::iota(order.begin(), order.end(), 0);
@@ -38,7 +38,7 @@ std::vector<int> MakeRoom(std::span<const Stretch> stretches) {
   return starts;
 }
 
-// The place for the next control, which none of `taken` overlaps.
+// Returns a place for the next control that does not overlap those in `taken`.
 QRect FreePlace(const PagePart& part, std::span<const QRect> taken) {
   QRect place(QPoint(std::max(part.place.x(), 0), std::max(part.place.y(), 0)), part.place.size());
   if (part.place.isEmpty()) {

@@ -1,5 +1,5 @@
-// Where the control panel and the controls on its pages stand: the skin's places, with room for
-// texts that need more than the skin gave them. Pixels.
+// Layout of the control panel and its pages: the skin's places, enlarged for texts that need more
+// space. All values are in pixels.
 #pragma once
 
 #include <QRect>
@@ -8,21 +8,23 @@
 
 namespace feedloom {
 
+// A control of a page.
 struct PagePart {
-  QRect place;  // the skin's, in the page; empty when it names none
-  QSize least;  // what the control needs to show all of itself
-  QSize usual;  // its size when the skin names no place
+  QRect place;  // the skin's place, relative to the page; empty when there is none
+  QSize least;  // the minimum size of the control
+  QSize usual;  // the size of a control without a place
 };
 
-// The rectangles of a page's controls, given in reading order. Each has at least its least size. A
-// control grows to the right and down; what stands right of its place (in any row, so that columns
-// stay columns) or below it gives way as far as needed. One without a place stands below the one
-// before it, and so does one whose place another has already. No two overlap.
+// Returns the rectangles of the controls in `parts`, which are in reading order. Each control has
+// at least its minimum size and grows to the right and downwards. Controls to the right of its
+// place, in all rows, and below its place are moved as far as necessary, so that columns stay
+// aligned. A control without a place, or whose place is taken, is put below the previous one. No
+// two overlap. Pure.
 std::vector<QRect> ArrangeParts(std::span<const PagePart> parts);
 
-// The upper left corner of a panel of this size: that of `place`, a rectangle of the window
-// `host`, or in the middle over the window when its corner is 0,0; inside `screen` in any case.
-// `host` and `screen` are in the desktop's coordinates.
+// Returns the upper left corner of the panel with this size: the corner of `place`, relative to the
+// window `host`; the panel is centred over the window when that corner is 0,0. The panel is moved
+// inside `screen`. `host`, `screen` and the result are in desktop coordinates. Pure.
 QPoint PanelPosition(const QRect& place, const QSize& size, const QRect& host, const QRect& screen);
 
 }  // namespace feedloom

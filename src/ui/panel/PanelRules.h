@@ -1,12 +1,12 @@
-// Which values of the control panel are sound.
+// Validation of the control panel's values.
 #pragma once
 
 #include "ui/Settings.h"
 
 namespace feedloom {
 
-// The key of the text that says what is wrong with `settings`, null when nothing is: automatic
-// deletion needs an age to delete at.
+// Returns the text key of an error message, null when `settings` are valid: automatic deletion
+// needs an age of at least one day. Pure.
 const char* ValidatePanelSettings(const Settings& settings);
 
 }  // namespace feedloom
