@@ -33,7 +33,9 @@ class DialogFixture : public testing::Test {
   }
   Keys Click(const QString& text = "확인") {
     for (auto* button : dialog->findChildren<CButtonEx*>()) {
-      if (button->text() == text) QTest::mouseClick(button, Qt::LeftButton);
+      if (button->text() != text) continue;
+      QTest::mouseClick(button, Qt::LeftButton);
+      break;  // the others may have gone with the dialog
     }
     return Messages();
   }

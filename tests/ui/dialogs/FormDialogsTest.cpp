@@ -273,7 +273,7 @@ TEST_F(FormDialogs, AChannelsInformationIsShownWholeAndCannotBeChanged) {
   WhenShown([&] {
     EXPECT_EQ(Look(*dialog),
               "채널 정보; >채널: " + title + "; 주소: http://x; 그룹 이름: 운동; 확인");
-    EXPECT_EQ(Box().cursorPosition(), 0);
+    EXPECT_EQ(Box(1).cursorPosition(), 0);
     EXPECT_LT(dialog->width(), 600);
     Press(Qt::Key_Return);
     EXPECT_FALSE(dialog->isVisible());
@@ -300,7 +300,7 @@ TEST_F(FormDialogs, ListsGoToTheHandsetAndBackAndTheHostHearsOfIt) {
   frame.skin.SetHostValue(kValueModelName, "H3");
   WhenShown([&] {
     EXPECT_EQ(Look(*dialog), look +
-                                 "H3; 채널 목록을 핸드셋에 보내고,\n핸드셋이 남긴 목록의 채널을 "
+                                 "H3; 채널 목록을 핸드셋에 보내고,\r\n핸드셋이 남긴 목록의 채널을 "
                                  "추가합니다.; 동기화; 닫기");
     EXPECT_EQ(frame.exports, Keys{});
     for (const auto& [sent, received, text] : ends) {
