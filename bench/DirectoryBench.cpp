@@ -12,7 +12,7 @@ using feedloom::kDirectoryPageSize;
 
 constexpr const char* kName = "CutDirectoryAnswer, 50 records";
 
-// Records of about 600 bytes, with what descriptions hold.
+// Records of about 600 bytes with typical descriptions.
 std::string OrdinaryAnswer() {
   std::string description;
   for (int i = 0; i < 8; ++i) {

@@ -43,11 +43,11 @@ void Export(benchmark::State& state, FakeFrame& frame) {
 
 struct Import {
   double seconds = 0;  // from its start until the last row stands in the tree
-  double longest = 0;  // time in which the interface thread did not look after a timer
+  double longest = 0;  // the longest time in which the interface thread served no timer
   int rows = 0;
 };
 
-// Imports the list into an empty pane on the screen.
+// Imports the list into an empty, visible pane.
 Import ImportList(int folders, int channels) {
   FakeFrame frame;
   CRSS_LeftContainer pane(frame, nullptr);

@@ -1,4 +1,4 @@
-// How the benchmarks are run and held against their goals.
+// Runs benchmarks and compares the results with goals.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -9,11 +9,11 @@
 
 namespace feedloom {
 
-// What one run of all registered benchmarks measured.
+// The results of one run of all registered benchmarks.
 class Measurements {
  public:
-  // CPU seconds of one iteration in the fastest repetition: whatever else the machine does can only
-  // add to a time. 0 when `benchmarkName` did not run, as when a filter left it out.
+  // CPU seconds of one iteration in the fastest repetition, because other load can only make a
+  // repetition slower. 0 when `benchmarkName` did not run, for example because of a filter.
   double Fastest(const std::string& benchmarkName) const;
 
   void Add(const std::string& benchmarkName, double seconds);

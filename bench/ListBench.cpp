@@ -34,7 +34,7 @@ constexpr int kFrames = 200;  // from the first row to the last
 constexpr std::array kWords{"river", "night", "Bridge", "two",    "metres", "강물이", "마을",
                             "다리",  "hill",  "Water",  "밤사이", "rose",   "소식",   "언덕"};
 
-// A title of five to eight words, by the number's digits.
+// A title of five to eight words, chosen by the digits of the number.
 std::string TitleOf(std::size_t number) {
   std::size_t rest = number * 2'654'435'761U;
   std::string title;
@@ -78,7 +78,7 @@ std::size_t MemoryInUse() {
   return info.uordblks + info.hblkhd;
 }
 
-// A pane on the screen, filled or not.
+// A visible pane, empty at first.
 struct Pane {
   explicit Pane(FakeFrame& frame) : pane(frame, nullptr) {
     pane.resize(760, 400);
@@ -103,7 +103,7 @@ void FillAndPaint(benchmark::State& state, FakeFrame& frame, const PostList& pos
     state.PauseTiming();
     pane.Fill({});
     PostList copy = posts;
-    malloc_trim(0);  // what was freed until now is not the fill's
+    malloc_trim(0);  // memory that was freed before is not part of the fill
     state.ResumeTiming();
     pane.Fill(std::move(copy));
   }
@@ -168,7 +168,7 @@ void RemoveSelected(benchmark::State& state, FakeFrame& frame, const PostList& p
   if (pane.Model().rowCount() != kPosts / 2) state.SkipWithError("the rows were not removed");
 }
 
-// The model does it while nothing else is to be done.
+// The model frees removed rows when the event loop is idle.
 void ReleaseWhatWasGiven() {
   for (std::size_t before = 0; before != MemoryInUse();) {
     before = MemoryInUse();
@@ -176,7 +176,7 @@ void ReleaseWhatWasGiven() {
   }
 }
 
-// Bytes that the pane takes for the rows: with all of them, and with half of them removed.
+// The memory of the pane's rows in bytes: of all rows, and after removing half of them.
 std::pair<double, double> MeasureMemory(FakeFrame& frame, const PostList& posts) {
   Pane pane(frame);
   const std::size_t before = MemoryInUse();

@@ -78,7 +78,7 @@ std::string Build(const PostRow& post, const PageTexts& descriptions, const Page
                               false, skin, PageCharset(CodePage::Korean()));
 }
 
-// Building and what the pane does with a page before the engine asks for it.
+// Measures building a page and what the pane does before the engine requests it.
 bool MeasureBuilding(int argc, char** argv) {
   FakeFrame frame;
   const PostRow post = LargePost();
@@ -135,7 +135,7 @@ struct Click {
   double painted = 0;  // until the page was painted
   double handler = 0;  // in the list's handler of the click
   double cpu = 0;      // the interface thread's CPU time in it
-  double blocked = 0;  // the longest time in which a 1 ms timer was not heard
+  double blocked = 0;  // the longest time without a call of a 1 ms timer
 };
 
 double ThreadCpuMs() {
@@ -149,7 +149,7 @@ double MsOf(const QElapsedTimer& timer) { return static_cast<double>(timer.nsecs
 // The module in a window.
 class ModuleWindow {
  public:
-  // Until the first post is on screen.
+  // Waits until the first post is shown.
   explicit ModuleWindow(void* module) : module_(module), frame_(ShowModule(module, host_)) {
     host_.resize(1000, 700);
     host_.show();
@@ -162,7 +162,7 @@ class ModuleWindow {
   ModuleWindow(const ModuleWindow&) = delete;
   ModuleWindow& operator=(const ModuleWindow&) = delete;
 
-  // Clicks on the row, as the mouse does, and waits for its page.
+  // Clicks on the row like a mouse and waits until its page is painted.
   Click ClickOn(int row) {
     const QModelIndex index = list_->model()->index(row, 1);
     list_->scrollTo(index);
@@ -220,7 +220,7 @@ class ModuleWindow {
   QTreeView* list_ = nullptr;
 };
 
-// Memory of this process and of all that descend from it.
+// Memory of this process and its descendants.
 
 // The number behind `field` in a file of lines like "Pss:  120 kB"; -1 without it.
 long ProcNumber(const std::filesystem::path& file, std::string_view field) {
@@ -231,7 +231,7 @@ long ProcNumber(const std::filesystem::path& file, std::string_view field) {
   return -1;
 }
 
-// This process and all that descend from it, parents first.
+// The ids of this process and its descendants, parents first.
 std::vector<long> Family() {
   std::multimap<long, long> children;
   for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
@@ -247,7 +247,7 @@ std::vector<long> Family() {
   return family;
 }
 
-// MB of each process: a page of memory counts in parts with those that share it.
+// The proportional set size (PSS) of each process in MB.
 std::vector<double> MemoryOfAll() {
   std::vector<double> parts;
   for (const long process : Family()) {
@@ -258,8 +258,8 @@ std::vector<double> MemoryOfAll() {
   return parts;
 }
 
-// The memory of all processes while posts are shown. It goes up and down, as the engine collects
-// what it needs no more only now and then: what levels off is the highest of many.
+// The memory of all processes while posts are shown. The engine frees memory only now and then, so
+// the highest of many values is compared.
 class MemoryCourse {
  public:
   void Note(int shown) {
@@ -287,7 +287,7 @@ class MemoryCourse {
   std::vector<double> course_;
 };
 
-// Prints median and worst of what `value` takes of the clicks; the worst.
+// Prints the median and the maximum of `value` over the clicks, and returns the maximum.
 double Print(const char* label, std::span<const Click> clicks, double Click::*value) {
   std::vector<double> values;
   for (const Click& click : clicks) values.push_back(click.*value);

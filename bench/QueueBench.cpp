@@ -31,7 +31,7 @@ std::vector<RefreshEntry> Channels(int count) {
   return channels;
 }
 
-// The copies of the entries, which the interface makes anew each time, are measured with it.
+// Includes copying the entries, which the interface does for each request.
 int AppendAll(feedloom::RefreshQueue& queue, const std::vector<RefreshEntry>& channels) {
   int appended = 0;
   for (const RefreshEntry& entry : channels) appended += queue.Append(entry) ? 1 : 0;

@@ -1,4 +1,4 @@
-// What the left pane costs when there is much in it, off screen and over a real database: loading
+// What a large left pane costs, off screen and over a real database: loading
 // the tree until it is painted, the update button, and the statements of marking a large folder.
 // The pauses between statements are left out.
 #include <fmt/core.h>
@@ -20,7 +20,7 @@ namespace {
 constexpr const char* kLoad = "load and first paint, 10,000 channels in 500 folders, 20,000 posts";
 constexpr const char* kUpdateTwice = "update twice, 1,000 channels";
 
-// A pane on the screen over a database of this size.
+// A visible pane over a database of this size.
 struct Pane {
   Pane(int folders, int channels, int posts) {
     FillStore(frame.db, folders, channels, posts);

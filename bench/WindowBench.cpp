@@ -118,7 +118,7 @@ void RefreshAll(QWidget* frame) {
   QCoreApplication::sendEvent(frame, &refresh);
 }
 
-// A second request comes in the middle of the run, as when the button is pressed again.
+// Requests a second refresh during the first, like a second press of the button.
 bool MeasureRefresh(QWidget* frame, const bool& ended) {
   QElapsedTimer run;
   run.start();

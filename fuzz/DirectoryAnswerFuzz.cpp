@@ -1,5 +1,5 @@
-// Any bytes as an answer of the web directory: a page of rows at most, each text cut out of the
-// answer as a slow reader by the same rules does it.
+// Parses any bytes as an answer of the web directory. The parser returns at most one page of rows,
+// and every text equals that of a simple, slow reference parser.
 #include <cstdlib>
 
 #include "exchange/FeedDirectory.h"
@@ -10,7 +10,7 @@
 namespace feedloom {
 namespace {
 
-// Looks for each mark anew, from where the last field began.
+// The reference parser: searches each mark from the start of the previous field.
 class PlainAnswer {
  public:
   explicit PlainAnswer(const std::string& text) : text_(text) {}
@@ -24,7 +24,7 @@ class PlainAnswer {
     return std::string(Trim(text_.substr(position_, endAt - position_)));
   }
 
-  // Up to the next record, or the end of the answer.
+  // The field ends at the next record or at the end of the answer.
   std::string LastField(const std::string& mark) {
     const std::size_t at = text_.find(mark, position_);
     const std::size_t begin = at == std::string::npos ? position_ : at;

@@ -1,4 +1,5 @@
-// Any text on its way into a statement: its entities are decoded as a slow, plain reader would.
+// Escapes any text for an SQL statement. Its entities are decoded like by a simple, slow reference
+// decoder.
 #include <algorithm>
 #include <utility>
 
@@ -25,7 +26,7 @@ std::string DecodedPlainly(std::string text) {
   return text;
 }
 
-// What stands between the quotes of a literal, as the database reads it; ends at a single quote.
+// Reads the contents of an SQL string literal like the database, up to a single quote.
 std::string ReadLiteral(std::string_view literal, bool& isWhole) {
   std::string text;
   for (std::size_t at = 0; at < literal.size(); ++at) {

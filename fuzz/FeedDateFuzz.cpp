@@ -1,4 +1,4 @@
-// Any text as a date: empty or the one form, with the values of a calendar.
+// Normalises any text as a date. The result is empty, or a valid calendar date in the stored form.
 #include <fmt/format.h>
 
 #include <chrono>
@@ -15,7 +15,7 @@ namespace {
 
 using std::chrono::sys_seconds;
 
-// The fuzzer's own look at a stored date: digits and marks where they belong, and an existing day.
+// An independent check of a stored date: digits and separators in their places, and a valid day.
 std::optional<sys_seconds> TimeOf(std::string_view stored) {
   constexpr std::string_view kForm = "0000-00-00 00:00:00";
   if (stored.size() != kForm.size()) return std::nullopt;
@@ -50,8 +50,8 @@ std::string Normalized(std::string text) {
 
 bool IsYearOfPosts(std::string_view stored) { return stored >= "1970" && stored < "3001"; }
 
-// Whether clocks in the machine's zone show this time, which begins summer time by leaving some
-// out.
+// True when this local time exists in the machine's time zone. The hour that the start of daylight
+// saving time skips does not.
 bool IsShownByClocks(sys_seconds time) {
   const std::time_t number = time.time_since_epoch().count();
   std::tm shown{};
@@ -62,7 +62,8 @@ bool IsShownByClocks(sys_seconds time) {
   return shown.tm_hour == hour;
 }
 
-// In whatever zone the machine is. None when there is no date that can be read again.
+// Checks the stored form of any text, in any time zone. Returns its time; std::nullopt when there
+// is none or it is out of range.
 std::optional<sys_seconds> CheckForm(const std::string& text) {
   const std::string stored = Normalized(text);
   RequireEqual(Normalized(" \t" + text + "\r\n"), stored, "white space around a date is nothing");
@@ -70,21 +71,21 @@ std::optional<sys_seconds> CheckForm(const std::string& text) {
   const auto time = TimeOf(stored);
   if (!time) RequireEqual(stored, "YYYY-MM-DD HH:MM:SS", "a date is empty or of the one form");
   Require(IsShownByClocks(*time), "a date is none that the zone leaves out");
-  if (!IsYearOfPosts(stored)) return std::nullopt;  // an offset led out of them
+  if (!IsYearOfPosts(stored)) return std::nullopt;  // moved out of range by an offset
   RequireEqual(Normalized(stored), stored, "a stored date is read as itself");
   return time;
 }
 
 void CheckDisplay(sys_seconds time) {
   const std::string stored = Stored(time);
-  if (stored >= "2262") return;  // the clock's last year
+  if (stored >= "2262") return;  // the last year of the clock
   RequireEqual(FormatPostDateForDisplay(stored, StandingClock(time)), stored.substr(11),
                "a date of today is shown as its time");
   RequireEqual(FormatPostDateForDisplay(stored, StandingClock(time + std::chrono::days(1))),
                stored.substr(0, 10), "a date of another day is shown as its day");
 }
 
-// A time of the calendar, and an offset, as the two families write them.
+// A calendar time with an offset, in the notations of RFC 822 and RFC 3339.
 void CheckWrittenDate(sys_seconds time, int offsetMinutes) {
   const std::string date = Stored(time);
   const std::string stored = Stored(time + std::chrono::minutes(offsetMinutes));

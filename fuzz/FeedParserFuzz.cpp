@@ -1,4 +1,4 @@
-// Any bytes as a feed: what is read of them can be stored.
+// Parses any bytes as a feed. Whatever is parsed can be stored.
 #include "fuzz/FuzzKit.h"
 #include "ingest/FeedDate.h"
 #include "ingest/FeedParser.h"

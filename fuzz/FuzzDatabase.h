@@ -1,4 +1,4 @@
-// A real database file with a few rows, and a look at all of them past the store.
+// A real database file with a few rows, which can be read without the store.
 #pragma once
 
 #include <map>
@@ -10,13 +10,13 @@
 
 namespace feedloom {
 
-// A row as texts, in the order of FuzzDatabase's columns without the id.
+// The texts of a row, in the order of FuzzDatabase's columns, without the id.
 using StoredRowTexts = std::vector<std::string>;
-// All rows of all tables: by the table's name, then by id.
+// All rows of all tables, by table name and id.
 using StoredRows = std::map<std::string, std::map<int, StoredRowTexts>>;
 
-// Two folders, with two channels in the first; two posts a channel; two cabinets, with two saved
-// posts in the first. Ids count from 1.
+// The first rows: two folders, two channels in the first folder, two posts in each channel, two
+// cabinets, two saved posts in the first cabinet. Ids start at 1.
 //
 // Columns: TB_FOLDER name, order; TB_CHANNEL folder, title, xmllink, htmllink, type, order, state;
 // TB_POST channel, title, link, pubDate, desc, ispodcast, readStatus; TB_SCRAP_CHANNEL title,
@@ -25,11 +25,11 @@ class FuzzDatabase {
  public:
   FuzzDatabase();
 
-  // Puts the file back to its first rows, and forgets the reports.
+  // Restores the first rows and sets the number of reports to 0.
   void Reset();
 
   Store& StoreFor(CodePage codePage) { return codePage == CodePage::Utf8() ? utf8_ : korean_; }
-  // What the store has complained of since.
+  // The number of failures that the store has reported since Reset.
   int Reports() const { return reports_; }
 
   const StoredRows& FirstRows() const { return firstRows_; }
@@ -45,7 +45,7 @@ class FuzzDatabase {
   StoredRows firstRows_;
 };
 
-// For RequireEqual: a row a line.
+// Prints one row per line, for RequireEqual.
 std::string Listed(const StoredRows& rows);
 
 }  // namespace feedloom

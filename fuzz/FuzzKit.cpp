@@ -14,7 +14,7 @@ namespace {
 
 constexpr char kSeparator = '\x1F';
 
-// Printable: other bytes as in a string of C.
+// Escapes bytes that are not printable like a C string.
 void Show(std::string_view name, std::string_view text) {
   std::fprintf(stderr, "  %.*s: \"", static_cast<int>(name.size()), name.data());
   for (const char c : text) {

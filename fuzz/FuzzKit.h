@@ -1,5 +1,5 @@
-// What all fuzz targets share: a target states the property in CheckInput; what does not hold ends
-// the program, and the fuzzer keeps the input that did it.
+// Shared by all fuzz targets. A target checks its properties in CheckInput. A violated property
+// aborts the program, and the fuzzer keeps the input.
 #pragma once
 
 #include <cstdint>
@@ -12,17 +12,17 @@
 
 namespace feedloom {
 
-// The bytes that the fuzzer chose, taken from front to back. Texts are split by the unit separator
-// (0x1F), so that a seed is a file that one can write and read.
+// The fuzzer's bytes, read from front to back. The unit separator (0x1F) ends each text, so that
+// seeds are readable files.
 class FuzzInput {
  public:
   explicit FuzzInput(std::span<const std::uint8_t> bytes);
 
-  // 0 when nothing is left.
+  // Returns 0 when no byte is left.
   std::uint8_t TakeByte();
-  // UTF-8 for a "U", else the Korean one.
+  // Reads one byte: UTF-8 for "U", the Korean code page for any other.
   CodePage TakeCodePage();
-  // Up to the next separator, which goes too; empty when nothing is left.
+  // Reads up to the next separator and removes it; returns "" when no byte is left.
   std::string TakeText();
   bool IsEmpty() const { return rest_.empty(); }
   std::string_view Rest() const { return rest_; }
@@ -31,18 +31,18 @@ class FuzzInput {
   std::string_view rest_;
 };
 
-// The target's properties, checked for one input.
+// Defined by each target: checks its properties for one input.
 void CheckInput(FuzzInput input);
 
-// Ends the program when a property does not hold.
+// Aborts the program with `property` as the message when `holds` is false.
 void Require(bool holds, std::string_view property);
-// The same for two texts that must be equal, which it shows.
+// Aborts the program with `property` and both texts when the texts differ.
 void RequireEqual(std::string_view actual, std::string_view expected, std::string_view property);
 
-// The text is one of `codePage`: all of it survives the way to UTF-8 and back.
+// Requires that `text` is valid in `codePage`: it is the same after conversion to UTF-8 and back.
 void RequireValid(std::string_view text, CodePage codePage, std::string_view property);
 
-// A file in memory that holds `content`, for what reads by path.
+// A file in memory with this content, for functions that read a path.
 class MemoryFile {
  public:
   explicit MemoryFile(std::string_view content);
@@ -57,7 +57,7 @@ class MemoryFile {
   std::string path_;
 };
 
-// Stands at one time and never pauses.
+// A clock that always shows the same time and does not pause.
 class StandingClock : public Clock {
  public:
   explicit StandingClock(std::chrono::system_clock::time_point now = {}) : now_(now) {}
@@ -68,8 +68,7 @@ class StandingClock : public Clock {
   const std::chrono::system_clock::time_point now_;
 };
 
-// A folder of this process in the system's folder for temporary files, made at the first call.
-// Whoever runs the fuzzers removes it.
+// Returns a temporary folder of this process, created by the first call. `run` removes it.
 const std::string& ScratchFolder();
 
 }  // namespace feedloom

@@ -1,4 +1,4 @@
-// The store's like() for any pattern and text, beside a slow one that tries everything.
+// Compares the store's like() with an exhaustive, slow matcher, for any pattern and text.
 #include <vector>
 
 #include "fuzz/FuzzKit.h"
@@ -27,7 +27,7 @@ bool Takes(std::string_view wanted, std::string_view present) {
 }
 
 bool MatchesPlainly(const Characters& pattern, const Characters& text) {
-  // matches[n]: the pattern up to here matches the first n characters
+  // matches[n] is true when the pattern so far matches the first n characters.
   std::vector<bool> matches(text.size() + 1);
   matches[0] = true;
   for (const std::string_view wanted : pattern) {

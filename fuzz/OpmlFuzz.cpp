@@ -1,5 +1,5 @@
-// Any bytes as a list of subscriptions: only web addresses are taken of it, nothing is lost count
-// of, and what was read is exported so that it reads back the same.
+// Parses any bytes as an OPML list. Only web addresses are imported, every feed is counted as
+// imported or skipped, and an export of the result parses back to the same list.
 #include <algorithm>
 
 #include "exchange/ImportPlan.h"
@@ -35,7 +35,7 @@ void CheckOutline(const OpmlOutline& outline, CodePage codePage) {
   }
 }
 
-// The feeds of the list, and the entries that are none: what is either taken or left out.
+// The number of feeds and of invalid entries: the sum of what is imported and skipped.
 int CountEntries(const std::vector<OpmlOutline>& outlines) {
   int count = 0;
   for (const OpmlOutline& outline : outlines) {
@@ -56,7 +56,8 @@ void CheckChannel(const Subscription& channel, CodePage codePage) {
   RequireValid(channel.title, codePage, "a title is in the module's code page");
 }
 
-// In a name, whatever is not escaped makes another document, and line breaks become blanks.
+// True when an export does not change the text or break the document: line breaks become blanks,
+// and these characters are not escaped.
 bool IsKept(const std::string& text) {
   return std::ranges::none_of(
       text, [](char c) { return c == '"' || c == '<' || static_cast<unsigned char>(c) < ' '; });

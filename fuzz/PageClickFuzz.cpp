@@ -1,5 +1,5 @@
-// Any addresses and texts in a page: where a click leads, what a button of a page does, and what a
-// page may read of the machine.
+// Puts any addresses and texts into a page, and checks where a click leads, what the page's buttons
+// do, and which local files the page can read.
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -19,8 +19,8 @@ namespace {
 using enum NavigationCause;
 using enum NavigationVerdict;
 
-// By the whole address, as the system and the engine are given it; of one that the toolkit cannot
-// take apart there is only the scheme.
+// Decides by the whole address, as it is passed to the system and the engine. An address that QUrl
+// cannot parse has only its scheme.
 bool BeginsWithOneOf(const QUrl& url, std::initializer_list<const char*> schemes) {
   const QByteArray address = url.isValid() ? url.toEncoded() : url.scheme().toUtf8() + ':';
   return std::ranges::any_of(schemes,
@@ -86,7 +86,7 @@ void CheckAction(const QString& target) {
   }
 }
 
-// An announced feed's address, up to the check whether a dialog takes it.
+// Follows the address of an announced feed up to the check that the dialog does.
 void CheckFeedLink(const QString& href, const QString& domain, const QString& document) {
   const QString resolved = ResolveFeedLink(href, domain, document);
   const std::string address = CompleteFeedAddress(resolved.toStdString(), "http");
@@ -97,8 +97,8 @@ void CheckFeedLink(const QString& href, const QString& domain, const QString& do
   Require(scheme.empty() || scheme == "http" || scheme == "https", "what is fetched is of the web");
 }
 
-// A skin with two files, a link that leads out of it, and a neighbour; from then on the toolkit
-// does not complain of odd paths.
+// Creates a skin with two files and a symbolic link to a folder outside it. Also silences Qt's
+// warnings about unusual paths.
 QString MakeSkin() {
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   const std::string folder = ScratchFolder();
@@ -122,7 +122,7 @@ void CheckSkinFile(const QString& path) {
   }
 }
 
-// The beginning of a page of this text, up to the policy.
+// Returns the start of a page with this text, up to its content security policy.
 QByteArray HeadOf(const std::string& text, PageKind kind) {
   const PageTexts texts = {text};
   const std::string html =

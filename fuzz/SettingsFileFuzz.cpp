@@ -1,5 +1,5 @@
-// Any bytes as the host's files: what is written into a file of settings reads back the same, and a
-// damaged one is neither read nor replaced.
+// Reads any bytes as the host's ini and registry files. Written values read back the same, and a
+// damaged registry is neither read nor replaced.
 #include <algorithm>
 #include <fstream>
 #include <iterator>
@@ -17,7 +17,7 @@ namespace {
 
 // Ini files.
 
-// A name that a line can hold: one with these would make another line of it.
+// True when a line can contain the name; these characters would change the line's meaning.
 std::string IniName(std::string text) {
   std::erase_if(
       text, [](char c) { return std::string_view("\n=[];").find(c) != std::string_view::npos; });
@@ -73,13 +73,13 @@ Entries Without(Entries entries, const RegistryEntry& named) {
   return entries;
 }
 
-// A key that a heading can hold.
+// True when a heading can contain the key.
 std::string RegistryKey(std::string text) {
   std::erase(text, '\n');
   return text.empty() ? "HKEY_LOCAL_MACHINE\\SOFTWARE" : text;
 }
 
-// Passes a quoted text at the front of `line`.
+// Removes a quoted text from the front of `line`.
 bool PassQuoted(std::string_view& line) {
   if (!line.starts_with('"')) return false;
   std::size_t at = 1;
@@ -89,7 +89,7 @@ bool PassQuoted(std::string_view& line) {
   return true;
 }
 
-// "name"="text" or "name"=dword:1f, from the line's beginning to its end.
+// True when the whole line is "name"="text" or "name"=dword:1f.
 bool IsEntry(std::string_view line) {
   constexpr std::string_view kNumber = "dword:";
   if (!PassQuoted(line) || !line.starts_with('=')) return false;
@@ -100,7 +100,7 @@ bool IsEntry(std::string_view line) {
   return line.size() - std::min(line.find_first_not_of('0'), line.size()) <= 8;
 }
 
-// The syntax of RegistryFile.h, told line by line.
+// An independent check of the syntax of RegistryFile.h, line by line.
 bool IsOfSyntax(const std::string& text) {
   std::istringstream lines(text);
   bool isInKey = false;
@@ -158,7 +158,7 @@ void CheckInput(FuzzInput input) {
   RegistryEntry entry{RegistryKey(input.TakeText()), input.TakeText(), input.TakeText()};
   const std::string text(input.Rest());
   CheckText(text, entry);
-  if (choice == 'W') CheckWrite(text, entry);  // which takes far longer
+  if (choice == 'W') CheckWrite(text, entry);  // only for one choice: it takes far longer
 }
 
 }  // namespace feedloom

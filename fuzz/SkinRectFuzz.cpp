@@ -1,4 +1,4 @@
-// Any text as a skin value: rectangles, colours and texts with fields.
+// Parses any text as a skin value: rectangles, colours and texts with fields.
 #include <algorithm>
 #include <vector>
 
@@ -23,7 +23,7 @@ std::vector<std::string> SplitAtCommas(const std::string& text) {
   return fields;
 }
 
-// As atoi(3) reads it, held at a billion.
+// The value that atoi(3) returns, limited to a billion.
 int NumberOf(const std::string& field) {
   std::size_t at = std::min(field.find_first_not_of(" \t\n\v\f\r"), field.size());
   const bool isNegative = field.compare(at, 1, "-") == 0;

@@ -1,6 +1,6 @@
-// Any texts in the store's statements: what is written reads back the same, with its entities
-// decoded, and no other row changes. A text with a zero byte, which no document holds, is refused
-// whole.
+// Passes any texts to the store's operations. Written texts read back the same, with their entities
+// decoded, and no other row changes. A text with a zero byte, which no document can contain, is
+// rejected.
 #include <algorithm>
 #include <iterator>
 #include <set>
@@ -19,7 +19,7 @@
 namespace feedloom {
 namespace {
 
-constexpr int kOne = 1;  // ids of the first rows
+constexpr int kOne = 1;  // id of the first row of each table
 constexpr int kTwo = 2;
 
 struct Texts {
@@ -28,10 +28,10 @@ struct Texts {
   std::string c;
 };
 
-// An operation of the store, and what must come of it.
+// An operation of the store and its expected effect.
 struct Operation {
-  bool (*run)(Store& store, const Texts& texts);         // whether the store says that it is done
-  void (*expect)(StoredRows& rows, const Texts& texts);  // changes the rows as it should
+  bool (*run)(Store& store, const Texts& texts);         // true when the store reports success
+  void (*expect)(StoredRows& rows, const Texts& texts);  // applies the expected change
 };
 
 std::string Kept(const std::string& text) { return UnescapeEntities(text); }
@@ -47,7 +47,7 @@ void Add(StoredRows& rows, const char* table, StoredRowTexts row) {
   byId[byId.rbegin()->first + 1] = std::move(row);
 }
 
-// Names.
+// Operations that rename.
 
 bool RenameAll(Store& store, const Texts& texts) {
   const bool isFolder = RenameFolder(store, kTwo, texts.a);
@@ -62,7 +62,7 @@ void ExpectNames(StoredRows& rows, const Texts& texts) {
   rows["TB_SCRAP_CHANNEL"][kTwo][0] = Kept(texts.c);
 }
 
-// New containers, of which those with a name or an address that is taken are not made.
+// Operations that add a container. They do nothing when its name or address is in use.
 
 bool AddContainers(Store& store, const Texts& texts) {
   int order = 0;
@@ -104,7 +104,7 @@ void ExpectChannels(StoredRows& rows, const Texts& texts) {
   if (a != b) Add(rows, "TB_CHANNEL", {"2", b, a, c, "", "0", "0"});
 }
 
-// Posts.
+// Operations on posts.
 
 bool InsertPosts(Store& store, const Texts& texts) {
   ChannelRecord record;
@@ -134,7 +134,7 @@ constexpr Operation kOperations[] = {{RenameAll, ExpectNames},
                                      {AddChannels, ExpectChannels},
                                      {InsertPosts, ExpectPosts}};
 
-// Looking, when the operation is done: one of the two, since a connection takes its time.
+// Reads after the operation. One of the two only, because opening a connection is slow.
 
 void CheckLookUps(Store& store, const StoredRows& rows, const std::string& text) {
   const std::string kept = Kept(text);
@@ -154,7 +154,7 @@ void CheckLookUps(Store& store, const StoredRows& rows, const std::string& text)
           "a channel is found by its whole address");
 }
 
-// The posts that the word must find, as the store reads them: its own like() is LikeFuzz's matter.
+// The posts that a search for the word must find. LikeFuzz checks like() itself.
 void CheckSearch(Store& store, const StoredRows& rows, const std::string& word) {
   std::vector<PostRow> found;
   Require(SearchPosts(store, word, found), "a search succeeds");
@@ -182,7 +182,7 @@ bool HasZero(const Texts& texts) {
   return (texts.a + texts.b + texts.c).find('\0') != std::string::npos;
 }
 
-// No row holds a part of a text: each is as before, or whole.
+// Each row has its old texts or all new ones, never a part of them.
 void CheckRefused(const StoredRows& actual, const StoredRows& before, const StoredRows& whole) {
   const auto holds = [](const StoredRows& rows, const std::string& table, const auto& texts) {
     return std::ranges::any_of(rows.at(table),

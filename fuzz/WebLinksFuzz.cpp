@@ -1,5 +1,5 @@
-// Any bytes as a page that announces feeds: the addresses that are taken of it are complete, and
-// only those of the web are followed.
+// Parses any bytes as a page that announces feeds. The extracted addresses are complete, and only
+// web addresses are followed.
 #include <algorithm>
 #include <array>
 
@@ -29,7 +29,7 @@ void CheckLink(const std::string& link) {
   CheckScheme(address);
 }
 
-// From the path on, which stands behind the host.
+// Returns the address from its path on.
 std::string_view BehindHost(std::string_view address) {
   const auto host = address.find("://");
   const auto path = address.find('/', host == address.npos ? 0 : host + 3);
@@ -67,12 +67,13 @@ void CheckTyped(const std::string& typed) {
 }  // namespace
 
 void CheckInput(FuzzInput input) {
-  // A text for the transfer library ends at a zero byte.
+  // The transfer library's texts end at a zero byte.
   const std::string page = input.TakeText().c_str();
   const std::string reference = input.TakeText().c_str();
   CheckResolved(page, reference);
   CheckTyped(reference);
-  if (!input.IsEmpty()) CheckPage(input.Rest(), page);  // which takes far longer
+  if (!input.IsEmpty())
+    CheckPage(input.Rest(), page);  // only when there is input left: it takes far longer
 }
 
 }  // namespace feedloom
