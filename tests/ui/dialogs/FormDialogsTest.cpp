@@ -20,15 +20,6 @@ constexpr char kNoChange[] =
 
 class FormDialogs : public DialogFixture {
  protected:
-  // A dialog that asks for one text: its look, texts of which it takes the last only, and the
-  // messages about the others.
-  struct Question {
-    const char* look;
-    const char* tries;
-    Keys messages;
-    Answer answer;
-    std::function<Answer()> ask;
-  };
   Answer NewGroup() {
     ShowGroupAdd(frame, parent.get());
     for (const FolderRow& row : frame.addedFolders) return row.name + std::to_string(row.order);
@@ -59,70 +50,59 @@ class FormDialogs : public DialogFixture {
   int keep_ = AddCabinet(frame.GetStore(), "Keep", 7);
   const ChannelFacts channel_{daily_, Korean("똠방각하"), "http://example.com/Daily", news_,
                               "News"};
-  const std::vector<Question> questions_{
-      {"그룹; >그룹 이름=",
-       "/ \u200B/보관함/News/ Tom &amp; Jerry's (%s) ",
-       {kTextGroupEmpty, kTextGroupEmpty, kTextGroupDuplicate, kTextGroupDuplicate},
-       "Tom & Jerry's (%s)5",
-       [&] { return NewGroup(); }},
-      {"보관함 추가; >보관함 이름=",
-       "/보관함/Keep/It's &lt;",
-       {kTextCabinetEmpty, kTextCabinetDuplicate, kTextCabinetDuplicate},
-       "It's <8",
-       [&] { return NewCabinet(); }},
-      {"그룹 이름 변경; >새 그룹 이름=&lt;b",
-       "&lt;b//News/Press",
-       {kTextGroupDuplicate, kTextGroupEmpty, kTextGroupDuplicate},
-       "Press",
-       [&] { return AskGroupName(frame, parent.get(), "&lt;b"); }},
-      {"채널 이름 변경; >새 채널 이름=똠방각하",
-       " /Daily/보관함",
-       {kTextGroupEmpty, kTextRenameDuplicate},
-       Korean("보관함"),
-       [&] { return AskChannelName(frame, parent.get(), channel_); }},
-      {"보관함 이름 변경; >새 보관함 이름=Old",
-       "/Keep/보관함/Daily",
-       {kTextGroupEmpty, kTextRenameDuplicate, kTextRenameDuplicate},
-       "Daily",
-       [&] { return AskCabinetName(frame, parent.get(), "Old"); }},
-      {"검색; >검색어=",
-       "/ 똠방각하 ",
-       {kTextSearchEmpty},
-       Korean(" 똠방각하 "),
-       [&] { return AskSearchWord(frame, parent.get()); }},
-      {"OPML 가져오기; >OPML 주소=",
-       "/ \u3000/ x.example ",
-       {kTextOpmlEmpty, kTextOpmlEmpty},
-       "http://x.example",
-       [&] { return AskListAddress(frame, parent.get()); }},
-  };
 };
 
 TEST_F(FormDialogs, QuestionsArePutAgainUntilTheAnswerWillDo) {
-  for (const auto& [look, tries, messages, answer, ask] : questions_) {
+  const auto ask = [&](int question) -> Answer {
+    if (question == 0) return NewGroup();
+    if (question == 1) return NewCabinet();
+    if (question == 2) return AskGroupName(frame, parent.get(), "&lt;b");
+    if (question == 3) return AskChannelName(frame, parent.get(), channel_);
+    if (question == 4) return AskCabinetName(frame, parent.get(), "Old");
+    return question == 5 ? AskSearchWord(frame, parent.get()) : AskListAddress(frame, parent.get());
+  };
+  // What is entered before the answer, separated by slashes: E for an empty text, T for a taken
+  // one.
+  const struct {
+    const char *look, *empty, *taken, *tries, *messages, *answer;
+  } questions[] = {
+      {"그룹; >그룹 이름=", kTextGroupEmpty, kTextGroupDuplicate,
+       "/ \u200B/보관함/News/ Tom &amp; Jerry's (%s) ", "EETT", "Tom & Jerry's (%s)5"},
+      {"보관함 추가; >보관함 이름=", kTextCabinetEmpty, kTextCabinetDuplicate,
+       "/보관함/Keep/It's &lt;", "ETT", "It's <8"},
+      {"그룹 이름 변경; >새 그룹 이름=&lt;b", kTextGroupEmpty, kTextGroupDuplicate,
+       "&lt;b//News/Press", "TET", "Press"},
+      {"채널 이름 변경; >새 채널 이름=똠방각하", kTextGroupEmpty, kTextRenameDuplicate,
+       " /Daily/보관함", "ET", "보관함"},
+      {"보관함 이름 변경; >새 보관함 이름=Old", kTextGroupEmpty, kTextRenameDuplicate,
+       "/Keep/보관함/Daily", "ETT", "Daily"},
+      {"검색; >검색어=", kTextSearchEmpty, "", "/ 똠방각하 ", "E", " 똠방각하 "},
+      {"OPML 가져오기; >OPML 주소=", kTextOpmlEmpty, "", "/ \u3000/ x.example ", "EE",
+       "http://x.example"},
+  };
+  for (int i = 0; i < 7; ++i) {
+    const auto& [look, empty, taken, tries, messages, answer] = questions[i];
     SCOPED_TRACE(look);
-    WhenShown([&] {
+    WhenShown([&] { parent.reset(); });
+    EXPECT_EQ(ask(i), std::nullopt);
+    parent = std::make_unique<QWidget>();
+    WhenShown([&, look = look] {
       EXPECT_EQ(Look(*dialog), std::string(look) + "; 확인; 취소");
       Click("취소");
     });
-    EXPECT_EQ(ask(), std::nullopt);
-    WhenShown([&] {
-      Keys shown;
-      for (const QString& text : QString(tries).split('/'))
-        std::ranges::copy(Try(text), std::back_inserter(shown));
-      EXPECT_EQ(shown, messages);
+    EXPECT_EQ(ask(i), std::nullopt);
+    std::string shown;
+    WhenShown([&, tries = tries, empty = empty, taken = taken] {
+      for (const QString& text : QString(tries).split('/')) {
+        for (const std::string& key : Try(text))
+          shown += key == empty ? 'E' : key == taken ? 'T' : '?';
+      }
     });
-    EXPECT_EQ(ask(), answer);
+    EXPECT_EQ(ask(i), Korean(answer));
+    EXPECT_EQ(shown, messages);
   }
   EXPECT_EQ(frame.db.Value("select group_concat(folder_name || folder_order) from TB_FOLDER"),
             "News4,Tom & Jerry's (%s)5");
-  frame.addedFolders.clear();
-  frame.addedCabinets.clear();
-  for (const Question& question : questions_) {
-    WhenShown([&] { parent.reset(); });
-    EXPECT_EQ(question.ask(), std::nullopt);
-    parent = std::make_unique<QWidget>();
-  }
 }
 
 TEST_F(FormDialogs, ACabinetIsChosenFromAllInTheirOrder) {
