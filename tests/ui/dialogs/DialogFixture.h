@@ -41,7 +41,10 @@ class DialogFixture : public testing::Test {
   }
   // Enters the text where the keyboard is, in place of what is selected there, and clicks.
   Keys Try(const QString& text, const QString& button = "확인") {
-    return dynamic_cast<QLineEdit&>(*dialog->focusWidget()).insert(text), Click(button);
+    auto* const box = qobject_cast<QLineEdit*>(dialog->focusWidget());
+    if (!box) return {"the keyboard is elsewhere"};
+    box->insert(text);
+    return Click(button);
   }
   QLineEdit& Box(int box = 0) { return *dialog->findChildren<QLineEdit*>()[box]; }
   QComboBox& List() { return *dialog->findChild<QComboBox*>(); }

@@ -112,10 +112,14 @@ TEST_F(ControlPanel, EachRadioButtonStandsForItsValueAndSoDoesTheSlider) {
     Choose(0, 1), Choose(0, 0), Choose(3, 1), Choose(3, 0);
     EXPECT_TRUE(Radio(0, 2).isEnabled() && Radio(0, 5).isEnabled() && Box().isEnabled());
     QTest::keyClick(dialog->findChild<QSlider*>(), Qt::Key_PageUp);
-    Open(2);  // a click on a sample
-    QTest::mouseClick(Pages().widget(2)->findChildren<QLabel*>()[1], Qt::RightButton);
+    const auto ends = Pages().widget(1)->findChildren<QLabel*>().last(2);
+    EXPECT_EQ(ends[0]->y(), ends[1]->y());
+    Open(2);
+    QLabel* const sample = Pages().widget(2)->findChildren<QLabel*>()[1];
+    EXPECT_EQ(Radio(2, 1).geometry().topLeft() - sample->geometry().bottomLeft(), QPoint(0, 7));
+    QTest::mouseClick(sample, Qt::RightButton);
     EXPECT_TRUE(Radio(2, 0).isChecked());
-    QTest::mouseClick(Pages().widget(2)->findChildren<QLabel*>()[1], Qt::LeftButton);
+    QTest::mouseClick(sample, Qt::LeftButton);
     EXPECT_EQ(dialog->focusWidget(), &Radio(2, 1));
     Press(Qt::Key_Return);
   });
