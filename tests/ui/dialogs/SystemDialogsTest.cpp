@@ -35,6 +35,7 @@ class SystemDialogs : public DialogFixture {
       const QStringList parts{files.windowTitle(), files.directory().dirName(),
                               files.nameFilters().join(", "), Box().text()};
       EXPECT_EQ(parts.join("; ").toStdString(), look);
+      EXPECT_EQ(files.acceptMode() == QFileDialog::AcceptSave, parts[0].endsWith("저장"));
       Box().setText(QString::fromStdString(home_.File(name)));
       dialog->accept();
     });
