@@ -68,10 +68,10 @@ struct CabinetWithPosts {
 
 // A post on its way into the store.
 struct NewPost {
-  std::string title;
-  std::string link;
-  std::string published;
-  std::string description;
+  std::string title = {};
+  std::string link = {};
+  std::string published = {};
+  std::string description = {};
   int isPodcast = 0;
 };
 
@@ -79,13 +79,13 @@ struct NewPost {
 struct ChannelRecord {
   int id = -1;
   int folderId = 0;
-  std::string title;
-  std::string type;
-  std::string xmlLink;
-  std::string htmlLink;
+  std::string title = {};
+  std::string type = {};
+  std::string xmlLink = {};
+  std::string htmlLink = {};
   int order = -1;  // negative: choose one
   bool newlyInserted = false;
-  std::vector<NewPost> posts;
+  std::vector<NewPost> posts = {};
 };
 
 }  // namespace feedloom

@@ -8,67 +8,46 @@
 namespace feedloom {
 namespace {
 
-TEST(SqlText, DecodesEachEntityOnceAndInOrder) {
-  EXPECT_EQ(UnescapeEntities("&lt;b&gt; &#62; &#39; &apos; &#34; &quot; &amp;"),
-            "<b> > ' ' \" \" &");
-  EXPECT_EQ(UnescapeEntities("&amp;lt;"), "&lt;");
-  EXPECT_EQ(UnescapeEntities("&#38;#60; &#38;#38;"), "< &");
-  EXPECT_EQ(UnescapeEntities("&#60; &nbsp; &AMP; & &lt"), "&#60; &nbsp; &AMP; & &lt");
+TEST(SqlText, EntitiesAreDecodedOneAfterTheOther) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"&#38;#60;b&lt; &#62;&gt; &#38;#38;&amp; &#39;&apos; &#34;&quot;", "<b< >> && '' \"\""},
+      {"&#38;#38;lt; &#38;#38;gt; &#38;#38;#62;", "&lt; &gt; &#62;"},
+      {"&amp;lt; &amp;#62; &amp;#38;#60; &amp;#38;#38;", "&lt; &#62; &#38;#60; &#38;#38;"},
+      {"&amp;#39; &amp;apos; &amp;#34; &amp;quot; &#38;#38;amp;quot;", "' ' \" \" \""},
+      {"&amp;amp; &#60; &nbsp; &AMP; & &lt", "&amp; &#60; &nbsp; &AMP; & &lt"},
+  };
+  for (const auto& [text, decoded] : cases) EXPECT_EQ(UnescapeEntities(text), decoded);
 }
 
-TEST(SqlText, DecodingAnAmpersandMayMakeALaterEntity) {
-  EXPECT_EQ(UnescapeEntities("&amp;quot;"), "\"");
-  EXPECT_EQ(UnescapeEntities("&amp;amp;"), "&amp;");
+TEST(SqlText, QuotesAreDoubledAfterDecodingAndFieldsFilledInOnce) {
+  EXPECT_EQ(FormatSql("where a = %d and b = '%s'", 7, "100% '%d' &#39;blog&apos;"),
+            "where a = 7 and b = '100% ''%d'' ''blog'''");
 }
 
-TEST(SqlText, DoublesQuotesAfterDecoding) {
-  EXPECT_EQ(EscapeSqlText("Tom's &#39;blog&apos;"), "Tom''s ''blog''");
-  EXPECT_EQ(FormatSql("where a = %d and b = '%s'", 7, "100% '%d'"),
-            "where a = 7 and b = '100% ''%d'''");
+TEST(Like, TakesCharactersWholeAndFoldsAsciiOnly) {
+  const auto like = [](const std::string& pattern, const std::string& text) {
+    return LikeMatches(Korean(pattern), Korean(text), CodePage::Korean()) ? '1' : '0';
+  };
+  std::string wildcards = "b";
+  for (int i = 0; i < 40; ++i) wildcards = "%a" + wildcards;
+  EXPECT_EQ((std::string{like("%news%", "Old NEWS today"), like("a%c_e", "abbc-c!e"),
+                         like("a%bc", "abbc"), like("%%", ""), like("%글%", "한글"),
+                         like("한_", "한글")}),
+            "111111");
+  EXPECT_EQ((std::string{like("%a", ""), like("", "a"), like("_", ""), like("abc", "ab"),
+                         like("ab", "abc"), like("ac", "abc"), like("한__", "한글"),
+                         like(wildcards, std::string(20'000, 'a'))}),
+            "00000000");
+  // 똠 is 8C 63 in this code page, and 63 alone is the letter "c".
+  EXPECT_EQ(like("%c%", "똠"), '0');
+  EXPECT_FALSE(LikeMatches("\x8C\x43", "\x8C\x63", CodePage::Korean()));
 }
 
-TEST(Like, MatchesAnywhereAndFoldsAsciiCaseOnly) {
-  const CodePage utf8 = CodePage::Utf8();
-  EXPECT_TRUE(LikeMatches("%news%", "Old NEWS today", utf8));
-  EXPECT_TRUE(LikeMatches("a%c_e", "abbc-c!e", utf8));
-  EXPECT_TRUE(LikeMatches("%%", "", utf8));
-  EXPECT_FALSE(LikeMatches("", "a", utf8));
-  EXPECT_FALSE(LikeMatches("_", "", utf8));
-  EXPECT_FALSE(LikeMatches("%É%", "é", utf8));
-  EXPECT_FALSE(LikeMatches("abc", "ab", utf8));
-}
-
-TEST(Like, TakesKoreanCharactersWhole) {
-  const CodePage korean = CodePage::Korean();
-  EXPECT_TRUE(LikeMatches(Korean("%글%"), Korean("한글"), korean));
-  EXPECT_TRUE(LikeMatches(Korean("한_"), Korean("한글"), korean));
-  EXPECT_FALSE(LikeMatches(Korean("한__"), Korean("한글"), korean));
-  // 똠 is 8C 63: its second byte is the letter c, which must match nothing and fold with nothing.
-  EXPECT_FALSE(LikeMatches("%c%", Korean("똠"), korean));
-  EXPECT_FALSE(LikeMatches("\x8C\x43", "\x8C\x63", korean));
-}
-
-TEST(Like, ManyWildcardsStayFast) {
-  std::string pattern;
-  for (int i = 0; i < 40; ++i) pattern += "%a";
-  EXPECT_FALSE(LikeMatches(pattern + "b", std::string(20'000, 'a'), CodePage::Korean()));
-}
-
-TEST(DbPath, StandsBesideTheModule) {
+TEST(Store, TheDatabaseLiesBesideTheModule) {
   EXPECT_EQ(GetDbPath("C:\\Halvix\\feedloom.dll"), "C:\\Halvix\\rssdb");
   EXPECT_EQ(GetDbPath("/usr/lib/feedloom.so"), "/usr/lib/rssdb");
+  EXPECT_EQ(GetDbPath("feedloom.so"), "rssdb");
   EXPECT_EQ(GetDbPath(""), "\\rssdb");
-}
-
-TEST(Pacing, PausesAroundAStatementButNeverWaitsForAnother) {
-  TestStore store;
-  store.Get().EnterStoreBusy();
-  store.Get().EnterStoreBusy();
-  EXPECT_EQ(store.Clock().TimePaused(), std::chrono::milliseconds(10));
-  store.Get().LeaveStoreBusy();
-  store.Get().LeaveStoreBusy();
-  EXPECT_EQ(store.Clock().TimePaused(), std::chrono::milliseconds(20));
-  EXPECT_EQ(store.Clock().PauseCount(), 2);
 }
 
 }  // namespace

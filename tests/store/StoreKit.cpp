@@ -5,46 +5,26 @@
 #include <sqlite3.h>
 
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <utility>
 
 namespace feedloom {
 namespace {
 
-std::string SchemaText() {
-  std::ifstream file(FEEDLOOM_SCHEMA);
-  std::stringstream text;
-  text << file.rdbuf();
-  return text.str();
+// Runs `sql`; the first cell of its result goes to `cell`. SQLite's message, "" on success.
+std::string Run(const std::string& path, const std::string& sql, std::string& cell) {
+  const auto keepFirst = [](void* kept, int, char** cells, char**) {
+    auto& first = *static_cast<std::string*>(kept);
+    if (first == "(none)") first = cells[0] == nullptr ? "(null)" : cells[0];
+    return 0;
+  };
+  sqlite3* handle = nullptr;
+  sqlite3_open(path.c_str(), &handle);
+  const int status = sqlite3_exec(handle, sql.c_str(), keepFirst, &cell, nullptr);
+  const std::string message = status == SQLITE_OK ? "" : sqlite3_errmsg(handle);
+  sqlite3_close(handle);
+  return message;
 }
-
-class RawConnection {
- public:
-  explicit RawConnection(const std::string& path) { sqlite3_open(path.c_str(), &handle_); }
-  ~RawConnection() { sqlite3_close(handle_); }
-  RawConnection(const RawConnection&) = delete;
-  RawConnection& operator=(const RawConnection&) = delete;
-
-  void Run(const std::string& sql) {
-    const int status = sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr);
-    ASSERT_EQ(status, SQLITE_OK) << sqlite3_errmsg(handle_) << " in " << sql;
-  }
-
-  std::string FirstCell(const std::string& sql) {
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(handle_, sql.c_str(), -1, &statement, nullptr);
-    std::string value = "(none)";
-    if (sqlite3_step(statement) == SQLITE_ROW) {
-      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
-      value = text == nullptr ? "(null)" : text;
-    }
-    sqlite3_finalize(statement);
-    return value;
-  }
-
- private:
-  sqlite3* handle_ = nullptr;
-};
 
 Mutex logMutex;
 std::vector<std::string> logged FEEDLOOM_GUARDED_BY(logMutex);
@@ -61,10 +41,14 @@ extern "C" int TraceNewConnection(sqlite3* handle, const char**, const sqlite3_a
 
 }  // namespace
 
-TestStore::TestStore(CodePage codePage)
-    : store_(std::make_shared<Store>(folder_.File("rssdb"), codePage, clock_,
-                                     [this](std::string_view text) { Report(text); })) {
-  Sql(SchemaText());
+TestStore::TestStore() {
+  const auto keep = [this](std::string_view text) {
+    const MutexLock lock(mutex_);
+    reports_.emplace_back(text);
+  };
+  store_ = std::make_shared<Store>(DbPath(), CodePage::Korean(), clock_, keep);
+  std::ifstream schema(FEEDLOOM_SCHEMA);
+  Sql({std::istreambuf_iterator(schema), {}});
 }
 
 std::vector<std::string> TestStore::Reports() const {
@@ -72,15 +56,15 @@ std::vector<std::string> TestStore::Reports() const {
   return reports_;
 }
 
-void TestStore::Report(std::string_view text) {
-  const MutexLock lock(mutex_);
-  reports_.emplace_back(text);
+void TestStore::Sql(const std::string& sql) const {
+  std::string cell;
+  EXPECT_EQ(Run(DbPath(), sql, cell), "") << " in " << sql;
 }
 
-void TestStore::Sql(const std::string& sql) const { RawConnection(DbPath()).Run(sql); }
-
 std::string TestStore::Value(const std::string& sql) const {
-  return RawConnection(DbPath()).FirstCell(sql);
+  std::string cell = "(none)";
+  Run(DbPath(), sql, cell);
+  return cell;
 }
 
 int TestStore::Count(const std::string& tableAndCondition) const {
@@ -88,18 +72,14 @@ int TestStore::Count(const std::string& tableAndCondition) const {
 }
 
 int TestStore::AddChannelWithPosts(int folderId, const std::string& title, int posts) {
-  Sql(
-      fmt::format("insert into TB_CHANNEL(channel_title, channel_xmllink, channel_folderID, "
-                  "channel_order) values('{}', 'http://example.com/{}', {}, 1)",
-                  title, title, folderId));
-  const int id = std::stoi(Value("select max(channel_id) from TB_CHANNEL"));
-  for (int i = 1; i <= posts; ++i) {
-    Sql(
-        fmt::format("insert into TB_POST(post_channelID, post_title, post_link, post_pubDate, "
-                    "post_desc) values({}, 'Post {}', 'l{}', '2008-05-01 10:00:{:02}', 'text')",
-                    id, i, i, i % 60));
-  }
-  return id;
+  Sql(fmt::format(
+      "insert into TB_CHANNEL(channel_title, channel_xmllink, channel_folderID, channel_order) "
+      "values('{0}', 'http://example.com/{0}', {1}, 1); with recursive n(i) as (select 1 union all "
+      "select i + 1 from n where i < {2}) insert into TB_POST(post_channelID, post_title, "
+      "post_link, post_pubDate, post_desc) select (select max(channel_id) from TB_CHANNEL), 'Post '"
+      " || i, 'l' || i, printf('2008-05-01 10:00:%02d', i % 60), 'text' from n where i <= {2}",
+      title, folderId, posts));
+  return std::stoi(Value("select max(channel_id) from TB_CHANNEL"));
 }
 
 StatementLog::StatementLog() {
@@ -117,11 +97,9 @@ std::vector<std::string> StatementLog::Take() {
 ForeignLock::ForeignLock(const std::string& dbPath) {
   sqlite3* handle = nullptr;
   sqlite3_open(dbPath.c_str(), &handle);
+  reset(handle, sqlite3_close);
   sqlite3_exec(handle, "begin exclusive", nullptr, nullptr, nullptr);
-  handle_ = handle;
 }
-
-ForeignLock::~ForeignLock() { sqlite3_close(static_cast<sqlite3*>(handle_)); }
 
 std::string Korean(std::string_view utf8) { return CodePage::Korean().FromUtf8(utf8); }
 

@@ -13,17 +13,16 @@
 
 namespace feedloom {
 
-// The database lies in a folder of its own and has the tables, and no rows, that a profile's has.
+// The database lies in a folder of its own. It has the tables of a profile's database and no rows.
 class TestStore {
  public:
-  explicit TestStore(CodePage codePage = CodePage::Korean());
+  TestStore();
 
   Store& Get() { return *store_; }
   std::shared_ptr<Store> Shared() { return store_; }
   ManualClock& Clock() { return clock_; }
   const TempFolder& Folder() const { return folder_; }
   std::string DbPath() const { return folder_.File("rssdb"); }
-
   // What the store has reported so far. Any thread.
   std::vector<std::string> Reports() const;
 
@@ -32,13 +31,10 @@ class TestStore {
   // The first cell of `sql`'s result, "(null)" for NULL and "(none)" without a row.
   std::string Value(const std::string& sql) const;
   int Count(const std::string& tableAndCondition) const;
-
-  // A channel in a folder of its own, with `posts` unread posts "Post 1" ... and links "l1" ...
+  // Adds a channel with `posts` unread posts "Post 1" ... and links "l1" ...; the channel's id.
   int AddChannelWithPosts(int folderId, const std::string& title, int posts);
 
  private:
-  void Report(std::string_view text);
-
   TempFolder folder_;
   ManualClock clock_;
   mutable Mutex mutex_;
@@ -47,26 +43,16 @@ class TestStore {
 };
 
 // Every SQL statement that any connection of this process runs while the object lives.
-class StatementLog {
- public:
+struct StatementLog {
   StatementLog();
   ~StatementLog();
-  StatementLog(const StatementLog&) = delete;
-  StatementLog& operator=(const StatementLog&) = delete;
-
+  // The statements since the last call.
   std::vector<std::string> Take();
 };
 
-// Holds the write lock of a database file as another process would.
-class ForeignLock {
- public:
+// Holds the write lock of a database file, as another process would, while the object lives.
+struct ForeignLock : std::shared_ptr<void> {
   explicit ForeignLock(const std::string& dbPath);
-  ~ForeignLock();
-  ForeignLock(const ForeignLock&) = delete;
-  ForeignLock& operator=(const ForeignLock&) = delete;
-
- private:
-  void* handle_ = nullptr;
 };
 
 // `utf8` in the Korean code page.

@@ -1,0 +1,378 @@
+// The operations on folders, channels, cabinets and posts, on a sound database and on others.
+#include <fmt/core.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <numeric>
+
+#include "store/Cabinets.h"
+#include "store/ChannelAdder.h"
+#include "store/Channels.h"
+#include "store/Connection.h"
+#include "store/Counts.h"
+#include "store/Folders.h"
+#include "store/Posts.h"
+#include "store/ReadStatus.h"
+#include "store/Search.h"
+#include "store/StoreKit.h"
+
+namespace feedloom {
+namespace {
+
+using Strings = std::vector<std::string>;
+using Ids = std::vector<int>;
+using Posts = std::vector<PostRow>;
+using Channel = ChannelWithPosts;
+using Cabinet = CabinetWithPosts;
+
+template <typename... Fields>
+std::string Line(const Fields&... fields) {
+  return (fmt::format("{} ", fields) + ...);
+}
+std::string Text(const FolderRow& r) { return Line(r.id, r.name, r.order, r.unreadCount); }
+std::string Text(const CabinetRow& r) { return Line(r.id, r.title, r.order, r.unreadCount); }
+std::string Text(const ChannelContents& r) { return Line(r.id, r.state, r.holdsPosts); }
+std::string Text(const ChannelRow& r) {
+  return Line(r.id, r.title, r.xmlLink, r.folderId, r.order, r.unreadCount, r.state);
+}
+std::string Text(const PostRow& r) {
+  return Line(r.id, r.readStatus, r.created, r.description, r.link, r.published, r.title, r.updated,
+              r.ownerTitle, r.isPodcast, r.ownerId);
+}
+template <typename Row>
+std::string Text(const std::vector<Row>& rows) {
+  std::string text;
+  for (const Row& row : rows) text += Text(row);
+  return text;
+}
+// Of the posts, all fields of the first one and the ids of the others.
+std::string Text(const Posts& posts) {
+  std::string text;
+  for (const PostRow& post : posts) text += text.empty() ? Text(post) : Line(post.id);
+  return text;
+}
+std::string Text(const Channel& c) { return Line(c.folderId, c.title, c.xmlLink, Text(c.posts)); }
+std::string Text(const Cabinet& c) { return Line(c.title, c.order, Text(c.posts)); }
+
+class StoreTest : public testing::Test {
+ protected:
+  // Rows that no list shows in the order of their ids.
+  void Fill() {
+    db_.Sql(
+        "insert into TB_FOLDER values(1, 'Second', 2), (2, 'First', 1); insert into TB_CHANNEL "
+        "values(1, 1, 'B', 'x', 'h', 'y', 9, 0, 'c', 'u'), (2, 1, 'A', 'x', 'h', 'y', 8, -3, 'c', "
+        "'u'), (3, 2, 'E', 'x', 'h', 'y', 7, 1, 'c', 'u'); insert into TB_POST values(1, 1, 't1', "
+        "'', 'p1', '', 0, 0, '', ''), (2, 1, 'at2', '', 'p1', '', 0, 0, '', ''), (3, 1, 't', 'l', "
+        "'p3', 'd', 1, 1, 'c', 'u'), (4, 2, 't', 'l', 'p2', 'd', 5, 0, 'c', 'u'), (5, 9, 'lost', "
+        "'', '', '', 0, 0, '', ''); insert into TB_SCRAP_CHANNEL values(1, 'B', 5, 'c', 'u'), (2, "
+        "'A', 4, 'c', 'u'); insert into TB_SCRAP_POST values(1, 1, 't1', '', 'p1', '', 0, '', ''), "
+        "(2, 1, 'at2', '', 'p1', '', 0, '', ''), (3, 1, 't', 'l', 'p3', 'd', 1, 'c', 'u'), (4, 2, "
+        "'t', 'l', 'p2', 'd', 0, 'c', 'u')");
+  }
+
+  template <typename Out, typename Load, typename... In>
+  std::string Loaded(Load load, const In&... in) {
+    Out out;
+    return load(store_, in..., out) ? Text(out) : "none ";
+  }
+  std::string Folders() { return Loaded<std::vector<FolderRow>>(LoadFolderList); }
+  std::string Channels() { return Loaded<std::vector<ChannelRow>>(LoadChannelList); }
+  std::string Cabinets() { return Loaded<std::vector<CabinetRow>>(LoadCabinetList); }
+  std::string Contents() { return Loaded<std::vector<ChannelContents>>(LoadChannelContents); }
+
+  // Id and order of the folder of this name or, in a folder, of the channel at this address.
+  std::string Found(std::string_view name, int folder = 0) {
+    int id = 0;
+    int order = 0;
+    return (folder == 0 ? FindFolderByName(store_, name, id, order)
+                        : FindChannelByXmlLink(store_, name, folder, id, order))
+               ? Line(id, order)
+               : "none ";
+  }
+
+  InsertedPosts Insert(int channelId, std::vector<NewPost> posts, std::stop_token stop = {}) {
+    Connection connection(store_);
+    return InsertChannelPosts(connection, {.id = channelId, .posts = std::move(posts)}, stop);
+  }
+
+  // The ids of the unread posts, and of the unread saved ones, after an operation that succeeded.
+  std::string UnreadAfter(bool succeeded) {
+    EXPECT_TRUE(succeeded);
+    return db_.Value(
+        "select group_concat(post_id) || ifnull((select ' ' || group_concat(scrap_post_id) from "
+        "TB_SCRAP_POST where scrap_post_readStatus = 0), '') from TB_POST where post_readStatus = "
+        "0");
+  }
+
+  void ExpectFailures(const std::string& reason) {
+    const std::size_t before = db_.Reports().size();
+    int order = 0;
+    EXPECT_EQ(Folders() + Channels() + Cabinets() + Found("f") + Found("u", 1) +
+                  Loaded<Posts>(FindPost, 1) + Loaded<Channel>(LoadChannelWithPosts, 1),
+              "none none none none none none none ");
+    EXPECT_EQ(
+        Line(FolderNameExists(store_, "f"), DeleteFolder(store_, 1), CountUnreadPosts(store_),
+             CountUnreadInFolder(store_, 1, true), CountUnreadInFolder(store_, 1, false),
+             CountUnreadInItem(store_, 1, false), GetChannelFolderId(store_, 1),
+             AddFolder(store_, "f", 1), AppendFolder(store_, "f", order), AddCabinet(store_, "", 1),
+             InsertChannel(store_, "", "", "", 1, 1), InsertScrapPost(store_, 1, "", "", "", ""),
+             GetMaxOrder(store_, true, 0), GetMaxOrder(store_, false, 1)),
+        "false false -1 -1 -1 -1 -1 -1 -1 -1 -1 -1 -2 -2 ");
+    EXPECT_TRUE(db_.Reports().at(before).starts_with(reason)) << db_.Reports()[before];
+  }
+
+  TestStore db_;
+  Store& store_ = db_.Get();
+};
+
+class SoundStore : public StoreTest {
+  void TearDown() override { EXPECT_EQ(db_.Reports(), Strings()); }
+};
+
+TEST_F(SoundStore, ListsAreOrderedAndCountTheUnread) {
+  Fill();
+  EXPECT_EQ(Folders(), "2 First 1 0 1 Second 2 3 ");
+  EXPECT_EQ(Channels(), "3 E x 2 7 0 1 2 A x 1 8 1 -3 1 B x 1 9 2 0 ");
+  EXPECT_EQ(Cabinets(), "2 A 4 1 1 B 5 2 ");
+  EXPECT_EQ(Contents(), "1 0 true 2 -3 true 3 1 false ");
+  EXPECT_EQ(Line(CountUnreadPosts(store_), CountUnreadInFolder(store_, 1, false),
+                 CountUnreadInFolder(store_, 2, false), CountUnreadInFolder(store_, 0, true),
+                 CountUnreadInItem(store_, 1, false), CountUnreadInItem(store_, 3, false),
+                 CountUnreadInItem(store_, 2, true)),
+            "4 3 0 3 2 0 1 ");
+}
+
+TEST_F(SoundStore, PostsAreLoadedWithAllFieldsFromTheNewestToTheOldestThenByTitle) {
+  Fill();
+  EXPECT_EQ(Loaded<Channel>(LoadChannelWithPosts, 1), "1 B x 3 1 c d l p3 t u B 1 1 2 1  ");
+  EXPECT_EQ(Loaded<Channel>(LoadFolderWithPosts, 1), "1 A x 4 0 c d l p2 t u A 5 2 3 2 1  ");
+  EXPECT_EQ(Loaded<Cabinet>(LoadCabinetWithPosts, 1), "B 5 3 1 c d l p3 t u B 0 1 2 1  ");
+  EXPECT_EQ(Loaded<Cabinet>(LoadCabinetWithPosts, 9), " 0  ");
+  EXPECT_EQ(Loaded<Cabinet>(LoadAllCabinetsWithPosts), "A 0 4 0 c d l p2 t u A 0 2 3 2 1  ");
+  EXPECT_EQ(Loaded<Posts>(SearchPosts, "T"), "3 1 c d l p3 t u B 1 0 4 2 1 ");
+  EXPECT_EQ(Loaded<Posts>(SearchChannelPosts, 2, "T"), "4 0 c d l p2 t u A 5 0 ");
+  EXPECT_EQ(Loaded<Posts>(SearchFolderPosts, 1, "T"), "3 1 c d l p3 t u B 1 0 4 2 1 ");
+  EXPECT_EQ(Loaded<Posts>(SearchFolderPosts, 2, "T"), "");
+  EXPECT_EQ(Loaded<Posts>(SearchCabinetPosts, 2, "T"), "4 0 c d l p2 t u A 0 0 ");
+  EXPECT_EQ(Loaded<Posts>(SearchScrapPosts, "T"), "3 1 c d l p3 t u B 0 0 4 2 1 ");
+  EXPECT_EQ(Loaded<Posts>(FindPost, 4), "4 0 c d l p2 t u A 5 2 ");
+  db_.Sql("update TB_POST set post_title = '" + Korean("한글 it''s") + "' where post_id = 4");
+  EXPECT_EQ(Loaded<Posts>(SearchPosts, Korean("한_ I%t's")).substr(0, 2), "4 ");
+}
+
+TEST_F(SoundStore, TodayMeansTheLocalDateOfPublication) {
+  Fill();
+  db_.Clock().Set(NoonOf(2008, 5, 2));
+  db_.Sql(
+      "update TB_POST set post_pubDate = substr('2008-05-02 00:00:002008-05-01 23:59:592008-05-02 "
+      "10:00:002008-05-02 23:59:59', post_id * 19 - 18, 19)");
+  const std::string today = "4 0 c d l 2008-05-02 23:59:59 t u A 5 2 1 ";
+  EXPECT_EQ(Loaded<Posts>(LoadTodayUnread), today);
+  EXPECT_EQ(Loaded<Posts>(LoadFolderTodayUnread, 1) + Loaded<Posts>(LoadFolderTodayUnread, 2),
+            today);
+}
+
+TEST_F(SoundStore, AFolderIsAddedOnceAndNeverProtectedByChance) {
+  int order = GetMaxOrder(store_, true, 0);
+  EXPECT_EQ(order, 0);
+  for (const int id : {1, 0}) EXPECT_EQ(AddFolder(store_, "Tom's &amp; mine", -2), id);
+  EXPECT_EQ(Found("Tom's & mine") + Found("tom's & mine"), "1 -2 none ");
+  EXPECT_EQ(AppendFolder(store_, "x", order), -1);
+  EXPECT_TRUE(RenameFolder(store_, 1, "A'b") && SetFolderOrder(store_, 1, -1));
+  EXPECT_EQ(AppendFolder(store_, "first", order), 2);
+  EXPECT_EQ(Folders(), "1 A'b -1 0 2 first 0 0 ");
+  db_.Sql("update TB_FOLDER set folder_name = 'f'");
+  EXPECT_EQ(Found("f"), "2 0 ") << "of several the last";
+}
+
+TEST_F(SoundStore, ACabinetIsAddedOnceAndHoldsCopies) {
+  for (const int id : {1, 0}) EXPECT_EQ(AddCabinet(store_, "Tom's", 1), id);
+  for (const int id : {1, 2}) EXPECT_EQ(InsertScrapPost(store_, 1, "T", "l", "p", "d"), id);
+  EXPECT_TRUE(ScrapPostLinkExists(store_, 1, "l") && !ScrapPostLinkExists(store_, 2, "l"));
+  EXPECT_TRUE(RenameCabinet(store_, 1, "It's"));
+  EXPECT_EQ(Cabinets(), "1 It's 1 2 ");
+}
+
+TEST_F(SoundStore, AChannelIsAddedFoundRenamedMovedAndKeepsItsState) {
+  EXPECT_EQ(GetMaxOrder(store_, false, 1), 0);
+  EXPECT_EQ(InsertChannel(store_, Korean("똠방각하"), "u", "http://home/", 1, 2), 1);
+  EXPECT_EQ(Found("u", 1) + Found("U", 1) + Found("u", 2), "1 2 none none ");
+  EXPECT_TRUE(ChannelTitleExists(store_, Korean("똠방각하"), 1));
+  EXPECT_FALSE(ChannelTitleExists(store_, Korean("똠방각하"), 2));
+  EXPECT_EQ(Line(GetChannelFolderId(store_, 1), GetChannelFolderId(store_, 999)), "1 0 ");
+  ChannelRecord record{.folderId = 1, .title = "&lt;", .xmlLink = "&amp;"};
+  EXPECT_TRUE(AppendChannelRecord(store_, record));
+  EXPECT_EQ(Text(StoredRow(record)), "2 < & 1 3 0 0 ");
+  EXPECT_TRUE(RenameChannel(store_, 1, "X") && MoveChannel(store_, 1, 2) &&
+              SetChannelState(store_, 1, -3));
+  EXPECT_EQ(Channels(), "1 X u 2 2 0 -3 2 < & 1 3 0 0 ");
+  db_.Sql("update TB_CHANNEL set channel_xmllink = 'u', channel_folderID = 1");
+  EXPECT_EQ(Found("u", 1), "2 3 ") << "of several the last";
+}
+
+TEST_F(SoundStore, RecordsShareTheHighestOrderAndEachAddressIsAddedOnce) {
+  Connection connection(store_);
+  for (const int highest : {0, 7, -3}) {
+    db_.Sql(
+        fmt::format("delete from TB_CHANNEL; insert into TB_CHANNEL(channel_folderID, "
+                    "channel_order) values(2, 9), "
+                    "({0} <> 0, {0} - 2), ({0} <> 0, {0}), ({0} <> 0, {0} - 1)",
+                    highest));
+    ChannelRecord one{.folderId = 1, .xmlLink = "0"};
+    EXPECT_TRUE(AddChannelRecord(connection, one));
+    std::vector<ChannelRecord> many(4, {.title = "it's", .xmlLink = "'b'"});
+    many[0].xmlLink = "'a'/?x&amp;y";
+    many[1].xmlLink = "'a'/?x&y";
+    many[2].xmlLink = "0";
+    ChannelAdder adder(connection, 1);
+    ASSERT_TRUE(adder.Load() && adder.Add(std::span(many).first(3)) &&
+                adder.Add(std::span(many).last(3)));
+    std::string added = Line(one.order);
+    for (const auto& r : many) added += Line(r.id - one.id, r.newlyInserted, r.order);
+    EXPECT_EQ(added, fmt::format("{0} 1 true {0} 1 false -1 0 false -1 2 true {0} ", highest));
+    EXPECT_EQ(db_.Value("select group_concat(channel_title || channel_xmllink || channel_folderID) "
+                        "from TB_CHANNEL where channel_title <> ''"),
+              "it's'a'/?x&y1,it's'b'1");
+  }
+}
+
+TEST_F(SoundStore, ANewPostIsUnreadAndDatedNowAndItsLinkStoredOnceForItsChannel) {
+  db_.Sql("insert into TB_CHANNEL(channel_title) values('a'), ('b')");
+  EXPECT_EQ(Insert(1, {{"Tom's &lt;b&gt;", "x?a&amp;b='2'", "p", Korean("한글"), 1}}).count, 1);
+  db_.Sql(
+      "update TB_POST set post_createDate = abs(julianday('now') - julianday(post_createDate)) < "
+      "0.01");
+  EXPECT_EQ(Loaded<Posts>(FindPost, 1), Korean("1 0 1 한글 x?a&b='2' p Tom's <b>  a 1 1 "));
+  EXPECT_EQ(Insert(1, {{"2", "l"}, {"no", "l"}, {"3", ""}}).count, 2);
+  EXPECT_EQ(Insert(1, {{"no", "l"}, {"no", ""}}).count, 0);
+  EXPECT_TRUE(Insert(2, {{"4", "l"}}).complete);
+  std::stop_source stop;
+  stop.request_stop();
+  EXPECT_FALSE(Insert(1, {{"no", "new"}}, stop.get_token()).complete);
+  EXPECT_EQ(db_.Value("select group_concat(post_title) from TB_POST"), "Tom's <b>,2,3,4");
+}
+
+TEST_F(SoundStore, MarkingAndDeletingReachJustTheNamedRowsAndWhatTheyHold) {
+  Fill();
+  EXPECT_EQ(UnreadAfter(MarkPostsRead(store_, 1, Ids{1, 4, 5})), "2 1,2,4");
+  EXPECT_EQ(UnreadAfter(MarkChannelsRead(store_, 0, Ids{2, 9})), "2,4,5 1,2,4");
+  EXPECT_EQ(UnreadAfter(MarkFoldersRead(store_, 1, Ids{1, 99})), "5 1,2,4");
+  EXPECT_EQ(UnreadAfter(MarkPostsRead(store_, 0, {})), "1,2,3,4,5 1,2,4");
+  EXPECT_EQ(UnreadAfter(MarkScrapPostsRead(store_, 1, Ids{1, 4})), "1,2,3,4,5 2");
+  EXPECT_EQ(UnreadAfter(MarkCabinetsRead(store_, 0, Ids{2})), "1,2,3,4,5 2,4");
+  EXPECT_EQ(UnreadAfter(MarkAllScrapPostsRead(store_, 1)), "1,2,3,4,5");
+  EXPECT_EQ(UnreadAfter(MarkAllScrapPostsRead(store_, 0)), "1,2,3,4,5 1,2,3,4");
+  EXPECT_EQ(UnreadAfter(DeleteChannel(store_, 2)), "1,2,3,5 1,2,3,4");
+  EXPECT_EQ(UnreadAfter(DeleteFolder(store_, 1)), "5 1,2,3,4");
+  EXPECT_EQ(UnreadAfter(DeleteScrapPosts(store_, Ids{2, 4})), "5 1,3");
+  EXPECT_EQ(UnreadAfter(DeleteCabinet(store_, 1)), "5");
+  EXPECT_EQ(Folders() + Channels() + Cabinets(), "2 First 1 0 3 E x 2 7 0 1 2 A 4 0 ");
+}
+
+TEST_F(SoundStore, CleanUpGoesByTheAgeInTheStore) {
+  db_.Sql(
+      "insert into TB_POST(post_id, post_createDate) values(1, datetime('now', '-165 hours')), (2, "
+      "datetime('now', '-8 days')), (3, NULL)");
+  EXPECT_EQ(UnreadAfter(DeleteOldPosts(store_, 7)), "1,3");
+  EXPECT_EQ(UnreadAfter(DeleteOldPosts(store_, 0)), "3");
+}
+
+TEST_F(SoundStore, StatementsKeepTheirTexts) {
+  StatementLog log;
+  EXPECT_EQ((Strings{Folders(), Channels(), Cabinets()}), Strings(3));
+  EXPECT_TRUE(MarkPostsRead(store_, 1, Ids{1, 2}) && MarkFoldersRead(store_, 0, Ids{1, 2}) &&
+              DeletePosts(store_, Ids{1, 2}) && DeleteOldPosts(store_, 7));
+  const Strings expected = {
+      "select folder_name, folder_id, folder_order, ifnull(a_cnt,0) cnt from tb_folder left join "
+      "(select count(post_id) a_cnt, channel_id a_id, channel_folderID a_fID from tb_channel left "
+      "join tb_post on channel_id = post_channelID where post_readStatus = 0 group by "
+      "channel_folderid) on folder_id = a_fID order by folder_order",
+      "Select channel_title, channel_xmllink, channel_id, channel_folderID, channel_order, "
+      "ifnull(a_cnt,0) cnt, channel_state from TB_CHANNEL left join (select count(post_id) a_cnt, "
+      "channel_id a_id from tb_channel innjer join tb_post on channel_id = post_channelID where "
+      "post_readStatus = 0 group by channel_id) on channel_id = a_id order by channel_order",
+      "Select scrap_channel_id, scrap_channel_title, scrap_channel_order, ifnull(a_cnt,0) cnt "
+      "from TB_SCRAP_CHANNEL left join (select count(scrap_post_id) a_cnt, scrap_channel_id a_id "
+      "from tb_scrap_channel innjer join tb_scrap_post on scrap_channel_id = "
+      "scrap_post_scrapChannelID where scrap_post_readStatus = 0 group by scrap_channel_id) on "
+      "scrap_channel_id = a_id order by scrap_channel_order",
+      "Update TB_POST Set post_readStatus = 1 Where post_id = 1 Or post_id = 2",
+      "Update TB_POST Set post_readStatus = 0 Where post_channelID in (Select channel_id From "
+      "TB_CHANNEL Where channel_folderID  = 1 Or channel_folderID  = 2)",
+      "Delete From TB_POST Where post_id = 1 Or post_id = 2",
+      "Delete From TB_POST where ABS(JULIANDAY('now') - JULIANDAY(post_createdate)) >= 7"};
+  EXPECT_EQ(log.Take(), expected);
+}
+
+TEST_F(SoundStore, AStatementPausesBeforeAndAfterButNeverWaitsForAnother) {
+  EXPECT_EQ(CountUnreadPosts(store_), 0);
+  EXPECT_EQ(db_.Clock().TimePaused(), std::chrono::milliseconds(20));
+  store_.EnterStoreBusy();
+  EXPECT_EQ(CountUnreadPosts(store_), 0);
+  store_.LeaveStoreBusy();
+  EXPECT_EQ(db_.Clock().PauseCount(), 4);
+}
+
+TEST_F(SoundStore, AJournalFileThatStaysBetweenStatementsGoesWithItsConnection) {
+  {
+    Connection connection(store_);
+    connection.KeepJournalFile();
+    EXPECT_TRUE(connection.Execute("Insert Into TB_POST(post_id) Values(1)"));
+    EXPECT_EQ(db_.Folder().Names(), (Strings{"rssdb", "rssdb-journal"}));
+  }
+  EXPECT_EQ(db_.Folder().Names(), Strings{"rssdb"});
+}
+
+using FaultyStore = StoreTest;
+
+TEST_F(FaultyStore, MakesEveryOperationFailWithTheReason) {
+  Fill();
+  {
+    const ForeignLock lock(db_.DbPath());
+    ExpectFailures("database is locked");
+  }
+  EXPECT_EQ(CountUnreadPosts(store_), 4);
+  db_.Folder().Write("rssdb", std::string(8192, 'x'));
+  ExpectFailures("file is not a database");
+  EXPECT_EQ(db_.Folder().Read("rssdb"), std::string(8192, 'x'));
+  std::filesystem::remove(db_.DbPath());
+  ExpectFailures("no such table: ");
+  std::filesystem::remove(db_.DbPath());
+  std::filesystem::create_directory(db_.DbPath());
+  ExpectFailures("Can't open database");
+  const std::size_t before = db_.Reports().size();
+  EXPECT_EQ(CountUnreadInItem(store_, 1, false), CountUnreadPosts(store_));
+  EXPECT_EQ(db_.Reports().size() - before, 3u) << "an item's count reports twice";
+}
+
+TEST_F(FaultyStore, AfterAStatementThatFailsTheNextOneRunsAndTheFailureIsRemembered) {
+  db_.Sql(
+      "create trigger a before insert on TB_POST when new.post_title = 'bad' begin select "
+      "raise(fail, 'refused'); end; create trigger b before delete on TB_POST when old.post_id = 1 "
+      "begin select raise(abort, 'kept'); end; insert into TB_CHANNEL(channel_folderID) values(1)");
+  const InsertedPosts inserted = Insert(1, {{"a", "1"}, {"bad", "2"}, {"b", "3"}});
+  EXPECT_EQ(Line(inserted.count, inserted.complete), "2 false ");
+  db_.Sql("insert into TB_POST(post_id, post_channelID) values(1800, 2), (1801, 2)");
+  Ids ids(1800);
+  std::iota(ids.begin(), ids.end(), 1);
+  EXPECT_EQ(UnreadAfter(!DeletePosts(store_, ids)), "1,2,1801");
+  EXPECT_TRUE(DeletePosts(store_, std::span(ids).subspan(1)));
+  EXPECT_EQ(UnreadAfter(!DeleteFolder(store_, 1)), "1,1801");
+  EXPECT_EQ(Channels(), "");
+  db_.Sql("alter table TB_POST drop column post_updateDate");
+  EXPECT_EQ(Loaded<Channel>(LoadChannelWithPosts, 1), "none ");
+  EXPECT_EQ(db_.Reports(), (Strings{"refused", "kept", "kept", "no such column: post_updateDate"}));
+}
+
+TEST_F(FaultyStore, LeavesRecordsThatWereNotAddedUnchanged) {
+  Connection connection(store_);
+  ChannelAdder adder(connection, 1);
+  db_.Sql("drop table TB_CHANNEL");
+  std::vector<ChannelRecord> records(1);
+  EXPECT_FALSE(AddChannelRecord(connection, records[0]) || adder.Load() || adder.Add(records) ||
+               AppendChannelRecord(store_, records[0]));
+  EXPECT_EQ(Line(records[0].id, records[0].folderId), "-1 0 ");
+}
+
+}  // namespace
+}  // namespace feedloom
