@@ -5,98 +5,70 @@
 namespace feedloom {
 namespace {
 
-OpmlOutline Feed(const std::string& text, const std::string& xmlUrl) {
-  return {.title = "", .url = "", .text = text, .type = "", .xmlUrl = xmlUrl, .htmlUrl = ""};
+using Outlines = std::vector<OpmlOutline>;
+
+OpmlOutline Outline(const std::string& text, const std::string& xmlUrl,
+                    std::vector<OpmlOutline> children = {}, int deeperFeeds = 0) {
+  return {.title = "",
+          .url = "",
+          .text = text,
+          .type = "",
+          .xmlUrl = xmlUrl,
+          .htmlUrl = " h ",
+          .children = std::move(children),
+          .deeperFeeds = deeperFeeds};
 }
 
-OpmlOutline Folder(const std::string& text, std::vector<OpmlOutline> children) {
-  OpmlOutline folder = Feed(text, "");
-  folder.children = std::move(children);
-  return folder;
-}
-
-// "Folder: title=address, ...; ... -left out"
-std::string Plan(const std::vector<OpmlOutline>& outlines) {
+// "Folder: title=address=home ...; ... -left out"
+std::string Plan(const Outlines& outlines) {
   const auto plan = PlanImport(outlines, "list");
   if (!plan) return "none";
   std::string text;
   for (const SubscriptionFolder& folder : plan->folders) {
     text += folder.name + ":";
-    for (const Subscription& channel : folder.channels) {
-      text += " " + channel.title + "=" + channel.xmlLink;
-    }
+    for (const auto& [title, address, home] : folder.channels)
+      text += " " + title + "=" + address + home;
     text += "; ";
   }
   return text + "-" + std::to_string(plan->leftOut);
 }
 
-TEST(ImportPlan, TopOutlinesBecomeFoldersAndTheirsChannels) {
-  EXPECT_EQ(Plan({}), "-0");
-  EXPECT_EQ(Plan({Folder("A", {Feed("x", "http://x/"), Feed("y", "https://y/")}), Folder("B", {})}),
-            "A: x=http://x/ y=https://y/; B:; -0");
-  EXPECT_EQ(Plan({Folder("A", {}), Folder("A", {})}), "A:; A:; -0");
-}
-
-TEST(ImportPlan, FeedsWithoutAFolderComeTogetherInOneThatIsNamedLikeTheList) {
-  EXPECT_EQ(
-      Plan({Feed("x", "http://x/"), Folder("A", {Feed("y", "http://y/")}), Feed("z", "http://z/")}),
-      "list: x=http://x/ z=http://z/; A: y=http://y/; -0");
-}
-
-TEST(ImportPlan, AFolderWithAFeedOfItsOwnKeepsIt) {
-  OpmlOutline both = Folder("A", {Feed("x", "http://x/")});
-  both.xmlUrl = "http://a/";
-  EXPECT_EQ(Plan({both}), "A: A=http://a/ x=http://x/; -0");
-}
-
-TEST(ImportPlan, NamesComeFromTextOrElseTitleOrElseThePlace) {
-  const auto named = [](const std::string& text, const std::string& title) {
-    OpmlOutline outline = Folder(text, {Feed(text, "http://x/")});
-    outline.title = outline.children[0].title = title;
-    return Plan({outline});
+TEST(ImportPlan, TopOutlinesBecomeFoldersAndLoneFeedsShareOneNamedLikeTheList) {
+  const OpmlOutline x = Outline("x", "http://x/");
+  const OpmlOutline y = Outline(" ", "HTTPS://y/");
+  const OpmlOutline none = Outline("", "");
+  const OpmlOutline a = Outline("A", "", {x, y});
+  const std::pair<Outlines, std::string> cases[] = {
+      {{}, "-0"},
+      {{a, Outline("A", "")}, "A: x=http://x/h HTTPS://y/=HTTPS://y/h; A:; -0"},
+      {{x, a, y},
+       "list: x=http://x/h HTTPS://y/=HTTPS://y/h; A: x=http://x/h HTTPS://y/=HTTPS://y/h; -0"},
+      {{Outline(" A ", "http://a/", {x})}, "A: A=http://a/h x=http://x/h; -0"},
+      {{Outline("", "", {none, x})}, "list: x=http://x/h; -1"},
+      {{Outline("A", "", {Outline("Sub", "", {}, 3), Outline("Own", "http://own/", {}, 2)})},
+       "A: Own=http://own/h; -5"},
+      {Outlines(100'001, none), "none"},
+      {{Outline("A", "", Outlines(100'000, none))}, "none"},
+      {{Outline("A", "", Outlines(99'999, none))}, "A:; -99999"},
   };
-  EXPECT_EQ(named(" text ", "title"), "text: text=http://x/; -0");
-  EXPECT_EQ(named("  ", "title"), "title: title=http://x/; -0");
-  EXPECT_EQ(named("", ""), "list: http://x/=http://x/; -0");
-}
-
-TEST(ImportPlan, WhatHasNoFeedOfTheWebIsLeftOutAndCounted) {
+  for (const auto& [outlines, plan] : cases) EXPECT_EQ(Plan(outlines), plan);
+  OpmlOutline titled = Outline("  ", "http://t/");
+  titled.title = " T ";
+  EXPECT_EQ(Plan({titled}), "list: T=http://t/h; -0");
   for (const char* address :
        {"file:///etc/passwd", "javascript:alert(1)", "ftp://x/", "vfolder", "//x/feed", "http:x"}) {
-    EXPECT_EQ(Plan({Folder("A", {Feed("x", address)})}), "A:; -1") << address;
-    EXPECT_EQ(Plan({Feed("x", address)}), "-1") << address;
+    const OpmlOutline bad = Outline("x", address);
+    EXPECT_EQ(Plan({Outline("A", address, {bad}), bad}), "A:; -3") << address;
   }
-  EXPECT_EQ(Plan({Folder("A", {Feed("a note", ""), Feed("x", "HTTP://x/")})}),
-            "A: x=HTTP://x/; -1");
-}
-
-TEST(ImportPlan, FeedsOfDeeperFoldersAreLeftOutAndCounted) {
-  OpmlOutline sub = Feed("Sub", "");
-  sub.deeperFeeds = 3;
-  OpmlOutline subWithFeed = Feed("Own", "http://own/");
-  subWithFeed.deeperFeeds = 2;
-  EXPECT_EQ(Plan({Folder("A", {sub, subWithFeed})}), "A: Own=http://own/; -5");
-}
-
-TEST(ImportPlan, AListThatIsTooLongToBeAnybodysIsRefused) {
-  EXPECT_EQ(Plan(std::vector<OpmlOutline>(100'001, Folder("A", {}))), "none");
-  EXPECT_EQ(Plan({Folder("A", std::vector<OpmlOutline>(100'000, Feed("", "")))}), "none");
 }
 
 TEST(ImportPlan, AListIsNamedByItsFileOrItsAddress) {
-  struct Case {
-    const char* place;
-    const char* name;
-  };
-  for (const auto& [place, name] : {Case{"/home/me/My News.opml", "My News"},
-                                    {"feeds", "feeds"},
-                                    {"http://x.example/lists/blogs.xml?v=2#top", "blogs"},
-                                    {"http://x.example/a%20b.opml", "a b"},
-                                    {"http://x.example/", "x.example"},
-                                    {"https://x.example:8080", "x.example"},
-                                    {"file:///tmp/mine.opml", "mine"}}) {
-    EXPECT_EQ(ListName(place), name) << place;
-  }
+  const std::pair<const char*, const char*> cases[] = {
+      {"/home/me/My News.opml", "My News"},   {"feeds", "feeds"},
+      {"http://x.example/a%20b.opml", "a b"}, {"http://x.example/lists/blogs.xml?v=2#top", "blogs"},
+      {"http://x.example/", "x.example"},     {"https://x.example:8080", "x.example"},
+      {"file:///tmp/mine.opml", "mine"}};
+  for (const auto& [place, name] : cases) EXPECT_EQ(ListName(place), name) << place;
 }
 
 }  // namespace
