@@ -12,8 +12,8 @@ struct Page {
   int total = 0;
 };
 
-Page AskFor(const IngestServices& services, const std::string& service, const std::string& word,
-            int number, const std::stop_token& stop) {
+Page RequestPage(const IngestServices& services, const std::string& service,
+                 const std::string& word, int number, const std::stop_token& stop) {
   Page page;
   HttpClient client(services.registry);
   const TimeLimit limit(services.clock, kLongestDirectoryRequest, stop);
@@ -30,11 +30,11 @@ DirectorySearch::DirectorySearch(SharedServices services, std::string service,
 
 void DirectorySearch::Begin(const std::string& word, OnAnswer onAnswer) {
   GiveUp();
-  Ask(word, 1, std::move(onAnswer));
+  Request(word, 1, std::move(onAnswer));
 }
 
 void DirectorySearch::More(OnAnswer onAnswer) {
-  if (!isRunning_ && HasMore()) Ask(word_, page_ + 1, std::move(onAnswer));
+  if (!isRunning_ && HasMore()) Request(word_, page_ + 1, std::move(onAnswer));
 }
 
 bool DirectorySearch::HasMore() const {
@@ -46,25 +46,25 @@ void DirectorySearch::GiveUp() {
   isRunning_ = false;
 }
 
-void DirectorySearch::Ask(const std::string& word, int number, OnAnswer onAnswer) {
+void DirectorySearch::Request(const std::string& word, int number, OnAnswer onAnswer) {
   isRunning_ = true;
   jobs_.Start([this, services = services_, service = service_, word, number,
                onAnswer = std::move(onAnswer)](const std::stop_token& stop,
                                                const BackgroundJobs::Tell& tell) {
-    Page asked = AskFor(*services, service, word, number, stop);
-    tell([this, word, number, onAnswer, page = std::move(asked)]() mutable {
+    Page result = RequestPage(*services, service, word, number, stop);
+    tell([this, word, number, onAnswer, page = std::move(result)]() mutable {
       isRunning_ = false;
-      Keep(word, number, page.answer.isAnswered ? number : number - 1, page.total);
+      StoreResult(word, number, page.answer.isAnswered ? number : number - 1, page.total);
       onAnswer(std::move(page.answer));
     });
   });
 }
 
-// Until a search has its first page, the one before it can go on.
-void DirectorySearch::Keep(const std::string& word, int asked, int came, int total) {
+// Called only when a request has ended: until then More continues the search before it.
+void DirectorySearch::StoreResult(const std::string& word, int requested, int arrived, int total) {
   word_ = word;
-  page_ = came;
-  if (asked == 1) total_ = total;
+  page_ = arrived;
+  if (requested == 1) total_ = total;
 }
 
 }  // namespace feedloom

@@ -11,43 +11,45 @@
 namespace feedloom {
 
 struct DirectoryAnswer {
-  bool isAnswered = false;  // false: the service gave none in time
+  bool isAnswered = false;  // false: no answer came in time
   std::vector<PostRow> rows = {};
 };
 
-// A search of the web directory, page by page, on a thread of its own. Belongs to the thread that
-// made it; no function waits for the network.
+// Searches the web directory page by page on a background thread. An object belongs to the thread
+// that has created it; none of its functions waits for the network.
 class DirectorySearch {
  public:
   using OnAnswer = std::function<void(DirectoryAnswer answer)>;
 
-  // `service` is the directory's address, in the module's code page.
+  // `service` is the directory's address, in the module's code page; `toOwner` runs work on the
+  // owner's thread.
   DirectorySearch(SharedServices services, std::string service, BackgroundJobs::Post toOwner);
 
-  // Asks for the first page of a word. The request that runs is given up. `onAnswer` is called
-  // once, on the owner's thread, within ten seconds and a moment; it may begin and give up
-  // searches, and may end the object.
+  // Requests the first page for `word` (in the module's code page) and gives up a request that is
+  // running. `onAnswer` is called once on the owner's thread, soon after kLongestDirectoryRequest
+  // at the latest, unless the request is given up. It may begin or give up searches and may destroy
+  // the object.
   void Begin(const std::string& word, OnAnswer onAnswer);
-  // Asks for the next page. Does nothing while a request runs or when there is none: it is there
-  // as long as the pages taken hold fewer records than the total that came with the first.
+  // Requests the next page. Does nothing while a request is running, or without a next page.
   void More(OnAnswer onAnswer);
+  // Whether there is a next page: the pages so far hold fewer records than Total().
   bool HasMore() const;
-  // The request that runs is not answered any more. A page that did not come can be asked for
-  // again; when it was the first one, the search before it goes on.
+  // Gives up the request that is running: its `onAnswer` is not called any more. The page can be
+  // requested again; when it was the first of a search, More continues the search before it.
   void GiveUp();
 
   bool IsRunning() const { return isRunning_; }
-  // The hits that the service has in all, as it said with the first page.
+  // The total number of hits that the service has stated with the first page.
   int Total() const { return total_; }
 
  private:
-  void Ask(const std::string& word, int page, OnAnswer onAnswer);
-  void Keep(const std::string& word, int asked, int came, int total);
+  void Request(const std::string& word, int page, OnAnswer onAnswer);
+  void StoreResult(const std::string& word, int requested, int arrived, int total);
 
   const SharedServices services_;
   const std::string service_;
   std::string word_;
-  int page_ = 0;  // the last one that came
+  int page_ = 0;  // the last one that has arrived
   int total_ = 0;
   bool isRunning_ = false;
   BackgroundJobs jobs_;

@@ -11,8 +11,8 @@
 namespace feedloom {
 namespace {
 
-// The marks before the fields of an answer: its total, then for each record those from kRecord to
-// kPodcast, and the end.
+// The marks that begin the fields of an answer: the total, then kRecord to kPodcast for each
+// record, then the end.
 enum Mark {
   kTotal,
   kRecord,
@@ -29,16 +29,16 @@ enum Mark {
 constexpr std::array<std::string_view, kMarkCount> kMarks = {
     "[TO]", "[HS]", "[IT]", "[IU]", "[RT]", "[RU]", "[DT]", "[ID]", "[PO]", "[QK]"};
 
-// Reads an answer from its beginning to its end. Each mark is looked for through the text once at
-// most, so that one with many missing costs no more than one with all.
+// Reads the fields of an answer in their order. The search for a mark never goes over the same text
+// twice, so that the time is linear in the answer's length even when marks are missing.
 class Answer {
  public:
   explicit Answer(std::string_view text) : text_(text) {
     std::ranges::transform(kMarks, next_.begin(), [&](auto mark) { return text.find(mark); });
   }
 
-  // What lies between the next `mark` and the `end` behind it, without the blanks around it; empty
-  // when one of them is missing. Goes on behind `mark`.
+  // Returns the text between the next `mark` and the next `end` behind it, trimmed, or an empty
+  // text when one of them is missing. The next search begins behind `mark`.
   std::string_view Field(Mark mark, Mark end) {
     const std::size_t at = Next(mark);
     if (at == text_.npos) return {};
@@ -48,7 +48,7 @@ class Answer {
                                : Trim(text_.substr(position_, endAt - position_));
   }
 
-  // The same for a field that the next record ends, or the answer when there is none.
+  // Returns, as Field does, the field that ends at the next record or else at the answer's end.
   std::string_view LastField(Mark mark) {
     if (const std::size_t at = Next(mark); at != text_.npos) position_ = at;
     return Field(mark, HasRecord() ? kRecord : kEnd);
@@ -65,11 +65,11 @@ class Answer {
 
   const std::string_view text_;
   std::size_t position_ = 0;
-  std::array<std::size_t, kMarkCount> next_;  // where each mark stands from a position before on
+  std::array<std::size_t, kMarkCount> next_;  // where each mark was found last
 };
 
-// "20080501093045" as "2008-05-01 09:30:04": the seconds begin one digit too early, as all who read
-// these answers have always had them. Empty for a stamp that is too short.
+// Returns "2008-05-01 09:30:04" for the stamp "20080501093045": the two digits of the seconds are
+// read one place too early. Empty for a stamp that is too short.
 std::string DateText(std::string_view stamp) {
   if (stamp.size() < 13) return "";
   return fmt::format("{}-{}-{} {}:{}:{}", stamp.substr(0, 4), stamp.substr(4, 2),

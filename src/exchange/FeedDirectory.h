@@ -1,5 +1,4 @@
-// The web directory of feeds: what it is asked, and what its answers say. Texts are in the module's
-// code page.
+// Queries to the web directory of feeds, and its answers. Texts are in the module's code page.
 #pragma once
 
 #include <chrono>
@@ -12,22 +11,23 @@
 
 namespace feedloom {
 
-inline constexpr int kDirectoryPageSize = 50;  // records that one answer holds at most
-// Who asks gives up then.
+inline constexpr int kDirectoryPageSize = 50;  // the most records of one answer
+// The time limit of a request.
 inline constexpr std::chrono::seconds kLongestDirectoryRequest{10};
 
-// The address to ask at: `service`, and behind it the query for this page (from 1 on). The word
-// stands in it as it was typed, not encoded: the service knows it no other way. Pure.
+// Returns the address of a result page: `service` and the query for `page`, counted from 1. The
+// word is not percent-encoded. Pure; any thread.
 std::string DirectoryQuery(const std::string& service, const std::string& word, int page);
 
-// Appends one row a record of `answer`, and returns the number of hits that the service has in all.
-// A row is a post with the address of its feed in `feedUrl`. An answer with marks missing gives
-// rows with texts that are cut wrongly, and no more than a page of them; one without a total 0.
-// Pure.
+// Appends one row to `rows` for each record of `answer`, at most kDirectoryPageSize, and returns
+// the total number of hits that the answer states: 0 when it states none. A row is a post with the
+// address of its feed in `feedUrl`. When marks are missing in the answer, texts of its rows may be
+// empty or wrong. Pure; any thread.
 int CutDirectoryAnswer(std::string_view answer, std::vector<PostRow>& rows);
 
-// Asks for a page and appends its rows. Returns the total; 0, and nothing is appended, when no
-// answer comes or `stop` does first. `isAnswered` tells which. Blocks the calling thread.
+// Requests a page and appends its rows. Sets `isAnswered` to whether an answer came before `stop`
+// was requested. Returns the total number of hits; without an answer returns 0 and appends nothing.
+// Blocks the calling thread.
 int SearchDirectory(HttpClient& client, const std::string& service, std::vector<PostRow>& rows,
                     const std::string& word, int page, std::stop_token stop, bool& isAnswered);
 

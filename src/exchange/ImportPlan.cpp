@@ -16,49 +16,49 @@ std::string NameOf(const OpmlOutline& outline, const std::string& otherwise) {
   return otherwise;
 }
 
-// Puts the plan together, one outline after the other.
+// Builds the plan from the top-level outlines, one after the other.
 class Planner {
  public:
   explicit Planner(const std::string& listName) : listName_(listName) {}
 
-  void Take(const OpmlOutline& outline) {
-    if (outline.children.empty() && !outline.xmlUrl.empty()) return TakeLoose(outline);
+  void Add(const OpmlOutline& outline) {
+    if (outline.children.empty() && !outline.xmlUrl.empty()) return AddLoneFeed(outline);
     SubscriptionFolder& folder = plan_.folders.emplace_back();
     folder.name = NameOf(outline, listName_);
-    if (!outline.xmlUrl.empty()) TakeChannel(outline, folder);
-    for (const OpmlOutline& child : outline.children) TakeChild(child, folder);
+    if (!outline.xmlUrl.empty()) AddChannel(outline, folder);
+    for (const OpmlOutline& child : outline.children) AddChild(child, folder);
   }
 
   ImportPlan Result() && { return std::move(plan_); }
 
  private:
-  // A feed without a folder.
-  void TakeLoose(const OpmlOutline& outline) {
-    if (!loose_ && IsWebAddress(outline.xmlUrl)) {
-      loose_ = plan_.folders.size();
+  // Adds a top-level feed to the folder for such feeds, which the first valid one creates.
+  void AddLoneFeed(const OpmlOutline& outline) {
+    if (!loneFeedsFolder_ && IsWebAddress(outline.xmlUrl)) {
+      loneFeedsFolder_ = plan_.folders.size();
       plan_.folders.push_back({listName_});
     }
-    loose_ ? TakeChannel(outline, plan_.folders[*loose_]) : LeaveOut(1);
+    loneFeedsFolder_ ? AddChannel(outline, plan_.folders[*loneFeedsFolder_]) : CountLeftOut(1);
   }
 
-  void LeaveOut(int feeds) { plan_.leftOut += feeds; }
+  void CountLeftOut(int feeds) { plan_.leftOut += feeds; }
 
-  void TakeChild(const OpmlOutline& outline, SubscriptionFolder& folder) {
-    LeaveOut(outline.deeperFeeds);
-    if (!outline.xmlUrl.empty()) return TakeChannel(outline, folder);
-    if (outline.deeperFeeds == 0) LeaveOut(1);
+  void AddChild(const OpmlOutline& outline, SubscriptionFolder& folder) {
+    CountLeftOut(outline.deeperFeeds);
+    if (!outline.xmlUrl.empty()) return AddChannel(outline, folder);
+    if (outline.deeperFeeds == 0) CountLeftOut(1);
   }
 
-  void TakeChannel(const OpmlOutline& outline, SubscriptionFolder& folder) {
-    // A list must not lead to the machine's own files, nor to a script.
-    if (!IsWebAddress(outline.xmlUrl)) return LeaveOut(1);
+  void AddChannel(const OpmlOutline& outline, SubscriptionFolder& folder) {
+    // A list from somewhere else must not make the program read local files or run scripts.
+    if (!IsWebAddress(outline.xmlUrl)) return CountLeftOut(1);
     folder.channels.push_back(
         {NameOf(outline, outline.xmlUrl), outline.xmlUrl, std::string(Trim(outline.htmlUrl))});
   }
 
   const std::string& listName_;
   ImportPlan plan_;
-  std::optional<std::size_t> loose_;
+  std::optional<std::size_t> loneFeedsFolder_;
 };
 
 }  // namespace
@@ -67,7 +67,7 @@ std::optional<ImportPlan> PlanImport(const std::vector<OpmlOutline>& outlines,
                                      const std::string& listName) {
   if (CountOutlines(outlines) > kMostOutlines) return std::nullopt;
   Planner planner(listName);
-  for (const OpmlOutline& outline : outlines) planner.Take(outline);
+  for (const OpmlOutline& outline : outlines) planner.Add(outline);
   return std::move(planner).Result();
 }
 

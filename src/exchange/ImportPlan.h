@@ -1,4 +1,4 @@
-// What an OPML list asks to be subscribed to. Pure; any thread.
+// The folders and channels that an OPML list is imported as. Pure; any thread.
 #pragma once
 
 #include <optional>
@@ -12,21 +12,22 @@ namespace feedloom {
 
 struct ImportPlan {
   SubscriptionList folders;
-  int leftOut = 0;  // feeds that are not taken, and entries that are none
+  int leftOut = 0;  // feeds that are not imported, and entries without a feed
 };
 
-// Each top-level outline becomes a folder, with the outlines in it as its channels, and with a feed
-// of its own as the first of them; those that are nothing but a feed come together in one folder
-// that bears `listName`, where the first of them stood. An outline is called by its "text", or else
-// its "title"; a folder without either by `listName`, a channel by its feed's address. Left out is
-// what has no feed, what lies deeper, and each address that is not of the web. None for a list that
-// is too long to be anybody's. Texts are in the module's code page.
+// Plans the import of an OPML list. Each top-level outline becomes a folder, and the outlines in it
+// become its channels; when the top-level outline has a feed itself, that is the first channel.
+// Top-level feeds without outlines in them go to one folder named `listName`, at the place of the
+// first of them. The name is an outline's "text" or else its "title"; without both, a folder gets
+// `listName` and a channel its feed's address. Left out are outlines without a feed, feeds at
+// deeper levels, and addresses that are not of the web. Returns none for a list with more than
+// kMostOutlines outlines. Texts are in the module's code page.
 std::optional<ImportPlan> PlanImport(const std::vector<OpmlOutline>& outlines,
                                      const std::string& listName);
 
-// The name of a list by the place that it came from, the path of a file or a web address, both
-// UTF-8: the last part without its ending ("/home/me/News.opml" is "News"), of an address without
-// one its host.
+// Returns the name for a list from its `place`, the path of a file or an address, in UTF-8: the
+// last part of the path without its extension ("News" for "/home/me/News.opml"), or the host of an
+// address without a path.
 std::string ListName(const std::string& place);
 
 }  // namespace feedloom

@@ -14,14 +14,14 @@ std::optional<SubscriptionList> StoredSubscriptions(Store& store) {
   std::vector<ChannelRow> channels;
   if (!LoadFolderList(store, folders) || !LoadChannelList(store, channels)) return std::nullopt;
   SubscriptionList list;
-  std::unordered_map<int, std::size_t> places;
+  std::unordered_map<int, std::size_t> indexById;
   for (FolderRow& folder : folders) {
-    places[folder.id] = list.size();
+    indexById[folder.id] = list.size();
     list.push_back({std::move(folder.name)});
   }
   for (ChannelRow& channel : channels) {
-    const auto folder = places.find(channel.folderId);
-    if (folder == places.end()) continue;  // the tree does not show it either
+    const auto folder = indexById.find(channel.folderId);
+    if (folder == indexById.end()) continue;  // not shown in the tree either
     list[folder->second].channels.push_back({std::move(channel.title), std::move(channel.xmlLink)});
   }
   return list;

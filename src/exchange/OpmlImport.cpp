@@ -21,18 +21,18 @@
 namespace feedloom {
 namespace {
 
-constexpr std::size_t kBatch = 100;  // channels that are added at once
+constexpr std::size_t kBatchSize = 100;  // channels added with one statement
 
-constexpr std::uintmax_t kLongestFile = 64u << 20;  // bytes, as of a download
+constexpr std::uintmax_t kMaxFileSize = 64u << 20;  // bytes; a download may be as long
 
-// Room for all outlines that are read, with attributes of common length.
+// Enough memory for as many outlines as are read, with attributes of usual length.
 const ParseOptions kListOptions{.limits = {.most = 256u << 20}};
 
 // Reading.
 
 ReadList Refused(std::string error) { return {std::nullopt, std::move(error)}; }
 
-ReadList PlanOf(const FeedParser& parser, int parseCode, const std::string& listName) {
+ReadList PlanFrom(const FeedParser& parser, int parseCode, const std::string& listName) {
   if (parser.IsTooLarge()) return Refused("the list is too long");
   if (parseCode == kDocumentUnreadable) {
     return Refused("it cannot be read, or is not well-formed XML");
@@ -46,31 +46,31 @@ ReadList ReadListFile(const std::string& path, CodePage codePage, std::stop_toke
   std::error_code failed;
   const std::uintmax_t size = std::filesystem::file_size(path, failed);
   if (failed) return Refused(failed.message());
-  if (size > kLongestFile) return Refused("the file is too long");
+  if (size > kMaxFileSize) return Refused("the file is too long");
   FeedParser parser(codePage, kListOptions);
   const int code = parser.Parse(path, std::move(stop));
-  return PlanOf(parser, code, codePage.FromUtf8(ListName(path)));
+  return PlanFrom(parser, code, codePage.FromUtf8(ListName(path)));
 }
 
-ReadList ReadListAt(const std::string& address, const IngestServices& services,
-                    std::stop_token stop) {
+ReadList DownloadList(const std::string& address, const IngestServices& services,
+                      std::stop_token stop) {
   FeedParser parser(services.TextCodePage(), kListOptions);
   const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
   FetchOutcome outcome =
       FetchFeed({address, ListFilePath(services.workDir)}, services, limit.Token(), parser);
   if (limit.RanOut()) return Refused("it took too long");
   if (outcome.result == kDownloadFailed) return Refused(std::move(outcome.error));
-  return PlanOf(parser, outcome.parseCode, services.TextCodePage().FromUtf8(ListName(address)));
+  return PlanFrom(parser, outcome.parseCode, services.TextCodePage().FromUtf8(ListName(address)));
 }
 
 // Adding.
 
-// The names of folders: which are taken, and what a folder may be called instead.
+// The folder names that are taken, and free ones to use instead.
 class FolderNames {
  public:
   explicit FolderNames(Store& store) : store_(store) {}
 
-  // False after a failure.
+  // Reads the stored folders' names. Returns false after a failure.
   bool Load() {
     std::vector<FolderRow> folders;
     if (!LoadFolderList(store_, folders)) return false;
@@ -78,17 +78,17 @@ class FolderNames {
     return true;
   }
 
-  // `name`, or the first of "name-1", "name-2" ... that is free.
+  // Returns `name` when it is free, else the first free one of "name-1", "name-2" ...
   std::string FreeName(const std::string& name) {
     std::string candidate = name;
-    // The numbers before the last one that was given are taken for good.
+    // A taken name never becomes free, so the search goes on behind the last number.
     for (int& number = lastNumbers_[name]; IsTaken(candidate);) {
       candidate = fmt::format("{}-{}", name, ++number);
     }
     return candidate;
   }
 
-  void Take(const std::string& name) { taken_.insert(UnescapeEntities(name)); }
+  void Reserve(const std::string& name) { taken_.insert(UnescapeEntities(name)); }
 
  private:
   // The store keeps names with their entities decoded.
@@ -99,7 +99,7 @@ class FolderNames {
   std::unordered_map<std::string, int> lastNumbers_;
 };
 
-ChannelRecord RecordOf(const Subscription& channel) {
+ChannelRecord RecordFor(const Subscription& channel) {
   ChannelRecord record;
   record.title = channel.title;
   record.type = RefreshEntry().type;
@@ -135,31 +135,32 @@ class Import {
     ChannelAdder adder(connection, folderId);
     if (!connection || !adder.Load()) return false;
     for (std::span rest(folder.channels); !rest.empty();) {
-      const auto batch = rest.first(std::min(rest.size(), kBatch));
+      const auto batch = rest.first(std::min(rest.size(), kBatchSize));
       if (stop_.stop_requested() || !AddChannels(adder, batch)) return false;
       rest = rest.subspan(batch.size());
     }
     return true;
   }
 
-  // 0 or less after a failure.
+  // Returns the id of the folder to add to, which is created when needed; 0 or less after a
+  // failure.
   int FolderFor(const std::string& name) {
     int id = 0;
     int order = 0;
     if (clash_ == NameClash::Merge && FindFolderByName(store_, name, id, order)) return id;
-    std::string given;
+    std::string freeName;
     do {  // another program may take a free name first
-      given = names_.FreeName(name);
-      names_.Take(given);
-      id = AppendFolder(store_, given, order);
+      freeName = names_.FreeName(name);
+      names_.Reserve(freeName);
+      id = AppendFolder(store_, freeName, order);
     } while (id == 0);
-    if (id > 0) news_.onFolder({.name = UnescapeEntities(given), .id = id, .order = order});
+    if (id > 0) news_.onFolder({.name = UnescapeEntities(freeName), .id = id, .order = order});
     return id;
   }
 
   bool AddChannels(ChannelAdder& adder, std::span<const Subscription> channels) {
     std::vector<ChannelRecord> records(channels.size());
-    std::ranges::transform(channels, records.begin(), RecordOf);
+    std::ranges::transform(channels, records.begin(), RecordFor);
     if (!adder.Add(records)) return false;
     for (const ChannelRecord& record : records) {
       ++(record.newlyInserted ? sums_.added : sums_.present);
@@ -180,7 +181,7 @@ class Import {
 
 ReadList ReadSubscriptions(const IngestServices& services, const ListSource& source,
                            std::stop_token stop) {
-  return source.isAddress ? ReadListAt(source.place, services, std::move(stop))
+  return source.isAddress ? DownloadList(source.place, services, std::move(stop))
                           : ReadListFile(source.place, services.TextCodePage(), std::move(stop));
 }
 

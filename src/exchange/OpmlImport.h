@@ -1,4 +1,4 @@
-// The two halves of an import: a list is read, and what it asks for is put into the store.
+// The two steps of an import: reading a list, and adding its folders and channels to the store.
 #pragma once
 
 #include <functional>
@@ -15,30 +15,30 @@ namespace feedloom {
 
 struct ReadList {
   std::optional<ImportPlan> plan;
-  std::string error;  // English, for diagnosis; empty with a plan
+  std::string error;  // English; empty when there is a plan
 };
 
-// Reads a list; an address is downloaded first, as a feed is, and the file is gone when it comes
-// back. No plan when that fails, takes longer than a feed may, or what came is not OPML. Changes
-// nothing. Blocks the calling thread, of which one at a time may read an address; ends soon after
-// `stop`, without a plan.
+// Reads the list at `source`. An address is downloaded to a temporary file first, with the limits
+// of a feed's download. Returns no plan, but an error, when the list cannot be read, the download
+// takes too long, the document is not OPML, or `stop` is requested. Does not change the store.
+// Blocks the calling thread; only one thread at a time may read an address.
 ReadList ReadSubscriptions(const IngestServices& services, const ListSource& source,
                            std::stop_token stop);
 
-// What becomes of a folder whose name is taken: another name ("News-1"), or its channels join those
-// of the folder that is there.
+// What to do with a folder whose name is taken: Rename adds it under another name ("News-1"), Merge
+// adds its channels to the folder of that name.
 enum class NameClash { Rename, Merge };
 
-// What is heard of the rows that are new in the store, on the calling thread.
+// Called for each row that was added to the store, on the thread that imports.
 struct ImportNews {
   std::function<void(const FolderRow&)> onFolder;
   std::function<void(const ChannelRow&)> onChannel;
 };
 
-// Adds what is not there yet, folder by folder, up to a hundred channels at once, each with the
-// order that its folder's last one has. The first failure of the store, which it reports, ends it,
-// and so does `stop`: the sums are not complete then, and what was not added counts as left out.
-// Any thread.
+// Adds the folders and channels of `plan` that the store does not hold yet, folder by folder, at
+// most a hundred channels with one statement. A new channel gets the highest order of its folder.
+// Ends early when `stop` is requested, or at the first failure of the store, which reports it;
+// isComplete is false then, and the channels that were not added count as left out. Any thread.
 ImportSums AddSubscriptions(Store& store, const ImportPlan& plan, NameClash clash,
                             const ImportNews& news, std::stop_token stop);
 

@@ -5,15 +5,16 @@
 namespace feedloom {
 namespace {
 
-// News for the owner's thread: the rows go there as copies.
-ImportNews Forwarded(const ImportNews& news, const BackgroundJobs::Tell& tell) {
-  return {
-      .onFolder =
-          [&](const FolderRow& folder) { tell([hear = news.onFolder, folder] { hear(folder); }); },
-      .onChannel =
-          [&](const ChannelRow& channel) {
-            tell([hear = news.onChannel, channel] { hear(channel); });
-          }};
+// Returns news whose functions call those of `news` on the owner's thread, with copies of the rows.
+ImportNews ForwardingNews(const ImportNews& news, const BackgroundJobs::Tell& tell) {
+  return {.onFolder =
+              [&](const FolderRow& folder) {
+                tell([listener = news.onFolder, folder] { listener(folder); });
+              },
+          .onChannel =
+              [&](const ChannelRow& channel) {
+                tell([listener = news.onChannel, channel] { listener(channel); });
+              }};
 }
 
 }  // namespace
@@ -26,7 +27,7 @@ void OpmlImporter::Start(const ListSource& source, NameClash clash, ImportReceiv
     ImportEnd end{.sums = std::nullopt, .error = std::move(list.error)};
     if (list.plan) {
       end.sums = AddSubscriptions(*services->store, *list.plan, clash,
-                                  Forwarded(receiver.news, tell), stop);
+                                  ForwardingNews(receiver.news, tell), stop);
     }
     tell([onEnd = receiver.onEnd, end] { onEnd(end); });
   });

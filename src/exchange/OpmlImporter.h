@@ -11,24 +11,25 @@ namespace feedloom {
 
 struct ImportEnd {
   std::optional<ImportSums> sums;  // none when the list could not be read
-  std::string error;               // why; English
+  std::string error;               // the reason in English, without sums
 };
 
-// What an import brings, told on the thread that owns the importer. After `onEnd` it is over.
+// Called during an import on the thread that owns the importer; `onEnd` is the last call.
 struct ImportReceiver {
   ImportNews news;
   std::function<void(const ImportEnd& end)> onEnd;
 };
 
-// Runs imports on a thread below normal priority, one after the other. Belongs to the thread that
-// made it.
+// Runs imports one after the other on a background thread with a lower priority. An object belongs
+// to the thread that has created it.
 class OpmlImporter {
  public:
-  // Its end stops the imports and waits for the statement, or the element, under way; what was
-  // added stays.
+  // `toOwner` runs work on the owner's thread. The destructor stops all imports and waits until the
+  // current SQL statement or document element is done; what was added stays in the store.
   OpmlImporter(SharedServices services, BackgroundJobs::Post toOwner)
       : services_(std::move(services)), jobs_(std::move(toOwner)) {}
 
+  // Starts an import, or queues it behind those that were started before. Returns at once.
   void Start(const ListSource& source, NameClash clash, ImportReceiver receiver);
 
  private:

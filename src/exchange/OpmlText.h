@@ -7,10 +7,10 @@
 
 namespace feedloom {
 
-// The list as an OPML 1.0 document on one line, in `codePage`, which its declaration names.
-// `created` is a local time without its zone, "2026-11-22T09:30:00" (ISO 8601). Of the texts only
-// "&" is escaped: a name with a quote or "<" in it makes a document that is not well-formed, as the
-// programs that read these lists have always got it. Pure; any thread.
+// Returns the list as an OPML 1.0 document on one line. Its texts are in `codePage`, which the XML
+// declaration names. `created` is a local time without a zone, such as "2026-11-22T09:30:00" (ISO
+// 8601). Only "&" is escaped in texts: a name that contains a quote or "<" makes the document
+// malformed. Pure; any thread.
 std::string BuildOpml(const SubscriptionList& list, CodePage codePage, const std::string& created);
 
 }  // namespace feedloom

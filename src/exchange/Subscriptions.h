@@ -17,8 +17,9 @@ struct SubscriptionFolder {
   std::vector<Subscription> channels = {};
 };
 
-using SubscriptionList = std::vector<SubscriptionFolder>;  // in the order to show them
+using SubscriptionList = std::vector<SubscriptionFolder>;  // in display order
 
+// The number of channels in all folders. Pure; any thread.
 int CountChannels(const SubscriptionList& list);
 
 }  // namespace feedloom

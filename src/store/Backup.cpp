@@ -28,7 +28,7 @@ Handle Open(const std::string& path, int flags) {
   return handle;
 }
 
-// A file that was emptied or replaced by something else must not cost the user the older copy.
+// True when the file has the store's tables: an emptied or foreign file must not replace a copy.
 bool HasTables(sqlite3* handle) {
   return sqlite3_exec(handle,
                       "Select 1 From TB_FOLDER, TB_CHANNEL, TB_POST, TB_SCRAP_CHANNEL, "
@@ -36,7 +36,7 @@ bool HasTables(sqlite3* handle) {
                       nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
-// Neither must one whose pages are damaged.
+// True when SQLite finds no damage: a damaged database must not replace a copy.
 bool IsSound(sqlite3* handle) {
   const auto isOk = [](void* result, int, char** cells, char**) {
     *static_cast<bool*>(result) = std::string_view(cells[0]) == "ok";
@@ -47,7 +47,7 @@ bool IsSound(sqlite3* handle) {
   return sound;
 }
 
-// All pages in one step: the database stays as it is meanwhile.
+// Copies all pages in one step, so that no other program writes between two of them.
 bool CopyPages(sqlite3* from, sqlite3* to) {
   sqlite3_exec(to, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF;", nullptr, nullptr,
                nullptr);
@@ -77,7 +77,7 @@ bool BackupDatabase(Store& store) {
   const std::string copy = store.DbPath() + ".bak";
   const std::string unfinished = copy + ".new";
   const MutexLock lock(store.Lock());
-  std::remove(unfinished.c_str());  // of a program that was killed
+  std::remove(unfinished.c_str());  // a killed program may have left it
   const bool made = CopyDatabase(store.DbPath(), unfinished) && ReachedDisk(unfinished) &&
                     std::rename(unfinished.c_str(), copy.c_str()) == 0;
   if (!made) std::remove(unfinished.c_str());

@@ -4,11 +4,12 @@
 
 namespace feedloom {
 
-// Copies the database to its own path with ".bak" at the end, in place of an older copy. Runs while
-// no statement of this process does, and waits a moment for other programs' ones. The copy is whole
-// or not made: it is written beside the older one and renamed when it has reached the disk. False,
-// with the older copy kept and nothing reported, when it cannot be made or the database is damaged.
-// Takes about 4 ms a megabyte. Any thread.
+// Copies the database to the path of its file with ".bak" at the end, in place of an older copy.
+// Holds the store's lock, so that no statement of this process runs meanwhile, and waits a moment
+// for locks of other programs. The copy is written to a temporary file and renamed once it has
+// reached the disk, so it is never half written. Returns false when the copy cannot be made or the
+// database is damaged: the older copy stays then, and nothing is reported. Takes about 4 ms a
+// megabyte. Any thread.
 bool BackupDatabase(Store& store);
 
 }  // namespace feedloom

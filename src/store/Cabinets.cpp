@@ -6,7 +6,7 @@
 namespace feedloom {
 
 bool LoadCabinetList(Store& store, std::vector<CabinetRow>& out) {
-  // "innjer" is a table alias to SQLite, so this is an inner join; the text stays as it is.
+  // SQLite reads "innjer" as an alias of the table before it, so this is an inner join.
   const auto table = QueryOnce(
       store,
       "Select scrap_channel_id, scrap_channel_title, scrap_channel_order, ifnull(a_cnt,0) cnt from "

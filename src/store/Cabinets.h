@@ -1,5 +1,6 @@
-// Cabinets: the user's own collections of saved posts. Any thread may call these; each call opens
-// and closes the database, and reports its own failures (Store.h).
+// Operations on cabinets, the user's own collections of saved posts. Texts are in the module's code
+// page. Any thread may call these functions; each call opens and closes the database and reports
+// its own failures (Store.h).
 #pragma once
 
 #include <string_view>
@@ -10,23 +11,28 @@
 
 namespace feedloom {
 
-// Appends every cabinet with its unread count, by order; false after a failure.
+// Appends every cabinet to `out`, sorted by order, with its number of unread posts. Returns false
+// after a failure.
 bool LoadCabinetList(Store& store, std::vector<CabinetRow>& out);
 
+// True when there is a cabinet with exactly this title, or a saved post with exactly this link in
+// the cabinet. False also after a failure.
 bool CabinetTitleExists(Store& store, std::string_view title);
 bool ScrapPostLinkExists(Store& store, int cabinetId, std::string_view link);
 
-// The new cabinet's id; 0 when the title is taken (nothing is inserted), -1 after a failure.
+// Returns the new cabinet's id, 0 when the title is taken (nothing is inserted), -1 after a
+// failure.
 int AddCabinet(Store& store, std::string_view title, int order);
 
-// False after a failure.
+// Returns false after a failure.
 bool RenameCabinet(Store& store, int cabinetId, std::string_view title);
 
-// Deletes the cabinet and its saved posts. A statement that fails is reported and the next one
-// still runs. False when one failed.
+// Deletes the cabinet and its saved posts. When one statement fails, the next one still runs.
+// Returns false when one failed.
 bool DeleteCabinet(Store& store, int cabinetId);
 
-// Saves a copy of a post; the same post may be saved twice. The copy's id, -1 after a failure.
+// Saves a copy of a post, unread; the same post may be saved twice. Returns the copy's id, -1 after
+// a failure.
 int InsertScrapPost(Store& store, int cabinetId, std::string_view title, std::string_view link,
                     std::string_view published, std::string_view description);
 

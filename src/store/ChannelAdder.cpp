@@ -27,7 +27,7 @@ bool ChannelAdder::Add(std::span<ChannelRecord> records) {
   return true;
 }
 
-// The values for the first record of each address that is not there; empty when there is none.
+// The values to insert: one row for each address that the folder does not hold. Empty without one.
 std::string ChannelAdder::NewRows(std::span<const ChannelRecord> records) const {
   std::unordered_set<std::string> added;
   std::string rows;
@@ -41,7 +41,7 @@ std::string ChannelAdder::NewRows(std::span<const ChannelRecord> records) const 
   return rows;
 }
 
-// New channels have higher ids than all others.
+// SQLite gives a new row a higher id than all others, so what is not known lies above `lastId_`.
 bool ChannelAdder::Load() {
   const auto table = connection_.Query(
       FormatSql("Select channel_xmllink, channel_id, channel_order From TB_CHANNEL Where "

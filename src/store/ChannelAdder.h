@@ -10,21 +10,22 @@ namespace feedloom {
 
 class Connection;
 
-// Adds many channels to one folder, in two statements however many they are: each commit of its own
-// would wait for the disk. One object serves one thread.
+// Adds many channels to one folder with two statements a batch: one statement for each channel
+// would wait for the disk each time. An object belongs to one thread.
 class ChannelAdder {
  public:
-  // `connection` outlives the object.
+  // `connection` must outlive the object.
   ChannelAdder(Connection& connection, int folderId)
       : connection_(connection), folderId_(folderId) {}
 
-  // Learns what the folder holds that is not known yet: before the first Add, which itself learns
-  // what it has added. False after a failure.
+  // Reads the folder's channels that are not known yet. To be called before the first Add, which
+  // calls it for the channels that it has added. Returns false after a failure.
   bool Load();
 
-  // Adds `records` as AddChannelRecord does one by one, with negative orders, but all or none;
-  // false after a failure, which leaves the records unchanged. Of those with one address the first
-  // is added. What others do to the folder meanwhile is not seen.
+  // Adds `records` to the folder and fills them in, as AddChannelRecord does one by one for records
+  // with negative orders, but all of them or none. Of several records with the same address the
+  // first is added. Returns false after a failure; the records are unchanged then. Channels that
+  // others have added to the folder since the last Load are not seen.
   bool Add(std::span<ChannelRecord> records);
 
  private:
@@ -32,9 +33,9 @@ class ChannelAdder {
 
   Connection& connection_;
   const int folderId_;
-  std::unordered_map<std::string, int> ids_;  // by address, as it is stored
+  std::unordered_map<std::string, int> ids_;  // of channels, by their stored address
   int lastId_ = 0;
-  int order_ = 0;  // the highest one, which newcomers share
+  int order_ = 0;  // the folder's highest; new channels get it
 };
 
 }  // namespace feedloom

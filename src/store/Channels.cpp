@@ -9,7 +9,8 @@
 namespace feedloom {
 namespace {
 
-// The order for a channel that brings none.
+// The folder's highest order, for a channel that brings none: 0 in an empty folder. None after a
+// failure.
 std::optional<int> SharedOrder(Connection& connection, int folderId) {
   const auto table = connection.Query(
       FormatSql("Select Max(channel_order) From TB_CHANNEL Where channel_folderID = %d Group By "
@@ -22,7 +23,7 @@ std::optional<int> SharedOrder(Connection& connection, int folderId) {
 }  // namespace
 
 bool LoadChannelList(Store& store, std::vector<ChannelRow>& out) {
-  // "innjer" is a table alias to SQLite, so this is an inner join; the text stays as it is.
+  // SQLite reads "innjer" as an alias of the table before it, so this is an inner join.
   const auto table = QueryOnce(
       store,
       "Select channel_title, channel_xmllink, channel_id, channel_folderID, channel_order, "

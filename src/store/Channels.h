@@ -1,5 +1,6 @@
-// Channels: the subscribed feeds. Any thread may call these; each call reports its own failures
-// (Store.h), and opens and closes the database unless it is handed a connection.
+// Operations on channels, the subscribed feeds. Texts are in the module's code page. Any thread may
+// call these functions; each call reports its own failures (Store.h), and opens and closes the
+// database unless it is given a connection.
 #pragma once
 
 #include <string_view>
@@ -12,53 +13,57 @@ namespace feedloom {
 
 class Connection;
 
-// Appends every channel of all folders with its unread count, by channel order; false after a
-// failure.
+// Appends the channels of all folders to `out`, sorted by their order, each with its number of
+// unread posts. Returns false after a failure.
 bool LoadChannelList(Store& store, std::vector<ChannelRow>& out);
 
-// True when the folder holds a channel with exactly this feed address; `id` and `order` are set
-// only then. One address may be subscribed in two folders.
+// True when the folder holds a channel with exactly this feed address; sets `id` and `order` only
+// then, to the last one's when there are several. False also after a failure.
 bool FindChannelByXmlLink(Store& store, std::string_view xmlLink, int folderId, int& id,
                           int& order);
+// True when the folder holds a channel with exactly this title. False also after a failure.
 bool ChannelTitleExists(Store& store, std::string_view title, int folderId);
 
-// The id of the folder that holds the channel: 0 when there is no such channel, -1 after a failure.
+// Returns the id of the folder that holds the channel: 0 when there is no such channel, -1 after a
+// failure.
 int GetChannelFolderId(Store& store, int channelId);
 
-// Adds `record`'s channel through `connection`, unless its folder has its feed address already.
-// Sets the record's id either way and, for a new channel, its order and newlyInserted. A negative
-// order becomes the folder's highest: the channel shares it with the folder's last one. After a
-// failure returns false and leaves the record unchanged.
+// Adds `record` as a channel, unless its folder holds a channel with this feed address already.
+// Sets the record's `id` in both cases; for a new channel also `order` and `newlyInserted`. A
+// negative order stands for the folder's highest order, which the new channel then shares. Returns
+// false after a failure; the record is unchanged then.
 bool AddChannelRecord(Connection& connection, ChannelRecord& record);
 
-// AddChannelRecord with a connection of its own, as the last channel of the folder.
+// Adds `record` as AddChannelRecord does, through a connection of its own and with the order behind
+// the folder's highest.
 bool AppendChannelRecord(Store& store, ChannelRecord& record);
 
-// The channel as its row reads now that it was added: the texts as they were stored, nothing
-// unread.
+// The row that LoadChannelList would give for a channel that was just added: texts with entities
+// decoded, as they are stored, and no unread posts. Pure.
 ChannelRow StoredRow(const ChannelRecord& record);
 
-// The new channel's id, -1 after a failure. No look at what is there already.
+// Adds a channel even when the folder holds its address already. Returns the new channel's id, -1
+// after a failure.
 int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,
                   std::string_view htmlLink, int folderId, int order);
 
-// What a refresh asks of a channel before it begins.
+// What a refresh needs to know of a channel before it begins.
 struct ChannelContents {
   int id = 0;
-  int state = 0;  // of its last refresh
+  int state = 0;  // as in ChannelRow
   bool holdsPosts = false;
 };
 
-// Appends all channels; false after a failure.
+// Appends one entry for each channel to `out`. Returns false after a failure.
 bool LoadChannelContents(Store& store, std::vector<ChannelContents>& out);
 
-// False after a failure.
+// Return false after a failure.
 bool RenameChannel(Store& store, int channelId, std::string_view title);
 bool MoveChannel(Store& store, int channelId, int folderId);
 bool SetChannelState(Store& store, int channelId, int state);
 
-// Deletes the channel and its posts. A statement that fails is reported and the next one still
-// runs. False when one failed.
+// Deletes the channel and its posts. When one statement fails, the next one still runs. Returns
+// false when one failed.
 bool DeleteChannel(Store& store, int channelId);
 
 }  // namespace feedloom

@@ -14,7 +14,8 @@ std::string_view ValueText(sqlite3_value* value) {
   return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
-// like(pattern, text). SQLite's own reads the bytes as UTF-8 and so misses Korean words.
+// The SQL function like(pattern, text). SQLite's own one takes the bytes for UTF-8, so that it does
+// not find words in other code pages.
 void Like(sqlite3_context* context, int, sqlite3_value** arguments) {
   if (sqlite3_value_type(arguments[0]) == SQLITE_NULL ||
       sqlite3_value_type(arguments[1]) == SQLITE_NULL) {
@@ -63,7 +64,8 @@ void Connection::KeepJournalFile() {
   SetJournalMode("PRAGMA journal_mode = PERSIST");
 }
 
-// Only a saving: where it fails, the statements to come tell why.
+// A failure is not reported: the journal mode only saves time, and when the file itself is the
+// reason, the next statement reports it.
 void Connection::SetJournalMode(const char* pragma) {
   const MutexLock lock(store_.Lock());
   sqlite3_exec(handle_, pragma, nullptr, nullptr, nullptr);

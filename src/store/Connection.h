@@ -1,4 +1,4 @@
-// How an operation of the store runs its statements.
+// Runs the SQL statements of the store's operations.
 #pragma once
 
 #include <initializer_list>
@@ -15,12 +15,13 @@ namespace feedloom {
 // The rows that a statement returned, as texts.
 class ResultTable {
  public:
-  // Takes over `cells`, as sqlite3_get_table hands them out: `columns` names, then row after row.
+  // Takes ownership of `cells`, the result of sqlite3_get_table: `columns` names, then the cells
+  // row by row.
   ResultTable(char** cells, int rows, int columns)
       : cells_(cells), rows_(rows), columns_(columns) {}
 
   int Rows() const { return rows_; }
-  // A cell of data row `row` (from 0); NULL reads as an empty text and as 0.
+  // The cell of a row and a column, both counted from 0. NULL is an empty text and 0.
   std::string Text(int row, int column) const;
   int Int(int row, int column) const;
 
@@ -35,10 +36,11 @@ class ResultTable {
   int columns_;
 };
 
-// One connection to the database, for one operation on one thread.
+// A connection to the database. An object belongs to one thread.
 class Connection {
  public:
-  // Opens the database; when that fails, reports "Can't open database" and converts to false.
+  // Opens the database of `store`, which must outlive the object. When that fails, reports "Can't
+  // open database", and the object converts to false.
   explicit Connection(Store& store);
   ~Connection();
   Connection(const Connection&) = delete;
@@ -46,16 +48,17 @@ class Connection {
 
   explicit operator bool() const { return open_; }
 
-  // Run `sql` (one or more statements, complete text) paced and under the store's lock. A failure
-  // is reported with SQLite's message and not retried.
+  // Run `sql`, one or more complete statements, under the store's lock and with the store's pauses
+  // before and after. A failure is reported with SQLite's message and not retried; Query then
+  // returns none and Execute false.
   std::optional<ResultTable> Query(const std::string& sql);
   bool Execute(const std::string& sql);
 
-  // By the last statement that Execute ran with success: inserted, updated or deleted.
+  // The number of rows that the last successful Execute has inserted, updated or deleted.
   int RowsChanged() const;
 
-  // For a connection that is going to write many times: the rollback journal's file stays from one
-  // statement to the next, until the connection ends, instead of being made and deleted for each.
+  // Keeps the rollback journal's file until the connection ends, instead of creating and deleting
+  // it for each statement. Saves time for a connection that writes many times.
   void KeepJournalFile();
 
  private:
@@ -69,21 +72,22 @@ class Connection {
   bool keepsJournalFile_ = false;
 };
 
-// The rows of `sql`, run on a connection of its own; none after a (reported) failure.
+// Runs `sql` on a connection of its own and returns its rows; none after a failure, which is
+// reported.
 std::optional<ResultTable> QueryOnce(Store& store, const std::string& sql);
 
-// True when `sql`, run on a connection of its own, succeeded.
+// Runs `sql` on a connection of its own. Returns false after a failure, which is reported.
 bool ExecuteOnce(Store& store, const std::string& sql);
 
-// True when `sql` returned a row; false also after a failure.
+// Runs `sql` on a connection of its own. True when a row came back; false also after a failure.
 bool HasRows(Store& store, const std::string& sql);
 
-// Runs each of `statements` on one connection, the next one also when one before it failed; true
-// when all succeeded.
+// Runs all `statements` on one connection, even after one of them has failed. Returns true when all
+// succeeded.
 bool ExecuteEach(Store& store, std::initializer_list<std::string> statements);
 
-// The first cell of the first row of `sql` as a number: `failure` when it did not run, 0 when no
-// row came back.
+// Runs `sql` on a connection of its own and returns the first cell of the first row as a number: 0
+// without a row, `failure` after a failure.
 int QueryNumber(Store& store, const std::string& sql, int failure);
 
 }  // namespace feedloom

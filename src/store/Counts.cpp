@@ -37,7 +37,7 @@ int CountUnreadInItem(Store& store, int id, bool isCabinet) {
             "post_channelID where post_readStatus = 0 and channel_id = %d group by channel_id";
   Connection connection(store);
   if (!connection) {
-    // Hosts count on two messages here.
+    // The connection has reported it before: this count reports it twice (Counts.h).
     store.ReportStoreError("Can't open database");
     return -1;
   }

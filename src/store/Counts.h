@@ -1,18 +1,20 @@
-// How many posts are unread. Any thread may call these; each call opens and closes the database,
-// and reports its own failures (Store.h). 0 when nothing is unread, -1 after a failure.
+// Numbers of unread posts: 0 when none is unread, -1 after a failure. Any thread may call these
+// functions; each call opens and closes the database and reports its own failures (Store.h).
 #pragma once
 
 #include "store/Store.h"
 
 namespace feedloom {
 
-// In all channels and in none: every post of the store.
+// All unread posts, also those whose channel is gone. Saved posts do not count.
 int CountUnreadPosts(Store& store);
 
-// In the channels of folder `folderId`, or in all cabinets together (the id is not looked at).
+// The unread posts in the channels of folder `folderId`; for the group of cabinets the unread saved
+// posts of all cabinets, whatever `folderId` is.
 int CountUnreadInFolder(Store& store, int folderId, bool isCabinetGroup);
 
-// In one channel or one cabinet. Reports twice when the database cannot be opened.
+// The unread posts of the channel `id`, or of the cabinet `id`. Unlike the others, this function
+// reports a database that cannot be opened twice.
 int CountUnreadInItem(Store& store, int id, bool isCabinet);
 
 }  // namespace feedloom

@@ -72,7 +72,7 @@ bool SetFolderOrder(Store& store, int folderId, int order) {
 }
 
 bool DeleteFolder(Store& store, int folderId) {
-  // The posts go before the channels, through which they are found.
+  // The posts are deleted before the channels, because the channels tell which posts to delete.
   return ExecuteEach(
       store, {FormatSql("Delete From TB_FOLDER Where folder_id = %d", folderId),
               FormatSql("Delete From TB_POST Where post_channelID In (Select channel_id From "

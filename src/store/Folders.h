@@ -1,5 +1,6 @@
-// Folders: the named, ordered containers of channels. Any thread may call these; each call opens
-// and closes the database, and reports its own failures (Store.h).
+// Operations on folders, the named containers of channels. Texts are in the module's code page. Any
+// thread may call these functions; each call opens and closes the database and reports its own
+// failures (Store.h).
 #pragma once
 
 #include <string_view>
@@ -10,30 +11,34 @@
 
 namespace feedloom {
 
-// Appends every folder with its unread count, by order; false after a failure.
+// Appends every folder to `out`, sorted by order, with its number of unread posts. Returns false
+// after a failure.
 bool LoadFolderList(Store& store, std::vector<FolderRow>& out);
 
-// True when a folder has exactly this name; `id` and `order` are set only then.
+// True when a folder has exactly this name. FindFolderByName sets `id` and `order` only then, to
+// the last one's when there are several. False also after a failure.
 bool FindFolderByName(Store& store, std::string_view name, int& id, int& order);
 bool FolderNameExists(Store& store, std::string_view name);
 
-// The highest order of all folders, or of the channels in folder `folderId`: 0 when there is none,
-// -2 after a failure. A newcomer gets the result plus one.
+// The highest order of all folders or, when `isFolder` is false, of the channels in `folderId`: 0
+// when there are none, -2 after a failure. A folder or channel that is added at the end gets the
+// result plus one.
 int GetMaxOrder(Store& store, bool isFolder, int folderId);
 
-// The new folder's id; 0 when the name is taken (nothing is inserted), -1 after a failure.
+// Returns the new folder's id, 0 when the name is taken (nothing is inserted), -1 after a failure.
 int AddFolder(Store& store, std::string_view name, int order);
 
-// The same with the next order, which comes back in `order`. Without an order to give nothing is
-// inserted: a negative one would protect the folder.
+// Adds a folder as AddFolder does, behind the last one, and sets `order` to its order. Returns -1
+// and inserts nothing when that order is not known or is negative, because a negative order would
+// protect the folder.
 int AppendFolder(Store& store, std::string_view name, int& order);
 
-// False after a failure.
+// Return false after a failure.
 bool RenameFolder(Store& store, int folderId, std::string_view name);
 bool SetFolderOrder(Store& store, int folderId, int order);
 
-// Deletes the folder, its channels and their posts; saved posts in cabinets stay. A statement that
-// fails is reported and the next one still runs. False when one failed.
+// Deletes the folder, its channels and their posts, but no saved posts. When one statement fails,
+// the next one still runs. Returns false when one failed.
 bool DeleteFolder(Store& store, int folderId);
 
 }  // namespace feedloom

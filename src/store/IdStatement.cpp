@@ -8,7 +8,7 @@
 namespace feedloom {
 namespace {
 
-constexpr std::size_t kMostTerms = 900;
+constexpr std::size_t kMaxTerms = 900;
 
 std::string StatementFor(std::string_view base, std::string_view clause, std::string_view closing,
                          std::span<const int> ids) {
@@ -29,9 +29,9 @@ bool ExecuteForIds(Store& store, std::string_view base, std::string_view clause,
   if (!connection) return false;
   bool all = true;
   do {
-    const std::span<const int> some = ids.first(std::min(ids.size(), kMostTerms));
-    ids = ids.subspan(some.size());
-    all = connection.Execute(StatementFor(base, clause, closing, some)) && all;
+    const std::span<const int> batch = ids.first(std::min(ids.size(), kMaxTerms));
+    ids = ids.subspan(batch.size());
+    all = connection.Execute(StatementFor(base, clause, closing, batch)) && all;
   } while (!ids.empty());
   return all;
 }

@@ -18,8 +18,8 @@ bool SameChar(std::string_view a, std::string_view b) {
 }  // namespace
 
 bool LikeMatches(std::string_view pattern, std::string_view text, CodePage codePage) {
-  // After a mismatch only the last "%" needs to take one more character: an earlier one cannot
-  // help.
+  // After a mismatch it is enough to let the last "%" match one character more: whatever an earlier
+  // "%" could match in addition, the last one can match too.
   bool hasRetry = false;
   std::string_view retryPattern;
   std::string_view retryText;

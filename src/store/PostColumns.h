@@ -1,4 +1,4 @@
-// The columns that every statement on posts lists, and how they become a row.
+// Turns the result of a statement on posts into rows.
 #pragma once
 
 #include <optional>
@@ -10,14 +10,15 @@
 
 namespace feedloom {
 
-// The nine columns common to posts and saved posts begin at `first`; the others are where a column
-// is named.
+// Where a statement's columns are: the nine that posts and saved posts share begin at `first`; the
+// other two are in the result only when their number is set.
 struct PostLayout {
   int first = 0;
   std::optional<int> podcast = std::nullopt;
   std::optional<int> ownerId = std::nullopt;
 };
 
+// Appends a row to `out` for each row of `table`.
 void AppendPosts(const ResultTable& table, const PostLayout& layout, std::vector<PostRow>& out);
 
 }  // namespace feedloom

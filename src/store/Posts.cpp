@@ -8,7 +8,7 @@
 namespace feedloom {
 namespace {
 
-// Fills a channel's fields from the first row of `table`, whose columns begin at `first`.
+// Fills the channel's fields from the first row of `table`, in which they begin at column `first`.
 void ReadChannelFields(const ResultTable& table, int first, ChannelWithPosts& out) {
   if (table.Rows() == 0) return;
   out.folderId = table.Int(0, first);
@@ -27,7 +27,8 @@ void ReadCabinetFields(const ResultTable& table, int first, CabinetWithPosts& ou
   out.updated = table.Text(0, first + 2);
 }
 
-// Runs the two statements of a container on one connection; read(table) takes the first one's rows.
+// Runs `containerSql` and `postsSql` on one connection: read(table) gets the rows of the first, and
+// the rows of the second are appended to `posts`. Returns false when one of them fails.
 template <typename Read>
 bool LoadContainer(Store& store, const std::string& containerSql, Read read,
                    const std::string& postsSql, const PostLayout& layout,

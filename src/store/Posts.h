@@ -1,6 +1,7 @@
-// Posts: the items of channels, and the saved ones in cabinets. Any thread may call these; each
-// call reports its own failures (Store.h), and opens and closes the database unless it is handed a
-// connection. Loaders return false after a failure, with `out` filled as far as they came.
+// Operations on posts, the items of channels, and on saved posts in cabinets. Texts are in the
+// module's code page. Any thread may call these functions; each call reports its own failures
+// (Store.h), and opens and closes the database unless it is given a connection. A Load function
+// returns false after a failure; `out` then holds what was read before.
 #pragma once
 
 #include <span>
@@ -14,33 +15,33 @@ namespace feedloom {
 
 class Connection;
 
-// A container's own fields, and its posts from the newest to the oldest, then by title. The two
-// loaders of several containers read the fields of the first one and append all posts to one list,
-// grouped by the container's order; there each post's ownerId tells its container.
+// Load a container's own fields and its posts, newest first, posts of the same date by title. The
+// two functions that load several containers read the fields of the first container and append the
+// posts of all of them, container by container. Each post's `ownerId` is the id of its container.
 bool LoadChannelWithPosts(Store& store, int channelId, ChannelWithPosts& out);
 bool LoadFolderWithPosts(Store& store, int folderId, ChannelWithPosts& out);
 bool LoadCabinetWithPosts(Store& store, int cabinetId, CabinetWithPosts& out);
 bool LoadAllCabinetsWithPosts(Store& store, CabinetWithPosts& out);
 
-// Appends the post with this id, if there is one; false after a failure.
+// Appends the post with this id to `out`, if there is one. Returns false after a failure.
 bool FindPost(Store& store, int postId, std::vector<PostRow>& out);
 
-// Adds those of `record`'s posts whose link its channel does not hold yet, in list order, unread
-// and dated now; the title, date and text of a link that is stored already stay as they are. A post
-// that fails is reported and the next one is tried. Ends early when `stop` is requested.
 struct InsertedPosts {
-  int count = 0;         // of posts that were not there
-  bool complete = true;  // none failed, and there was no stop
+  int count = 0;         // of the posts that are new
+  bool complete = true;  // no post failed, and no stop was requested
 };
+// Adds the posts of `record` to its channel, in their order, unread and with the present time as
+// their creation date. A post whose link the channel holds already is left out; the stored one is
+// not changed. When a post fails, the next one is tried. Returns early when `stop` is requested.
 InsertedPosts InsertChannelPosts(Connection& connection, const ChannelRecord& record,
                                  std::stop_token stop = {});
 
-// False after a failure. An empty list of ids deletes every row: pass one on purpose only.
+// Return false after a failure. An empty list of ids deletes every row of the table.
 bool DeletePosts(Store& store, std::span<const int> postIds);
 bool DeleteScrapPosts(Store& store, std::span<const int> scrapPostIds);
 
-// Deletes the posts that were stored `days` days ago or longer, whatever date their feed gave them.
-// Saved posts stay. False after a failure.
+// Deletes the posts that were stored `days` days ago or earlier; the date that the feed gave them
+// does not matter. Saved posts stay. Returns false after a failure.
 bool DeleteOldPosts(Store& store, int days);
 
 }  // namespace feedloom

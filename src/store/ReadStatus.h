@@ -1,7 +1,8 @@
-// Marking posts read (status 1) or unread (0). Any thread may call these; each call opens and
-// closes the database, and reports its own failures (Store.h); false after a failure.
+// Mark posts as read (status 1) or unread (status 0). Any thread may call these functions; each
+// call opens and closes the database, reports its own failures (Store.h) and returns false after
+// one.
 //
-// An empty list of ids addresses the whole table: pass one on purpose only.
+// An empty list of ids stands for all rows of the table.
 #pragma once
 
 #include <span>

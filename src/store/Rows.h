@@ -1,5 +1,5 @@
-// The plain records that the store hands out and takes in. Texts are in the module's code page,
-// dates are "%Y-%m-%d %H:%M:%S" or empty.
+// The plain values that the store's operations take and return. Texts are in the module's code
+// page; dates are texts of the form "%Y-%m-%d %H:%M:%S" (strftime) or empty.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@ namespace feedloom {
 struct FolderRow {
   std::string name;
   int id = 0;
-  int order = 0;  // negative: protected, neither renamed nor deleted
+  int order = 0;  // negative: the user cannot rename or delete it
   int unreadCount = 0;
 };
 
@@ -21,7 +21,7 @@ struct ChannelRow {
   int folderId = 0;
   int order = 0;
   int unreadCount = 0;
-  int state = 0;  // the last refresh: 0 done, below 0 a failure (ChannelResult)
+  int state = 0;  // of the last refresh: 0 done, negative after a failure (ChannelResult)
 };
 
 struct CabinetRow {
@@ -43,7 +43,7 @@ struct PostRow {
   std::string updated;
   std::string ownerTitle;    // of the channel or cabinet
   int isPodcast = 0;         // posts only
-  int ownerId = 0;           // 0 where the operation does not tell it
+  int ownerId = 0;           // 0 from operations that do not set it
   std::string feedUrl = {};  // results of the web directory only: the feed that the post stands for
 };
 
@@ -66,7 +66,7 @@ struct CabinetWithPosts {
   std::vector<PostRow> posts;
 };
 
-// A post on its way into the store.
+// A post to be added to the store.
 struct NewPost {
   std::string title = {};
   std::string link = {};
@@ -75,7 +75,7 @@ struct NewPost {
   int isPodcast = 0;
 };
 
-// A channel on its way into the store, with the posts that its feed holds.
+// A channel to be added to the store, with the posts of its feed.
 struct ChannelRecord {
   int id = -1;
   int folderId = 0;
@@ -83,7 +83,7 @@ struct ChannelRecord {
   std::string type = {};
   std::string xmlLink = {};
   std::string htmlLink = {};
-  int order = -1;  // negative: choose one
+  int order = -1;  // negative: the operation chooses one
   bool newlyInserted = false;
   std::vector<NewPost> posts = {};
 };

@@ -6,7 +6,8 @@
 #include "store/PostColumns.h"
 #include "store/SqlText.h"
 
-// The statements below share their heads and tails; as literals, so that the compiler joins them.
+// Parts that the statements below share. They are macros, because only literals are joined by the
+// compiler.
 #define POST_COLUMNS                                                         \
   "Select post_readStatus, post_id, post_createDate, post_desc, post_link, " \
   "post_pubDate, post_title, post_updateDate, channel_title, post_ispodcast"

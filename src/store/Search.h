@@ -1,9 +1,9 @@
-// Posts by their title, and today's unread ones. Any thread may call these; each call opens and
-// closes the database, and reports its own failures (Store.h). All append to `out`, newest first,
-// then by title; false after a failure.
+// Find posts by their title, and today's unread posts. All functions append to `out`, newest first,
+// posts of the same date by title, and return false after a failure. Any thread may call them; each
+// call opens and closes the database and reports its own failures (Store.h).
 //
-// The word matches anywhere in the title: ASCII letters without regard to case, "%" any run of
-// characters, "_" any one.
+// `word`, in the module's code page, may stand anywhere in the title. ASCII letters match in either
+// case, "%" matches any run of characters and "_" any one character.
 #pragma once
 
 #include <string_view>
@@ -23,7 +23,7 @@ bool SearchCabinetPosts(Store& store, int cabinetId, std::string_view word,
                         std::vector<PostRow>& out);
 bool SearchScrapPosts(Store& store, std::string_view word, std::vector<PostRow>& out);
 
-// Unread posts whose publication date is today in the machine's time zone; their ownerId is set.
+// The unread posts whose publication date is today in the machine's time zone, with `ownerId` set.
 bool LoadTodayUnread(Store& store, std::vector<PostRow>& out);
 bool LoadFolderTodayUnread(Store& store, int folderId, std::vector<PostRow>& out);
 

@@ -13,7 +13,8 @@ struct Entity {
   std::string_view meant;
 };
 
-// The doubly escaped forms stand before the single ones that they contain.
+// In the order in which they are decoded. The ampersand comes after the doubly escaped forms, so
+// that what it uncovers is not taken for one of them.
 constexpr Entity kEntities[] = {
     {"&#38;#60;", "<"}, {"&lt;", "<"},  {"&#62;", ">"},  {"&gt;", ">"},   {"&#38;#38;", "&"},
     {"&amp;", "&"},     {"&#39;", "'"}, {"&apos;", "'"}, {"&#34;", "\""}, {"&quot;", "\""},
@@ -33,7 +34,7 @@ std::string EscapeSqlText(std::string_view text) {
   return ReplaceAll(UnescapeEntities(text), "'", "''");
 }
 
-// Here and not in the header: the library's formatting takes seconds to compile.
+// Not in the header, because the library's formatting is slow to compile.
 std::string FillSql(std::string_view statement, std::initializer_list<SqlArgument> arguments) {
   fmt::dynamic_format_arg_store<fmt::printf_context> fields;
   for (const SqlArgument& argument : arguments) {

@@ -1,4 +1,4 @@
-// How a text becomes part of a statement.
+// Puts texts into SQL statements.
 #pragma once
 
 #include <initializer_list>
@@ -8,19 +8,20 @@
 
 namespace feedloom {
 
-// A copy of `text` with the entities of markup decoded: the two doubly escaped forms
-// ("&#38;#60;", "&#38;#38;"), "lt", "gt", "amp", "apos" and "quot" by name, and "gt", apostrophe
-// and double quote by number (62, 39, 34). One pass an entity, in a fixed order, so that "&amp;lt;"
-// becomes "&lt;" and stays so. Pure; any thread.
+// Returns `text` with these character references of XML decoded: "&lt;", "&gt;", "&amp;", "&apos;",
+// "&quot;", "&#62;", "&#39;", "&#34;", and the doubly escaped "&#38;#60;" and "&#38;#38;". They are
+// decoded one after the other in a fixed order, so that "&amp;lt;" becomes "&lt;" and "&amp;quot;"
+// a quote. Pure; any thread.
 std::string UnescapeEntities(std::string_view text);
 
-// A copy of `text` for a place between single quotes in a statement: entities decoded, then each
-// "'" doubled. Pure; any thread.
+// Returns `text` for a place between single quotes in a statement: with UnescapeEntities applied
+// and each "'" doubled. Pure; any thread.
 std::string EscapeSqlText(std::string_view text);
 
 using SqlArgument = std::variant<int, std::string_view>;
 
-// `statement` with its "%d" and "'%s'" fields filled in; each text passes EscapeSqlText.
+// Returns `statement` with its "%d" and "'%s'" fields replaced by `arguments`, texts after
+// EscapeSqlText. Pure; any thread.
 std::string FillSql(std::string_view statement, std::initializer_list<SqlArgument> arguments);
 
 template <typename... Arguments>

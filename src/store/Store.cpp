@@ -6,7 +6,7 @@ namespace feedloom {
 namespace {
 
 constexpr std::string_view kDatabaseName = "rssdb";
-constexpr std::chrono::milliseconds kPace{10};
+constexpr std::chrono::milliseconds kPause{10};
 
 }  // namespace
 
@@ -22,13 +22,13 @@ Store::Store(std::string dbPath, CodePage codePage, Clock& clock, ErrorReport re
 
 void Store::EnterStoreBusy() {
   if (busy_) return;
-  clock_.Pause(kPace);
+  clock_.Pause(kPause);
   busy_ = true;
 }
 
 void Store::LeaveStoreBusy() {
   if (!busy_) return;
-  clock_.Pause(kPace);
+  clock_.Pause(kPause);
   busy_ = false;
 }
 

@@ -1,6 +1,6 @@
-// The front door of the feed store: where the database lies, how an operation reaches it, and how a
-// failure is reported. The operations themselves are in Folders.h, Channels.h, Cabinets.h, Posts.h,
-// ReadStatus.h and Search.h.
+// What all operations of the feed store share: the database's path, the lock, and how failures are
+// reported. The operations are in Folders.h, Channels.h, Cabinets.h, Posts.h, ReadStatus.h,
+// Counts.h and Search.h.
 //
 // The file is a SQLite database with five tables:
 //   TB_FOLDER        folders, the containers of channels
@@ -8,8 +8,8 @@
 //   TB_POST          posts, one an item of a feed          post_channelID -> channel_id
 //   TB_SCRAP_CHANNEL cabinets, the user's own collections
 //   TB_SCRAP_POST    copies of posts in cabinets           scrap_post_scrapChannelID -> ..._id
-// Nothing in the schema enforces the relations; the deleting operations cascade themselves. Dates
-// are texts "%Y-%m-%d %H:%M:%S"; texts are in the module's code page, stored byte for byte.
+// The schema does not enforce the relations: an operation that deletes a row deletes the rows that
+// belong to it. Dates are texts "%Y-%m-%d %H:%M:%S"; texts are in the module's code page.
 #pragma once
 
 #include <atomic>
@@ -23,20 +23,21 @@
 
 namespace feedloom {
 
-// "rssdb" in the directory of `modulePath`, the full path of the module's own file; "\rssdb" when
-// that path is not known.
+// Returns the path of the file "rssdb" in the directory of `modulePath`, the full path of the
+// module's own file; "\rssdb" when that path is empty. Pure; any thread.
 std::string GetDbPath(std::string_view modulePath);
 
-// What is told to the user when something fails: a text in the module's code page (SQLite's own
-// messages are English). Called on the thread that met the failure.
+// Gets the message to show to the user when something fails, in the module's code page (SQLite's
+// messages are English). Called on the thread on which the operation failed.
 using ErrorReport = std::function<void(std::string_view text)>;
 
-// What all operations share. One object a process; it outlives every thread that runs operations.
-// Each operation opens a connection of its own, runs its statements and closes it; two threads of
-// one process never meet a locked file, because each statement runs under the lock.
+// The store of a process. It must outlive every thread that runs operations. An operation opens a
+// connection of its own, runs its statements and closes it. Two threads of one process never find
+// the file locked, because each statement runs under Lock().
 class Store {
  public:
-  // `dbPath` need not exist: operations then report SQLite's own error.
+  // `dbPath` is in the file system's encoding. When there is no such file, operations report
+  // SQLite's error. `clock` must outlive the object.
   Store(std::string dbPath, CodePage codePage, Clock& clock, ErrorReport report);
 
   const std::string& DbPath() const { return dbPath_; }
@@ -45,14 +46,14 @@ class Store {
 
   void ReportStoreError(std::string_view message) const { report_(message); }
 
-  // Pacing, not exclusion: 10 ms pass before and after a statement while no other is in progress,
-  // so that a long row of statements leaves the machine to the user. Enter never waits for the
-  // flag.
+  // Called before and after each statement: pause for 10 ms, so that many statements in a row leave
+  // the machine to the user. They do not exclude other threads: a call returns at once while the
+  // statement of another thread is in progress.
   void EnterStoreBusy();
   void LeaveStoreBusy();
 
-  // Held for one SQL statement at a time, never across a pause, a download or a parse. The refresh
-  // queue is guarded by it too.
+  // Held for one SQL statement at a time, never during a pause, a download or a parse. It guards
+  // the refresh queue too.
   Mutex& Lock() { return lock_; }
 
  private:

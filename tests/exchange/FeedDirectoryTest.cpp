@@ -54,28 +54,23 @@ TEST(FeedDirectory, CutsWholeAnswersRightAndBrokenOnesSomehow) {
   for (const auto& [answer, cut] : cases) EXPECT_EQ(Cut(answer), cut) << answer;
 }
 
-TEST(FeedDirectory, TakesFiftyRecordsAtMostAndAppendsThem) {
-  std::vector<PostRow> rows(1);
-  const std::string records = Repeated(60, "[HS][IT]t[IU][RT][RU][DT][ID][PO]1");
-  EXPECT_EQ(CutDirectoryAnswer("[TO]60" + records + "[QK]", rows), 60);
-  ASSERT_EQ(rows.size(), 51u);
-  EXPECT_EQ(rows[0].title + rows[50].title, "t");
-}
-
-// One that looks for a mark through the rest of such an answer again and again does not end soon.
-TEST(FeedDirectory, WhatNoServiceWouldAnswerIsCutToo) {
+// A search that begins anew for each mark would not end soon on such answers.
+TEST(FeedDirectory, TakesFiftyRecordsAtMostHoweverLongTheAnswer) {
   constexpr int kMillion = 1'000'000;
+  std::size_t most = 0;
   const std::string fifty = "[TO]50" + Repeated(50, "[HS]");
   for (const std::string& answer :
-       {fifty + Repeated(4 * kMillion, "["), fifty + Repeated(kMillion, "[IT]"),
-        Repeated(kMillion, "[HS]"),
-        "[TO]1" + Repeated(kMillion / 4, "[HS][IT][IU][RT][RU][DT][ID][PO]"),
+       {fifty + Repeated(kMillion, "[IT]"), Repeated(kMillion, "[HS]"),
         fifty + std::string(4 * kMillion, '\0'),
+        "[TO]1" + Repeated(kMillion / 4, "[HS][IT]t[IU][RT][RU][DT][ID][PO]1"),
         fifty + "[IT]" + std::string(4 * kMillion, ' ') + "[IU]" + Repeated(kMillion, "&amp;")}) {
-    std::vector<PostRow> rows;
+    std::vector<PostRow> rows(1);
     CutDirectoryAnswer(answer, rows);
-    EXPECT_LE(rows.size(), 50u);
+    EXPECT_LE(rows.size(), 51u);
+    most = std::max(most, rows.size());
+    EXPECT_EQ(rows[0].title, "") << "they are appended";
   }
+  EXPECT_EQ(most, 51u);
 }
 
 }  // namespace

@@ -124,6 +124,10 @@ TEST_F(OpmlImport, WhatIsNoListIsRefusedWithItsReason) {
         OpmlDocument("<outline text='&e29;'/>", bomb + "]>")}) {
     EXPECT_EQ(ReadBytes(bytes).error, "the list is too long");
   }
+  const std::string whole = OpmlDocument(NumberedFolder("A", 3));
+  for (std::size_t size = 0; size < whole.size(); size += 7) {
+    EXPECT_FALSE(ReadBytes(whole.substr(0, size)).plan) << "a file that is being written";
+  }
   std::filesystem::resize_file(files_.Write("long", ""), 65 << 20);
   EXPECT_EQ(Read({.place = files_.File("long")}).error, "the file is too long");
   EXPECT_EQ(Read({.place = files_.File("absent")}).error, "No such file or directory");

@@ -87,17 +87,5 @@ TEST_F(Importer, AnImportAndARefreshLoseNothingOfEachOther) {
   EXPECT_EQ(kit_.db.Count("TB_CHANNEL") + kit_.db.Count("TB_POST"), 165);
 }
 
-TEST_F(Importer, AFileThatIsBeingWrittenIsRefusedUntilItIsWhole) {
-  const std::string list = OpmlDocument(NumberedFolder("A", 3));
-  for (std::size_t size = 0; size < list.size(); size += 40) {
-    StartDocument("growing", list.substr(0, size));
-    ASSERT_TRUE(WaitForEnds(static_cast<int>(size / 40) + 1));
-    ASSERT_EQ(news_.find('='), news_.npos);
-  }
-  StartDocument("growing", list);
-  ASSERT_TRUE(WaitForEnds(ends_ + 1));
-  EXPECT_TRUE(news_.ends_with("A: c1 c2 c3 =3 "));
-}
-
 }  // namespace
 }  // namespace feedloom
