@@ -41,7 +41,6 @@ TEST(FeedDirectory, CutsWholeAnswersRightAndBrokenOnesSomehow) {
       {"[TO]1[HS][IT][it][XX][[IU]u][RT][RU]r[DT]d[ID][[]][PO]0[QK]", "1;[it][XX][|u]|r||[[]]|0"},
       {"", "0"},
       {"<html>Not found</html>", "0"},
-      {"[TO]5", "0"},
       {"[TO]5[Q", "0"},
       {"[HS]h[IT]t[IU]u[RT]rt[RU]ru[DT][ID]d[PO]1[QK]", "0;t|u|ru||d|1"},
       {"[TO]1[HS]", "1;|||||0"},

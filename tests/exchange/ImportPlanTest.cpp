@@ -9,14 +9,10 @@ using Outlines = std::vector<OpmlOutline>;
 
 OpmlOutline Outline(const std::string& text, const std::string& xmlUrl,
                     std::vector<OpmlOutline> children = {}, int deeperFeeds = 0) {
-  return {.title = "",
-          .url = "",
-          .text = text,
-          .type = "",
-          .xmlUrl = xmlUrl,
-          .htmlUrl = " h ",
-          .children = std::move(children),
-          .deeperFeeds = deeperFeeds};
+  OpmlOutline outline{"", "", text, "", xmlUrl, " h "};
+  outline.children = std::move(children);
+  outline.deeperFeeds = deeperFeeds;
+  return outline;
 }
 
 // "Folder: title=address=home ...; ... -left out"
@@ -26,8 +22,7 @@ std::string Plan(const Outlines& outlines) {
   std::string text;
   for (const SubscriptionFolder& folder : plan->folders) {
     text += folder.name + ":";
-    for (const auto& [title, address, home] : folder.channels)
-      text += " " + title + "=" + address + home;
+    for (const auto& [name, link, home] : folder.channels) text += " " + name + "=" + link + home;
     text += "; ";
   }
   return text + "-" + std::to_string(plan->leftOut);
@@ -35,14 +30,13 @@ std::string Plan(const Outlines& outlines) {
 
 TEST(ImportPlan, TopOutlinesBecomeFoldersAndLoneFeedsShareOneNamedLikeTheList) {
   const OpmlOutline x = Outline("x", "http://x/");
-  const OpmlOutline y = Outline(" ", "HTTPS://y/");
+  const OpmlOutline y = Outline("y", "HTTPS://y/");
   const OpmlOutline none = Outline("", "");
   const OpmlOutline a = Outline("A", "", {x, y});
   const std::pair<Outlines, std::string> cases[] = {
       {{}, "-0"},
-      {{a, Outline("A", "")}, "A: x=http://x/h HTTPS://y/=HTTPS://y/h; A:; -0"},
-      {{x, a, y},
-       "list: x=http://x/h HTTPS://y/=HTTPS://y/h; A: x=http://x/h HTTPS://y/=HTTPS://y/h; -0"},
+      {{a, Outline("A", "")}, "A: x=http://x/h y=HTTPS://y/h; A:; -0"},
+      {{x, a, y}, "list: x=http://x/h y=HTTPS://y/h; A: x=http://x/h y=HTTPS://y/h; -0"},
       {{Outline(" A ", "http://a/", {x})}, "A: A=http://a/h x=http://x/h; -0"},
       {{Outline("", "", {none, x})}, "list: x=http://x/h; -1"},
       {{Outline("A", "", {Outline("Sub", "", {}, 3), Outline("Own", "http://own/", {}, 2)})},
@@ -54,7 +48,8 @@ TEST(ImportPlan, TopOutlinesBecomeFoldersAndLoneFeedsShareOneNamedLikeTheList) {
   for (const auto& [outlines, plan] : cases) EXPECT_EQ(Plan(outlines), plan);
   OpmlOutline titled = Outline("  ", "http://t/");
   titled.title = " T ";
-  EXPECT_EQ(Plan({titled}), "list: T=http://t/h; -0");
+  EXPECT_EQ(Plan({titled, Outline("", "http://n/")}),
+            "list: T=http://t/h http://n/=http://n/h; -0");
   for (const char* address :
        {"file:///etc/passwd", "javascript:alert(1)", "ftp://x/", "vfolder", "//x/feed", "http:x"}) {
     const OpmlOutline bad = Outline("x", address);

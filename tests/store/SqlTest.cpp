@@ -34,21 +34,18 @@ TEST(SqlText, QuotesAreDoubledAfterDecodingAndFieldsFilledInOnce) {
 
 TEST(Like, TakesCharactersWholeAndFoldsAsciiOnly) {
   const auto like = [](const std::string& pattern, const std::string& text) {
-    return LikeMatches(Korean(pattern), Korean(text), CodePage::Korean()) ? '1' : '0';
+    return LikeMatches(Korean(pattern), Korean(text), CodePage::Korean());
   };
   std::string wildcards = "b";
   for (int i = 0; i < 40; ++i) wildcards = "%a" + wildcards;
-  EXPECT_EQ((std::string{like("%news%", "Old NEWS today"), like("a%c_e", "abbc-c!e"),
-                         like("a%bc", "abbc"), like("%%", ""), like("%글%", "한글"),
-                         like("한_", "한글")}),
-            "111111");
-  EXPECT_EQ((std::string{like("%a", ""), like("", "a"), like("_", ""), like("abc", "ab"),
-                         like("ab", "abc"), like("ac", "abc"), like("한__", "한글"),
-                         like(wildcards, std::string(20'000, 'a'))}),
-            "00000000");
+  EXPECT_TRUE(like("%news%", "Old NEWS today") && like("a%c_e", "abbc-c!e") &&
+              like("a%bc", "abbc") && like("%%", "") && like("%글%", "한글") &&
+              like("한_", "한글"));
+  EXPECT_FALSE(like("%a", "") || like("", "a") || like("_", "") || like("abc", "ab") ||
+               like("ab", "abc") || like("ac", "abc") || like("한__", "한글") ||
+               like(wildcards, std::string(20'000, 'a')));
   // 똠 is 8C 63 in this code page, and 63 alone is the letter "c".
-  EXPECT_EQ(like("%c%", "똠"), '0');
-  EXPECT_FALSE(LikeMatches("\x8C\x43", "\x8C\x63", CodePage::Korean()));
+  EXPECT_FALSE(like("%c%", "똠") || LikeMatches("\x8C\x43", "\x8C\x63", CodePage::Korean()));
 }
 
 TEST(Statements, KeepTheirTexts) {
