@@ -118,8 +118,9 @@ TEST_F(Searching, GivingUpDropsTheAnswerEvenOnItsWayAndTheSearchBeforeGoesOn) {
 
 TEST_F(Searching, OfTwoWordsTheLaterIsAnswered) {
   BeginSilent("other");
-  Serve(1, AnswerWith(1, 1, 1));
-  EXPECT_EQ(AfterBegin(), "1:1 ");
+  Serve(1, AnswerWith(50, 1, 50));
+  EXPECT_EQ(AfterBegin(), "50:50 ");
+  EXPECT_FALSE(search_->HasMore());
 }
 
 TEST_F(Searching, TenSecondsWithoutAnAnswerAreTheEnd) {

@@ -159,6 +159,11 @@ TEST_F(OpmlImport, AStopOrAFailureEndsItWhatWasAddedStaysAndTheRestIsCounted) {
   stopAfter_ = "c2";
   EXPECT_EQ(Import(NumberedFolder("A", 150) + NumberedFolder("B", 3)), "100/0/53...");
   EXPECT_EQ(kit_.db.Count("TB_CHANNEL") + kit_.db.Count("TB_FOLDER"), 202);
+  stop_ = {};
+  kit_.db.Sql(
+      "create trigger no before insert on TB_FOLDER when new.folder_name = 'N' begin select "
+      "raise(abort, 'no'); end");
+  EXPECT_EQ(Import(NumberedFolder("N", 2) + NumberedFolder("B", 3)), "0/0/5...");
 }
 
 }  // namespace
