@@ -10,7 +10,7 @@ namespace {
 
 using feedloom::kDirectoryPageSize;
 
-constexpr const char* kName = "CutDirectoryAnswer, 50 records";
+constexpr const char* kName = "ParseDirectoryAnswer, 50 records";
 
 // Records of about 600 bytes with typical descriptions.
 std::string OrdinaryAnswer() {
@@ -33,7 +33,7 @@ void CutAnswer(benchmark::State& state) {
   const std::string answer = OrdinaryAnswer();
   for (auto _ : state) {
     std::vector<feedloom::PostRow> rows;
-    feedloom::CutDirectoryAnswer(answer, rows);
+    feedloom::ParseDirectoryAnswer(answer, rows);
     if (rows.size() != kDirectoryPageSize) state.SkipWithError("records were lost");
   }
 }

@@ -61,7 +61,7 @@ PostRow ReadRecord(PlainAnswer& answer) {
 void CheckInput(FuzzInput input) {
   const std::string text(input.Rest());
   std::vector<PostRow> rows;
-  const int total = CutDirectoryAnswer(text, rows);
+  const int total = ParseDirectoryAnswer(text, rows);
   Require(rows.size() <= kDirectoryPageSize, "an answer has a page of rows at most");
 
   PlainAnswer answer(text);

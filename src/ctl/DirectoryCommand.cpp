@@ -21,7 +21,7 @@ struct Found {
 std::string NoAnswerText(const Session& session, const std::string& service, bool isTooLate) {
   const std::string place = OneLine(session.Utf8(service));
   return isTooLate ? fmt::format("{} did not answer within {} seconds", place,
-                                 kLongestDirectoryRequest.count())
+                                 kDirectoryTimeLimit.count())
                    : fmt::format("{} gave no answer", place);
 }
 
@@ -37,7 +37,7 @@ std::optional<Found> Search(Session& session, const DirectoryOptions& options) {
   Found found;
   bool isAnswered = false;
   HttpClient client(services->registry);
-  const TimeLimit limit(services->clock, kLongestDirectoryRequest);
+  const TimeLimit limit(services->clock, kDirectoryTimeLimit);
   found.total = SearchDirectory(client, service, found.rows, session.Text(options.word),
                                 options.page, limit.Token(), isAnswered);
   if (isAnswered) return found;

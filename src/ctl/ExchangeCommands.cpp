@@ -65,8 +65,8 @@ int RunImport(Session& session, const std::string& source) {
     return kFailure;
   }
   int folders = 0;
-  const ImportNews news{.onFolder = [&](const FolderRow&) { ++folders; },
-                        .onChannel = [](const ChannelRow&) {}};
+  const ImportListener news{.onFolder = [&](const FolderRow&) { ++folders; },
+                            .onChannel = [](const ChannelRow&) {}};
   const ImportSums sums =
       AddSubscriptions(session.GetStore(), *list.plan, NameClash::Rename, news, {});
   PrintSums(session, sums, folders);

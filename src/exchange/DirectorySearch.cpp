@@ -16,7 +16,7 @@ Page RequestPage(const IngestServices& services, const std::string& service,
                  const std::string& word, int number, const std::stop_token& stop) {
   Page page;
   HttpClient client(services.registry);
-  const TimeLimit limit(services.clock, kLongestDirectoryRequest, stop);
+  const TimeLimit limit(services.clock, kDirectoryTimeLimit, stop);
   page.total = SearchDirectory(client, service, page.answer.rows, word, number, limit.Token(),
                                page.answer.isAnswered);
   return page;

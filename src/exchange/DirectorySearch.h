@@ -26,7 +26,7 @@ class DirectorySearch {
   DirectorySearch(SharedServices services, std::string service, BackgroundJobs::Post toOwner);
 
   // Requests the first page for `word` (in the module's code page) and gives up a request that is
-  // running. `onAnswer` is called once on the owner's thread, soon after kLongestDirectoryRequest
+  // running. `onAnswer` is called once on the owner's thread, soon after kDirectoryTimeLimit
   // at the latest, unless the request is given up. It may begin or give up searches and may destroy
   // the object.
   void Begin(const std::string& word, OnAnswer onAnswer);

@@ -96,7 +96,7 @@ std::string DirectoryQuery(const std::string& service, const std::string& word, 
   return fmt::format("{}?ver=0611&maxnum={}&pg={}&str={}", service, kDirectoryPageSize, page, word);
 }
 
-int CutDirectoryAnswer(std::string_view text, std::vector<PostRow>& rows) {
+int ParseDirectoryAnswer(std::string_view text, std::vector<PostRow>& rows) {
   Answer answer(text);
   const int total = ParseInt(answer.LastField(kTotal));
   for (int count = 0; count < kDirectoryPageSize && answer.HasRecord(); ++count) {
@@ -109,7 +109,7 @@ int SearchDirectory(HttpClient& client, const std::string& service, std::vector<
                     const std::string& word, int page, std::stop_token stop, bool& isAnswered) {
   const std::string answer = client.Get(DirectoryQuery(service, word, page), std::move(stop));
   isAnswered = !answer.empty();
-  return CutDirectoryAnswer(answer, rows);
+  return ParseDirectoryAnswer(answer, rows);
 }
 
 }  // namespace feedloom

@@ -65,7 +65,7 @@ class Planner {
 
 std::optional<ImportPlan> PlanImport(const std::vector<OpmlOutline>& outlines,
                                      const std::string& listName) {
-  if (CountOutlines(outlines) > kMostOutlines) return std::nullopt;
+  if (CountOutlines(outlines) > kMaxOutlines) return std::nullopt;
   Planner planner(listName);
   for (const OpmlOutline& outline : outlines) planner.Add(outline);
   return std::move(planner).Result();

@@ -21,7 +21,7 @@ struct ImportPlan {
 // first of them. The name is an outline's "text" or else its "title"; without both, a folder gets
 // `listName` and a channel its feed's address. Left out are outlines without a feed, feeds at
 // deeper levels, and addresses that are not of the web. Returns none for a list with more than
-// kMostOutlines outlines. Texts are in the module's code page.
+// kMaxOutlines outlines. Texts are in the module's code page.
 std::optional<ImportPlan> PlanImport(const std::vector<OpmlOutline>& outlines,
                                      const std::string& listName);
 

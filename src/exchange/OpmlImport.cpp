@@ -110,7 +110,7 @@ ChannelRecord RecordFor(const Subscription& channel) {
 
 class Import {
  public:
-  Import(Store& store, NameClash clash, const ImportNews& news, std::stop_token stop)
+  Import(Store& store, NameClash clash, const ImportListener& news, std::stop_token stop)
       : store_(store), clash_(clash), news_(news), stop_(std::move(stop)), names_(store) {}
 
   ImportSums Run(const ImportPlan& plan) {
@@ -171,7 +171,7 @@ class Import {
 
   Store& store_;
   const NameClash clash_;
-  const ImportNews& news_;
+  const ImportListener& news_;
   const std::stop_token stop_;
   FolderNames names_;
   ImportSums sums_;
@@ -186,7 +186,7 @@ ReadList ReadSubscriptions(const IngestServices& services, const ListSource& sou
 }
 
 ImportSums AddSubscriptions(Store& store, const ImportPlan& plan, NameClash clash,
-                            const ImportNews& news, std::stop_token stop) {
+                            const ImportListener& news, std::stop_token stop) {
   return Import(store, clash, news, std::move(stop)).Run(plan);
 }
 

@@ -30,7 +30,7 @@ ReadList ReadSubscriptions(const IngestServices& services, const ListSource& sou
 enum class NameClash { Rename, Merge };
 
 // Called for each row that was added to the store, on the thread that imports.
-struct ImportNews {
+struct ImportListener {
   std::function<void(const FolderRow&)> onFolder;
   std::function<void(const ChannelRow&)> onChannel;
 };
@@ -40,6 +40,6 @@ struct ImportNews {
 // Ends early when `stop` is requested, or at the first failure of the store, which reports it;
 // isComplete is false then, and the channels that were not added count as left out. Any thread.
 ImportSums AddSubscriptions(Store& store, const ImportPlan& plan, NameClash clash,
-                            const ImportNews& news, std::stop_token stop);
+                            const ImportListener& news, std::stop_token stop);
 
 }  // namespace feedloom

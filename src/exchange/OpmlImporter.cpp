@@ -6,7 +6,7 @@ namespace feedloom {
 namespace {
 
 // Returns news whose functions call those of `news` on the owner's thread, with copies of the rows.
-ImportNews ForwardingNews(const ImportNews& news, const BackgroundJobs::Tell& tell) {
+ImportListener ForwardingNews(const ImportListener& news, const BackgroundJobs::Tell& tell) {
   return {.onFolder =
               [&](const FolderRow& folder) {
                 tell([listener = news.onFolder, folder] { listener(folder); });

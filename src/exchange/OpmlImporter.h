@@ -16,7 +16,7 @@ struct ImportEnd {
 
 // Called during an import on the thread that owns the importer; `onEnd` is the last call.
 struct ImportReceiver {
-  ImportNews news;
+  ImportListener news;
   std::function<void(const ImportEnd& end)> onEnd;
 };
 

@@ -33,7 +33,7 @@ int ReadOpmlOutlines(const XmlElement& element, CodePage codePage, const std::st
                      std::vector<OpmlOutline>& out) {
   if (!element) return kNoOutlineElement;
   std::size_t count = CountOutlines(out);
-  const auto isEnough = [&] { return count > kMostOutlines || stop.stop_requested(); };
+  const auto isEnough = [&] { return count > kMaxOutlines || stop.stop_requested(); };
   for (const XmlElement& child : element.Children("outline")) {
     if (isEnough()) break;
     OpmlOutline& outline = out.emplace_back(ReadOutline(child, codePage));

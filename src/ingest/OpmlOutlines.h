@@ -25,7 +25,7 @@ struct OpmlOutline {
 
 // The most outlines of both levels that a list may have. Of a longer list one more is read, by
 // which the caller knows it.
-inline constexpr std::size_t kMostOutlines = 100'000;
+inline constexpr std::size_t kMaxOutlines = 100'000;
 
 // Appends the outlines directly below `element`, with those directly below them, to `out`, until
 // `stop` is requested. Returns kParsed, or kNoOutlineElement when `element` is null. Any thread may

@@ -9,7 +9,7 @@ namespace {
 // What was cut from an answer: the total, then the fields of each row.
 std::string Cut(std::string_view answer) {
   std::vector<PostRow> rows;
-  std::string line = std::to_string(CutDirectoryAnswer(answer, rows));
+  std::string line = std::to_string(ParseDirectoryAnswer(answer, rows));
   for (const PostRow& row : rows) {
     line += fmt::format(";{}|{}|{}|{}|{}|{}", row.title, row.link, row.feedUrl, row.published,
                         row.description, row.isPodcast);
@@ -64,7 +64,7 @@ TEST(FeedDirectory, TakesFiftyRecordsAtMostHoweverLongTheAnswer) {
         "[TO]1" + Repeated(kMillion / 4, "[HS][IT]t[IU][RT][RU][DT][ID][PO]1"),
         fifty + "[IT]" + std::string(4 * kMillion, ' ') + "[IU]" + Repeated(kMillion, "&amp;")}) {
     std::vector<PostRow> rows(1);
-    CutDirectoryAnswer(answer, rows);
+    ParseDirectoryAnswer(answer, rows);
     EXPECT_LE(rows.size(), 51u);
     most = std::max(most, rows.size());
     EXPECT_EQ(rows[0].title, "") << "they are appended";

@@ -110,11 +110,11 @@ TEST_F(Parsing, ReadsTwoLevelsOfOutlines) {
 
 TEST_F(Parsing, ReadsNoMoreAfterAStopOrOneOutlineTooMany) {
   std::string list = "<opml>";
-  for (std::size_t i = 0; i <= kMostOutlines / 2; ++i) list += "<outline><outline/></outline>";
+  for (std::size_t i = 0; i <= kMaxOutlines / 2; ++i) list += "<outline><outline/></outline>";
   for (const char* end : {"</opml>", "<outline/></opml>"}) {
     FeedParser parser(codePage_);
     EXPECT_EQ(parser.Parse(folder_.Write("list.opml", list + end)), 0);
-    EXPECT_EQ(CountOutlines(parser.Outlines()), kMostOutlines + 1);
+    EXPECT_EQ(CountOutlines(parser.Outlines()), kMaxOutlines + 1);
   }
   FeedParser small(codePage_, {.limits = {.atOnce = 99, .askForMore = [] { return false; }}});
   EXPECT_EQ(small.Parse(folder_.File("list.opml")), kDocumentUnreadable);
