@@ -8,9 +8,6 @@
 namespace feedloom {
 namespace {
 
-constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-constexpr std::string_view kSite = "http://site.example/";
-
 std::string Escaped(std::string_view text) {
   const std::string plain = ReplaceAll(ReplaceAll(text, "&", "&amp;"), "<", "&lt;");
   return ReplaceAll(plain, "\"", "&quot;");
@@ -20,47 +17,17 @@ std::string Element(const std::string& name, std::string_view text) {
   return text.empty() ? "" : "<" + name + ">" + Escaped(text) + "</" + name + ">\n";
 }
 
-std::string LinkElement(std::string_view address) {
-  return address.empty() ? "" : "<link rel=\"alternate\" href=\"" + Escaped(address) + "\"/>\n";
-}
-
-std::string RssItem(const SampleItem& item, const std::string& start, const std::string& date) {
-  return start + Element("title", item.title) + Element("link", item.link) +
-         Element(date, item.date) + Element("description", item.description) + "</item>\n";
-}
-
 }  // namespace
 
 std::string RssDocument(std::string_view title, const std::vector<SampleItem>& items) {
-  std::string text(kDeclaration);
-  text += "<rss version=\"2.0\"><channel>\n" + Element("title", title) + Element("link", kSite);
-  for (const SampleItem& item : items) text += RssItem(item, "<item>\n", "pubDate");
+  std::string text =
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<rss version=\"2.0\"><channel>\n" +
+      Element("title", title) + Element("link", "http://site.example/");
+  for (const SampleItem& item : items) {
+    text += "<item>\n" + Element("title", item.title) + Element("link", item.link) +
+            Element("pubDate", item.date) + Element("description", item.description) + "</item>\n";
+  }
   return text += "</channel></rss>\n";
-}
-
-std::string RdfDocument(std::string_view title, const std::vector<SampleItem>& items) {
-  std::string text(kDeclaration);
-  text +=
-      "<rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\" "
-      "xmlns:dc=\"http://purl.org/dc/elements/1.1/\" xmlns=\"http://purl.org/rss/1.0/\">\n"
-      "<channel rdf:about=\"" +
-      std::string(kSite) + "\">\n" + Element("title", title) + Element("link", kSite) +
-      "</channel>\n";
-  for (const SampleItem& item : items) {
-    text += RssItem(item, "<item rdf:about=\"" + Escaped(item.link) + "\">\n", "dc:date");
-  }
-  return text += "</rdf:RDF>\n";
-}
-
-std::string AtomDocument(std::string_view title, const std::vector<SampleItem>& items) {
-  std::string text(kDeclaration);
-  text += "<feed version=\"0.3\" xmlns=\"http://purl.org/atom/ns#\">\n" + Element("title", title) +
-          LinkElement(kSite);
-  for (const SampleItem& item : items) {
-    text += "<entry>\n" + Element("title", item.title) + LinkElement(item.link) +
-            Element("issued", item.date) + Element("summary", item.description) + "</entry>\n";
-  }
-  return text += "</feed>\n";
 }
 
 std::vector<SampleItem> NumberedItems(std::string_view baseLink, int count) {

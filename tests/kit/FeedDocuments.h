@@ -1,4 +1,4 @@
-// Feed documents for tests, as UTF-8 texts.
+// RSS 2.0 documents for tests, as UTF-8 texts.
 #pragma once
 
 #include <string>
@@ -11,14 +11,11 @@ namespace feedloom {
 struct SampleItem {
   std::string title;
   std::string link;
-  std::string date;  // in the format's own form: RFC 822 for RSS, ISO 8601 for RDF and Atom
+  std::string date;  // as RFC 822 has it
   std::string description;
 };
 
-// RSS 2.0 (pubDate), RSS 1.0 (rdf:RDF, dc:date) and Atom 0.3 (issued).
 std::string RssDocument(std::string_view title, const std::vector<SampleItem>& items);
-std::string RdfDocument(std::string_view title, const std::vector<SampleItem>& items);
-std::string AtomDocument(std::string_view title, const std::vector<SampleItem>& items);
 
 // `count` items: "Post 1" with link `baseLink` + "1" and description "Text 1", "Post 2" and so on,
 // a minute between their dates, the first one the newest.

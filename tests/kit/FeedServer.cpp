@@ -133,7 +133,6 @@ struct FeedServer::Impl {
     for (const std::string& path : std::set{request.target, request.path}) {
       ++seen[path].count;
       seen[path].last.headers = request.headers;
-      seen[path].last.body = request.body;
     }
     changed.notify_all();
   }
@@ -316,11 +315,6 @@ bool FeedServer::WaitForRequest(const std::string& path, std::chrono::millisecon
 std::string FeedServer::LastHeader(const std::string& path, const std::string& name) const {
   const MutexLock lock(impl_->mutex);
   return impl_->seen[path].last.get_header_value(name);
-}
-
-std::string FeedServer::LastBody(const std::string& path) const {
-  const MutexLock lock(impl_->mutex);
-  return impl_->seen[path].last.body;
 }
 
 }  // namespace feedloom

@@ -65,7 +65,6 @@ class FeedServer {
                                     int count = 1) const;
   // Of the latest request to `path`; "" without one.
   std::string LastHeader(const std::string& path, const std::string& name) const;
-  std::string LastBody(const std::string& path) const;
 
  private:
   struct Impl;

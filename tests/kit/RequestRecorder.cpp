@@ -41,11 +41,6 @@ std::string RequestRecorder::Ok(const std::string& body) {
          "\r\n\r\n" + body;
 }
 
-std::string RequestRecorder::Found(const std::string& location) {
-  return "HTTP/1.1 302 Found\r\nConnection: close\r\nContent-Length: 0\r\nLocation: " + location +
-         "\r\n\r\n";
-}
-
 std::vector<std::string> RequestRecorder::Lines() const {
   const MutexLock lock(mutex_);
   std::vector<std::string> lines;

@@ -18,9 +18,8 @@ class RequestRecorder {
   RequestRecorder(const RequestRecorder&) = delete;
   RequestRecorder& operator=(const RequestRecorder&) = delete;
 
-  // Whole answers: a 200 with this body, and a redirect.
+  // A whole answer with this body.
   static std::string Ok(const std::string& body);
-  static std::string Found(const std::string& location);
 
   std::string HostAndPort() const { return "127.0.0.1:" + std::to_string(port_); }
   // The first lines of the requests so far, without their line ends.
