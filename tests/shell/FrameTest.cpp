@@ -1,167 +1,236 @@
-// The frame: its panes, its start, and its messages.
+// The module's life in its host, and its frame: start, messages and keys.
 #include <QSplitter>
-#include <QTest>
-#include <QTreeView>
+#include <random>
 
+#include "exchange/ListDocuments.h"
+#include "kit/FeedDocuments.h"
 #include "shell/ModuleFixture.h"
-#include "skin/Keys.h"
 #include "ui/tree/GroupTreeModel.h"
+#include "vxctrl/AccessibleTree.h"
 
 namespace feedloom {
 namespace {
 
-class MainFrame : public ModuleFixture {
+class Module : public ModuleFixture {
  protected:
-  QSplitter& Columns() { return *qobject_cast<QSplitter*>(frame_); }
-  QSplitter& Rows() { return *qobject_cast<QSplitter*>(Columns().widget(1)); }
+  // The sample channel's row.
+  QVariant Sample(int role) {
+    return Tree().model()->index(0, 0, Tree().model()->index(0, 0)).data(role);
+  }
+  bool IsNew() { return Sample(GroupTreeModel::IsNewRole).toBool(); }
 
-  void DragDivider(int toX) {
-    QWidget* const handle = Columns().handle(1);
-    const QPoint from = handle->rect().center();
-    const QPoint to(toX - handle->x(), from.y());
-    QTest::mousePress(handle, Qt::LeftButton, {}, from);
-    QTest::mouseMove(handle, to);
-    QTest::mouseRelease(handle, Qt::LeftButton, {}, to);
+  // The name of what has the keyboard.
+  QString Place() {
+    QWidget* const focus = QApplication::focusWidget();
+    if (frame_->findChild<QWebEngineView*>()->isAncestorOf(focus)) return "page";
+    return SpokenName(*QAccessible::queryAccessibleInterface(focus));
   }
 
-  void StoreSetting(const std::string& name, const std::string& text) {
-    EXPECT_TRUE(profile_.TheRegistry().WriteString(kModuleKey, name, text));
-  }
-
-  QModelIndex SampleChannel() { return Tree().model()->index(0, 0, Tree().model()->index(0, 0)); }
-  bool IsNew() { return SampleChannel().data(GroupTreeModel::IsNewRole).toBool(); }
+  const std::filesystem::path database_ = profile_.Paths().database;
+  const std::filesystem::path copy_ = profile_.Paths().database + ".bak";
 };
 
-TEST_F(MainFrame, OpensWithItsSettledSizes) {
-  CreateFrame();
-  EXPECT_EQ(Columns().sizes()[0], 251);
-  EXPECT_EQ(Rows().sizes()[0], 200);
+TEST_F(Module, ExportsItsTwoFunctionsAndNothingElse) {
+  const TempFolder folder;
+  const std::string list = "nm -D --defined-only --format=just-symbols " FEEDLOOM_MODULE " >";
+  EXPECT_EQ(std::system((list + folder.File("names")).c_str()), 0);
+  EXPECT_EQ(folder.Read("names"), "Create\nDestroyBtn\n");
 }
 
-TEST_F(MainFrame, TheDividerCannotMakeTheTreeNarrowerButWider) {
+TEST_F(Module, MakesOneFrameAtATimeNoneWithoutAWindowAndCanBeLoadedAgain) {
+  EXPECT_EQ(create_(nullptr, nullptr, nullptr), nullptr);
   CreateFrame();
-  DragDivider(100);
-  EXPECT_EQ(Columns().sizes()[0], 251);
-  DragDivider(400);
-  EXPECT_NEAR(Columns().sizes()[0], 400, 5);
-}
-
-TEST_F(MainFrame, ShowsTheTreeAndTheMainPageAtFirst) {
+  EXPECT_EQ(create_(nullptr, nullptr, pane_), nullptr);
+  const QPointer<QWidget> first = frame_;
+  Destroy();
+  EXPECT_TRUE(first.isNull());
+  EXPECT_EQ(dlclose(module_), 0);
+  Load();
   CreateFrame();
-  EXPECT_EQ(TreeLabels(),
-            (QStringList{"기본 그룹", "  Feedloom 시작하기", "보관함", "  내 보관함"}));
-  EXPECT_EQ(ListedTitles(), QStringList());
+  EXPECT_EQ(Labels(), (QStringList{"기본 그룹", "  Feedloom 시작하기", "보관함", "  내 보관함"}));
   EXPECT_TRUE(PageText().contains("Feedloom")) << PageText().toStdString();
 }
 
-TEST_F(MainFrame, DeletesOldPostsAtTheStartWhenTheSettingsSaySo) {
+TEST_F(Module, WithoutADatabaseSaysSoStandsAndKeepsTheOlderCopy) {
+  rename(database_, copy_);
+  create_directory(database_);
+  CreateFrame();
+  EXPECT_EQ(std::ranges::count(texts_, "Can't open database"), 5);
+  EXPECT_EQ(Labels(), QStringList{"보관함"});
+  EXPECT_EQ(UnreadTotal(), -1);
+  Destroy();
+  EXPECT_TRUE(is_regular_file(copy_));
+}
+
+TEST_F(Module, EndsAtAnyMomentOfARefreshKeepsWhatWasStoredAndTellsAHostThatIsThere) {
+  for (int i = 0; i < 8; ++i) {
+    const std::string path = fmt::format("/{}.xml", i);
+    server_.Serve(path, NumberedRss("Feed", "http://example.com" + path + "/", 30));
+    AddChannel(fmt::format("Channel {}", i), path);
+  }
+  server_.Hang("/hang.xml");
+  const std::string hanging = std::to_string(AddChannel("Never answers", "/hang.xml"));
+  std::mt19937 random(20081121);
+  for (int round = 0; round < 8; ++round) {
+    SCOPED_TRACE(round);
+    Sql("delete from TB_POST");
+    CreateFrame();
+    numbers_.clear();
+    Send(kMessageRefreshAll);
+    const auto told = texts_.size() + random() % 9;
+    ASSERT_TRUE(WaitUntil([&] { return numbers_.size() == 1 && texts_.size() >= told; }));
+    const int stored = std::stoi(Sql("select count(*) from TB_POST"));
+    if (round % 2 == 1) host_.reset();
+    Destroy();
+    EXPECT_EQ(numbers_.size(), host_ ? 2 : 1);
+    EXPECT_EQ(numbers_.back(), host_ ? kMessageRefreshEnded : kMessageRefreshBegan);
+    EXPECT_GE(std::stoi(Sql("select count(*) from TB_POST")), stored);
+    EXPECT_EQ(Sql("pragma integrity_check"), "ok");
+    // It has not failed yet: nobody has waited for its time limit.
+    EXPECT_EQ(Sql("select channel_state from TB_CHANNEL where channel_id = " + hanging), "0");
+    EXPECT_EQ(file_size(copy_), file_size(database_));
+  }
+}
+
+TEST_F(Module, EndsInTheMiddleOfAnImportWhileADialogIsOpen) {
+  const TempFolder files;
+  std::string list;
+  for (int i = 0; i < 200; ++i) list += NumberedFolder("F" + std::to_string(i), 5);
+  CreateFrame();
+  answers_.Next([&](QDialog&) {
+    TheFrame().ImportOpml({.place = files.Write("list.opml", OpmlDocument(list))});
+    EXPECT_TRUE(WaitUntil([this] { return Labels().contains("F1"); }));
+    Destroy();
+  });
+  Send(kMessageOpenPanel);
+  const int folders = std::stoi(Sql("select count(*) from TB_FOLDER"));
+  EXPECT_TRUE(folders > 2 && folders < 201) << folders;
+}
+
+TEST_F(Module, CountsUnreadPostsAndThenDeletesOldOnesWhenTheSettingsSaySo) {
   AddPosts(1, 3);
   Sql("update TB_POST set post_createDate = datetime('now', '-8 days') where post_id < 3");
-  StoreSetting("FeedDeleteDateStr", "7");
-  StoreSetting("FeedDeleteModeStr", "1");
-  CreateFrame();
-  EXPECT_EQ(Value("select count(*) from TB_POST"), "3");
-  Destroy();
-  StoreSetting("FeedDeleteModeStr", "0");
-  CreateFrame();
-  EXPECT_EQ(Value("select count(*) from TB_POST"), "1");
-  EXPECT_EQ(TreeLabels()[1], "  Feedloom 시작하기(1)");
+  using Row = std::array<const char*, 3>;  // mode, days, and the count on screen
+  for (const auto& [mode, days, count] :
+       {Row{"1", "7", "(3)"}, {"0", "0", "(3)"}, {"0", "9", "(3)"}, {"0", "7", "(1)"}}) {
+    Set("FeedDeleteModeStr", mode);
+    Set("FeedDeleteDateStr", days);
+    CreateFrame();
+    EXPECT_EQ(Labels()[1], QString("  Feedloom 시작하기") + count);
+    EXPECT_EQ(UnreadTotal(), 3);
+    EXPECT_EQ(TheFrame().State().announcedTotal, 3);
+    Destroy();
+  }
 }
 
-TEST_F(MainFrame, ShowsPostsAsTheirWebPagesWhenTheSettingsSaySo) {
-  server_.Serve("/story", "<html><body>The whole story</body></html>", "text/html");
-  AddPosts(1, 1);
-  Sql("update TB_POST set post_link = '" + server_.Url("/story") + "'");
-  StoreSetting("PreviewModeStr", "1");
+TEST_F(Module, CountsWhatMessagesTellThatARefreshHasBrought) {
   CreateFrame();
-  Select("Feedloom 시작하기(1)");
-  EXPECT_EQ(NextPageText(), "The whole story");
-}
-
-TEST_F(MainFrame, AFeedCannotLeadToTheMachinesOwnFiles) {
-  AddPosts(1, 1);
-  Sql("update TB_POST set post_link = 'file:///etc/hostname'");
-  StoreSetting("PreviewModeStr", "1");
-  CreateFrame();
-  Select("Feedloom 시작하기(1)");
-  EXPECT_TRUE(NextPageText().contains("Text 1"));
-}
-
-TEST_F(MainFrame, SaysItsLastTextAgainWhenAsked) {
-  CreateFrame();
-  host_->texts.clear();
-  Send(kMessageChannelResult, kDownloadFailed, 1);
-  EXPECT_EQ(Send(kMessageShowTextAgain, 7, 8), 0);
-  ASSERT_EQ(host_->texts.size(), 2u);
-  EXPECT_EQ(host_->texts[0], host_->texts[1]);
-  EXPECT_NE(host_->texts[0].find("Feedloom 시작하기"), std::string::npos) << host_->texts[0];
-}
-
-TEST_F(MainFrame, CountsWhatARefreshedChannelHasBrought) {
-  CreateFrame();
-  host_->texts.clear();
-  AddPosts(1, 3);
-  Send(kMessageChannelResult, kChannelRefreshed, 1);
-  EXPECT_EQ(TreeLabels()[0], "기본 그룹(3)");
-  EXPECT_EQ(TreeLabels()[1], "  Feedloom 시작하기(3)");
-  EXPECT_TRUE(IsNew());
-  ASSERT_EQ(host_->texts.size(), 1u);
-  EXPECT_NE(host_->texts[0].find("Feedloom 시작하기"), std::string::npos) << host_->texts[0];
-}
-
-TEST_F(MainFrame, TheNewMarkGoesOutWhenARefreshBeginsAndWhenTheChannelIsSelected) {
-  CreateFrame();
-  Send(kMessageChannelWorker, 1, 1);
-  EXPECT_TRUE(IsNew());
-  Send(kMessageChannelWorker, 1, 0);
+  const auto refresh = [this](int result) {
+    Send(kMessageChannelWorker, 1, 0);
+    EXPECT_FALSE(IsNew());
+    Send(kMessageChannelResult, result, 1);
+    EXPECT_EQ(Sample(GroupTreeModel::StateRole), result);
+    const auto told = texts_.size();
+    EXPECT_EQ(Send(kMessageShowTextAgain, 7, 8), 0);
+    EXPECT_EQ(texts_, (texts_.resize(told), texts_.push_back(texts_.back()), texts_));
+    EXPECT_NE(texts_.back().find("Feedloom 시작하기"), std::string::npos);
+  };
+  for (const int result : {kDownloadFailed, kDocumentRefused, kChannelRefreshed}) refresh(result);
   EXPECT_FALSE(IsNew());
-  Send(kMessageChannelWorker, 1, 1);
-  Select("Feedloom 시작하기");
-  EXPECT_FALSE(IsNew());
-}
-
-TEST_F(MainFrame, AChannelWhoseWorkerWasStoppedIsCountedToo) {
-  CreateFrame();
-  Send(kMessageChannelWorker, 1, 0);
   AddPosts(1, 3);
-  Sql("update TB_CHANNEL set channel_state = -2");
-  EXPECT_EQ(TreeLabels()[1], "  Feedloom 시작하기");
-  Send(kMessageChannelWorker, 1, 0);
-  EXPECT_EQ(TreeLabels()[1], "  Feedloom 시작하기(3)");
-  EXPECT_EQ(SampleChannel().data(GroupTreeModel::StateRole).toInt(), -2);
-}
-
-TEST_F(MainFrame, AChannelThatARefreshInsertedGetsItsRow) {
-  CreateFrame();
+  refresh(kChannelRefreshed);
+  EXPECT_TRUE(IsNew());
   const int id = AddChannel("Fresh", "/fresh.xml");
   AddPosts(id, 2);
   Send(kMessageChannelInserted, id, 1);
-  EXPECT_EQ(TreeLabels()[2], "  Fresh");
+  EXPECT_EQ(Labels()[2], "  Fresh");
   Send(kMessageChannelResult, kChannelRefreshed, id);
-  EXPECT_EQ(TreeLabels()[2], "  Fresh(2)");
-  EXPECT_EQ(TreeLabels()[0], "기본 그룹(2)");
+  const QStringList labels = Labels();
+  EXPECT_EQ(labels.mid(0, 3),
+            (QStringList{"기본 그룹(5)", "  Feedloom 시작하기(3)", "  Fresh(2)"}));
+  EXPECT_EQ(UnreadTotal(), 5);
+  const auto told = texts_.size();
+  for (const unsigned number : {0x500, 0x506, 0x508, 0x7777}) Send(number, 4711, 4712);
+  EXPECT_EQ(Labels(), labels);
+  EXPECT_EQ(texts_.size(), told);
 }
 
-TEST_F(MainFrame, MessagesThatNameNothingKnownChangeNothing) {
+TEST_F(Module, CountsEachPostOnceAlsoOfAWorkerThatWasStopped) {
   CreateFrame();
-  const QStringList before = TreeLabels();
-  for (const unsigned number : {0x500u, 0x506u, 0x508u, 0x7777u}) {
-    EXPECT_EQ(Send(number, 4711, 4712), 0);
-  }
-  EXPECT_EQ(TreeLabels(), before);
-}
-
-TEST_F(MainFrame, SelectingAChannelListsItsPostsAndShowsTheFirst) {
+  Send(kMessageChannelWorker, 1, 0);
   AddPosts(1, 2);
+  TheFrame().RecountUnread(false);
+  EXPECT_EQ(UnreadTotal(), 2);
+  AddPosts(1, 1);
+  Send(kMessageChannelResult, kChannelRefreshed, 1);
+  EXPECT_EQ(UnreadTotal(), 3);
+  AddPosts(1, 1);
+  TheFrame().RecountUnread(false);  // no worker has the channel now
+  EXPECT_EQ(UnreadTotal(), 3);
+  AddPosts(1, 1);
+  Send(kMessageChannelWorker, 1, 0);
+  Send(kMessageChannelResult, kRunEnded);
+  Send(kMessageChannelWorker, 1, 0);  // of the next run
+  EXPECT_EQ(Labels()[1], "  Feedloom 시작하기(4)");
+  Send(kMessageChannelWorker, 1, 0);  // stopped
+  EXPECT_EQ(Labels()[1], "  Feedloom 시작하기(5)");
+  EXPECT_EQ(UnreadTotal(), 4);
+}
+
+TEST_F(Module, RefreshesFromTheServerToTheScreen) {
+  server_.Hang("/news.xml");
+  AddChannel("News", "/news.xml");
   CreateFrame();
-  Select("Feedloom 시작하기(2)");
-  EXPECT_EQ(ListedTitles(), (QStringList{"Post 1", "Post 2"}));
-  EXPECT_TRUE(NextPageText().contains("Text 1"));
-  EXPECT_EQ(TreeLabels()[1], "  Feedloom 시작하기(1)");
-  EXPECT_EQ(Value("select post_title from TB_POST where post_readStatus = 1"), "Post 1");
-  Select("내 보관함");
-  EXPECT_EQ(ListedTitles(), QStringList());
-  EXPECT_TRUE(NextPageText().contains("Feedloom"));
+  Select("News");
+  EXPECT_EQ(Send(kMessageRefreshAll), 0);
+  ASSERT_TRUE(WaitUntil([this] { return frame_->cursor().shape() == Qt::WaitCursor; }));
+  server_.Serve("/news.xml", NumberedRss("News", "http://example.com/", 3));
+  ASSERT_TRUE(WaitForRunEnd());
+  EXPECT_NE(frame_->cursor().shape(), Qt::WaitCursor);
+  EXPECT_EQ(Titles(), (QStringList{"Post 1", "Post 2", "Post 3"}));
+  EXPECT_TRUE(IsNew());
+  Select("News(3)");
+  EXPECT_TRUE(PageText().contains("Text 1"));
+  EXPECT_EQ(numbers_, (Numbers{kMessageRefreshBegan, kMessageRefreshEnded}));
+}
+
+TEST_F(Module, KeysLeadRoundItsPanesAndDividersAndEverythingSaysWhatItIs) {
+  AddPosts(1, 3);
+  CreateFrame();
+  EXPECT_EQ(Unlabelled(*frame_), QStringList());
+  auto& columns = *qobject_cast<QSplitter*>(frame_);
+  auto& rows = *qobject_cast<QSplitter*>(columns.widget(1));
+  EXPECT_EQ(columns.sizes()[0], 251);
+  EXPECT_EQ(rows.sizes()[0], 200);
+  Select("Feedloom 시작하기(3)");
+  const QString steps =
+      "F6=글 목록;F6=page;F6=채널과 보관함;Shift+F6=page;Shift+F6=글 목록;F8=채널 영역의 너비;"
+      "End, F8=글 목록의 높이;F8, Escape=글 목록;F8, F6=채널과 보관함;F8, Shift+F6=page";
+  for (const QString& step : steps.split(';')) {
+    Press(step.section('=', 0, 0));
+    EXPECT_EQ(Place(), step.section('=', 1));
+  }
+  EXPECT_EQ(columns.sizes()[1], 330);
+  Press("F8, Home, F8, End");
+  EXPECT_EQ(columns.sizes()[0], 251);
+  EXPECT_EQ(rows.sizes()[1], 150);
+  Press("Home");
+  EXPECT_EQ(rows.sizes()[0], 130);
+  Named<QAbstractButton>(*frame_, "전체 메뉴").setFocus(Qt::TabFocusReason);
+  QStringList way;
+  for (; way.size() < 30 && Place() != "page"; Press("Tab")) way << Place();
+  EXPECT_EQ(way.join(", ").toStdString(),
+            "전체 메뉴, 모든 채널 새로 고침, 채널 추가, 채널 디렉터리, 채널과 보관함, 검색 범위, "
+            "검색어, 검색, 글 목록, 페이지 새로 고침, 주소, 이동");
+  const auto leavePage = [this] { return Place() != "page" || (Press("Tab"), false); };
+  EXPECT_TRUE(WaitUntil(leavePage)) << "the page must not keep the keyboard";
+  Tree().setFocus();
+  for (const char* const pane : {"tree", "list", "page"}) {
+    Press("Shift+F10");
+    EXPECT_TRUE(WaitUntil([] { return QApplication::activePopupWidget() != nullptr; })) << pane;
+    if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
+    Press("F6");
+  }
 }
 
 }  // namespace
