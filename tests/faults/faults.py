@@ -1,11 +1,10 @@
-"""What the stories about faults are told with: a profile, a server, a program, rows of a database.
+"""What the tests of faults share: a profile, a server, a program, the rows of a database.
 
 All of it is real: the programs of the build that the first argument names, a folder that ends with
-its story, a server on 127.0.0.1.
+its test, a server on 127.0.0.1.
 """
 
 import contextlib
-import dataclasses
 import functools
 import glob
 import http.server
@@ -21,24 +20,21 @@ import sys
 import tempfile
 import threading
 import time
+import typing
 import unittest
 
 PROGRAMS = pathlib.Path(sys.argv.pop(1))
 SEED = int(os.environ.get("FEEDLOOM_SEED", 0)) or random.SystemRandom().randrange(1, 1 << 32)
 print(f"FEEDLOOM_SEED={SEED} repeats what is random here", flush=True)
 PATIENCE = 30  # seconds, for anything that ends by itself
-# What nobody but the user changes: a refresh notes its outcome with the channel.
-LASTING = {
-    "TB_FOLDER": "*",
-    "TB_CHANNEL": "channel_id, channel_folderID, channel_title, channel_xmllink, channel_order",
-    "TB_POST": "*",
-    "TB_SCRAP_CHANNEL": "*",
-    "TB_SCRAP_POST": "*",
-}
+# The columns that only the user changes: a refresh writes its result into the channel's row.
+LASTING = {table: "*" for table in ("TB_FOLDER", "TB_POST", "TB_SCRAP_CHANNEL", "TB_SCRAP_POST")}
+LASTING["TB_CHANNEL"] = (
+    "channel_id, channel_folderID, channel_title, channel_xmllink, channel_order")
 
 
 def wait_until(is_true, what):
-    """For what tells nobody that it has come about; raises when it does not."""
+    """Looks again and again: what is waited for sends no event. Raises after PATIENCE."""
     deadline = time.monotonic() + PATIENCE
     while not is_true():
         if time.monotonic() > deadline:
@@ -46,8 +42,7 @@ def wait_until(is_true, what):
         time.sleep(0.01)
 
 
-@dataclasses.dataclass
-class Ended:
+class Ended(typing.NamedTuple):
     """How a program has ended."""
     status: int
     out: str
@@ -56,7 +51,7 @@ class Ended:
 
 
 class Program:
-    """A program under way; killed at the end of the `with` unless it has ended."""
+    """A running program; killed at the end of the `with` unless it has ended."""
 
     def __init__(self, command, err=None, **options):
         self.out, self.err = tempfile.TemporaryFile(), err or tempfile.TemporaryFile()
@@ -76,11 +71,10 @@ class Program:
 
     def printed(self):
         """What it has written to stdout so far."""
-        size = os.fstat(self.out.fileno()).st_size
-        return os.pread(self.out.fileno(), size, 0).decode()
+        return os.pread(self.out.fileno(), os.fstat(self.out.fileno()).st_size, 0).decode()
 
     def ends_within(self, seconds):
-        """Waits so long at most; finish() comes after it."""
+        """Waits for its end, at most so long. finish() must follow."""
         handle = os.pidfd_open(self.process.pid)
         try:
             return bool(select.select([handle], [], [], seconds)[0])
@@ -93,9 +87,14 @@ class Program:
             os.kill(self.process.pid, signal.SIGKILL)
         return self.finish().status == -signal.SIGKILL
 
-    def finish(self, patience=PATIENCE):
+    def close(self):
+        """Closes a window as the desktop does at its end."""
+        self.process.send_signal(signal.SIGTERM)
+        return self.finish().status
+
+    def finish(self):
         """Waits for its end."""
-        if not self.ends_within(patience):
+        if not self.ends_within(PATIENCE):
             raise TimeoutError(f"{self.process.args} does not end\n{self.printed()}")
         seconds = time.monotonic() - self.began
         self.process.wait()
@@ -104,7 +103,7 @@ class Program:
 
 
 def texts(pattern):
-    """Of the files that match, but for those that go meanwhile."""
+    """The contents of the files that match; a file that vanishes meanwhile is left out."""
     for path in glob.glob(pattern):
         with contextlib.suppress(OSError):
             yield pathlib.Path(path).read_text()
@@ -118,39 +117,33 @@ def children(process):
 
 
 def pages(window):
-    """The ids of its render processes, which go by the name of the process that they came from."""
+    """The ids of its render processes: those with a compositor thread."""
     return {child for child in children(window.process.pid)
             if "Compositor\n" in texts(f"/proc/{child}/task/*/comm")}
 
 
 class Database:
-    """A database file, looked at past the programs."""
+    """A database file, read and changed past the programs."""
 
     def __init__(self, path):
         self.path = pathlib.Path(path)
 
     @contextlib.contextmanager
-    def connection(self):
+    def connection(self, begin="begin"):
+        """In one transaction, which is committed at the end of the `with`."""
         with contextlib.closing(sqlite3.connect(self.path, isolation_level=None)) as connection:
             connection.execute("pragma synchronous = off")
+            connection.execute(begin)
             yield connection
+            connection.execute("commit")
 
-    @contextlib.contextmanager
     def locked(self):
-        """No other program gets at it meanwhile."""
-        with self.connection() as connection:
-            connection.execute("begin exclusive")
-            yield
+        """No other program can use it until the end of the `with`."""
+        return self.connection("begin exclusive")
 
     def sql(self, statement, *values):
         with self.connection() as connection:
             return connection.execute(statement, values).fetchall()
-
-    def fill(self, statement, rows):
-        with self.connection() as connection:
-            connection.execute("begin")
-            connection.executemany(statement, rows)
-            connection.execute("commit")
 
     def rows(self):
         """All that lasts, by table."""
@@ -158,10 +151,10 @@ class Database:
                 for table, columns in LASTING.items()}
 
     def is_whole(self):
-        try:
+        """False also for a file that is no database."""
+        with contextlib.suppress(sqlite3.DatabaseError):
             return self.sql("pragma integrity_check") == [("ok",)]
-        except sqlite3.DatabaseError:
-            return False  # it is none at all
+        return False
 
 
 class Profile:
@@ -180,18 +173,22 @@ class Profile:
         self.add_channels(1, [(name, server.url(name)) for name in channels])
 
     def add_channels(self, folder, channels):
-        """Pairs of a title and an address."""
-        self.database.fill("insert into TB_CHANNEL(channel_folderID, channel_title, "
-                           f"channel_xmllink) values({folder}, ?, ?)", channels)
+        """`channels`: pairs of a title and an address."""
+        with self.database.connection() as connection:
+            connection.executemany("insert into TB_CHANNEL(channel_folderID, channel_title, "
+                                   f"channel_xmllink) values({folder}, ?, ?)", channels)
 
-    def add_posts(self, channel, count, text="text"):
-        self.database.fill(
-            f"insert into TB_POST(post_channelID, post_title, post_link, post_desc) "
-            f"values({channel}, ?, ?, ?)",
-            [(f"Post {i}", f"http://old.example/{channel}/{i}", text) for i in range(count)])
+    def add_posts(self, channels, count, text="text"):
+        """So many for each channel."""
+        with self.database.connection() as connection:
+            connection.executemany(
+                "insert into TB_POST(post_channelID, post_title, post_link, post_desc) "
+                "values(?, ?, ?, ?)",
+                [(channel, f"Post {i}", f"http://old.example/{channel}/{i}", text)
+                 for channel in channels for i in range(count)])
 
     def start(self, *arguments, **options):
-        # What it prints is to be seen at once.
+        """feedloomctl; its output is there at once."""
         return Program(["stdbuf", "-oL", PROGRAMS / "feedloomctl", "--profile", self.folder,
                         *arguments], **options)
 
@@ -200,7 +197,7 @@ class Profile:
             return program.finish()
 
     def start_window(self, *arguments, **options):
-        """Off screen, where there is nothing of a desktop: no bus, no portal, no runtime folder."""
+        """halvix off screen, without anything of a desktop: no bus, no portal, no runtime folder."""
         environment = {"PATH": os.environ["PATH"], "HOME": str(self.folder.parent),
                        "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "offscreen"}
         return Program([PROGRAMS / "halvix", "--profile", self.folder, *arguments],
@@ -217,8 +214,7 @@ class Profile:
 class Server(http.server.ThreadingHTTPServer):
     """Serves on 127.0.0.1 what it is told to, well or badly, until the end of the `with`.
 
-    What is served as "a" is at the address `url("a")`. An answer is a function of the request's
-    handler, which writes to its `wfile`.
+    `answers["a"]` is what the address `url("a")` answers: a function of the request's Handler.
     """
     daemon_threads = True
     block_on_close = False
@@ -240,18 +236,15 @@ class Server(http.server.ThreadingHTTPServer):
         self.server_close()
 
     def handle_error(self, request, client_address):
-        """Programs that are killed or stopped in the middle of an answer are what this is for."""
+        """A client that was killed or stopped in the middle of an answer is no error here."""
         if not isinstance(sys.exc_info()[1], OSError):
             super().handle_error(request, client_address)
 
     def url(self, name):
         return f"http://127.0.0.1:{self.server_port}/{name}"
 
-    def serve(self, name, body, *headers, status="200 OK"):
-        self.answers[name] = lambda handler: handler.reply(body, *headers, status=status)
-
-    def serve_with_tag(self, name, body, tag):
-        """With an ETag, whose bearer is told that nothing has changed."""
+    def serve(self, name, body, tag='"tag"'):
+        """With an ETag; whoever sends it again is told that nothing has changed."""
         def answer(handler):
             if handler.headers["If-None-Match"] == tag:
                 handler.reply(b"", f"ETag: {tag}", status="304 Not Modified")
@@ -259,8 +252,21 @@ class Server(http.server.ThreadingHTTPServer):
                 handler.reply(body, f"ETag: {tag}")
         self.answers[name] = answer
 
-    def wait_for(self, name):
-        wait_until(lambda: name in self.requests, f"no request for {name}")
+    @contextlib.contextmanager
+    def holding_back(self, names):
+        """Within the `with` these have been asked for, and no answer begins before its end."""
+        go, answers = threading.Event(), dict(self.answers)
+        for name, answer in answers.items():
+            self.answers[name] = lambda handler, answer=answer: (go.wait(), answer(handler))
+
+        def proceed():
+            go.set()
+            self.answers = answers
+        self.requests.clear()
+        try:
+            yield lambda: wait_until(lambda: set(names) <= set(self.requests), names), proceed
+        finally:
+            proceed()
 
 
 class Handler(http.server.BaseHTTPRequestHandler):
@@ -278,6 +284,7 @@ class Handler(http.server.BaseHTTPRequestHandler):
         self.wfile.write(body)
 
     def head(self, *headers, status="200 OK"):
+        self.close_connection = self.close_connection or "Connection: close" in headers
         lines = [f"HTTP/1.1 {status}", "Content-Type: text/xml", *headers, "", ""]
         self.wfile.write("\r\n".join(lines).encode())
 
@@ -290,14 +297,12 @@ class Handler(http.server.BaseHTTPRequestHandler):
         pass
 
 
-def item(link, text="text"):
-    return (f"<item><title>Post</title><link>{link}</link><description>{text}</description>"
-            "</item>")
-
-
-def feed(title, *items):
+def feed(title, *links, text="text"):
+    """An RSS document with a post for each link."""
+    items = "".join(f"<item><title>Post</title><link>{link}</link><description>{text}</description>"
+                    "</item>" for link in links)
     return (f"<rss version='2.0'><channel><title>{title}</title><link>http://site.example/</link>"
-            f"{''.join(items)}</channel></rss>").encode()
+            f"{items}</channel></rss>").encode()
 
 
 class Story(unittest.TestCase):
@@ -308,20 +313,26 @@ class Story(unittest.TestCase):
         self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
         self.server = self.enterContext(Server())
 
-    def profile(self, *channels, name="profile"):
+    def make_profile(self, *channels, name="profile"):
         return Profile(self.folder / name, self.server, channels)
 
     def show(self, profile, **options):
-        """A window that shows a page, as it does at first."""
+        """A window that shows its first page."""
         window = self.enterContext(profile.start_window(**options))
         wait_until(lambda: pages(window), "the window shows no page")
         return window
 
-    def assert_whole(self, profile):
-        self.assertTrue(profile.database.is_whole())
+    def assert_refreshes(self, profile, links):
+        """A refresh succeeds without a word of complaint; these links are stored then."""
+        before = profile.database.rows()
+        ended = profile.run("refresh")
+        self.assertEqual((ended.status, ended.err), (0, ""))
+        self.assertLessEqual(set(links), profile.links())
+        self.assert_kept(before, profile)
 
     def assert_kept(self, before, profile):
-        """Every row of every table is there as it was; others may have come."""
+        """The database is whole, and every row is there as it was; others may have come."""
+        self.assertTrue(profile.database.is_whole())
         after = profile.database.rows()
         for table, rows in before.items():
             self.assertLessEqual(rows, after[table], table)
