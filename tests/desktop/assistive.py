@@ -3,6 +3,7 @@
 To be imported on a desktop whose buses run: the bus is met at once.
 """
 
+import contextlib
 import time
 
 import pyatspi
@@ -15,9 +16,7 @@ KEYS = {"Return": 0xFF0D, "Down": 0xFF54, "F6": 0xFFC3}  # by the display's key 
 
 def children(node):
     """The children that are still there."""
-    for child in node:
-        if child is not None:
-            yield child
+    return (child for child in node if child is not None)
 
 
 def below(node):
@@ -33,20 +32,16 @@ def states(node):
 
 def find(node, role, name=None):
     """The first one below `node` with this role, whose name begins like that; None without one."""
-    for found in below(node):
-        if found.getRoleName() == role and (name is None or found.name.startswith(name)):
-            return found
-    return None
+    return next((found for found in below(node) if found.getRoleName() == role
+                 and (name is None or found.name.startswith(name))), None)
 
 
 def act(node, action):
     """Does the node's action of this name."""
     actions = node.queryAction()
     names = [actions.getName(number) for number in range(actions.nActions)]
-    if action not in names:
-        raise AssertionError(f"{described(node)} has no action {action}, only {names}")
-    if not actions.doAction(names.index(action)):
-        raise AssertionError(f"{described(node)} does not do {action}")
+    if action not in names or not actions.doAction(names.index(action)):
+        raise AssertionError(f"{described(node)} does not do {action}, of {names}")
 
 
 def type_key(name):
@@ -86,17 +81,11 @@ class Watch:
         alarm = GLib.timeout_add(LOOK_AGAIN, lambda: True)
         try:
             while time.monotonic() < deadline:
-                value = self._try(condition)
-                if value:
-                    return value
+                # What is looked at may go away meanwhile.
+                with contextlib.suppress(GLib.Error, LookupError, NotImplementedError):
+                    if value := condition():
+                        return value
                 self.context.iteration(True)
         finally:
             GLib.source_remove(alarm)
-        raise AssertionError(f"in {PATIENCE} s it did not come to pass that {what}")
-
-    @staticmethod
-    def _try(condition):
-        try:
-            return condition()
-        except (GLib.Error, LookupError, NotImplementedError):
-            return None  # something went away while it was looked at
+        raise AssertionError(f"{PATIENCE} s passed before {what}")

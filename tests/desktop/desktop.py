@@ -3,6 +3,7 @@
 All of it lies in one temporary folder and ends with the `Desktop`, whatever happens in between.
 """
 
+import contextlib
 import ctypes
 import os
 import pathlib
@@ -31,17 +32,12 @@ def children():
 
 
 def wait_for_end(child):
-    """Waits a second at most for this child, and takes leave of all that have ended."""
-    handle = os.pidfd_open(child)
-    try:
+    """Waits at most a second for this child. Collects all children that have ended."""
+    with open(os.pidfd_open(child), "rb") as handle:
         select.select([handle], [], [], 1)
-    finally:
-        os.close(handle)
-    try:
+    with contextlib.suppress(ChildProcessError):  # that was the last one
         while os.waitpid(-1, os.WNOHANG)[0]:
             pass
-    except ChildProcessError:
-        pass  # that was the last one
 
 
 class Desktop:
