@@ -34,10 +34,10 @@ namespace {
 
 constexpr int kLeftMinimumWidth = 251;  // pixels
 constexpr int kTopHeight = 200;
-// The toolbar's controls with a short address, or a few rows below the toolbar.
+// The smallest sizes that leave room for the toolbar's controls and a few rows.
 constexpr QSize kSmallestList(330, 130);
 constexpr QSize kSmallestBrowser(330, 150);
-constexpr int kRest = 1 << 16;  // what a splitter cuts to the room there is
+constexpr int kRest = 1 << 16;  // more than any window has: the splitter cuts it down
 
 void SendToWindow(QWidget* window, unsigned number, std::intptr_t lParam) {
   WindowMessage message(number, 0, lParam);
@@ -67,7 +67,8 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWid
   BeginLife(start.get());
 }
 
-// The panes use what the frame owns, so they go first; no thread speaks to it any more by then.
+// The panes use members of the frame and must be deleted before them. StopRefresh comes first, so
+// that no thread sends the panes a message while they are deleted.
 CRSS_MainFrame::~CRSS_MainFrame() {
   StopRefresh();
   delete left_;
@@ -152,7 +153,7 @@ bool CRSS_MainFrame::event(QEvent* event) {
 }
 
 bool CRSS_MainFrame::focusNextPrevChild(bool next) {
-  QWidget* const stop = next ? NextStop(*this) : nullptr;
+  QWidget* const stop = next ? NextTabStop(*this) : nullptr;
   if (stop == nullptr) return VxSplitter::focusNextPrevChild(next);
   stop->setFocus(Qt::TabFocusReason);
   return true;
@@ -208,8 +209,8 @@ void CRSS_MainFrame::OnChannelResult(int result, int channelId) {
   }
 }
 
-// A worker begins its channel, or was stopped in the middle of it: then it reports nothing more,
-// but may have stored posts.
+// The first message about a channel tells that a worker begins with it. A second one tells that the
+// worker was stopped: it sends no result, but may have stored posts.
 void CRSS_MainFrame::OnChannelWorker(int channelId, bool isNew) {
   left_->SetChannelNewByMessage(channelId, isNew);
   if (isNew || channelsAtWork_.insert(channelId).second) return;
@@ -275,8 +276,8 @@ void CRSS_MainFrame::ApplyPanelSettings(const Settings& settings) {
 
 void CRSS_MainFrame::SetPreviewMode() { rightBottom_->SetMode(settings_.previewMode == 0 ? 1 : 0); }
 
-// The count begins anew each time, also when there is nothing to say: who reads posts lowers the
-// unread total, and is to be told of those that come afterwards.
+// The announced total is set also when nothing is announced. Otherwise posts that arrive after the
+// user has read others would be offset by those and never be announced.
 void CRSS_MainFrame::NotifyOfNewPosts() {
   if (NewPostCount(state_.unreadTotal, state_.announcedTotal) > 0) {
     ShowNewPostNotification();
@@ -300,7 +301,7 @@ void CRSS_MainFrame::ShowNewPostNotification() {
   announcement_->Announce(count, NoticeAlphaValue(settings_.newFeedMsgTransparency));
 }
 
-// What the panes ask for.
+// The functions of the interface Frame.
 
 void CRSS_MainFrame::ReportMessage(std::string_view text) {
   messageText_ = text;
@@ -356,7 +357,8 @@ void CRSS_MainFrame::ListPosts(ListMode mode, PostList list, FirstShown shown) {
 }
 
 void CRSS_MainFrame::RelistPosts(PostList list) {
-  // A search may have found saved posts with the ids of these: it has no place to keep.
+  // Rows are matched by post id, and saved posts have ids of their own: only a list of the same
+  // selection may keep its scroll position.
   const bool isSameList = std::exchange(state_.listShowsSelection, true);
   state_.listMode = ListMode::Selection;
   isSameList ? rightTop_->Refill(std::move(list)) : rightTop_->Fill(std::move(list));
@@ -382,7 +384,8 @@ void CRSS_MainFrame::PostWasRead(const PostRow& post, bool isScrapPost) {
   left_->PostWasRead(post, isScrapPost);
 }
 
-// What a worker has stored and not reported yet is counted here, and no more when it reports.
+// Posts that a worker has stored but not reported yet are added to the unread total here. The
+// worker's later result then adds only what has arrived since.
 void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) {
   std::unordered_map<int, int> before;
   for (const int channelId : channelsAtWork_) before[channelId] = left_->ChannelUnread(channelId);

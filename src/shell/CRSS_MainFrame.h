@@ -27,31 +27,34 @@ enum class NameClash;
 struct ImportEnd;
 struct StartContent;
 
-// Belongs to the interface thread. Its parent is the window that gets its messages.
+// Belongs to the interface thread. `parent` of the constructor owns the frame and receives the
+// status texts; its top-level window receives the messages about the refresh.
 class CRSS_MainFrame : public VxSplitter, public Frame {
   Q_OBJECT
 
  public:
-  // Builds the panes, reads the settings, deletes old posts when that is wanted, fills the tree and
-  // shows the main page. A store that cannot be read is reported to the host.
+  // Builds the panes, reads the stored settings, deletes old posts when the settings want it, fills
+  // the tree and shows the main page. A store that cannot be read is reported to the host.
   CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWidget* parent);
 
-  // Stops a refresh and backs the database up.
+  // Stops the refresh, the import and the feed check, and backs the database up.
   ~CRSS_MainFrame() override;
 
-  // Stops a refresh for good and tells the host, which is still there, that it has ended.
+  // Stops the refresh, the import and the feed check for good. Tells the host that the refresh has
+  // ended if the host was told that it began. To be called while the host's window still exists.
   void EndRefresh();
 
-  // Handles one message; 0 for every one.
+  // Handles the message `number` (a Message; others are ignored). Always returns 0.
   std::intptr_t OnMessage(unsigned number, std::intptr_t wParam, std::intptr_t lParam);
 
-  // The dialog with the settings; what the user confirms is stored and applied. One at a time.
+  // Shows the control panel and returns when it is closed. Confirmed settings are stored and
+  // applied. Does nothing while the panel is open.
   void OpenControlPanel();
-  // Makes these the module's live settings: timers, and how the browser shows posts.
+  // Makes `settings` the live ones: restarts the timers and redraws the page. Modes become 0 or 1.
   void ApplyPanelSettings(const Settings& settings);
 
-  // Tells the user in a window of its own how many posts have come since the last time; in the
-  // place of one that is still there. NotifyOfNewPosts: only when there are some.
+  // Opens a notice window with the number of posts that have arrived since the last notice, in
+  // place of a notice that is still open. NotifyOfNewPosts does so only when there are new posts.
   void ShowNewPostNotification();
   void NotifyOfNewPosts();
 
@@ -91,7 +94,7 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
   void GoToUnreadRow(bool forward) override;
 
  signals:
-  // The browser has drawn the page that was asked for last.
+  // The browser has drawn the page that was requested last.
   void PageShown();
 
  protected:
@@ -122,17 +125,17 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
   const Skin skin_;
   const std::shared_ptr<Store> store_;
   const SharedServices services_;
-  Settings settings_;  // as they were stored when the frame was made, or confirmed since
+  Settings settings_;  // stored when the frame was made, or confirmed since
   SharedState state_;
   const Actions actions_;
-  std::string messageText_;                   // the last text handed to the host
-  std::unique_ptr<FrameRefresh> refresh_;     // null once it was stopped
-  std::unique_ptr<FeedChecker> feedChecker_;  // likewise
-  std::unique_ptr<OpmlImporter> importer_;    // likewise
+  std::string messageText_;                // the last status text sent to the host
+  std::unique_ptr<FrameRefresh> refresh_;  // null after StopRefresh, as the next two are
+  std::unique_ptr<FeedChecker> feedChecker_;
+  std::unique_ptr<OpmlImporter> importer_;
   QPointer<CRSS_AnnounceDlg> announcement_;
   bool isPanelOpen_ = false;
-  bool hostShowsBusy_ = false;  // it was told that a refresh has begun, and not of its end
-  std::unordered_set<int> channelsAtWork_;  // a worker has them, and has not reported yet
+  bool hostShowsBusy_ = false;  // the host was told of a refresh's begin and not yet of its end
+  std::unordered_set<int> channelsAtWork_;  // ids; their workers have begun and not reported yet
 
   CRSS_LeftContainer* left_ = nullptr;
   CRSS_RightTopContainer* rightTop_ = nullptr;

@@ -1,4 +1,4 @@
-// The part of CRSS_MainFrame that lets subscriptions out and in.
+// The part of CRSS_MainFrame that exports and imports subscriptions.
 #include <utility>
 
 #include "exchange/DirectorySearch.h"
@@ -32,7 +32,7 @@ void CRSS_MainFrame::ImportOpml(const ListSource& source) {
   });
 }
 
-// When the store has failed, what it has reported is to stay.
+// After a failure of the store nothing is reported: the store's own message stays on display.
 void CRSS_MainFrame::ReportImport(const ImportEnd& end) {
   if (!end.sums) {
     ReportMessage(WithTitle(skin_.GetText(kSectionTexts, kTextOpmlNotImported),
@@ -52,8 +52,8 @@ void CRSS_MainFrame::MergeOpml(const std::string& path,
   });
 }
 
-// A channel waits for its refresh as soon as it has its row: until then it could be deleted, and be
-// refreshed all the same.
+// Each channel is queued for a refresh as soon as its row is shown, because a channel in the queue
+// cannot be deleted. Queued later, it could be refreshed after the user has deleted it.
 void CRSS_MainFrame::Import(const ListSource& source, NameClash clash,
                             std::function<void(const ImportEnd&)> onEnd) {
   importer_->Start(source, clash,

@@ -25,7 +25,7 @@ class WindowMessage : public QEvent {
   WindowMessage(unsigned theNumber, std::intptr_t theWParam, std::intptr_t theLParam)
       : QEvent(kType), number(theNumber), wParam(theWParam), lParam(theLParam) {}
 
-  const unsigned number;  // a Message
+  const unsigned number;  // one of Message
   const std::intptr_t wParam;
   const std::intptr_t lParam;
   std::intptr_t result = 0;  // the receiver's answer

@@ -10,7 +10,7 @@
 namespace feedloom {
 namespace {
 
-void AddQuestions(CRSS_MainFrame& frame, Actions& actions) {
+void SetAskingActions(CRSS_MainFrame& frame, Actions& actions) {
   actions.askSearchWord = [&frame] { return AskSearchWord(frame, &frame); };
   actions.chooseCabinet = [&frame] { return ChooseCabinet(frame, &frame); };
   actions.askGroupName = [&frame](const auto& name) { return AskGroupName(frame, &frame, name); };
@@ -26,7 +26,7 @@ void AddQuestions(CRSS_MainFrame& frame, Actions& actions) {
   actions.choosePrinter = [&frame](QPrinter& printer) { return ChoosePrinter(printer, &frame); };
 }
 
-void AddDeeds(CRSS_MainFrame& frame, Actions& actions) {
+void SetDialogActions(CRSS_MainFrame& frame, Actions& actions) {
   actions.addChannel = [&frame](const auto& folderName, const auto& address) {
     ShowChannelAdd(frame, &frame, folderName, address);
   };
@@ -43,8 +43,9 @@ void AddDeeds(CRSS_MainFrame& frame, Actions& actions) {
   actions.openOutside = QDesktopServices::openUrl;
 }
 
-// An answer that did not come is empty, also when the frame went meanwhile.
-void AddExchange(CRSS_MainFrame& frame, Actions& actions) {
+// A file dialog that is cancelled, or whose frame is deleted while it is open, gives an empty
+// answer: the frame is not touched then.
+void SetExchangeActions(CRSS_MainFrame& frame, Actions& actions) {
   actions.importFile = [&frame] {
     const std::string path = AskImportFile(frame, &frame);
     if (!path.empty()) frame.ImportOpml({.place = path});
@@ -67,9 +68,9 @@ void AddExchange(CRSS_MainFrame& frame, Actions& actions) {
 
 Actions MakeFrameActions(CRSS_MainFrame& frame) {
   Actions actions;
-  AddQuestions(frame, actions);
-  AddDeeds(frame, actions);
-  AddExchange(frame, actions);
+  SetAskingActions(frame, actions);
+  SetDialogActions(frame, actions);
+  SetExchangeActions(frame, actions);
   return actions;
 }
 

@@ -6,8 +6,8 @@ namespace feedloom {
 
 class CRSS_MainFrame;
 
-// What the commands of the frame's panes do; those that are left out are grey. `frame` outlives
-// them.
+// Returns the actions of the panes' commands, which show dialogs over `frame` and change it.
+// `frame` must outlive the result. Interface thread only.
 Actions MakeFrameActions(CRSS_MainFrame& frame);
 
 }  // namespace feedloom

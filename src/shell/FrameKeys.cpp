@@ -23,10 +23,10 @@ bool HasKeyboard(const QWidget* widget) {
   return focus != nullptr && (focus == widget || widget->isAncestorOf(focus));
 }
 
-// The one between its two parts.
+// Each splitter has two parts; handle 1 lies between them.
 QWidget* DividerOf(const VxSplitter* splitter) { return splitter->handle(1); }
 
-// As the desktop asks when its menu key is pressed.
+// Sends the event that the toolkit sends for the menu key.
 void AskForMenu() {
   QWidget* const focus = QApplication::focusWidget();
   if (focus == nullptr) return;
@@ -37,7 +37,7 @@ void AskForMenu() {
 
 }  // namespace
 
-QWidget* NextStop(const QWidget& frame) {
+QWidget* NextTabStop(const QWidget& frame) {
   const QWidget* const from = QApplication::focusWidget();
   if (from == nullptr) return nullptr;
   for (QWidget* stop = from->nextInFocusChain(); stop != from; stop = stop->nextInFocusChain()) {
@@ -63,7 +63,7 @@ void FrameKeys::AddMenuKey(QWidget& pane) {
   OnKey(pane, Qt::SHIFT | Qt::Key_F10, this, AskForMenu);
 }
 
-// A view that is closed for a while is passed by.
+// A pane whose view is disabled at the moment is skipped.
 void FrameKeys::GoToPane(int step) {
   const auto count = static_cast<int>(panes_.size());
   const auto found = std::ranges::find_if(panes_, HasKeyboard);

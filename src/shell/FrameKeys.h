@@ -1,4 +1,4 @@
-// The keys that lead the keyboard round the frame.
+// Keyboard navigation between the frame's panes and dividers.
 #pragma once
 
 #include <QObject>
@@ -10,20 +10,23 @@ namespace feedloom {
 
 class VxSplitter;
 
-// Where the Tab key leads from here within `frame`; null when the toolkit is to decide. It would go
-// from a pane past the next one's toolbar, as the pane hands the keyboard on to its view.
-QWidget* NextStop(const QWidget& frame);
+// Returns the widget of `frame` that the Tab key moves the focus to; null when the toolkit is to
+// decide. The toolkit alone would skip a pane's toolbar, because the pane's focus proxy is its
+// view.
+QWidget* NextTabStop(const QWidget& frame);
 
-// F6 and Shift+F6 go from pane to pane, F8 to the dividers, one after the other, from where Enter
-// and Escape lead back. Shift+F10 opens the menu where the menu key does; the browser has it from
-// its engine.
+// F6 and Shift+F6 move the focus to the next or previous pane. F8 moves it to the dividers, one
+// after the other; Enter and Escape move it back. Interface thread only.
 class FrameKeys : public QObject {
   Q_OBJECT
 
  public:
-  // The panes from first to last; all belong to `frame`, as the object does.
+  // `panes` in the order of F6, `splitters` in the order of F8: all children of `frame`, which owns
+  // this object, too.
   FrameKeys(QWidget& frame, std::vector<QWidget*> panes, std::vector<VxSplitter*> splitters);
 
+  // Makes Shift+F10 open the context menu in `pane`, as the menu key does. The browser's engine has
+  // this key of its own.
   void AddMenuKey(QWidget& pane);
 
  private:
@@ -33,7 +36,7 @@ class FrameKeys : public QObject {
 
   const std::vector<QWidget*> panes_;
   const std::vector<VxSplitter*> splitters_;
-  QPointer<QWidget> before_;  // what had the keyboard before a divider
+  QPointer<QWidget> before_;  // had the focus before a divider got it
 };
 
 }  // namespace feedloom

@@ -7,11 +7,12 @@
 
 namespace feedloom {
 
-// The refresh, with its messages handled on the interface thread. Made and ended there.
+// The refresh engine, with its messages handed over to the interface thread. Constructed and
+// destroyed on the interface thread.
 class FrameRefresh {
  public:
-  // `toFrame` and `toHost` get the messages until `thread` is closed, which must come before the
-  // object ends.
+  // `toFrame` and `toHost` are called with the messages on the interface thread until `thread` is
+  // closed. `thread` must be closed before this object is destroyed.
   FrameRefresh(const std::shared_ptr<InterfaceThread>& thread, SharedServices services,
                InterfaceTarget::Handler toFrame, InterfaceTarget::Handler toHost)
       : frame_(thread, std::move(toFrame)),

@@ -1,4 +1,4 @@
-// The module's entry: what happens when it is loaded, and its two exported functions.
+// The module's entry points: its constructor and its two exported functions.
 #include <QApplication>
 #include <QPointer>
 #include <exception>
@@ -11,7 +11,7 @@
 namespace feedloom {
 namespace {
 
-// The module's only state; empty while no frame stands.
+// The module's only state; null while there is no frame.
 QPointer<CRSS_MainFrame> theFrame;
 
 __attribute__((constructor)) void OnLoad() { PrepareBrowser(); }

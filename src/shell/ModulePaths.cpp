@@ -7,7 +7,7 @@
 namespace feedloom {
 namespace {
 
-// An address inside the library, for the loader to tell its file.
+// dladdr finds the library's file by an address inside the library.
 const char kHere = 0;
 
 std::string ModuleFile() {

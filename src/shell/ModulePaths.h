@@ -4,8 +4,9 @@
 
 namespace feedloom {
 
-// Where the module's files lie, as it was loaded; links in the path are not resolved, so that users
-// who share one installed module by links have files of their own. The file system's own bytes.
+// The paths of the module's files, relative to the path that the module was loaded from. Links in
+// that path are not resolved: users may share one installed module by links and still have files of
+// their own. Paths are in the file system's own bytes.
 //
 //   <profile>/registry.reg         the host's registry
 //   <profile>/module/feedloom.so   the module, and beside it the database
@@ -14,7 +15,7 @@ struct ModulePaths {
   std::string registry;
 };
 
-// Of the library that this code is in. Any thread.
+// Returns the paths for the library that contains this code. Any thread may call it.
 ModulePaths FindModulePaths();
 
 }  // namespace feedloom

@@ -41,7 +41,7 @@ Settings Load(const Registry& registry, std::span<const Field> fields) {
   return settings;
 }
 
-// A value that cannot be written is dropped, as the next one will be.
+// A failure is ignored: nothing depends on the numbers, and the texts would fail as well.
 void SaveNumber(const Registry& registry, const Settings& settings, const Field& field) {
   const auto number = static_cast<std::uint32_t>(settings.*field.member);
   (void)registry.WriteDword(kModuleKey, field.name, number);

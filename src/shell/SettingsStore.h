@@ -1,6 +1,6 @@
-// The user's settings in the registry. Each is stored twice, as a number under its name and as that
-// number's decimal text under its name and "Str"; only the text is ever read back, the number is
-// for other programs. Any thread.
+// The user's settings in the registry. Each setting is stored twice: as a number under its name,
+// for other programs, and as decimal text under its name with "Str" appended. Only the text is read
+// back. Any thread may call these functions.
 #pragma once
 
 #include "platform/Registry.h"
@@ -8,11 +8,12 @@
 
 namespace feedloom {
 
-// The modes as 0 or 1, as the running module has them.
+// Returns `settings` with 1 for every mode that is not 0.
 Settings WithModesAsFlags(Settings settings);
 
-// A value that is missing or no number is 0. Three readers and writers, three orders: programs that
-// watch the registry see the values in the order that each of them always had.
+// A value that is missing or not a number is read as 0; LoadFrameSettings returns modes as 0 or 1.
+// A value that cannot be written is dropped. Each function has its own order of the values, and new
+// values stand in the registry file in the order of SavePanelSettings.
 Settings LoadFrameSettings(const Registry& registry);
 Settings LoadPanelSettings(const Registry& registry);
 void SavePanelSettings(const Registry& registry, const Settings& settings);

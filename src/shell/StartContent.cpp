@@ -13,29 +13,30 @@
 namespace feedloom {
 namespace {
 
-// A store for one thread, because what it has to say is told when the interface thread can hear it.
-class SilentStore {
+// A store that collects its failure messages. They can be reported only after the interface thread
+// has built the panes.
+class CollectingStore {
  public:
-  SilentStore(const std::string& dbPath, CodePage codePage)
+  CollectingStore(const std::string& dbPath, CodePage codePage)
       : store(dbPath, codePage, SystemClock(),
               [this](std::string_view text) { failures.emplace_back(text); }) {}
-  SilentStore(const SilentStore&) = delete;
-  SilentStore& operator=(const SilentStore&) = delete;
+  CollectingStore(const CollectingStore&) = delete;
+  CollectingStore& operator=(const CollectingStore&) = delete;
 
   std::vector<std::string> failures;
   Store store;
 };
 
 StartContent Read(const std::string& dbPath, CodePage codePage, const Settings& settings) {
-  SilentStore own(dbPath, codePage);
+  CollectingStore own(dbPath, codePage);
   StartContent content;
   content.unread = CountUnreadPosts(own.store);
   if (settings.feedDeleteMode == 0 && settings.feedDeleteDate > 0) {
     DeleteOldPosts(own.store, settings.feedDeleteDate);
   }
-  // Counting for the folders takes as long as for the channels.
+  // The folders are read in parallel: their unread counts take as long as those of the channels.
   std::vector<FolderRow> folders;
-  SilentStore foldersOwn(dbPath, codePage);
+  CollectingStore foldersOwn(dbPath, codePage);
   auto reading = std::async(std::launch::async, [&] { LoadFolderList(foldersOwn.store, folders); });
   content.tree = ReadTreeBelowFolders(own.store);
   reading.wait();

@@ -10,17 +10,18 @@
 
 namespace feedloom {
 
-// What the frame reads from the store when it is made.
+// The content of the store that the frame shows at its start.
 struct StartContent {
-  int unread = 0;  // posts, before the clean-up; -1 when they cannot be counted
+  int unread = 0;  // unread posts before old ones are deleted; -1 when they cannot be counted
   TreeContent tree;
-  std::vector<std::string> failures;  // what the store had to say
+  std::vector<std::string> failures;  // messages of the store, in its code page
 };
 
-// Counts the unread posts, deletes old ones when `settings` want that, and reads the tree, in this
-// order and on threads of its own: the store's pauses pass while the panes are built. No other
-// thread of the module may use the database until the answer is taken. The future's end waits for
-// theirs.
+// Counts the unread posts, then deletes old posts when `settings` want it, then reads the tree.
+// Runs on two threads of its own, so that the pauses between the statements pass while the panes
+// are built. `dbPath` is the database file, in the file system's own bytes. Until the result is
+// taken, no other thread of the module may use the database. The future's destructor waits for the
+// threads.
 std::future<StartContent> ReadStart(std::string dbPath, CodePage codePage,
                                     const Settings& settings);
 
