@@ -43,7 +43,6 @@ def wait_until(is_true, what):
 
 
 class Ended(typing.NamedTuple):
-    """How a program has ended."""
     status: int
     out: str
     err: str
@@ -56,7 +55,7 @@ class Program:
     def __init__(self, command, err=None, **options):
         self.out, self.err = tempfile.TemporaryFile(), err or tempfile.TemporaryFile()
         self.began = time.monotonic()
-        self.process = subprocess.Popen([str(part) for part in command], stdin=subprocess.DEVNULL,
+        self.process = subprocess.Popen(list(map(str, command)), stdin=subprocess.DEVNULL,
                                         stdout=self.out, stderr=self.err, **options)
 
     def __enter__(self):
@@ -70,7 +69,6 @@ class Program:
         self.err.close()
 
     def printed(self):
-        """What it has written to stdout so far."""
         return os.pread(self.out.fileno(), os.fstat(self.out.fileno()).st_size, 0).decode()
 
     def ends_within(self, seconds):
@@ -93,7 +91,6 @@ class Program:
         return self.finish().status
 
     def finish(self):
-        """Waits for its end."""
         if not self.ends_within(PATIENCE):
             raise TimeoutError(f"{self.process.args} does not end\n{self.printed()}")
         seconds = time.monotonic() - self.began
@@ -110,7 +107,6 @@ def texts(pattern):
 
 
 def children(process):
-    """The ids of all processes below this one."""
     below = [int(child) for text in texts(f"/proc/{process}/task/*/children")
              for child in text.split()]
     return below + [more for child in below for more in children(child)]
@@ -146,7 +142,6 @@ class Database:
             return connection.execute(statement, values).fetchall()
 
     def rows(self):
-        """All that lasts, by table."""
         return {table: set(self.sql(f"select {columns} from {table}"))
                 for table, columns in LASTING.items()}
 
@@ -167,8 +162,7 @@ class Profile:
         self.database = Database(self.folder / "module/rssdb")
         self.backup = Database(self.folder / "module/rssdb.bak")
         made = self.run("init", "--lang", "ENG", "--code-page", "UTF-8")
-        if made.status != 0:
-            raise RuntimeError(f"no profile: {made.err}")
+        assert made.status == 0, made.err
         self.database.sql("delete from TB_CHANNEL")
         self.add_channels(1, [(name, server.url(name)) for name in channels])
 
@@ -179,7 +173,6 @@ class Profile:
                                    f"channel_xmllink) values({folder}, ?, ?)", channels)
 
     def add_posts(self, channels, count, text="text"):
-        """So many for each channel."""
         with self.database.connection() as connection:
             connection.executemany(
                 "insert into TB_POST(post_channelID, post_title, post_link, post_desc) "
@@ -204,7 +197,6 @@ class Profile:
                        env=environment, **options)
 
     def links(self):
-        """The links of all posts."""
         return {link for (link,) in self.database.sql("select post_link from TB_POST")}
 
     def files(self):
@@ -289,7 +281,6 @@ class Handler(http.server.BaseHTTPRequestHandler):
         self.wfile.write("\r\n".join(lines).encode())
 
     def wait(self):
-        """Until the server ends."""
         self.close_connection = True
         self.server.ends.wait()
 
@@ -298,7 +289,6 @@ class Handler(http.server.BaseHTTPRequestHandler):
 
 
 def feed(title, *links, text="text"):
-    """An RSS document with a post for each link."""
     items = "".join(f"<item><title>Post</title><link>{link}</link><description>{text}</description>"
                     "</item>" for link in links)
     return (f"<rss version='2.0'><channel><title>{title}</title><link>http://site.example/</link>"
@@ -306,8 +296,6 @@ def feed(title, *links, text="text"):
 
 
 class Story(unittest.TestCase):
-    """A test with a folder and a server of its own."""
-
     def setUp(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="feedloom-faults-"))
         self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
@@ -317,7 +305,6 @@ class Story(unittest.TestCase):
         return Profile(self.folder / name, self.server, channels)
 
     def show(self, profile, **options):
-        """A window that shows its first page."""
         window = self.enterContext(profile.start_window(**options))
         wait_until(lambda: pages(window), "the window shows no page")
         return window
