@@ -35,17 +35,14 @@ class Reading : public CtlFixture {
 TEST_F(Reading, PostsAreListedNewestFirstInEveryScope) {
   Prepare();
   EXPECT_EQ(Out("clip " + ids_[1] + " --cabinet 1"), "clipped\n");
-  const std::pair<const char*, std::string> cases[] = {{"", all_},
-                                                       {"--channel 2", all_},
-                                                       {"--folder 1", all_},
-                                                       {"--cabinet 1", "둘 two;"},
-                                                       {"--search O", "둘 two;하나 one;"},
-                                                       {"--channel 2 --search 둘", "둘 two;"},
-                                                       {"--folder 1 --search 둘", "둘 two;"},
-                                                       {"--cabinet 1 --search 셋", ""},
-                                                       {"--today", ""},
-                                                       {"--folder 1 --today", ""}};
-  for (const auto& [scope, titles] : cases) EXPECT_EQ(Titles(scope), titles) << scope;
+  const std::map<std::string, std::vector<const char*>> scopes{
+      {all_, {"", "--channel 2", "--folder 1"}},
+      {"둘 two;", {"--cabinet 1", "--channel 2 --search 둘", "--folder 1 --search 둘"}},
+      {"둘 two;하나 one;", {"--search O"}},
+      {"", {"--cabinet 1 --search 셋", "--today", "--folder 1 --today"}}};
+  for (const auto& [titles, options] : scopes) {
+    for (const char* scope : options) EXPECT_EQ(Titles(scope), titles) << scope;
+  }
   json post = RunJson("posts")[2];
   post.erase("id");
   EXPECT_EQ(post.dump(), R"({"channel":"A","date":"2003-06-10 04:00:00","description":"<b>1</b>",)"
@@ -124,7 +121,8 @@ TEST_F(Reading, ACommandThatNamesNothingOrTheWrongThingChangesNothing) {
                                 "posts --today --search o",
                                 "posts --folder 1 --cabinet 1",
                                 "posts --today --channel 2",
-                                "posts --today --cabinet 1"}) {
+                                "posts --today --cabinet 1",
+                                "directory a --page 0"}) {
     EXPECT_EQ(Status(arguments), 2) << arguments;
   }
   ExpectRefused({{"delete --post " + ids_[0] + " 999", "there is no post 999\n"},

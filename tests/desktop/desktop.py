@@ -45,29 +45,33 @@ class Desktop:
 
     def __init__(self, accessible=True):
         self._accessible = accessible
-        # Who is orphaned comes to this process, so that it can be ended and waited for.
+        # Orphans become children of this process, so that it can end them and wait for them.
         LIBC.prctl(PR_SET_CHILD_SUBREAPER, 1)
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="feedloom-desktop-"))
 
     def __enter__(self):
-        try:
+        with contextlib.ExitStack() as on_failure:
+            on_failure.callback(self.__exit__)
             self._set_up()
-        except BaseException:
-            self._end()
-            raise
+            on_failure.pop_all()
         return self
 
     def __exit__(self, *_):
-        self._end()
+        for number in (signal.SIGTERM, signal.SIGKILL):
+            told = set()
+            deadline = time.monotonic() + PATIENCE
+            while (left := children()) and time.monotonic() < deadline:
+                for child in set(left) - told:
+                    os.kill(child, number)
+                told.update(left)
+                wait_for_end(left[0])
+        shutil.rmtree(self.folder, ignore_errors=True)
 
     def start(self, *command, **options):
         """Starts a program that ends with the desktop; what it says goes to a file of its name."""
-        with open(self.log_of(command[0]), "ab") as log:
+        with open(self.folder / (pathlib.Path(command[0]).name + ".log"), "ab") as log:
             return subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=log, stderr=log,
                                     preexec_fn=end_with_parent, **options)
-
-    def log_of(self, program):
-        return self.folder / (pathlib.Path(program).name + ".log")
 
     def logs(self):
         return "\n".join(f"--- {path.name}\n{path.read_text(errors='replace')[-2000:]}"
@@ -100,11 +104,9 @@ class Desktop:
     def start_and_read(self, *command):
         """Starts a program that tells a line on the file descriptor put for "{}" when ready."""
         reader, writer = os.pipe()
-        try:
-            self.start(*(str(part).format(writer) for part in command), pass_fds=[writer])
-        finally:
-            os.close(writer)
         with open(reader, "rb", buffering=0) as pipe:
+            with open(writer, "wb"):
+                self.start(*(str(part).format(writer) for part in command), pass_fds=[writer])
             return self._read_line(pipe, command[0])
 
     def _read_line(self, pipe, program):
@@ -117,14 +119,3 @@ class Desktop:
                 raise RuntimeError(f"{program} has ended\n{self.logs()}")
             line += part
         return line.decode().strip()
-
-    def _end(self):
-        for number in (signal.SIGTERM, signal.SIGKILL):
-            told = set()
-            deadline = time.monotonic() + PATIENCE
-            while (left := children()) and time.monotonic() < deadline:
-                for child in set(left) - told:
-                    os.kill(child, number)
-                told.update(left)
-                wait_for_end(left[0])
-        shutil.rmtree(self.folder, ignore_errors=True)
