@@ -33,9 +33,7 @@ class Directory : public CtlFixture {
     const std::string name(codePage.DeclaredName());
     Stop();
     // Reading from the pipe waits for the line with the address.
-    Shell("rm -f pipe end; mkfifo pipe end; (timeout 300 " FEEDLOOM_DIRECTORY
-          " --port 0 --code-page " +
-          name +
+    Shell("rm -f pipe end; mkfifo pipe end; (" FEEDLOOM_DIRECTORY " --port 0 --code-page " + name +
           " list >pipe & echo $! >pid; wait $!; echo $? >end) 2>err & "
           "read address <pipe; echo $address >address");
     std::ifstream(folder_.File("address")) >> address_;

@@ -18,6 +18,7 @@ class Reading : public CtlFixture {
     Run("delete --channel 1");
     Run("refresh");
     for (const json& post : RunJson("posts")) ids_.insert(ids_.begin(), post["id"].dump());
+    if (ids_.size() != 3) throw std::runtime_error("not three posts");
   }
   std::string Titles(const std::string& arguments = "") const {
     std::string titles;
