@@ -2,18 +2,17 @@
 #include <sqlite3.h>
 #include <stdlib.h>
 
-#include <algorithm>
 #include <filesystem>
+#include <set>
 #include <thread>
 
 #include "kit/TempFolder.h"
 #include "platform/UrlDownload.h"
-#include "platform/XmlDom.h"
 #include "profile/FirstChoices.h"
 #include "profile/HostTexts.h"
+#include "profile/IniFile.h"
 #include "profile/Profile.h"
 #include "profile/SharePaths.h"
-#include "skin/HostConfig.h"
 #include "skin/Keys.h"
 
 namespace feedloom {
@@ -23,259 +22,195 @@ namespace fs = std::filesystem;
 
 class ProfileTest : public testing::Test {
  protected:
-  Failure Create(CodePage codePage = CodePage::Korean(), const std::string& language = "KOR") {
-    return CreateProfile(paths_.dir, ShareDir(), codePage, language);
+  // The failure's text, "" without one.
+  std::string Create(const std::string& language = "KOR", CodePage codePage = CodePage::Korean()) {
+    return CreateProfile(paths_.dir, share_, codePage, language).value_or("");
   }
+  std::string Repair() const { return RepairSharePaths(paths_.dir, ShareDir()).value_or(""); }
   HostConfig Config() const { return HostConfig(Registry(paths_.registry)); }
-
-  // The cells of all rows that `sql` gives, or the error message.
-  std::vector<std::string> Query(const std::string& sql) const {
-    std::vector<std::string> cells;
-    sqlite3* database = nullptr;
-    sqlite3_open(paths_.database.c_str(), &database);
-    const auto add = [](void* list, int count, char** values, char**) {
-      for (int i = 0; i < count; ++i) {
-        const char* value = values[i] == nullptr ? "NULL" : values[i];
-        static_cast<std::vector<std::string>*>(list)->emplace_back(value);
-      }
+  void CopyShare() {
+    share_ = folder_.File("share");
+    fs::copy(ShareDir(), share_, fs::copy_options::recursive);
+  }
+  // The first cell of the last row that `sql` gives.
+  std::string Query(const char* sql) const {
+    std::string cell;
+    const auto keep = [](void* into, int, char** cells, char**) {
+      *static_cast<std::string*>(into) = cells[0];
       return 0;
     };
-    if (sqlite3_exec(database, sql.c_str(), add, &cells, nullptr) != SQLITE_OK) {
-      cells = {sqlite3_errmsg(database)};
-    }
+    sqlite3* database = nullptr;
+    sqlite3_open(paths_.database.c_str(), &database);
+    EXPECT_EQ(sqlite3_exec(database, sql, keep, &cell, nullptr), SQLITE_OK) << sql;
     sqlite3_close(database);
-    return cells;
+    return CodePage::Korean().ToUtf8(cell);
   }
-
-  // All entries below the profile, relative to it.
-  std::vector<std::string> Entries() const {
-    std::vector<std::string> names;
+  std::set<std::string> Entries() const {
+    std::set<std::string> names;
     for (const auto& entry : fs::recursive_directory_iterator(paths_.dir)) {
-      names.push_back(fs::relative(entry.path(), paths_.dir));
+      names.insert(fs::relative(entry.path(), paths_.dir));
     }
-    std::ranges::sort(names);
     return names;
   }
 
   const TempFolder folder_;
   const ProfilePaths paths_{folder_.File("deep/내 프로필")};
+  const std::set<std::string> whole_{"module", "module/rssdb", "registry.reg", "sample.xml",
+                                     "work"};
+  std::string share_ = ShareDir();
 };
 
-const std::vector<std::string> kWholeProfile = {"module", "module/rssdb", "registry.reg",
-                                                "sample.xml", "work"};
-
-TEST_F(ProfileTest, HoldsAProtectedFolderACabinetAndTheSampleChannel) {
-  ASSERT_EQ(Create(), std::nullopt);
-  const CodePage korean = CodePage::Korean();
-  EXPECT_EQ(Entries(), kWholeProfile);
-  EXPECT_EQ(Query("SELECT folder_name, folder_order FROM TB_FOLDER"),
-            (std::vector<std::string>{korean.FromUtf8("기본 그룹"), "-1"}));
-  EXPECT_EQ(Query("SELECT scrap_channel_title, scrap_channel_order FROM TB_SCRAP_CHANNEL"),
-            (std::vector<std::string>{korean.FromUtf8("내 보관함"), "0"}));
-  EXPECT_EQ(Query("SELECT channel_title, channel_type, channel_state FROM TB_CHANNEL"
-                  " JOIN TB_FOLDER ON channel_folderID = folder_id"),
-            (std::vector<std::string>{korean.FromUtf8("Feedloom 시작하기"), "NULL", "0"}));
-}
-
-TEST_F(ProfileTest, TheDatabaseFillsInWhatTheModuleDoesNotWrite) {
-  ASSERT_EQ(Create(), std::nullopt);
+TEST_F(ProfileTest, HoldsAProtectedFolderACabinetAndTheSampleChannelForItsUserAlone) {
+  ASSERT_EQ(Create(), "");
+  EXPECT_EQ(Entries(), whole_);
+  for (const auto& dir : {folder_.File("deep"), paths_.dir, paths_.moduleDir, paths_.workDir}) {
+    EXPECT_EQ(fs::status(dir).permissions(), fs::perms::owner_all) << dir;
+  }
+  EXPECT_EQ(Query("SELECT group_concat(folder_name || folder_order) FROM TB_FOLDER"),
+            "기본 그룹-1");
+  EXPECT_EQ(Query("SELECT group_concat(scrap_channel_title || scrap_channel_order) ||"
+                  " length(scrap_channel_createDate) FROM TB_SCRAP_CHANNEL"),
+            "내 보관함019");
+  EXPECT_EQ(Query("SELECT channel_title || quote(channel_type) || channel_state ||"
+                  " length(channel_createDate) FROM TB_CHANNEL JOIN TB_FOLDER"
+                  " ON channel_folderID = folder_id"),
+            "Feedloom 시작하기NULL019");
+  const std::string address = Query("SELECT channel_xmllink FROM TB_CHANNEL");
+  EXPECT_TRUE(UrlDownloadToFile({.address = address}, folder_.File("copy.xml"), {}).ok) << address;
   Query("INSERT INTO TB_POST(post_channelID, post_Desc) VALUES(1, 'x')");
-  EXPECT_EQ(Query("SELECT post_readStatus, abs(julianday('now') - julianday(post_createDate)) < 1,"
-                  " length(post_createDate), post_updateDate FROM TB_POST"),
-            (std::vector<std::string>{"0", "1", "19", "NULL"}));
-  EXPECT_EQ(Query("SELECT length(channel_createDate), length(scrap_channel_createDate)"
-                  " FROM TB_CHANNEL, TB_SCRAP_CHANNEL"),
-            (std::vector<std::string>{"19", "19"}));
-  const auto plan = Query(
-      "EXPLAIN QUERY PLAN SELECT 1 FROM TB_POST WHERE post_channelID = 1 AND post_link = 'l'");
-  EXPECT_NE(plan.back().find("IX_POST_CHANNEL_LINK"), std::string::npos) << plan.back();
+  EXPECT_EQ(Query("SELECT post_readStatus || length(post_createDate) || quote(post_updateDate) ||"
+                  " (abs(julianday('now') - julianday(post_createDate)) < 1) FROM TB_POST"),
+            "019NULL1");
+  EXPECT_EQ(Query("SELECT count(*) FROM sqlite_master WHERE name = 'IX_POST_CHANNEL_LINK'"), "1");
 }
 
-TEST_F(ProfileTest, TheRegistryNamesThePlacesAndTheLanguage) {
-  ASSERT_EQ(Create(CodePage::Utf8(), "eng"), std::nullopt);
-  const HostConfig config = Config();
-  EXPECT_EQ(config.GetCodePage(), CodePage::Utf8());
-  EXPECT_EQ(config.GetHostLanguage(), "ENG");
-  EXPECT_EQ(config.GetAppTitle(), "Halvix 3.0");
-  EXPECT_EQ(config.GetWorkDir(), paths_.workDir);
-  EXPECT_EQ(config.GetImageDir(), ShareDir() + "/skin/light/");
-  EXPECT_EQ(config.GetCurrentPath(), ShareDir() + "/skin/light");
-  EXPECT_EQ(ReadHostTexts(config).HostGetText(kSectionTexts, kTextScrapTooltip),
-            "Save to a cabinet");
-  EXPECT_EQ(ReadHostTexts(config).HostGetText(kSectionTexts, kTextUrlScheme), "http");
-}
-
-TEST_F(ProfileTest, TheSampleChannelsFeedCanBeFetchedAndRead) {
-  for (const char* language : {"KOR", "ENG"}) {
-    fs::remove_all(paths_.dir);
-    ASSERT_EQ(Create(CodePage::Korean(), language), std::nullopt);
-    const std::string address = Query("SELECT channel_xmllink FROM TB_CHANNEL").at(0);
-    EXPECT_TRUE(address.starts_with("file:///")) << address;
-    const std::string copy = folder_.File("copy.xml");
-    EXPECT_TRUE(UrlDownloadToFile({.address = address}, copy, {}).ok) << address;
-    XmlDocument feed;
-    ASSERT_EQ(feed.Load(copy), XmlDocument::LoadStatus::Loaded);
-    EXPECT_EQ(feed.Root().Descendants("item").size(), 5u);
-    for (const XmlElement item : feed.Root().Descendants("item")) {
-      const std::string description = item.FirstDescendant("description").Text();
-      EXPECT_EQ(CodePage::Korean().FromUtf8(description).find('?') != std::string::npos,
-                description.find('?') != std::string::npos)
-          << "a character outside the Korean code page: " << description;
-    }
+TEST_F(ProfileTest, TheRegistryNamesPlacesLanguageTextsAndWhatIsDeletedWhen) {
+  ASSERT_EQ(Create("eng", CodePage::Utf8()), "");
+  EXPECT_EQ(Config().GetCodePage(), CodePage::Utf8());
+  EXPECT_EQ(Config().GetHostLanguage() + Config().GetAppTitle(), "ENGHalvix 3.0");
+  EXPECT_EQ(Config().GetWorkDir(), paths_.workDir);
+  for (const auto& [name, value] : {std::pair("FeedDeleteMode", 1u), {"FeedDeleteDate", 30u}}) {
+    const Registry registry(paths_.registry);
+    EXPECT_EQ(registry.ReadDword(kModuleKey, name), value);
+    EXPECT_EQ(registry.ReadString(kModuleKey, name + std::string("Str")), std::to_string(value));
   }
-}
-
-TEST_F(ProfileTest, IsForItsUserAlone) {
-  ASSERT_EQ(Create(), std::nullopt);
-  for (const std::string& directory :
-       {folder_.File("deep"), paths_.dir, paths_.moduleDir, paths_.workDir}) {
-    EXPECT_EQ(fs::status(directory).permissions(), fs::perms::owner_all) << directory;
-  }
-}
-
-TEST_F(ProfileTest, AnExistingProfileIsLeftAlone) {
-  fs::create_directories(paths_.dir);
-  folder_.Write("deep/내 프로필/registry.reg", "mine");
-  const Failure failure = Create();
-  ASSERT_TRUE(failure);
-  EXPECT_NE(failure->find("There is a profile in"), std::string::npos) << *failure;
-  EXPECT_EQ(Entries(), std::vector<std::string>{"registry.reg"});
-  EXPECT_EQ(folder_.Read("deep/내 프로필/registry.reg"), "mine");
+  const auto [text, value] = ReadHostTexts(Config());
+  EXPECT_EQ(text(kSectionTexts, kTextScrapTooltip), "Save to a cabinet");
+  EXPECT_EQ(text(kSectionTexts, kTextUrlScheme), "http") << "the same in all languages";
+  EXPECT_EQ(text(kSectionTexts, "none"), "");
+  EXPECT_EQ(value(kSectionHtml, kImageMainPage), "rss_html/main_ENG.html");
+  EXPECT_EQ(value(kSectionColors, "COLOR_TEXT"), "#2B3A40") << "the skin's own";
 }
 
 TEST_F(ProfileTest, AnInterruptedCreationIsDoneAgainAndKeepsTheDatabase) {
-  ASSERT_EQ(Create(), std::nullopt);
+  ASSERT_EQ(Create(), "");
+  EXPECT_EQ(Create(), "There is a profile in '" + paths_.dir + "' already.");
   Query("UPDATE TB_FOLDER SET folder_name = 'kept'");
-  fs::remove(paths_.registry);
-  fs::remove(paths_.workDir);
+  fs::remove(paths_.registry), fs::remove(paths_.workDir);
   folder_.Write("deep/내 프로필/registry.reg.new", "half");
-  EXPECT_EQ(Create(), std::nullopt);
-  EXPECT_EQ(Query("SELECT folder_name FROM TB_FOLDER"), std::vector<std::string>{"kept"});
-  EXPECT_EQ(Entries(), kWholeProfile);
+  EXPECT_EQ(Create(), "");
+  EXPECT_EQ(Query("SELECT folder_name FROM TB_FOLDER"), "kept");
+  EXPECT_EQ(Entries(), whole_);
 
   fs::remove(paths_.registry);
   fs::rename(paths_.database, paths_.database + ".new");  // whole, but not in its place yet
   folder_.Write("deep/내 프로필/module/rssdb.new-journal", "half");
-  EXPECT_EQ(Create(), std::nullopt);
-  EXPECT_EQ(Query("SELECT count(*) FROM TB_CHANNEL"), std::vector<std::string>{"1"});
-  EXPECT_EQ(Entries(), kWholeProfile);
+  EXPECT_EQ(Create(), "");
+  EXPECT_EQ(Query("SELECT count(*) FROM TB_CHANNEL"), "1");
+  EXPECT_EQ(Entries(), whole_);
 }
 
 TEST_F(ProfileTest, OfTwoCreationsAtATimeOneSucceeds) {
-  Failure first;
+  std::string first;
   std::thread other([&] { first = Create(); });
-  const Failure second = Create();
+  const std::string second = Create();
   other.join();
-  EXPECT_NE(first.has_value(), second.has_value());
-  EXPECT_EQ(Query("SELECT count(*) FROM TB_CHANNEL"), std::vector<std::string>{"1"});
-  EXPECT_EQ(Entries(), kWholeProfile);
+  EXPECT_NE(first.empty(), second.empty());
+  EXPECT_EQ(Query("SELECT count(*) FROM TB_CHANNEL"), "1");
 }
 
-TEST_F(ProfileTest, WhatStandsInTheWayIsNamed) {
+TEST_F(ProfileTest, WhatStandsInTheWayIsNamedAndNoDatabaseIsLeftHalfMade) {
+  CopyShare();
+  EXPECT_EQ(Create("XYZ"), "Cannot read the shared file '" + share_ + "/sample/XYZ.xml'.");
   const std::string blocker = folder_.Write("deep", "a file");
-  Failure failure = Create();
-  EXPECT_EQ(failure, "Cannot create the directory '" + blocker + "': Not a directory.");
+  EXPECT_EQ(Create(), "Cannot create the directory '" + blocker + "': Not a directory.");
   fs::remove(blocker);
-
-  fs::create_directories(paths_.database);
-  failure = Create();
-  ASSERT_TRUE(failure);
-  EXPECT_NE(failure->find(paths_.database + "': Is a directory."), std::string::npos) << *failure;
-  EXPECT_FALSE(ProfileExists(paths_));
-  EXPECT_EQ(Entries(), (std::vector<std::string>{"module", "module/rssdb", "sample.xml", "work"}));
-}
-
-TEST_F(ProfileTest, WithoutItsIngredientsNothingIsMade) {
-  const std::string share = folder_.File("share");
-  EXPECT_EQ(CreateProfile(paths_.dir, share, CodePage::Korean(), "KOR"),
-            "Cannot read the shared file '" + share + "/schema.sql'.");
-  EXPECT_TRUE(Create(CodePage::Korean(), "XYZ"));
-  fs::copy(ShareDir(), share, fs::copy_options::recursive);
+  for (const auto& [sql, words] : {std::pair("nonsense;", "syntax error"),
+                                   {"CREATE TABLE TB_FOLDER (folder_id);", "no column"}}) {
+    folder_.Write("share/schema.sql", sql);
+    EXPECT_NE(Create().find(words), std::string::npos) << sql;
+    EXPECT_EQ(Entries(), std::set<std::string>({"module", "sample.xml", "work"}));
+  }
   folder_.Write("share/string.ini", "[HALVIX]\n");
-  EXPECT_EQ(CreateProfile(paths_.dir, share, CodePage::Korean(), "KOR"),
-            "The shared file '" + share + "/string.ini' lacks the text PROFILE_FOLDER.");
-  EXPECT_TRUE(
-      CreateProfile(folder_.File(std::string(250, 'x')), ShareDir(), CodePage::Korean(), "KOR"));
-  EXPECT_EQ(folder_.Names(), std::vector<std::string>{"share"});
+  EXPECT_EQ(Create(), "The shared file '" + share_ + "/string.ini' lacks the text PROFILE_FOLDER.");
+  share_ = ShareDir();
+  for (const std::size_t length : {259u, 260u}) {  // of the work folder's path
+    const std::string name(length - sizeof("/work") - folder_.Path().size(), 'x');
+    const Failure failure = CreateProfile(folder_.File(name), share_, CodePage::Korean(), "KOR");
+    EXPECT_EQ(failure.has_value(), length == 260);
+  }
+  fs::create_directories(paths_.database);
+  EXPECT_NE(Create().find(paths_.database + "': Is a directory."), std::string::npos);
+  EXPECT_FALSE(ProfileExists(paths_));
 }
 
-TEST_F(ProfileTest, ABadSchemaLeavesNoDatabase) {
-  const std::string share = folder_.File("share");
-  fs::copy(ShareDir(), share, fs::copy_options::recursive);
-  folder_.Write("share/schema.sql", "CREATE TABLE TB_FOLDER (folder_id); nonsense;");
-  const Failure failure = CreateProfile(paths_.dir, share, CodePage::Korean(), "KOR");
-  ASSERT_TRUE(failure);
-  EXPECT_NE(failure->find("syntax error"), std::string::npos) << *failure;
-  EXPECT_EQ(Entries(), (std::vector<std::string>{"module", "sample.xml", "work"}));
-}
-
-TEST_F(ProfileTest, SharedPathsAreRepairedOnceTheyAreGone) {
-  const std::string share = folder_.File("share");
-  fs::copy(ShareDir(), share, fs::copy_options::recursive);
-  ASSERT_EQ(CreateProfile(paths_.dir, share, CodePage::Korean(), "KOR"), std::nullopt);
-
-  EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt);
-  EXPECT_EQ(Config().GetIniDir(), share + "/");
-
-  fs::remove_all(share);
-  EXPECT_EQ(RepairSharePaths(paths_.dir, share), "There is no directory '" + share + "'.");
-  EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt);
-  EXPECT_EQ(Config().GetIniDir(), ShareDir() + "/");
-  EXPECT_EQ(Config().GetImageDir(), ShareDir() + "/skin/light/");
-  EXPECT_EQ(Config().GetCurrentPath(), ShareDir() + "/skin/light");
-  EXPECT_EQ(Config().GetWorkDir(), paths_.workDir);
-
-  ASSERT_EQ(ChooseSkin(paths_.dir, ShareDir(), kDarkSkin), std::nullopt);
-  ASSERT_TRUE(Registry(paths_.registry).WriteString(kHostKey, kValueIniDir, share));
-  EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt);
-  EXPECT_EQ(SkinName(Config()), kDarkSkin) << "the skin stays";
-  EXPECT_EQ(Config().GetIniDir(), ShareDir() + "/");
-
-  ASSERT_TRUE(Registry(paths_.registry).WriteString(kHostKey, kValueImageDir, folder_.Path()));
-  EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt);
-  EXPECT_EQ(SkinName(Config()), kLightSkin) << "there was none in that directory";
-  EXPECT_TRUE(ChooseSkin(paths_.dir, ShareDir(), "sepia"));
-  EXPECT_EQ(SkinName(Config()), kLightSkin);
-
-  folder_.Write("deep/내 프로필/registry.reg", "not a registry");
-  EXPECT_TRUE(RepairSharePaths(paths_.dir, ShareDir()));
-}
-
-TEST_F(ProfileTest, TheWorkFolderIsMadeAgainWhereItCanBe) {
-  ASSERT_EQ(CreateProfile(paths_.dir, ShareDir(), CodePage::Korean(), "KOR"), std::nullopt);
-  fs::remove_all(paths_.workDir);
-  EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt);
+TEST_F(ProfileTest, PathsThatAreGoneAreRepairedAndTheSkinStays) {
+  CopyShare();
+  ASSERT_EQ(Create(), "");
+  EXPECT_EQ(ChooseSkin(paths_.dir, share_, "x"), "There is no skin in '" + share_ + "/skin/x'.");
+  ASSERT_EQ(ChooseSkin(paths_.dir, share_, kDarkSkin), std::nullopt);
+  fs::remove(paths_.workDir);
+  EXPECT_EQ(Repair(), "");
   EXPECT_TRUE(fs::is_directory(paths_.workDir));
-  fs::remove_all(paths_.workDir);
-  ASSERT_EQ(WriteFileWhole(paths_.workDir, "a file"), std::nullopt);
-  EXPECT_EQ(RepairSharePaths(paths_.dir, ShareDir()), std::nullopt) << "there is much to read";
+  EXPECT_EQ(Config().GetIniDir(), share_ + "/") << "that was not gone";
+  fs::remove_all(share_);
+  EXPECT_EQ(RepairSharePaths(paths_.dir, share_), "There is no directory '" + share_ + "'.");
+  fs::remove(paths_.workDir);
+  folder_.Write("deep/내 프로필/work", "a file");  // nothing can be downloaded, but much be read
+  for (const auto& [gone, skin] :
+       {std::pair(kValueCurrentPath, "dark"), {kValueIniDir, "dark"}, {kValueImageDir, "light"}}) {
+    ASSERT_TRUE(Registry(paths_.registry).WriteString(kHostKey, gone, folder_.File("gone")));
+    EXPECT_EQ(Repair(), "");
+    EXPECT_EQ(Config().GetIniDir(), ShareDir() + "/");
+    EXPECT_EQ(Config().GetImageDir(), ShareDir() + "/skin/" + skin + "/");
+    EXPECT_EQ(Config().GetCurrentPath(), ShareDir() + "/skin/" + skin);
+  }
+  folder_.Write("deep/내 프로필/registry.reg", "not a registry");
+  EXPECT_NE(Repair(), "");
 }
 
-TEST(FirstChoicesTest, FollowTheUsersLocale) {
-  const auto languageIn = [](const char* all, const char* messages, const char* lang) {
-    setenv("LC_ALL", all, 1);
-    setenv("LC_MESSAGES", messages, 1);
-    setenv("LANG", lang, 1);
-    return FirstLanguage();
-  };
-  EXPECT_EQ(languageIn("", "", "ko_KR.UTF-8"), "KOR");
-  EXPECT_EQ(languageIn("", "", "de_DE.UTF-8@euro"), "ENG");
-  EXPECT_EQ(languageIn("", "en_US", "ko_KR"), "ENG");
-  EXPECT_EQ(languageIn("ko", "en_US", "en_US"), "KOR");
-  EXPECT_EQ(languageIn("", "", ""), "KOR") << "no locale";
-  EXPECT_EQ(languageIn("C.UTF-8", "", "en_US"), "KOR");
-  EXPECT_EQ(FirstCodePage("kor"), CodePage::Korean());
-  EXPECT_EQ(FirstCodePage("ENG"), CodePage::Utf8());
+void Set(const char* name, const char* value) { value ? setenv(name, value, 1) : unsetenv(name); }
+
+TEST(FirstChoicesTest, FollowTheUsersLocaleAndDataDirectory) {
+  const char* const kLocales[][4] = {
+      {nullptr, nullptr, nullptr, "KOR"},  {nullptr, nullptr, "ko_KR.UTF-8", "KOR"},
+      {"", "", "de_DE.UTF-8@euro", "ENG"}, {"", "en_US", "ko_KR", "ENG"},
+      {"ko", "en_US", "en_US", "KOR"},     {"C.UTF-8", "", "en_US", "KOR"}};
+  for (const auto& [all, messages, lang, language] : kLocales) {
+    Set("LC_ALL", all), Set("LC_MESSAGES", messages), Set("LANG", lang);
+    EXPECT_EQ(FirstLanguage(), language) << (lang ? lang : "no locale");
+    EXPECT_EQ(FirstCodePage(language) == CodePage::Korean(), FirstLanguage() == "KOR");
+  }
+  const char* const kPlaces[][3] = {{"/data", "/home/a", "/data/halvix"},
+                                    {"relative", "/home/a", "/home/a/.local/share/halvix"},
+                                    {nullptr, nullptr, ""}};
+  for (const auto& [dataHome, home, dir] : kPlaces) {
+    Set("XDG_DATA_HOME", dataHome), Set("HOME", home);
+    EXPECT_EQ(DefaultProfileDir(), dir);
+  }
 }
 
-TEST(DefaultProfileDirTest, FollowsTheDesktopsDataDirectory) {
-  setenv("HOME", "/home/somebody", 1);
-  setenv("XDG_DATA_HOME", "/data", 1);
-  EXPECT_EQ(DefaultProfileDir(), "/data/halvix");
-  setenv("XDG_DATA_HOME", "relative", 1);
-  EXPECT_EQ(DefaultProfileDir(), "/home/somebody/.local/share/halvix");
-  unsetenv("XDG_DATA_HOME");
-  EXPECT_EQ(DefaultProfileDir(), "/home/somebody/.local/share/halvix");
+TEST(IniFileTest, AValueIsWhatFollowsTheFirstEqualsSignOfItsKey) {
+  const IniFile file = IniFile::Parse(
+      "\xEF\xBB\xBF; a comment\r\nLOOSE=before any section\r\n"
+      "[ ONE ]\r\n  key = a = b ; c  \r\nkey=second\r\n;off=x\r\nno equals sign\r\nempty=\r\n"
+      "[TWO]\n[half=x\nlast=\"quoted\"");
+  EXPECT_EQ(file.Value("ONE", "KEY"), "a = b ; c");
+  EXPECT_EQ(file.Value("one", "empty"), "");
+  EXPECT_EQ(file.Value("TWO", "[half"), "x");
+  EXPECT_EQ(file.Value("TWO", "last"), "\"quoted\"");
+  EXPECT_EQ(file.Value("", "LOOSE"), "before any section");
+  for (const char* none : {";off", "last"}) EXPECT_EQ(file.Value("ONE", none), std::nullopt);
 }
 
 }  // namespace
