@@ -78,7 +78,8 @@ class Dialogs : public testing::Test {
     auto* dialog = new NameDialog(skin_, kTextSearchDialogTitle, parent_.get());
     dialog->refuse = refuse;
     QString name = "(none)";
-    EXPECT_EQ(RunDialog(dialog, [&] { name = dialog->name.text(); }), name != "(none)");
+    const bool isAccepted = RunDialog(dialog, [&] { name = dialog->name.text(); });
+    EXPECT_EQ(isAccepted, name != "(none)");
     EXPECT_TRUE(!parent_ || parent_->findChildren<QDialog*>().isEmpty());
     return name;
   }

@@ -58,7 +58,8 @@ TEST_F(List, ClicksSelectRowsAndTheLeftButtonTellsOfIt) {
   EXPECT_EQ(list_.SelectedRows(), (std::vector{1, 2, 3}));
   Click(2, Qt::ControlModifier);
   Click(0, {}, Qt::RightButton);
-  QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, {138, 500});
+  model_.setRowCount(4);
+  QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, {5, 100});
   EXPECT_EQ(clicks, (QList<QVariantList>{{1}, {3}, {2}}));
 }
 
@@ -125,7 +126,7 @@ TEST_F(List, TheHeaderIsWorkedByKeys) {
   for (int i = 0; i < 9; ++i) Key(Qt::Key_Left, Qt::ControlModifier);
   EXPECT_EQ(list_.columnWidth(0), 16);
   Key(Qt::Key_End);
-  EXPECT_EQ(list_.horizontalScrollBar()->value(), list_.horizontalScrollBar()->maximum());
+  EXPECT_EQ(Header().sectionViewportPosition(2) + 100, Header().viewport()->width());
   model_.setHeaderData(2, Qt::Horizontal, "spoken", Qt::AccessibleTextRole);
   EXPECT_EQ(Header().accessibleName(), "spoken");
   for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Escape}) {

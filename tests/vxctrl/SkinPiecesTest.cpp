@@ -1,153 +1,183 @@
+// What is made of a skin's values: images, pieces, places, fonts, colours and texts.
+
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QGuiApplication>
-#include <QImage>
 #include <QPainter>
 
 #include "kit/ShippedSkin.h"
 #include "skin/KeyTable.h"
 #include "skin/Keys.h"
-#include "vxctrl/ButtonImages.h"
+#include "vxctrl/PaneFrame.h"
+#include "vxctrl/PrintColor.h"
+#include "vxctrl/QtText.h"
 #include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinPieces.h"
+#include "vxctrl/SkinPalette.h"
 
 namespace feedloom {
 namespace {
 
-QSize SizeOfImage(const std::string& path) {
-  return QImage(QFile::decodeName(path.c_str())).size();
-}
-
-QPixmap Piece(int width, int height, const QColor& color) {
-  QPixmap piece(width, height);
-  piece.fill(color);
-  return piece;
-}
-
-// A 20 pixels high picture in which `pieces` are drawn into `area`.
-QImage Drawn(const QRect& area, const ThreePieces& pieces) {
-  QImage image(40, 20, QImage::Format_ARGB32);
-  image.fill(Qt::white);
-  QPainter painter(&image);
-  DrawThreePieces(painter, area, pieces);
-  return image;
-}
-
-const ThreePieces& RedGreenBlue() {
-  static const ThreePieces pieces = {.left = Piece(4, 10, Qt::red),
-                                     .middle = Piece(3, 10, Qt::green),
-                                     .right = Piece(6, 10, Qt::blue)};
-  return pieces;
-}
-
-// What is drawn in row `y`, a letter a pixel.
-std::string Row(const QImage& image, int y) {
-  std::string row;
-  for (int x = 0; x < image.width(); ++x) {
-    const QColor color = image.pixelColor(x, y);
-    row += color == Qt::red ? 'r' : color == Qt::green ? 'g' : color == Qt::blue ? 'b' : '.';
+class SkinValues : public testing::Test {
+ protected:
+  // A skin whose host answers with `value` to everything.
+  Skin SkinWith(const std::string& value) const {
+    return {{{}, [value](auto, auto) { return value; }}, shipped_.Get().Config()};
   }
-  return row;
-}
+  static QPixmap Piece(int width, int height, const QColor& color) {
+    QPixmap piece(width, height);
+    piece.fill(color);
+    return piece;
+  }
+  // The pixels of `draw` from `begin` in steps of `step`: their colours' letters, "." where it did
+  // not draw.
+  static std::string Pixels(const std::function<void(QPainter&)>& draw, QPoint begin, QPoint step) {
+    QImage image(40, 20, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    draw(painter);
+    std::string pixels;
+    for (QPoint at = begin; image.rect().contains(at); at += step) {
+      const QColor color = image.pixelColor(at);
+      pixels += color == Qt::red     ? 'r'
+                : color == Qt::green ? 'g'
+                : color == Qt::blue  ? 'b'
+                : color == Qt::white ? '.'
+                                     : '?';
+    }
+    return pixels;
+  }
 
-TEST(SkinPiecesTest, EachShippedImageDecodes) {
-  const ShippedSkin shipped;
+  const ShippedSkin shipped_;
+};
+
+TEST_F(SkinValues, EachShippedImageDecodesInOneSizeForAllStates) {
   for (const SkinKey& entry : SkinKeys()) {
-    const std::string path = shipped.Get().GetImagePath(entry.section, entry.key);
-    switch (entry.kind) {
-      case SkinValueKind::Image:
-        EXPECT_FALSE(LoadSkinImage(shipped.Get(), entry.section, entry.key).isNull()) << entry.key;
-        break;
-      case SkinValueKind::ImageWithoutF:
-        EXPECT_FALSE(SizeOfImage(path + "f").isEmpty()) << entry.key;
-        break;
-      case SkinValueKind::Button:
-        for (const std::string& state : ButtonImagePaths(path)) {
-          EXPECT_FALSE(SizeOfImage(state).isEmpty()) << state;
-          EXPECT_EQ(SizeOfImage(state), SizeOfImage(path)) << state;
-        }
-        break;
-      default:
-        break;
+    if (entry.kind != SkinValueKind::Image && entry.kind != SkinValueKind::Button) continue;
+    const QSize size = LoadSkinImage(shipped_.Get(), entry.section, entry.key).size();
+    EXPECT_FALSE(size.isEmpty()) << entry.key;
+    if (entry.kind == SkinValueKind::Image) continue;
+    for (const auto& path :
+         ButtonImagePaths(shipped_.Get().GetImagePath(entry.section, entry.key))) {
+      EXPECT_EQ(QImage(QString::fromStdString(path)).size(), size) << path;
     }
   }
 }
 
-TEST(SkinPiecesTest, ShippedImagesHaveTheSizesThatThePanesAndPagesCountOn) {
-  const ShippedSkin shipped;
-  const auto size = [&](const char* section, const char* key) {
-    return LoadSkinImage(shipped.Get(), section, key).size();
-  };
-  for (const char* icon : {kImageRowIcon1, kImageRowIcon2, kImageRowIcon3, kImageRowIcon4}) {
-    EXPECT_EQ(size(kSectionLeft, icon), QSize(13, 13)) << icon;
+TEST_F(SkinValues, ShippedImagesHaveTheSizesThatThePanesAndPagesCountOn) {
+  const std::tuple<const char*, const char*, QSize> kSizes[] = {
+      {kSectionLeft, kImageRowIcon1, {13, 13}},  {kSectionLeft, kImageRowIcon2, {13, 13}},
+      {kSectionLeft, kImageRowIcon3, {13, 13}},  {kSectionLeft, kImageRowIcon4, {13, 13}},
+      {kSectionHtml, kImageAddButton, {18, 33}}, {kSectionHtml, kImageScrapButton, {18, 33}},
+      {kSectionHtml, kImageSave, {16, 29}},      {kSectionHtml, kImageTitle, {0, 33}},
+      {kSectionHtml, kImageBottom, {0, 29}}};
+  for (const auto& [section, key, size] : kSizes) {
+    const QSize found = LoadSkinImage(shipped_.Get(), section, key).size();
+    EXPECT_EQ(size.width() == 0 ? QSize(0, found.height()) : found, size) << key;
   }
-  EXPECT_EQ(size(kSectionHtml, kImageAddButton), QSize(18, 33));
-  EXPECT_EQ(size(kSectionHtml, kImageScrapButton), QSize(18, 33));
-  EXPECT_EQ(size(kSectionHtml, kImageSave), QSize(16, 29));
-  EXPECT_EQ(size(kSectionHtml, kImageTitle).height(), 33);
-  EXPECT_EQ(size(kSectionHtml, kImageBottom).height(), 29);
 }
 
-TEST(SkinPiecesTest, AMissingValueOrFileGivesANullImage) {
-  const TempFolder folder;
-  const Registry registry(folder.File("registry.reg"));
-  EXPECT_TRUE(LoadSkinImage(Skin({}, HostConfig(registry)), "S", "K").isNull());
-  const Skin naming(
-      {.HostGetText = {}, .HostGetSkinValue = [](const char*, const char*) { return "none.png"; }},
-      HostConfig(registry));
-  EXPECT_TRUE(LoadSkinImage(naming, "S", "K").isNull());
-}
-
-TEST(SkinPiecesTest, TheMiddleFillsWhatTheOuterPiecesLeave) {
-  const QImage image = Drawn({2, 0, 20, 20}, RedGreenBlue());
-  const std::string row = "..rrrrggggggggggbbbbbb..................";
-  EXPECT_EQ(Row(image, 0), row);
-  EXPECT_EQ(Row(image, 19), row);  // stretched to twice its height
-}
-
-TEST(SkinPiecesTest, ANarrowAreaIsNotPaintedOver) {
-  EXPECT_EQ(Row(Drawn({2, 0, 8, 20}, RedGreenBlue()), 0),
-            "..rrbbbbbb..............................");
-  EXPECT_EQ(Row(Drawn({2, 0, 3, 20}, RedGreenBlue()), 0),
-            "..bbb...................................");
-  EXPECT_EQ(Row(Drawn({2, 0, 0, 20}, RedGreenBlue()), 0), std::string(40, '.'));
-}
-
-TEST(SkinPiecesTest, PiecesThatAreMissingLeaveTheirPlaceToTheMiddle) {
-  const ThreePieces pieces = {.left = {}, .middle = Piece(3, 10, Qt::green), .right = {}};
-  EXPECT_EQ(Row(Drawn({0, 0, 40, 20}, pieces), 0), std::string(40, 'g'));
-  EXPECT_EQ(Row(Drawn({0, 0, 40, 20}, {}), 0), std::string(40, '.'));
-}
-
-class SkinFontTest : public testing::Test {
- protected:
-  QFont FontOf(const std::string& value) const {
-    return LoadSkinFont(
-        Skin({.HostGetText = {},
-              .HostGetSkinValue = [value](const char*, const char*) { return value; }},
-             HostConfig(registry_)),
-        "S", "K");
+TEST_F(SkinValues, AMissingValueOrFileGivesWhatIsEmptyOrTheOtherSize) {
+  for (const char* value : {"", "none.png", "0"}) {
+    EXPECT_TRUE(LoadSkinImage(SkinWith(value), "S", "K").isNull());
+    EXPECT_TRUE(LoadStateImages(SkinWith(value), "S", "K")[kButtonHover].isNull());
+    EXPECT_TRUE(LoadSkinPlace(SkinWith(value), "S", "K").isEmpty());
+    EXPECT_EQ(LoadSkinSize(SkinWith(value), "S", "W", "H", {5, 6}), QSize(5, 6));
   }
-
-  const TempFolder folder_;
-  const Registry registry_{folder_.File("registry.reg")};
-};
-
-TEST_F(SkinFontTest, TheValueNamesFamilyAndPixels) {
-  const QFont font = FontOf("NanumGothic, 15");
-  EXPECT_EQ(font.family(), "NanumGothic");
-  EXPECT_EQ(font.pixelSize(), 15);
+  EXPECT_EQ(LoadSkinPlace(SkinWith("1,2,11,22"), "S", "K"), QRect(1, 2, 10, 20));
+  EXPECT_EQ(LoadSkinSize(SkinWith("1"), "S", "W", "H", {5, 6}), QSize(1, 1));
 }
 
-TEST_F(SkinFontTest, WhatTheValueDoesNotSayIsTheProgramsOwn) {
+TEST_F(SkinValues, TheMiddlePieceFillsWhatTheOuterPiecesLeave) {
+  const ThreePieces kAll = {Piece(4, 10, Qt::red), Piece(3, 10, Qt::green), Piece(6, 10, Qt::blue)};
+  const std::tuple<ThreePieces, QRect, std::string> kStrips[] = {
+      {kAll, {2, 0, 20, 20}, "..rrrrggggggggggbbbbbb.................."},
+      {kAll, {2, 0, 8, 20}, "..rrbbbbbb.............................."},
+      {kAll, {2, 0, 3, 20}, "..bbb..................................."},
+      {kAll, {2, 0, 0, 20}, std::string(40, '.')},
+      {{{}, kAll.middle, {}}, {0, 0, 40, 20}, std::string(40, 'g')},
+      {{}, {0, 0, 40, 20}, std::string(40, '.')}};
+  for (const auto& [pieces, area, row] : kStrips) {
+    const auto draw = [&](QPainter& painter) { DrawThreePieces(painter, area, pieces); };
+    EXPECT_EQ(Pixels(draw, {0, 0}, {1, 0}), row);
+    EXPECT_EQ(Pixels(draw, {0, 19}, {1, 0}), row) << "stretched to twice its height";
+  }
+}
+
+TEST_F(SkinValues, APanesFrameIsAroundItsViewAndBelowItsToolbar) {
+  const PaneFrame frame = {.ground = Qt::white,
+                           .line = Qt::blue,
+                           .top = {{}, Piece(1, 4, Qt::green), {}},
+                           .left = Piece(2, 1, Qt::red),
+                           .right = Piece(3, 1, Qt::green),
+                           .bottom = {{}, Piece(1, 2, Qt::red), {}}};
+  const auto draw = [&](QPainter& painter) { DrawPaneFrame(painter, {1, 1, 38, 18}, 4, frame); };
+  EXPECT_EQ(Pixels(draw, {0, 10}, {1, 0}), ".rr...b..........................b..ggg.");
+  EXPECT_EQ(Pixels(draw, {20, 0}, {0, 1}), ".ggggb.......b...rr.");
+  EXPECT_EQ(ViewArea({1, 1, 38, 18}, 4), QRect(7, 6, 26, 7));
+  for (const PaneFrame& shipped :
+       {LoadPaneFrame(shipped_.Get()), LoadBrowserPaneFrame(shipped_.Get())}) {
+    EXPECT_EQ(shipped.ground, QColor(0xF4F7F8));
+    EXPECT_EQ(shipped.line, QColor(0x768A8E));
+    EXPECT_FALSE(shipped.top.middle.isNull() || shipped.left.isNull() || shipped.right.isNull() ||
+                 shipped.bottom.middle.isNull());
+  }
+}
+
+TEST_F(SkinValues, AFontIsFamilyAndPixelsOrElseTheProgramsOwn) {
   const QFont own = QGuiApplication::font();
-  EXPECT_EQ(FontOf("").family(), own.family());
-  EXPECT_EQ(FontOf("").pointSize(), own.pointSize());
-  EXPECT_EQ(FontOf("NanumGothic").pointSize(), own.pointSize());
-  EXPECT_EQ(FontOf("NanumGothic,-3").pointSize(), own.pointSize());
-  EXPECT_EQ(FontOf(",15").family(), own.family());
-  EXPECT_EQ(FontOf(",15").pixelSize(), 15);
+  const std::tuple<const char*, QString, int> kFonts[] = {
+      {"NanumGothic, 15", "NanumGothic", 15},
+      {"NanumGothic", "NanumGothic", own.pixelSize()},
+      {"NanumGothic,-3", "NanumGothic", own.pixelSize()},
+      {",15", own.family(), 15},
+      {"", own.family(), own.pixelSize()}};
+  for (const auto& [value, family, pixels] : kFonts) {
+    const QFont font = LoadSkinFont(SkinWith(value), "S", "K");
+    EXPECT_TRUE(font.family() == family && font.pixelSize() == pixels) << value;
+    EXPECT_EQ(font.styleHint(), QFont::SansSerif);
+  }
+}
+
+TEST_F(SkinValues, ThePaletteHasTheSkinsColors) {
+  const QPalette palette = LoadSkinPalette(shipped_.Get());
+  using Role = QPalette;
+  const std::tuple<QPalette::ColorGroup, QPalette::ColorRole, QRgb> kColors[] = {
+      {Role::Active, Role::Window, 0xF4F7F8},
+      {Role::Active, Role::Base, 0xFFFFFF},
+      {Role::Active, Role::AlternateBase, 0xF4F7F8},
+      {Role::Active, Role::ToolTipBase, 0xF4F7F8},
+      {Role::Active, Role::Highlight, 0xA9D4F2},
+      {Role::Inactive, Role::Highlight, 0xC2D6E2},
+      {Role::Active, Role::WindowText, 0x2B3A40},
+      {Role::Disabled, Role::HighlightedText, 0x5A676D},
+      {Role::Active, Role::PlaceholderText, 0x5A676D},
+      {Role::Active, Role::Link, 0x1F608E},
+      {Role::Active, Role::LinkVisited, 0x1F608E}};
+  for (const auto& [group, role, color] : kColors)
+    EXPECT_EQ(palette.color(group, role), QColor(color)) << role;
+}
+
+TEST(QtTextTest, ATextComesThroughBothWaysAsFarAsTheCodePageHoldsIt) {
+  const std::string korean = FromQString(CodePage::Korean(), QStringLiteral("똠방 😀"));
+  EXPECT_EQ(korean, "\x8C\x63\xB9\xE6 ?");
+  EXPECT_EQ(ToQString(CodePage::Korean(), korean), QStringLiteral("똠방 ?"));
+  EXPECT_EQ(ToQString(CodePage::Utf8(), FromQString(CodePage::Utf8(), "😀")), "😀");
+}
+
+TEST(QtTextTest, ALineHoldsNoBreaksAndIsCutBetweenCharacters) {
+  const std::pair<std::string, QString> kLines[] = {
+      {"  first\r\n\tsecond \x01 third\x7f ", "first second third"},
+      {{'a', '\0', 'b'}, "a b"},
+      {"line\u2028paragraph\u2029next\u0085last", "line paragraph next last"},
+      {" \n ", ""},
+      {std::string(500, 'x'), QString(500, 'x')},
+      {std::string(501, 'x'), QString(500, 'x') + "…"}};
+  for (const auto& [text, line] : kLines) EXPECT_EQ(ToLine(CodePage::Utf8(), text), line);
+  // The one-byte letter puts every double-byte character on an odd byte.
+  const QString text = "x" + QString("글").repeated(50'000);
+  EXPECT_EQ(ToLine(CodePage::Korean(), FromQString(CodePage::Korean(), text)),
+            text.left(500) + "…");
+  EXPECT_LT(ToLine(CodePage::Korean(), std::string(100'000, '\xFF')).size(), 1000);
 }
 
 }  // namespace
