@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <QTimer>
 #include <QWidget>
-#include <cstdio>
+#include <iostream>
 #include <memory>
 
 #include "shell/Feedloom.h"
@@ -16,12 +16,9 @@
 namespace feedloom {
 namespace {
 
-void Tell(const QString& text) {
-  std::printf("%s\n", text.toUtf8().constData());
-  std::fflush(stdout);
-}
+void Tell(const std::string& text) { std::cout << text << std::endl; }
 
-// Paints a page, then tells so: a red one at first, a blue one after the key Home.
+// Shows a red page at first, a blue one after the key Home.
 class FakeFrame : public QWidget {
   Q_OBJECT
 
@@ -34,7 +31,7 @@ class FakeFrame : public QWidget {
  protected:
   bool event(QEvent* event) override {
     if (event->type() != WindowMessage::kType) return QWidget::event(event);
-    Tell(QString("message %1").arg(static_cast<WindowMessage*>(event)->number, 0, 16));
+    Tell("message " + std::to_string(static_cast<WindowMessage*>(event)->number));
     return true;
   }
   void keyPressEvent(QKeyEvent* event) override {
@@ -50,7 +47,7 @@ class FakeFrame : public QWidget {
  private:
   void BeIdle() {
     Tell("idle");
-    const QString entry = QString::fromUtf8(qgetenv("FAKE_MODULE_CHOOSES"));
+    const QString entry = qEnvironmentVariable("FAKE_MODULE_CHOOSES");
     qunsetenv("FAKE_MODULE_CHOOSES");
     for (QAction* action : window()->findChildren<QAction*>()) {
       if (action->text() == entry) action->trigger();
@@ -66,7 +63,7 @@ class FakeFrame : public QWidget {
 };
 
 std::unique_ptr<FakeFrame> theFrame;
-bool hadApplicationAtLoad = QCoreApplication::instance() != nullptr;
+const bool hadApplicationAtLoad = QCoreApplication::instance() != nullptr;
 
 }  // namespace
 }  // namespace feedloom
@@ -77,8 +74,8 @@ QWidget* Create(feedloom::HostCallback HostGetText, feedloom::HostCallback HostG
   if (qgetenv("FAKE_MODULE") == "null") return nullptr;
   Tell(hadApplicationAtLoad ? "loaded late" : "loaded early");
   Tell(parent->isVisible() ? "window on screen" : "window to come");
-  Tell("text " + QString::fromStdString(HostGetText(kSectionHost, kHostTextMenuQuit)));
-  Tell("skin " + QString::fromStdString(HostGetSkinValue(kSectionHtml, kImageMainPage)));
+  Tell("text " + HostGetText(kSectionHost, kHostTextMenuQuit));
+  Tell("skin " + HostGetSkinValue(kSectionHtml, kImageMainPage));
   theFrame = std::make_unique<FakeFrame>(parent);
   return theFrame.get();
 }

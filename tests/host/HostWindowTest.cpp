@@ -51,103 +51,84 @@ class HostWindowTest : public testing::Test {
  protected:
   HostWindowTest() {
     SetHostTables(ReadHostTexts(skin_.Get().Config()), CodePage::Korean());
-    window_ = std::make_unique<HostWindow>("Halvix");
+    window_ = std::make_unique<HostWindow>("Halvix", HostLooks{"dark", "KOR"});
     frame_ = new RecordingFrame(window_->ModuleParent());
     window_->SetFrame(frame_);
     window_->resize(400, 300);
     window_->show();
   }
-
   // A message of the module, to its parent or to the window around it.
   static void Send(QWidget* receiver, unsigned number, const std::string* text = nullptr) {
     WindowMessage message(number, 0, reinterpret_cast<std::intptr_t>(text));
     QCoreApplication::sendEvent(receiver, &message);
   }
-  void Report(const char* utf8) {
-    const std::string text = CodePage::Korean().FromUtf8(utf8);
-    Send(window_->ModuleParent(), kMessageShowText, &text);
-  }
-  const QLabel& Status() const { return *window_->statusBar()->findChild<QLabel*>(); }
-  const QWidget& Busy() const { return *window_->statusBar()->findChild<QProgressBar*>(); }
-
-  // Chooses the entry of the menu with this text.
-  void Choose(const QString& text) {
+  void Choose(const QString& entry) const {
     for (QAction* action : window_->findChildren<QAction*>()) {
-      if (action->text() != text) continue;
-      action->trigger();
-      return QCoreApplication::processEvents();
+      if (action->text() == entry) action->trigger();
     }
-    ADD_FAILURE() << "no entry " << text.toStdString();
+    QCoreApplication::processEvents();
   }
 
   const ShippedSkin skin_;
+  const Registry registry_{skin_.Folder().File("registry.reg")};
   std::unique_ptr<HostWindow> window_;
   RecordingFrame* frame_;
 };
 
-TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAre) {
-  Report("똠방각하 <b>새</b>\r\n글 &amp; 3개");
-  EXPECT_EQ(Status().text(), "똠방각하 <b>새</b> 글 &amp; 3개");
-  EXPECT_EQ(Status().textFormat(), Qt::PlainText);
-  Report(std::string(5000, 'x').c_str());
+TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAreAndIsBusyWhileItRefreshes) {
+  const auto& status = *window_->statusBar()->findChild<QLabel*>();
+  for (const auto& [text, shown] : {std::pair(std::string("똠방각하 <b>새</b>\r\n글 &amp; 3개"),
+                                              "똠방각하 <b>새</b> 글 &amp; 3개"),
+                                    {std::string(5000, 'x'), nullptr}}) {
+    const std::string bytes = CodePage::Korean().FromUtf8(text);
+    Send(window_->ModuleParent(), kMessageShowText, &bytes);
+    EXPECT_EQ(status.text().toStdString(), shown ? shown : text);
+    EXPECT_EQ(status.accessibleDescription().toStdString(), text);
+  }
+  EXPECT_EQ(status.textFormat(), Qt::PlainText);
   QCoreApplication::processEvents();
   EXPECT_EQ(window_->width(), 400);
   Send(window_->ModuleParent(), kMessageShowText);
-  EXPECT_EQ(Status().text().size(), 5000);
+  EXPECT_EQ(status.text().size(), 5000) << "no text, no change";
+
+  const auto& busy = *window_->statusBar()->findChild<QProgressBar*>();
+  for (const unsigned message :
+       {kMessageRefreshEnded, kMessageRefreshBegan, kMessageRefreshEnded}) {
+    Send(window_.get(), message);
+    EXPECT_EQ(busy.isVisible(), message == kMessageRefreshBegan);
+  }
 }
 
-TEST_F(HostWindowTest, IsMarkedBusyWhileChannelsAreRefreshed) {
-  EXPECT_FALSE(Busy().isVisible());
-  Send(window_->ModuleParent()->window(), kMessageRefreshBegan);
-  EXPECT_TRUE(Busy().isVisible());
-  Send(window_->ModuleParent()->window(), kMessageRefreshEnded);
-  EXPECT_FALSE(Busy().isVisible());
-}
-
-TEST_F(HostWindowTest, TheMenuCommandsTheModule) {
+TEST_F(HostWindowTest, TheMenuCommandsTheFrameAndOffersOtherLooksThanThoseOfNow) {
   const QSignalSpy closing(window_.get(), &HostWindow::Closing);
-  Choose("모두 새로 고침(&R)");
-  Choose("마지막 메시지 보기(&M)");
-  Choose("환경 설정(&S)");
+  std::vector<HostLooks> chosen;
+  QObject::connect(window_.get(), &HostWindow::LooksChosen, window_.get(),
+                   [&](const HostLooks& looks) { chosen.push_back(looks); });
+  for (const char* entry : {"모두 새로 고침(&R)", "마지막 메시지 보기(&M)", "환경 설정(&S)",
+                            "어두운 화면(&D)", "한국어(&K)", "밝은 화면(&L)", "English(&E)"}) {
+    Choose(entry);
+  }
   EXPECT_EQ(frame_->messages,
             (std::vector<unsigned>{kMessageRefreshAll, kMessageShowTextAgain, kMessageOpenPanel}));
+  EXPECT_EQ(chosen, (std::vector<HostLooks>{{"light", "KOR"}, {"dark", "ENG"}}));
   EXPECT_EQ(closing.count(), 0);
   Choose("끝내기(&Q)");
   EXPECT_EQ(closing.count(), 1);
 }
 
-TEST_F(HostWindowTest, OffersOtherLooksThanThoseOfNow) {
-  window_ = std::make_unique<HostWindow>("Halvix", HostLooks{"dark", "KOR"});
-  std::vector<HostLooks> chosen;
-  QObject::connect(window_.get(), &HostWindow::LooksChosen, window_.get(),
-                   [&](const HostLooks& looks) { chosen.push_back(looks); });
-  for (const char* entry : {"어두운 화면(&D)", "한국어(&K)", "밝은 화면(&L)", "English(&E)"}) {
-    Choose(entry);
-  }
-  EXPECT_EQ(chosen, (std::vector<HostLooks>{{"light", "KOR"}, {"dark", "ENG"}}));
-}
-
-TEST_F(HostWindowTest, TheFrameFillsTheWindowAndHasTheFocus) {
+TEST_F(HostWindowTest, StandsWhereItStoodAndFirstInTheMiddleOfTheScreen) {
   EXPECT_EQ(frame_->width(), window_->width());
   EXPECT_EQ(window_->focusWidget(), frame_);
-}
-
-TEST_F(HostWindowTest, StandsAgainWhereItStood) {
-  const Registry registry(skin_.Folder().File("registry.reg"));
-  window_->setGeometry(30, 60, 500, 320);
-  ASSERT_TRUE(RememberPlace(*window_, registry));
-  HostWindow next("Halvix");
-  PlaceWindow(next, registry);
-  EXPECT_EQ(next.geometry(), QRect(30, 60, 500, 320));
-}
-
-TEST_F(HostWindowTest, FirstStandsInTheMiddleOfTheScreen) {
   EXPECT_EQ(FirstPlace(QRect(0, 100, 1924, 900)), QRect(450, 200, 1024, 700));
   EXPECT_EQ(FirstPlace(QRect(10, 20, 640, 480)), QRect(10, 20, 640, 480));
-  const Registry registry(skin_.Folder().File("registry.reg"));
-  ASSERT_TRUE(registry.WriteString(kHostKey, kValueWindowGeometry, "nonsense"));
-  PlaceWindow(*window_, registry);
+  ASSERT_TRUE(registry_.WriteString(kHostKey, kValueWindowGeometry, "nonsense"));
+  PlaceWindow(*window_, registry_);
   EXPECT_EQ(window_->geometry(), FirstPlace(window_->screen()->availableGeometry()));
+  window_->setGeometry(30, 60, 500, 320);
+  ASSERT_TRUE(RememberPlace(*window_, registry_));
+  HostWindow next("Halvix");
+  PlaceWindow(next, registry_);
+  EXPECT_EQ(next.geometry(), QRect(30, 60, 500, 320));
 }
 
 TEST_F(HostWindowTest, APictureNeedsAModuleThatTellsOfItsPages) {
@@ -160,19 +141,18 @@ TEST_F(HostWindowTest, APictureNeedsAModuleThatTellsOfItsPages) {
 TEST(ModuleLinkTest, LeadsToTheInstalledModule) {
   const TempFolder folder;
   const std::string installed = folder.Write("installed", "module");
+  const std::string moved = folder.Write("moved", "module");
+  const std::string own = folder.Write("own", "my module");
   const std::string link = folder.File("link");
   EXPECT_TRUE(LinkModule(link, ""));
-  EXPECT_EQ(LinkModule(link, installed), std::nullopt);
-  EXPECT_EQ(fs::read_symlink(link), installed);
-  EXPECT_EQ(LinkModule(link, ""), std::nullopt);
-
-  const std::string moved = folder.Write("moved", "module");
-  EXPECT_EQ(LinkModule(link, moved), std::nullopt);
-  EXPECT_EQ(fs::read_symlink(link), moved);
+  for (const std::string& module : {installed, moved}) {
+    for (const std::string& found : {module, module, std::string()}) {
+      EXPECT_EQ(LinkModule(link, found), std::nullopt);
+      EXPECT_EQ(fs::read_symlink(link), module);
+    }
+  }
   fs::remove(moved);
   EXPECT_TRUE(LinkModule(link, ""));
-
-  const std::string own = folder.Write("own", "my module");
   EXPECT_EQ(LinkModule(own, installed), std::nullopt);
   EXPECT_EQ(folder.Read("own"), "my module");
   EXPECT_EQ(folder.Names(), (std::vector<std::string>{"installed", "link", "own"}));
