@@ -6,15 +6,16 @@
 namespace feedloom {
 
 struct HostOptions {
-  std::string profileDir;                 // empty: the default one
-  std::optional<std::string> language;    // "KOR", "ENG", in any case
-  std::optional<std::string> codePage;    // "EUC-KR", "UTF-8", in any case
-  std::optional<std::string> screenshot;  // the picture's file
+  std::string profileDir;                 // as typed; empty: the default directory
+  std::optional<std::string> language;    // "KOR" or "ENG", in upper or lower case
+  std::optional<std::string> codePage;    // "EUC-KR" or "UTF-8", in upper or lower case
+  std::optional<std::string> screenshot;  // the path of the PNG file to write
   bool timings = false;
 };
 
-// Reads the program's arguments into `options`. None when the program is to start; else its exit
-// status, with all said already: 0 after --help and --version, 2 for arguments that make no sense.
+// Parses the program's arguments into `options`. Returns nullopt when the program should start.
+// Otherwise the output has been printed, and the exit status is returned: 0 after --help and
+// --version, 2 for invalid arguments.
 std::optional<int> ReadCommandLine(int argc, const char* const* argv, HostOptions& options);
 
 }  // namespace feedloom

@@ -6,9 +6,9 @@ class QWidget;
 
 namespace feedloom {
 
-// Calls `run` once, from the event loop, when `window` is painted for the first time and the
-// painting is on its way to the screen. A window that nobody sees, minimized say, is not painted:
-// for that one `run` is called after half a second. Not at all when the window is gone by then.
+// Calls `run` once, from the event loop, after `window` was painted for the first time. A window
+// that stays unpainted, because it is minimized for example, gets the call after half a second.
+// When the window is destroyed first, `run` is never called. Interface thread.
 void OnFirstPaint(QWidget& window, std::function<void()> run);
 
 }  // namespace feedloom

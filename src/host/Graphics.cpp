@@ -8,7 +8,7 @@
 namespace feedloom {
 namespace {
 
-// The kernel's own drivers, one that brings its own, and the one of a guest of another system.
+// The device files of the kernel's drivers, of NVIDIA's driver, and of WSL.
 constexpr const char* kDevices[] = {"/dev/dri", "/dev/nvidiactl", "/dev/dxg"};
 
 bool IsThere(const char* path) {
@@ -18,7 +18,7 @@ bool IsThere(const char* path) {
 
 }  // namespace
 
-void LeaveOutSlowGraphics() {
+void DisableSoftwareOpenGl() {
   constexpr char kChoice[] = "QT_XCB_GL_INTEGRATION";
   if (qEnvironmentVariableIsSet(kChoice) || std::ranges::any_of(kDevices, IsThere)) return;
   qputenv(kChoice, "none");

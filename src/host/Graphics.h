@@ -2,10 +2,10 @@
 
 namespace feedloom {
 
-// Where the system has no graphics device, OpenGL is a program that computes each picture: then the
-// X11 windows of this process go without it, and the browser engine paints by itself. That starts
-// sooner and takes less memory. A choice that the user has made in the environment stays. To be
-// called before the application object is made.
-void LeaveOutSlowGraphics();
+// Turns off OpenGL for this process's X11 windows when the system has no graphics device. OpenGL
+// would be emulated in software there; without it the browser engine paints by itself, starts
+// sooner and takes less memory. QT_XCB_GL_INTEGRATION overrides this when the user has set it. Call
+// this before the application object is created.
+void DisableSoftwareOpenGl();
 
 }  // namespace feedloom

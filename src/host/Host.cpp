@@ -8,21 +8,21 @@
 #include <QTimer>
 #include <optional>
 
+#include "host/ApplicationStyle.h"
 #include "host/CommandLine.h"
-#include "host/Complaint.h"
-#include "host/DesktopLook.h"
-#include "host/EndSignals.h"
+#include "host/DesktopTheme.h"
+#include "host/ErrorReport.h"
 #include "host/FirstPaint.h"
 #include "host/Graphics.h"
-#include "host/HostLook.h"
 #include "host/HostProfile.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
 #include "host/LoadedModule.h"
 #include "host/ModuleLink.h"
 #include "host/Screenshot.h"
+#include "host/TerminationSignals.h"
 #include "host/Timings.h"
-#include "host/WindowPlace.h"
+#include "host/WindowGeometry.h"
 #include "profile/HostTexts.h"
 #include "profile/SharePaths.h"
 #include "skin/HostConfig.h"
@@ -32,57 +32,60 @@ namespace feedloom {
 namespace {
 
 constexpr int kFailure = 1;
-constexpr int kShowAnew = 1000;  // of the event loop, not of the program
+constexpr int kRestartWindow = 1000;  // a status of the event loop, never of the program
 
-// What has to be done before there is an application object.
+// Does what must come before the application object: opens the profile and loads the module.
 Failure Prepare(const HostOptions& options, HostProfile& profile, LoadedModule& module) {
   if (!HasDisplay() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     return "No display: neither DISPLAY nor WAYLAND_DISPLAY is set.";
   }
   if (auto failure = OpenProfile(profile, options)) return failure;
   if (auto failure = LinkModule(profile.paths.module, InstalledModule())) return failure;
-  // The browser engine's sandbox cannot work for root, and keeps on protecting everybody else.
+  // The browser engine refuses to start its sandbox as root.
   if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-  NoteTime("profile opened");
+  LogTiming("profile opened");
   return module.Load(profile.paths.module);
 }
 
 int Refuse(const HostOptions& options, const std::string& reason) {
-  Complain(reason);
-  if (HasDisplay() && !options.screenshot) ComplainInBox(reason);
+  ReportError(reason);
+  if (HasDisplay() && !options.screenshot) ShowErrorBox(reason);
   return kFailure;
 }
 
-// How the window ends: on the user's wish it remembers its place; a picture was still wanted.
-void LeaveOnClose(HostWindow& window, const Registry& registry, bool wantsPicture) {
+// Ends the event loop when the window closes. The window's geometry is saved first, unless a
+// picture was still to be taken (`wantsPicture`), which is a failure.
+void QuitOnClose(HostWindow& window, const Registry& registry, bool wantsPicture) {
   QObject::connect(&window, &HostWindow::Closing, &window, [&window, registry, wantsPicture] {
-    if (!wantsPicture && !RememberPlace(window, registry)) {
-      Complain("Cannot remember the window's place.");
+    if (!wantsPicture && !SaveWindowGeometry(window, registry)) {
+      ReportError("Cannot remember the window's place.");
     }
     QCoreApplication::exit(wantsPicture ? kFailure : 0);
   });
 }
 
-// Writes down what the user has chosen, and ends the event loop for the profile to be shown so.
-void ShowAnewOnChoice(HostWindow& window, const HostProfile& profile) {
-  QObject::connect(&window, &HostWindow::LooksChosen, &window, [&](const HostLooks& looks) {
-    const Registry registry(profile.paths.registry);
-    Failure failure = SetLanguage(profile.paths, looks.language);
-    // A skin of the user's own stays when the language changes.
-    if (!failure && looks.skin != SkinName(HostConfig(registry))) {
-      failure = ChooseSkin(profile.paths.dir, ShareDir(), looks.skin);
-    }
-    if (failure) {
-      QMessageBox::warning(&window, window.windowTitle(), QString::fromStdString(*failure));
-    }
-    if (!RememberPlace(window, registry)) {
-      Complain("Cannot remember the window's place.");
-    }
-    QCoreApplication::exit(kShowAnew);
-  });
+// Stores the skin and language that the user has chosen, and ends the event loop so that the window
+// is made again with them.
+void RestartOnAppearanceChoice(HostWindow& window, const HostProfile& profile) {
+  QObject::connect(
+      &window, &HostWindow::AppearanceChosen, &window, [&](const Appearance& appearance) {
+        const Registry registry(profile.paths.registry);
+        Failure failure = SetLanguage(profile.paths, appearance.language);
+        // When only the language changes, a skin from outside the shared files is kept.
+        if (!failure && appearance.skin != SkinName(HostConfig(registry))) {
+          failure = ChooseSkin(profile.paths.dir, ShareDir(), appearance.skin);
+        }
+        if (failure) {
+          QMessageBox::warning(&window, window.windowTitle(), QString::fromStdString(*failure));
+        }
+        if (!SaveWindowGeometry(window, registry)) {
+          ReportError("Cannot remember the window's place.");
+        }
+        QCoreApplication::exit(kRestartWindow);
+      });
 }
 
-// A window with the module's frame in it, from its first paint to its end.
+// Runs the event loop of a window with the module's frame in it.
 class Show {
  public:
   Show(const HostOptions& options, const LoadedModule& module, HostWindow& window, bool refreshes)
@@ -93,14 +96,15 @@ class Show {
   Show(const Show&) = delete;
   Show& operator=(const Show&) = delete;
 
-  // The window is on screen before the module fills it; the exit status of the event loop.
+  // Shows the window, lets the module fill it after its first paint, and returns the exit status of
+  // the event loop.
   int Run() {
     OnFirstPaint(window_, [this] {
-      NoteTime("window painted");
+      LogTiming("window painted");
       if (auto failure = Fill()) QCoreApplication::exit(Refuse(options_, *failure));
     });
     window_.show();
-    NoteTime("window shown");
+    LogTiming("window shown");
     return QCoreApplication::exec();
   }
 
@@ -108,7 +112,7 @@ class Show {
   Failure Fill() {
     frame_ = module_.create(HostGetText, HostGetSkinValue, window_.ModuleParent());
     if (frame_ == nullptr) return "The module cannot make its window.";
-    NoteTime("module's frame made");
+    LogTiming("module's frame made");
     window_.SetFrame(frame_);
     timings_.emplace(*frame_);
     if (refreshes_) {
@@ -128,49 +132,51 @@ class Show {
   std::optional<Screenshot> picture_;
 };
 
-// The profile as its registry has it now, until the user leaves or wants it otherwise (kShowAnew).
+// Shows the profile with its registry's current values. Returns the exit status, or kRestartWindow
+// when the user has chosen another skin or language.
 int ShowProfile(const HostOptions& options, const HostProfile& profile, const LoadedModule& module,
-                const EndSignals& endSignals, bool refreshes) {
+                const TerminationSignals& terminationSignals, bool refreshes) {
   const Registry registry(profile.paths.registry);
   const HostConfig config(registry);
   const HostLookup tables = ReadHostTexts(config);
   SetHostTables(tables, config.GetCodePage());
-  HostLook look(Skin(tables, config));
+  ApplicationStyle look(Skin(tables, config));
   HostWindow window(FromModuleText(config.GetAppTitle()),
                     {SkinName(config), config.GetHostLanguage()});
-  QObject::connect(&endSignals, &EndSignals::Requested, &window, &QWidget::close);
+  QObject::connect(&terminationSignals, &TerminationSignals::Requested, &window, &QWidget::close);
   if (options.screenshot) {
-    window.resize(kFirstWidth, kFirstHeight);
+    window.resize(kInitialWidth, kInitialHeight);
   } else {
-    PlaceWindow(window, registry);
+    RestoreWindowGeometry(window, registry);
   }
-  LeaveOnClose(window, registry, options.screenshot.has_value());
-  ShowAnewOnChoice(window, profile);
-  NoteTime("window made");
+  QuitOnClose(window, registry, options.screenshot.has_value());
+  RestartOnAppearanceChoice(window, profile);
+  LogTiming("window made");
   return Show(options, module, window, refreshes).Run();
 }
 
-void FollowDesktop(const HostProfile& profile) {
+void FollowDesktopTheme(const HostProfile& profile) {
   if (!PrefersDark(QGuiApplication::palette())) return;
-  if (auto failure = ChooseSkin(profile.paths.dir, ShareDir(), kDarkSkin)) Complain(*failure);
+  if (auto failure = ChooseSkin(profile.paths.dir, ShareDir(), kDarkSkin)) ReportError(*failure);
 }
 
 int RunApplication(char* programName, const HostOptions& options, const HostProfile& profile,
                    const LoadedModule& module) {
   int argc = 1;
   char* argv[] = {programName, nullptr};
-  NoteTime("module loaded");
-  LeaveOutSlowGraphics();
+  LogTiming("module loaded");
+  DisableSoftwareOpenGl();
   QApplication application(argc, argv);
-  NoteTime("application object made");
+  LogTiming("application object made");
   QGuiApplication::setDesktopFileName(QStringLiteral("halvix"));
-  QApplication::setQuitOnLastWindowClosed(false);  // the main window alone decides
+  QApplication::setQuitOnLastWindowClosed(false);  // QuitOnClose ends the event loop
 
-  if (profile.isNew) FollowDesktop(profile);
-  const EndSignals endSignals;
+  if (profile.isNew) FollowDesktopTheme(profile);
+  const TerminationSignals terminationSignals;
   const bool refreshes = profile.isNew && !options.screenshot;
-  int status = ShowProfile(options, profile, module, endSignals, refreshes);
-  while (status == kShowAnew) status = ShowProfile(options, profile, module, endSignals, false);
+  int status = ShowProfile(options, profile, module, terminationSignals, refreshes);
+  while (status == kRestartWindow)
+    status = ShowProfile(options, profile, module, terminationSignals, false);
   return status;
 }
 
@@ -179,12 +185,12 @@ int RunApplication(char* programName, const HostOptions& options, const HostProf
 int RunHost(int argc, char** argv) {
   HostOptions options;
   if (const auto status = ReadCommandLine(argc, argv, options)) return *status;
-  if (options.timings) BeginTimings();
-  NoteTime("arguments read");
+  if (options.timings) EnableTimings();
+  LogTiming("arguments read");
   HostProfile profile(ProfileDir(options));
   LoadedModule module;
   if (auto failure = Prepare(options, profile, module)) return Refuse(options, *failure);
-  if (profile.isNew) Complain("Made a new profile in " + profile.paths.dir);
+  if (profile.isNew) ReportError("Made a new profile in " + profile.paths.dir);
   return RunApplication(argv[0], options, profile, module);
 }
 

@@ -19,7 +19,7 @@
 namespace feedloom {
 namespace {
 
-// A database that is not one would also replace its copy when the module ends.
+// Opening a file of another kind as the database would also overwrite its backup copy with it.
 bool IsDatabase(const std::string& path) {
   constexpr std::string_view kMark("SQLite format 3\0", 16);
   std::array<char, kMark.size()> start{};

@@ -9,24 +9,27 @@ namespace feedloom {
 
 struct HostOptions;
 
-// A profile in this program's hands.
+// An opened profile, locked as long as the object lives.
 struct HostProfile {
   explicit HostProfile(const std::string& profileDir) : paths(AbsolutePath(profileDir)) {}
 
   const ProfilePaths paths;
-  bool isNew = false;  // made just now
+  bool isNew = false;  // OpenProfile has created it
   ProfileLock lock;
 };
 
-// The directory of the profile that `options` name; empty when none can be told.
+// The profile's directory: that of `options`, else the default one. Empty when neither is known.
 std::string ProfileDir(const HostOptions& options);
 
-// Makes the profile when there is none, locks it and brings it in line with `options`. Fails when
-// it cannot be used as it is; nothing in it has been changed then.
+// Creates the profile if it does not exist, locks it, repairs its shared paths and stores the
+// language of `options`. Fails, with a message for the user (UTF-8), when the profile is damaged,
+// read-only, in use by another process or has another code page than `options` ask for; the
+// profile's files are unchanged then.
 [[nodiscard]] Failure OpenProfile(HostProfile& profile, const HostOptions& options);
 
-// Shows the profile in this language ("KOR", "ENG"; case does not matter) from the next start of
-// the module on. An empty one changes nothing.
+// Stores `language` ("KOR" or "ENG", in upper or lower case) in the registry; the module uses it
+// from its next start on. An empty string changes nothing. Fails when the registry cannot be
+// written.
 [[nodiscard]] Failure SetLanguage(const ProfilePaths& paths, const std::string& language);
 
 }  // namespace feedloom

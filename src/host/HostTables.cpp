@@ -12,7 +12,7 @@ struct Tables {
   CodePage codePage = CodePage::Korean();
 };
 
-Tables& TheTables() {
+Tables& CurrentTables() {
   static Tables tables;
   return tables;
 }
@@ -20,16 +20,16 @@ Tables& TheTables() {
 }  // namespace
 
 void SetHostTables(HostLookup tables, CodePage codePage) {
-  TheTables() = {std::move(tables), codePage};
+  CurrentTables() = {std::move(tables), codePage};
 }
 
 std::string HostGetText(const char* section, const char* key) {
-  const auto& answer = TheTables().lookup.HostGetText;
+  const auto& answer = CurrentTables().lookup.HostGetText;
   return answer ? answer(section, key) : std::string();
 }
 
 std::string HostGetSkinValue(const char* section, const char* key) {
-  const auto& answer = TheTables().lookup.HostGetSkinValue;
+  const auto& answer = CurrentTables().lookup.HostGetSkinValue;
   return answer ? answer(section, key) : std::string();
 }
 
@@ -38,7 +38,7 @@ QString HostText(const char* key) {
 }
 
 QString FromModuleText(std::string_view text) {
-  return QString::fromStdString(TheTables().codePage.ToUtf8(text));
+  return QString::fromStdString(CurrentTables().codePage.ToUtf8(text));
 }
 
 }  // namespace feedloom

@@ -1,5 +1,5 @@
-// What the host's tables answer. They are one for the process: the module's callbacks are plain
-// functions and find nothing else. All of it belongs to the interface thread.
+// The texts and skin values that the host hands to the module. They are global because the module's
+// callbacks are plain functions without a context. Interface thread only.
 #pragma once
 
 #include <QString>
@@ -11,16 +11,18 @@
 
 namespace feedloom {
 
-// `codePage` is that of the tables' texts and of the module's.
+// Replaces the tables. `codePage` is the encoding of their texts, which the module uses too.
 void SetHostTables(HostLookup tables, CodePage codePage);
 
-// The two callbacks for the module; empty without tables.
+// The two callbacks for the module. They return the value in the tables' code page; empty when
+// there is none, or no tables were set.
 std::string HostGetText(const char* section, const char* key);
 std::string HostGetSkinValue(const char* section, const char* key);
 
-// A text of the host program's own section; its "$" are line breaks.
+// The text under `key` in the host program's own section, with each "$" as a line break.
 QString HostText(const char* key);
 
+// Decodes a text in the module's code page.
 QString FromModuleText(std::string_view text);
 
 }  // namespace feedloom

@@ -21,17 +21,17 @@
 namespace feedloom {
 namespace {
 
-// One line, clipped where the window ends; the whole text is its tool tip.
+// Shows `text` on one line, clipped at the window's edge. The whole text is the tool tip.
 void ShowStatus(QLabel& label, const QString& text) {
   label.setText(text.simplified());
-  label.setAccessibleDescription(text);  // else a reader gets the tool tip's markup
+  label.setAccessibleDescription(text);  // else a screen reader speaks the tool tip's markup
   label.setToolTip(text.isEmpty() ? text : "<p>" + text.toHtmlEscaped() + "</p>");
 }
 
 }  // namespace
 
-HostWindow::HostWindow(const QString& caption, HostLooks looks)
-    : looks_(std::move(looks)),
+HostWindow::HostWindow(const QString& caption, Appearance appearance)
+    : appearance_(std::move(appearance)),
       pane_(new ModulePane(this)),
       status_(new QLabel(this)),
       busy_(new QProgressBar(this)) {
@@ -90,7 +90,8 @@ void HostWindow::MakeMenu() {
   AddEntry(help, kHostTextMenuAbout, [this] { ShowAbout(); });
 }
 
-// Later, for some lead to dialogs: a screen reader that chooses an entry waits for that to be done.
+// `run` is queued: it may open a dialog, and a screen reader that triggers the entry would wait
+// until that dialog is closed.
 QAction& HostWindow::AddEntry(QMenu& menu, const char* textKey, const std::function<void()>& run) {
   QAction& action = *menu.addAction(HostText(textKey));
   connect(&action, &QAction::triggered, this, run, Qt::QueuedConnection);
@@ -100,22 +101,22 @@ QAction& HostWindow::AddEntry(QMenu& menu, const char* textKey, const std::funct
 void HostWindow::MakeViewMenu() {
   QMenu& view = *menuBar()->addMenu(HostText(kHostTextMenuView));
   auto& skins = *new QActionGroup(this);
-  AddLooks(view, skins, kHostTextMenuLightSkin, {kLightSkin, looks_.language});
-  AddLooks(view, skins, kHostTextMenuDarkSkin, {kDarkSkin, looks_.language});
+  AddAppearance(view, skins, kHostTextMenuLightSkin, {kLightSkin, appearance_.language});
+  AddAppearance(view, skins, kHostTextMenuDarkSkin, {kDarkSkin, appearance_.language});
   view.addSeparator();
   auto& languages = *new QActionGroup(this);
-  AddLooks(view, languages, kHostTextMenuKorean, {looks_.skin, "KOR"});
-  AddLooks(view, languages, kHostTextMenuEnglish, {looks_.skin, "ENG"});
+  AddAppearance(view, languages, kHostTextMenuKorean, {appearance_.skin, "KOR"});
+  AddAppearance(view, languages, kHostTextMenuEnglish, {appearance_.skin, "ENG"});
 }
 
-void HostWindow::AddLooks(QMenu& menu, QActionGroup& group, const char* textKey,
-                          const HostLooks& looks) {
-  QAction& action = AddEntry(menu, textKey, [this, looks] {
-    if (looks != looks_) emit LooksChosen(looks);
+void HostWindow::AddAppearance(QMenu& menu, QActionGroup& group, const char* textKey,
+                               const Appearance& appearance) {
+  QAction& action = AddEntry(menu, textKey, [this, appearance] {
+    if (appearance != appearance_) emit AppearanceChosen(appearance);
   });
   group.addAction(&action);
   action.setCheckable(true);
-  action.setChecked(looks == looks_);
+  action.setChecked(appearance == appearance_);
 }
 
 void HostWindow::MakeStatusBar() {

@@ -16,36 +16,39 @@ namespace feedloom {
 
 class ModulePane;
 
-// How the window is shown at the moment; an empty one is none of those that the menu offers.
-struct HostLooks {
+// A skin and a language, as the view menu offers them. A skin of another name, or an empty string,
+// is no entry of the menu.
+struct Appearance {
   std::string skin;      // kLightSkin, kDarkSkin
   std::string language;  // "KOR", "ENG"
 
-  bool operator==(const HostLooks&) const = default;
+  bool operator==(const Appearance&) const = default;
 };
 
-// The main window: menu, status bar, and the module's frame between them. Its texts come from the
-// host's tables.
+// The main window: a menu, the module's frame and a status bar. Its texts come from the host's
+// tables, which must be set (SetHostTables). Interface thread.
 class HostWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  explicit HostWindow(const QString& caption, HostLooks looks = {});
+  explicit HostWindow(const QString& caption, Appearance appearance = {});
 
-  // The parent to hand to the module; what the module reports to it stands in the status bar.
+  // The widget to hand to the module's Create as parent. The window owns it, and shows the texts
+  // that the module sends to it in the status bar.
   QWidget* ModuleParent() const;
 
-  // Shows the module's frame, which has the focus from now on and gets the menu's commands. The
-  // module keeps it.
+  // Shows `frame`, gives it the focus, and sends it the menu's commands from now on. The module
+  // still owns it.
   void SetFrame(QWidget* frame);
 
-  // Sends a message to the frame; the answer comes back.
+  // Sends the frame a message (platform/Messages.h) and returns its result; 0 without a frame.
   std::intptr_t SendToFrame(unsigned message);
 
  signals:
+  // The window is about to close.
   void Closing();
-  // The user wants other looks than those of now.
-  void LooksChosen(const feedloom::HostLooks& looks);
+  // The user has chosen another skin or language than the current one.
+  void AppearanceChosen(const feedloom::Appearance& appearance);
 
  protected:
   bool event(QEvent* event) override;
@@ -55,12 +58,13 @@ class HostWindow : public QMainWindow {
   void MakeMenu();
   void MakeViewMenu();
   QAction& AddEntry(QMenu& menu, const char* textKey, const std::function<void()>& run);
-  // An entry of one of the two groups of the view menu, which leads to `looks`.
-  void AddLooks(QMenu& menu, QActionGroup& group, const char* textKey, const HostLooks& looks);
+  // Adds an entry to the view menu that chooses `appearance`; `group` makes it exclusive.
+  void AddAppearance(QMenu& menu, QActionGroup& group, const char* textKey,
+                     const Appearance& appearance);
   void MakeStatusBar();
   void ShowAbout();
 
-  const HostLooks looks_;
+  const Appearance appearance_;
   ModulePane* const pane_;
   QLabel* const status_;
   QProgressBar* const busy_;

@@ -6,12 +6,13 @@
 
 namespace feedloom {
 
-// The module that was installed with this program; empty when there is none.
+// The path of the module that is installed with this program; empty when there is none.
 std::string InstalledModule();
 
-// Makes `link` lead to `installed`, so that the module finds the database and the registry of the
-// profile around it. A file in the link's place is a module of the user's own and stays; so does
-// whatever is there when `installed` is empty.
+// Makes the symbolic link `link` point to the file `installed`. The module looks for the profile's
+// database and registry beside the path that it is loaded by. A regular file at `link` is the
+// user's own module and is kept. With an empty `installed` an existing link is kept, too, and a
+// missing one is a failure.
 [[nodiscard]] Failure LinkModule(const std::string& link, const std::string& installed);
 
 }  // namespace feedloom

@@ -18,7 +18,7 @@ void ModulePane::Fill(QWidget* frame) { layout()->addWidget(frame); }
 bool ModulePane::event(QEvent* event) {
   if (event->type() != WindowMessage::kType) return QWidget::event(event);
   const auto& message = *static_cast<WindowMessage*>(event);
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): this is how a message carries a pointer
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): a message carries a pointer as lParam
   const auto* text = reinterpret_cast<const std::string*>(message.lParam);
   if (message.number != kMessageShowText || text == nullptr) return false;
   emit TextReported(FromModuleText(*text));

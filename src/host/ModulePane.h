@@ -4,18 +4,18 @@
 
 namespace feedloom {
 
-// The module's parent: the place of its frame, and the receiver of its messages.
+// The parent of the module's frame. It receives the module's messages.
 class ModulePane : public QWidget {
   Q_OBJECT
 
  public:
   explicit ModulePane(QWidget* parent);
 
-  // Gives all of the pane to `frame`.
+  // Adds `frame` to the layout, which lets it fill the pane.
   void Fill(QWidget* frame);
 
  signals:
-  // The module has a text for the user.
+  // The module has sent a text for the user.
   void TextReported(const QString& text);
 
  protected:

@@ -10,7 +10,7 @@
 #include <QWidget>
 #include <utility>
 
-#include "host/Complaint.h"
+#include "host/ErrorReport.h"
 
 namespace feedloom {
 namespace {
@@ -39,7 +39,7 @@ Screenshot::Screenshot(QWidget& window, QWidget& frame, QString file)
     : window_(window), frame_(frame), file_(std::move(file)) {}
 
 Failure Screenshot::Start(std::chrono::milliseconds limit) {
-  // By name: the host knows the frame's class only as a widget.
+  // Connected by name: the host does not know the frame's class.
   if (!connect(&frame_, SIGNAL(PageShown()), this, SLOT(OnPageShown()))) {
     return "The module does not tell when it has shown a page.";
   }
@@ -56,22 +56,22 @@ void Screenshot::OnPageShown() {
   }
 }
 
-// A page's images come a few frames after it: the picture is good when it has stopped changing. One
-// that moves for ever is good, too, after a while.
+// A page's images appear a few frames after the page itself, so the picture is taken when two
+// comparisons in a row are equal. An animated page never gets there: the last comparison is taken.
 void Screenshot::LookForChange() {
-  constexpr std::chrono::milliseconds kBetweenLooks(100);
-  constexpr int kMostLooks = 20;
+  constexpr std::chrono::milliseconds kInterval(100);
+  constexpr int kMaxComparisons = 20;
   const QPixmap picture = window_.grab();
-  if (picture.toImage() == lastPicture_ || ++looks_ == kMostLooks) {
+  if (picture.toImage() == lastPicture_ || ++comparisons_ == kMaxComparisons) {
     return Leave(SavePicture(picture, file_));
   }
   lastPicture_ = picture.toImage();
-  QTimer::singleShot(kBetweenLooks, this, &Screenshot::LookForChange);
+  QTimer::singleShot(kInterval, this, &Screenshot::LookForChange);
 }
 
 void Screenshot::Leave(const Failure& failure) {
   disconnect(&frame_, nullptr, this, nullptr);
-  if (failure) Complain(*failure);
+  if (failure) ReportError(*failure);
   QCoreApplication::exit(failure ? 1 : 0);
 }
 

@@ -11,16 +11,17 @@ class QWidget;
 
 namespace feedloom {
 
-// Takes a picture of the window with the first row of the module's tree chosen, the way a user
-// chooses it, and ends the event loop with the program's exit status: 0, or 1 after a message.
+// Selects the first row of the module's tree by a key press, saves a picture of the window as the
+// PNG file `file`, and ends the event loop with the program's exit status: 0, or 1 after an error
+// message on stderr. Interface thread.
 class Screenshot : public QObject {
   Q_OBJECT
 
  public:
   Screenshot(QWidget& window, QWidget& frame, QString file);
 
-  // Waits at most `limit` for the pages of `frame`. Fails when it does not tell of its pages. To be
-  // called before the event loop shows the frame.
+  // Waits at most `limit` for the frame's pages. Fails when the frame has no signal PageShown().
+  // Call this before the event loop shows the frame.
   [[nodiscard]] Failure Start(std::chrono::milliseconds limit = std::chrono::seconds(30));
 
  private slots:
@@ -34,8 +35,8 @@ class Screenshot : public QObject {
   QWidget& frame_;
   const QString file_;
   bool isRowChosen_ = false;
-  QImage lastPicture_;  // of the page that the row has led to
-  int looks_ = 0;
+  QImage lastPicture_;  // the selected row's page, as last compared
+  int comparisons_ = 0;
 };
 
 }  // namespace feedloom

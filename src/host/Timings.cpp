@@ -16,15 +16,16 @@ namespace {
 
 bool isWanted = false;
 
-// Since the system has started, in milliseconds.
+// The time since the system was booted, in milliseconds.
 double Now() {
   timespec now{};
   clock_gettime(CLOCK_BOOTTIME, &now);
   return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
-// The system knows it in ticks of some milliseconds: it is the 22nd field of a line whose second
-// one, the program's name, may hold blanks.
+// The time between the system's boot and this process's start, in milliseconds, as exact as a clock
+// tick. It is field 22 of /proc/self/stat, see proc(5). Field 2, the program's name in parentheses,
+// may contain blanks.
 double ProgramStart() {
   std::ifstream file("/proc/self/stat");
   file.ignore(std::numeric_limits<std::streamsize>::max(), ')');
@@ -35,19 +36,19 @@ double ProgramStart() {
 
 }  // namespace
 
-void BeginTimings() { isWanted = true; }
+void EnableTimings() { isWanted = true; }
 
-void NoteTime(const char* step) {
+void LogTiming(const char* step) {
   if (!isWanted) return;
   static const double start = ProgramStart();
   std::fputs(fmt::format("{:.0f} ms: {}\n", Now() - start, step).c_str(), stderr);
 }
 
 PageTimings::PageTimings(QWidget& frame) {
-  // By name: the host knows the frame's class only as a widget.
+  // Connected by name: the host does not know the frame's class.
   if (isWanted) connect(&frame, SIGNAL(PageShown()), this, SLOT(OnPageShown()));
 }
 
-void PageTimings::OnPageShown() { NoteTime("page shown"); }
+void PageTimings::OnPageShown() { LogTiming("page shown"); }
 
 }  // namespace feedloom

@@ -6,14 +6,14 @@ class QWidget;
 
 namespace feedloom {
 
-// From now on NoteTime speaks.
-void BeginTimings();
+// Lets LogTiming print from now on.
+void EnableTimings();
 
-// A line on the standard error output: how long ago the program was started, and the step that it
-// has reached. Nothing without BeginTimings. Interface thread.
-void NoteTime(const char* step);
+// Prints a line to stderr: the milliseconds since the process was started, and `step`. Does nothing
+// before EnableTimings. Interface thread.
+void LogTiming(const char* step);
 
-// Notes each page that the module's `frame` has shown.
+// Logs each page that the module's `frame` has shown.
 class PageTimings : public QObject {
   Q_OBJECT
 

@@ -17,15 +17,15 @@
 namespace feedloom {
 namespace {
 
-// A new profile deletes nothing by itself; when it is told to, this is what the user begins with.
+// The deletion settings of a new profile: no automatic deletion, and 30 days when it is turned on.
 constexpr std::uint32_t kNeverDelete = 1;
 constexpr std::uint32_t kDaysToKeep = 30;
 
-// What a profile is made from, read before anything is written.
-struct Ingredients {
+// The shared files' content, read before anything is written.
+struct ProfileSources {
   std::string schema;
   std::string sampleFeed;
-  FirstContent content;
+  InitialContent content;
 };
 
 Failure ReadShared(const std::string& path, std::string& content) {
@@ -36,7 +36,7 @@ Failure ReadShared(const std::string& path, std::string& content) {
 }
 
 Failure ReadNames(const std::string& path, const std::string& language, CodePage codePage,
-                  FirstContent& content) {
+                  InitialContent& content) {
   std::string text;
   if (Failure failure = ReadShared(path, text)) return failure;
   const IniFile ini = IniFile::Parse(text);
@@ -51,8 +51,8 @@ Failure ReadNames(const std::string& path, const std::string& language, CodePage
   return {};
 }
 
-Failure ReadIngredients(const std::string& shareDir, const std::string& language, CodePage codePage,
-                        Ingredients& result) {
+Failure ReadProfileSources(const std::string& shareDir, const std::string& language,
+                           CodePage codePage, ProfileSources& result) {
   const std::string sample = JoinPath(JoinPath(shareDir, "sample"), language + ".xml");
   if (auto failure = ReadShared(JoinPath(shareDir, "schema.sql"), result.schema)) return failure;
   if (auto failure = ReadShared(sample, result.sampleFeed)) return failure;
@@ -69,7 +69,7 @@ std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir,
   for (const auto& [name, path] : SharePathsIn(shareDir, kLightSkin)) {
     entries.push_back({kHostKey, name, path});
   }
-  // Without these the settings would say that posts are deleted after no days, and refuse it.
+  // Without these values the settings would show an age of 0 days, which they do not accept.
   for (const auto& [name, value] : {std::pair{kValueFeedDeleteMode, kNeverDelete},
                                     std::pair{kValueFeedDeleteDate, kDaysToKeep}}) {
     entries.push_back({kModuleKey, name, value});
@@ -78,7 +78,7 @@ std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir,
   return FormatRegistryFile(entries);
 }
 
-// The registry cuts longer paths, so a profile with one would not work.
+// HostConfig truncates longer paths, so such a profile would not work.
 Failure CheckLengths(const ProfilePaths& paths, const std::string& shareDir) {
   for (const std::string& path :
        {paths.workDir, SharePathsIn(shareDir, kLightSkin).front().second}) {
@@ -94,13 +94,13 @@ Failure CheckNoProfile(const ProfilePaths& paths) {
   return fmt::format("There is a profile in '{}' already.", paths.dir);
 }
 
-Failure Write(const ProfilePaths& paths, const Ingredients& ingredients,
+Failure Write(const ProfilePaths& paths, const ProfileSources& sources,
               const std::string& registryText) {
   const DirectoryLock lock(paths.dir);
   if (auto failure = CheckNoProfile(paths)) return failure;
-  if (auto failure = WriteFileWhole(paths.sampleFeed, ingredients.sampleFeed)) return failure;
+  if (auto failure = WriteFileWhole(paths.sampleFeed, sources.sampleFeed)) return failure;
   if (!IsRegularFile(paths.database)) {
-    auto failure = CreateDatabase(paths.database, ingredients.schema, ingredients.content);
+    auto failure = CreateDatabase(paths.database, sources.schema, sources.content);
     if (failure) return failure;
   }
   return WriteFileWhole(paths.registry, registryText);
@@ -115,15 +115,15 @@ Failure CreateProfile(const std::string& dir, const std::string& shareDir, CodeP
   const std::string share = AbsolutePath(shareDir);
   const std::string languageCode = ToUpperAscii(language);
 
-  Ingredients ingredients;
-  ingredients.content.sampleFeedUrl = FileUrl(paths.sampleFeed);
+  ProfileSources sources;
+  sources.content.sampleFeedUrl = FileUrl(paths.sampleFeed);
   if (auto failure = CheckNoProfile(paths)) return failure;
   if (auto failure = CheckLengths(paths, share)) return failure;
-  if (auto failure = ReadIngredients(share, languageCode, codePage, ingredients)) return failure;
+  if (auto failure = ReadProfileSources(share, languageCode, codePage, sources)) return failure;
   for (const std::string& directory : {paths.moduleDir, paths.workDir}) {
     if (auto failure = MakeDirectories(directory)) return failure;
   }
-  return Write(paths, ingredients, RegistryText(paths, share, codePage, languageCode));
+  return Write(paths, sources, RegistryText(paths, share, codePage, languageCode));
 }
 
 }  // namespace feedloom

@@ -1,4 +1,4 @@
-// The file operations that making a profile needs. Paths are the file system's own bytes.
+// File operations for profiles. Paths are the file system's bytes. Any thread may call them.
 #pragma once
 
 #include <optional>
@@ -9,23 +9,24 @@
 
 namespace feedloom {
 
-// The file's content; none when it cannot be read.
+// The content of the file at `path`; nullopt when it cannot be read or is a directory.
 std::optional<std::string> ReadFile(const std::string& path);
 
-// False also when it cannot be told.
+// Whether `path` is a regular file, or a link to one. False also when that cannot be determined.
 bool IsRegularFile(const std::string& path);
 
-// Makes `path` and the directories above it that are missing, for this user alone.
+// Creates the directory `path` and its missing parents with mode 0700. Fails with a message (UTF-8)
+// that names the directory and the reason.
 [[nodiscard]] Failure MakeDirectories(const std::string& path);
 
-// `path` from the root on; an empty one stays empty.
+// `path` as an absolute path. An empty path stays empty.
 std::string AbsolutePath(const std::string& path);
 
-// The file:// address of an absolute path.
+// The file URL of an absolute path (RFC 8089), with percent-encoded bytes.
 std::string FileUrl(std::string_view path);
 
-// Keeps other programs that lock the same directory waiting until the object ends. A file system
-// that knows no locks does not lock.
+// Locks a directory until the object is destroyed. The constructor waits for other holders of the
+// lock. On a file system without locks it locks nothing.
 class DirectoryLock {
  public:
   explicit DirectoryLock(const std::string& directory);

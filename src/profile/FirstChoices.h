@@ -1,4 +1,4 @@
-// What a new profile begins with when its user has not said otherwise.
+// Default values of a new profile. Read the environment before other threads change it.
 #pragma once
 
 #include <string>
@@ -7,11 +7,12 @@
 
 namespace feedloom {
 
-// "KOR" or "ENG": by the language of the user's locale (POSIX: LC_ALL, else LC_MESSAGES, else
-// LANG). Without one it is Korean.
+// The default language by the user's locale (POSIX: LC_ALL, else LC_MESSAGES, else LANG): "KOR" for
+// Korean and for the locales C, POSIX or none, else "ENG".
 std::string FirstLanguage();
 
-// The Korean one for Korean; UTF-8, which loses no character, for everybody else.
+// The default code page by `language`: the Korean one for "KOR" (in upper or lower case), else
+// UTF-8, which can represent every character.
 CodePage FirstCodePage(const std::string& language);
 
 }  // namespace feedloom

@@ -13,7 +13,7 @@
 namespace feedloom {
 namespace {
 
-// Answers from the first of these files that has the value.
+// A callback that returns the value of the first of these files that has it.
 auto AnswersFrom(const HostConfig& config, std::initializer_list<std::string> paths) {
   auto files = std::make_shared<std::vector<IniFile>>();
   for (const std::string& path : paths) files->push_back(IniFile::Read(path));

@@ -5,10 +5,11 @@
 
 namespace feedloom {
 
-// The two callbacks, answered in the host's language: texts from string.ini, skin values from the
-// skin's own skin.ini and else from image.ini. The files, the language and the code page are read
-// once, now; a file that is missing answers with empty texts. The callbacks may be called from any
-// thread, and outlive `config`.
+// Reads the host's ini files and returns the two callbacks that look values up in them, in the
+// host's language: texts in string.ini, skin values in the skin's skin.ini and then in image.ini.
+// Values are returned in the module's code page. Files, language and code page are read once, now;
+// a missing file has no values. Any thread may call the callbacks, and `config` may be destroyed
+// before them.
 HostLookup ReadHostTexts(const HostConfig& config);
 
 }  // namespace feedloom

@@ -1,4 +1,4 @@
-// The host's ini files: UTF-8, lines of "[SECTION]" and "KEY=value".
+// The host's ini files: UTF-8, with lines "[SECTION]" and "KEY=value".
 #pragma once
 
 #include <map>
@@ -9,20 +9,22 @@
 
 namespace feedloom {
 
-// A value; any thread may read it. Section and key names compare without regard to ASCII case.
+// A parsed ini file, immutable: any thread may read it. Section and key names are compared without
+// regard to ASCII case.
 class IniFile {
  public:
-  // Reads `text`. A value is what follows the first "=", as it stands, without the white space at
-  // its two ends. Lines that begin with ";" and lines of no known form are skipped; of a key that
-  // stands twice in a section the first one counts.
+  // Parses `text`. A value is everything after the line's first "=", without white space at its
+  // ends; quotes and ";" belong to it. Lines that begin with ";" and unknown lines are skipped.
+  // When a section has a key twice, the first value is used. A byte order mark is skipped.
   static IniFile Parse(std::string_view text);
 
-  // The file at `path`; one that cannot be read has no values.
+  // Parses the file at `path`. A file that cannot be read has no values.
   static IniFile Read(const std::string& path);
 
+  // The value in UTF-8; nullopt when the section has no such key.
   std::optional<std::string> Value(std::string_view section, std::string_view key) const;
 
-  // The value in the section "SECTION.LANGUAGE"; when it has none, that in the section itself.
+  // The value in the section "SECTION.LANGUAGE", or else in "SECTION".
   std::optional<std::string> ValueInLanguage(std::string_view section, std::string_view key,
                                              std::string_view language) const;
 

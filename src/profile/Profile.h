@@ -1,13 +1,13 @@
 // A profile: the directory in which a user's registry and database live.
 //
 //   registry.reg        the host's registry; a profile exists when this file does
-//   sample.xml          the feed of the sample channel
+//   sample.xml          the sample channel's feed
 //   module/feedloom.so  the installed module, linked by the host program
 //   module/rssdb        the database, beside the module
 //   work/               temporary files
 //
-// Paths are the file system's own bytes. These functions are called at a program's start, before
-// other threads run.
+// Paths are the file system's bytes. Failures are messages for the user (UTF-8). Call these
+// functions at the program's start, before other threads run.
 #pragma once
 
 #include <string>
@@ -29,27 +29,30 @@ struct ProfilePaths {
   std::string workDir;
 };
 
-// $XDG_DATA_HOME/halvix, else ~/.local/share/halvix; empty when the user has no home directory.
+// The default profile directory (XDG Base Directory Specification): $XDG_DATA_HOME/halvix, or else
+// ~/.local/share/halvix. Empty when HOME is not set.
 std::string DefaultProfileDir();
 
-// The directory of the program's shared files: ../share/feedloom beside the executable's directory,
-// where they are built and installed.
+// The directory of the program's shared files: ../share/feedloom, relative to the executable's
+// directory, both in a build and in an installation.
 std::string ShareDir();
 
+// Whether the registry file exists, even as a dangling link.
 bool ProfileExists(const ProfilePaths& paths);
 
-// Makes a profile in `dir` (made when missing) from the files in `shareDir`: a registry, and a
-// database with one folder, one cabinet and a channel of the sample feed, named in `language`
-// ("KOR", "ENG"; case does not matter). The registry comes last. When a creation was interrupted,
-// the next one does the rest; a registry or a database that is there is never replaced. Two
-// programs may try at the same time: one succeeds, the other one finds that a profile exists.
+// Creates a profile in `dir`, and `dir` itself if it is missing, from the files in `shareDir`: a
+// registry and a database with one folder, one cabinet and a channel for the sample feed, named in
+// `language` ("KOR" or "ENG", in upper or lower case). The registry is written last, so the next
+// call completes an interrupted one. An existing registry or database is never replaced. When two
+// processes call it at the same time, one succeeds and the other one fails: a profile exists.
 [[nodiscard]] Failure CreateProfile(const std::string& dir, const std::string& shareDir,
                                     CodePage codePage, const std::string& language);
 
-// When the directory of the ini files that the profile's registry names is gone, or its image
-// directory holds no skin, points the profile's shared paths to `shareDir`, to the skin of the same
-// name if there is one. Makes the work folder again when it is gone and can be made. Does nothing
-// otherwise.
+// Repairs the paths in the registry of the profile in `dir`. When its ini directory does not exist,
+// or its image directory contains no skin, the shared paths are set to `shareDir`, with the skin of
+// the same name if there is one and the light skin otherwise. A missing work directory is created
+// if possible. Fails when the registry cannot be read or written, or `shareDir` is needed and
+// missing.
 [[nodiscard]] Failure RepairSharePaths(const std::string& dir, const std::string& shareDir);
 
 }  // namespace feedloom

@@ -45,7 +45,7 @@ bool Insert(sqlite3* database, const char* sql, std::initializer_list<std::strin
   return sqlite3_step(prepared) == SQLITE_DONE;
 }
 
-bool Fill(sqlite3* database, const std::string& schema, const FirstContent& content) {
+bool Fill(sqlite3* database, const std::string& schema, const InitialContent& content) {
   return Execute(database, "BEGIN") && Execute(database, schema.c_str()) &&
          Insert(database, kInsertFolder, {content.folderName}) &&
          Insert(database, kInsertCabinet, {content.cabinetName}) &&
@@ -54,7 +54,7 @@ bool Fill(sqlite3* database, const std::string& schema, const FirstContent& cont
          Execute(database, "COMMIT");
 }
 
-Failure Build(const std::string& path, const std::string& schema, const FirstContent& content) {
+Failure Build(const std::string& path, const std::string& schema, const InitialContent& content) {
   sqlite3* opened = nullptr;
   const bool ok = sqlite3_open(path.c_str(), &opened) == SQLITE_OK;
   const Database database(opened);
@@ -69,9 +69,9 @@ void RemoveDatabase(const std::string& path) {
 }  // namespace
 
 Failure CreateDatabase(const std::string& path, const std::string& schema,
-                       const FirstContent& content) {
+                       const InitialContent& content) {
   const std::string temporary = path + ".new";
-  RemoveDatabase(temporary);  // of a creation that was interrupted
+  RemoveDatabase(temporary);  // left by an interrupted call
   if (Failure failure = Build(temporary, schema, content)) {
     RemoveDatabase(temporary);
     return failure;

@@ -6,17 +6,18 @@
 
 namespace feedloom {
 
-// What a new database holds, in the module's code page.
-struct FirstContent {
-  std::string folderName;   // of the one protected folder
-  std::string cabinetName;  // of the one cabinet
-  std::string sampleTitle;  // of the channel in that folder
+// The rows of a new database. Texts are in the module's code page.
+struct InitialContent {
+  std::string folderName;   // the only folder, which is protected
+  std::string cabinetName;  // the only cabinet
+  std::string sampleTitle;  // the only channel, in the folder
   std::string sampleFeedUrl;
 };
 
-// Makes the database at `path`, where none is yet: the tables of `schema` (SQL) and the first
-// content. It is built beside `path` and gets its name when it is whole.
+// Creates the SQLite database at `path`, which must not exist: executes `schema` (SQL), then
+// inserts `content`. The file is built as "`path`.new" and renamed when it is complete; a failure
+// removes it and returns a message for the user (UTF-8).
 [[nodiscard]] Failure CreateDatabase(const std::string& path, const std::string& schema,
-                                     const FirstContent& content);
+                                     const InitialContent& content);
 
 }  // namespace feedloom

@@ -30,7 +30,8 @@ bool IsSkin(const std::string& imageDir) { return IsRegularFile(JoinPath(imageDi
 
 SharePaths SharePathsIn(const std::string& shareDir, const std::string& skin) {
   const std::string skinDir = SkinDir(shareDir, skin);
-  // The directory of the ini files is last: a repair that was interrupted is done again.
+  // The ini directory is written last: RepairSharePaths checks it, and so repeats an interrupted
+  // run.
   return {{{kValueImageDir, skinDir}, {kValueCurrentPath, skinDir}, {kValueIniDir, shareDir}}};
 }
 
@@ -59,7 +60,7 @@ Failure RepairSharePaths(const std::string& dir, const std::string& shareDir) {
     return fmt::format("The registry file '{}' cannot be read or is damaged.", paths.registry);
   }
   const HostConfig config(registry);
-  // Without it nothing can be downloaded; where it cannot be made there is still much to read.
+  // A failure is ignored: without the work directory only downloads fail.
   std::ignore = MakeDirectories(config.GetWorkDir());
   if (IsDirectory(config.GetIniDir()) && IsSkin(config.GetImageDir())) return {};
   if (!IsDirectory(shareDir)) return fmt::format("There is no directory '{}'.", shareDir);

@@ -1,5 +1,6 @@
-// The shared files that a profile is shown with: the directory of the ini files, and in it one
-// directory for each skin, skin/<name>, with the images and colours (skin.ini) of that skin.
+// The paths in a profile's registry that lead to the program's shared files: the directory of the
+// ini files and, in it, one directory skin/<name> for each skin, with its images and colours
+// (skin.ini).
 #pragma once
 
 #include <array>
@@ -16,16 +17,18 @@ inline constexpr char kLightSkin[] = "light";
 inline constexpr char kDarkSkin[] = "dark";
 inline constexpr char kSkinIni[] = "skin.ini";  // in the directory of a skin
 
-// The registry values that name places in the shared directory, in the order of writing.
+// The registry values with paths in the shared directory, in the order in which they are written.
 using SharePaths = std::array<std::pair<const char*, std::string>, 3>;
 
-// `shareDir` is absolute.
+// The paths for `skin` in `shareDir`, which must be absolute.
 SharePaths SharePathsIn(const std::string& shareDir, const std::string& skin);
 
-// The name of the skin that the profile is shown with.
+// The name of the profile's current skin: the last component of its image directory.
 std::string SkinName(const HostConfig& config);
 
-// Shows the profile in `dir` with this skin of `shareDir` from the next start of the module on.
+// Stores this skin of `shareDir` in the registry of the profile in `dir`; the module uses it from
+// its next start on. Fails, with a message (UTF-8), when there is no such skin or the registry
+// cannot be written.
 [[nodiscard]] Failure ChooseSkin(const std::string& dir, const std::string& shareDir,
                                  const std::string& skin);
 

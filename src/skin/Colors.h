@@ -1,5 +1,4 @@
-// The colours of a skin. Texts and lines that the module draws itself lie on the skin's images, so
-// they come with them.
+// The colours of a skin: those of texts and lines that the module draws on the skin's images.
 #pragma once
 
 #include <cstdint>
@@ -18,10 +17,11 @@ struct ColorKey {
 #include "skin/ColorKeys.def"
 #undef FEEDLOOM_COLOR
 
+// All colours.
 std::span<const ColorKey> ColorKeys();
 
-// The host's colour, written "#RRGGBB" in kSectionColors, as 0xRRGGBB; the built-in one when the
-// host has none, or another text.
+// The host's value for `color` in kSectionColors, "#RRGGBB", as 0xRRGGBB. Without a value of this
+// form the built-in colour is returned.
 std::uint32_t GetColor(const Skin& skin, const ColorKey& color);
 
 }  // namespace feedloom

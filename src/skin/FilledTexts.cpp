@@ -5,7 +5,7 @@
 namespace feedloom {
 namespace {
 
-// The first `field` becomes `value`.
+// Replaces the first `field` with `value`.
 std::string WithField(std::string_view text, std::string_view field, std::string_view value) {
   std::string filled(text);
   const auto at = filled.find(field);

@@ -1,4 +1,4 @@
-// The ways in which the host's texts are filled in. Pure; texts are in the module's code page.
+// Fills the placeholders of the host's texts. All texts are in the module's code page. Any thread.
 #pragma once
 
 #include <initializer_list>
@@ -7,13 +7,13 @@
 
 namespace feedloom {
 
-// Every "$" becomes a line break, carriage return and line feed.
+// Replaces each "$" with a line break (CR LF).
 std::string WithLineBreaks(std::string_view text);
 
-// The first "%s" becomes `title`.
+// Replaces the first "%s" with `title`.
 std::string WithTitle(std::string_view text, std::string_view title);
 
-// Each "%d" becomes the next of `numbers`, as long as there are some.
+// Replaces each "%d" with the next of `numbers`. Further placeholders, or numbers, are left over.
 std::string WithNumbers(std::string_view text, std::initializer_list<int> numbers);
 
 }  // namespace feedloom

@@ -7,7 +7,7 @@
 namespace feedloom {
 namespace {
 
-// The longest start of `text` that holds whole characters and at most `limit` bytes.
+// The longest prefix of `text` with whole characters and at most `limit` bytes.
 std::string CutText(std::string_view text, std::size_t limit, CodePage codePage) {
   std::size_t end = 0;
   while (end < text.size()) {
@@ -68,7 +68,7 @@ std::string HostConfig::GetBmCorvaneIniPath() const {
 std::string HostConfig::GetCorvaneIniPath() const { return JoinPath(GetIniDir(), "corvane.ini"); }
 
 std::string HostConfig::GetModelIniPath() const {
-  const std::string name = GetCodePage().ToUtf8(GetModelName());  // a path is not in the code page
+  const std::string name = GetCodePage().ToUtf8(GetModelName());  // paths are UTF-8
   return JoinPath(GetIniDir(), ToUpperAscii(name) + ".ini");
 }
 

@@ -9,24 +9,23 @@
 
 namespace feedloom {
 
-// The longest values that the getters return, in bytes: the host keeps them in zero-terminated
-// buffers of 260 and 128 bytes. A longer path loses its end; a longer text loses whole characters.
+// The length in bytes at which the getters truncate paths and texts. The host keeps them in
+// zero-terminated buffers of 260 and 128 bytes. Texts are truncated between characters.
 inline constexpr std::size_t kMaxHostPath = 259;
 inline constexpr std::size_t kMaxHostText = 127;
 
 inline constexpr char kDefaultAppTitle[] = "Halvix 3.0";
 
-// Every call reads its value afresh; a missing one is an empty string. Paths are the file system's
-// own bytes, texts are in the module's code page. Any thread may call it.
+// Each getter reads its value from the registry at every call, and returns an empty string when it
+// is missing. Paths are the file system's bytes, texts are in the module's code page. Any thread.
 class HostConfig {
  public:
   explicit HostConfig(Registry registry) : registry_(std::move(registry)) {}
 
-  // The code page of the module's texts: UTF-8 when the value CODEPAGE says so, else the Korean
-  // one.
+  // The code page of the module's texts: UTF-8 when CODEPAGE names it, else the Korean one.
   CodePage GetCodePage() const;
 
-  std::string GetImageDir() const;  // with its separator at the end
+  std::string GetImageDir() const;  // with a separator at the end
   std::string GetCurrentPath() const;
   std::string GetWorkDir() const;
 
@@ -38,13 +37,13 @@ class HostConfig {
   std::string GetOsType() const;
   bool IsDebugMode() const;
 
-  // The directory of the host's ini files, with its separator at the end, and the files in it.
+  // The directory of the host's ini files, with a separator at the end, and the paths of its files.
   std::string GetIniDir() const;
   std::string GetImageIniPath() const;
   std::string GetStringIniPath() const;
   std::string GetBmCorvaneIniPath() const;
   std::string GetCorvaneIniPath() const;
-  std::string GetModelIniPath() const;  // the model name with a-z in upper case, and ".ini"
+  std::string GetModelIniPath() const;  // the model name in ASCII upper case, with ".ini"
 
  private:
   std::string Path(const char* name) const;

@@ -5,8 +5,8 @@
 
 namespace feedloom {
 
-// The host's two callbacks. Each takes a section and a key and answers with a text in the module's
-// code page, empty when the host has none. A callback that is not set counts as one that has none.
+// The host's two callbacks. Each returns the value under a section and a key in the module's code
+// page, or an empty string when the host has no such value. An unset callback has no values.
 struct HostLookup {
   std::function<std::string(const char* section, const char* key)> HostGetText;
   std::function<std::string(const char* section, const char* key)> HostGetSkinValue;

@@ -1,4 +1,4 @@
-// All names that the module asks the host for, as tables to walk.
+// Tables of all keys that the module looks up in the host's tables.
 #pragma once
 
 #include <span>
@@ -6,10 +6,10 @@
 namespace feedloom {
 
 enum class SkinValueKind {
-  File,           // a file in the image directory
-  Image,          // an image file there
-  ImageWithoutF,  // the same, named without its last letter "f"
-  Button,         // an image file with one for each state beside it (vxctrl/ButtonImages.h)
+  File,           // the path of a file, relative to the image directory
+  Image,          // the path of an image file
+  ImageWithoutF,  // the path of an image file without its last letter, "f"
+  Button,         // the path of an image file, beside those of other states (vxctrl/ButtonImages.h)
   Number,
   Rect,  // "left,top,right,bottom" in pixels
   Font,  // "family,size in pixels"

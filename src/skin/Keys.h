@@ -1,5 +1,5 @@
-// The names under which the host keeps texts, skin values and its configuration. Each stands once,
-// here or in the three tables that this header reads.
+// The names of the host's texts, skin values and registry values. Each name is defined once, here
+// or in one of the .def files.
 #pragma once
 
 #include "platform/RegistryKeys.h"
@@ -32,7 +32,7 @@ inline constexpr char kSectionColors[] = "RSS_COLORS";
 inline constexpr char kSectionFont[] = "THEMEMANAGER_FONT";
 inline constexpr char kSectionHost[] = "HALVIX";  // the host program's own texts
 
-// Texts of kSectionTexts, and skin values, each of its section.
+// The keys of texts (in kSectionTexts) and of skin values (each in its section).
 #define FEEDLOOM_TEXT(constant, key) inline constexpr char constant[] = key;
 #include "skin/TextKeys.def"
 #undef FEEDLOOM_TEXT
@@ -40,7 +40,7 @@ inline constexpr char kSectionHost[] = "HALVIX";  // the host program's own text
 #include "skin/SkinKeys.def"
 #undef FEEDLOOM_SKIN
 
-// Texts of kSectionHost.
+// The keys of texts in kSectionHost.
 #define FEEDLOOM_HOST_TEXT(constant, key) inline constexpr char constant[] = key;
 #include "skin/HostTextKeys.def"
 #undef FEEDLOOM_HOST_TEXT
@@ -60,7 +60,7 @@ inline constexpr char kValueDebugMode[] = "Debug Mode";
 inline constexpr char kValueCodePage[] = "CODEPAGE";
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
-// Those of the module's key.
+// The values of the module's registry key.
 inline constexpr char kValueFeedDeleteMode[] = "FeedDeleteMode";
 inline constexpr char kValueFeedDeleteDate[] = "FeedDeleteDate";
 inline constexpr char kValueBlockRemoteImages[] = "BlockRemoteImages";

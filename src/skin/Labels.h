@@ -1,4 +1,4 @@
-// The labels that the module has itself, in Korean; a host may give them in another language.
+// Labels with a built-in Korean text, which the host may override.
 #pragma once
 
 #include <span>
@@ -17,9 +17,10 @@ struct Label {
 #include "skin/LabelKeys.def"
 #undef FEEDLOOM_LABEL
 
+// All labels.
 std::span<const Label> Labels();
 
-// The host's text for the label, or else the built-in one; in the module's code page.
+// The host's text for `label`, or else the built-in one, in the module's code page.
 std::string GetLabel(const Skin& skin, const Label& label);
 
 }  // namespace feedloom

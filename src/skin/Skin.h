@@ -1,4 +1,4 @@
-// Texts, image paths and positions, as the host provides them. Section and key names: Keys.h.
+// The host's texts, image paths and positions. Section and key names are in Keys.h.
 #pragma once
 
 #include <string>
@@ -19,25 +19,25 @@ struct SkinRect {
   bool operator==(const SkinRect&) const = default;
 };
 
-// Up to four integers split by ",": left, top, right, bottom, each read like atoi does with blanks
-// around it. Missing fields are 0, more than four are ignored.
+// Parses up to four integers separated by ",": left, top, right, bottom. Each is read like atoi
+// does, with white space around it. A missing field is 0; fields after the fourth are ignored.
 SkinRect ParseSkinRect(std::string_view value);
 
-// Asks the host on each call and keeps nothing. Calls come from the threads that the host's
-// callbacks allow.
+// Calls the host's callbacks on each call and caches nothing. May be used on every thread on which
+// the callbacks may be called.
 class Skin {
  public:
   Skin(HostLookup lookup, HostConfig config)
       : lookup_(std::move(lookup)), config_(std::move(config)) {}
 
-  // In the module's code page; empty when the host has no such value.
+  // The host's value in the module's code page; empty when it has none.
   std::string GetText(const char* section, const char* key) const;
   std::string GetSkinValue(const char* section, const char* key) const;
 
-  // The image directory and the skin value in it; the directory alone when there is no such value.
+  // The skin value as a path in the image directory; the directory itself without a value.
   std::string GetImagePath(const char* section, const char* key) const;
 
-  // Sets `rect` from the skin value, all zero when there is none.
+  // Sets `rect` to the parsed skin value; all fields are 0 without a value.
   void GetSkinRect(SkinRect& rect, const char* section, const char* key) const;
 
   const HostConfig& Config() const { return config_; }

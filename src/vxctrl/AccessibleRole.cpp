@@ -12,7 +12,7 @@ constexpr char kRole[] = "accessibleRole";
 QAccessibleInterface* MakeInterface(const QString& /*className*/, QObject* object) {
   auto* const widget = qobject_cast<QWidget*>(object);
   const QVariant role = widget == nullptr ? QVariant() : widget->property(kRole);
-  if (!role.isValid()) return nullptr;  // the toolkit's own factories go on
+  if (!role.isValid()) return nullptr;  // leave it to the toolkit's factories
   return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
 }
 

@@ -1,4 +1,4 @@
-// What a screen reader takes a control for, where the toolkit knows no better than "a widget".
+// The accessible role of widgets for which the toolkit has none.
 #pragma once
 
 #include <QAccessible>
@@ -7,8 +7,9 @@ class QWidget;
 
 namespace feedloom {
 
-// To be called before anything else is done to the widget: whoever asks for its role before, and so
-// does each change of its name, gets the toolkit's one for good.
+// Sets the role that a screen reader reports for `widget`. Call this first, in the constructor: the
+// toolkit asks for the role once, at the first use of its accessible interface (a change of the
+// accessible name is one), and keeps the answer. Interface thread.
 void SetAccessibleRole(QWidget& widget, QAccessible::Role role);
 
 }  // namespace feedloom

@@ -5,7 +5,7 @@
 namespace feedloom {
 namespace {
 
-// Where the extension begins, with its dot; the end when there is none.
+// The index of the extension's dot; the length of `path` without an extension.
 std::size_t ExtensionStart(std::string_view path) {
   const auto dot = path.find_last_of("./\\");
   return dot != std::string_view::npos && path[dot] == '.' ? dot : path.size();

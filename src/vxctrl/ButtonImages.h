@@ -1,4 +1,4 @@
-// Where the images of a skinned button lie.
+// The paths of a skinned button's images.
 #pragma once
 
 #include <array>
@@ -9,9 +9,9 @@ namespace feedloom {
 enum ButtonState { kButtonNormal, kButtonHover, kButtonPressed, kButtonDisabled };
 inline constexpr int kButtonStateCount = 4;
 
-// The file of each state, by ButtonState: `imagePath` itself is the normal state's; beside
-// "update.png" lie "update_hover.png", "update_pressed.png" and "update_disabled.png". Paths are
-// the file system's own bytes.
+// The image file of each state, indexed by ButtonState. That of the normal state is `imagePath`
+// itself. For "update.png" the others are "update_hover.png", "update_pressed.png" and
+// "update_disabled.png". Paths are the file system's bytes.
 std::array<std::string, kButtonStateCount> ButtonImagePaths(const std::string& imagePath);
 
 }  // namespace feedloom

@@ -17,8 +17,8 @@
 namespace feedloom {
 namespace {
 
-constexpr int kTextMargin = 12;  // between text and left or right edge
-constexpr int kImageEdge = 6;    // what stays as it is at the edges of an image that is stretched
+constexpr int kTextMargin = 12;  // between the text and the left and right edges
+constexpr int kImageEdge = 6;    // the border of an image that is not stretched
 constexpr int kFocusInset = 2;
 
 void DrawImage(QPainter& painter, const QRect& area, const QPixmap& image) {
@@ -34,7 +34,7 @@ void DrawImage(QPainter& painter, const QRect& area, const QPixmap& image) {
   qDrawBorderPixmap(&painter, area, edges, pixels, pixels.rect(), edges * image.devicePixelRatio());
 }
 
-// The first file that a state lacks; null when all are there.
+// The first missing file of a state; null when all exist.
 QString MissingFile(const std::string& imagePath) {
   for (const std::string& path : ButtonImagePaths(imagePath)) {
     const QString file = QFile::decodeName(path.c_str());
@@ -47,11 +47,11 @@ QString MissingFile(const std::string& imagePath) {
 
 CButtonEx::CButtonEx(const std::string& imagePath, QWidget* parent)
     : QAbstractButton(parent), images_(LoadStateImages(imagePath)) {
-  setAttribute(Qt::WA_Hover);  // painted anew when the pointer comes and goes
+  setAttribute(Qt::WA_Hover);  // repaint when the pointer enters and leaves
   setFocusPolicy(Qt::StrongFocus);
   const QString missing = MissingFile(imagePath);
   if (missing.isNull()) return;
-  // Later, when the window that holds the button is there for the warning to stand over.
+  // Queued: the message box needs the button's window as parent, which is still being built.
   QMetaObject::invokeMethod(
       this, [this, missing] { WarnOfMissingFile(missing); }, Qt::QueuedConnection);
 }
@@ -109,7 +109,7 @@ void CButtonEx::paintEvent(QPaintEvent* /*event*/) {
 void CButtonEx::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (!isEnter || isCheckable()) return QAbstractButton::keyPressEvent(event);
-  // An Enter that has been held since before the button appeared was meant for something else.
+  // A repeated Enter was pressed before the button had the focus, and meant for another widget.
   if (!event->isAutoRepeat()) click();
 }
 

@@ -9,18 +9,19 @@ namespace feedloom {
 
 class Skin;
 
-// A button that is an image: one file for each state (ButtonImages.h), and optionally a text over
-// it. A file that is missing is named by a warning, one for a button, and the normal image stands
-// in; without that the button looks as the desktop's buttons do. Space, Enter and a click press it.
-// A checkable one shows the pressed image while it is checked, and leaves Enter to its window.
+// A button drawn as an image, with one file for each state (ButtonImages.h) and an optional text
+// over it. If files are missing, a message box names the first of them, and the normal image
+// replaces them. Without the normal image the button is drawn in the desktop's style. Space, Enter
+// and a click press it. A checkable button shows the pressed image while it is checked, and ignores
+// Enter. Interface thread, as all controls of this folder.
 class CButtonEx : public QAbstractButton {
   Q_OBJECT
 
  public:
-  // `imagePath` is the file system's own bytes.
+  // `imagePath` is in the file system's bytes.
   CButtonEx(const std::string& imagePath, QWidget* parent);
 
-  // The image's size, or what the text needs when that is more.
+  // The image's size, extended to the text's.
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -38,8 +39,9 @@ class CButtonEx : public QAbstractButton {
   const StateImages images_;
 };
 
-// A button of a toolbar, by the keys of its image and of its tooltip, which is also its name. A
-// click leaves the keyboard where it is.
+// Creates a toolbar button, which `parent` owns. `imageKey` names its image in `section`,
+// `tooltipKey` the text that is its tool tip and accessible name. A click does not move the focus
+// to it.
 CButtonEx* MakeToolButton(const Skin& skin, const char* section, const char* imageKey,
                           const char* tooltipKey, QWidget* parent);
 

@@ -49,8 +49,8 @@ constexpr int kButtonGap = 8;
 constexpr QSize kSmallestText(220, 32);
 constexpr int kWidestText = 420;
 
-// The size of the area that shows `label`: what the text needs when it is wrapped at kWidestText,
-// and at most two thirds of the screen.
+// The size of the text area: that of the text wrapped at kWidestText, but at most two thirds of the
+// screen, plus a scroll bar then.
 QSize TextAreaSize(const QLabel& label, const QSize& screen) {
   const QSize limit = screen * 2 / 3;
   const int oneLine = label.fontMetrics().size(0, label.text()).width();
@@ -93,8 +93,8 @@ QWidget* CMsgBox::MakeTextArea(const QString& text) {
   area->setWidget(label);
   area->setAccessibleName(text);
   if (label->heightForWidth(area->width()) <= area->height()) {
-    area->setFocusPolicy(Qt::NoFocus);  // the Tab key stops at a text only to scroll it
-    // The area's own guess begins with a narrower text, and keeps to its bar.
+    area->setFocusPolicy(Qt::NoFocus);  // the focus is needed for scrolling only
+    // The scroll area lays a wrapped text out narrower at first, and would keep a bar for that.
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   }
   return area;
@@ -135,7 +135,8 @@ void CMsgBox::keyPressEvent(QKeyEvent* event) {
 
 MsgBoxAnswer ShowMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent) {
   auto* box = new CMsgBox(skin, text, kind, parent);
-  // exec() deletes the box, and does not touch it again when it went with its parent.
+  // With this attribute exec() deletes the box itself, and also works when the parent has deleted
+  // it.
   box->setAttribute(Qt::WA_DeleteOnClose);
   return box->exec() == QDialog::Accepted ? MsgBoxAnswer::Consented : MsgBoxAnswer::Declined;
 }

@@ -1,4 +1,4 @@
-// The module's message box: one text, and the buttons that its kind asks for.
+// The module's message box: a text and the buttons of its kind.
 #pragma once
 
 #include <QDialog>
@@ -11,17 +11,18 @@ class Skin;
 
 enum class MsgBoxKind { YesNo = 0, OkCancel = 1, Notice = 2 };
 
-// Consent is Yes or OK; everything else, closing the box too, declines.
+// Yes and OK consent. No, Cancel, Escape and closing the box decline.
 enum class MsgBoxAnswer { Declined, Consented };
 
-// A modal dialog: make one and exec() it, or call ShowMsgBox. Enter presses the button that has the
-// focus, at first the one that consents. A screen reader is told the text.
+// A modal dialog for exec(); ShowMsgBox does both. Enter presses the focused button, which at first
+// is the consenting one. Screen readers announce the text as an alert.
 class CMsgBox : public QDialog {
   Q_OBJECT
 
  public:
-  // `text`, never taken for markup, with its line breaks; buttons, font and caption come from
-  // `skin`, which is not kept. A text that does not fit the screen is scrolled.
+  // `text` is plain text, with line breaks; it is scrolled when it does not fit the screen.
+  // Buttons, font, colours and caption come from `skin`, which may be destroyed after the
+  // constructor.
   CMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent);
 
  protected:
@@ -32,11 +33,11 @@ class CMsgBox : public QDialog {
   QWidget* MakeTextArea(const QString& text);
   QWidget* MakeButtonRow(const Skin& skin, MsgBoxKind kind);
 
-  QAbstractButton* consent_ = nullptr;  // a child
+  QAbstractButton* consent_ = nullptr;  // the Yes or OK button, a child
 };
 
-// Shows the box over `parent` and waits. Declined when `parent` goes meanwhile, and the box with
-// it.
+// Shows a message box over `parent` and returns the user's answer. When `parent` is destroyed
+// meanwhile, the box goes with it and the answer is Declined.
 MsgBoxAnswer ShowMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent);
 
 }  // namespace feedloom

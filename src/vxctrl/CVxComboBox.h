@@ -8,12 +8,12 @@ namespace feedloom {
 
 class Skin;
 
-// The skin has a drop-down list for toolbars and one for dialogs.
+// The skin has two sets of images for drop-down lists.
 enum class ComboLook { Toolbar, Dialog };
 
-// The skinned drop-down list: the toolkit's own on three pieces of the skin, the arrow on the right
-// one. An entry that is too long is cut; none makes the box wider. Without the skin's pieces it
-// looks as the desktop's do.
+// A drop-down list drawn with three images of the skin, of which the right one has the arrow. The
+// current entry is elided to the box's width; long entries do not widen the box. Without the images
+// it is drawn in the desktop's style.
 class CVxComboBox : public QComboBox {
   Q_OBJECT
 

@@ -38,10 +38,10 @@ void CVxDialog::SetColorKey(const QColor& color) {
   CutOut();
 }
 
-// A mask is right on every desktop; a translucent ground is black where windows are not mixed.
+// A mask works on every desktop. A translucent background would be black without a compositor.
 void CVxDialog::CutOut() {
   if (background_.isNull() || !colorKey_.isValid()) return;
-  QPixmap ground = background_.scaled(SizeOf(background_));  // a mask has no finer pixels
+  QPixmap ground = background_.scaled(SizeOf(background_));  // a mask has device-independent pixels
   ground.setDevicePixelRatio(1);
   setMask(ground.createMaskFromColor(colorKey_));
 }
@@ -75,7 +75,7 @@ QHBoxLayout* CVxDialog::MakeButtonRow(const char* section, const char* confirmKe
 void CVxDialog::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool isEscape = event->key() == Qt::Key_Escape;
-  // A key that is held was meant for the message that stood here before.
+  // A repeated key was pressed for a message box that has just been closed.
   if (event->isAutoRepeat() && (isEnter || isEscape)) return;
   if (!isEnter || !confirm_) return QDialog::keyPressEvent(event);
   confirm_->click();

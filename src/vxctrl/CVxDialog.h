@@ -1,4 +1,4 @@
-// The skinned dialogs' base, and the way to show one.
+// The base class of the skinned dialogs.
 #pragma once
 
 #include <QColor>
@@ -13,36 +13,37 @@ namespace feedloom {
 class CButtonEx;
 class Skin;
 
-// How transparent a window is: 0 opaque, kInvisible not to be seen.
+// The transparency of a window that cannot be seen; that of an opaque one is 0.
 inline constexpr int kInvisible = 250;
 
-// A window with the host's font and caption. Enter presses its confirming button, Escape cancels.
+// A dialog with the host's font and colours. Enter presses its confirm button, Escape cancels.
 //
-// OK calls accept(). A dialog that checks its fields overrides it, shows its message and returns,
-// and stays open so; the dialog may have gone when the message has been read. Keys of texts are
-// those of kSectionTexts.
+// The OK button calls accept(). A dialog that checks its fields overrides accept(), shows a message
+// and returns without calling the base class; it stays open then. The dialog may be destroyed while
+// the message is shown. Text keys are those of kSectionTexts. Interface thread.
 class CVxDialog : public QDialog {
   Q_OBJECT
 
  public:
-  // From 0 to kInvisible. Where the desktop does not mix windows, every one is opaque.
+  // Sets the transparency, 0 to kInvisible. Has no effect on a desktop without a compositor.
   void SetAlphaValue(int level);
-  // The ground, in its own size at the upper left corner. A null image leaves the window as it is.
+  // Draws `image` unscaled at the window's upper left corner, behind the children. None when null.
   void SetBackground(const QPixmap& image);
-  // Where the ground has this colour the window ends.
+  // Makes the pixels of the background image that have this colour no part of the window.
   void SetColorKey(const QColor& color);
 
  protected:
-  // The host's caption when `titleKey` is null. `skin` outlives the constructor of the derived
-  // dialog.
+  // The caption is the text of `titleKey`, or the application's title when that is null. `skin`
+  // must live until the derived class's constructor has ended.
   CVxDialog(const Skin& skin, const char* titleKey, QWidget* parent, Qt::WindowFlags flags = {});
 
-  // A button with an image and a text; the key names the image in this section of the skin.
+  // A child button with a text; `imageKey` names its image in `section`.
   CButtonEx* MakeButton(const char* section, const char* imageKey, const char* textKey);
-  // A row with OK, and Cancel unless `cancelKey` is null; the keys name images in this section of
-  // the skin. Enter presses OK. The row belongs to the layout that it is added to.
+  // A row with the buttons OK and, unless `cancelKey` is null, Cancel; the keys name their images
+  // in `section`. OK becomes the confirm button. The layout to which the caller adds the row owns
+  // it.
   QHBoxLayout* MakeButtonRow(const char* section, const char* confirmKey, const char* cancelKey);
-  // What Enter presses.
+  // The button that Enter presses; null when there is none.
   CButtonEx* ConfirmButton() const { return confirm_; }
   void SetConfirmButton(CButtonEx* button) { confirm_ = button; }
 
@@ -60,9 +61,9 @@ class CVxDialog : public QDialog {
   CButtonEx* confirm_ = nullptr;
 };
 
-// Shows `dialog`, which was made by new, until it is closed, and deletes it. True when it was
-// accepted: `read`, which takes the answer out of its fields, was called then. False also when its
-// parent went meanwhile, and the dialog with it; then nothing of the parent is left either.
+// Shows `dialog`, which was created with new, until it is closed, and deletes it. When it was
+// accepted, calls `read`, which may read the dialog's fields, and returns true. Returns false when
+// it was cancelled, or was destroyed meanwhile together with its parent.
 bool RunDialog(CVxDialog* dialog, const std::function<void()>& read);
 
 }  // namespace feedloom

@@ -15,7 +15,7 @@ bool BreaksLine(QChar c) {
   return c == '\n' || c == '\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
 
-// Takes any text, on one line.
+// Accepts any text, and replaces its line breaks with blanks.
 class OneLine : public QValidator {
  public:
   using QValidator::QValidator;
@@ -26,7 +26,7 @@ class OneLine : public QValidator {
   }
 };
 
-// The pieces are the ground.
+// The skin's images are the background.
 QPalette WithoutGround() {
   QPalette colors;
   colors.setColor(QPalette::Base, Qt::transparent);

@@ -8,16 +8,15 @@ namespace feedloom {
 
 class Skin;
 
-// The skinned edit box of one line: the toolkit's own on three pieces of the skin, without a limit
-// of length. Line breaks that are pasted become blanks. Without the skin's pieces it looks as the
-// desktop's do.
+// An edit box of one line, drawn with three images of the skin, without a maximum length. Pasted
+// line breaks become blanks. Without the images it is drawn in the desktop's style.
 class CVxEdit : public QLineEdit {
   Q_OBJECT
 
  public:
   CVxEdit(const Skin& skin, QWidget* parent);
 
-  // Without what cannot be seen at its two ends.
+  // The text without white space and format characters (Unicode category Cf) at its ends.
   QString TrimmedText() const;
 
   QSize sizeHint() const override;

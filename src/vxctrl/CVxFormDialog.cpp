@@ -38,7 +38,7 @@ void CVxFormDialog::AddRow(const char* labelKey, QWidget* field, CButtonEx* besi
   field->setMinimumWidth(kFieldWidth);
   if (rows_->rowCount() == 0) field->setFocus();
   auto* const label = new QLabel(SkinText(GetSkin(), labelKey), this);
-  label->setBuddy(field);  // which is also how the field gets its name
+  label->setBuddy(field);  // also gives the field its accessible name
   stops_.push_back(field);
   if (beside == nullptr) return rows_->addRow(label, field);
   stops_.push_back(beside);
@@ -70,7 +70,7 @@ CVxComboBox* CVxFormDialog::AddComboBox(const char* labelKey, CButtonEx* beside)
 CButtonEx* CVxFormDialog::AddButtons(const char* section, const char* confirmKey,
                                      const char* cancelKey) {
   column_->addLayout(MakeButtonRow(section, confirmKey, cancelKey));
-  // A button beside a field was made before it.
+  // The default tab order is that of creation, and a button beside a field is created before it.
   stops_.push_back(ConfirmButton());
   for (std::size_t i = 1; i < stops_.size(); ++i) setTabOrder(stops_[i - 1], stops_[i]);
   return ConfirmButton();

@@ -12,23 +12,25 @@ namespace feedloom {
 class CVxComboBox;
 class CVxEdit;
 
-// A dialog that is a column of labelled fields above a row of image buttons. A derived dialog's
-// constructor adds them in reading order, the buttons last: the Tab key follows that order, and the
-// first field has the keyboard. The size follows the contents.
+// A dialog with a column of labelled fields above a row of buttons. The derived class's constructor
+// adds fields in reading order, then the buttons. The Tab key follows that order, and the first
+// field has the focus. The size is fixed to that of the contents.
 class CVxFormDialog : public CVxDialog {
   Q_OBJECT
 
  protected:
   CVxFormDialog(const Skin& skin, const char* titleKey, QWidget* parent);
 
-  // A row with any field, and with a button beside it if there is one; both become children.
+  // Adds a row with a label, `field` and, unless null, the button `beside` it. Both become
+  // children.
   void AddRow(const char* labelKey, QWidget* field, CButtonEx* beside = nullptr);
-  // An empty field without a label, below the one before.
+  // Adds a row without a label, and returns its empty field, a child.
   QWidget* AddBelow();
+  // Add a row with a new field, a child, and return it.
   CVxEdit* AddEdit(const char* labelKey, CButtonEx* beside = nullptr);
   CVxComboBox* AddComboBox(const char* labelKey, CButtonEx* beside = nullptr);
 
-  // MakeButtonRow, below the fields. Returns OK.
+  // Adds the row of MakeButtonRow below the fields. Returns the OK button.
   CButtonEx* AddButtons(const char* section, const char* confirmKey, const char* cancelKey);
 
  private:

@@ -34,11 +34,11 @@ CVxListCtrl::CVxListCtrl(QWidget* parent) : QTreeView(parent) {
   setEditTriggers(NoEditTriggers);
   setSelectionMode(ExtendedSelection);
   setSelectionBehavior(SelectRows);
-  // By whole rows, so that the first one is never cut and a place in the list is a row's number.
+  // Scrolled by rows, so the first visible row is never cut and the scroll value is its number.
   setVerticalScrollMode(ScrollPerItem);
   setHorizontalScrollMode(ScrollPerPixel);
   SetUpHeader();
-  // Only what the user does: rows that come and go move the bar as well.
+  // Only the user's actions are reported; inserted and removed rows also move the scroll bar.
   connect(verticalScrollBar(), &QAbstractSlider::actionTriggered, this, [this] {
     if (verticalScrollBar()->maximum() > 0 && IsAtEnd()) emit EndReached();
   });
@@ -53,7 +53,7 @@ void CVxListCtrl::SetUpHeader() {
   header()->setDefaultSectionSize(kFurtherColumnWidth);
   header()->setStretchLastSection(false);
   header()->setSectionsMovable(false);
-  header()->setContextMenuPolicy(Qt::PreventContextMenu);  // the menu is about rows
+  header()->setContextMenuPolicy(Qt::PreventContextMenu);  // the context menu is that of rows
   header()->setSectionsClickable(true);
   header()->setSortIndicatorClearable(true);
   ClearSorting();
@@ -147,8 +147,8 @@ void CVxListCtrl::moveEvent(QMoveEvent* event) {
   PlaceCover();
 }
 
-// The base class would begin at the row that the user chose last, wherever the program has gone
-// since. With Shift the rectangle leads from that row's middle to the new one.
+// The base class selects from the row that the user chose last, even after SetAnchor. The rectangle
+// starts at the anchor's centre instead.
 void CVxListCtrl::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
   if (!command.testFlag(QItemSelectionModel::Current)) anchor_ = QModelIndex();
   const bool isMoved = anchor_.isValid();

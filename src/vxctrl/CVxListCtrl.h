@@ -1,4 +1,4 @@
-// The skinned report list: a header, and rows of fixed height in columns.
+// A list with columns, a header and rows of a fixed height.
 #pragma once
 
 #include <QPointer>
@@ -9,8 +9,8 @@
 
 namespace feedloom {
 
-// Paints the rows of a CVxListCtrl; whoever paints them in another way derives from it. The view
-// asks it for the rows' height, and for nothing else when it lays out a long list.
+// The delegate of a CVxListCtrl and the base class of other ones. Its size hint has the rows'
+// height and does not look at the row, which keeps the layout of long lists fast.
 class VxListDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -18,9 +18,10 @@ class VxListDelegate : public QStyledItemDelegate {
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };
 
-// Shows any flat model. Several rows may be selected, always whole ones. The user may drag the
-// columns' widths, and ask for an order by clicks on the header: ascending by the column, then
-// descending, then none. Alt+Up leads the keyboard to the header (VxListHeader.h) for the same.
+// A view of a flat model. Several rows can be selected, always as whole rows. The user can change
+// the columns' widths and choose a sort order by clicks on the header: ascending by that column,
+// then descending, then none. Alt+Up moves the focus to the header, where keys do the same
+// (VxListHeader.h). The list does not sort; see SortRequested.
 class CVxListCtrl : public QTreeView {
   Q_OBJECT
 
@@ -30,33 +31,33 @@ class CVxListCtrl : public QTreeView {
 
   explicit CVxListCtrl(QWidget* parent);
 
-  // In pixels, from the left; columns without a width here have kFurtherColumnWidth. Needs the
-  // model.
+  // Sets the widths of the first columns, in pixels. Other columns have kFurtherColumnWidth. Set
+  // the model before.
   void SetColumnWidths(std::initializer_list<int> widths);
 
-  // Ascending. Needs the model.
+  // The numbers of the selected rows, in ascending order. Set the model before.
   std::vector<int> SelectedRows() const;
 
-  // From now on Shift selects from this row, until the user clicks on another or moves to one.
+  // Makes `row` the start of selections with Shift, until the user clicks or moves to another row.
   void SetAnchor(int row);
 
-  // The header shows no order.
+  // Removes the sort indicator from the header.
   void ClearSorting();
 
-  // While it is closed the list takes no input and shows the wait cursor. The keyboard, when it is
-  // here, waits in the list's place and comes back.
+  // Disables the list and shows the wait cursor over it, or ends that. If the list has the focus, a
+  // cover over the list keeps it meanwhile.
   void SetClosed(bool isClosed);
 
  signals:
-  // The left button went down on a row, which is selected by now as the modifier keys ask. A double
-  // click is one click. Other buttons only select.
+  // The left mouse button was pressed on a row; the selection has changed already. A double click
+  // is reported once. Other buttons only select.
   void RowClicked(int row);
-  // The header shows this order from now on; `column` is -1 for none.
+  // The user has chosen this sort order, which the header shows. A `column` of -1 means none.
   void SortRequested(int column, Qt::SortOrder order);
-  // The user has scrolled to the last row or pressed End; once more with each further attempt.
+  // The user has scrolled to the last row or pressed End. Repeated at each further attempt.
   void EndReached();
-  // The right button went down, or the menu key, which has its place below the current row. A point
-  // of the screen.
+  // The user asks for the context menu, at this point of the screen: the pointer's, or for the menu
+  // key the lower left corner of the current row.
   void MenuRequested(const QPoint& place);
 
  protected:
@@ -76,8 +77,8 @@ class CVxListCtrl : public QTreeView {
   QWidget* Cover();
   void PlaceCover();
 
-  QPersistentModelIndex anchor_;  // not valid while the base class's own is right
-  // Lies over the list while that is closed: a disabled widget has no cursor and no keyboard.
+  QPersistentModelIndex anchor_;  // invalid: the base class's anchor is used
+  // The widget over the closed list. A disabled widget can have neither a cursor nor the focus.
   QPointer<QWidget> cover_;
 };
 

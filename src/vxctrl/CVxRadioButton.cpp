@@ -8,7 +8,7 @@
 namespace feedloom {
 namespace {
 
-constexpr int kMargin = 3;  // around image and text: the focus ring runs there
+constexpr int kMargin = 3;  // around image and text, with room for the focus ring
 constexpr int kTextGap = 6;
 
 }  // namespace
@@ -16,10 +16,10 @@ constexpr int kTextGap = 6;
 CVxRadioButton::CVxRadioButton(const Skin& skin, const char* section, const char* imageKey,
                                QWidget* parent)
     : QRadioButton(parent), images_(LoadStateImages(skin, section, imageKey)) {
-  setAttribute(Qt::WA_Hover);  // painted anew when the pointer comes and goes
+  setAttribute(Qt::WA_Hover);  // repaint when the pointer enters and leaves
 }
 
-// When "chosen" looks like "not chosen", the desktop's look is the better one.
+// Without an own pressed image the checked button could not be told from the others.
 bool CVxRadioButton::IsSkinned() const {
   return !images_[kButtonPressed].isNull() &&
          images_[kButtonPressed].cacheKey() != images_[kButtonNormal].cacheKey();

@@ -6,14 +6,14 @@
 
 namespace feedloom {
 
-// The skinned radio button: the toolkit's own with an image by its state (ButtonImages.h) and the
-// text right of it. Pressed is the image of the chosen one too, paler when it is disabled. Without
-// the image, or the pressed one, it looks as the desktop's do.
+// A radio button drawn as the image of its state (ButtonImages.h) with its text to the right. The
+// pressed image is also that of the checked button, and is drawn paler when it is disabled. Without
+// the normal or the pressed image it is drawn in the desktop's style.
 class CVxRadioButton : public QRadioButton {
   Q_OBJECT
 
  public:
-  // The key names the image in this section of the skin.
+  // `imageKey` names the image in `section` of the skin.
   CVxRadioButton(const Skin& skin, const char* section, const char* imageKey, QWidget* parent);
 
   QSize sizeHint() const override;

@@ -15,7 +15,7 @@ CVxSlider::CVxSlider(const Skin& skin, QWidget* parent)
                               kImageSliderRight)),
       thumb_(LoadStateImages(skin, kSectionControls, kImageSliderThumb)) {
   setFocusPolicy(Qt::StrongFocus);
-  setAttribute(Qt::WA_Hover);  // painted anew when the pointer comes and goes
+  setAttribute(Qt::WA_Hover);  // repaint when the pointer enters and leaves
 }
 
 bool CVxSlider::IsSkinned() const {
@@ -38,11 +38,12 @@ ButtonState CVxSlider::State() const {
   return underMouse() ? kButtonHover : kButtonNormal;
 }
 
-int CVxSlider::Way() const { return width() - SizeOf(thumb_[kButtonNormal]).width(); }
+int CVxSlider::ThumbRange() const { return width() - SizeOf(thumb_[kButtonNormal]).width(); }
 
 QRect CVxSlider::ThumbPlace() const {
   const QSize size = SizeOf(thumb_[kButtonNormal]);
-  const int left = QStyle::sliderPositionFromValue(minimum(), maximum(), sliderPosition(), Way());
+  const int left =
+      QStyle::sliderPositionFromValue(minimum(), maximum(), sliderPosition(), ThumbRange());
   return {QPoint(left, (height() - size.height()) / 2), size};
 }
 
@@ -58,10 +59,10 @@ void CVxSlider::paintEvent(QPaintEvent* event) {
 }
 
 void CVxSlider::MoveThumbTo(int left) {
-  setSliderPosition(QStyle::sliderValueFromPosition(minimum(), maximum(), left, Way()));
+  setSliderPosition(QStyle::sliderValueFromPosition(minimum(), maximum(), left, ThumbRange()));
 }
 
-// The toolkit's own handling knows the thumb where the desktop would draw it.
+// The base class would look for the thumb where the desktop's style draws it.
 void CVxSlider::mousePressEvent(QMouseEvent* event) {
   if (!IsSkinned()) return QSlider::mousePressEvent(event);
   if (event->button() != Qt::LeftButton) return event->ignore();

@@ -6,9 +6,9 @@
 
 namespace feedloom {
 
-// The skinned horizontal slider: the toolkit's own with a groove of three pieces of the skin and a
-// thumb by its state. A press on the groove brings the thumb there. Without the skin's images it
-// looks, and takes the mouse, as the desktop's do.
+// A horizontal slider drawn with three images of the skin as its groove, and an image for each
+// state as its thumb. A press on the groove moves the thumb there. Without the images it is drawn,
+// and takes the mouse, in the desktop's style.
 class CVxSlider : public QSlider {
   Q_OBJECT
 
@@ -28,14 +28,14 @@ class CVxSlider : public QSlider {
   bool IsSkinned() const;
   ButtonState State() const;
   QRect ThumbPlace() const;
-  // The way the thumb's left edge can go, in pixels.
-  int Way() const;
+  // The range of the thumb's left edge, in pixels.
+  int ThumbRange() const;
   void MoveThumbTo(int left);
   QSize AtLeastImages(const QSize& hint) const;
 
   const ThreePieces groove_;
   const StateImages thumb_;
-  int grip_ = 0;  // where in the thumb the mouse holds it, from its left edge
+  int grip_ = 0;  // the pressed point's distance from the thumb's left edge
 };
 
 }  // namespace feedloom

@@ -10,7 +10,7 @@
 namespace feedloom {
 namespace {
 
-// The line around the view lies so far from the left, right and bottom edges.
+// The distance of the view's border from the left, right and bottom edges.
 constexpr int kLineInset = 5;
 
 }  // namespace

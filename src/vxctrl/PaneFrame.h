@@ -1,4 +1,4 @@
-// The frame of skin pieces that a pane has around its toolbar and its view.
+// The frame of a pane, drawn with images of the skin around its toolbar and its view.
 #pragma once
 
 #include "vxctrl/SkinPieces.h"
@@ -7,21 +7,21 @@ namespace feedloom {
 
 struct PaneFrame {
   QColor ground;
-  QColor line;      // around the view
+  QColor line;      // the border of the view
   ThreePieces top;  // behind the toolbar
   QPixmap left;
   QPixmap right;
   ThreePieces bottom;
 };
 
-// The one of section kSectionLeft, which the upper panes share, and the browser pane's own.
+// The frame of the upper panes (section kSectionLeft), and that of the browser pane.
 PaneFrame LoadPaneFrame(const Skin& skin);
 PaneFrame LoadBrowserPaneFrame(const Skin& skin);
 
-// The part of `pane` that is left for the view below a toolbar of this height.
+// The view's area in `pane`, below a toolbar of this height in pixels.
 QRect ViewArea(const QRect& pane, int toolbarHeight);
 
-// Fills `pane`: the ground, the pieces and a line around the view.
+// Draws the background, the images and the view's border into `pane`.
 void DrawPaneFrame(QPainter& painter, const QRect& pane, int toolbarHeight, const PaneFrame& frame);
 
 }  // namespace feedloom

@@ -1,4 +1,4 @@
-// From the module's 8-bit texts to the toolkit's strings, and back.
+// Converts the module's 8-bit texts to QString and back. Any thread.
 #pragma once
 
 #include <QString>
@@ -9,13 +9,14 @@
 
 namespace feedloom {
 
+// Decodes `text` from `codePage`.
 QString ToQString(CodePage codePage, std::string_view text);
-// `text` on one line: white space and control characters become single blanks. A feed may send a
-// text of any length; what is longer than any row shows is cut, marked by an ellipsis, without a
-// look at the rest.
+// Decodes `text` for display on one line: each run of white space and control characters becomes
+// one blank, those at the ends are removed. A text of more than 500 characters is cut there, with
+// an ellipsis at its end; the rest is not decoded.
 QString ToLine(CodePage codePage, std::string_view text);
 
-// What the code page lacks becomes "?".
+// Encodes `text` in `codePage`. Characters that the code page lacks become "?".
 std::string FromQString(CodePage codePage, const QString& text);
 
 }  // namespace feedloom

@@ -20,7 +20,8 @@ QString TipOf(const QModelIndex& cell) {
                                   Qt::WhiteSpaceNormal);
 }
 
-// The number of rows above this one that are not hidden in a closed one. Long lists are flat.
+// The number of rows above `row` that are not hidden in a collapsed one. In a flat list it is the
+// row's number, which saves the walk over a long list.
 int LineOf(const QTreeView& view, const QModelIndex& row) {
   if (!view.itemsExpandable()) return row.row();
   int line = 0;
@@ -30,7 +31,8 @@ int LineOf(const QTreeView& view, const QModelIndex& row) {
   return line;
 }
 
-// The toolkit counts the cells row by row, and those of the header, shown or not, before them.
+// The toolkit's index of the accessible child for `cell`: cells are counted row by row, after those
+// of the header, even when it is hidden.
 int CellNumber(const QTreeView& view, const QModelIndex& cell) {
   return (LineOf(view, cell) + 1) * view.header()->count() + cell.column();
 }

@@ -1,4 +1,4 @@
-// What a view of rows gives to those who work without a pointer, or without looking.
+// Keyboard and screen-reader support for list and tree views. Interface thread.
 #pragma once
 
 class QAbstractItemView;
@@ -8,15 +8,17 @@ class QTreeView;
 
 namespace feedloom {
 
-// Shift+F1 shows what the pointer would be told about the current row, at the row; without a tip of
-// its own that is what a screen reader says. Any other key takes it away. True when it was the key.
+// Handles the key that shows the current row's tool tip. Shift+F1 shows it below the row; a row
+// without a tool tip shows its accessible text. Any other key hides it. Returns whether the key was
+// Shift+F1.
 bool TakeRowTipKey(QAbstractItemView& view, const QKeyEvent& event);
 
-// The ring around a view that has the keyboard, as long as it has no current row that shows it.
+// Draws the focus ring around `view` when it has the focus but no current row, which would show it.
+// To be called at the end of the view's paintEvent.
 void DrawFocusWithoutRow(QAbstractItemView& view);
 
-// A screen reader hears that these cells have changed, or that a row was opened or closed. The
-// toolkit tells it neither. Of changed cells only those on screen are told of: lists are long.
+// Tell screen readers that these cells have changed, or that `row` was expanded or collapsed; the
+// toolkit reports neither. Of the changed cells only the visible ones are reported.
 void TellChangedCells(QTreeView& view, const QModelIndex& topLeft, const QModelIndex& bottomRight);
 void TellExpansion(QTreeView& view, const QModelIndex& row);
 

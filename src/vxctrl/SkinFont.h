@@ -6,8 +6,8 @@ namespace feedloom {
 
 class Skin;
 
-// The font that the host names under this key, "family,size in pixels"; what it does not say is the
-// program's own font's. A family that is not installed is replaced by a sans serif one.
+// The font under this key of the host, "family,size in pixels". A missing family or size is that of
+// the application's font. A family that is not installed is replaced by a sans-serif one.
 QFont LoadSkinFont(const Skin& skin, const char* section, const char* key);
 
 }  // namespace feedloom

@@ -1,5 +1,5 @@
-// What the skinned controls have in common. Their colours are those of the palette, which a window
-// of the skin has from LoadSkinPalette().
+// Drawing functions of the skinned controls. Colours come from the widget's palette, see
+// LoadSkinPalette().
 #pragma once
 
 class QPainter;
@@ -11,14 +11,14 @@ namespace feedloom {
 
 struct ThreePieces;
 
-// Of an image that has none of its own for the disabled state.
+// The opacity of a disabled control's image that has no variant for this state.
 inline constexpr double kDisabledOpacity = 0.5;
 
-// The ring in a control of this area that has the keyboard, `inset` pixels inside its edge.
+// Draws the focus ring, `inset` pixels inside the edge of `area`.
 void DrawSkinFocus(QPainter& painter, const QPalette& palette, const QRect& area, int inset);
 
-// The ground of an edit box or drop-down list: its pieces, paler when it is disabled, and the ring
-// when it has the keyboard.
+// Draws the background of an edit box or drop-down list: `pieces`, paler when `field` is disabled,
+// and the focus ring when it has the focus.
 void DrawSkinField(QPainter& painter, const QWidget& field, const ThreePieces& pieces);
 
 }  // namespace feedloom

@@ -12,7 +12,7 @@ QPalette LoadSkinPalette(const Skin& skin) {
   const QColor disabledText = SkinColor(skin, kColorTextDisabled);
   const QColor link = SkinColor(skin, kColorLink);
 
-  QPalette palette(ground, ground);  // and what frames need, lighter and darker than the ground
+  QPalette palette(ground, ground);  // derives lighter and darker colours for frames
   palette.setColor(QPalette::Base, SkinColor(skin, kColorListGround));
   palette.setColor(QPalette::AlternateBase, ground);
   palette.setColor(QPalette::ToolTipBase, ground);

@@ -1,4 +1,4 @@
-// The skin's colours, as the toolkit's widgets take them.
+// The skin's colours for the toolkit's widgets.
 #pragma once
 
 #include <QPalette>
@@ -10,8 +10,8 @@ struct ColorKey;
 
 QColor SkinColor(const Skin& skin, const ColorKey& color);
 
-// Of a window of the skin: what is drawn on its images and on plain ground has the colours that go
-// with them, whatever the desktop's are. The ring around what has the keyboard takes that of links.
+// The palette of windows with the skin's images. It replaces the desktop's colours, which might be
+// unreadable on these images. The link colour is also that of the focus ring.
 QPalette LoadSkinPalette(const Skin& skin);
 
 }  // namespace feedloom

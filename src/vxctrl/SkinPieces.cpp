@@ -79,7 +79,7 @@ ThreePieces LoadThreePieces(const Skin& skin, const char* section, const char* l
 void DrawThreePieces(QPainter& painter, const QRect& area, const ThreePieces& pieces) {
   if (area.isEmpty()) return;
   painter.save();
-  painter.setClipRect(area, Qt::IntersectClip);  // an area may be narrower than its outer pieces
+  painter.setClipRect(area, Qt::IntersectClip);  // `area` may be narrower than the outer pieces
   const QRect left(area.topLeft(), QSize(SizeOf(pieces.left).width(), area.height()));
   const int rightWidth = SizeOf(pieces.right).width();
   const QRect right(area.right() + 1 - rightWidth, area.top(), rightWidth, area.height());

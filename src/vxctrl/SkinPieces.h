@@ -1,4 +1,4 @@
-// Skin images and places, and strips that are put together from three images.
+// Images, positions and sizes of the skin, and strips drawn with three images. Interface thread.
 #pragma once
 
 #include <QPixmap>
@@ -13,25 +13,27 @@ namespace feedloom {
 
 class Skin;
 
-// The image file to take for this screen: "x@2x.png" beside "x.png", with four pixels for one,
-// where a screen shows more than one for each of the toolkit's; else `path`.
+// The image file for the screen's device pixel ratio: "x@2x.png" beside "x.png", if that exists and
+// the ratio is above 1, else `path`.
 QString SharpestFile(const QString& path);
 
-// The image that the host names under this key; a null pixmap when there is none.
+// The image under this key of the host; a null pixmap without a value or a readable file.
 QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key);
 
-// By ButtonState. For a state without a file the normal image stands in; all are null without that.
+// The images of a control, indexed by ButtonState. A state without a file has the normal image. All
+// are null when the normal image is missing.
 using StateImages = std::array<QPixmap, kButtonStateCount>;
 StateImages LoadStateImages(const Skin& skin, const char* section, const char* key);
 StateImages LoadStateImages(const std::string& imagePath);
 
-// The rectangle under this key, as the host writes it down: an empty one when there is none.
+// The rectangle under this key of the host, in pixels; empty without a value.
 QRect LoadSkinPlace(const Skin& skin, const char* section, const char* key);
 
-// The piece's size on the screen.
+// The size of `piece` in device-independent pixels.
 QSize SizeOf(const QPixmap& piece);
 
-// The size under these keys, in pixels; what the host does not give is the one of `otherwise`.
+// The size under these two keys of the host, in pixels. A missing length, or one that is not above
+// 0, is that of `otherwise`.
 QSize LoadSkinSize(const Skin& skin, const char* section, const char* widthKey,
                    const char* heightKey, const QSize& otherwise);
 
@@ -45,7 +47,7 @@ ThreePieces LoadThreePieces(const Skin& skin, const char* section, const char* l
                             const char* middleKey, const char* rightKey);
 
 // Fills `area`: the outer pieces at their own width, the middle one repeated between them, all
-// stretched to the area's height.
+// stretched to the height of `area`. Nothing is drawn outside of it.
 void DrawThreePieces(QPainter& painter, const QRect& area, const ThreePieces& pieces);
 
 }  // namespace feedloom

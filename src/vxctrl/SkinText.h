@@ -1,4 +1,4 @@
-// The host's texts as the toolkit's strings.
+// The host's texts as QString.
 #pragma once
 
 #include <QString>
@@ -8,10 +8,10 @@ namespace feedloom {
 class Skin;
 struct Label;
 
-// The text of kSectionTexts under this key; empty when the host has none.
+// The host's text under `key` in kSectionTexts; empty when it has none.
 QString SkinText(const Skin& skin, const char* key);
 
-// The host's text for the label, or else the built-in one.
+// The host's text for `label`, or else the built-in one.
 QString SkinText(const Skin& skin, const Label& label);
 
 }  // namespace feedloom

@@ -16,22 +16,22 @@ constexpr int kWidthStep = 10;  // pixels
 
 }  // namespace
 
-// Not a column's header: that is what the toolkit takes the parts of a header for.
+// The role is not ColumnHeader: the toolkit gives that one to the header's columns.
 VxListHeader::VxListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
   SetAccessibleRole(*this, QAccessible::Button);
 }
 
 void VxListHeader::setModel(QAbstractItemModel* newModel) {
-  for (const QMetaObject::Connection& news : news_) disconnect(news);
+  for (const QMetaObject::Connection& old : modelConnections_) disconnect(old);
   QHeaderView::setModel(newModel);
-  if (model() == nullptr) return;  // as long as the list has none, it hands over a stand-in
-  news_ = {
+  if (model() == nullptr) return;  // a view without a model sets an internal empty one
+  modelConnections_ = {
       connect(newModel, &QAbstractItemModel::headerDataChanged, this, &VxListHeader::UpdateName),
       connect(newModel, &QAbstractItemModel::modelReset, this, &VxListHeader::UpdateName)};
   UpdateName();
 }
 
-// No key goes on to the rows, which the keyboard has left.
+// Unknown keys are not passed on, which would let them act on the rows.
 void VxListHeader::keyPressEvent(QKeyEvent* event) {
   const bool isWidth = event->modifiers().testFlag(Qt::ControlModifier);
   switch (event->key()) {
@@ -65,7 +65,7 @@ void VxListHeader::focusInEvent(QFocusEvent* event) {
 void VxListHeader::Choose(int section) {
   if (count() == 0) return;
   chosen_ = std::clamp(section, 0, count() - 1);
-  // The bar is the list's: a header has none.
+  // The header is scrolled by the list's scroll bar.
   auto* const list = qobject_cast<QAbstractScrollArea*>(parentWidget());
   if (list != nullptr) {
     QScrollBar& bar = *list->horizontalScrollBar();
@@ -77,7 +77,7 @@ void VxListHeader::Choose(int section) {
   viewport()->update();
 }
 
-// Ascending, then descending, then as the rows came.
+// Ascending, then descending, then unsorted.
 void VxListHeader::SortByChosen() {
   if (!sectionsClickable()) return;
   const bool isSorted = sortIndicatorSection() == chosen_;
@@ -93,7 +93,7 @@ void VxListHeader::Widen(int pixels) {
 }
 
 void VxListHeader::UpdateName() {
-  if (model() == nullptr) return;  // a view takes its header before its model
+  if (model() == nullptr) return;  // the header is created before the view's model is set
   const QVariant spoken = model()->headerData(chosen_, orientation(), Qt::AccessibleTextRole);
   const QVariant shown = model()->headerData(chosen_, orientation(), Qt::DisplayRole);
   setAccessibleName((spoken.isValid() ? spoken : shown).toString());

@@ -5,10 +5,10 @@
 
 namespace feedloom {
 
-// The header of a list whose columns can be sorted by and resized without a pointer, too: Left,
-// Right, Home and End choose a column, Enter and Space do what a click on it does, Ctrl+Left and
-// Ctrl+Right change its width; Down and Escape lead back. Its name for a screen reader is that of
-// the chosen column, Qt::AccessibleTextRole of the model's header data if there is any.
+// A list header with keyboard support. Left, Right, Home and End choose a column, Enter and Space
+// sort by it as a click does, Ctrl+Left and Ctrl+Right change its width, Down and Escape leave the
+// header. Its accessible name is that of the chosen column: the model's header data for
+// Qt::AccessibleTextRole, or else for Qt::DisplayRole.
 class VxListHeader : public QHeaderView {
   Q_OBJECT
 
@@ -18,7 +18,7 @@ class VxListHeader : public QHeaderView {
   void setModel(QAbstractItemModel* model) override;
 
  signals:
-  // The keyboard is to go back to the rows.
+  // The user wants the focus back in the rows.
   void KeyboardLeft();
 
  protected:
@@ -33,7 +33,7 @@ class VxListHeader : public QHeaderView {
   void UpdateName();
 
   int chosen_ = 0;
-  std::array<QMetaObject::Connection, 2> news_;  // of the model
+  std::array<QMetaObject::Connection, 2> modelConnections_;
 };
 
 }  // namespace feedloom

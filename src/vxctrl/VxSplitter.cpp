@@ -53,7 +53,7 @@ class Handle : public QSplitterHandle {
     update();
   }
 
-  // A ring alone would be a thin line, as narrow as the handle is.
+  // The handle is too narrow for the ring alone to be noticed.
   void paintEvent(QPaintEvent* event) override {
     QSplitterHandle::paintEvent(event);
     if (!hasFocus()) return;

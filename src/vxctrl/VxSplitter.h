@@ -4,8 +4,9 @@
 
 namespace feedloom {
 
-// A splitter whose handles take the keyboard when they are given it, and show that: the arrow keys
-// move the handle, Home and End to where it can go at most, Enter and Escape let go of it.
+// A splitter with keyboard support. A handle with the focus is highlighted. The arrow keys move it,
+// Home and End move it as far as possible, Enter and Escape leave it. Callers set the focus; the
+// Tab key does not stop at handles.
 class VxSplitter : public QSplitter {
   Q_OBJECT
 
@@ -13,7 +14,7 @@ class VxSplitter : public QSplitter {
   using QSplitter::QSplitter;
 
  signals:
-  // The keyboard is to go back where it came from.
+  // The user wants the focus back where it came from.
   void HandleLeft();
 
  protected:

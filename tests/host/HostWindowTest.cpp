@@ -17,7 +17,7 @@
 #include "host/HostWindow.h"
 #include "host/ModuleLink.h"
 #include "host/Screenshot.h"
-#include "host/WindowPlace.h"
+#include "host/WindowGeometry.h"
 #include "kit/ShippedSkin.h"
 #include "profile/HostTexts.h"
 #include "shell/Feedloom.h"
@@ -51,7 +51,7 @@ class HostWindowTest : public testing::Test {
  protected:
   HostWindowTest() {
     SetHostTables(ReadHostTexts(skin_.Get().Config()), CodePage::Korean());
-    window_ = std::make_unique<HostWindow>("Halvix", HostLooks{"dark", "KOR"});
+    window_ = std::make_unique<HostWindow>("Halvix", Appearance{"dark", "KOR"});
     frame_ = new RecordingFrame(window_->ModuleParent());
     window_->SetFrame(frame_);
     window_->resize(400, 300);
@@ -101,16 +101,16 @@ TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAreAndIsBusyWhileItRef
 
 TEST_F(HostWindowTest, TheMenuCommandsTheFrameAndOffersOtherLooksThanThoseOfNow) {
   const QSignalSpy closing(window_.get(), &HostWindow::Closing);
-  std::vector<HostLooks> chosen;
-  QObject::connect(window_.get(), &HostWindow::LooksChosen, window_.get(),
-                   [&](const HostLooks& looks) { chosen.push_back(looks); });
+  std::vector<Appearance> chosen;
+  QObject::connect(window_.get(), &HostWindow::AppearanceChosen, window_.get(),
+                   [&](const Appearance& appearance) { chosen.push_back(appearance); });
   for (const char* entry : {"모두 새로 고침(&R)", "마지막 메시지 보기(&M)", "환경 설정(&S)",
                             "어두운 화면(&D)", "한국어(&K)", "밝은 화면(&L)", "English(&E)"}) {
     Choose(entry);
   }
   EXPECT_EQ(frame_->messages,
             (std::vector<unsigned>{kMessageRefreshAll, kMessageShowTextAgain, kMessageOpenPanel}));
-  EXPECT_EQ(chosen, (std::vector<HostLooks>{{"light", "KOR"}, {"dark", "ENG"}}));
+  EXPECT_EQ(chosen, (std::vector<Appearance>{{"light", "KOR"}, {"dark", "ENG"}}));
   EXPECT_EQ(closing.count(), 0);
   Choose("끝내기(&Q)");
   EXPECT_EQ(closing.count(), 1);
@@ -119,15 +119,15 @@ TEST_F(HostWindowTest, TheMenuCommandsTheFrameAndOffersOtherLooksThanThoseOfNow)
 TEST_F(HostWindowTest, StandsWhereItStoodAndFirstInTheMiddleOfTheScreen) {
   EXPECT_EQ(frame_->width(), window_->width());
   EXPECT_EQ(window_->focusWidget(), frame_);
-  EXPECT_EQ(FirstPlace(QRect(0, 100, 1924, 900)), QRect(450, 200, 1024, 700));
-  EXPECT_EQ(FirstPlace(QRect(10, 20, 640, 480)), QRect(10, 20, 640, 480));
+  EXPECT_EQ(InitialGeometry(QRect(0, 100, 1924, 900)), QRect(450, 200, 1024, 700));
+  EXPECT_EQ(InitialGeometry(QRect(10, 20, 640, 480)), QRect(10, 20, 640, 480));
   ASSERT_TRUE(registry_.WriteString(kHostKey, kValueWindowGeometry, "nonsense"));
-  PlaceWindow(*window_, registry_);
-  EXPECT_EQ(window_->geometry(), FirstPlace(window_->screen()->availableGeometry()));
+  RestoreWindowGeometry(*window_, registry_);
+  EXPECT_EQ(window_->geometry(), InitialGeometry(window_->screen()->availableGeometry()));
   window_->setGeometry(30, 60, 500, 320);
-  ASSERT_TRUE(RememberPlace(*window_, registry_));
+  ASSERT_TRUE(SaveWindowGeometry(*window_, registry_));
   HostWindow next("Halvix");
-  PlaceWindow(next, registry_);
+  RestoreWindowGeometry(next, registry_);
   EXPECT_EQ(next.geometry(), QRect(30, 60, 500, 320));
 }
 

@@ -1,4 +1,4 @@
-#include "host/DesktopLook.h"
+#include "host/DesktopTheme.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -10,18 +10,18 @@ namespace {
 
 constexpr int kPortalTimeout = 500;  // milliseconds
 
-// The values of the portal's "color-scheme"; 0 is no preference.
+// The values of the portal's "color-scheme"; 0 means no preference.
 constexpr unsigned kDark = 1;
 constexpr unsigned kLight = 2;
 
-// The answer to Read is a variant in a variant.
+// The portal's Read method wraps its answer in two variants.
 unsigned Innermost(QVariant value) {
   while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
   return value.toUInt();
 }
 
 unsigned PortalsColorScheme() {
-  // Without the address the library would start a bus of its own.
+  // Without the address the D-Bus library would start a session bus.
   if (!qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return 0;
   auto question = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
                                                  QStringLiteral("/org/freedesktop/portal/desktop"),

@@ -1,4 +1,4 @@
-#include "host/EndSignals.h"
+#include "host/TerminationSignals.h"
 
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -11,7 +11,7 @@
 namespace feedloom {
 namespace {
 
-constexpr int kEndSignals[] = {SIGINT, SIGTERM, SIGHUP};
+constexpr int kTerminationSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
 std::atomic<int> theEvent = -1;
 
@@ -24,7 +24,7 @@ void OnSignal(int) {
 void Handle(int number) {
   struct sigaction action {};
   sigaction(number, nullptr, &action);
-  if (action.sa_handler == SIG_IGN) return;  // whoever started the program wants it so
+  if (action.sa_handler == SIG_IGN) return;  // set by the parent process, nohup for example
   action = {};
   action.sa_handler = OnSignal;
   action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
@@ -39,18 +39,18 @@ void Restore(int number) {
 
 }  // namespace
 
-EndSignals::EndSignals() {
+TerminationSignals::TerminationSignals() {
   theEvent = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
   auto* notifier = new QSocketNotifier(theEvent, QSocketNotifier::Read, this);
   connect(notifier, &QSocketNotifier::activated, this, [this, notifier] {
     notifier->setEnabled(false);
     emit Requested();
   });
-  for (const int number : kEndSignals) Handle(number);
+  for (const int number : kTerminationSignals) Handle(number);
 }
 
-EndSignals::~EndSignals() {
-  for (const int number : kEndSignals) Restore(number);
+TerminationSignals::~TerminationSignals() {
+  for (const int number : kTerminationSignals) Restore(number);
   close(theEvent);
 }
 

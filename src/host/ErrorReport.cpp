@@ -1,4 +1,4 @@
-#include "host/Complaint.h"
+#include "host/ErrorReport.h"
 
 #include <fmt/core.h>
 
@@ -9,8 +9,7 @@
 
 namespace feedloom {
 
-// Nobody to complain to is no reason to end.
-void Complain(const std::string& text) {
+void ReportError(const std::string& text) {
   std::fputs(fmt::format("halvix: {}\n", text).c_str(), stderr);
 }
 
@@ -20,7 +19,7 @@ bool HasDisplay() {
   return !qgetenv("DISPLAY").isEmpty() || !qgetenv("WAYLAND_DISPLAY").isEmpty();
 }
 
-void ComplainInBox(const std::string& text) {
+void ShowErrorBox(const std::string& text) {
   int argc = 1;
   char name[] = "halvix";
   char* argv[] = {name, nullptr};

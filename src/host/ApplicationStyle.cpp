@@ -1,4 +1,4 @@
-#include "host/HostLook.h"
+#include "host/ApplicationStyle.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -13,8 +13,8 @@
 
 namespace feedloom {
 
-HostLook::HostLook(const Skin& skin) {
-  // The one style that follows a palette in everything that it draws.
+ApplicationStyle::ApplicationStyle(const Skin& skin) {
+  // Other styles ignore the palette in some controls.
   QApplication::setStyle(QStringLiteral("Fusion"));
   const QPalette colors = LoadSkinPalette(skin);
   QApplication::setPalette(colors);
@@ -26,7 +26,7 @@ HostLook::HostLook(const Skin& skin) {
   const bool isKorean = EqualsIgnoringAsciiCase(skin.Config().GetHostLanguage(), "KOR");
   const QLocale locale(isKorean ? QLocale::Korean : QLocale::English);
   QLocale::setDefault(locale);
-  // English is what the toolkit speaks without one.
+  // Without a translator the toolkit's texts are English.
   if (toolkitTexts_.load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
                          QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QCoreApplication::installTranslator(&toolkitTexts_);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace feedloom {
+
+// Writes "halvix: ", `text` (UTF-8) and a line break to stderr. A failed write is ignored.
+void ReportError(const std::string& text);
+
+// Whether the program runs on a desktop: DISPLAY or WAYLAND_DISPLAY is set, and QT_QPA_PLATFORM
+// names no platform without a screen.
+bool HasDisplay();
+
+// Shows `text` (UTF-8) in a modal message box and returns when the user has closed it. Creates an
+// application object for that time if there is none. Interface thread.
+void ShowErrorBox(const std::string& text);
+
+}  // namespace feedloom
