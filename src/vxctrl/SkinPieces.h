@@ -20,8 +20,7 @@ QString SharpestFile(const QString& path);
 // The image under this key of the host; a null pixmap without a value or a readable file.
 QPixmap LoadSkinImage(const Skin& skin, const char* section, const char* key);
 
-// The images of a control, indexed by ButtonState. A state without a file has the normal image. All
-// are null when the normal image is missing.
+// The images of a control, indexed by ButtonState. A state without a file has the normal image.
 using StateImages = std::array<QPixmap, kButtonStateCount>;
 StateImages LoadStateImages(const Skin& skin, const char* section, const char* key);
 StateImages LoadStateImages(const std::string& imagePath);

@@ -20,12 +20,12 @@ namespace feedloom {
 namespace {
 
 const QColor kRed = Qt::red;
+const QColor kStateColors[] = {Qt::white, Qt::yellow, Qt::green, Qt::gray};  // by ButtonState
 
 // Images in one colour, each under the name of its key; those of states in kStateColors.
-class PlainSkin {
- public:
+struct PlainSkin {
   PlainSkin() {
-    EXPECT_TRUE(registry_.WriteString(kHostKey, kValueImageDir, folder.Path()));
+    EXPECT_TRUE(registry.WriteString(kHostKey, kValueImageDir, folder.Path()));
     for (const char* key :
          {kImageSliderLeft, kImageSliderMiddle, kImageSliderRight, kImageEditLeft, kImageEditRight,
           kImageComboLeft, kImageComboRight, kImagePopUpComboLeft, kImagePopUpComboRight}) {
@@ -42,19 +42,15 @@ class PlainSkin {
     }
   }
 
-  static inline const QColor kStateColors[] = {Qt::white, Qt::yellow, Qt::green, Qt::gray};
-  const TempFolder folder;
-
- private:
   void Save(const std::string& name, const QSize& size, const QColor& color) const {
     QImage image(size, QImage::Format_RGB32);
     image.fill(color);
     EXPECT_TRUE(image.save(QString::fromStdString(folder.File(name + ".png"))));
   }
-  const Registry registry_{folder.File("registry.reg")};
 
- public:
-  const Skin skin{{{}, [](auto, std::string key) { return key + ".png"; }}, HostConfig(registry_)};
+  const TempFolder folder;
+  const Registry registry{folder.File("registry.reg")};
+  const Skin skin{{{}, [](auto, std::string key) { return key + ".png"; }}, HostConfig(registry)};
 };
 
 class Controls : public testing::Test, protected PlainSkin {
@@ -176,23 +172,19 @@ TEST_F(Controls, TheThumbFollowsValueMouseAndKeys) {
 // One image alone could not tell which radio button is chosen.
 TEST_F(Controls, WithoutTheirImagesTheyLookAndActAsTheDesktopsDo) {
   const Skin bare({}, skin.Config());
-  CVxRadioButton radio(skin, kSectionControls, kImageEditLeft, nullptr);
   CVxSlider slider(bare, nullptr);
+  EXPECT_EQ(slider.sizeHint(), QSlider(Qt::Horizontal).sizeHint());
+  const auto expectSame = [](QWidget& ours, QWidget&& desktops) {
+    for (QWidget* control : {&ours, &desktops}) control->resize(100, 30);
+    EXPECT_EQ(ours.grab().toImage(), desktops.grab().toImage());
+  };
+  CVxRadioButton radio(skin, kSectionControls, kImageEditLeft, nullptr);
   CVxEdit edit(bare, nullptr);
   CVxComboBox box(bare, ComboLook::Dialog, nullptr);
-  QRadioButton desktopsRadio;
-  QSlider desktopsSlider(Qt::Horizontal);
-  QLineEdit desktopsEdit;
-  QComboBox desktopsBox;
-  for (const auto& [ours, desktops] : {std::pair<QWidget*, QWidget*>(&radio, &desktopsRadio),
-                                       {&slider, &desktopsSlider},
-                                       {&edit, &desktopsEdit},
-                                       {&box, &desktopsBox}}) {
-    for (QWidget* control : {ours, desktops}) control->resize(100, 30);
-    EXPECT_EQ(ours->grab().toImage(), desktops->grab().toImage());
-  }
-  EXPECT_EQ(radio.sizeHint(), desktopsRadio.sizeHint());
-  EXPECT_EQ(slider.sizeHint(), desktopsSlider.sizeHint());
+  expectSame(slider, QSlider(Qt::Horizontal));
+  expectSame(radio, QRadioButton());
+  expectSame(edit, QLineEdit());
+  expectSame(box, QComboBox());
   QTest::mouseClick(&slider, Qt::LeftButton, {}, QPoint(95, 15));
   EXPECT_GT(slider.value(), 0);
 }
