@@ -188,6 +188,8 @@ TEST_F(Dialogs, ADialogIsReadAndWalkedInOrderAndNamedByTheHost) {
     }
     EXPECT_EQ(stops, QStringList({"Search word", "Cabinet", "OK", "Cancel", "Search word"}));
     EXPECT_EQ(dialog.windowTitle(), "Search");
+    dynamic_cast<NameDialog&>(dialog).SetAlphaValue(kInvisible / 5);
+    EXPECT_DOUBLE_EQ(dialog.windowOpacity(), 0.8);
     EXPECT_EQ(dialog.font().pixelSize(), 12);
     dialog.close();
   };

@@ -99,6 +99,7 @@ TEST_F(List, TheEndIsToldWhenTheUserReachesItOrAsksForIt) {
 }
 
 TEST_F(List, TheHeaderIsWorkedByKeys) {
+  EXPECT_EQ(Header().accessibleName(), "A");
   QSignalSpy orders(&list_, &CVxListCtrl::SortRequested);
   Key(Qt::Key_Up, Qt::AltModifier);
   ASSERT_TRUE(Header().hasFocus());
