@@ -41,7 +41,8 @@ class Program : public QProcess {
   }
   // Waits for the end; the exit status, -1 when a signal ended it.
   int Finish(int signalNumber = 0) {
-    if (signalNumber != 0) ::kill(static_cast<pid_t>(processId()), signalNumber);
+    if (signalNumber != 0 && processId() != 0)
+      ::kill(static_cast<pid_t>(processId()), signalNumber);
     waitForFinished(-1);
     out += readAllStandardOutput(), err += readAllStandardError();
     return exitStatus() == NormalExit ? exitCode() : -1;
