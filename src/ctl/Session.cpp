@@ -5,8 +5,8 @@
 #include "ctl/Output.h"
 #include "ingest/FeedMemory.h"
 #include "platform/Clock.h"
-#include "profile/FirstChoices.h"
 #include "profile/HostTexts.h"
+#include "profile/ProfileDefaults.h"
 
 namespace feedloom {
 namespace {
@@ -24,9 +24,9 @@ bool Succeeded(const Failure& failure) {
 }
 
 Failure MakeProfile(const std::string& dir, const InitOptions& options) {
-  const std::string language = options.language.value_or(FirstLanguage());
+  const std::string language = options.language.value_or(DefaultLanguage());
   const CodePage codePage =
-      options.codePage ? CodePage::FromName(*options.codePage) : FirstCodePage(language);
+      options.codePage ? CodePage::FromName(*options.codePage) : DefaultCodePage(language);
   return CreateProfile(dir, ShareDir(), codePage, language);
 }
 

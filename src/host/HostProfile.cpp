@@ -12,7 +12,7 @@
 #include "host/CommandLine.h"
 #include "platform/Registry.h"
 #include "platform/Text.h"
-#include "profile/FirstChoices.h"
+#include "profile/ProfileDefaults.h"
 #include "skin/HostConfig.h"
 #include "skin/Keys.h"
 
@@ -76,9 +76,9 @@ Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
   const ProfilePaths& paths = profile.paths;
   if (paths.dir.empty()) return "No home directory for a profile; name one with --profile.";
   if (!ProfileExists(paths)) {
-    const std::string language = options.language.value_or(FirstLanguage());
+    const std::string language = options.language.value_or(DefaultLanguage());
     const CodePage codePage =
-        options.codePage ? CodePage::FromName(*options.codePage) : FirstCodePage(language);
+        options.codePage ? CodePage::FromName(*options.codePage) : DefaultCodePage(language);
     if (auto failure = CreateProfile(paths.dir, ShareDir(), codePage, language)) return failure;
     profile.isNew = true;
   }

@@ -28,11 +28,11 @@ int WriteAndSync(int handle, std::string_view content) {
 // Writes `content` to the open file `handle` and closes it. A `handle` of -1 is a failure to open
 // it, told by errno. `path` is its name.
 Failure Fill(int handle, const std::string& path, std::string_view content) {
-  if (handle < 0) return FileComplaint("Cannot create the file", path, errno);
+  if (handle < 0) return FileError("Cannot create the file", path, errno);
   int error = WriteAndSync(handle, content);
   if (close(handle) != 0 && error == 0) error = errno;
   if (error == 0) return {};
-  return FileComplaint("Cannot write the file", path, error);
+  return FileError("Cannot write the file", path, error);
 }
 
 // Writes `content` to the new file `temporary`, open as `handle`, closes it, and renames it to
@@ -82,10 +82,10 @@ Failure MoveIntoPlace(const std::string& from, const std::string& to) {
   if (std::rename(from.c_str(), to.c_str()) == 0) return {};
   const int error = errno;
   unlink(from.c_str());
-  return FileComplaint("Cannot create the file", to, error);
+  return FileError("Cannot create the file", to, error);
 }
 
-std::string FileComplaint(std::string_view what, std::string_view path, int error) {
+std::string FileError(std::string_view what, std::string_view path, int error) {
   return fmt::format("{} '{}': {}.", what, path, std::generic_category().message(error));
 }
 

@@ -25,6 +25,6 @@ using Failure = std::optional<std::string>;
 [[nodiscard]] Failure MoveIntoPlace(const std::string& from, const std::string& to);
 
 // "<what> '<path>': <the system's reason for the error number>."
-std::string FileComplaint(std::string_view what, std::string_view path, int error);
+std::string FileError(std::string_view what, std::string_view path, int error);
 
 }  // namespace feedloom

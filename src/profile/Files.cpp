@@ -35,10 +35,10 @@ Failure MakeDirectories(const std::string& path) {
     std::error_code ignored;
     if (std::filesystem::is_directory(made, ignored)) continue;
     if (mkdir(made.c_str(), 0700) != 0 && errno != EEXIST) {
-      return FileComplaint("Cannot create the directory", made.string(), errno);
+      return FileError("Cannot create the directory", made.string(), errno);
     }
     if (!std::filesystem::is_directory(made, ignored)) {
-      return FileComplaint("Cannot create the directory", made.string(), ENOTDIR);
+      return FileError("Cannot create the directory", made.string(), ENOTDIR);
     }
   }
   return {};

@@ -90,7 +90,7 @@ std::vector<int> CVxListCtrl::SelectedRows() const {
 void CVxListCtrl::SetAnchor(int row) { anchor_ = model()->index(row, 0); }
 
 void CVxListCtrl::keyPressEvent(QKeyEvent* event) {
-  if (TakeRowTipKey(*this, *event)) return;
+  if (HandleToolTipKey(*this, *event)) return;
   if (event->key() == Qt::Key_Up && event->modifiers() == Qt::AltModifier) {
     return header()->setFocus(Qt::OtherFocusReason);
   }
@@ -159,7 +159,7 @@ void CVxListCtrl::setSelection(const QRect& rect, QItemSelectionModel::Selection
 void CVxListCtrl::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                               const QList<int>& roles) {
   QTreeView::dataChanged(topLeft, bottomRight, roles);
-  TellChangedCells(*this, topLeft, bottomRight);
+  NotifyChangedCells(*this, topLeft, bottomRight);
 }
 
 void CVxListCtrl::paintEvent(QPaintEvent* event) {

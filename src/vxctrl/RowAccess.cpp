@@ -44,7 +44,7 @@ void Tell(QTreeView& view, const QModelIndex& cell, QAccessibleEvent& event) {
 
 }  // namespace
 
-bool TakeRowTipKey(QAbstractItemView& view, const QKeyEvent& event) {
+bool HandleToolTipKey(QAbstractItemView& view, const QKeyEvent& event) {
   if (event.key() != Qt::Key_F1 || event.modifiers() != Qt::ShiftModifier) {
     QToolTip::hideText();
     return false;
@@ -64,7 +64,8 @@ void DrawFocusWithoutRow(QAbstractItemView& view) {
   DrawSkinFocus(painter, view.palette(), view.viewport()->rect(), 0);
 }
 
-void TellChangedCells(QTreeView& view, const QModelIndex& topLeft, const QModelIndex& bottomRight) {
+void NotifyChangedCells(QTreeView& view, const QModelIndex& topLeft,
+                        const QModelIndex& bottomRight) {
   if (!QAccessible::isActive()) return;
   const int bottom = view.viewport()->height();
   for (QModelIndex row = view.indexAt({0, 0}); row.isValid() && view.visualRect(row).top() < bottom;
@@ -78,7 +79,7 @@ void TellChangedCells(QTreeView& view, const QModelIndex& topLeft, const QModelI
   }
 }
 
-void TellExpansion(QTreeView& view, const QModelIndex& row) {
+void NotifyExpansion(QTreeView& view, const QModelIndex& row) {
   if (!QAccessible::isActive()) return;
   QAccessible::State changed;
   changed.expanded = true;

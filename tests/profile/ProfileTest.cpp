@@ -8,10 +8,10 @@
 
 #include "kit/TempFolder.h"
 #include "platform/UrlDownload.h"
-#include "profile/FirstChoices.h"
 #include "profile/HostTexts.h"
 #include "profile/IniFile.h"
 #include "profile/Profile.h"
+#include "profile/ProfileDefaults.h"
 #include "profile/SharePaths.h"
 #include "skin/Keys.h"
 
@@ -181,15 +181,15 @@ TEST_F(ProfileTest, PathsThatAreGoneAreRepairedAndTheSkinStays) {
 
 void Set(const char* name, const char* value) { value ? setenv(name, value, 1) : unsetenv(name); }
 
-TEST(FirstChoicesTest, FollowTheUsersLocaleAndDataDirectory) {
+TEST(ProfileDefaultsTest, FollowTheUsersLocaleAndDataDirectory) {
   const char* const kLocales[][4] = {
       {nullptr, nullptr, nullptr, "KOR"},  {nullptr, nullptr, "ko_KR.UTF-8", "KOR"},
       {"", "", "de_DE.UTF-8@euro", "ENG"}, {"", "en_US", "ko_KR", "ENG"},
       {"ko", "en_US", "en_US", "KOR"},     {"C.UTF-8", "", "en_US", "KOR"}};
   for (const auto& [all, messages, lang, language] : kLocales) {
     Set("LC_ALL", all), Set("LC_MESSAGES", messages), Set("LANG", lang);
-    EXPECT_EQ(FirstLanguage(), language) << (lang ? lang : "no locale");
-    EXPECT_EQ(FirstCodePage(language) == CodePage::Korean(), FirstLanguage() == "KOR");
+    EXPECT_EQ(DefaultLanguage(), language) << (lang ? lang : "no locale");
+    EXPECT_EQ(DefaultCodePage(language) == CodePage::Korean(), DefaultLanguage() == "KOR");
   }
   const char* const kPlaces[][3] = {{"/data", "/home/a", "/data/halvix"},
                                     {"relative", "/home/a", "/home/a/.local/share/halvix"},

@@ -44,7 +44,7 @@ CRSS_GroupTreeCtrl::CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, 
           &CRSS_GroupTreeCtrl::UpdateScrollRange);
   connect(this, &QTreeView::collapsed, this, &CRSS_GroupTreeCtrl::SelectInsteadOfHidden);
   connect(this, &QAbstractItemView::pressed, this, &CRSS_GroupTreeCtrl::ReportPress);
-  const auto tell = [this](const QModelIndex& group) { TellExpansion(*this, group); };
+  const auto tell = [this](const QModelIndex& group) { NotifyExpansion(*this, group); };
   connect(this, &QTreeView::expanded, this, tell);
   connect(this, &QTreeView::collapsed, this, tell);
 }
@@ -92,7 +92,7 @@ void CRSS_GroupTreeCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& 
 void CRSS_GroupTreeCtrl::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                                      const QList<int>& roles) {
   QTreeView::dataChanged(topLeft, bottomRight, roles);
-  TellChangedCells(*this, topLeft, bottomRight);
+  NotifyChangedCells(*this, topLeft, bottomRight);
 }
 
 void CRSS_GroupTreeCtrl::paintEvent(QPaintEvent* event) {
@@ -156,7 +156,7 @@ void CRSS_GroupTreeCtrl::SelectInsteadOfHidden(const QModelIndex& closed) {
 }
 
 void CRSS_GroupTreeCtrl::keyPressEvent(QKeyEvent* event) {
-  if (TakeRowTipKey(*this, *event)) return;
+  if (HandleToolTipKey(*this, *event)) return;
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (!isEnter) return QTreeView::keyPressEvent(event);
   if (SelectedRow().isValid()) emit RowSelected(SelectedRow());

@@ -1,4 +1,4 @@
-#include "profile/FirstChoices.h"
+#include "profile/ProfileDefaults.h"
 
 #include <cstdlib>
 #include <string_view>
@@ -21,14 +21,14 @@ std::string_view LocaleName() {
 
 }  // namespace
 
-std::string FirstLanguage() {
+std::string DefaultLanguage() {
   const std::string_view name = LocaleName();
   const std::string_view language = name.substr(0, name.find_first_of("_.@"));
   const bool isNone = language.empty() || language == "C" || language == "POSIX";
   return isNone || language == "ko" ? kKorean : kEnglish;
 }
 
-CodePage FirstCodePage(const std::string& language) {
+CodePage DefaultCodePage(const std::string& language) {
   return EqualsIgnoringAsciiCase(language, kKorean) ? CodePage::Korean() : CodePage::Utf8();
 }
 
