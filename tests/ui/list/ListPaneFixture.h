@@ -3,37 +3,37 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QTest>
-#include <algorithm>
-#include <string>
-#include <utility>
-#include <vector>
 
+#include "skin/Keys.h"
 #include "store/Cabinets.h"
 #include "store/Posts.h"
 #include "ui/FakeFrame.h"
 #include "ui/list/CRSS_RightTopContainer.h"
+#include "ui/list/CRSS_RightTopToolBarWnd.h"
 #include "ui/list/PostListModel.h"
+#include "vxctrl/CVxComboBox.h"
 #include "vxctrl/CVxListCtrl.h"
 
 namespace feedloom {
 
 using Strings = std::vector<std::string>;
-using ReadPosts = std::vector<std::pair<int, bool>>;
 
 // Lists in a pane, when there is one, as the frame itself does.
-class ListingFrame : public FakeFrame {
- public:
+struct ListingFrame : FakeFrame {
   void ListPosts(ListMode mode, PostList list, FirstShown shownFirst) override {
     FakeFrame::ListPosts(mode, list, shownFirst);
     if (!listPane) return;
     listPane->Fill(std::move(list));
     listPane->ShowFirst(shownFirst);
   }
-
   CRSS_RightTopContainer* listPane = nullptr;
 };
 
@@ -45,7 +45,6 @@ class PostListPane : public testing::Test {
     ShowPane();
     list_.setFocus();
   }
-
   void ShowPane() {
     pane_.show();
     pane_.activateWindow();
@@ -55,36 +54,31 @@ class PostListPane : public testing::Test {
   // Unread posts "Post <newest>" down to "Post 1" that are not in the store; the number is the id.
   static PostList NumberedPosts(int newest) {
     PostList list;
-    for (int number = newest; number >= 1; --number) {
+    for (int id = newest; id >= 1; --id) {
       PostRow& post = list.posts.emplace_back();
-      post.id = number;
-      post.published = "2008-05-01 10:00:00";
-      post.title = "Post " + std::to_string(number);
-      post.ownerTitle = "News";
+      post.id = id;
+      post.title = "Post " + std::to_string(id);
     }
     return list;
   }
-
   // The posts of a new channel with `count` unread posts, newest first.
   PostList ChannelPosts(int count) {
-    channel_ = frame_.db.AddChannelWithPosts(1, "News", count);
     ChannelWithPosts loaded;
+    channel_ = frame_.db.AddChannelWithPosts(1, "News", count);
     EXPECT_TRUE(LoadChannelWithPosts(frame_.GetStore(), channel_, loaded));
     return {.posts = std::move(loaded.posts)};
   }
-
   // The posts of a new cabinet, "kept 3" first.
   PostList CabinetPosts(int count) {
-    cabinet_ = AddCabinet(frame_.GetStore(), "c", 1);
-    for (int number = 1; number <= count; ++number) {
-      InsertScrapPost(frame_.GetStore(), cabinet_, "kept " + std::to_string(number), "l",
-                      "2008-05-0" + std::to_string(number), "");
-    }
     CabinetWithPosts loaded;
+    cabinet_ = AddCabinet(frame_.GetStore(), "c", 1);
+    for (int i = 1; i <= count; ++i) {
+      const std::string number = std::to_string(i);
+      InsertScrapPost(frame_.GetStore(), cabinet_, "kept " + number, "l", "2008-05-0" + number, "");
+    }
     EXPECT_TRUE(LoadCabinetWithPosts(frame_.GetStore(), cabinet_, loaded));
     return {.posts = std::move(loaded.posts), .areScrapPosts = true};
   }
-
   // From now on every such statement on the rows of a table fails.
   void RefuseInStore(const std::string& statement, const std::string& rows) {
     frame_.db.Sql("create trigger no_" + statement + " before " + statement + " on " + rows +
@@ -94,55 +88,59 @@ class PostListPane : public testing::Test {
   void Press(Qt::MouseButton button, int row, Qt::KeyboardModifiers keys = {}) {
     QTest::mouseClick(list_.viewport(), button, keys, list_.visualRect(Index(row)).center());
   }
-  void Key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
-
-  // As the system asks for a menu: with the right button at a point of the rows, or by the key.
-  void AskForMenu(const QPoint& point) {
-    QContextMenuEvent event(QContextMenuEvent::Mouse, point, list_.viewport()->mapToGlobal(point));
-    QApplication::sendEvent(list_.viewport(), &event);
+  void Key(Qt::Key key, Qt::KeyboardModifiers keys = {}) {
+    QTest::keyClick(QApplication::focusWidget(), key, keys);
   }
-  void PressMenuKey() {
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+  // Null when there is none.
+  QMenu* OpenMenu(QContextMenuEvent::Reason reason, const QPoint& point = {}) {
+    QContextMenuEvent event(reason, point, list_.viewport()->mapToGlobal(point));
     QApplication::sendEvent(list_.viewport(), &event);
+    return pane_.findChild<QMenu*>();
   }
-  QMenu* OpenMenu() const { return pane_.findChild<QMenu*>(); }
   void Choose(Command command) {
-    PressMenuKey();
-    ASSERT_NE(OpenMenu(), nullptr);
-    const QList<QAction*> items = OpenMenu()->actions();
-    const auto item = std::ranges::find_if(
-        items, [&](const QAction* action) { return action->data().toInt() == command; });
-    ASSERT_TRUE(item != items.end() && (*item)->isEnabled()) << command;
-    (*item)->trigger();
-    CloseMenu();
-    QApplication::processEvents();  // the command comes when the menu has closed
-  }
-  void CloseMenu() {
-    delete OpenMenu();
+    QMenu* const menu = OpenMenu(QContextMenuEvent::Keyboard);
+    for (QAction* const item : menu->actions()) {
+      if (item->data().toInt() == command) item->trigger();
+    }
+    delete menu;
     ShowPane();
+    QApplication::processEvents();  // the command comes when the menu has closed
   }
 
   QModelIndex Index(int row) const { return list_.model()->index(row, kTitleColumn); }
   std::string Title(int row) const { return Index(row).data().toString().toStdString(); }
-  bool IsRead(int row) const { return Index(row).data(PostListModel::kIsReadRole).toBool(); }
-  int UnreadStored() { return frame_.db.Count("TB_POST where post_readStatus = 0"); }
   std::string TopTitle() const { return Title(list_.indexAt({0, 0}).row()); }
-  std::string CurrentTitle() const { return Title(list_.currentIndex().row()); }
-
-  Strings Titles() const {
-    Strings titles;
-    for (int row = 0; row < list_.model()->rowCount(); ++row) titles.push_back(Title(row));
+  int RowCount() const { return list_.model()->rowCount(); }
+  // The titles, read ones in parentheses; a selected row begins with ">".
+  std::string Rows() const {
+    std::string rows;
+    for (int row = 0; row < RowCount(); ++row) {
+      const bool isRead = Index(row).data(PostListModel::kIsReadRole).toBool();
+      rows += list_.selectionModel()->isSelected(Index(row)) ? ">" : "";
+      rows += (isRead ? "(" + Title(row) + ")" : Title(row)) + " ";
+    }
+    return rows;
+  }
+  std::string Selected() const {
+    std::string titles;
+    for (const int row : list_.SelectedRows()) titles += Title(row) + " ";
     return titles;
   }
-  Strings SelectedTitles() const {
-    Strings titles;
-    for (const int row : list_.SelectedRows()) titles.push_back(Title(row));
-    return titles;
+  std::string Stored(const std::string& table, const std::string& title) const {
+    return frame_.db.Value("select group_concat(" + title + ", ' ') from (select * from " + table +
+                           " order by " + title + ")");
+  }
+  std::string UnreadStored() const {
+    return Stored("TB_POST where post_readStatus=0", "post_title");
   }
 
   ListingFrame frame_;
   CRSS_RightTopContainer pane_{frame_, nullptr};
   CVxListCtrl& list_ = *pane_.findChild<CVxListCtrl*>();
+  CRSS_RightTopToolBarWnd& bar_ = *pane_.findChild<CRSS_RightTopToolBarWnd*>();
+  QComboBox& scope_ = *bar_.findChild<QComboBox*>();
+  QLineEdit& word_ = *bar_.findChild<QLineEdit*>();
+  QAbstractButton& button_ = *bar_.findChild<QAbstractButton*>();
   int channel_ = 0;
   int cabinet_ = 0;
 };

@@ -1,98 +1,78 @@
 // The web directory in the list: pages, failures, and the list while a search runs.
-
-#include <QAbstractButton>
 #include <QCursor>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QScrollBar>
 #include <QShortcut>
+#include <QSignalSpy>
 #include <QWindow>
 
-#include "skin/Keys.h"
-#include "ui/list/CRSS_RightTopToolBarWnd.h"
 #include "ui/list/DirectoryService.h"
 #include "ui/list/ListPaneFixture.h"
 
 namespace feedloom {
 namespace {
 
-class WebSearchInTheList : public PostListPane {
+class WebSearchTest : public PostListPane {
  protected:
-  WebSearchInTheList() {
+  WebSearchTest() {
     frame_.listPane = &pane_;
     frame_.directoryService = service_.Address();
-  }
-
-  void Begin() {
     word_.setText("word");
-    pane_.findChild<QAbstractButton*>()->click();
   }
-  void Search() {
-    Begin();
-    WaitForEnd();
+  void ListPosts(int newest, ListMode mode = ListMode::Selection) {
+    frame_.ListPosts(mode, NumberedPosts(newest), FirstShown::First);
   }
   void WaitForEnd() {
     EXPECT_TRUE(QTest::qWaitFor([&] { return list_.isEnabled(); }));
   }
-  bool CanWaitForRows(int rows) {
-    return QTest::qWaitFor([&] { return list_.model()->rowCount() == rows; });
-  }
-  void ListPosts(int newest, ListMode mode = ListMode::Selection) {
-    frame_.ListPosts(mode, NumberedPosts(newest), FirstShown::First);
+  void Search() {
+    button_.click();
+    WaitForEnd();
   }
   // A search without an end, over a list with so many other posts.
   void BeginEndlessOver(int rows) {
     ListPosts(rows);
     service_.Hang(1);
-    Begin();
+    button_.click();
     EXPECT_TRUE(QTest::qWaitFor([&] { return service_.Requests(1) == 1; }));
   }
   void PressEnd() {
     Key(Qt::Key_End);
     QApplication::processEvents();  // the request is made behind the key
   }
-
-  QPoint Place(int row) const {
-    return list_.viewport()->mapTo(&pane_, list_.visualRect(Index(row)).center());
-  }
-  // What is under the mouse there, as the user sees and hits it.
-  QWidget* Under(const QPoint& point) const { return pane_.childAt(point); }
-
-  int Rows() const { return list_.model()->rowCount(); }
-  std::string Count() const {
-    return pane_.findChild<CRSS_RightTopToolBarWnd*>()->accessibleDescription().toStdString();
+  bool CanWaitForRows(int rows) {
+    return QTest::qWaitFor([&] { return RowCount() == rows; });
   }
   std::string Text(const char* key) const { return frame_.GetSkin().GetText(kSectionTexts, key); }
 
   DirectoryService service_;
-  QLineEdit& word_ = *pane_.findChild<QLineEdit*>();
 };
 
-TEST_F(WebSearchInTheList, TakesTheFirstPageAndFurtherOnesAtTheEndOfTheList) {
+TEST_F(WebSearchTest, TakesTheFirstPageAndFurtherOnesAtTheEndOfTheList) {
   service_.ServeTwoPages();
   ListPosts(3);
   Search();
   EXPECT_EQ(frame_.state.listMode, ListMode::WebDirectory);
-  EXPECT_EQ(Rows(), 50);
-  EXPECT_EQ(Count(), "검색결과 : 50건");
-  EXPECT_EQ(frame_.shown, (Strings{"Post 3", "Title 1"}));
+  EXPECT_EQ(RowCount(), 50);
+  EXPECT_EQ(bar_.accessibleDescription(), "검색결과 : 50건");
   EXPECT_EQ(frame_.messages, (Strings{Text(kTextDirectorySearching), ""}));
-
+  service_.Fail(2);
+  PressEnd();
+  WaitForEnd();
+  EXPECT_EQ(frame_.messages.back(), Text(kTextDirectoryFailed));
+  service_.ServeTwoPages();  // a page that did not come is asked for again
+  list_.verticalScrollBar()->setValue(0);
   list_.verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMaximum);
   const int place = list_.verticalScrollBar()->value();
   EXPECT_TRUE(CanWaitForRows(73));
-  EXPECT_EQ(Title(72), "Title 73");
-  EXPECT_EQ(Count(), "검색결과 : 73건");
   EXPECT_EQ(list_.verticalScrollBar()->value(), place);
-  EXPECT_EQ(list_.SelectedRows(), std::vector{0});
-  EXPECT_EQ(frame_.shown.size(), 2u);
-
+  EXPECT_EQ(bar_.accessibleDescription(), "검색결과 : 73건");
+  EXPECT_EQ(Title(72) + " " + Selected(), "Title 73 Title 50 ");
   PressEnd();
   EXPECT_TRUE(list_.isEnabled()) << "there is no third page";
-  EXPECT_EQ(frame_.lists.size(), 2u);
+  EXPECT_EQ(frame_.lists.size(), 2U);
+  EXPECT_EQ(frame_.shown, (Strings{"Post 3", "Title 1"}));
 }
 
-TEST_F(WebSearchInTheList, KeepsPlaceAndSelectionOfASortedListWhenAPageComes) {
+TEST_F(WebSearchTest, KeepsThePlaceInASortedListAndAsksByEndAlsoWhenAllRowsFit) {
   service_.ServeTwoPages();
   Search();
   list_.header()->setSortIndicator(kTitleColumn, Qt::DescendingOrder);
@@ -101,13 +81,8 @@ TEST_F(WebSearchInTheList, KeepsPlaceAndSelectionOfASortedListWhenAPageComes) {
   list_.verticalScrollBar()->setValue(10);
   const std::string top = TopTitle();
   EXPECT_TRUE(CanWaitForRows(73));
-  EXPECT_EQ(Title(2), "Title 73");
-  EXPECT_EQ(TopTitle(), top);
-  EXPECT_EQ(SelectedTitles(), Strings{"Title 1"}) << "to which the key has led";
+  EXPECT_EQ(Title(2) + TopTitle() + Selected(), "Title 73" + top + "Title 1 ");
   EXPECT_TRUE(list_.isEnabled()) << "rows that come do not reach the end";
-}
-
-TEST_F(WebSearchInTheList, TheKeyEndAsksAlsoWhenAllRowsFit) {
   service_.Serve(1, 60, 1, 2);
   service_.Serve(2, 60, 51, 53);
   Search();
@@ -116,123 +91,90 @@ TEST_F(WebSearchInTheList, TheKeyEndAsksAlsoWhenAllRowsFit) {
   EXPECT_TRUE(list_.hasFocus());
 }
 
-TEST_F(WebSearchInTheList, WithoutAnAnswerThereAreNoRowsAndTheMainPage) {
+TEST_F(WebSearchTest, WithoutAnAnswerThereAreNoRowsAndTheMainPage) {
   service_.Fail(1);
   ListPosts(3);
   Search();
-  EXPECT_EQ(Rows(), 0);
-  EXPECT_EQ(Count(), "");
+  EXPECT_EQ(RowCount(), 0);
   EXPECT_EQ(frame_.shown.back(), "(main page)");
   EXPECT_EQ(frame_.questions, Strings{kTextDirectoryFailed});
   EXPECT_EQ(frame_.state.listMode, ListMode::WebDirectory);
 }
 
-TEST_F(WebSearchInTheList, APageThatDidNotComeIsAskedForAgain) {
-  service_.ServeTwoPages();
-  service_.Fail(2);
-  Search();
-  PressEnd();
-  WaitForEnd();
-  EXPECT_EQ(frame_.messages.back(), Text(kTextDirectoryFailed));
-  EXPECT_EQ(Rows(), 50);
-  service_.ServeTwoPages();
-  PressEnd();
-  EXPECT_TRUE(CanWaitForRows(73));
-}
-
-TEST_F(WebSearchInTheList, IsClosedToInputWhileItRuns) {
-  const QPoint place(100, 100);
-  QCursor::setPos(pane_.mapToGlobal(place));
+TEST_F(WebSearchTest, ClosesTheListWhileItRunsAndARefreshDoesNotDisturbIt) {
+  QCursor::setPos(pane_.mapToGlobal(QPoint(100, 100)));
   QApplication::processEvents();
   BeginEndlessOver(30);
   EXPECT_EQ(pane_.windowHandle()->cursor().shape(), Qt::WaitCursor);
-  QTest::mouseClick(Under(place), Qt::LeftButton);
+  QTest::mouseClick(pane_.childAt(100, 100), Qt::LeftButton);
   for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return, Qt::Key_N, Qt::Key_Delete, Qt::Key_End}) {
     Key(key);
   }
   pane_.GoToUnread(true);
   EXPECT_EQ(frame_.shown, Strings{"Post 30"});
-  EXPECT_EQ(list_.SelectedRows(), std::vector{0});
+  EXPECT_EQ(Selected(), "Post 30 ");
   EXPECT_EQ(frame_.state.unreadTotal, 10);
-  EXPECT_EQ(service_.Requests(1), 1);
   pane_.resize(700, 300);
-  EXPECT_EQ(Under({690, 290}), Under(place)) << "it stays closed as a whole";
-  Key(Qt::Key_Escape);
+  EXPECT_EQ(pane_.childAt(690, 290), pane_.childAt(100, 100)) << "it stays closed as a whole";
+  pane_.Refill(NumberedPosts(4));
+  EXPECT_EQ(RowCount(), 4);
+  EXPECT_FALSE(list_.isEnabled());
+  service_.ServeTwoPages();
+  WaitForEnd();
+  EXPECT_EQ(RowCount(), 50);
+  EXPECT_EQ(service_.Requests(1), 1);
   EXPECT_EQ(pane_.windowHandle()->cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST_F(WebSearchInTheList, EscapeGivesItUpWhereverTheKeyboardIs) {
-  BeginEndlessOver(3);
+TEST_F(WebSearchTest, EscapeGivesItUpWhereverTheKeyboardIsAndTheOneBeforeGoesOn) {
+  service_.ServeTwoPages();
+  Search();
   // As the browser's: two shortcuts for one key, and neither would be carried out.
   QShortcut other(Qt::Key_Escape, &pane_);
-  bool isOtherUsed = false;
-  QObject::connect(&other, &QShortcut::activated, &pane_, [&] { isOtherUsed = true; });
-  EXPECT_FALSE(list_.isEnabled());
+  const QSignalSpy others(&other, &QShortcut::activated);
+  for (QWidget* const focus : {static_cast<QWidget*>(&list_), static_cast<QWidget*>(&word_)}) {
+    focus->setFocus();
+    word_.setText("another");
+    button_.click();
+    EXPECT_FALSE(list_.isEnabled());
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(list_.isEnabled());
+    EXPECT_TRUE(focus->hasFocus()) << "it had the keyboard";
+    EXPECT_EQ(RowCount(), 50);
+    EXPECT_EQ(frame_.messages.back(), "");
+  }
+  EXPECT_EQ(others.count(), 0);
   Key(Qt::Key_Escape);
-  EXPECT_TRUE(list_.isEnabled());
-  EXPECT_TRUE(list_.hasFocus()) << "it had the keyboard";
-  EXPECT_EQ(Under(Place(1)), list_.viewport());
-  EXPECT_EQ(Rows(), 3);
-  EXPECT_EQ(frame_.messages.back(), "");
-
-  word_.setFocus();
-  Begin();
-  Key(Qt::Key_Escape);
-  EXPECT_TRUE(list_.isEnabled());
-  EXPECT_TRUE(word_.hasFocus());
-  EXPECT_FALSE(isOtherUsed);
-  Key(Qt::Key_Escape);
-  EXPECT_TRUE(isOtherUsed) << "nothing runs: the key has its other meanings again";
+  EXPECT_EQ(others.count(), 1) << "nothing runs: the key has its other meanings again";
+  list_.setFocus();
+  PressEnd();
+  EXPECT_TRUE(CanWaitForRows(73));
 }
 
-TEST_F(WebSearchInTheList, WhateverElseIsListedGivesItUp) {
+TEST_F(WebSearchTest, WhateverElseIsListedGivesItUp) {
   BeginEndlessOver(3);
   ListPosts(60, ListMode::Today);
   EXPECT_TRUE(list_.isEnabled());
   service_.ServeTwoPages();  // those who wait get it now
   PressEnd();
   EXPECT_TRUE(list_.isEnabled()) << "these are not the directory's rows";
-  EXPECT_EQ(Rows(), 60);
-
   Search();  // behind which nothing of the one before can come
+  EXPECT_EQ(RowCount(), 50);
   const std::string searching = Text(kTextDirectorySearching);
   EXPECT_EQ(frame_.messages, (Strings{searching, "", searching, ""}));
   ListPosts(60);
   PressEnd();
   EXPECT_TRUE(list_.isEnabled()) << "though the search has more";
-}
-
-TEST_F(WebSearchInTheList, ARefreshOfTheListedPostsLeavesItAlone) {
-  BeginEndlessOver(3);
-  pane_.Refill(NumberedPosts(4));
-  EXPECT_EQ(Rows(), 4);
-  EXPECT_FALSE(list_.isEnabled());
-  service_.ServeTwoPages();
-  WaitForEnd();
-  EXPECT_EQ(Rows(), 50);
-}
-
-TEST_F(WebSearchInTheList, OneThatIsGivenUpLeavesTheOneBeforeAsItWas) {
-  service_.ServeTwoPages();
-  Search();
-  word_.setText("another");
-  pane_.findChild<QAbstractButton*>()->click();
-  Key(Qt::Key_Escape);
-  WaitForEnd();
-  PressEnd();
-  EXPECT_TRUE(CanWaitForRows(73));
-}
-
-TEST_F(WebSearchInTheList, ANewSearchTakesThePlaceOfTheOneThatRuns) {
-  BeginEndlessOver(3);
+  service_.Hang(1);
+  for (int i = 0; i < 2; ++i) button_.click();
   service_.Serve(1, 2, 1, 2);
-  Begin();
   WaitForEnd();
-  EXPECT_EQ(Rows(), 2);
-  EXPECT_EQ(frame_.lists.size(), 2u) << "one answer";
+  EXPECT_EQ(RowCount(), 2);
+  EXPECT_EQ(frame_.lists.size(), 5U) << "one answer to both";
 }
 
-TEST_F(WebSearchInTheList, APaneThatGoesDuringASearchIsNotTouched) {
+TEST_F(WebSearchTest, APaneThatGoesDuringASearchIsNotTouched) {
+  frame_.listPane = nullptr;
   auto pane = std::make_unique<CRSS_RightTopContainer>(frame_, nullptr);
   service_.Hang(1);
   pane->findChild<QLineEdit*>()->setText("word");
@@ -241,7 +183,7 @@ TEST_F(WebSearchInTheList, APaneThatGoesDuringASearchIsNotTouched) {
   pane.reset();
   service_.Serve(1, 2, 1, 2);
   QApplication::processEvents();
-  EXPECT_EQ(frame_.lists.size(), 0u);
+  EXPECT_EQ(frame_.lists.size(), 0U);
 }
 
 }  // namespace

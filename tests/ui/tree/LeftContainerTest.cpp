@@ -1,288 +1,341 @@
+// The rows, their counts and marks, what clicks and keys select, the buttons and the timers.
 #include <QScrollBar>
+#include <QSignalSpy>
+#include <QTextDocumentFragment>
 #include <QTimer>
 
-#include "ui/tree/CRSS_LeftToolBarWnd.h"
+#include "platform/Messages.h"
 #include "ui/tree/LeftPaneFixture.h"
 
 namespace feedloom {
 namespace {
 
+constexpr QPoint kBelowRows(100, 330);
+
 class LeftContainerTest : public LeftPaneFixture {
  protected:
-  static PostRow PostOf(int ownerId) {
+  LeftContainerTest() { Open(); }
+  void ReadPost(int ownerId, bool isScrapPost, int id = 0) {
     PostRow post;
+    post.id = id;
     post.ownerId = ownerId;
-    return post;
+    pane->PostWasRead(post, isScrapPost);
+  }
+  static ChannelRow Channel(int id, int folderId, const std::string& title, int unread = 0,
+                            int order = 0) {
+    return {title, "", id, folderId, order, unread};
+  }
+  // The selected row, and how often posts were listed so far.
+  std::string Selection() const {
+    return tree->SelectedRow().data().toString().toStdString() + " " +
+           std::to_string(frame.lists.size());
+  }
+  std::string AfterClick(const QPoint& place, Qt::MouseButton button = Qt::LeftButton,
+                         bool ctrl = false) {
+    return Click(place, button, ctrl), Selection();
+  }
+  Qt::CursorShape CursorAt(const QPoint& place, Qt::MouseButtons held = {}) {
+    QMouseEvent event(QEvent::MouseMove, place, tree->viewport()->mapToGlobal(QPointF(place)),
+                      Qt::NoButton, held, Qt::NoModifier);
+    QCoreApplication::sendEvent(tree->viewport(), &event);
+    return tree->viewport()->cursor().shape();
+  }
+  // The square of a row that begins so far from its left edge.
+  QImage Picture(const QString& label, int left) {
+    const QRect row = tree->visualRect(Row(label));
+    return tree->viewport()->grab(QRect(left, row.top(), 13, row.height())).toImage();
   }
 };
 
-using Strings = std::vector<std::string>;
-
-TEST_F(LeftContainerTest, OpensWithAllRowsAndNoneSelected) {
-  Open();
-  EXPECT_EQ(Labels(), (QStringList{"News(3)", "Daily(2)", "Weekly(1)", "Sports",
-                                   CabinetTitle() + "(1)", "Keep(1)", "Later"}));
-  EXPECT_FALSE(CabinetTitle().isEmpty());
-  EXPECT_TRUE(frame.lists.empty());
-  EXPECT_EQ(pane->SelectedChannel(), std::nullopt);
-}
-
-TEST_F(LeftContainerTest, LaysOutTheTreeInsideItsFrame) {
-  Open();
-  const int toolbarHeight = pane->findChild<QWidget*>("RSS_LeftToolBar")->height();
-  EXPECT_EQ(pane->findChild<QWidget*>("RSS_LeftToolBar")->geometry(),
-            QRect(0, 0, 251, toolbarHeight));
-  EXPECT_EQ(Tree().geometry(), QRect(6, toolbarHeight + 1, 239, 400 - toolbarHeight - 7));
+TEST_F(LeftContainerTest, OpensWithAllRowsAndNoneSelectedInsideItsFrame) {
+  EXPECT_EQ(Rows(), "News(3) Daily(2) Weekly(1) Sports 보관함(1) Keep(1) Later");
+  EXPECT_EQ(Selection(), " 0");
+  EXPECT_EQ(pane->findChild<QWidget*>("RSS_LeftToolBar")->geometry(), QRect(0, 0, 251, 40));
+  EXPECT_EQ(tree->geometry(), QRect(6, 41, 239, 353));
   const QImage picture = pane->grab().toImage();
-  for (const QPoint corner : {QPoint(5, toolbarHeight), QPoint(245, 394)}) {
-    EXPECT_EQ(picture.pixelColor(corner), QColor(0x76, 0x8A, 0x8E));
-  }
+  EXPECT_EQ(picture.pixelColor(5, 40), QColor(0x76, 0x8A, 0x8E));
+  EXPECT_EQ(picture.pixelColor(245, 394), QColor(0x76, 0x8A, 0x8E));
   EXPECT_EQ(picture.pixelColor(200, 390), QColor(0xE4, 0xF3, 0xFF));
 }
 
-TEST_F(LeftContainerTest, MarksAreSeenLeftOfAChannelsIconAndInIt) {
-  Open();
-  const QRect row = Tree().visualRect(Row("Daily(2)"));
-  const auto picture = [&](const QRect& area) { return Tree().viewport()->grab(area).toImage(); };
-  const QRect gutter(14, row.top(), 13, row.height());
-  const QRect icon(row.left(), row.top(), 13, row.height());
-
-  const QImage withoutMark = picture(gutter);
-  pane->SetChannelNew(daily, true);
-  EXPECT_NE(picture(gutter), withoutMark);
-  pane->SetChannelNew(daily, false);
-  EXPECT_EQ(picture(gutter), withoutMark);
-
-  const QImage sound = picture(icon);
-  pane->SetChannelState(daily, -2);
-  EXPECT_NE(picture(icon), sound);
-  pane->SetChannelState(daily, 0);
-  EXPECT_EQ(picture(icon), sound);
-}
-
-TEST_F(LeftContainerTest, CountsFollowWhatTheFrameTells) {
-  Open();
-  EXPECT_EQ(pane->SetChannelUnread(daily, 5), 3);
-  pane->PostWasRead(PostOf(weekly), false);
-  pane->PostWasRead(PostOf(keep), true);
-  EXPECT_EQ(Labels(), (QStringList{"News(5)", "Daily(5)", "Weekly", "Sports", CabinetTitle(),
-                                   "Keep", "Later"}));
-  EXPECT_EQ(pane->ChannelTitle(daily), "Daily");
-}
-
-TEST_F(LeftContainerTest, APostWhoseOwnerIsNotKnownLowersTheRightRow) {
-  Open();
-  PostRow found = PostOf(0);
-  found.id = std::stoi(frame.db.Value("select post_id from TB_POST where post_channelID = " +
-                                      std::to_string(weekly)));
-  pane->PostWasRead(found, false);
-  frame.db.Sql("update TB_SCRAP_POST set scrap_post_readStatus = 1");
-  pane->PostWasRead(PostOf(0), true);
-  EXPECT_EQ(Labels(), (QStringList{"News(2)", "Daily(2)", "Weekly", "Sports", CabinetTitle(),
-                                   "Keep", "Later"}));
-}
-
-TEST_F(LeftContainerTest, UnknownIdsAreHarmless) {
-  Open();
-  const QStringList before = Labels();
-  EXPECT_EQ(pane->SetChannelUnread(999, 5), 0);
-  pane->SetChannelNew(999, true);
-  pane->SetChannelState(999, -2);
-  pane->PostWasRead(PostOf(999), false);
-  pane->PostWasRead(PostOf(999), true);
-  pane->AddStoredChannel(999);
+TEST_F(LeftContainerTest, TheSelectedRowsPostsAreListed) {
   pane->ReloadSelection();
-  EXPECT_EQ(pane->ChannelTitle(999), "");
-  EXPECT_EQ(Labels(), before);
-  EXPECT_TRUE(frame.relists.empty());
-}
-
-TEST_F(LeftContainerTest, AChannelFromARefreshGetsARowWhosePostsAreStillToBeCounted) {
-  Open();
-  const QPersistentModelIndex sports = Row("Sports");
-  const int folder =
-      std::stoi(frame.db.Value("select folder_id from TB_FOLDER where "
-                               "folder_name = 'Sports'"));
-  const int ball = frame.db.AddChannelWithPosts(folder, "Ball", 4);
-  pane->AddStoredChannel(ball);
-  pane->AddStoredChannel(ball);
-  EXPECT_EQ(Tree().model()->rowCount(sports), 1);
-  EXPECT_EQ(pane->SetChannelUnread(ball, 4), 4);
-  EXPECT_TRUE(Labels().contains("Sports(4)"));
-  EXPECT_TRUE(Labels().contains("Ball(4)"));
-}
-
-TEST_F(LeftContainerTest, WhatADialogHasStoredIsSeenAtOnceAndTheSelectionStays) {
-  Open();
-  Click("Daily(2)");
-  pane->AppendFolder({.name = "New", .id = 70, .order = 3});
-  pane->AppendChannel({.title = "First", .xmlLink = {}, .id = 71, .folderId = 70});
-  pane->AppendCabinet({.id = 72, .title = "Box"});
-  pane->MoveChannel(daily, 70);
-  EXPECT_EQ(Labels(), (QStringList{"News(1)", "Weekly(1)", "Sports", "New(2)", "First", "Daily(2)",
-                                   CabinetTitle() + "(1)", "Keep(1)", "Later", "Box"}));
-  EXPECT_EQ(SelectedLabel(), "Daily(2)");
-  Tree().grab();  // paints it so
-}
-
-TEST_F(LeftContainerTest, AChannelThatGoesWhereItCannotBeSeenIsShown) {
-  Open();
-  Click("Daily(2)");
-  const int foreign = AddFolder(frame.GetStore(), "Foreign", 9);  // by another program
-  pane->MoveChannel(daily, foreign);
-  EXPECT_EQ(Labels().mid(0, 5),
-            (QStringList{"News(1)", "Weekly(1)", "Sports", "Foreign(2)", "Daily(2)"}));
-  Tree().collapse(Row("News(1)"));
-  pane->MoveChannel(daily, news);
-  EXPECT_EQ(Labels().mid(0, 3), (QStringList{"News(3)", "Daily(2)", "Weekly(1)"}));
-  EXPECT_EQ(SelectedLabel(), "Daily(2)");
-}
-
-TEST_F(LeftContainerTest, ReloadingHandsOverWhatTheSelectionHoldsNow) {
-  Open();
-  Click("Weekly(1)");
-  frame.db.Sql("insert into TB_POST(post_channelID, post_title, post_link, post_pubDate) values(" +
-               std::to_string(weekly) + ", 'Fresh', 'l9', '2009-01-01 00:00:00')");
+  const struct {
+    const char *label, *posts;
+    std::optional<int> channel;
+  } cases[] = {{"News", "Daily Post 2, Daily Post 1, Weekly Post 1, ", {}},
+               {"Sports", "", {}},
+               {"Keep", "+Keep Saved, ", {}},
+               {"보관함", "+Keep Saved, ", {}},
+               {"Later", "+", {}},
+               {"Daily", "Daily Post 2, Daily Post 1, ", daily}};
+  for (const auto& [label, posts, channel] : cases) {
+    Click(PlaceOf(label));
+    EXPECT_EQ(Listed(), posts) << label;
+    EXPECT_EQ(pane->SelectedChannel(), channel);
+    EXPECT_EQ(frame.firstShowns.back(), FirstShown::First);
+  }
+  frame.db.Sql("update TB_POST set post_title = 'Fresh'");
   pane->ReloadSelection();
-  ASSERT_EQ(frame.relists.size(), 1U);
-  EXPECT_EQ(frame.relists[0].posts.front().title, "Fresh");
-  EXPECT_EQ(frame.relists[0].posts.front().ownerId, weekly);
-  EXPECT_EQ(frame.lists.size(), 1U);
-}
-
-TEST_F(LeftContainerTest, WhenTheStoreFailsTheListIsEmptyButAReloadLeavesItAlone) {
-  Open();
-  Click("Daily(2)");
+  EXPECT_EQ(frame.relists.at(0).posts.at(1).title, "Fresh");
   frame.db.Sql("alter table TB_POST rename to TB_GONE");
   pane->ReloadSelection();
-  EXPECT_TRUE(frame.relists.empty());
-  Click("Weekly(1)");
-  EXPECT_EQ(frame.lists.size(), 2U);
-  EXPECT_TRUE(frame.lists.back().posts.empty());
-  EXPECT_EQ(frame.db.Reports().size(), 2U);
+  EXPECT_EQ(frame.relists.size(), 1U) << "the list keeps what it has";
+  Click(PlaceOf("Weekly"));
+  EXPECT_EQ(Listed(), "");
 }
 
-TEST_F(LeftContainerTest, TheUpdateButtonQueuesEachChannelOnce) {
-  Open();
-  auto* const button = Buttons()[CRSS_LeftToolBarWnd::kUpdate];
-  QTest::mouseClick(button, Qt::LeftButton);
-  QTest::mouseClick(button, Qt::LeftButton);
-  EXPECT_EQ(frame.refreshes, 2);
-  EXPECT_EQ(frame.queue.Claim()->channelId, daily);
-  EXPECT_EQ(frame.queue.Claim()->channelId, weekly);
-  EXPECT_FALSE(frame.queue.HasWaiting());
-  EXPECT_TRUE(Tree().hasFocus());
+TEST_F(LeftContainerTest, EachClickListsOnce) {
+  const QPoint header = PlaceOf("News"), channel = PlaceOf("Daily"), cabinet = PlaceOf("Keep");
+  EXPECT_EQ(AfterClick(kBelowRows), " 0");
+  EXPECT_EQ(AfterClick({7, header.y()}), " 0") << "the expand mark";
+  EXPECT_EQ(Rows(), "News(3) Sports 보관함(1) Keep(1) Later");
+  EXPECT_EQ(AfterClick({7, header.y()}), " 0");
+  EXPECT_EQ(AfterClick(channel), "Daily(2) 1");
+  EXPECT_EQ(AfterClick(channel), "Daily(2) 2");
+  EXPECT_EQ(AfterClick(channel, Qt::LeftButton, true), "Daily(2) 3");
+  EXPECT_EQ(AfterClick(channel, Qt::RightButton), "Daily(2) 3");
+  EXPECT_EQ(AfterClick(cabinet, Qt::RightButton), "Keep(1) 4");
+  QTest::mousePress(tree->viewport(), Qt::LeftButton, {}, channel);
+  CursorAt(cabinet, Qt::LeftButton);  // a drag
+  QTest::mouseRelease(tree->viewport(), Qt::LeftButton, {}, cabinet);
+  EXPECT_EQ(Selection(), "Daily(2) 5");
+  tree->collapse(Row("News"));
+  EXPECT_EQ(Selection(), "News(3) 6") << "no command acts on a row out of sight";
+  EXPECT_EQ(AfterClick(PlaceOf("Keep")), "Keep(1) 7");
+  EXPECT_EQ(AfterClick(header), "News(3) 8");
+  QTest::mouseDClick(tree->viewport(), Qt::LeftButton, {}, header);
+  EXPECT_TRUE(tree->isExpanded(Row("News")));
+  EXPECT_EQ(AfterClick(cabinet), "Keep(1) 9");
+  tree->collapse(Row("News"));
+  EXPECT_EQ(Selection(), "Keep(1) 9");
 }
 
-TEST_F(LeftContainerTest, ButtonsStandSideBySideAndHaveNames) {
-  Open();
-  const auto buttons = Buttons();
-  ASSERT_EQ(buttons.size(), CRSS_LeftToolBarWnd::kButtonCount);
-  for (int i = 0; i < buttons.size(); ++i) {
-    EXPECT_EQ(buttons[i]->toolTip(), buttons[i]->accessibleName());
-    EXPECT_TRUE(pane->rect().contains(buttons[i]->geometry()));
-    EXPECT_GT(buttons[i]->x(), i == 0 ? 0 : buttons[i - 1]->geometry().right());
+TEST_F(LeftContainerTest, EachKeySelectsAndListsOnce) {
+  const auto after = [&](Qt::Key key) { return Press(key), Selection(); };
+  EXPECT_EQ(after(Qt::Key_Return), " 0");
+  EXPECT_EQ(after(Qt::Key_Down), "News(3) 1");
+  pane->LoadTree();
+  EXPECT_EQ(after(Qt::Key_End), "Later 2");
+  EXPECT_EQ(after(Qt::Key_Up), "Keep(1) 3");
+  EXPECT_EQ(after(Qt::Key_End), "Later 4");
+  EXPECT_EQ(after(Qt::Key_Home), "News(3) 5");
+  EXPECT_EQ(after(Qt::Key_Home), "News(3) 5");
+  EXPECT_EQ(after(Qt::Key_Return), "News(3) 6");
+  EXPECT_EQ(after(Qt::Key_Enter), "News(3) 7");
+  EXPECT_EQ(after(Qt::Key_N), "News(3) 7") << "no letter seeks a name";
+  EXPECT_EQ(after(Qt::Key_P), "News(3) 7");
+  EXPECT_EQ(frame.unreadPostsAsked, (std::vector<bool>{true, false}));
+  QTest::keyClick(tree, Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(frame.searchFocuses, 1);
+  pane->LoadTree();
+  tree->collapse(Row("보관함"));
+  EXPECT_EQ(after(Qt::Key_End), "보관함(1) 8");
+}
+
+TEST_F(LeftContainerTest, GoesToTheNextOrPreviousRowWithUnreadPosts) {
+  pane->SetChannelUnread(weekly, 0);
+  const struct {
+    const char* from;
+    bool forward;
+    const char* to;
+  } cases[] = {
+      {"", true, "Daily(2)"},       {"News", true, "Keep(1)"},     {"Daily", true, "Keep(1)"},
+      {"Keep", true, "Keep(1)"},    {"보관함", true, "보관함(1)"}, {"보관함", false, "Daily(2)"},
+      {"Later", false, "Keep(1)"},  {"Weekly", false, "Daily(2)"}, {"Weekly", true, "Keep(1)"},
+      {"Daily", false, "Daily(2)"}, {"News", false, "News(2)"},    {"", false, "Keep(1)"}};
+  for (const auto& [from, forward, to] : cases) {
+    *from ? tree->setCurrentIndex(Row(from)) : tree->ClearSelection();
+    pane->GoToUnreadRow(forward);
+    EXPECT_EQ(tree->SelectedRow().data(), to) << from << forward;
+    if (Row(from) == tree->SelectedRow()) continue;
+    EXPECT_EQ(frame.firstShowns.back(), forward ? FirstShown::FirstUnread : FirstShown::LastUnread);
   }
 }
 
-TEST_F(LeftContainerTest, AButtonWhoseActionIsMissingIsGrey) {
-  std::vector<std::string> asked;
-  frame.actions.addChannel = [&](const std::string& folder, const std::string&) {
-    asked.push_back(folder);
-  };
-  Open();
-  EXPECT_FALSE(Buttons()[CRSS_LeftToolBarWnd::kDirectory]->isEnabled());
-  Click("Weekly(1)");
-  QTest::mouseClick(Buttons()[CRSS_LeftToolBarWnd::kAddChannel], Qt::LeftButton);
-  Click(CabinetTitle() + "(1)");
-  QTest::mouseClick(Buttons()[CRSS_LeftToolBarWnd::kAddChannel], Qt::LeftButton);
-  EXPECT_EQ(asked, (Strings{"News", ""}));
+TEST_F(LeftContainerTest, ThePointerIsAHandOverRowsUnlessThePaneIsBusy) {
+  pane->setCursor(Qt::WaitCursor);
+  EXPECT_EQ(CursorAt(kBelowRows), Qt::WaitCursor);
+  EXPECT_EQ(CursorAt(PlaceOf("Daily")), Qt::BitmapCursor);
+  pane->SetBusy(true);
+  EXPECT_EQ(tree->viewport()->cursor().shape(), Qt::WaitCursor);
+  EXPECT_EQ(CursorAt(PlaceOf("Daily")), Qt::WaitCursor);
+  pane->SetBusy(false);
+  EXPECT_EQ(CursorAt(PlaceOf("Daily")), Qt::BitmapCursor);
 }
 
-TEST_F(LeftContainerTest, AFeedOfThePageIsAddedToTheSelectionsFolder) {
-  Open();
-  pane->AddChannel("http://feed.example/");  // nothing without the action
-  std::vector<std::string> asked;
+TEST_F(LeftContainerTest, AGroupsCountFollowsItsRowsAndNoneGoesBelowZero) {
+  const QSignalSpy repaints(tree->model(), &QAbstractItemModel::dataChanged);
+  EXPECT_EQ(pane->SetChannelUnread(daily, 5), 3);
+  for (const int count : {5, -1}) EXPECT_EQ(pane->SetChannelUnread(daily, count), 0);
+  EXPECT_EQ(pane->SetChannelUnread(999, 7), 0);
+  EXPECT_EQ(repaints.size(), 2) << "its row and its folder's, once";
+  for (int i = 0; i < 3; ++i) ReadPost(weekly, false);
+  for (const int owner : {keep, 999}) ReadPost(owner, true);
+  EXPECT_EQ(Rows(), "News(5) Daily(5) Weekly Sports 보관함 Keep Later");
+  EXPECT_EQ(repaints.size(), 6);
+  for (const int cabinet : {keep, 999}) pane->PostIsSaved(cabinet);  // one of another program
+  const std::string post = frame.db.Value("select max(post_id) from TB_POST");
+  pane->SetChannelUnread(weekly, 2);
+  ReadPost(0, false, std::stoi(post));  // found by a search, owner unknown
+  EXPECT_EQ(Rows(), "News(6) Daily(5) Weekly(1) Sports 보관함(2) Keep(1) Later");
+  EXPECT_EQ(pane->ChannelUnread(daily) + pane->ChannelUnread(999), 5);
+  frame.db.Sql("update TB_SCRAP_POST set scrap_post_readStatus = 1");
+  ReadPost(0, true);
+  pane->RecountUnread(false);
+  EXPECT_EQ(Rows(), "News(3) Daily(2) Weekly(1) Sports 보관함 Keep Later");
+
+  pane->ShowTree({{{"F", 1, 0, -1}, {"G", 2, 0, 1}},
+                  {Channel(5, 1, "X", -1), Channel(6, 2, "Y", 3), Channel(7, 99, "Lost")},
+                  {{6, "B", 0, -1}},
+                  "",
+                  -1});
+  EXPECT_EQ(Rows(), "F X G(1) Y(3) 보관함 B");
+  pane->SetChannelUnread(6, 0);  // more than its folder has
+  for (const int channel : {5, 6}) pane->SetChannelUnread(channel, 2);
+  pane->PostIsSaved(6);
+  EXPECT_EQ(Rows(), "F(2) X(2) G(2) Y(2) 보관함(1) B(1)");
+}
+
+TEST_F(LeftContainerTest, RowsComeAndMoveWithTheirCountsAndTheSelectionStaysInSight) {
+  const int ball = frame.db.AddChannelWithPosts(sports, "Ball", 4);
+  for (const int channel : {ball, ball, 999}) pane->AddStoredChannel(channel);
+  EXPECT_EQ(pane->SetChannelUnread(ball, 4), 4) << "a refresh counts its posts later";
+  Click(PlaceOf("Daily"));
+  for (int i = 0; i < 2; ++i) {  // each once
+    pane->AppendFolder({"New", 70, 3});
+    pane->AppendChannel(Channel(71, 70, "First", 1));
+    pane->AppendCabinet({72, "Box"});
+    pane->MoveChannel(daily, 70);
+    pane->MoveChannel(999, 70);
+    pane->AppendChannel(Channel(73, 999, "Nowhere"));
+    pane->AppendChannel(Channel(74, 0, "Not in the cabinets"));
+  }
+  EXPECT_EQ(Rows(),
+            "News(1) Weekly(1) Sports(4) Ball(4) New(3) First(1) [Daily(2)] 보관함(1) "
+            "Keep(1) Later Box");
+  const int foreign = AddFolder(store, "Foreign", 9);  // by another program
+  frame.db.AddChannelWithPosts(foreign, "Unknown", 1);
+  pane->MoveChannel(ball, foreign);
+  tree->collapse(Row("News"));
+  pane->MoveChannel(daily, news);
+  EXPECT_EQ(Rows(),
+            "News(3) [Daily(2)] Weekly(1) Sports New(1) First(1) Foreign(4) Ball(4) "
+            "보관함(1) Keep(1) Later Box");
+  EXPECT_EQ(pane->ChannelTitle(weekly) + pane->ChannelTitle(71) + pane->ChannelTitle(999),
+            "WeeklyFirst");
+}
+
+TEST_F(LeftContainerTest, ARowSaysItsNameItsCountAndWhatIsWrong) {
+  const std::string markup = "<h1>x</h1> & <img src='file:///etc/logo.png'>";
+  const QString xs(500, 'x'), unread = ", 읽지 않은 글 12개", isNew = ", 새글 있음";
+  const QString isFailing = ", 지난번 새로 고침 실패";
+  const QString noFile = "지난번에 채널을 내려받지 못했습니다.";
+  const QString noFeed = "지난번에 받은 문서가 올바른 채널 문서가 아니었습니다.";
+  const struct {
+    std::string title;
+    int count, state;
+    QString name, spoken, failure;
+  } cases[] = {
+      {"Day(2)", 12, 0, "Day(2)", unread + isNew, ""},
+      {"Day", 0, kDownloadFailed, "Day", isNew + isFailing, noFile},
+      {"Day", 0, kDocumentRefused, "Day", isNew + isFailing, noFeed},
+      {Korean("속보\r\n경제\t\x01") + '\0', 12, 0, "속보 경제", unread + isNew, ""},
+      {std::string(100'000, 'x'), 12, 0, xs + "…", unread + isNew, ""},
+      {markup, 0, 0, markup.c_str(), isNew, ""},
+  };
+  for (const auto& [title, count, state, name, spoken, failure] : cases) {
+    pane->ShowTree({{{"F", 1}}, {Channel(5, 1, title, count)}, {}, "", 0});
+    pane->SetChannelState(5, state);
+    pane->SetChannelNew(5, true);
+    const QModelIndex row = tree->model()->index(0, 0, Row("F"));
+    EXPECT_EQ(row.data(), count > 0 ? name + "(12)" : name);
+    EXPECT_EQ(row.data(Qt::AccessibleTextRole).toString(), name + spoken);
+    EXPECT_EQ(row.data(Qt::AccessibleDescriptionRole).toString(), failure);
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(row.data(Qt::ToolTipRole).toString()).toPlainText(),
+              failure.isEmpty() ? name : name + "\n" + failure);
+  }
+}
+
+TEST_F(LeftContainerTest, ButtonsStandInARowAndThoseWithoutAnActionAreGrey) {
+  Strings asked;
   frame.actions.addChannel = [&](const std::string& folder, const std::string& address) {
     asked.push_back(folder + " " + address);
   };
-  Click("Weekly(1)");
+  Open();
+  int right = 3;
+  for (int i = 0; i < CRSS_LeftToolBarWnd::kButtonCount; ++i) {
+    EXPECT_EQ(buttons[i]->x() - right, i == CRSS_LeftToolBarWnd::kAddChannel ? 10 : 4);
+    EXPECT_EQ(buttons[i]->y(), (40 - buttons[i]->height()) / 2);
+    EXPECT_EQ(buttons[i]->isEnabled(), i != CRSS_LeftToolBarWnd::kDirectory);
+    EXPECT_EQ(buttons[i]->toolTip(), buttons[i]->accessibleName());
+    right = buttons[i]->geometry().right() + 1;
+  }
+  for (const char* const label : {"Weekly", "보관함", "News"}) {
+    Click(PlaceOf(label));
+    buttons[CRSS_LeftToolBarWnd::kAddChannel]->click();
+  }
   pane->AddChannel("http://feed.example/");
-  EXPECT_EQ(asked, Strings{"News http://feed.example/"});
+  EXPECT_EQ(asked, (Strings{"News ", " ", "News ", "News http://feed.example/"}));
+  EXPECT_EQ(OpenMenu("")->pos(), pane->mapToGlobal(QPoint(7, 54)));
   frame.actions.addChannel = [&](const std::string&, const std::string&) { pane.reset(); };
   pane->AddChannel("");  // the pane may go while the dialog is open
-}
-
-TEST_F(LeftContainerTest, APostThatIsSavedCountsAtOnce) {
-  Open();
-  pane->PostIsSaved(keep);
-  EXPECT_EQ(Row(CabinetTitle() + "(2)").row(), 2);
-  EXPECT_TRUE(Labels().contains("Keep(2)"));
-  pane->PostIsSaved(999);  // a cabinet that another program has added
-  EXPECT_TRUE(Labels().contains(CabinetTitle() + "(3)"));
-}
-
-TEST_F(LeftContainerTest, TheMenuButtonOpensTheWholeMenu) {
-  Open();
-  QTest::mouseClick(Buttons()[CRSS_LeftToolBarWnd::kMenu], Qt::LeftButton);
-  ASSERT_NE(OpenMenu(), nullptr);
-  EXPECT_EQ(OpenMenu()->pos(), pane->mapToGlobal(QPoint(7, 54)));
-  CloseMenu();
 }
 
 TEST_F(LeftContainerTest, TheTimersFollowTheLiveSettings) {
   int notices = 0;
   frame.actions.notifyOfNewPosts = [&] { ++notices; };
-  Open();
   const auto timers = pane->findChildren<QTimer*>(Qt::FindDirectChildrenOnly);
-  ASSERT_EQ(timers.size(), 2);
-  EXPECT_EQ(timers[0]->interval(), 900000);
-  EXPECT_EQ(timers[1]->interval(), 900000);
-  frame.state.liveSettings = {.newFeedMode = 1, .newFeedMsgDuration = 2};
-  pane->RestartUpdateTimer();
-  pane->RestartNotificationTimer();
-  EXPECT_FALSE(timers[0]->isActive());
-  EXPECT_EQ(timers[1]->interval(), 3600000);
-
-  timers[0]->start(0);
-  timers[1]->start(0);
+  const auto minutes = [&](int timer) {
+    return timers[timer]->isActive() ? timers[timer]->interval() / 60'000 : 0;
+  };
+  EXPECT_EQ(minutes(0) + minutes(1), 30);
+  const struct {
+    int mode, refresh, notice, refreshMinutes, noticeMinutes;
+  } cases[] = {{0, 0, 0, 15, 15}, {0, 1, 1, 30, 30}, {0, 2, 2, 60, 60}, {0, 3, 3, 120, 0},
+               {0, 4, -1, 0, 0},  {0, -1, 0, 0, 15}, {1, 0, 1, 0, 30}};
+  for (const auto& [mode, refresh, notice, refreshMinutes, noticeMinutes] : cases) {
+    frame.state.liveSettings = {mode, refresh, notice};
+    pane->RestartUpdateTimer();
+    pane->RestartNotificationTimer();
+    EXPECT_EQ(minutes(0), refreshMinutes) << mode << refresh;
+    EXPECT_EQ(minutes(1), noticeMinutes) << notice;
+  }
+  for (QTimer* const timer : timers) timer->start(0);
   ASSERT_TRUE(QTest::qWaitFor([&] { return frame.refreshes == 1 && notices > 1; }));
-  EXPECT_TRUE(frame.queue.Contains(weekly));
   EXPECT_FALSE(timers[0]->isActive());
 }
 
 TEST_F(LeftContainerTest, AScrollBarComesWhenTheRowsAndFivePixelsDoNotFit) {
-  Open();
-  const int rows = 3 * 24 + 4 * 20;
-  const int around = pane->height() - Tree().height();
-  QScrollBar& bar = *Tree().verticalScrollBar();
-  pane->resize(251, rows + 5 + around);
-  EXPECT_FALSE(bar.isVisible());
-  pane->resize(251, rows + 4 + around);
-  EXPECT_TRUE(bar.isVisible());
-  EXPECT_EQ(bar.maximum(), 1);
-  pane->resize(251, 100 + around);
-  EXPECT_EQ(bar.maximum(), rows + 5 - 100);
-  EXPECT_EQ(bar.pageStep(), 100);
-  Tree().collapse(Row("News(3)"));
-  EXPECT_EQ(bar.maximum(), rows - 2 * 20 + 5 - 100);
+  constexpr int kRows = 3 * 24 + 4 * 20;
+  const QScrollBar& bar = *tree->verticalScrollBar();
+  for (const auto& [height, maximum] :
+       {std::pair(kRows + 5, 0), {kRows + 4, 1}, {100, kRows - 95}}) {
+    pane->resize(251, height + 47);
+    EXPECT_EQ(bar.isVisible(), maximum > 0) << height;
+    EXPECT_EQ(bar.maximum(), maximum);
+    EXPECT_EQ(bar.pageStep(), height);
+  }
+  tree->collapse(Row("News"));
+  EXPECT_EQ(bar.maximum(), kRows - 2 * 20 - 95);
 }
 
-TEST_F(LeftContainerTest, TheNewMarkMovesAsLongAsItIsSeen) {
-  Open();
-  const auto picture = [&](const QString& label) {
-    const QRect row = Tree().visualRect(Row(label));
-    return Tree().viewport()->grab(QRect(14, row.top(), 13, row.height())).toImage();
-  };
+TEST_F(LeftContainerTest, MarksAreSeenLeftOfAChannelsIconAndInIt) {
+  const QImage noMark = Picture("Daily", 14), icon = Picture("Daily", 28);
+  pane->SetChannelState(daily, -2);
+  EXPECT_NE(Picture("Daily", 28), icon);
   const auto moves = [&](const QString& label) {
-    const QImage first = picture(label);
-    return QTest::qWaitFor([&] { return picture(label) != first; });
+    return QTest::qWaitFor([&, first = Picture(label, 14)] { return Picture(label, 14) != first; });
   };
   pane->SetChannelNewByMessage(daily, true);
-  EXPECT_TRUE(moves("Daily(2)"));
-  pane->SetChannelNewByMessage(daily, false);
+  EXPECT_TRUE(moves("Daily"));
+  Click(PlaceOf("News"));
+  EXPECT_TRUE(moves("Daily"));
+  Click(PlaceOf("Daily"));  // whoever looks at the posts turns it off
+  Click(PlaceOf("News"));
+  EXPECT_EQ(Picture("Daily", 14), noMark);
   pane->SetChannelNew(weekly, true);
-  EXPECT_TRUE(moves("Weekly(1)"));
+  EXPECT_TRUE(moves("Weekly"));
 }
 
 }  // namespace

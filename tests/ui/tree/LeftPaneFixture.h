@@ -1,16 +1,13 @@
-// The left pane on screen, over a real database.
+// The left pane on screen, over a real database, and what a user does and sees there.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAbstractItemModelTester>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QTest>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
@@ -18,145 +15,93 @@
 #include "ui/FakeFrame.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftContainer.h"
-#include "vxctrl/QtText.h"
+#include "ui/tree/CRSS_LeftToolBarWnd.h"
 
 namespace feedloom {
 
-// News holds Daily (2 posts) and Weekly (1), Sports holds nothing,
-// and of the two cabinets Keep holds a saved post.
+using Strings = std::vector<std::string>;
+
 class LeftPaneFixture : public testing::Test {
  protected:
   LeftPaneFixture() {
-    Store& store = frame.GetStore();
-    news = AddFolder(store, "News", 1);
-    AddFolder(store, "Sports", 2);
-    daily = frame.db.AddChannelWithPosts(news, "Daily", 2);
-    weekly = frame.db.AddChannelWithPosts(news, "Weekly", 1);
-    keep = AddCabinet(store, "Keep", 1);
     AddCabinet(store, "Later", 2);
     InsertScrapPost(store, keep, "Saved", "http://site.example/s", "2008-05-01 10:00:00", "text");
+    frame.onRecount = [this](bool scrap) { pane->RecountUnread(scrap); };
   }
-
   void Open() {
     pane = std::make_unique<CRSS_LeftContainer>(frame, nullptr);
-    frame.onRecount = [this](bool scrap) { pane->RecountUnread(scrap); };
+    tree = pane->findChild<CRSS_GroupTreeCtrl*>();
+    buttons = pane->findChildren<QAbstractButton*>();
+    using Tester = QAbstractItemModelTester;
+    new Tester(tree->model(), Tester::FailureReportingMode::Fatal, pane.get());
     pane->LoadTree();
     pane->resize(251, 400);
     pane->show();
     pane->activateWindow();
     pane->setFocus();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Tree().hasFocus(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tree->hasFocus(); }));
   }
 
-  CRSS_GroupTreeCtrl& Tree() const { return *pane->findChild<CRSS_GroupTreeCtrl*>(); }
-
-  // The row with this label, which is on the screen.
+  // The labels on the screen, the selected row's in brackets.
+  std::string Rows() const {
+    QStringList rows;
+    for (QModelIndex row = tree->model()->index(0, 0); row.isValid(); row = tree->indexBelow(row)) {
+      const QString label = row.data().toString();
+      rows << (row == tree->SelectedRow() ? "[" + label + "]" : label);
+    }
+    return rows.join(' ').toStdString();
+  }
+  // The posts that were listed last; "+" when they are saved ones.
+  std::string Listed() const {
+    std::string posts = frame.lists.back().areScrapPosts ? "+" : "";
+    for (const PostRow& post : frame.lists.back().posts) {
+      posts += post.ownerTitle + " " + post.title + ", ";
+    }
+    return posts;
+  }
+  // The row whose label begins like this.
   QModelIndex Row(const QString& label) const {
-    for (QModelIndex row = Tree().model()->index(0, 0); row.isValid();
-         row = Tree().indexBelow(row)) {
-      if (row.data().toString() == label) return row;
+    const QAbstractItemModel& model = *tree->model();
+    constexpr Qt::MatchFlags kHow = Qt::MatchStartsWith | Qt::MatchRecursive;
+    return model.match(model.index(0, 0), Qt::DisplayRole, label, 1, kHow).value(0);
+  }
+  QPoint PlaceOf(const QString& label) const { return tree->visualRect(Row(label)).center(); }
+  void Click(const QPoint& place, Qt::MouseButton button = Qt::LeftButton, bool ctrl = false) {
+    QTest::mouseClick(tree->viewport(), button, ctrl ? Qt::ControlModifier : Qt::NoModifier, place);
+  }
+  void Press(Qt::Key key) { QTest::keyClick(tree, key); }
+
+  // Of a row, by a right click; without a label, the menu button's.
+  QMenu* OpenMenu(const QString& label) {
+    if (label.isEmpty()) {
+      buttons[CRSS_LeftToolBarWnd::kMenu]->click();
+    } else {
+      Click(PlaceOf(label), Qt::RightButton);
+      QContextMenuEvent event(QContextMenuEvent::Mouse, PlaceOf(label), QPoint(50, 60));
+      QCoreApplication::sendEvent(tree->viewport(), &event);
     }
-    ADD_FAILURE() << "no row " << label.toStdString();
-    return {};
+    return pane->findChild<QMenu*>();
   }
-
-  QStringList Labels() const {
-    QStringList labels;
-    for (QModelIndex row = Tree().model()->index(0, 0); row.isValid();
-         row = Tree().indexBelow(row)) {
-      labels << row.data().toString();
-    }
-    return labels;
-  }
-
-  void Click(const QString& label, Qt::MouseButton button = Qt::LeftButton,
-             Qt::KeyboardModifiers modifiers = {}) {
-    const QPoint place = Tree().visualRect(Row(label)).center();
-    QTest::mouseClick(Tree().viewport(), button, modifiers, place);
-  }
-
-  void MovePointer(QPoint place, Qt::MouseButtons buttons) {
-    const QPointF global = Tree().viewport()->mapToGlobal(QPointF(place));
-    QMouseEvent event(QEvent::MouseMove, place, global, Qt::NoButton, buttons, Qt::NoModifier);
-    QCoreApplication::sendEvent(Tree().viewport(), &event);
-  }
-
-  void Press(Qt::Key key) { QTest::keyClick(&Tree(), key); }
-
-  // By CRSS_LeftToolBarWnd::Button.
-  QList<QAbstractButton*> Buttons() const { return pane->findChildren<QAbstractButton*>(); }
-
-  // The menu that is open; null when none is.
-  QMenu* OpenMenu() const {
-    const auto menus = pane->findChildren<QMenu*>(Qt::FindDirectChildrenOnly);
-    return menus.isEmpty() ? nullptr : menus.last();
-  }
-
-  void AskForMenu(QContextMenuEvent::Reason reason) {
-    const QPoint place = Tree().visualRect(Tree().SelectedRow()).center();
-    QContextMenuEvent event(reason, place, Tree().viewport()->mapToGlobal(place));
-    QCoreApplication::sendEvent(Tree().viewport(), &event);
-  }
-
-  // Right click on the row, and one of its menu's commands, which has to be enabled.
+  // Chooses a command in that menu.
   void Choose(const QString& label, int command) {
-    Click(label, Qt::RightButton);
-    AskForMenu(QContextMenuEvent::Mouse);
-    ASSERT_NE(OpenMenu(), nullptr);
-    ChooseInMenu(command);
-  }
-
-  void ChooseInMenu(int command) {
-    QAction* const action = Find(*OpenMenu(), command);
-    ASSERT_NE(action, nullptr) << command;
-    ASSERT_TRUE(action->isEnabled()) << command;
-    action->trigger();
-    CloseMenu();
+    QMenu* const menu = OpenMenu(label);
+    for (QAction* const action : menu->findChildren<QAction*>()) {
+      if (action->data().toInt() == command) action->trigger();
+    }
+    delete menu;
     QCoreApplication::processEvents();  // the command comes when the menu has closed
   }
 
-  void CloseMenu() {
-    OpenMenu()->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-
-  static QAction* Find(const QMenu& menu, int command) {
-    for (QAction* action : menu.actions()) {
-      if (action->data().toInt() == command) return action;
-      QAction* const inside = action->menu() == nullptr ? nullptr : Find(*action->menu(), command);
-      if (inside != nullptr) return inside;
-    }
-    return nullptr;
-  }
-
-  int FolderId(const std::string& name) {
-    return std::stoi(
-        frame.db.Value("select folder_id from TB_FOLDER where folder_name = '" + name + "'"));
-  }
-
-  int Count(const std::string& table) {
-    return std::stoi(frame.db.Value("select count(*) from " + table));
-  }
-
-  QString SelectedLabel() const { return Tree().SelectedRow().data().toString(); }
-
-  QString CabinetTitle() const {
-    return ToQString(CodePage::Korean(),
-                     frame.skin.Get().GetText(kSectionTexts, kTextCabinetTitle));
-  }
-
-  std::vector<std::string> ListedTitles() const {
-    std::vector<std::string> titles;
-    for (const PostRow& post : frame.lists.back().posts) titles.push_back(post.title);
-    return titles;
-  }
-
   FakeFrame frame;
-  int news = 0;
-  int daily = 0;
-  int weekly = 0;
-  int keep = 0;
+  Store& store = frame.GetStore();
+  const int news = AddFolder(store, "News", 1);
+  const int sports = AddFolder(store, "Sports", 2);
+  const int daily = frame.db.AddChannelWithPosts(news, "Daily", 2);
+  const int weekly = frame.db.AddChannelWithPosts(news, "Weekly", 1);
+  const int keep = AddCabinet(store, "Keep", 1);
   std::unique_ptr<CRSS_LeftContainer> pane;
+  CRSS_GroupTreeCtrl* tree = nullptr;
+  QList<QAbstractButton*> buttons;  // by CRSS_LeftToolBarWnd::Button
 };
 
 }  // namespace feedloom
