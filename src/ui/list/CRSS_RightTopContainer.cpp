@@ -9,7 +9,7 @@
 #include "skin/Labels.h"
 #include "store/Search.h"
 #include "ui/list/CRSS_RightTopToolBarWnd.h"
-#include "ui/list/ListPlace.h"
+#include "ui/list/ListViewState.h"
 #include "ui/list/PostDelegate.h"
 #include "ui/list/PostListModel.h"
 #include "vxctrl/CVxListCtrl.h"
@@ -21,8 +21,8 @@ namespace {
 constexpr int kListId = 3005;
 
 PostListTexts LoadTexts(Frame& frame) {
-  return {.headings = HeadingsIn(frame.GetStore().TextCodePage(),
-                                 GetLabel(frame.GetSkin(), kLabelListHeader)),
+  return {.headings = SplitHeadings(frame.GetStore().TextCodePage(),
+                                    GetLabel(frame.GetSkin(), kLabelListHeader)),
           .read = SkinText(frame.GetSkin(), kTextPostRead),
           .unread = SkinText(frame.GetSkin(), kTextPostUnread),
           .ascending = SkinText(frame.GetSkin(), kTextSortedAscending),
@@ -44,7 +44,7 @@ CRSS_RightTopContainer::CRSS_RightTopContainer(Frame& frame, QWidget* parent)
   SetUpKeys();
   connect(&toolbar_, &CRSS_RightTopToolBarWnd::SearchRequested, this,
           &CRSS_RightTopContainer::Search);
-  connect(&toolbar_, &CRSS_RightTopToolBarWnd::WordLeft, &list_, [this] { list_.setFocus(); });
+  connect(&toolbar_, &CRSS_RightTopToolBarWnd::EscapePressed, &list_, [this] { list_.setFocus(); });
 }
 
 void CRSS_RightTopContainer::SetUpList() {
@@ -57,11 +57,12 @@ void CRSS_RightTopContainer::SetUpList() {
   setFocusProxy(&list_);
   connect(&list_, &CVxListCtrl::RowClicked, this, &CRSS_RightTopContainer::ShowClicked);
   connect(&list_, &CVxListCtrl::MenuRequested, this, &CRSS_RightTopContainer::OpenMenu);
-  connect(&list_, &CVxListCtrl::SortRequested, this,
-          [this](int column, Qt::SortOrder order) { SortInPlace(list_, model_, column, order); });
+  connect(&list_, &CVxListCtrl::SortRequested, this, [this](int column, Qt::SortOrder order) {
+    SortKeepingPosition(list_, model_, column, order);
+  });
 }
 
-// Shortcuts, because the view would take a letter for the beginning of a title.
+// These are shortcuts because the view would use a letter key to search for a title.
 void CRSS_RightTopContainer::SetUpKeys() {
   struct Key {
     QKeySequence key;
@@ -86,7 +87,7 @@ void CRSS_RightTopContainer::SetUpKeys() {
 }
 
 void CRSS_RightTopContainer::Fill(PostList list) {
-  webSearch_.GiveUp();
+  webSearch_.Cancel();
   const bool wasSearched = list.wereSearched;
   model_.Fill(std::move(list));
   list_.ClearSorting();
@@ -96,19 +97,19 @@ void CRSS_RightTopContainer::Fill(PostList list) {
 
 void CRSS_RightTopContainer::Append(PostList list) {
   const bool wasSearched = list.wereSearched;
-  AppendInPlace(list_, model_, std::move(list));
+  AppendKeepingPosition(list_, model_, std::move(list));
   toolbar_.SetResultCount(wasSearched ? model_.rowCount() : -1);
 }
 
 void CRSS_RightTopContainer::Refill(PostList list) {
-  const ListPlace place = TakePlace(list_, model_);
+  const ListViewState place = SaveViewState(list_, model_);
   model_.Refill(std::move(list));
-  RestorePlace(list_, model_, place);
+  RestoreViewState(list_, model_, place);
 }
 
 void CRSS_RightTopContainer::ShowClicked(int row) {
-  // Each click counts as one post read, whether it was read before or not: the counter is only a
-  // feed for the announcement of new posts.
+  // Each click counts as one post read, even if the post was read before: the total is used only to
+  // announce new posts.
   --frame_.State().unreadTotal;
   Show(row);
 }
@@ -128,7 +129,7 @@ void CRSS_RightTopContainer::GoToUnread(bool forward) {
 }
 
 void CRSS_RightTopContainer::OpenMenu(const QPoint& place) {
-  if (const auto menu = commands_.TheMenu()) {
+  if (const auto menu = commands_.ContextMenu()) {
     ShowMenu(*menu, frame_.GetSkin(), place, this, [this](int command) { commands_.Run(command); });
   }
 }
@@ -139,7 +140,7 @@ void CRSS_RightTopContainer::Search() {
   const std::string word = toolbar_.Word();
   if (word.empty()) {
     frame_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
-    return;  // the pane may be gone
+    return;  // the pane may have been deleted
   }
   toolbar_.Scope() == SearchScope::Web ? webSearch_.Begin(word) : SearchStore(word);
 }

@@ -1,5 +1,5 @@
-// The upper right pane: the posts of what the tree has selected, or those that a search found, and
-// above them the search box.
+// The upper right pane: the list of posts of the selected row of the tree, or of a search's
+// results, with the search box above it. Interface thread only.
 #pragma once
 
 #include <QWidget>
@@ -19,26 +19,29 @@ class CRSS_RightTopContainer : public QWidget {
   Q_OBJECT
 
  public:
-  // `frame` outlives the pane; the pane's focus goes to the list.
+  // `frame` must outlive the pane. The list is the pane's focus proxy.
   CRSS_RightTopContainer(Frame& frame, QWidget* parent);
 
-  // Replaces the rows and scrolls to the first; they stand in the order given. Shows how many a
-  // search has found. The caller sets the frame's list mode before, and has a post shown after. A
-  // search of the web directory that runs is given up.
+  // Replaces the rows by `list` in its order and scrolls to the first row. Shows the number of
+  // posts when a search found them. Cancels a running search of the web directory. The caller sets
+  // the frame's list mode before the call and shows a post after it.
   void Fill(PostList list);
-  // The same posts with what has come since: selection, current row and scroll position stay, by
-  // the posts' ids, and so does the sorting. Shows nothing.
+  // Replaces the rows by a newer version of the same list. Selection, current row and scroll
+  // position are restored by the posts' ids; the sorting stays. Shows no post.
   void Refill(PostList list);
 
-  // Has the browser show the post of row `index`, marks it read (not in the web directory's list,
-  // whose posts are not the store's) and selects its row. Without such a row, the main page.
+  // Shows the post of row `index` in the browser, marks it read and selects its row. Posts of the
+  // web directory are not in the store and are not marked. Shows the main page when there is no
+  // such row.
   void Show(int index);
-  // The first row when none is unread, the main page when there is none.
+  // Shows the post that `shown` asks for. Shows the first post when none is unread, and the main
+  // page when the list is empty.
   void ShowFirst(FirstShown shown);
-  // The next unread post behind the current row, or the one before it; with none in the list the
-  // frame is asked for another row of the tree. Nothing while a search of the web directory runs.
+  // Shows the next unread post after the current row, or the previous one. When there is none,
+  // calls Frame::GoToUnreadRow. Does nothing while a search of the web directory runs.
   void GoToUnread(bool forward);
 
+  // Moves the keyboard focus to the search box.
   void FocusSearch();
 
  protected:
@@ -51,7 +54,7 @@ class CRSS_RightTopContainer : public QWidget {
   void ShowClicked(int row);
   void OpenMenu(const QPoint& place);
   void Search();
-  // Rows of the same kind behind the others; place, selection and sorting stay.
+  // Appends rows of the same kind. Scroll position, selection and sorting stay.
   void Append(PostList list);
   void SearchStore(const std::string& word);
 

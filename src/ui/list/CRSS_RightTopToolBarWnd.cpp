@@ -19,31 +19,31 @@
 namespace feedloom {
 namespace {
 
-constexpr QSize kDefaultSize(508, 40);  // what the skin does not give
+constexpr QSize kDefaultSize(508, 40);  // used when the skin has no size
 
-constexpr int kEdge = 8;  // left and right of the controls
-constexpr int kGap = 4;   // between them
+constexpr int kEdge = 8;  // margin left and right of the controls
+constexpr int kGap = 4;   // between the controls
 constexpr int kScopeWidth = 84;
-constexpr int kSmallestScope = 40;
+constexpr int kMinScopeWidth = 40;
 constexpr int kWordWidth = 172;
-constexpr int kSmallestWord = 40;
+constexpr int kMinWordWidth = 40;
 
 constexpr QPoint kResultPlace(312, 13);
 constexpr int kResultPixels = 12;
 
-CVxComboBox* MakeScope(const Skin& skin, QWidget* parent) {
+CVxComboBox* MakeScopeBox(const Skin& skin, QWidget* parent) {
   auto* scope = new CVxComboBox(skin, ComboLook::Toolbar, parent);
   scope->addItem(SkinText(skin, kLabelScopeWeb));
   scope->addItem(SkinText(skin, kLabelScopeLocal));
   scope->setToolTip(SkinText(skin, kTextSearchScope));
-  // Of a drop-down list the toolkit tells its text in the place of its name, and its label besides.
+  // Qt's accessible name of a combo box is its current text, so the hidden label carries the name.
   auto* const label = new QLabel(scope->toolTip(), parent);
   label->setBuddy(scope);
   label->hide();
   return scope;
 }
 
-CVxEdit* MakeWord(const Skin& skin, QWidget* parent) {
+CVxEdit* MakeWordBox(const Skin& skin, QWidget* parent) {
   auto* word = new CVxEdit(skin, parent);
   word->setAccessibleName(SkinText(skin, kTextSearchWord));
   return word;
@@ -66,8 +66,8 @@ CRSS_RightTopToolBarWnd::CRSS_RightTopToolBarWnd(const Skin& skin, QWidget* pare
                          kRightTopToolbarHeight, kDefaultSize)),
       background_(LoadThreePieces(skin, kSectionRightTopToolbar, kImageRightTopLeft,
                                   kImageRightTopMiddle, kImageRightTopRight)),
-      scope_(*MakeScope(skin, this)),
-      word_(*MakeWord(skin, this)),
+      scope_(*MakeScopeBox(skin, this)),
+      word_(*MakeWordBox(skin, this)),
       button_(
           *MakeToolButton(skin, kSectionRightTopToolbar, kButtonSearch, kTextSearchTooltip, this)) {
   setObjectName("RSS_RightTopToolBar");
@@ -113,9 +113,10 @@ void CRSS_RightTopToolBarWnd::resizeEvent(QResizeEvent* /*event*/) {
   const QSize button = button_.sizeHint();
   const int needed = 2 * kEdge + kScopeWidth + kWordWidth + button.width() + 2 * kGap;
   const int missing = std::max(needed - width(), 0);
-  // The word gives way first, then the scope; what then still has no room is cut.
-  const int fromWord = std::min(missing, kWordWidth - kSmallestWord);
-  const int fromScope = std::min(missing - fromWord, kScopeWidth - kSmallestScope);
+  // The word box shrinks first, then the scope box. If both are at their minimum, the button is
+  // cut.
+  const int fromWord = std::min(missing, kWordWidth - kMinWordWidth);
+  const int fromScope = std::min(missing - fromWord, kScopeWidth - kMinScopeWidth);
 
   int left = kEdge;
   const auto place = [&](QWidget& control, QSize size) {
@@ -127,7 +128,7 @@ void CRSS_RightTopToolBarWnd::resizeEvent(QResizeEvent* /*event*/) {
   place(button_, button);
 }
 
-// Keys that the control with the keyboard has left.
+// Receives the keys that the focused control has ignored.
 void CRSS_RightTopToolBarWnd::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (!word_.hasFocus() || (!isEnter && event->key() != Qt::Key_Escape)) {
@@ -137,7 +138,7 @@ void CRSS_RightTopToolBarWnd::keyPressEvent(QKeyEvent* event) {
   if (isEnter) {
     emit SearchRequested();
   } else {
-    emit WordLeft();
+    emit EscapePressed();
   }
 }
 

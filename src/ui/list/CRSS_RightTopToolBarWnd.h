@@ -14,35 +14,36 @@ class CVxComboBox;
 class CVxEdit;
 class Skin;
 
-// Where to search: the feed directory in the web, or the posts of the store.
+// Where a search looks: in the web directory of feeds, or in the posts of the store.
 enum class SearchScope { Web = 0, Local = 1 };
 
-// The strip above the list with the search box: scope, word and button, and behind them how many
-// posts a search has found. Its object name is "RSS_RightTopToolBar". `skin` outlives it.
+// The toolbar above the list: the search scope, the search word, the button and the number of posts
+// found. Its object name is "RSS_RightTopToolBar". Interface thread only.
 class CRSS_RightTopToolBarWnd : public QWidget {
   Q_OBJECT
 
  public:
+  // `skin` must outlive the toolbar.
   CRSS_RightTopToolBarWnd(const Skin& skin, QWidget* parent);
 
-  // What the skin gives it, in pixels.
+  // The size from the skin in pixels.
   QSize sizeHint() const override { return size_; }
   int Height() const { return size_.height(); }
 
-  // In the module's code page; may be empty.
+  // The search word in the module's code page; may be empty.
   std::string Word() const;
   SearchScope Scope() const;
 
-  // Shown when it is 1 or more; -1 is no count.
+  // Shows the number of posts found. A count of 0 or less is not shown.
   void SetResultCount(int count);
-  // The keyboard goes to the word, which is selected.
+  // Moves the keyboard focus to the word and selects it.
   void FocusWord();
 
  signals:
-  // The button, or Enter in the edit box.
+  // The user clicked the button or pressed Enter in the edit box.
   void SearchRequested();
-  // Escape in the edit box: the keyboard is to go back where it was.
-  void WordLeft();
+  // The user pressed Escape in the edit box. The receiver moves the focus back to the list.
+  void EscapePressed();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

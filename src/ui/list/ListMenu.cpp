@@ -3,7 +3,7 @@
 namespace feedloom {
 namespace {
 
-void KeepForStoredPosts(Menu& menu, const ListFacts& list) {
+void FilterForStoredPosts(Menu& menu, const ListFacts& list) {
   if (list.selected == 1) {
     Remove(menu, list.isRead ? kCommandMarkRead : kCommandMarkUnread);
   } else if (list.selected == 0) {
@@ -12,8 +12,8 @@ void KeepForStoredPosts(Menu& menu, const ListFacts& list) {
   }
 }
 
-// The posts are not the store's.
-void KeepForWebResults(Menu& menu) {
+// The posts are not in the store, so they cannot be marked or deleted.
+void FilterForWebResults(Menu& menu) {
   for (const int command :
        {kCommandMarkRead, kCommandMarkUnread, kCommandDelete, kCommandDeleteAll})
     Remove(menu, command);
@@ -30,10 +30,10 @@ std::optional<Menu> ListMenu(const ListFacts& list) {
       Disable(menu, kCommandDeleteAll);
       [[fallthrough]];
     case ListMode::Selection:
-      KeepForStoredPosts(menu, list);
+      FilterForStoredPosts(menu, list);
       return menu;
     case ListMode::WebDirectory:
-      KeepForWebResults(menu);
+      FilterForWebResults(menu);
       return menu;
   }
   return std::nullopt;

@@ -1,4 +1,4 @@
-// Which menu the list has. Pure.
+// The context menu of the list. Pure function.
 #pragma once
 
 #include <optional>
@@ -8,16 +8,16 @@
 
 namespace feedloom {
 
-// What the menu depends on.
+// The properties of the list that its menu depends on.
 struct ListFacts {
   ListMode mode = ListMode::Selection;
   int rows = 0;
   int selected = 0;
-  bool isRead = false;    // the post of the row, when a single one is selected
-  bool canScrap = false;  // there is something to choose a cabinet with
+  bool isRead = false;    // the only selected post is read
+  bool canScrap = false;  // Actions::chooseCabinet is set
 };
 
-// None for a list without rows.
+// Returns nullopt for a list without rows.
 std::optional<Menu> ListMenu(const ListFacts& list);
 
 }  // namespace feedloom

@@ -7,7 +7,7 @@
 namespace feedloom {
 namespace {
 
-// Those that the list shows come first.
+// The texts that the list shows come first, because Text() adds up the lengths before a text.
 enum TextNumber { kTitle, kPublished, kOwnerTitle };
 constexpr std::string PostRow::*kTexts[] = {
     &PostRow::title,   &PostRow::published, &PostRow::ownerTitle, &PostRow::link,
@@ -15,15 +15,15 @@ constexpr std::string PostRow::*kTexts[] = {
 
 }  // namespace
 
-PackedPost::PackedPost(PostRow&& post, int place)
+PackedPost::PackedPost(PostRow&& post, int storeIndex)
     : description_(std::move(post.description)),
       readStatus_(post.readStatus),
       id_(post.id),
       isPodcast_(post.isPodcast),
       ownerId_(post.ownerId),
-      place_(place) {
+      storeIndex_(storeIndex) {
   static_assert(std::size(kTexts) == kTextCount);
-  // No text is too long for its length: the database has none beyond a gigabyte.
+  // A length always fits into 32 bits: SQLite limits a text to one gigabyte by default.
   std::ranges::transform(kTexts, lengths_.begin(), [&](auto text) {
     return static_cast<std::uint32_t>((post.*text).size());
   });

@@ -10,23 +10,24 @@
 
 namespace feedloom {
 
-// A post as the list keeps it. A list may be very long, and a PostRow takes some 500 bytes beside
-// the bytes of its texts; this takes some 120, because it has them in one block, all but the
-// description: copying that for every post takes longer than all the rest.
+// A compact form of a PostRow for lists of up to 200,000 posts. A PostRow takes about 500 bytes
+// besides its texts, a PackedPost about 120. It keeps all texts in one block, except the
+// description, which is moved because copying it would take longer than everything else. Texts are
+// in the module's code page.
 class PackedPost {
  public:
-  // Takes the description out of `post`; the other texts stay there too. `place` is the post's
-  // number in the order in which the store gave it.
-  PackedPost(PostRow&& post, int place);
+  // Moves the description out of `post` and copies the other texts. `storeIndex` is the post's
+  // position in the order of the store.
+  PackedPost(PostRow&& post, int storeIndex);
 
   PostRow Unpack() const;
 
   int Id() const { return id_; }
-  int Place() const { return place_; }
+  int StoreIndex() const { return storeIndex_; }
   bool IsRead() const { return readStatus_ != 0; }
   void SetReadStatus(int status) { readStatus_ = status; }
 
-  // Valid as long as the post; moving it does not matter.
+  // Views that are valid as long as the post exists, even when it is moved.
   std::string_view Title() const;
   std::string_view Published() const;
   std::string_view OwnerTitle() const;
@@ -37,13 +38,13 @@ class PackedPost {
   std::string_view Text(std::size_t number) const;
 
   std::string description_;
-  std::unique_ptr<char[]> texts_;  // one behind the other
+  std::unique_ptr<char[]> texts_;  // the texts without separators, in the order of kTexts
   std::array<std::uint32_t, kTextCount> lengths_;
   int readStatus_;
   int id_;
   int isPodcast_;
   int ownerId_;
-  int place_;
+  int storeIndex_;
 };
 
 }  // namespace feedloom

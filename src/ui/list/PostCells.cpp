@@ -7,7 +7,7 @@
 
 namespace feedloom {
 
-QStringList HeadingsIn(CodePage codePage, std::string_view label) {
+QStringList SplitHeadings(CodePage codePage, std::string_view label) {
   constexpr std::size_t kMostBytes = 511;
   std::size_t end = 0;
   while (end < label.size()) {

@@ -1,4 +1,5 @@
-// The columns of the post list, and what their cells and headings say. Pure functions; any thread.
+// The columns of the post list, and the texts of their cells and headings. Pure functions; any
+// thread.
 #pragma once
 
 #include <QString>
@@ -11,11 +12,11 @@ namespace feedloom {
 
 enum PostColumn { kReadColumn, kTitleColumn, kDateColumn, kOwnerColumn, kPostColumnCount };
 
-// The headings in a label that has "|" between them; only its first 511 bytes count, and of these
-// whole characters.
-QStringList HeadingsIn(CodePage codePage, std::string_view label);
+// Splits `label`, which is in `codePage`, into headings at each "|". Only the whole characters in
+// its first 511 bytes are used.
+QStringList SplitHeadings(CodePage codePage, std::string_view label);
 
-// The day of a stored date, "2008-05-01"; empty for an empty or unreadable one.
+// The day of a stored date as "2008-05-01"; empty when `stored` is empty or no date from 1970 on.
 QString DateCell(std::string_view stored);
 
 }  // namespace feedloom

@@ -13,19 +13,21 @@
 
 namespace feedloom {
 
-bool PostCommands::AreStored() const { return frame_.State().listMode != ListMode::WebDirectory; }
+bool PostCommands::PostsAreStored() const {
+  return frame_.State().listMode != ListMode::WebDirectory;
+}
 
 void PostCommands::Show(int row) {
   if (row < 0 || row >= model_.rowCount()) return frame_.ShowMainPage();
   const PostRow post = model_.At(row);
   frame_.ShowPost(post);
-  if (AreStored()) MarkShown(row, post);
-  // The title is the current cell, which a typed letter searches and a screen reader reads.
+  if (PostsAreStored()) MarkRead(row, post);
+  // The title cell becomes current: screen readers read it, and letter keys search its column.
   list_.selectionModel()->setCurrentIndex(model_.index(row, kTitleColumn),
                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
-void PostCommands::MarkShown(int row, const PostRow& post) {
+void PostCommands::MarkRead(int row, const PostRow& post) {
   if (post.readStatus != 0) return;
   const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
   if (!mark(frame_.GetStore(), 1, {&post.id, 1})) return;
@@ -67,7 +69,7 @@ void PostCommands::Run(int command) {
   }
 }
 
-std::optional<Menu> PostCommands::TheMenu() const {
+std::optional<Menu> PostCommands::ContextMenu() const {
   const std::vector<int> selected = list_.SelectedRows();
   return ListMenu({.mode = frame_.State().listMode,
                    .rows = model_.rowCount(),
@@ -78,15 +80,15 @@ std::optional<Menu> PostCommands::TheMenu() const {
 
 void PostCommands::MarkSelected(int status) {
   const std::vector<int> rows = list_.SelectedRows();
-  if (rows.empty() || !AreStored()) return;
+  if (rows.empty() || !PostsAreStored()) return;
   const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
-  if (!mark(frame_.GetStore(), status, model_.IdsOf(rows))) return ReadAgain();
+  if (!mark(frame_.GetStore(), status, model_.IdsOf(rows))) return Reload();
   model_.SetReadStatus(rows, status);
   frame_.RecountUnread(model_.AreScrapPosts());
 }
 
-// Of many statements some may have been refused.
-void PostCommands::ReadAgain() {
+// Some of several SQL statements may have been executed before one failed.
+void PostCommands::Reload() {
   frame_.RecountUnread(model_.AreScrapPosts());
   frame_.ReloadSelection();
 }
@@ -98,14 +100,14 @@ std::vector<int> PostCommands::AllRows() const {
 }
 
 void PostCommands::Delete(const std::vector<int>& rows, const char* question) {
-  if (rows.empty() || !AreStored()) return;
-  // What was listed when the user was asked: a refresh may bring more while the question stands.
+  if (rows.empty() || !PostsAreStored()) return;
+  // The ids are taken before the question, as a refresh may add rows while the user is asked.
   const std::vector<int> ids = model_.IdsOf(rows);
   const bool areScrapPosts = model_.AreScrapPosts();
   const auto answer = frame_.ShowTextMessage(kSectionTexts, question, MsgBoxKind::OkCancel);
-  if (answer != MsgBoxAnswer::Consented) return;  // the object may be gone
+  if (answer != MsgBoxAnswer::Consented) return;  // the object may have been deleted
   const auto deleteIds = areScrapPosts ? DeleteScrapPosts : DeletePosts;
-  if (!deleteIds(frame_.GetStore(), ids)) return ReadAgain();
+  if (!deleteIds(frame_.GetStore(), ids)) return Reload();
   const std::vector<int> deleted = model_.RowsOf(ids);
   list_.clearSelection();
   model_.Remove(deleted);
@@ -114,17 +116,17 @@ void PostCommands::Delete(const std::vector<int>& rows, const char* question) {
 }
 
 void PostCommands::Scrap() {
-  // A copy: the frame may be gone, and its actions with it, while the user chooses.
+  // A copy: the frame and its actions may be deleted while the user chooses.
   const auto chooseCabinet = frame_.GetActions().chooseCabinet;
   if (!chooseCabinet || list_.SelectedRows().empty()) return;
   const std::optional<int> cabinet = chooseCabinet();
-  if (!cabinet) return;  // the object may be gone
+  if (!cabinet) return;  // the object may have been deleted
   const std::vector<int> rows = list_.SelectedRows();
   const std::size_t saved = Save(rows, *cabinet);
   if (saved == 0) return;
   frame_.RecountUnread(true);
   if (model_.AreScrapPosts()) frame_.ReloadSelection();
-  // Last: the object may be gone then.
+  // This comes last, as the object may be deleted while the message box is open.
   if (saved == rows.size()) {
     frame_.ShowTextMessage(kSectionTexts, kTextScrapFinished, MsgBoxKind::Notice);
   }

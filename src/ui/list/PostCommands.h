@@ -1,4 +1,4 @@
-// What the list does to posts, by a click, a key or its menu.
+// The commands of the list: for its clicks, keys and context menu.
 #pragma once
 
 #include <optional>
@@ -12,38 +12,41 @@ namespace feedloom {
 class CVxListCtrl;
 class PostListModel;
 
-// Commands act on the selected rows, and do nothing where their rows or their action are missing.
-// Those that change posts leave the web directory's alone, which are not the store's; when the
-// store refuses something (it reports that itself) the list and the counts are read again. The
-// object may be gone when a command that asks the user something returns.
+// A command acts on the selected rows. It does nothing when no row is selected or when its action
+// is not set. Commands that change posts ignore those of the web directory, which are not in the
+// store. When the store fails, which it reports, the list and the counts are read again. The object
+// may have been deleted when a command that asks the user returns. Interface thread only.
 class PostCommands {
  public:
-  // All three outlive the object; `list` shows `model`.
+  // `frame`, `model` and `list` must outlive the object. `list` shows `model`.
   PostCommands(Frame& frame, PostListModel& model, CVxListCtrl& list)
       : frame_(frame), model_(model), list_(list) {}
 
-  // Has the browser show the post of row `row`, marks it read and adds its row to the selection.
-  // Without such a row, the main page.
+  // Shows the post of this row in the browser, marks it read and adds the row to the selection.
+  // Shows the main page when there is no such row.
   void Show(int row);
-  // Selects nothing else.
+  // As Show, but the row becomes the only selected one.
   void ShowOnly(int row);
+  // Shows the post of the current row; does nothing without one.
   void ShowCurrent();
-  // Shows the next unread post behind the current row, or the one before it; with none in the list
-  // the frame goes on with another.
+  // Shows the next unread post after the current row, or the previous one. When there is none,
+  // calls Frame::GoToUnreadRow.
   void GoToUnread(bool forward);
 
+  // Runs the command with this number of ui/Commands.h.
   void Run(int command);
-  std::optional<Menu> TheMenu() const;
+  // The context menu for the selected rows; nullopt for an empty list.
+  std::optional<Menu> ContextMenu() const;
 
  private:
-  bool AreStored() const;
-  void MarkShown(int row, const PostRow& post);
+  bool PostsAreStored() const;
+  void MarkRead(int row, const PostRow& post);
   void MarkSelected(int status);
-  void ReadAgain();
+  void Reload();
   void Delete(const std::vector<int>& rows, const char* question);
   std::vector<int> AllRows() const;
   void Scrap();
-  // How many of the rows, from the first on, were saved.
+  // Copies the posts into the cabinet until one fails. Returns the number of copied posts.
   std::size_t Save(const std::vector<int>& rows, int cabinetId);
 
   Frame& frame_;

@@ -35,7 +35,7 @@ void PaintReadMark(QPainter& painter, const QPointF& centre, const QColor& colou
 void PostDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   VxListDelegate::initStyleOption(option, index);
   option->font.setBold(!IsRead(index));
-  if (index.column() == kReadColumn) option->text.clear();  // the mark stands for it
+  if (index.column() == kReadColumn) option->text.clear();  // paint() draws a mark instead
 }
 
 void PostDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

@@ -4,8 +4,8 @@
 
 namespace feedloom {
 
-// Paints the rows of a PostListModel: unread posts bold, and the read status as a mark that can be
-// told without colour, a dot for unread and a check for read.
+// Paints the rows of a PostListModel. Unread posts are bold. The read status is a mark that does
+// not depend on colour: a dot for unread, a check mark for read.
 class PostDelegate : public VxListDelegate {
  public:
   using VxListDelegate::VxListDelegate;

@@ -33,7 +33,7 @@ void PostListModel::Append(PostList list) {
 void PostListModel::Refill(PostList list) {
   beginResetModel();
   Replace(std::move(list));
-  if (sorting_ != Sorting()) Arrange(PostOrder(posts_, sorting_, codePage_));
+  if (sorting_ != Sorting()) Reorder(PostOrder(posts_, sorting_, codePage_));
   endResetModel();
 }
 
@@ -53,8 +53,8 @@ void PostListModel::Pack(std::vector<PostRow> rows) {
   ReleasePacked();
 }
 
-// To free a million small texts takes longer than all else that fills a long list: the user sees
-// the rows first, and has the thread to himself in between.
+// Freeing a million small strings takes longer than the rest of filling a long list. So they are
+// freed in portions, after the rows are shown and while the event loop runs.
 void PostListModel::ReleasePacked() {
   constexpr std::size_t kAtOnce = 5'000;
   packed_.resize(packed_.size() - std::min(packed_.size(), kAtOnce));
@@ -94,11 +94,12 @@ void PostListModel::SetReadStatus(std::span<const int> rows, int status) {
   if (rows.empty()) return;
   for (const int row : rows) posts_[static_cast<std::size_t>(row)].SetReadStatus(status);
   const auto [first, last] = std::ranges::minmax(rows);
-  emit dataChanged(index(first, 0), index(last, columnCount() - 1));  // whole rows were bold
+  emit dataChanged(index(first, 0),
+                   index(last, columnCount() - 1));  // all cells change between bold and normal
 }
 
-// Removing thousands of scattered rows one by one would move the rest as often, and tell every view
-// each time: they are moved together to the end first, and go from there in one piece.
+// Removing thousands of scattered rows one by one would notify every view each time. So the rows
+// are first moved to the end together and then removed as one range.
 void PostListModel::Remove(std::span<const int> rows) {
   if (rows.empty()) return;
   std::vector<int> order;
@@ -125,18 +126,18 @@ void PostListModel::sort(int column, Qt::SortOrder order) {
   emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
 }
 
-// Row order[0] becomes the first one, and so on.
-void PostListModel::Arrange(std::span<const int> order) {
+// Moves row order[i] to row i, for each i.
+void PostListModel::Reorder(std::span<const int> order) {
   std::vector<PackedPost> arranged;
   arranged.reserve(posts_.size());
   for (const int row : order) arranged.push_back(std::move(posts_[static_cast<std::size_t>(row)]));
   posts_ = std::move(arranged);
 }
 
-// Arranges the rows with all that views hold on to in them.
+// Reorders the rows and updates the persistent indexes.
 void PostListModel::MoveRows(std::span<const int> order) {
   emit layoutAboutToBeChanged({}, VerticalSortHint);
-  Arrange(order);
+  Reorder(order);
   std::vector<int> rowOf(order.size());
   for (int row = 0; row < rowCount(); ++row) {
     rowOf[static_cast<std::size_t>(order[static_cast<std::size_t>(row)])] = row;
@@ -167,7 +168,7 @@ QVariant PostListModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return CellText(post, index.column());
     case Qt::AccessibleTextRole:
-      return SpokenText(post, index.column());
+      return AccessibleText(post, index.column());
     case kIsReadRole:
       return post.IsRead();
     default:
@@ -190,14 +191,14 @@ QString PostListModel::CellText(const PackedPost& post, int column) const {
   }
 }
 
-// Nothing for what the cell shows anyway.
-QVariant PostListModel::SpokenText(const PackedPost& post, int column) const {
+// The text for screen readers; invalid where it equals the displayed text.
+QVariant PostListModel::AccessibleText(const PackedPost& post, int column) const {
   const QString& status = post.IsRead() ? texts_.read : texts_.unread;
   if (column == kReadColumn) return status;
   return column == kTitleColumn ? CellText(post, column) + ", " + status : QVariant();
 }
 
-QString PostListModel::SpokenHeading(int section) const {
+QString PostListModel::AccessibleHeading(int section) const {
   const QString heading = texts_.headings.value(section);
   if (section != sorting_.column) return heading;
   return heading + ", " +
@@ -206,7 +207,7 @@ QString PostListModel::SpokenHeading(int section) const {
 
 QVariant PostListModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal) return {};
-  if (role == Qt::AccessibleTextRole) return SpokenHeading(section);
+  if (role == Qt::AccessibleTextRole) return AccessibleHeading(section);
   return role == Qt::DisplayRole ? texts_.headings.value(section) : QVariant();
 }
 

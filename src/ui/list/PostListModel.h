@@ -1,5 +1,5 @@
-// The rows of the post list. Built for 200,000 of them: it keeps packed records, and makes a
-// toolkit's string of a text only when a cell is asked for it.
+// The item model of the post list, for up to 200,000 rows: it keeps packed records and converts a
+// text to a QString only when a cell is read.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -16,28 +16,28 @@ namespace feedloom {
 
 struct PostList;
 
-// What the list says beside the posts' own texts.
+// Texts of the list besides those of the posts.
 struct PostListTexts {
   QStringList headings;
-  QString read;  // the read status in words
+  QString read;  // the read status for screen readers
   QString unread;
-  QString ascending = {};  // how the column is sorted, in words
+  QString ascending = {};  // the sort order for screen readers
   QString descending = {};
 };
 
-// Interface thread. Operations on rows change the rows only, not the store; the rows that they name
-// exist.
+// Functions that change rows do not change the store. The rows that are passed to them must exist.
+// Interface thread only.
 class PostListModel : public QAbstractTableModel {
  public:
   enum Role { kIsReadRole = Qt::UserRole };
 
-  // The texts of the posts are in `codePage`. A heading beyond those of PostColumn makes an empty
-  // column.
+  // `codePage` is the encoding of the posts' texts. Each heading beyond those of PostColumn adds an
+  // empty column.
   PostListModel(CodePage codePage, PostListTexts texts, QObject* parent);
 
-  // Replaces all rows; they stand in the order given.
+  // Replaces all rows, in the given order, and resets the sorting.
   void Fill(PostList list);
-  // Adds rows; the sorting stays.
+  // Appends rows; the sorting stays.
   void Append(PostList list);
   // Replaces all rows; the sorting stays.
   void Refill(PostList list);
@@ -47,41 +47,41 @@ class PostListModel : public QAbstractTableModel {
   int IdAt(int row) const { return Post(row).Id(); }
   bool IsReadAt(int row) const { return Post(row).IsRead(); }
   std::vector<int> IdsOf(std::span<const int> rows) const;
-  // The rows of those of the posts that are listed, ascending.
+  // The rows of the posts with these ids, ascending. Ids without a row are skipped.
   std::vector<int> RowsOf(std::span<const int> ids) const;
-  // The first unread post behind `row`, or the last one before it; -1 when there is none. `row` may
-  // be the one before the first, or behind the last.
+  // Forward: the first row after `row` with an unread post; otherwise the last one before it.
+  // Returns -1 when there is none. `row` may be -1 or rowCount().
   int FindUnread(int row, bool forward) const;
 
   void SetReadStatus(std::span<const int> rows, int status);
-  // Releases the posts. `rows` are ascending.
+  // Removes rows. `rows` must be in ascending order.
   void Remove(std::span<const int> rows);
 
-  // By a column; by -1 the store's order is back.
+  // Sorts by a column; column -1 restores the store's order.
   void sort(int column, Qt::SortOrder order) override;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
-  // The read status is the text "1" (read) or "0", which the delegate paints; a screen reader gets
-  // it in words, with the title too, so that the title's cell tells it all.
+  // The text of the read status column is "1" (read) or "0"; the delegate paints a mark instead.
+  // For screen readers the read status is in words, and is also appended to the title.
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
   const PackedPost& Post(int row) const { return posts_[static_cast<std::size_t>(row)]; }
   QString CellText(const PackedPost& post, int column) const;
-  QVariant SpokenText(const PackedPost& post, int column) const;
-  QString SpokenHeading(int section) const;
+  QVariant AccessibleText(const PackedPost& post, int column) const;
+  QString AccessibleHeading(int section) const;
   void Replace(PostList list);
   void Pack(std::vector<PostRow> rows);
   void ReleasePacked();
-  void Arrange(std::span<const int> order);
+  void Reorder(std::span<const int> order);
   void MoveRows(std::span<const int> order);
 
   const CodePage codePage_;
   const PostListTexts texts_;
   std::vector<PackedPost> posts_;
-  std::vector<PostRow> packed_;  // what was given for them, until it is released
+  std::vector<PostRow> packed_;  // rows that were packed and are still to be freed
   Sorting sorting_;
   bool areScrapPosts_ = false;
 };

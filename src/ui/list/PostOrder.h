@@ -1,4 +1,4 @@
-// The order of the list's rows.
+// Sorts the list's rows. Pure function.
 #pragma once
 
 #include <QtCore/qnamespace.h>
@@ -12,15 +12,16 @@
 namespace feedloom {
 
 struct Sorting {
-  int column = -1;  // -1: none, the order is the store's
+  int column = -1;  // a PostColumn; -1 for the store's order
   Qt::SortOrder order = Qt::AscendingOrder;
 
   bool operator==(const Sorting&) const = default;
 };
 
-// The indices of `posts` in the order that `sorting` asks for: texts as the user's language sorts
-// what their cells show, dates as they are stored, unread posts before read ones. Equal posts, and
-// with a column that has no texts all of them, stand in the store's order.
+// Returns the indices of `posts` in the order of `sorting`. Texts, which are in `codePage`, are
+// sorted by the collation of the default locale, dates by their stored form, unread posts before
+// read ones. Equal posts, and all posts for an empty column, are in the store's order. Blocks until
+// a few threads have made the collation keys of a long list. Interface thread only.
 std::vector<int> PostOrder(std::span<const PackedPost> posts, const Sorting& sorting,
                            CodePage codePage);
 

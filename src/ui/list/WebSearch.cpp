@@ -12,7 +12,7 @@
 namespace feedloom {
 namespace {
 
-PostList Found(DirectoryAnswer answer) {
+PostList ToPostList(DirectoryAnswer answer) {
   return {.posts = std::move(answer.rows), .wereSearched = true};
 }
 
@@ -20,8 +20,8 @@ PostList Found(DirectoryAnswer answer) {
 
 WebSearch::WebSearch(Frame& frame, CVxListCtrl& list, std::function<void(PostList)> append)
     : frame_(frame), list_(list), append_(std::move(append)) {
-  // Queued: a list that is still scrolling must not be closed.
-  connect(&list_, &CVxListCtrl::EndReached, this, &WebSearch::More, Qt::QueuedConnection);
+  // Queued, because the list must not be disabled while it is still scrolling.
+  connect(&list_, &CVxListCtrl::EndReached, this, &WebSearch::LoadNextPage, Qt::QueuedConnection);
 }
 
 WebSearch::~WebSearch() = default;
@@ -31,40 +31,41 @@ bool WebSearch::IsRunning() const { return search_ && search_->IsRunning(); }
 void WebSearch::Begin(const std::string& word) {
   if (!search_) search_ = frame_.MakeDirectorySearch();
   search_->Begin(word, [this](DirectoryAnswer answer) { OnFirstPage(std::move(answer)); });
-  Wait();
+  BeginWait();
 }
 
-// What the list shows is this search's as long as the mode says so: all else that fills it has
-// another one.
-void WebSearch::More() {
+// The list shows this search's results as long as the mode is WebDirectory: everything else that
+// fills the list sets another mode.
+void WebSearch::LoadNextPage() {
   if (frame_.State().listMode != ListMode::WebDirectory || !search_) return;
   if (search_->IsRunning() || !search_->HasMore()) return;
-  search_->More([this](DirectoryAnswer answer) { OnFurtherPage(std::move(answer)); });
-  Wait();
+  search_->More([this](DirectoryAnswer answer) { OnNextPage(std::move(answer)); });
+  BeginWait();
 }
 
 void WebSearch::OnFirstPage(DirectoryAnswer answer) {
   EndWait();
   const bool isAnswered = answer.isAnswered;
-  frame_.ListPosts(ListMode::WebDirectory, Found(std::move(answer)));
+  frame_.ListPosts(ListMode::WebDirectory, ToPostList(std::move(answer)));
   if (isAnswered) return;
-  // A status text would give way to those of the main page. The object may be gone afterwards.
+  // A message box, as the main page would replace a status text. The object may be deleted
+  // meanwhile.
   frame_.ShowTextMessage(kSectionTexts, kTextDirectoryFailed, MsgBoxKind::Notice);
 }
 
-void WebSearch::OnFurtherPage(DirectoryAnswer answer) {
+void WebSearch::OnNextPage(DirectoryAnswer answer) {
   EndWait();
   if (!answer.isAnswered) return Report(kTextDirectoryFailed);
-  append_(Found(std::move(answer)));
+  append_(ToPostList(std::move(answer)));
 }
 
-void WebSearch::GiveUp() {
+void WebSearch::Cancel() {
   if (!IsRunning()) return;
   search_->GiveUp();
   EndWait();
 }
 
-void WebSearch::Wait() {
+void WebSearch::BeginWait() {
   list_.SetClosed(true);
   qApp->installEventFilter(this);
   Report(kTextDirectorySearching);
@@ -73,23 +74,24 @@ void WebSearch::Wait() {
 void WebSearch::EndWait() {
   qApp->removeEventFilter(this);
   list_.SetClosed(false);
-  frame_.ReportMessage("");  // it searches no more
+  frame_.ReportMessage("");  // removes the text of BeginWait
 }
 
 void WebSearch::Report(const char* textKey) {
   frame_.ReportMessage(frame_.GetSkin().GetText(kSectionTexts, textKey));
 }
 
-// No shortcut: the browser has one for the same key, and of two neither is carried out.
+// An event filter instead of a shortcut: the browser has a shortcut for Escape, and Qt runs neither
+// of two shortcuts for one key.
 bool WebSearch::eventFilter(QObject* watched, QEvent* event) {
   const bool isPress = event->type() == QEvent::KeyPress;
   if (!isPress && event->type() != QEvent::ShortcutOverride) return false;
   const auto& key = static_cast<const QKeyEvent&>(*event);
   const auto* const widget = qobject_cast<QWidget*>(watched);
   if (key.key() != Qt::Key_Escape || !widget || widget->window() != list_.window()) return false;
-  event->accept();  // who overrides a shortcut gets the key next
-  // A key that is held was meant for the box that stood here before.
-  if (isPress && !key.isAutoRepeat()) GiveUp();
+  event->accept();  // an accepted ShortcutOverride makes Qt send the key press
+  // An auto-repeated Escape was pressed for a message box that has just closed.
+  if (isPress && !key.isAutoRepeat()) Cancel();
   return true;
 }
 

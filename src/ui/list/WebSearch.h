@@ -14,39 +14,39 @@ class DirectorySearch;
 class Frame;
 struct DirectoryAnswer;
 
-// The list's search of the web directory. While it waits for an answer the list is closed, and
-// Escape gives the search up wherever the keyboard is in the window. Interface thread; nothing
-// blocks.
+// The list's search of the web directory. While it waits for an answer, the list takes no input,
+// and Escape cancels the search whichever control of the window has the focus. Interface thread
+// only. No function blocks.
 class WebSearch : public QObject {
  public:
-  // `append` puts a further page behind the rows of the list. `frame` and `list` outlive the
-  // object.
+  // `append` is called with each page after the first and appends it to the list. `frame` and
+  // `list` must outlive the object.
   WebSearch(Frame& frame, CVxListCtrl& list, std::function<void(PostList)> append);
   ~WebSearch() override;
 
-  // The first page goes to Frame::ListPosts when it comes: without rows when it does not. Further
-  // pages follow when the user reaches the list's end, until that shows something else. Takes the
-  // place of a search that runs.
+  // Starts a search for `word`, which is in the module's code page, and cancels a running one. The
+  // first page is passed to Frame::ListPosts, without rows after a failure. The next pages are
+  // loaded when the user reaches the end of the list, until the list shows something else.
   void Begin(const std::string& word);
-  // Nothing comes any more of what was asked for.
-  void GiveUp();
+  // Cancels a running search: no more of its pages arrive.
+  void Cancel();
   bool IsRunning() const;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void More();
+  void LoadNextPage();
   void OnFirstPage(DirectoryAnswer answer);
-  void OnFurtherPage(DirectoryAnswer answer);
-  void Wait();
+  void OnNextPage(DirectoryAnswer answer);
+  void BeginWait();
   void EndWait();
   void Report(const char* textKey);
 
   Frame& frame_;
   CVxListCtrl& list_;
   const std::function<void(PostList)> append_;
-  std::unique_ptr<DirectorySearch> search_;  // null before the first one
+  std::unique_ptr<DirectorySearch> search_;  // null before the first search
 };
 
 }  // namespace feedloom

@@ -23,10 +23,10 @@ namespace {
 
 constexpr QColor kColorKey(0xFF, 0x00, 0xFF);
 
-// The host's base directory has the ground, the image directory the skin: they need not go
-// together.
-constexpr QColor kTextOnPaleGround(0x1F, 0x2D, 0x36);
-constexpr QColor kTextOnDarkGround(0xF0, 0xF5, 0xF7);
+// The background image comes from the host's base directory, not from the skin. So the text colour
+// is chosen by the image's brightness.
+constexpr QColor kTextOnLightBackground(0x1F, 0x2D, 0x36);
+constexpr QColor kTextOnDarkBackground(0xF0, 0xF5, 0xF7);
 
 constexpr int kCaptionPixels = 12;
 constexpr int kCountPixels = 24;
@@ -34,7 +34,7 @@ constexpr int kCountPixels = 24;
 constexpr Qt::WindowFlags kFlags =
     Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus;
 
-QFont FontOf(int pixels) {
+QFont MakeFont(int pixels) {
   QFont font(QStringLiteral("굴림"));
   font.setStyleHint(QFont::SansSerif);
   font.setPixelSize(pixels);
@@ -49,8 +49,8 @@ QString BackgroundPath(const Skin& skin) {
   return SharpestFile(QFile::decodeName(path.c_str()));
 }
 
-QColor TextColorOn(const QColor& ground) {
-  return ground.lightnessF() < 0.5 ? kTextOnDarkGround : kTextOnPaleGround;
+QColor TextColorFor(const QColor& ground) {
+  return ground.lightnessF() < 0.5 ? kTextOnDarkBackground : kTextOnLightBackground;
 }
 
 }  // namespace
@@ -58,11 +58,11 @@ QColor TextColorOn(const QColor& ground) {
 CRSS_AnnounceDlg::CRSS_AnnounceDlg(const Skin& skin, QWidget* owner)
     : CVxDialog(skin, nullptr, owner, kFlags),
       hasImage_(LoadBackground()),
-      count_(AddText(kPlaceAnnounceCount, FontOf(kCountPixels), Qt::AlignCenter)) {
+      count_(AddLabel(kPlaceAnnounceCount, MakeFont(kCountPixels), Qt::AlignCenter)) {
   SetAccessibleRole(*this, QAccessible::AlertMessage);
   setAttribute(Qt::WA_DeleteOnClose);
   setAttribute(Qt::WA_ShowWithoutActivating);
-  AddText(kPlaceAnnounceCaption, FontOf(kCaptionPixels), Qt::AlignLeft | Qt::AlignVCenter)
+  AddLabel(kPlaceAnnounceCaption, MakeFont(kCaptionPixels), Qt::AlignLeft | Qt::AlignVCenter)
       ->setText(SkinText(skin, kLabelAnnounceCaption));
   AddCloseButton();
 }
@@ -74,13 +74,13 @@ bool CRSS_AnnounceDlg::LoadBackground() {
   if (image.isNull()) return false;
   QPalette colors = palette();
   colors.setColor(QPalette::WindowText,
-                  TextColorOn(image.toImage().pixelColor(image.rect().center())));
+                  TextColorFor(image.toImage().pixelColor(image.rect().center())));
   setPalette(colors);
   return true;
 }
 
-QLabel* CRSS_AnnounceDlg::AddText(const char* placeKey, const QFont& font,
-                                  Qt::Alignment alignment) {
+QLabel* CRSS_AnnounceDlg::AddLabel(const char* placeKey, const QFont& font,
+                                   Qt::Alignment alignment) {
   auto* label = new QLabel(this);
   label->setTextFormat(Qt::PlainText);
   label->setFont(font);
@@ -102,17 +102,17 @@ void CRSS_AnnounceDlg::Announce(int count, int alphaValue) {
   setAccessibleName(SkinText(GetSkin(), kLabelAnnounceCaption));
   setAccessibleDescription(count_->text());
   motion_.Begin(parentWidget()->window()->screen()->geometry(), alphaValue);
-  FollowMotion();
+  ApplyMotion();
   QAccessibleEvent alert(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }
 
-void CRSS_AnnounceDlg::FollowMotion() {
+void CRSS_AnnounceDlg::ApplyMotion() {
   if (motion_.IsClosed()) {
     close();
     return;
   }
-  setGeometry(motion_.Place());
+  setGeometry(motion_.Geometry());
   SetAlphaValue(std::min(motion_.FadeLevel(), kInvisible));
   setVisible(motion_.IsVisible());
 }
@@ -123,7 +123,7 @@ void CRSS_AnnounceDlg::timerEvent(QTimerEvent* event) {
   if (timer == timers_.end()) return CVxDialog::timerEvent(event);
   const bool wasShown = motion_.IsShown();
   motion_.OnTimer(timer->first);
-  FollowMotion();
+  ApplyMotion();
   if (motion_.IsShown() && !wasShown) raise();
 }
 
@@ -133,7 +133,8 @@ void CRSS_AnnounceDlg::Start(int id, std::chrono::milliseconds period) {
 
 void CRSS_AnnounceDlg::Stop(int id) { timers_[id].stop(); }
 
-// Whoever hears of a click may wait for events before the window is deleted: it stays closed.
+// A slot of Clicked may run an event loop before the window is deleted. Without timers the window
+// stays closed.
 void CRSS_AnnounceDlg::done(int result) {
   timers_.clear();
   CVxDialog::done(result);
@@ -143,7 +144,7 @@ void CRSS_AnnounceDlg::mousePressEvent(QMouseEvent* event) {
   isPressed_ = event->button() == Qt::LeftButton;
 }
 
-// A press on the close button that is let go beside it also ends here, and is no click.
+// A press on the close button that is released beside it also ends here, and is not a click.
 void CRSS_AnnounceDlg::mouseReleaseEvent(QMouseEvent* event) {
   const bool wasPressed = std::exchange(isPressed_, false);
   if (!wasPressed || !rect().contains(event->position().toPoint())) return;

@@ -1,5 +1,5 @@
-// The window that announces new posts: it slides up in the lower right corner of the screen, stays
-// for five seconds, fades out and closes.
+// The window that announces new posts. It slides up in the lower right corner of the screen, stays
+// for five seconds, fades out and closes. Interface thread only.
 #pragma once
 
 #include <QBasicTimer>
@@ -12,23 +12,22 @@ class QLabel;
 
 namespace feedloom {
 
-// Made by new, for one announcement; it deletes itself when it is closed. It stays on top and never
-// takes the keyboard from the window that has it. Where the desktop does not mix windows it is
-// opaque to its end.
+// Create it with new, for one announcement; it deletes itself when it closes. It stays on top and
+// never takes the keyboard focus. It stays opaque when the desktop has no compositing.
 class CRSS_AnnounceDlg : public CVxDialog, private NoticeTimers {
   Q_OBJECT
 
  public:
-  // `skin` and `owner` outlive the window.
+  // `skin` and `owner` must outlive the window.
   CRSS_AnnounceDlg(const Skin& skin, QWidget* owner);
 
-  // Shows how many posts are new, on the owner's screen. `alphaValue`: from NoticeAlphaValue. To be
-  // called once.
+  // Shows the number of new posts on the owner's screen. `alphaValue` is the result of
+  // NoticeAlphaValue. Call it once.
   void Announce(int count, int alphaValue);
 
  signals:
-  // A click on the window, but not on its close button. The window has closed then, and is deleted
-  // when the program waits for events again.
+  // The user clicked on the window, but not on its close button. The window is closed by then; the
+  // event loop deletes it later.
   void Clicked();
 
  protected:
@@ -40,10 +39,10 @@ class CRSS_AnnounceDlg : public CVxDialog, private NoticeTimers {
 
  private:
   bool LoadBackground();
-  // A text in the rectangle under this key.
-  QLabel* AddText(const char* placeKey, const QFont& font, Qt::Alignment alignment);
+  // Adds a label in the rectangle that the skin has for `placeKey`. The window owns it.
+  QLabel* AddLabel(const char* placeKey, const QFont& font, Qt::Alignment alignment);
   void AddCloseButton();
-  void FollowMotion();
+  void ApplyMotion();
 
   void Start(int id, std::chrono::milliseconds period) override;
   void Stop(int id) override;

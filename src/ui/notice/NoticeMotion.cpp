@@ -13,11 +13,11 @@ constexpr milliseconds kSlidePeriod(20);
 constexpr milliseconds kDisplayTime(5000);
 constexpr milliseconds kFadePeriod(50);
 
-constexpr int kHeightOverBottom = 53;  // of the window's lower edge: clear of a taskbar
+constexpr int kBottomMargin = 53;  // below the window, for a taskbar
 constexpr int kSlideStep = 5;
 constexpr int kFadeStep = 10;
 
-// 0 once the target is reached; the last step may be a short one.
+// The next step from `length` to `target`; the last step may be shorter, and 0 follows.
 int StepTowards(int target, int length) { return std::min(kSlideStep, target - length); }
 
 }  // namespace
@@ -33,7 +33,7 @@ int NewPostCount(int unreadTotal, int announcedTotal) {
 void NoticeMotion::Begin(const QRect& screen, int alphaValue) {
   const int right = screen.x() + screen.width();
   const int bottom = screen.y() + screen.height();
-  place_ = QRect(right - kNoticeWidth, bottom - kHeightOverBottom, kNoticeWidth, 0);
+  geometry_ = QRect(right - kNoticeWidth, bottom - kBottomMargin, kNoticeWidth, 0);
   fadeLevel_ = alphaValue;
   isVisible_ = true;
   timers_.Start(kTimerSlide, kSlidePeriod);
@@ -52,11 +52,11 @@ void NoticeMotion::OnTimer(int id) {
   }
 }
 
-// The right and the lower edge stay where they are.
+// The right and the lower edge keep their positions.
 void NoticeMotion::Slide() {
-  place_.adjust(-StepTowards(kNoticeWidth, place_.width()),
-                -StepTowards(kNoticeHeight, place_.height()), 0, 0);
-  if (place_.height() < kNoticeHeight) return;
+  geometry_.adjust(-StepTowards(kNoticeWidth, geometry_.width()),
+                   -StepTowards(kNoticeHeight, geometry_.height()), 0, 0);
+  if (geometry_.height() < kNoticeHeight) return;
   timers_.Stop(kTimerSlide);
   isShown_ = true;
   timers_.Start(kTimerDisplay, kDisplayTime);

@@ -1,5 +1,5 @@
-// What the window that announces new posts does, from its timers alone: it slides up, stays, fades
-// out and closes. Pure but for the timers, which the owner brings.
+// The animation of the window that announces new posts, without the window: it slides up, stays,
+// fades out and closes. The owner supplies the timers. Interface thread only.
 #pragma once
 
 #include <QRect>
@@ -10,9 +10,9 @@ namespace feedloom {
 inline constexpr int kNoticeWidth = 201;
 inline constexpr int kNoticeHeight = 98;
 
-// The window's timers, by number.
+// The ids of the window's timers.
 enum NoticeTimer {
-  kTimerFadeIn = 1,  // the window never starts it itself
+  kTimerFadeIn = 1,  // never started by NoticeMotion
   kTimerFadeOut = 2,
   kTimerDisplay = 3,
   kTimerSlide = 0x500,
@@ -22,38 +22,40 @@ class NoticeTimers {
  public:
   virtual ~NoticeTimers() = default;
 
-  // The timer fires after each period, until it is stopped.
+  // Starts the timer `id`, which fires after each period until it is stopped.
   virtual void Start(int id, std::chrono::milliseconds period) = 0;
-  // Nothing when it does not run.
+  // Stops the timer `id`. Does nothing when it is not running.
   virtual void Stop(int id) = 0;
 };
 
-// How transparent the window is at first, 0 to kInvisible, from the setting, which is in percent. A
-// setting out of its range counts as the nearest one in it.
+// Converts the transparency setting (percent, clamped to 0..100) to an alpha value from 0 (opaque)
+// to kInvisible.
 int NoticeAlphaValue(int transparencySetting);
 
-// How many posts are new since the last announcement, from the unread totals; -1 is one that could
-// not be read. Never below 0.
+// The number of posts since the last announcement: the difference of the unread totals, at least 0.
+// A total is -1 when the store could not read it.
 int NewPostCount(int unreadTotal, int announcedTotal);
 
+// The state of the animation.
 class NoticeMotion {
  public:
-  // `timers` outlives the motion.
+  // `timers` must outlive the object.
   explicit NoticeMotion(NoticeTimers& timers) : timers_(timers) {}
 
-  // Puts the window over the lower right corner of `screen`, still without height, and lets it
-  // slide up. `alphaValue` is how transparent it is until it fades, from 0 to kInvisible.
+  // Starts to slide up in the lower right corner of `screen`, from height 0. `alphaValue` is the
+  // transparency until the window fades out, from 0 to kInvisible.
   void Begin(const QRect& screen, int alphaValue);
-  // The timer with this number has fired.
+  // Call this when the timer `id` fires.
   void OnTimer(int id);
 
-  const QRect& Place() const { return place_; }
-  // 0 opaque, kInvisible or more: not to be seen.
+  // The position and size of the window on the screen.
+  const QRect& Geometry() const { return geometry_; }
+  // The transparency: 0 is opaque, kInvisible or more is invisible.
   int FadeLevel() const { return fadeLevel_; }
   bool IsVisible() const { return isVisible_; }
-  // The slide has finished.
+  // The window has reached its full height.
   bool IsShown() const { return isShown_; }
-  // The fade has finished: the window is to go.
+  // The window has faded out and must be closed.
   bool IsClosed() const { return isClosed_; }
 
  private:
@@ -63,7 +65,7 @@ class NoticeMotion {
   void FadeIn();
 
   NoticeTimers& timers_;
-  QRect place_;
+  QRect geometry_;
   int fadeLevel_ = 0;
   bool isVisible_ = false;
   bool isShown_ = false;

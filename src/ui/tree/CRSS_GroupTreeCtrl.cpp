@@ -18,7 +18,7 @@
 namespace feedloom {
 namespace {
 
-constexpr int kRoomBelow = 5;  // pixels between the last row and the end of the scrolled area
+constexpr int kBottomMargin = 5;  // pixels between the last row and the end of the scrolled area
 
 }  // namespace
 
@@ -36,13 +36,14 @@ CRSS_GroupTreeCtrl::CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, 
           [this](const QModelIndex& group, int first) {
             if (!group.isValid()) expand(this->model()->index(first, 0));
           });
-  connect(
-      &model, &QAbstractItemModel::rowsMoved, this,
-      [this](const QModelIndex&, int, int, const QModelIndex& group) { ShowSelectionIn(group); });
+  connect(&model, &QAbstractItemModel::rowsMoved, this,
+          [this](const QModelIndex&, int, int, const QModelIndex& group) {
+            ExpandForSelection(group);
+          });
   connect(animation_, &NewPostAnimation::FrameChanged, this, &CRSS_GroupTreeCtrl::RepaintNewMarks);
   connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
           &CRSS_GroupTreeCtrl::UpdateScrollRange);
-  connect(this, &QTreeView::collapsed, this, &CRSS_GroupTreeCtrl::SelectInsteadOfHidden);
+  connect(this, &QTreeView::collapsed, this, &CRSS_GroupTreeCtrl::SelectCollapsedGroup);
   connect(this, &QAbstractItemView::pressed, this, &CRSS_GroupTreeCtrl::ReportPress);
   const auto tell = [this](const QModelIndex& group) { NotifyExpansion(*this, group); };
   connect(this, &QTreeView::expanded, this, tell);
@@ -50,7 +51,7 @@ CRSS_GroupTreeCtrl::CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, 
 }
 
 void CRSS_GroupTreeCtrl::SetUpColors(const Skin& skin) {
-  QPalette colors;  // what it does not name comes from the frame
+  QPalette colors;  // colours that are not set here are inherited from the frame
   colors.setColor(QPalette::Base, SkinColor(skin, kColorTreeGround));
   colors.setColor(QPalette::Text, SkinColor(skin, kColorTreeText));
   setPalette(colors);
@@ -62,11 +63,11 @@ void CRSS_GroupTreeCtrl::SetUpView() {
   setIndentation(kRowIndentation);
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
-  // By rows, the toolkit would choose another one when a screen reader asks for a channel's.
+  // With SelectRows, Qt selects a wrong row when a screen reader selects a channel.
   setSelectionBehavior(SelectItems);
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setMouseTracking(true);  // for the cursor
+  setMouseTracking(true);  // mouseMoveEvent sets the cursor without a pressed button
 }
 
 QModelIndex CRSS_GroupTreeCtrl::SelectedRow() const {
@@ -103,13 +104,13 @@ void CRSS_GroupTreeCtrl::paintEvent(QPaintEvent* event) {
 void CRSS_GroupTreeCtrl::selectionChanged(const QItemSelection& selected,
                                           const QItemSelection& deselected) {
   QTreeView::selectionChanged(selected, deselected);
-  viewport()->update();  // whole rows, which the base class leaves at their contents
+  viewport()->update();  // the base class repaints the items only, not the whole rows
   if (selected.isEmpty()) return;
   wasReported_ = true;
   emit RowSelected(SelectedRow());
 }
 
-// A row is selected by whatever is done to it, with or without a modifier key.
+// A click with Ctrl would deselect the row; here every click selects it.
 QItemSelectionModel::SelectionFlags CRSS_GroupTreeCtrl::selectionCommand(
     const QModelIndex& index, const QEvent* event) const {
   const auto command = QTreeView::selectionCommand(index, event);
@@ -117,7 +118,7 @@ QItemSelectionModel::SelectionFlags CRSS_GroupTreeCtrl::selectionCommand(
                                                          : command;
 }
 
-// Without a current row the base class goes to the first one, whatever the key.
+// Without a current row the base class moves to the first row, even for the End key.
 QModelIndex CRSS_GroupTreeCtrl::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
   if (action != MoveEnd || currentIndex().isValid())
     return QTreeView::moveCursor(action, modifiers);
@@ -134,12 +135,13 @@ void CRSS_GroupTreeCtrl::mousePressEvent(QMouseEvent* event) {
   QTreeView::mousePressEvent(event);
 }
 
-// The base class says "pressed" for a press on a row, not for one on its expand mark.
+// The base class emits pressed() for a press on a row, but not for one on its expand mark.
 void CRSS_GroupTreeCtrl::ReportPress(const QModelIndex& index) {
   if (isLeftPress_ && !wasReported_) emit RowSelected(index);
 }
 
-// Without a button only: dragging would select every row on its way, and load its posts.
+// Moves with a pressed button are ignored: a drag would select every row on its way and load its
+// posts.
 void CRSS_GroupTreeCtrl::mouseMoveEvent(QMouseEvent* event) {
   if (event->buttons() != Qt::NoButton) return;
   QTreeView::mouseMoveEvent(event);
@@ -150,8 +152,9 @@ void CRSS_GroupTreeCtrl::mouseMoveEvent(QMouseEvent* event) {
   }
 }
 
-// Commands must not act on a row that is out of sight.
-void CRSS_GroupTreeCtrl::SelectInsteadOfHidden(const QModelIndex& closed) {
+// When a group is collapsed over the selected row, the group is selected: commands must not act on
+// a hidden row.
+void CRSS_GroupTreeCtrl::SelectCollapsedGroup(const QModelIndex& closed) {
   if (SelectedRow().parent() == closed) setCurrentIndex(closed);
 }
 
@@ -171,11 +174,11 @@ void CRSS_GroupTreeCtrl::contextMenuEvent(QContextMenuEvent* event) {
   emit MenuRequested(viewport()->mapToGlobal(visualRect(SelectedRow()).bottomLeft()));
 }
 
-void CRSS_GroupTreeCtrl::ShowSelectionIn(const QModelIndex& group) {
+void CRSS_GroupTreeCtrl::ExpandForSelection(const QModelIndex& group) {
   if (SelectedRow().parent() == group) expand(group);
 }
 
-// The height of all rows that are not hidden in a closed group.
+// The height in pixels of all rows that are not hidden in a collapsed group.
 int CRSS_GroupTreeCtrl::RowsHeight() const {
   int height = 0;
   for (int group = 0; group < model()->rowCount(); ++group) {
@@ -186,8 +189,8 @@ int CRSS_GroupTreeCtrl::RowsHeight() const {
   return height;
 }
 
-// The base class decides on the scroll bar before it knows the range, and keeps to that until it
-// has resized everything.
+// During a resize the base class decides about the scroll bar before it knows the new range. So the
+// scroll bar's policy is set when the base class has finished.
 bool CRSS_GroupTreeCtrl::event(QEvent* event) {
   if (event->type() != QEvent::Resize) return QTreeView::event(event);
   isResizing_ = true;
@@ -202,11 +205,11 @@ void CRSS_GroupTreeCtrl::updateGeometries() {
   UpdateScrollRange();
 }
 
-// The base class scrolls to the end of the last row; the pane leaves some room below it.
+// The base class scrolls to the end of the last row; the pane adds a margin below that row.
 void CRSS_GroupTreeCtrl::UpdateScrollRange() {
   if (model() == nullptr) return;
   const int page = viewport()->height();
-  verticalScrollBar()->setRange(0, std::max(RowsHeight() + kRoomBelow - page, 0));
+  verticalScrollBar()->setRange(0, std::max(RowsHeight() + kBottomMargin - page, 0));
   verticalScrollBar()->setPageStep(page);
   if (!isResizing_) UpdateScrollBar();
 }
@@ -226,8 +229,8 @@ void CRSS_GroupTreeCtrl::RepaintNewMarks() {
   }
 }
 
-// The base class makes the first row the current one, unselected, so that Home does nothing and
-// Down passes it by.
+// On focus the base class makes the first row current without selecting it. Home would then do
+// nothing, and Down would skip the first row.
 void CRSS_GroupTreeCtrl::focusInEvent(QFocusEvent* event) {
   QTreeView::focusInEvent(event);
   if (!SelectedRow().isValid()) selectionModel()->clearCurrentIndex();

@@ -9,27 +9,28 @@ class GroupTreeModel;
 class NewPostAnimation;
 class Skin;
 
-// Shows a GroupTreeModel: groups, expanded at first, and their rows. At most one row is selected.
+// The tree view of a GroupTreeModel. All groups are expanded at first. At most one row is selected.
+// Interface thread only.
 class CRSS_GroupTreeCtrl : public QTreeView {
   Q_OBJECT
 
  public:
-  // `model` outlives the control.
+  // `skin` is read during the call only. `model` must outlive the control.
   CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, QWidget* parent);
 
-  // Not valid when no row is selected.
+  // The selected row; an invalid index when no row is selected.
   QModelIndex SelectedRow() const;
-  // No row is selected then, nor the current one.
+  // Afterwards no row is selected and no row is current.
   void ClearSelection();
 
-  // Whether the skin's cursor shows over rows; otherwise the parent's does.
+  // True: the skin's cursor shows over rows. False: the parent's cursor shows everywhere.
   void SetOwnCursor(bool own);
 
  signals:
-  // The user selected this row, clicked on it again, or pressed Enter on it: once for each
-  // click or key.
+  // Emitted once for each click or key by which the user selects the row `index`, clicks on it
+  // again, or presses Enter on it.
   void RowSelected(const QModelIndex& index);
-  // The user asks for the menu, at this point of the screen.
+  // The user asks for the context menu. `place` is a point in screen coordinates.
   void MenuRequested(const QPoint& place);
 
  protected:
@@ -54,8 +55,8 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void SetUpColors(const Skin& skin);
   void SetUpView();
   void ReportPress(const QModelIndex& index);
-  void SelectInsteadOfHidden(const QModelIndex& closed);
-  void ShowSelectionIn(const QModelIndex& group);
+  void SelectCollapsedGroup(const QModelIndex& closed);
+  void ExpandForSelection(const QModelIndex& group);
   int RowsHeight() const;
   void UpdateScrollRange();
   void UpdateScrollBar();
@@ -66,9 +67,9 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   QCursor rowCursor_;
   bool hasOwnCursor_ = true;
   bool isResizing_ = false;
-  // Of the press that is being handled, or was handled last:
+  // These two describe the latest mouse press:
   bool isLeftPress_ = false;
-  bool wasReported_ = false;  // RowSelected was emitted for it
+  bool wasReported_ = false;  // RowSelected was emitted for the press
 };
 
 }  // namespace feedloom

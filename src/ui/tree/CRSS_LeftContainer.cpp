@@ -69,17 +69,17 @@ void CRSS_LeftContainer::SetUpToolBar() {
                                         {CRSS_LeftToolBarWnd::kAddChannel, kCommandAddChannel},
                                         {CRSS_LeftToolBarWnd::kDirectory, kCommandDirectory}};
   for (const auto& [button, command] : kCommands) {
-    toolbar_->Enable(button, IsThere(command, frame_.GetActions()));
+    toolbar_->Enable(button, IsAvailable(command, frame_.GetActions()));
   }
   connect(toolbar_, &CRSS_LeftToolBarWnd::Clicked, this,
           [this](CRSS_LeftToolBarWnd::Button clicked) {
             const auto* const entry = std::ranges::find(kCommands, clicked, &Entry::button);
             if (entry != std::end(kCommands)) return commands_.Run(entry->command);
-            ShowMenuAt(commands_.WholeMenu(), toolbar_->mapToGlobal(toolbar_->MenuPlace()));
+            ShowMenuAt(commands_.WholeMenu(), toolbar_->mapToGlobal(toolbar_->MenuPosition()));
           });
 }
 
-// Shortcuts, because the tree would take a letter for the beginning of a name.
+// These are shortcuts because the tree would use a letter key to search for a name.
 void CRSS_LeftContainer::SetUpKeys() {
   const auto onKey = [this](QWidget* widget, const QKeySequence& key, auto run) {
     auto* const shortcut = new QShortcut(key, widget);
@@ -117,7 +117,7 @@ int CRSS_LeftContainer::SetChannelUnread(int channelId, int count) {
 
 void CRSS_LeftContainer::SetChannelNew(int channelId, bool isNew) {
   model_.SetChannelNew(channelId, isNew);
-  tree_->viewport()->repaint();  // the mark lies left of what the view repaints by itself
+  tree_->viewport()->repaint();  // the mark lies outside the area that the view repaints
 }
 
 void CRSS_LeftContainer::SetChannelNewByMessage(int channelId, bool isNew) {
@@ -174,8 +174,8 @@ void CRSS_LeftContainer::PostIsSaved(int cabinetId) {
   tree_->viewport()->repaint();
 }
 
-// What a search found does not tell whose it is. Asking for the one post is much less than counting
-// all of them.
+// A search result has no owner id. Looking up the one post costs much less than recounting all
+// channels.
 void CRSS_LeftContainer::PostWasRead(const PostRow& post, bool isScrapPost) {
   if (post.ownerId == 0 && isScrapPost) return frame_.RecountUnread(true);
   if (isScrapPost) return model_.LowerCabinetUnread(post.ownerId);
@@ -204,7 +204,8 @@ void CRSS_LeftContainer::ReloadSelection() {
 void CRSS_LeftContainer::ListSelectedPosts() {
   if (const auto channelId = SelectedChannel()) SetChannelNew(*channelId, false);
   auto list = PostsOf(frame_.GetStore(), model_, tree_->SelectedRow());
-  // The list never shows the posts of a row that is not selected any more.
+  // After a failure the list is emptied: it must not show posts of a row that is no longer
+  // selected.
   frame_.ListPosts(ListMode::Selection, std::move(list).value_or(PostList()), firstShown_);
 }
 
@@ -212,7 +213,7 @@ void CRSS_LeftContainer::GoToUnreadRow(bool forward) {
   const QModelIndex row = model_.FindUnread(tree_->SelectedRow(), forward);
   if (!row.isValid()) return;
   firstShown_ = forward ? FirstShown::FirstUnread : FirstShown::LastUnread;
-  tree_->setCurrentIndex(row);  // which selects it
+  tree_->setCurrentIndex(row);  // selects the row and so lists its posts
   firstShown_ = FirstShown::First;
 }
 

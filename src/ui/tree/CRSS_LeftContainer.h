@@ -19,88 +19,96 @@ namespace feedloom {
 class CRSS_GroupTreeCtrl;
 class CRSS_LeftToolBarWnd;
 
-// When the user selects a row, its posts go to Frame::ListPosts, and a channel's new mark goes out.
-// An operation that names a channel or cabinet that is not in the tree does nothing.
+// When the user selects a row, the pane passes its posts to Frame::ListPosts and clears a channel's
+// new mark. A function does nothing when its channel or cabinet id is not in the tree. Texts are in
+// the module's code page. Interface thread only.
 class CRSS_LeftContainer : public QWidget {
   Q_OBJECT
 
  public:
-  // Without rows until ShowTree. Starts both timers. `frame` outlives the pane; the pane's focus
-  // goes to the tree.
+  // The pane has no rows until LoadTree or ShowTree. The constructor starts both timers. `frame`
+  // must outlive the pane. The tree is the pane's focus proxy.
   CRSS_LeftContainer(Frame& frame, QWidget* parent);
 
-  // Reads all rows from the store again; nothing is selected then. What the store cannot read (it
-  // reports that itself) is left out.
+  // Reads all rows from the store; afterwards no row is selected. Rows that the store cannot read
+  // are missing; the store reports the failure.
   void LoadTree();
-  // The same with rows that are read already; the cabinet root gets its name here.
+  // Replaces all rows by `content`, except that the cabinet root is named by the skin. Afterwards
+  // no row is selected.
   void ShowTree(TreeContent content);
 
-  // Queue the channels that are not queued yet, in the order of the rows, and start the refresh:
-  // every channel, or those of the selected row.
+  // These queue channels in the order of their rows and start the refresh. A channel that is queued
+  // already is not queued again. RefreshAll: all channels; RefreshSelection: those of the selected
+  // row.
   void RefreshAll();
   void RefreshSelection();
 
-  // Timer 1 starts anew with the period of State().liveSettings, or stops when they ask for none.
-  // It fires once: RefreshAll.
+  // Restarts the update timer with the period in State().liveSettings, or stops it when the
+  // settings turn it off. The timer fires once and calls RefreshAll.
   void RestartUpdateTimer();
-  // Timer 2, likewise; it fires again and again: Actions::notifyOfNewPosts.
+  // Restarts or stops the notification timer in the same way. The timer fires periodically and
+  // calls Actions::notifyOfNewPosts.
   void RestartNotificationTimer();
 
-  // Sets a channel's unread count and its folder's along with it. Returns the difference to the
-  // count before; 0, and nothing changes, for a negative count.
+  // Sets a channel's unread count, and changes its folder's count by the difference. Returns the
+  // difference to the previous count. A negative `count` changes nothing and returns 0.
   int SetChannelUnread(int channelId, int count);
-  // The row's new mark; the tree shows it at once. ByMessage: one of the refresh asks for it.
+  // These set a channel's new mark and repaint the tree before they return. The ByMessage variant
+  // is for messages of the refresh; see NewPostAnimation.
   void SetChannelNew(int channelId, bool isNew);
   void SetChannelNewByMessage(int channelId, bool isNew);
-  // The result of the channel's last refresh: below 0 a failure.
+  // `state` is the ChannelResult of the channel's last refresh: negative after a failure.
   void SetChannelState(int channelId, int state);
 
-  // Reads the counts of all folders and channels again, and the channels' states, or the counts of
-  // all cabinets: two statements.
+  // Reads counts from the store again, by two SQL statements. True: those of all cabinets. False:
+  // those of all folders and channels, and the channels' states.
   void RecountUnread(bool ofScrapPosts);
 
-  // 0 for a channel that is not in the tree.
+  // A channel's unread count; 0 for a channel that is not in the tree.
   int ChannelUnread(int channelId) const;
 
-  // A refresh put this channel into the store: appends its row unless it is there. Its unread count
-  // is 0 until SetChannelUnread tells it, so that the difference holds all of the channel's posts.
+  // Appends the row of a channel that a refresh has stored, unless the row exists. Its unread count
+  // is 0 until SetChannelUnread, whose returned difference then counts all of the channel's posts.
   void AddStoredChannel(int channelId);
 
-  // Rows for what was put into the store, or moved there, by a dialog. A folder that another
-  // program has added meanwhile gets its row, too.
+  // Add or move the row of something that a dialog has stored or moved. If the channel's folder has
+  // no row because another program has added it, the folder gets its row first.
   void AppendFolder(FolderRow folder) { model_.AppendFolder(std::move(folder)); }
   void AppendCabinet(CabinetRow cabinet) { model_.AppendCabinet(std::move(cabinet)); }
   void AppendChannel(ChannelRow channel);
   void MoveChannel(int channelId, int folderId);
 
-  // The control panel; nothing without the action.
+  // Opens the control panel. Does nothing without Actions::openSettings.
   void OpenSettings() { commands_.Run(kCommandSettings); }
-  // Today's new posts of all channels.
+  // Lists today's unread posts of all channels.
   void ListToday() { commands_.Run(kCommandToday); }
 
-  // The folders with their channels, as the tree shows them, without their counts.
+  // The folders with their channels in the order of the rows.
   SubscriptionList Subscriptions() const;
 
-  // While it is busy the pane has no cursor of its own, so that the frame's shows.
+  // While the pane is busy it sets no cursor, so that the frame's wait cursor shows.
   void SetBusy(bool busy);
 
-  // The dialog that adds a channel, for this feed address and the selection's folder; the tree is
-  // painted at once after it. Nothing without the action. The pane may be gone when it returns.
+  // Opens the dialog that adds a channel, with this feed address and the selected folder, and then
+  // repaints the tree. Does nothing without Actions::addChannel. The pane may have been deleted
+  // when the call returns.
   void AddChannel(const std::string& address);
-  // One unread saved post more in the cabinet and its group; the tree shows it at once.
+  // Adds one to the unread counts of the cabinet and of the cabinet root, and repaints the tree
+  // before it returns.
   void PostIsSaved(int cabinetId);
-  // One unread post less in its channel, or cabinet, and in the group.
+  // Subtracts one from the unread counts of the post's channel or cabinet and of its group.
   void PostWasRead(const PostRow& post, bool isScrapPost);
 
-  // The bare name; empty when there is no such channel.
+  // A channel's title without its count; empty when there is no such channel.
   std::string ChannelTitle(int channelId) const;
-  // None when no row, or one of another kind, is selected.
+  // The id of the selected channel; nullopt when no channel is selected.
   std::optional<int> SelectedChannel() const;
-  // Hands the posts of the selected row to Frame::RelistPosts; nothing when no row is selected or
-  // the store cannot read them.
+  // Passes the posts of the selected row to Frame::RelistPosts. Does nothing when no row is
+  // selected or the store cannot read the posts.
   void ReloadSelection();
-  // Selects the next row behind the selected one, or the last one before it, that has unread posts,
-  // and has its first, or last, unread one shown; nothing when there is none.
+  // Forward: selects the next row with unread posts after the selected one and shows its first
+  // unread post. Otherwise: selects the previous such row and shows its last unread post. Does
+  // nothing when there is no such row.
   void GoToUnreadRow(bool forward);
 
  protected:
@@ -122,7 +130,7 @@ class CRSS_LeftContainer : public QWidget {
   QTimer* const updateTimer_;
   QTimer* const notificationTimer_;
   TreeCommands commands_;
-  FirstShown firstShown_ = FirstShown::First;  // of the next row that is selected
+  FirstShown firstShown_ = FirstShown::First;  // passed on when the next row is selected
 };
 
 }  // namespace feedloom

@@ -12,18 +12,18 @@ namespace {
 
 constexpr int kFirstButtonLeft = 7;
 constexpr int kButtonGap = 4;
-constexpr QSize kDefaultSize(251, 40);  // when the skin gives none
-constexpr QPoint kMenuPlace(7, 54);
+constexpr QSize kDefaultSize(251, 40);  // used when the skin has no size
+constexpr QPoint kMenuPosition(7, 54);
 
-// A line parts the buttons before this one from the others.
-constexpr CRSS_LeftToolBarWnd::Button kFirstBehindLine = CRSS_LeftToolBarWnd::kAddChannel;
+// The separator line is drawn to the left of this button.
+constexpr CRSS_LeftToolBarWnd::Button kFirstAfterSeparator = CRSS_LeftToolBarWnd::kAddChannel;
 
 struct ButtonKeys {
   const char* image;
   const char* tooltip;
 };
 
-// From left to right. The tooltip keys are those that the hosts' string files have.
+// From left to right.
 constexpr ButtonKeys kButtons[] = {
     {kButtonMenu, kTextMenuTooltip},
     {kButtonUpdate, kTextUpdateTooltip},
@@ -54,12 +54,12 @@ void CRSS_LeftToolBarWnd::Enable(Button button, bool isEnabled) {
   buttons_[button]->setEnabled(isEnabled);
 }
 
-QPoint CRSS_LeftToolBarWnd::MenuPlace() const { return kMenuPlace; }
+QPoint CRSS_LeftToolBarWnd::MenuPosition() const { return kMenuPosition; }
 
 void CRSS_LeftToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   DrawThreePieces(painter, rect(), background_);
-  const int right = buttons_[kFirstBehindLine]->x() - kButtonGap;
+  const int right = buttons_[kFirstAfterSeparator]->x() - kButtonGap;
   const QSize size = SizeOf(line_);
   painter.drawPixmap(right - size.width(), (height() - size.height()) / 2, line_);
 }
@@ -67,7 +67,7 @@ void CRSS_LeftToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
 void CRSS_LeftToolBarWnd::resizeEvent(QResizeEvent* /*event*/) {
   int left = kFirstButtonLeft;
   for (int button = 0; button < kButtonCount; ++button) {
-    if (button == kFirstBehindLine) {
+    if (button == kFirstAfterSeparator) {
       left += SizeOf(line_).width() + kButtonGap;
     }
     const QSize size = buttons_[static_cast<std::size_t>(button)]->sizeHint();

@@ -11,23 +11,24 @@ namespace feedloom {
 
 class Skin;
 
-// The strip of buttons above the tree. Its object name is "RSS_LeftToolBar".
+// The toolbar above the tree. Its object name is "RSS_LeftToolBar". Interface thread only.
 class CRSS_LeftToolBarWnd : public QWidget {
   Q_OBJECT
 
  public:
   enum Button { kMenu, kUpdate, kAddChannel, kDirectory, kButtonCount };
 
+  // `skin` is read during the call only.
   CRSS_LeftToolBarWnd(const Skin& skin, QWidget* parent);
 
-  // The size that the skin gives it, in pixels; the width is the least that shows all of it.
+  // The size from the skin in pixels. The width is the smallest that shows all buttons.
   QSize sizeHint() const override { return size_; }
 
   // All buttons are enabled at first.
   void Enable(Button button, bool isEnabled);
 
-  // Where the menu of the menu button opens, in this widget.
-  QPoint MenuPlace() const;
+  // Where the menu button's menu opens, in this widget's coordinates.
+  QPoint MenuPosition() const;
 
  signals:
   void Clicked(Button button);

@@ -15,7 +15,7 @@
 namespace feedloom {
 namespace {
 
-// As markup without any of its own: the toolkit takes a plain text that looks like some for it.
+// Qt would interpret a plain text that looks like HTML, so the text is escaped as rich text.
 QString ToolTip(const QString& name, const QString& failure) {
   return Qt::convertFromPlainText(failure.isEmpty() ? name : name + '\n' + failure,
                                   Qt::WhiteSpaceNormal);
@@ -97,7 +97,7 @@ int GroupTreeModel::SetChannelUnread(int channelId, int count) {
   return index.isValid() && count >= 0 ? SetUnread(index, count) : 0;
 }
 
-// One signal a group: a view repaints after each.
+// Emits one signal for all children of a group, as a view repaints after each signal.
 void GroupTreeModel::ReportCounts(const GroupRow& group) {
   const QModelIndex header = IndexOf(group);
   emit dataChanged(header, header, {Qt::DisplayRole, UnreadRole});
@@ -204,7 +204,7 @@ QModelIndex GroupTreeModel::FindUnread(const QModelIndex& from, bool forward) co
   const int step = forward ? 1 : -1;
   const auto groupCount = static_cast<int>(groups_.size());
   int group = forward ? 0 : groupCount - 1;
-  std::optional<int> row;  // of the group's children; none: its first or last one
+  std::optional<int> row;  // where to begin in the group; nullopt: at its first or last child
   if (from.isValid()) {
     const QModelIndex header = parent(from);
     group = header.isValid() ? header.row() : from.row() + step;
@@ -263,15 +263,15 @@ QString GroupTreeModel::FailureOf(const ChildRow& child) const {
 QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {
   switch (role) {
     case Qt::DisplayRole:
-      return ShownLabel(group.name, group.unreadCount);
+      return DisplayLabel(group.name, group.unreadCount);
     case Qt::AccessibleTextRole:
-      return SpokenLabel(group.name, group.unreadCount);
+      return AccessibleLabel(group.name, group.unreadCount);
     case KindRole:
       return static_cast<int>(group.kind);
     case Qt::ToolTipRole:
-      return ToolTip(ShownName(group.name), {});
+      return ToolTip(DisplayName(group.name), {});
     case NameRole:
-      return ShownName(group.name);
+      return DisplayName(group.name);
     case UnreadRole:
       return group.unreadCount;
     default:
@@ -282,15 +282,15 @@ QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {
 QVariant GroupTreeModel::ChildData(const ChildRow& child, int role) const {
   switch (role) {
     case Qt::DisplayRole:
-      return ShownLabel(child.title, child.unreadCount);
+      return DisplayLabel(child.title, child.unreadCount);
     case Qt::AccessibleTextRole:
-      return SpokenLabel(child);
+      return AccessibleLabel(child);
     case Qt::AccessibleDescriptionRole:
       return FailureOf(child);
     case KindRole:
       return static_cast<int>(child.kind);
     case NameRole:
-      return ShownName(child.title);
+      return DisplayName(child.title);
     case UnreadRole:
       return child.unreadCount;
     case StateRole:
@@ -300,26 +300,28 @@ QVariant GroupTreeModel::ChildData(const ChildRow& child, int role) const {
     case IsAnimatedByMessageRole:
       return child.isAnimatedByMessage;
     case Qt::ToolTipRole:
-      return ToolTip(ShownName(child.title), FailureOf(child));
+      return ToolTip(DisplayName(child.title), FailureOf(child));
     default:
       return {};
   }
 }
 
-QString GroupTreeModel::ShownName(const std::string& name) const { return ToLine(codePage_, name); }
-
-QString GroupTreeModel::ShownLabel(const std::string& name, int unreadCount) const {
-  return ShownName(name) + QString::fromStdString(AppendCount({}, unreadCount));
+QString GroupTreeModel::DisplayName(const std::string& name) const {
+  return ToLine(codePage_, name);
 }
 
-QString GroupTreeModel::SpokenLabel(const std::string& name, int unreadCount) const {
-  const QString shown = ShownName(name);
+QString GroupTreeModel::DisplayLabel(const std::string& name, int unreadCount) const {
+  return DisplayName(name) + QString::fromStdString(AppendCount({}, unreadCount));
+}
+
+QString GroupTreeModel::AccessibleLabel(const std::string& name, int unreadCount) const {
+  const QString shown = DisplayName(name);
   if (unreadCount <= 0) return shown;
   return shown + ", " + ToQString(codePage_, WithNumbers(texts_.unread, {unreadCount}));
 }
 
-QString GroupTreeModel::SpokenLabel(const ChildRow& child) const {
-  QString label = SpokenLabel(child.title, child.unreadCount);
+QString GroupTreeModel::AccessibleLabel(const ChildRow& child) const {
+  QString label = AccessibleLabel(child.title, child.unreadCount);
   if (child.isNew) label += ", " + ToQString(codePage_, texts_.isNew);
   if (child.state < 0) label += ", " + ToQString(codePage_, texts_.isFailing);
   return label;

@@ -1,4 +1,4 @@
-// The tree's rows as an item model: groups, and under them channels or cabinets.
+// The item model of the tree: groups, and below them channels or cabinets.
 #pragma once
 
 #include <QAbstractItemModel>
@@ -12,29 +12,30 @@
 
 namespace feedloom {
 
-// What the tree is loaded with, each list in the order of its rows.
+// The content of the tree. Each list is in the order of its rows.
 struct TreeContent {
   std::vector<FolderRow> folders;
-  std::vector<ChannelRow> channels;  // of all folders
+  std::vector<ChannelRow> channels;  // the channels of all folders
   std::vector<CabinetRow> cabinets;
   std::string cabinetTitle;  // the cabinet root's name
   int unreadInCabinets = 0;
 };
 
-// What rows say beside their names; in the module's code page.
+// Texts that rows show or tell besides their names, in the module's code page.
 struct RowTexts {
   std::string downloadFailed;  // why a channel's last refresh failed
   std::string documentRefused;
-  // To a screen reader, behind the name:
-  std::string unread = {};  // "%d" stands for the count
+  // A screen reader speaks these after the name:
+  std::string unread = {};  // "%d" is replaced by the count
   std::string isNew = {};
   std::string isFailing = {};
 };
 
-// One column. Qt::DisplayRole is the label on one line; what is too long to be seen is cut off its
-// name. Qt::ToolTipRole is the name as markup, with the reason when the last refresh failed. A
-// screen reader gets all that the row shows in words, the reason as the description. An operation
-// that names a row that is not there changes nothing.
+// The model has one column. Qt::DisplayRole is the label on one line; a very long name is
+// truncated. Qt::ToolTipRole is the name as rich text, with the reason when the last refresh
+// failed. Qt::AccessibleTextRole tells a screen reader in words all that the row shows;
+// Qt::AccessibleDescriptionRole is the reason of a failure. A function that is given the id or
+// index of a missing row changes nothing. Interface thread only.
 class GroupTreeModel : public QAbstractItemModel {
  public:
   enum Role {
@@ -49,53 +50,58 @@ class GroupTreeModel : public QAbstractItemModel {
   GroupTreeModel(CodePage codePage, RowTexts texts, QObject* parent = nullptr);
   ~GroupTreeModel() override;
 
-  // Replaces all rows. The cabinet root comes last; a channel whose folder is not there is left
-  // out, and a negative count (the store could not tell) is 0.
+  // Replaces all rows. The cabinet root is the last group. A channel whose folder is missing gets
+  // no row. A negative count (the store could not read it) becomes 0.
   void Load(TreeContent content);
 
   const GroupRows& Groups() const { return groups_; }
-  // Null for an index of the other level. The record is gone with the next change of the rows.
+  // The record of a row; null for an index of the other level. The pointer is valid until rows are
+  // next added, moved or removed.
   const GroupRow* GroupAt(const QModelIndex& index) const;
   const ChildRow* ChildAt(const QModelIndex& index) const;
-  // Not valid when there is none. Takes the same time whatever the number of channels.
+  // The row of a channel; an invalid index when there is none. Takes constant time.
   QModelIndex FindChannel(int channelId) const;
 
-  // The difference to the count before, by which the folder's count changes too. A negative count
-  // changes nothing.
+  // Sets a channel's unread count and changes its folder's count by the difference, which it
+  // returns. A negative `count` changes nothing and returns 0.
   int SetChannelUnread(int channelId, int count);
-  // New counts of many rows at once, and the channels' states. Rows that are not named, and those
-  // with a negative count, keep their count.
+  // These set the unread counts of many rows at once; SetChannelCounts also sets the channels'
+  // states. A row that is not given, or whose count is negative, keeps its count.
   void SetChannelCounts(const std::vector<FolderRow>& folders,
                         const std::vector<ChannelRow>& channels);
   void SetCabinetCounts(int unreadInCabinets, const std::vector<CabinetRow>& cabinets);
-  // One unread post more in the cabinet root and, when it is there, in the cabinet.
+  // Adds one to the cabinet root's unread count, and to the cabinet's when it has a row.
   void RaiseCabinetUnread(int cabinetId);
-  // One unread post less in the row and in its group; never below 0.
+  // Subtract one from the unread counts of the row and of its group. No count goes below 0.
   void LowerChannelUnread(int channelId);
   void LowerCabinetUnread(int cabinetId);
   void SetChannelNew(int channelId, bool isNew);
-  // The same when a message asks for it: from then on the row has the messages' animation.
+  // As SetChannelNew, for a message of the refresh: once set, the row keeps the animation
+  // NewPostAnimation::kByMessage.
   void SetChannelNewByMessage(int channelId, bool isNew);
   void SetChannelState(int channelId, int state);
 
-  // A folder goes behind the last one, a cabinet too; a row that is there already stays as it is.
+  // Append a folder behind the last folder, or a cabinet behind the last cabinet. A row that exists
+  // already stays unchanged.
   void AppendFolder(FolderRow folder);
   void AppendCabinet(CabinetRow cabinet);
-  // Puts the channel behind the last one of its folder and its unread posts into the folder's
-  // count. False, and nothing changes, when the channel is there already or its folder is not.
+  // Appends a channel to its folder and adds its unread count to the folder's. Returns false and
+  // changes nothing when the channel has a row already or its folder has none.
   bool AppendChannel(ChannelRow channel);
-  // Puts the channel where its order belongs among the folder's, and its unread posts into the
-  // folder's count. False, and nothing changes, when it is there already or one of the two is not.
+  // Moves a channel to the position in the folder that its order gives, and its unread count from
+  // the old folder's count to the new one's. Returns false and changes nothing when the channel is
+  // in that folder already, or when one of the two has no row.
   bool MoveChannel(int channelId, int folderId);
 
-  // Of a folder, a channel or a cabinet; texts are in the module's code page.
+  // Renames a folder, a channel or a cabinet. `name` is in the module's code page.
   void Rename(const QModelIndex& row, std::string name);
-  // The row goes, with a folder its channels too; a child's unread posts leave its group's count.
-  // Returns the unread posts of the row.
+  // Removes a row, and a folder together with its channels. A child's unread count is subtracted
+  // from its group's. Returns the unread count of the removed row.
   int Remove(const QModelIndex& row);
 
-  // The first channel or cabinet behind `from` that has unread posts, or the last one before it; of
-  // a group, `from` stands for all its rows. An invalid one stands before all rows, or behind them.
+  // Forward: the first channel or cabinet with unread posts after `from`; otherwise the last one
+  // before it. The children of a group `from` are skipped. An invalid `from` searches all rows.
+  // Returns an invalid index when there is none.
   QModelIndex FindUnread(const QModelIndex& from, bool forward) const;
 
   QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -106,14 +112,14 @@ class GroupTreeModel : public QAbstractItemModel {
   QVariant data(const QModelIndex& index, int role) const override;
 
  private:
-  struct Place {
+  struct Position {
     GroupRow* group;
     int row;
   };
 
   void FillGroups(TreeContent content);
   GroupRow* FindFolder(int folderId) const;  // null when there is none
-  void RememberPlaces(GroupRow& folder);
+  void ReindexChannels(GroupRow& folder);
   void AddToUnread(GroupRow& group, int difference);
   int RemoveChild(GroupRow& group, int row);
   int RemoveGroup(int row);
@@ -121,22 +127,22 @@ class GroupTreeModel : public QAbstractItemModel {
   QModelIndex IndexOf(const GroupRow& group) const;
   QModelIndex FindCabinet(int cabinetId) const;
   ChildRow* MutableChildAt(const QModelIndex& index);
-  // Both also change the group's count.
+  // These two also change the group's count.
   int SetUnread(const QModelIndex& child, int count);
   void LowerUnread(const QModelIndex& child);
   QString FailureOf(const ChildRow& child) const;
   QVariant GroupData(const GroupRow& group, int role) const;
   QVariant ChildData(const ChildRow& child, int role) const;
-  QString ShownName(const std::string& name) const;
-  QString ShownLabel(const std::string& name, int unreadCount) const;
-  QString SpokenLabel(const std::string& name, int unreadCount) const;
-  QString SpokenLabel(const ChildRow& child) const;
+  QString DisplayName(const std::string& name) const;
+  QString DisplayLabel(const std::string& name, int unreadCount) const;
+  QString AccessibleLabel(const std::string& name, int unreadCount) const;
+  QString AccessibleLabel(const ChildRow& child) const;
 
   const CodePage codePage_;
   const RowTexts texts_;
-  // A group's index has no internal pointer, a child's has its GroupRow.
+  // The internal pointer of a child's index is its GroupRow; that of a group's index is null.
   GroupRows groups_;
-  std::unordered_map<int, Place> channels_;  // by channel id
+  std::unordered_map<int, Position> channels_;  // by channel id
 };
 
 }  // namespace feedloom

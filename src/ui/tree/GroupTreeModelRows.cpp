@@ -1,4 +1,4 @@
-// How single rows come, move and go.
+// The functions of GroupTreeModel that add, move, rename and remove single rows.
 #include <algorithm>
 #include <tuple>
 #include <utility>
@@ -8,8 +8,8 @@
 namespace feedloom {
 namespace {
 
-// The store's order; equal ones stand as they were added.
-bool StandsBefore(const ChildRow& a, const ChildRow& b) {
+// The store's order: by order, then by id.
+bool IsOrderedBefore(const ChildRow& a, const ChildRow& b) {
   return std::tie(a.order, a.id) < std::tie(b.order, b.id);
 }
 
@@ -61,21 +61,21 @@ bool GroupTreeModel::MoveChannel(int channelId, int folderId) {
   auto* const from = static_cast<GroupRow*>(channel.internalPointer());
   if (from == nullptr || to == nullptr || from == to) return false;
   const auto moved = from->children.begin() + channel.row();
-  const auto place = std::ranges::upper_bound(to->children, *moved, StandsBefore);
+  const auto place = std::ranges::upper_bound(to->children, *moved, IsOrderedBefore);
   beginMoveRows(IndexOf(*from), channel.row(), channel.row(), IndexOf(*to),
                 static_cast<int>(place - to->children.begin()));
   const int unreadCount = moved->unreadCount;
   to->children.insert(place, std::move(*moved));
   from->children.erase(moved);
-  RememberPlaces(*from);
-  RememberPlaces(*to);
+  ReindexChannels(*from);
+  ReindexChannels(*to);
   endMoveRows();
   AddToUnread(*from, -unreadCount);
   AddToUnread(*to, unreadCount);
   return true;
 }
 
-void GroupTreeModel::RememberPlaces(GroupRow& folder) {
+void GroupTreeModel::ReindexChannels(GroupRow& folder) {
   int row = 0;
   for (const ChildRow& channel : folder.children) channels_[channel.id] = {&folder, row++};
 }
@@ -103,7 +103,7 @@ int GroupTreeModel::RemoveChild(GroupRow& group, int row) {
   beginRemoveRows(IndexOf(group), row, row);
   if (child->kind == RowKind::Channel) channels_.erase(child->id);
   group.children.erase(child);
-  if (group.kind == RowKind::Folder) RememberPlaces(group);
+  if (group.kind == RowKind::Folder) ReindexChannels(group);
   endRemoveRows();
   AddToUnread(group, -unreadCount);
   return unreadCount;

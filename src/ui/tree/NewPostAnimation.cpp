@@ -12,7 +12,7 @@
 namespace feedloom {
 namespace {
 
-// Hosts keep an image for each language, and one for all.
+// An image directory has one image for the Korean language and one for all languages.
 QString PathIn(const Skin& skin, std::initializer_list<const char*> names) {
   std::string path = skin.Config().GetImageDir();
   for (const char* name : names) path = JoinPath(path, name);
@@ -44,7 +44,8 @@ QPixmap NewPostAnimation::Frame(Source source) {
   return image.movie->currentPixmap();
 }
 
-// Nobody has looked at the last frame: the rows are out of sight, or no longer new.
+// When nobody has painted the last frame, the rows are hidden or no longer new: the animation
+// pauses.
 void NewPostAnimation::Advance(Image& image) {
   if (!image.wasPainted) {
     image.movie->setPaused(true);

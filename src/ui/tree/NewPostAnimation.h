@@ -1,4 +1,4 @@
-// The moving image that marks rows with new posts.
+// The animated image that marks rows with new posts.
 #pragma once
 
 #include <QObject>
@@ -12,8 +12,9 @@ namespace feedloom {
 
 class Skin;
 
-// Two images: one for rows that a message marked as new, and one for those that are found to be new
-// while they are painted. All rows with the same image show the same frame of it.
+// There are two images: kByMessage for rows that a message of the refresh marked as new,
+// kByPainting for all others. All rows with the same image show the same frame. Interface thread
+// only.
 class NewPostAnimation : public QObject {
   Q_OBJECT
 
@@ -23,18 +24,18 @@ class NewPostAnimation : public QObject {
   NewPostAnimation(const Skin& skin, QObject* parent);
   ~NewPostAnimation() override;
 
-  // The frame to paint now; a null pixmap when the image directory lacks the file. The image moves
-  // as long as its frames are asked for.
+  // The frame to paint now; a null pixmap when the image directory lacks the file. The animation
+  // runs as long as this is called for each of its frames.
   QPixmap Frame(Source source);
 
  signals:
-  // The rows that show an image are to be painted again.
+  // The rows that show an image must be repainted.
   void FrameChanged();
 
  private:
   struct Image {
     std::unique_ptr<QMovie> movie;
-    bool wasPainted = false;  // since its last frame
+    bool wasPainted = false;  // Frame() was called since the latest frameChanged
   };
 
   void Advance(Image& image);

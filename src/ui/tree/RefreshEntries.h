@@ -1,4 +1,4 @@
-// What is queued for a refresh of the tree's channels. Pure.
+// Makes the entries of the refresh queue from the tree's rows. Pure functions.
 #pragma once
 
 #include <vector>
@@ -8,9 +8,11 @@
 
 namespace feedloom {
 
-// One entry a channel, in the order of the rows; none for the cabinet root.
+// One entry for each channel of all groups, or of one group, in the order of the rows. The cabinet
+// root has no entries.
 std::vector<RefreshEntry> RefreshEntriesOf(const GroupRows& groups);
 std::vector<RefreshEntry> RefreshEntriesOf(const GroupRow& group);
+// The entry of one channel. `folderId` is the id of its folder.
 RefreshEntry RefreshEntryOf(const ChildRow& channel, int folderId);
 
 }  // namespace feedloom

@@ -1,4 +1,4 @@
-// How a row's name and its unread count make its label. Pure; texts are in the module's code page.
+// The label of a row. Pure function.
 #pragma once
 
 #include <string>
@@ -6,7 +6,8 @@
 
 namespace feedloom {
 
-// "Economy(12)": the count stands right behind the name; no count when it is 0 or less.
+// Appends the count to the name, as in "Economy(12)". A count of 0 or less is not appended. Any
+// ASCII-compatible encoding.
 std::string AppendCount(std::string_view name, int count);
 
 }  // namespace feedloom

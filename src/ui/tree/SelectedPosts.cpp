@@ -9,7 +9,7 @@
 namespace feedloom {
 namespace {
 
-// Runs one of the loaders; what it reads into tells the kind of its posts.
+// Runs one of the loaders. The container type tells whether its posts are saved ones.
 template <typename Container>
 bool LoadInto(PostList& list, bool (*load)(Store&, int, Container&), Store& store, int id) {
   Container container;

@@ -11,8 +11,9 @@ namespace feedloom {
 class GroupTreeModel;
 class Store;
 
-// The posts of a row, each with the id and title of its channel or cabinet; the cabinet root stands
-// for all cabinets. None for an invalid index and after a failure, which the store has reported.
+// Reads the posts of a row from the store, each with the id and title of its channel or cabinet.
+// The cabinet root gives the posts of all cabinets. Returns nullopt for an invalid index, and after
+// a failure, which the store reports. Interface thread only.
 std::optional<PostList> PostsOf(Store& store, const GroupTreeModel& model, const QModelIndex& row);
 
 }  // namespace feedloom

@@ -1,4 +1,4 @@
-// The periods of the tree pane's two timers, from the settings. Pure.
+// The periods of the tree pane's two timers. Pure functions of the settings.
 #pragma once
 
 #include <chrono>
@@ -8,11 +8,11 @@ namespace feedloom {
 
 struct Settings;
 
-// After how long the channels are refreshed by themselves; none when the user has turned that off,
-// or for an interval that does not exist.
+// The time until the channels are refreshed automatically. Returns nullopt when the user has turned
+// automatic refresh off, or when the setting is out of range.
 std::optional<std::chrono::milliseconds> UpdatePeriod(const Settings& settings);
 
-// How often new posts are announced; none for an interval that does not exist.
+// The interval between notices of new posts. Returns nullopt when the setting is out of range.
 std::optional<std::chrono::milliseconds> NotificationPeriod(const Settings& settings);
 
 }  // namespace feedloom

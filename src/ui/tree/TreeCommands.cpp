@@ -26,14 +26,14 @@ void TreeCommands::Run(int command) {
   };
   static constexpr Entry kCommands[] = {
       {kCommandAddChannel, &TreeCommands::AddEmptyChannel},
-      {kCommandAddGroup, &TreeCommands::RunAlone<&Actions::addGroup>},
-      {kCommandAddCabinet, &TreeCommands::RunAlone<&Actions::addCabinet>},
+      {kCommandAddGroup, &TreeCommands::RunAction<&Actions::addGroup>},
+      {kCommandAddCabinet, &TreeCommands::RunAction<&Actions::addCabinet>},
       {kCommandDeleteGroup, &TreeCommands::DeleteGroup},
       {kCommandRenameGroup, &TreeCommands::RenameGroup},
       {kCommandDeleteChild, &TreeCommands::DeleteChild},
       {kCommandRenameChild, &TreeCommands::RenameChild},
-      {kCommandMoveChannel, &TreeCommands::RunOnChannel<&Actions::moveChannel>},
-      {kCommandChannelInfo, &TreeCommands::RunOnChannel<&Actions::showChannelInfo>},
+      {kCommandMoveChannel, &TreeCommands::RunChannelAction<&Actions::moveChannel>},
+      {kCommandChannelInfo, &TreeCommands::RunChannelAction<&Actions::showChannelInfo>},
       {kCommandMarkAllRead, &TreeCommands::Mark<1>},
       {kCommandMarkAllUnread, &TreeCommands::Mark<0>},
       {kCommandRefreshGroup, &TreeCommands::RefreshSelection},
@@ -44,22 +44,22 @@ void TreeCommands::Run(int command) {
       {kCommandSearchChannel, &TreeCommands::Search},
       {kCommandSearchAllCabinets, &TreeCommands::Search},
       {kCommandSearchCabinet, &TreeCommands::Search},
-      {kCommandImportFile, &TreeCommands::RunAlone<&Actions::importFile>},
-      {kCommandImportAddress, &TreeCommands::RunAlone<&Actions::importAddress>},
+      {kCommandImportFile, &TreeCommands::RunAction<&Actions::importFile>},
+      {kCommandImportAddress, &TreeCommands::RunAction<&Actions::importAddress>},
       {kCommandExportOpml, &TreeCommands::ExportOpml},
-      {kCommandSynchronise, &TreeCommands::RunAlone<&Actions::synchronise>},
-      {kCommandSettings, &TreeCommands::RunAlone<&Actions::openSettings>},
+      {kCommandSynchronise, &TreeCommands::RunAction<&Actions::synchronise>},
+      {kCommandSettings, &TreeCommands::RunAction<&Actions::openSettings>},
       {kCommandRefreshAll, &TreeCommands::RefreshAll},
       {kCommandRefreshSelection, &TreeCommands::RefreshSelection},
       {kCommandDeleteSelection, &TreeCommands::DeleteSelection},
-      {kCommandDirectory, &TreeCommands::RunAlone<&Actions::openDirectory>},
+      {kCommandDirectory, &TreeCommands::RunAction<&Actions::openDirectory>},
   };
-  const Actions actions = frame_.GetActions();  // which may end, with the frame, while one runs
+  const Actions actions = frame_.GetActions();  // a copy: the frame may be deleted while one runs
   const auto* const entry = std::ranges::find(kCommands, command, &Entry::command);
-  if (entry != std::end(kCommands) && IsThere(command, actions)) (this->*entry->run)(actions);
+  if (entry != std::end(kCommands) && IsAvailable(command, actions)) (this->*entry->run)(actions);
 }
 
-// The selected row.
+// Functions about the selected row.
 
 std::optional<TreeCommands::Target> TreeCommands::Selected() const {
   const QModelIndex row = tree_.SelectedRow();
@@ -98,18 +98,18 @@ std::optional<Menu> TreeCommands::SelectionMenu() const {
     return list && !list->posts.empty();
   };
   const bool isProtected = target->kind == RowKind::Folder && target->order < 0;
-  const std::size_t folders = model_.Groups().size() - 1;  // the cabinet root is a group, too
+  const std::size_t folders = model_.Groups().size() - 1;  // one group is the cabinet root
   Menu menu = RowMenu({.kind = target->kind,
                        .hasPosts = hasUnread || hasPosts(),
                        .isProtected = isProtected,
                        .hasOtherFolder = folders > 1});
-  DisableMissing(menu, frame_.GetActions());
+  DisableUnavailable(menu, frame_.GetActions());
   return menu;
 }
 
 Menu TreeCommands::WholeMenu() const {
   Menu menu = PopUpMenu(PopUp::Whole);
-  DisableMissing(menu, frame_.GetActions());
+  DisableUnavailable(menu, frame_.GetActions());
   return menu;
 }
 
@@ -117,7 +117,7 @@ MsgBoxAnswer TreeCommands::Ask(const char* key, MsgBoxKind kind) const {
   return frame_.ShowTextMessage(kSectionTexts, key, kind);
 }
 
-// Of the selected folder, or of the one that holds the selected channel.
+// The name of the selected folder, or of the folder of the selected channel; empty without one.
 std::string TreeCommands::SelectedFolderName() const {
   if (const auto channel = Selected(RowKind::Channel)) return FactsOf(*channel).folderName;
   const auto folder = Selected(RowKind::Folder);
@@ -136,16 +136,16 @@ void TreeCommands::ExportOpml(const Actions& actions) {
 }
 
 template <auto action>
-void TreeCommands::RunAlone(const Actions& actions) {
+void TreeCommands::RunAction(const Actions& actions) {
   (actions.*action)();
 }
 
 template <auto action>
-void TreeCommands::RunOnChannel(const Actions& actions) {
+void TreeCommands::RunChannelAction(const Actions& actions) {
   if (const auto channel = Selected(RowKind::Channel)) (actions.*action)(FactsOf(*channel));
 }
 
-// Deleting and renaming.
+// Commands that delete and rename.
 
 void TreeCommands::DeleteSelection(const Actions& actions) {
   const auto target = Selected();
@@ -171,7 +171,7 @@ void TreeCommands::DeleteChild(const Actions& /*actions*/) {
   RemoveRow(child->row);
 }
 
-// Told before the question, and once more behind it: a timer may have begun a refresh meanwhile.
+// DeleteGroup asks this before and after its question, as a timer may start a refresh meanwhile.
 bool TreeCommands::IsFolderQueued(const Target& folder) const {
   const GroupRow* const group = model_.GroupAt(folder.row);
   if (group == nullptr) return false;
@@ -208,7 +208,7 @@ void TreeCommands::RenameGroup(const Actions& actions) {
   const auto name = actions.askGroupName(folder->name);
   if (!name) return;
   if (RenameFolder(frame_.GetStore(), folder->id, *name)) {
-    model_.Rename(folder->row, UnescapeEntities(*name));  // as it was stored
+    model_.Rename(folder->row, UnescapeEntities(*name));  // the form in which it is stored
   } else {
     Ask(kTextRenameGroupError, MsgBoxKind::Notice);
   }
@@ -229,7 +229,7 @@ void TreeCommands::RenameChild(const Actions& actions) {
   }
 }
 
-// Reading.
+// Commands that mark, refresh and list.
 
 bool TreeCommands::MarkPosts(const Target& target, int status) {
   Store& store = frame_.GetStore();

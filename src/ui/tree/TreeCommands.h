@@ -14,27 +14,29 @@ namespace feedloom {
 class CRSS_GroupTreeCtrl;
 class GroupTreeModel;
 
-// A command acts on the selected row, and does nothing when that is of another kind or when its
-// action is not there. The object may be gone when a command that opens a dialog returns.
+// A command acts on the selected row. It does nothing when the row is of another kind, or when the
+// command's action is not set. The object may have been deleted when a command that opens a dialog
+// returns. Interface thread only.
 class TreeCommands {
  public:
-  // All three outlive the object.
+  // `frame`, `model` and `tree` must outlive the object. `tree` shows `model`.
   TreeCommands(Frame& frame, GroupTreeModel& model, CRSS_GroupTreeCtrl& tree)
       : frame_(frame), model_(model), tree_(tree) {}
 
-  // Commands.h has the numbers.
+  // Runs the command with this number of ui/Commands.h.
   void Run(int command);
 
-  // kCommandAddChannel with a feed address to begin with.
+  // Runs kCommandAddChannel with a feed address, in the module's code page, as the dialog's preset.
   void AddChannel(const std::string& address);
 
-  // The menu of the selected row; none when no row is selected. Reads the row's posts from the
-  // store when nothing else tells whether there are any.
+  // The context menu of the selected row; nullopt when no row is selected. Reads the row's posts
+  // from the store when the unread count does not show whether there are any.
   std::optional<Menu> SelectionMenu() const;
+  // The menu of the toolbar's menu button.
   Menu WholeMenu() const;
 
  private:
-  // The row that a command is about, found again by itself after a question.
+  // The row that a command acts on. `row` stays valid while the user is asked a question.
   struct Target {
     QPersistentModelIndex row;
     RowKind kind = RowKind::Folder;
@@ -55,13 +57,13 @@ class TreeCommands {
   bool MarkPosts(const Target& target, int status);
   void Refresh(std::vector<RefreshEntry> entries);
 
-  // One a command.
+  // Each runs one command.
   void AddEmptyChannel(const Actions& actions);
   void ExportOpml(const Actions& actions);
   template <auto action>
-  void RunAlone(const Actions& actions);
+  void RunAction(const Actions& actions);
   template <auto action>
-  void RunOnChannel(const Actions& actions);
+  void RunChannelAction(const Actions& actions);
   void DeleteSelection(const Actions& actions);
   void DeleteChild(const Actions& actions);
   void DeleteGroup(const Actions& actions);

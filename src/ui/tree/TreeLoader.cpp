@@ -43,7 +43,7 @@ void AppendMissingFolder(Store& store, int folderId, GroupTreeModel& model) {
   LoadFolderList(store, folders);
   const auto folder = std::ranges::find(folders, folderId, &FolderRow::id);
   if (folder == folders.end()) return;
-  folder->unreadCount = 0;  // none of its channels has a row
+  folder->unreadCount = 0;  // counts follow when its channels get their rows
   model.AppendFolder(std::move(*folder));
 }
 

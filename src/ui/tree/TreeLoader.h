@@ -1,4 +1,4 @@
-// What the tree reads from the store. A failure is reported by the store itself.
+// Reads the tree from the store. The store reports each failure. Interface thread unless stated.
 #pragma once
 
 #include <optional>
@@ -9,19 +9,19 @@ namespace feedloom {
 
 class Store;
 
-// All rows; what the store cannot read is left out, and so is the cabinet root's name. Any thread.
+// All rows; rows that the store cannot read are missing. cabinetTitle stays empty. Any thread.
 TreeContent ReadTree(Store& store);
-// The same without the folders.
+// All rows except the folders. Any thread.
 TreeContent ReadTreeBelowFolders(Store& store);
 
-// The stored channel; none when it is not there.
+// A stored channel; nullopt when there is none or the store cannot read it.
 std::optional<ChannelRow> ReadChannel(Store& store, int channelId);
 
-// Gives the stored folder its row, unless it has one.
+// Appends a stored folder to `model`, unless it has a row.
 void AppendMissingFolder(Store& store, int folderId, GroupTreeModel& model);
 
-// Read the counts of all rows of their kind again: two statements, however many rows there are.
-// After a failure the rows keep theirs.
+// Read the counts of all folders and channels, or of all cabinets, by two SQL statements. After a
+// failure the rows keep their counts.
 void ReadChannelCounts(Store& store, GroupTreeModel& model);
 void ReadCabinetCounts(Store& store, GroupTreeModel& model);
 

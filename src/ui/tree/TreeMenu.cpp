@@ -26,13 +26,13 @@ bool Has(const Actions& actions) {
   return actions.*action != nullptr;
 }
 
-struct Need {
+struct Requirement {
   int command;
-  bool (*isThere)(const Actions&);
+  bool (*isAvailable)(const Actions&);
 };
 
-// The actions that commands lead to.
-constexpr Need kNeeds[] = {
+// The actions that commands need. A command may need several.
+constexpr Requirement kRequirements[] = {
     {kCommandAddChannel, Has<&Actions::addChannel>},
     {kCommandAddGroup, Has<&Actions::addGroup>},
     {kCommandAddCabinet, Has<&Actions::addCabinet>},
@@ -69,15 +69,16 @@ Menu RowMenu(const RowFacts& row) {
   return menu;
 }
 
-bool IsThere(int command, const Actions& actions) {
-  return std::ranges::all_of(
-      kNeeds, [&](const Need& need) { return need.command != command || need.isThere(actions); });
+bool IsAvailable(int command, const Actions& actions) {
+  return std::ranges::all_of(kRequirements, [&](const Requirement& requirement) {
+    return requirement.command != command || requirement.isAvailable(actions);
+  });
 }
 
-void DisableMissing(Menu& menu, const Actions& actions) {
+void DisableUnavailable(Menu& menu, const Actions& actions) {
   for (MenuItem& item : menu) {
-    if (!IsThere(item.command, actions)) item.isEnabled = false;
-    DisableMissing(item.items, actions);
+    if (!IsAvailable(item.command, actions)) item.isEnabled = false;
+    DisableUnavailable(item.items, actions);
   }
 }
 

@@ -24,13 +24,13 @@ QColor SelectionColor(const QStyleOptionViewItem& option) {
                               QPalette::Highlight);
 }
 
-// The middle of the square of a row's first indentation.
-QPointF GutterCenter(const QRect& row) {
+// The centre of a row's first indentation step.
+QPointF IndentationCenter(const QRect& row) {
   return {row.left() + kRowIndentation / 2.0, row.top() + row.height() / 2.0};
 }
 
-// Where an icon lies in a row, so far from its left edge.
-QRect IconSquare(const QRect& row, int left) {
+// The rectangle of an icon whose left edge is `left` pixels from that of the row.
+QRect IconRect(const QRect& row, int left) {
   const int top = (row.height() - kRowIconSize) / 2;
   return {row.topLeft() + QPoint(left, top), QSize(kRowIconSize, kRowIconSize)};
 }
@@ -41,14 +41,14 @@ void FillPolygon(QPainter& painter, const QPolygonF& polygon, const QColor& colo
   painter.fillPath(path, color);
 }
 
-// A triangle that points down when the group is open, to the right when it is closed.
+// A triangle that points down for an expanded group and right for a collapsed one.
 void PaintExpandMark(QPainter& painter, const QRect& row, bool isOpen, const QColor& color) {
   const QPolygonF closed({{-2, -4}, {2.5, 0}, {-2, 4}});
   const QPolygonF open({{-4, -2}, {4, -2}, {0, 2.5}});
-  FillPolygon(painter, (isOpen ? open : closed).translated(GutterCenter(row)), color);
+  FillPolygon(painter, (isOpen ? open : closed).translated(IndentationCenter(row)), color);
 }
 
-// A four-pointed star, where the image directory has no animation.
+// A four-pointed star, used when the image directory has no animation.
 void PaintStar(QPainter& painter, QPointF center, const QColor& color) {
   constexpr double kLong = 5.5;
   constexpr double kShort = 1.6;
@@ -63,7 +63,7 @@ void PaintStar(QPainter& painter, QPointF center, const QColor& color) {
   FillPolygon(painter, star.translated(center), color);
 }
 
-// A name that is too long loses its end, and the count behind it stays to be seen.
+// Elides a name that is too long, so that the count behind it stays visible.
 void PaintLabel(QPainter& painter, const QRect& area, const QModelIndex& index) {
   const QString name = index.data(GroupTreeModel::NameRole).toString();
   const QString count = index.data(Qt::DisplayRole).toString().sliced(name.size());
@@ -118,10 +118,10 @@ void TreeRowDelegate::PaintGroup(QPainter& painter, const QStyleOptionViewItem& 
 void TreeRowDelegate::PaintChild(QPainter& painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
   if (index.data(GroupTreeModel::IsNewRole).toBool()) {
-    PaintNewMark(painter, IconSquare(option.rect, kRowIndentation), index);
+    PaintNewMark(painter, IconRect(option.rect, kRowIndentation), index);
   }
   const int left = 2 * kRowIndentation;
-  painter.drawPixmap(IconSquare(option.rect, left), IconOf(index));
+  painter.drawPixmap(IconRect(option.rect, left), IconOf(index));
   PaintLabel(painter, option.rect.adjusted(left + kRowIconSize + kTextGap, 0, -kRightGap, 0),
              index);
 }

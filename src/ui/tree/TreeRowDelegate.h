@@ -8,16 +8,16 @@ namespace feedloom {
 
 class NewPostAnimation;
 
-// Where the parts of a row lie, in pixels.
+// The layout of a row in pixels.
 inline constexpr int kGroupRowHeight = 24;
 inline constexpr int kChildRowHeight = 20;
-inline constexpr int kRowIndentation = 14;  // a group's contents; a child's lie twice as far
+inline constexpr int kRowIndentation = 14;  // of a group's label; a child's icon has twice this
 
-// Paints the rows of the tree. Unlike other delegates it paints a whole row, indentation and
-// expand mark too: option.rect is the row's.
+// Paints the rows of the tree. Unlike other delegates it paints the whole row, including
+// indentation and expand mark: option.rect must be the whole row. Interface thread only.
 class TreeRowDelegate : public QStyledItemDelegate {
  public:
-  // `animation` outlives the delegate.
+  // `animation` must outlive the delegate.
   TreeRowDelegate(TreeSkin skin, NewPostAnimation& animation, QObject* parent);
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,

@@ -1,5 +1,4 @@
-// What the tree holds, as plain records: groups, and the rows under them. Texts are in the module's
-// code page.
+// The records of the tree: groups and their child rows. Texts are in the module's code page.
 #pragma once
 
 #include <memory>
@@ -26,9 +25,9 @@ struct ChildRow {
   int id = 0;
   int order = 0;
   int unreadCount = 0;
-  int state = 0;       // of a channel: below 0 after a refresh that failed
-  bool isNew = false;  // of a channel: posts have arrived that the user has not looked at
-  bool isAnimatedByMessage = false;  // of a channel: a message brought the new mark's animation
+  int state = 0;       // of a channel: the last ChannelResult, negative after a failed refresh
+  bool isNew = false;  // of a channel: posts arrived since the user last selected it
+  bool isAnimatedByMessage = false;  // of a channel: the mark is NewPostAnimation::kByMessage
   std::string title = {};
   std::string xmlLink = {};  // of a channel: the feed's address
 };
@@ -42,16 +41,16 @@ struct GroupRow {
   std::vector<ChildRow> children = {};
 };
 
-// A group keeps its address, whatever happens to the others.
+// Pointers, because indexes of the model hold a group's address while other groups come and go.
 using GroupRows = std::vector<std::unique_ptr<GroupRow>>;
 
-// What the store has, as a row; a negative count (the store could not tell) is 0.
+// Convert a row of the store. A negative count (the store could not read it) becomes 0.
 ChildRow ToRow(ChannelRow channel);
 ChildRow ToRow(CabinetRow cabinet);
 std::unique_ptr<GroupRow> ToRow(FolderRow folder);
 
-// The folders with their channels in the order of the rows; the cabinet root, and what stands
-// behind it, is not among them.
+// The folders with their channels in the order of the rows, without the cabinet root and any group
+// behind it.
 SubscriptionList SubscriptionsOf(const GroupRows& groups);
 
 }  // namespace feedloom

@@ -14,7 +14,7 @@ constexpr QColor kFailingColor(0xC8, 0x4A, 0x3A);
 constexpr QColor kCabinetColor(0x9A, 0x7B, 0x4F);
 constexpr QColor kUnreadCabinetColor(0xD0, 0x8A, 0x20);
 
-// Of the cursor's image, where the tip of the hand's finger is.
+// The hot spot of the cursor image: the tip of the hand's finger.
 constexpr QPoint kHotSpot(8, 1);
 
 QPixmap BuiltInIcon(QColor color) {
@@ -28,7 +28,7 @@ QPixmap BuiltInIcon(QColor color) {
   return icon;
 }
 
-// In an image that knows no transparency, these colours are the transparent ones.
+// The colours that are transparent in images without an alpha channel.
 constexpr QColor kChannelMask(0xEC, 0xFF, 0xE6);
 constexpr QColor kCabinetMask(0xE4, 0xF3, 0xFF);
 

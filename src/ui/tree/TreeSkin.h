@@ -11,7 +11,7 @@ class Skin;
 
 inline constexpr int kRowIconSize = 13;
 
-// The images of the tree's rows. An icon that the skin lacks is replaced by one of the module's.
+// The images of the tree's rows.
 struct TreeSkin {
   ThreePieces folderHeader;
   ThreePieces cabinetHeader;
@@ -23,6 +23,8 @@ struct TreeSkin {
   QColor newMark;
 };
 
+// Loads the images from the skin. An icon or cursor that the skin lacks is replaced by a built-in
+// one. Interface thread only.
 TreeSkin LoadTreeSkin(const Skin& skin);
 
 }  // namespace feedloom

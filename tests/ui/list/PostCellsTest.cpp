@@ -14,7 +14,7 @@ TEST(PostCellsTest, ADateShowsItsDayAndHeadingsEndWithTheLastWholeCharacterOf511
     EXPECT_EQ(DateCell(unreadable), "") << unreadable;
   }
   const auto headings = [](const std::string& utf8) {
-    return HeadingsIn(CodePage::Korean(), Korean(utf8));
+    return SplitHeadings(CodePage::Korean(), Korean(utf8));
   };
   EXPECT_EQ(headings("읽음|제목"), (QStringList{"읽음", "제목"}));
   EXPECT_EQ(headings(std::string(508, 'x') + "|y|z")[1], "y");

@@ -57,7 +57,7 @@ TEST_F(SearchToolBarTest, SearchesTheWebUntilTheUserChoosesOtherwise) {
 
 TEST_F(SearchToolBarTest, ButtonAndEnterSearchTheWordAndEscapeLeavesIt) {
   const QSignalSpy searches(&bar_, &CRSS_RightTopToolBarWnd::SearchRequested);
-  const QSignalSpy escapes(&bar_, &CRSS_RightTopToolBarWnd::WordLeft);
+  const QSignalSpy escapes(&bar_, &CRSS_RightTopToolBarWnd::EscapePressed);
   word_.setText("똠방각하");
   bar_.FocusWord();
   EXPECT_TRUE(word_.hasFocus() && word_.selectedText() == "똠방각하");

@@ -26,11 +26,11 @@ TEST(NoticeMotionTest, SlidesUpInTheScreensCornerStaysFiveSecondsAndFadesOut) {
     NoticeMotion motion(timers);
     motion.Begin(QRect(-1280, 200, 1280, 1024), alphaValue);
     for (int tick = 0; tick < 20; ++tick, motion.OnTimer(0x500)) {
-      EXPECT_EQ(motion.Place(), QRect(-201, 1171 - 5 * tick, 201, 5 * tick));
+      EXPECT_EQ(motion.Geometry(), QRect(-201, 1171 - 5 * tick, 201, 5 * tick));
       EXPECT_TRUE(motion.IsVisible() && !motion.IsShown());
       EXPECT_EQ(timers.running, (Timers{{0x500, 20ms}}));
     }
-    EXPECT_EQ(motion.Place(), QRect(-201, 1073, 201, 98));
+    EXPECT_EQ(motion.Geometry(), QRect(-201, 1073, 201, 98));
     EXPECT_TRUE(motion.IsShown());
     EXPECT_EQ(timers.running, (Timers{{3, 5000ms}}));
     motion.OnTimer(3);

@@ -1,4 +1,4 @@
-#include "ui/list/ListPlace.h"
+#include "ui/list/ListViewState.h"
 
 #include <QItemSelection>
 #include <QScrollBar>
@@ -23,14 +23,14 @@ std::vector<int> VisibleIds(const QTreeView& view, const PostListModel& model) {
   return ids;
 }
 
-// The rows in which the posts of a place stand now; -1 where there is none.
+// The current rows of the posts of a ListViewState; -1 for no row.
 struct FoundRows {
   QItemSelection selected;
   int current = -1;
   int top = -1;
 };
 
-// Neighbouring rows become one range: a selection of thousands of ranges is slow.
+// Adjacent rows are merged into one range, because a selection of thousands of ranges is slow.
 void AppendRow(const PostListModel& model, int row, QItemSelection& selection) {
   int first = row;
   if (!selection.isEmpty() && selection.last().bottom() == row - 1) {
@@ -40,16 +40,16 @@ void AppendRow(const PostListModel& model, int row, QItemSelection& selection) {
   selection.append({model.index(first, 0), model.index(row, model.columnCount() - 1)});
 }
 
-// One pass over the rows, which may be many.
-FoundRows FindRows(const PostListModel& model, const ListPlace& place) {
+// Makes a single pass over the rows, as there may be 200,000.
+FoundRows FindRows(const PostListModel& model, const ListViewState& state) {
   std::unordered_map<int, int> lineOf;
-  for (const int id : place.visible) lineOf.emplace(id, static_cast<int>(lineOf.size()));
+  for (const int id : state.visible) lineOf.emplace(id, static_cast<int>(lineOf.size()));
   FoundRows found;
   int topLine = std::numeric_limits<int>::max();
   for (int row = 0; row < model.rowCount(); ++row) {
     const int id = model.IdAt(row);
-    if (place.selected.contains(id)) AppendRow(model, row, found.selected);
-    if (id == place.current) found.current = row;
+    if (state.selected.contains(id)) AppendRow(model, row, found.selected);
+    if (id == state.current) found.current = row;
     if (const auto seen = lineOf.find(id); seen != lineOf.end() && seen->second < topLine) {
       topLine = seen->second;
       found.top = row - topLine;
@@ -58,54 +58,54 @@ FoundRows FindRows(const PostListModel& model, const ListPlace& place) {
   return found;
 }
 
-// The row by which the user finds the place again: the current one, or when that is not seen the
-// topmost.
-QModelIndex Anchor(const QTreeView& view) {
+// The row that stays on its line: the current row, or the topmost row if the current one is not
+// visible.
+QModelIndex AnchorRow(const QTreeView& view) {
   const QModelIndex current = view.currentIndex();
   const bool isSeen = view.visualRect(current).intersects(view.viewport()->rect());
   return isSeen ? current : view.indexAt({0, 0});
 }
 
 template <typename Change>
-void ChangeInPlace(QTreeView& view, Change change) {
-  const QPersistentModelIndex anchor = Anchor(view);
+void ChangeKeepingPosition(QTreeView& view, Change change) {
+  const QPersistentModelIndex anchor = AnchorRow(view);
   const int line = anchor.row() - view.verticalScrollBar()->value();
   change();
   if (!anchor.isValid()) return;
-  view.doItemsLayout();  // the scroll bar's range is that of the old rows until then
+  view.doItemsLayout();  // updates the scroll bar's range for the new rows
   view.verticalScrollBar()->setValue(anchor.row() - line);
 }
 
 }  // namespace
 
-ListPlace TakePlace(const QTreeView& view, const PostListModel& model) {
-  ListPlace place;
+ListViewState SaveViewState(const QTreeView& view, const PostListModel& model) {
+  ListViewState state;
   for (const QItemSelectionRange& range : view.selectionModel()->selection()) {
     for (int row = range.top(); row <= range.bottom(); ++row) {
-      place.selected.insert(model.IdAt(row));
+      state.selected.insert(model.IdAt(row));
     }
   }
-  place.visible = VisibleIds(view, model);
-  if (view.currentIndex().isValid()) place.current = model.IdAt(view.currentIndex().row());
-  return place;
+  state.visible = VisibleIds(view, model);
+  if (view.currentIndex().isValid()) state.current = model.IdAt(view.currentIndex().row());
+  return state;
 }
 
-void RestorePlace(QTreeView& view, const PostListModel& model, const ListPlace& place) {
-  const FoundRows rows = FindRows(model, place);
+void RestoreViewState(QTreeView& view, const PostListModel& model, const ListViewState& state) {
+  const FoundRows rows = FindRows(model, state);
   view.selectionModel()->setCurrentIndex(model.index(rows.current, kTitleColumn),
                                          QItemSelectionModel::NoUpdate);
   view.selectionModel()->select(rows.selected, QItemSelectionModel::ClearAndSelect);
   if (rows.top < 0) return;
-  view.doItemsLayout();  // the scroll bar's range is that of the old rows until then
+  view.doItemsLayout();  // updates the scroll bar's range for the new rows
   view.verticalScrollBar()->setValue(rows.top);
 }
 
-void SortInPlace(QTreeView& view, PostListModel& model, int column, Qt::SortOrder order) {
-  ChangeInPlace(view, [&] { model.sort(column, order); });
+void SortKeepingPosition(QTreeView& view, PostListModel& model, int column, Qt::SortOrder order) {
+  ChangeKeepingPosition(view, [&] { model.sort(column, order); });
 }
 
-void AppendInPlace(QTreeView& view, PostListModel& model, PostList list) {
-  ChangeInPlace(view, [&] { model.Append(std::move(list)); });
+void AppendKeepingPosition(QTreeView& view, PostListModel& model, PostList list) {
+  ChangeKeepingPosition(view, [&] { model.Append(std::move(list)); });
 }
 
 }  // namespace feedloom
