@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTest>
 
 #include "skin/Keys.h"
@@ -28,11 +29,9 @@ using Strings = std::vector<std::string>;
 
 // Lists in a pane, when there is one, as the frame itself does.
 struct ListingFrame : FakeFrame {
-  void ListPosts(ListMode mode, PostList list, FirstShown shownFirst) override {
-    FakeFrame::ListPosts(mode, list, shownFirst);
-    if (!listPane) return;
-    listPane->Fill(std::move(list));
-    listPane->ShowFirst(shownFirst);
+  void ListPosts(ListMode mode, PostList list, FirstShown first) override {
+    FakeFrame::ListPosts(mode, list, first);
+    if (listPane) listPane->Fill(std::move(list)), listPane->ShowFirst(first);
   }
   CRSS_RightTopContainer* listPane = nullptr;
 };
@@ -55,9 +54,8 @@ class PostListPane : public testing::Test {
   static PostList NumberedPosts(int newest) {
     PostList list;
     for (int id = newest; id >= 1; --id) {
-      PostRow& post = list.posts.emplace_back();
-      post.id = id;
-      post.title = "Post " + std::to_string(id);
+      list.posts.emplace_back().id = id;
+      list.posts.back().title = "Post " + std::to_string(id);
     }
     return list;
   }
@@ -68,20 +66,19 @@ class PostListPane : public testing::Test {
     EXPECT_TRUE(LoadChannelWithPosts(frame_.GetStore(), channel_, loaded));
     return {.posts = std::move(loaded.posts)};
   }
-  // The posts of a new cabinet, "kept 3" first.
-  PostList CabinetPosts(int count) {
+  // The posts of a new cabinet: "kept 2" and "kept 1".
+  PostList CabinetPosts() {
     CabinetWithPosts loaded;
     cabinet_ = AddCabinet(frame_.GetStore(), "c", 1);
-    for (int i = 1; i <= count; ++i) {
-      const std::string number = std::to_string(i);
-      InsertScrapPost(frame_.GetStore(), cabinet_, "kept " + number, "l", "2008-05-0" + number, "");
+    for (const char* const title : {"kept 1", "kept 2"}) {
+      InsertScrapPost(frame_.GetStore(), cabinet_, title, "l", title, "");
     }
     EXPECT_TRUE(LoadCabinetWithPosts(frame_.GetStore(), cabinet_, loaded));
     return {.posts = std::move(loaded.posts), .areScrapPosts = true};
   }
-  // From now on every such statement on the rows of a table fails.
-  void RefuseInStore(const std::string& statement, const std::string& rows) {
-    frame_.db.Sql("create trigger no_" + statement + " before " + statement + " on " + rows +
+  // From now on every such statement fails.
+  void RefuseInStore(const std::string& statement) {
+    frame_.db.Sql("create trigger refuse before " + statement +
                   " begin select raise(abort, 'refused'); end");
   }
 
@@ -111,12 +108,12 @@ class PostListPane : public testing::Test {
   std::string Title(int row) const { return Index(row).data().toString().toStdString(); }
   std::string TopTitle() const { return Title(list_.indexAt({0, 0}).row()); }
   int RowCount() const { return list_.model()->rowCount(); }
-  // The titles, read ones in parentheses; a selected row begins with ">".
+  // The titles of all rows, read ones in parentheses, selected ones behind ">".
   std::string Rows() const {
     std::string rows;
     for (int row = 0; row < RowCount(); ++row) {
-      const bool isRead = Index(row).data(PostListModel::kIsReadRole).toBool();
       rows += list_.selectionModel()->isSelected(Index(row)) ? ">" : "";
+      const bool isRead = Index(row).data(PostListModel::kIsReadRole).toBool();
       rows += (isRead ? "(" + Title(row) + ")" : Title(row)) + " ";
     }
     return rows;
@@ -126,12 +123,9 @@ class PostListPane : public testing::Test {
     for (const int row : list_.SelectedRows()) titles += Title(row) + " ";
     return titles;
   }
-  std::string Stored(const std::string& table, const std::string& title) const {
-    return frame_.db.Value("select group_concat(" + title + ", ' ') from (select * from " + table +
-                           " order by " + title + ")");
-  }
   std::string UnreadStored() const {
-    return Stored("TB_POST where post_readStatus=0", "post_title");
+    return frame_.db.Value(
+        "select group_concat(post_title) from TB_POST where not post_readStatus");
   }
 
   ListingFrame frame_;
@@ -141,8 +135,7 @@ class PostListPane : public testing::Test {
   QComboBox& scope_ = *bar_.findChild<QComboBox*>();
   QLineEdit& word_ = *bar_.findChild<QLineEdit*>();
   QAbstractButton& button_ = *bar_.findChild<QAbstractButton*>();
-  int channel_ = 0;
-  int cabinet_ = 0;
+  int channel_ = 0, cabinet_ = 0;
 };
 
 }  // namespace feedloom
