@@ -5,8 +5,10 @@ namespace {
 
 using SearchToolBarTest = PostListPane;
 
-TEST_F(SearchToolBarTest, HasTheSkinsHeightAndTheWordGivesWayBeforeTheScope) {
+TEST_F(SearchToolBarTest, HasTheSkinsSizeTellsWhatItsControlsAreAndShrinksTheWordFirst) {
   EXPECT_EQ(bar_.sizeHint(), QSize(508, 40));
+  EXPECT_EQ(bar_.objectName() + bar_.accessibleName(), "RSS_RightTopToolBar검색 도구 모음");
+  EXPECT_EQ(scope_.toolTip() + word_.accessibleName() + button_.toolTip(), "검색 범위검색어검색");
   for (const auto& [width, scope, word] :
        {std::tuple(508, 84, 172), {312, 84, 172}, {302, 84, 162}, {172, 76, 40}, {100, 40, 40}}) {
     bar_.resize(width, 40);

@@ -12,7 +12,7 @@ namespace {
 class WebSearchTest : public PostListPane {
  protected:
   WebSearchTest() {
-    frame_.listPane = &pane_;
+    frame_.pane = &pane_;
     frame_.directoryService = service_.Address();
     word_.setText("word");
   }
@@ -134,7 +134,7 @@ TEST_F(WebSearchTest, WhateverElseIsListedCancelsIt) {
 }
 
 TEST_F(WebSearchTest, APaneThatGoesDuringASearchIsNotTouched) {
-  frame_.listPane = nullptr;
+  frame_.pane = nullptr;
   auto pane = std::make_unique<CRSS_RightTopContainer>(frame_, nullptr);
   service_.Hang(1);
   pane->findChild<QLineEdit*>()->setText("word");

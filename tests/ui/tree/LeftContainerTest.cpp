@@ -54,6 +54,7 @@ TEST_F(LeftContainerTest, OpensWithAllRowsAndNoneSelectedInsideItsFrame) {
   EXPECT_EQ(tree->geometry(), QRect(6, 41, 239, 353));
   EXPECT_EQ(tree->visualRect(Row("Daily")).topLeft(), QPoint(28, 24));
   EXPECT_EQ(tree->accessibleName(), "채널과 보관함");
+  EXPECT_EQ(pane->Subscriptions().size(), 2U) << "the cabinets are none";
   const QImage picture = pane->grab().toImage();
   EXPECT_EQ(picture.pixelColor(5, 40), QColor(0x76, 0x8A, 0x8E));
   EXPECT_EQ(picture.pixelColor(245, 394), QColor(0x76, 0x8A, 0x8E));
@@ -202,6 +203,7 @@ TEST_F(LeftContainerTest, AGroupsCountFollowsItsRowsAndNoneGoesBelowZero) {
   pane->SetChannelUnread(6, 0);  // more than its folder has
   for (const int channel : {5, 6}) pane->SetChannelUnread(channel, 2);
   pane->PostIsSaved(6);
+  EXPECT_EQ(pane->SetChannelUnread(weekly, 9), 0) << "its row is gone";
   EXPECT_EQ(Rows(), "F(2) X(2) G(2) Y(2) 보관함(1) B(1)");
 }
 
@@ -343,6 +345,9 @@ TEST_F(LeftContainerTest, MarksAreSeenLeftOfAChannelsIconAndInIt) {
   EXPECT_EQ(Picture("Daily", 14), noMark);
   pane->SetChannelNew(weekly, true);
   EXPECT_TRUE(moves("Weekly"));
+  pane->SetChannelNewByMessage(daily, true);
+  EXPECT_TRUE(moves("Daily")) << "though it stood still unseen";
+  EXPECT_NE(Picture("Daily", 45), Picture("Weekly", 45)) << "the names";
 }
 
 }  // namespace
