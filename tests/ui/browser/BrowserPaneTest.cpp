@@ -1,263 +1,264 @@
-// What the pane shows, and how its toolbar goes along.
-#include "ui/browser/BrowserPaneFixture.h"
+// What the pane shows, and how its toolbar and the host's status text go along.
+#include <QWebEngineHistory>
+
+#include "ui/browser/BrowserFixture.h"
 
 namespace feedloom {
 namespace {
 
-class BrowserPane : public BrowserPaneFixture {
+class BrowserPane : public BrowserFixture {
  protected:
-  // Goes to a page that is there and not loaded, since its picture does not come: a button of a
-  // page above a link, each a hundred pixels high.
-  void BeginSlowPage() {
+  // The enabled ones of Back, Next, Stop and Feed, and the address.
+  QString Bar() const {
+    QString bar;
+    for (const char* key : {kTextBackTooltip, kTextNextTooltip, kTextStopTooltip, kTextAddTooltip})
+      bar += Button(key).isEnabled() ? "+" : "-";
+    return bar + Address().text().replace(Url(""), "");
+  }
+  // The text of the page that comes, and the bar then.
+  QString ShownBy(const std::function<void()>& begin) {
+    WaitForPage(begin);
+    return Text().trimmed() + " " + Bar();
+  }
+  QString ShownBy(const char* key) {
+    return ShownBy([&] { Button(key).click(); });
+  }
+  // Goes to a page that is there but not loaded, since its image does not come: a page's button
+  // above a link, each a hundred pixels high.
+  void BeginSlowPage(const std::string& image) {
     server_.Serve("/slow",
-                  "<body style='margin:0'><a id=b style='display:block;height:100px' "
-                  "href='ID_BTN_RSSADD?0'>x</a><a style='display:block;height:100px' "
-                  "href='/next'>y</a><img src='/never'>",
+                  "<style>*{margin:0} a{display:block;height:100px}</style><a id=b href="
+                  "'ID_BTN_RSSADD?0'>x</a><a href='/next'>y</a><img src='" +
+                      image + "'>",
                   "text/html");
-    server_.Hang("/never");
-    Address().setText(Url("/slow"));
-    Button(kTextGoTooltip).click();
-    ASSERT_TRUE(WasRequested("/never"));
-    ASSERT_TRUE(ComesTrue([&] { return Page().url() == QUrl(Url("/slow")); }));
-    // Before that a click on it would not count as the user's.
+    server_.Hang(image);
+    Go(Url("/slow"));
+    ASSERT_TRUE(WasRequested(image));
+    // A click before that would not count as the user's.
     ASSERT_TRUE(ComesTrue([&] { return Evaluate("typeof isUserActive") == "function"; }));
   }
 };
 
 TEST_F(BrowserPane, BeginsWithTheMainPageWithoutAnAddress) {
-  ShowMainPage();
+  EXPECT_EQ(Bar(), "----");
+  WaitForPage([&] { pane_.ShowMainPage(); });
   EXPECT_TRUE(Text().contains("Feedloom"));
-  EXPECT_EQ(Address().text(), "");
-  EXPECT_FALSE(Button(kTextBackTooltip).isEnabled());
-  EXPECT_FALSE(Button(kTextNextTooltip).isEnabled());
-  EXPECT_FALSE(Button(kTextStopTooltip).isEnabled());
-  EXPECT_FALSE(Button(kTextAddTooltip).isEnabled());
+  EXPECT_EQ(Bar(), "----");
+  const QWidget& view = *pane_.findChild<QWebEngineView*>();
+  EXPECT_EQ(view.accessibleName(), "Web Browser");
+  EXPECT_EQ(view.size(), view.parentWidget()->parentWidget()->size());
 }
 
-TEST_F(BrowserPane, APostShowsAsAPageOfItsOwn) {
-  Show(Post("the post", "/post"));
-  EXPECT_TRUE(Text().contains("About the post"));
-  EXPECT_EQ(Evaluate("document.getElementById('scraplink-0').title"), Url("/post"));
-  EXPECT_EQ(Evaluate("document.getElementById('rsspath-0')"), QVariant());
-  EXPECT_EQ(Address().text(), "");
-  EXPECT_EQ(server_.Requests("/post"), 0);
-}
-
-TEST_F(BrowserPane, AResultOfTheWebDirectoryHasTheButtonThatAddsItsFeed) {
-  PostRow post = Post("found", "/post");
+TEST_F(BrowserPane, APostShowsAsAGeneratedPageWithItsFeedOnlyInTheWebDirectory) {
+  PostRow post = Post(Korean("한글 똠방각하"), "/post");
   post.feedUrl = "http://feed.example/";
   Show(post);
+  EXPECT_TRUE(Text().contains("About 한글 똠방각하"));
+  EXPECT_EQ(Evaluate("document.getElementById('scraplink-0').title"), Url("/post"));
   EXPECT_EQ(Evaluate("document.getElementById('rsspath-0')"), QVariant());
+  EXPECT_EQ(Bar(), "----");
+  EXPECT_EQ(server_.Requests("/post") + std::ssize(frame_.messages), 0);
   frame_.state.listMode = ListMode::WebDirectory;
+  frame_.showsRemoteImages = false;
   Show(post);
   EXPECT_EQ(Evaluate("document.getElementById('rsspath-0').title"), "http://feed.example/");
+  EXPECT_TRUE(Evaluate("document.head.innerHTML").toString().contains("img-src feedloom: data:\""));
+  EXPECT_TRUE(Evaluate("document.querySelector('link').sheet !== null").toBool());
 }
 
-TEST_F(BrowserPane, InTheOriginalModeAPostShowsAsItsWebPage) {
-  server_.Serve("/post", "the web page", "text/html");
+TEST_F(BrowserPane, AnotherModeRedrawsThePostThatIsOnDisplayAndNothingElse) {
+  server_.Serve("/story", "The story", "text/html");
+  server_.Redirect("/moved", "/story");
+  const auto redraw = [&] { pane_.Redraw(); };
+  WaitForPage([&] { pane_.ShowMainPage(); });
   pane_.SetMode(0);
-  pane_.ShowPost(Post("the post", "/post"));
-  EXPECT_EQ(Address().text(), Url("/post"));  // at once
-  ASSERT_TRUE(QSignalSpy(&pane_, &CRSS_RightBottomContainer::PageShown).wait(30'000));
-  EXPECT_EQ(Text(), "the web page");
-  EXPECT_EQ(Address().text(), Url("/post"));
-}
-
-TEST_F(BrowserPane, InTheOriginalModeALinkThatIsNoWebAddressShowsThePostsPage) {
+  redraw();
+  const auto show = [&] {
+    pane_.ShowPost(Post("Moved", "/moved"));
+    EXPECT_EQ(Bar(), "----/moved");  // at once
+  };
+  EXPECT_EQ(ShownBy(show), "The story +---/story");
+  pane_.SetMode(1);
+  EXPECT_TRUE(ShownBy(redraw).contains("About Moved"));
+  redraw();  // the mode is the same
+  Visit("/elsewhere", "Elsewhere");
   pane_.SetMode(0);
+  redraw();
+  EXPECT_TRUE(ShownBy(kTextBackTooltip).contains("About Moved"));  // the first page that comes
+  EXPECT_EQ(Page().history()->count(), 4);
+  EXPECT_EQ(ShownBy(redraw), "The story +---/story");
   PostRow post = Post("the post", "/post");
   for (const char* link : {"file:///etc/hostname", "", "javascript:alert(1)"}) {
-    post.link = link;
+    post.link = link;  // no web page of its own
     Show(post);
     EXPECT_TRUE(Text().contains("About the post")) << link;
   }
 }
 
-TEST_F(BrowserPane, AnotherModeRedrawsThePostThatIsOnDisplayAndNothingElse) {
-  server_.Serve("/story", "<html><body>The story</body></html>", "text/html");
-  server_.Redirect("/moved", "/story");
-  ShowMainPage();
-  pane_.SetMode(0);
-  pane_.Redraw();
-  Show(Post("Moved", "/moved"));
-  EXPECT_EQ(Text(), "The story");
-  pane_.SetMode(1);
-  WaitForPage([&] { pane_.Redraw(); });
-  EXPECT_TRUE(Text().contains("About Moved"));
-  Visit("/elsewhere", "<html><body>Elsewhere</body></html>");
-  pane_.SetMode(0);
-  pane_.Redraw();
-  PressForPage(kTextBackTooltip);  // the first page that comes
-  EXPECT_TRUE(Text().contains("About Moved"));
-  WaitForPage([&] { pane_.Redraw(); });
-  EXPECT_EQ(Text(), "The story");
-}
-
-TEST_F(BrowserPane, BackAndForwardBringEarlierPagesAgain) {
-  Show(Post("one", "/1"));
-  Visit("/web", "a web page");
-  Show(Post("two", "/2"));
+TEST_F(BrowserPane, BackForwardAndReloadBringPagesAgainAndScriptsRunInWebPagesOnly) {
+  const std::string script = "<p id=p>still</p><script>p.textContent = 'ran'</script>";
+  Write(QByteArray::fromStdString(script + "<!--" + std::string(5 << 20, 'x') + "-->"));
+  EXPECT_EQ(Text().trimmed(), "still");
+  view_.WritePageToBrowser({});  // nothing to show
+  Visit("/web", script);
+  Write("two");
   EXPECT_EQ(Page().history()->count(), 3);
-  PressForPage(kTextBackTooltip);
-  EXPECT_EQ(Text(), "a web page");
-  EXPECT_EQ(Address().text(), Url("/web"));
-  PressForPage(kTextBackTooltip);
-  EXPECT_TRUE(Text().contains("About one"));
-  EXPECT_EQ(Address().text(), "");
-  EXPECT_FALSE(Button(kTextBackTooltip).isEnabled());
-  PressForPage(kTextNextTooltip);
-  PressForPage(kTextNextTooltip);
-  EXPECT_TRUE(Text().contains("About two"));
-  EXPECT_FALSE(Button(kTextNextTooltip).isEnabled());
+  EXPECT_EQ(ShownBy(kTextBackTooltip), "ran ++--/web");
+  EXPECT_EQ(ShownBy(kTextBackTooltip), "still -+--");
+  EXPECT_EQ(ShownBy(kTextNextTooltip), "ran ++--/web");
+  server_.Serve("/web", "new", "text/html");
+  EXPECT_EQ(ShownBy(kTextRefreshTooltip), "new ++--/web");
+  EXPECT_EQ(ShownBy(kTextNextTooltip), "two +---");
+  EXPECT_EQ(ShownBy(kTextRefreshTooltip), "two +---");
 }
 
-TEST_F(BrowserPane, ReloadAsksForThePageAgain) {
-  Visit("/web", "old");
-  server_.Serve("/web", "new", "text/html");
-  PressForPage(kTextRefreshTooltip);
-  EXPECT_EQ(Text(), "new");
-  Show(Post("one", "/1"));
-  PressForPage(kTextRefreshTooltip);
-  EXPECT_TRUE(Text().contains("About one"));
+TEST_F(BrowserPane, APageComesOnScreen) {
+  for (const QColor color : {Qt::red, Qt::blue}) {
+    Write("<body style='background:" + color.name().toLatin1() + "'>");
+    EXPECT_TRUE(ComesTrue([&] { return view_.grab().toImage().pixelColor(50, 50) == color; }));
+  }
+}
+
+TEST_F(BrowserPane, ALinkLeadsWhereItsServerSendsItAlsoForAWindowOfItsOwn) {
+  server_.Serve("/story", "the story", "text/html");
+  server_.Redirect("/link", server_.Url("/story"));
+  for (const char* attribute : {"", "target=_blank "}) {
+    Show(Post("post", "/",
+              std::string("<a id=l ") + attribute + "href=" + server_.Url("/link") + ">x</a>"));
+    EXPECT_EQ(ShownBy([&] { Click("#l"); }).split(" +")[0], "the story") << attribute;
+  }
 }
 
 TEST_F(BrowserPane, StopEndsALoadThatTakesItsTime) {
   server_.Hang("/never");
   Show(Post("one", "/1"));
-  Address().setText(Url("/never"));
-  Button(kTextGoTooltip).click();
+  Go(Url("/never"));
   ASSERT_TRUE(WasRequested("/never"));
-  EXPECT_TRUE(Button(kTextStopTooltip).isEnabled());
-  EXPECT_EQ(Address().text(), Url("/never"));
-  PressForPage(kTextStopTooltip);
-  EXPECT_FALSE(Button(kTextStopTooltip).isEnabled());
-  EXPECT_TRUE(Text().contains("About one"));
-  EXPECT_EQ(Address().text(), "");
+  EXPECT_EQ(Bar(), "--+-/never");
+  EXPECT_TRUE(ShownBy(kTextStopTooltip).contains("About one"));
+  EXPECT_EQ(Bar(), "----");
 }
 
-TEST_F(BrowserPane, GoCompletesTheAddress) {
-  server_.Serve("/web", "a web page", "text/html");
-  GoTo(Url("/web").remove("http://"));
-  EXPECT_EQ(Text(), "a web page");
-  EXPECT_EQ(Address().text(), Url("/web"));
-  EXPECT_FALSE(Address().hasFocus());
-}
-
-TEST_F(BrowserPane, GoWithoutAnAddressOrWithAnImpossibleOneStays) {
-  Visit("/web", "a web page");
-  Address().clear();
-  Button(kTextGoTooltip).click();
-  EXPECT_FALSE(Button(kTextStopTooltip).isEnabled());
-  frame_.messages.clear();
-  for (const char* typed : {"javascript:document.body.innerText='run'", "chrome://crash", "a b"}) {
-    Address().setText(typed);
-    Button(kTextGoTooltip).click();
-    EXPECT_FALSE(Button(kTextStopTooltip).isEnabled()) << typed;
-  }
-  EXPECT_EQ(frame_.messages.size(), 3u);
-  EXPECT_EQ(Text(), "a web page");
-}
-
-TEST_F(BrowserPane, WhatTheUserTypesIsNotOverwrittenByAPageThatArrives) {
+TEST_F(BrowserPane, GoCompletesTheAddressAndRefusesAnImpossibleOne) {
   server_.Serve("/web", "a web page", "text/html");
   Address().setFocus();
+  Address().setText(Url("/web").remove("http://"));
+  EXPECT_EQ(ShownBy([&] { QTest::keyClick(&Address(), Qt::Key_Return); }), "a web page ----/web");
+  EXPECT_FALSE(Address().hasFocus());
+  for (const char* typed :
+       {"", "javascript:document.body.innerText='run'", "chrome://crash", "a b"}) {
+    frame_.messages.clear();
+    Go(typed);
+    EXPECT_FALSE(view_.IsLoading()) << typed;
+    EXPECT_EQ(frame_.messages.size(), *typed == 0 ? 0u : 1u) << typed;
+  }
+  EXPECT_EQ(Text(), "a web page");
+  Address().setFocus();
+  Address().clear();
   QTest::keyClicks(&Address(), "exam");
-  pane_.SetMode(1);
-  Show(Post("one", "/1"));
+  Visit("/other", "another");  // does not overwrite what the user is typing
   EXPECT_EQ(Address().text(), "exam");
 }
 
-TEST_F(BrowserPane, StatusTextsGoToTheHostFromANavigationToItsEnd) {
-  BeginSlowPage();
-  QTest::mouseMove(&Surface(), {50, 150});
-  EXPECT_TRUE(ComesTrue([&] { return HostWasTold(server_.Url("/next")); }));
-  EXPECT_FALSE(HostWasTold(HostText(kTextPageLoaded)));
-
+TEST_F(BrowserPane, StatusTextsGoToTheHostFromANavigationToItsEndOrToAPagesButton) {
+  QSignalSpy hovered(&Page(), &QWebEnginePage::linkHovered);
+  const auto hover = [&](int y) {
+    QTest::mouseMove(&Surface(), {50, y});
+    EXPECT_TRUE(hovered.wait(30'000));
+  };
+  BeginSlowPage("/never");
+  hover(150);
+  EXPECT_TRUE(IsLastMessageWith(server_.Url("/next")));
+  EXPECT_EQ(std::ranges::count(frame_.messages, HostText(kTextPageLoaded)), 0);
   WaitForPage([&] { server_.Fail("/never", 404); });
   EXPECT_EQ(frame_.messages.back(), HostText(kTextPageLoaded));
   frame_.messages.clear();
-  QSignalSpy hovered(&Page(), &QWebEnginePage::linkHovered);
-  for (const QPoint place : {QPoint(50, 250), QPoint(60, 160)}) {
-    QTest::mouseMove(&Surface(), place);
-    EXPECT_TRUE(hovered.wait(20'000));
-  }
-  EXPECT_EQ(frame_.messages, std::vector<std::string>());
-}
-
-TEST_F(BrowserPane, AButtonOfThePageEndsTheStatusTexts) {
-  BeginSlowPage();
+  for (const int y : {250, 160, 250}) hover(y);
+  EXPECT_EQ(frame_.messages.size(), 0u);
+  BeginSlowPage("/never again");
   Click("#b");
   ASSERT_TRUE(ComesTrue([&] { return !frame_.addedAddresses.empty(); }));
   frame_.messages.clear();
-  QSignalSpy hovered(&Page(), &QWebEnginePage::linkHovered);
-  QTest::mouseMove(&Surface(), {50, 150});
-  ASSERT_TRUE(ComesTrue([&] { return !hovered.empty(); }));
-  EXPECT_FALSE(HostWasTold(server_.Url("/next")));
+  hover(150);
+  EXPECT_FALSE(IsLastMessageWith(server_.Url("/next")));
 }
 
-TEST_F(BrowserPane, APageThatTheModuleWritesSaysNothingToTheHost) {
-  Show(Post("one", "/1"));
-  EXPECT_EQ(frame_.messages, std::vector<std::string>());
-}
-
-TEST_F(BrowserPane, APageThatFailsSaysSo) {
+TEST_F(BrowserPane, APageThatCannotBeLoadedCountsAsShownAndSaysSo) {
   server_.Fail("/gone", 404);
-  GoTo(Url("/gone"));
+  for (const QString& address :
+       {QString("feedloom://page/9"), QString("http://127.0.0.1:1"), Url("/gone")})
+    WaitForPage([&] { view_.Navigate(address); });
   EXPECT_EQ(frame_.messages.back(), HostText(kTextPageNotLoaded));
 }
 
-TEST_F(BrowserPane, PicturesInTheWebCanBeKeptOut) {
-  PostRow post = Post("pictures", "/1");
-  post.description = "<img src='" + server_.Url("/picture.png") + "'>";
-  Show(post);
-  EXPECT_TRUE(WasRequested("/picture.png"));
-  frame_.showsRemoteImages = false;
-  post.description = "<img src='" + server_.Url("/hidden.png") + "'>";
-  Show(post);
-  Text();
-  EXPECT_EQ(server_.Requests("/hidden.png"), 0);
-}
-
 TEST_F(BrowserPane, KeysDoWhatTheButtonsDo) {
-  const auto press = [&](QKeySequence keys) {
-    pane_.setFocus();
-    QTest::keySequence(&Surface(), keys);
-  };
   Visit("/1", "one");
   Visit("/2", "two");
-  WaitForPage([&] { press(Qt::ALT | Qt::Key_Left); });
-  EXPECT_EQ(Text(), "one");
-  WaitForPage([&] { press(Qt::ALT | Qt::Key_Right); });
-  EXPECT_EQ(Text(), "two");
-  press(Qt::CTRL | Qt::Key_L);
+  EXPECT_EQ(ShownBy([&] { Press(Qt::ALT | Qt::Key_Left); }), "one -+--/1");
+  EXPECT_EQ(ShownBy([&] { Press(Qt::ALT | Qt::Key_Right); }), "two +---/2");
+  Press(Qt::CTRL | Qt::Key_L);
   EXPECT_TRUE(Address().hasFocus());
   QTest::keyClicks(&Address(), "elsewhere");
   QTest::keyClick(&Address(), Qt::Key_Escape);
-  EXPECT_EQ(Address().text(), Url("/2"));
+  EXPECT_EQ(Bar(), "+---/2");
+  EXPECT_FALSE(Address().hasFocus());
   server_.Hang("/never");
-  Address().setText(Url("/never"));
-  Button(kTextGoTooltip).click();
+  Go(Url("/never"));
   ASSERT_TRUE(WasRequested("/never"));
-  WaitForPage([&] { press(Qt::Key_Escape); });
-  EXPECT_FALSE(Button(kTextStopTooltip).isEnabled());
+  EXPECT_EQ(ShownBy([&] { Press(Qt::Key_Escape); }), "two +---/2");
   EXPECT_EQ(frame_.messages.back(), "");
 }
 
-TEST_F(BrowserPane, APageMayLookLikeItIsAskingAndIsToldNo) {
+TEST_F(BrowserPane, APagesOwnDialogsAreToldNo) {
   Visit("/web", "<script>alert(1); document.write(confirm('?') + ' ' + prompt('?'))</script>");
   EXPECT_EQ(Text(), "false null");
 }
 
 TEST_F(BrowserPane, AWindowOfAPagesOwnOpensInItsPlaceWhenTheUserClicks) {
   server_.Serve("/next", "the next page", "text/html");
+  std::vector<QUrl> outside;
+  frame_.actions.openOutside = [&](const QUrl& url) { return outside.push_back(url), true; };
   Visit("/web",
         "<a id=l onclick=\"window.open('/next')\">x</a><a id=e onclick=\"window.open('')\">y</a>"
-        "<script>open('/next')</script>");
-  EXPECT_EQ(Text(), "xy");
+        "<a id=m onclick=\"window.open('mailto:a@h')\">z</a><script>window.open('/next')</script>");
   Click("#e");
-  EXPECT_EQ(Text(), "xy");
-  ClickForPage("#l");
-  EXPECT_EQ(Text(), "the next page");
+  Click("#m");
+  EXPECT_TRUE(ComesTrue([&] { return !outside.empty(); }));
+  EXPECT_EQ(Text(), "xyz");
+  EXPECT_EQ(ShownBy([&] { Click("#l"); }), "the next page +---/next");
+}
+
+// The page is kept from answering until another one has been asked for.
+TEST_F(BrowserPane, AnAnswerOfAPageThatWasLeftIsDropped) {
+  const std::string hold = "x = new XMLHttpRequest(); x.open('GET', '/held', false); x.send()";
+  const std::string page =
+      "<link rel=alternate type='application/rss+xml' href='/feed'><div id=title-0>t</div>";
+  QSignalSpy acted(&view_, &CRSS_HtmlView::ActionClicked);
+  QSignalSpy found(&view_, &CRSS_HtmlView::FeedsFound);
+  QSignalSpy completed(&view_, &CRSS_HtmlView::Completed);
+  const auto leave = [&] {
+    view_.Navigate(Url("/next"));
+    EXPECT_TRUE(ComesTrue([&] { return view_.IsLoading(); }));
+    WaitForPage([&] { server_.Serve("/held", "", "text/plain"); });
+    LetEngineFinish();
+  };
+  server_.Serve("/next", "next", "text/html");
+  server_.Hang("/held");
+  server_.Serve("/web",
+                page + "<script>c = new MessageChannel(); c.port1.onmessage = () => {" + hold +
+                    "}; onload = () => c.port2.postMessage(0)</script>",
+                "text/html");
+  view_.Navigate(Url("/web"));
+  EXPECT_TRUE(ComesTrue([&] { return completed.count() == 1; }));
+  EXPECT_TRUE(WasRequested("/held"));
+  leave();
+  EXPECT_EQ(found.count(), 1);  // of the next page
+  Visit("/web", page);
+  server_.Hang("/held");
+  Page().runJavaScript(QString::fromStdString(hold));
+  view_.Act({PageAction::SavePost, 0});
+  leave();
+  EXPECT_EQ(acted.count(), 0);
 }
 
 }  // namespace

@@ -1,113 +1,106 @@
-// The feeds that web pages announce, and the menu that offers them.
-#include "ui/browser/BrowserPaneFixture.h"
+// The feeds that web pages announce, from the page to the menu that offers them.
+#include <QMenu>
+
+#include "ui/browser/BrowserFixture.h"
+#include "ui/browser/FeedLinks.h"
 
 namespace feedloom {
 namespace {
 
-class Discovery : public BrowserPaneFixture {
+class Discovery : public BrowserFixture {
  protected:
-  // A page that announces these, in its head.
-  static std::string PageWith(const std::string& links) {
-    return "<html><head>" + links + "</head><body>a page</body></html>";
-  }
-  static std::string FeedLink(const std::string& title, const std::string& href) {
+  static std::string FeedLink(const std::string& href, const std::string& title = {}) {
     return "<link rel=alternate type='application/rss+xml' title='" + title + "' href='" + href +
            "'>";
   }
-  bool FindsFeeds() {
+  bool FindsFeeds() const {
     return ComesTrue([&] { return Button(kTextAddTooltip).isEnabled(); });
   }
-  std::vector<std::string> Addresses() const {
-    std::vector<std::string> addresses;
+  // "title=address" of each.
+  std::vector<std::string> Found() const {
+    std::vector<std::string> all;
     for (const DiscoveredFeed& feed : frame_.state.discoveredFeeds)
-      addresses.push_back(feed.address);
-    return addresses;
-  }
-  QMenu& OpenMenu() {
-    Button(kTextAddTooltip).click();
-    return *pane_.findChild<QMenu*>();
+      all.push_back(feed.title + "=" + feed.address);
+    return all;
   }
 };
 
-TEST_F(Discovery, TakesTheRssLinksInWhateverCaseAndNoOthers) {
+using Feeds = std::vector<std::string>;
+
+TEST_F(Discovery, TakesTheRssLinksOfThePageItselfAndNoOthers) {
+  server_.Serve("/frame", FeedLink("/frame.xml"), "text/html");
   Visit("/a/b/page",
-        PageWith("<LINK REL=Alternate TYPE='Application/RSS+XML' TITLE='One' HREF='/one.xml'>"
-                 "<link rel=alternate type='application/atom+xml' title='Atom' href='/atom.xml'>"
-                 "<link rel='alternate feed' type='application/rss+xml' href='/two.xml'>"
-                 "<link rel=stylesheet type='application/rss+xml' href='/three.xml'>"
-                 "<a rel=alternate type='application/rss+xml' href='/four.xml'>x</a>") +
-            "<link rel=alternate type='application/rss+xml' href='bare.xml'>");
+        "<head><LINK REL=Alternate TYPE='Application/RSS+XML' TITLE='One' HREF='/one.xml'>"
+        "<link rel=alternate type='application/atom+xml' title='Atom' href='/atom.xml'>"
+        "<link rel='alternate feed' type='application/rss+xml' href='/two.xml'>"
+        "<link rel=stylesheet type='application/rss+xml' href='/three.xml'></head>"
+        "<a rel=alternate type='application/rss+xml' href='/four.xml'>x</a>" +
+            FeedLink("../up.xml") +
+            "<iframe src='/frame'></iframe><img name=querySelectorAll><img name=domain><form "
+            "id=location></form>");
   ASSERT_TRUE(FindsFeeds());
-  EXPECT_EQ(Addresses(), (std::vector<std::string>{"http://127.0.0.1/one.xml", "bare.xml"}));
-  EXPECT_EQ(frame_.state.discoveredFeeds[0].title, "One");
-  EXPECT_EQ(frame_.state.discoveredFeeds[1].title, "");
+  EXPECT_EQ(Found(), (Feeds{"One=http://127.0.0.1/one.xml", "=" + server_.Url("/a/up.xml")}));
 }
 
-TEST_F(Discovery, ResolvesWhatIsRelativeToThePage) {
-  Visit("/a/b/page", PageWith(FeedLink("1", "./one.xml") + FeedLink("2", "../../two.xml") +
-                              FeedLink("3", "https://feed.example/three.xml")));
+TEST_F(Discovery, OnlyAnotherWebPageForgetsThoseBefore) {
+  Visit("/with", FeedLink("/one.xml"));
   ASSERT_TRUE(FindsFeeds());
-  EXPECT_EQ(Addresses(),
-            (std::vector<std::string>{server_.Url("/a/b/one.xml"), server_.Url("/two.xml"),
-                                      "https://feed.example/three.xml"}));
-}
-
-TEST_F(Discovery, APageWithoutFeedsForgetsThoseBefore) {
-  Visit("/with", PageWith(FeedLink("1", "/one.xml")));
-  ASSERT_TRUE(FindsFeeds());
-  Visit("/without", PageWith(""));
+  WaitForPage([&] {
+    pane_.ShowPost(Post("post", "/post", FeedLink("/two.xml")));
+    EXPECT_FALSE(Button(kTextAddTooltip).isEnabled());  // at once
+  });
+  LetEngineFinish();
   EXPECT_FALSE(Button(kTextAddTooltip).isEnabled());
-  EXPECT_EQ(Addresses(), std::vector<std::string>());
-  PressForPage(kTextBackTooltip);
+  EXPECT_EQ(Found(), Feeds{"=http://127.0.0.1/one.xml"});
+  Visit("/without", "none");
+  EXPECT_FALSE(Button(kTextAddTooltip).isEnabled());
+  EXPECT_EQ(Found(), Feeds());
+  WaitForPage([&] { Page().triggerAction(QWebEnginePage::Back); });
+  WaitForPage([&] { Page().triggerAction(QWebEnginePage::Back); });
   EXPECT_TRUE(FindsFeeds());
 }
 
-TEST_F(Discovery, APageThatTheModuleWritesOffersNoneAndLeavesTheListAlone) {
-  Visit("/with", PageWith(FeedLink("1", "/one.xml")));
-  ASSERT_TRUE(FindsFeeds());
-  PostRow post = Post("post", "/post");
-  post.description = FeedLink("2", "/two.xml");
-  pane_.ShowPost(post);
-  EXPECT_FALSE(Button(kTextAddTooltip).isEnabled());  // at once
-  ASSERT_TRUE(QSignalSpy(&pane_, &CRSS_RightBottomContainer::PageShown).wait(30'000));
-  Text();
-  EXPECT_FALSE(Button(kTextAddTooltip).isEnabled());
-  EXPECT_EQ(Addresses(), std::vector<std::string>{"http://127.0.0.1/one.xml"});
-}
-
-TEST_F(Discovery, FramesInsideAPageAnnounceNothing) {
-  server_.Serve("/frame", PageWith(FeedLink("1", "/one.xml")), "text/html");
-  Visit("/page", PageWith("") + "<iframe src='/frame'></iframe>");
-  Text();
-  EXPECT_EQ(Addresses(), std::vector<std::string>());
-}
-
-TEST_F(Discovery, AHostilePageAnnouncesItsFeedsAllTheSame) {
-  Visit("/page", PageWith(FeedLink("1", "/one.xml")) +
-                     "<img name=querySelectorAll><img name=domain><form id=location></form>");
-  ASSERT_TRUE(FindsFeeds());
-  EXPECT_EQ(Addresses(), std::vector<std::string>{"http://127.0.0.1/one.xml"});
-}
-
 TEST_F(Discovery, TheMenuOffersTheFeedsInOrderAndAddsTheChosenOne) {
-  frame_.actions.addChannel = [](const std::string&, const std::string&) {};
-  Visit("/page", PageWith(FeedLink("Rock &amp; Roll", "/one.xml") + FeedLink("", "/two.xml")));
+  Visit("/page", FeedLink("/one.xml", "Rock &amp; Roll") + FeedLink("/two.xml"));
   ASSERT_TRUE(FindsFeeds());
-  QMenu& menu = OpenMenu();
-  ASSERT_EQ(menu.actions().size(), 2);
-  EXPECT_EQ(menu.actions()[0]->text(), "Rock && Roll");
-  EXPECT_EQ(menu.actions()[1]->text(), "http://127.0.0.1/two.xml");
-  menu.actions()[1]->trigger();
-  menu.close();
+  for (const bool canAdd : {false, true}) {
+    if (canAdd) frame_.actions.addChannel = [](const std::string&, const std::string&) {};
+    Button(kTextAddTooltip).click();
+    QMenu& menu = *pane_.findChild<QMenu*>();
+    ASSERT_EQ(menu.actions().size(), 2);
+    EXPECT_EQ(menu.actions()[0]->text(), "Rock && Roll");
+    EXPECT_EQ(menu.actions()[1]->text(), "http://127.0.0.1/two.xml");
+    EXPECT_EQ(menu.actions()[1]->isEnabled(), canAdd);
+    menu.actions()[1]->trigger();
+    menu.close();
+    delete &menu;
+  }
   EXPECT_TRUE(ComesTrue([&] { return !frame_.addedAddresses.empty(); }));
-  EXPECT_EQ(frame_.addedAddresses, std::vector<std::string>{"http://127.0.0.1/two.xml"});
+  EXPECT_EQ(frame_.addedAddresses, Feeds{"http://127.0.0.1/two.xml"});
   EXPECT_EQ(pane_.focusWidget(), &Button(kTextAddTooltip));
 }
 
-TEST_F(Discovery, NothingCanBeChosenWhereNothingCanBeAdded) {
-  Visit("/page", PageWith(FeedLink("1", "/one.xml")));
-  ASSERT_TRUE(FindsFeeds());
-  EXPECT_FALSE(OpenMenu().actions()[0]->isEnabled());
+TEST(FeedLinks, AreResolvedByHowTheyBegin) {
+  const char* const deep = "https://example.com/a/b/c/page.html";
+  const struct {
+    const char *href, *domain, *documentUrl, *address;
+  } cases[] = {
+      {"/feed.xml", "example.com", deep, "https://example.com/feed.xml"},
+      {"/feed.xml", "example.com", "http://example.com:8080/a/", "http://example.com/feed.xml"},
+      {"/feed.xml", "example.com", "nowhere", "http://example.com/feed.xml"},
+      {"/feed.xml", "example.com", "://x", "://example.com/feed.xml"},
+      {"/feed.xml", "ftp://example.com", deep, "ftp://example.com/feed.xml"},
+      {"./feed.xml", "example.com", deep, "https://example.com/a/b/c/feed.xml"},
+      {"../feed.xml", "example.com", deep, "https://example.com/a/b/feed.xml"},
+      {"../x/../feed.xml", "example.com", deep, "https://example.com/a/b/x/../feed.xml"},
+      {"../", "example.com", deep, "https://example.com/a/b/"},
+      {"feed.xml", "example.com", deep, "feed.xml"},
+      {"?feed=rss", "example.com", deep, "?feed=rss"},
+      {"..", "example.com", deep, ".."},
+      {"../../../feed.xml", "", "x", "/feed.xml"},
+  };
+  for (const auto& [href, domain, documentUrl, address] : cases)
+    EXPECT_EQ(ResolveFeedLink(href, domain, documentUrl), address) << href;
 }
 
 }  // namespace

@@ -1,96 +1,62 @@
-// Downloads with the real engine and a real server.
+// Downloads with the real engine and a real server, and the names of their files.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include <QSignalSpy>
-#include <QTest>
 #include <QWebEngineDownloadRequest>
-#include <QWebEnginePage>
 #include <QWebEngineProfile>
-#include <algorithm>
-#include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
 
-#include "kit/FeedServer.h"
-#include "kit/TempFolder.h"
-#include "ui/browser/CRSS_RightBottomContainer.h"
-#include "ui/browser/ComesTrue.h"
+#include "ui/browser/BrowserFixture.h"
 #include "ui/browser/DownloadFiles.h"
-#include "ui/browser/Downloads.h"
 
 namespace feedloom {
 namespace {
 
-using std::chrono::milliseconds;
-using testing::Test;
-
-constexpr int kPatience = 30'000;  // milliseconds
-
-const std::vector<std::string> kNothing;
+using Names = std::vector<std::string>;
 const std::string kLong(32 << 20, 'x');  // not here at once
 
-class DownloadsTest : public Test {
+class DownloadsTest : public testing::Test {
  protected:
   static void SetUpTestSuite() { PrepareBrowser(); }
 
-  struct Event {
-    DownloadEvent event;
-    QString name;
-    QString progress;
-  };
+  DownloadsTest() { Make(); }
 
-  DownloadsTest() {
+  void Make() {
+    const auto ask = [this](const QString& name) {
+      asked_.push_back(name);
+      return place_();
+    };
+    downloads_ = std::make_unique<Downloads>(profile_, ask, nullptr);
     QObject::connect(downloads_.get(), &Downloads::Changed, &context_,
                      [this](DownloadEvent event, const QString& name, const QString& progress) {
-                       events_.push_back({event, name, progress});
-                       if (event == DownloadEvent::Progress) whileUnderWay_();
+                       events_.push_back(event);
+                       name_ = name;
+                       if (event == DownloadEvent::Progress) progress_.push_back(progress);
                      });
   }
-
-  QString PlaceOf(std::string_view name) const {
-    return QString::fromStdString(folder_.File(name));
-  }
-
+  QString Place(std::string_view name) const { return QString::fromStdString(folder_.File(name)); }
   QUrl Url(const char* path) const { return QUrl(QString::fromStdString(server_.Url(path))); }
-
-  void Download(const char* path) { page_.download(Url(path), suggested_); }
-
-  // Comes back when a part of the file is in the folder.
-  void BeginAndHold(const char* path) {
-    server_.Endless(path);
-    Download(path);
-    EXPECT_TRUE(ComesTrue([this] { return downloads_->AreUnderWay(); }, kPatience));
+  void Download(const char* path) { page_.download(Url(path)); }
+  // Comes back when a part of the file, whose end does not come, is in the folder.
+  void BeginAndHold() {
+    server_.Endless("/slow.bin");
+    Download("/slow.bin");
+    ASSERT_TRUE(ComesTrue([&] { return !progress_.empty() && folder_.Names()[0][0] == '.'; }));
     profile_.findChild<QWebEngineDownloadRequest*>()->pause();
-    EXPECT_TRUE(ComesTrue([this] { return folder_.Names().size() == 1; }, kPatience));
+    EXPECT_TRUE(downloads_->AreUnderWay());
   }
-
-  int Count(DownloadEvent event) const {
-    return static_cast<int>(
-        std::ranges::count_if(events_, [event](const Event& e) { return e.event == event; }));
-  }
-
   // The event is the next one beside progress.
   bool Ends(DownloadEvent event) {
-    const auto isOver = [this] {
-      return !events_.empty() && events_.back().event != DownloadEvent::Progress;
+    events_.clear();
+    const auto hasEnded = [&] {
+      return !events_.empty() && events_.back() != DownloadEvent::Progress;
     };
-    return ComesTrue(isOver, kPatience) && events_.back().event == event &&
-           !downloads_->AreUnderWay();
+    return ComesTrue(hasEnded) && events_.back() == event && !downloads_->AreUnderWay();
   }
-
-  bool MakesProgress() {
-    QSignalSpy told(downloads_.get(), &Downloads::Changed);
-    return told.wait(kPatience) && Count(DownloadEvent::Progress) > 0;
-  }
-
   // The engine removes its files in its own time.
-  bool FolderComesToHold(const std::vector<std::string>& names) {
-    return ComesTrue([&] { return folder_.Names() == names; }, kPatience);
+  bool FolderComesToHold(const Names& names) {
+    return ComesTrue([&] { return folder_.Names() == names; });
   }
 
   TempFolder folder_;
@@ -98,163 +64,97 @@ class DownloadsTest : public Test {
   QObject context_;
   QWebEngineProfile profile_;
   QWebEnginePage page_{&profile_};
-  QString suggested_;
-  std::function<QString()> place_ = [this] { return PlaceOf("saved.bin"); };
+  std::function<QString()> place_ = [this] { return Place("saved.bin"); };
   std::vector<QString> asked_;
-  std::unique_ptr<Downloads> downloads_ = std::make_unique<Downloads>(
-      profile_,
-      [this](const QString& name) {
-        asked_.push_back(name);
-        return place_();
-      },
-      nullptr);
-  std::vector<Event> events_;
-  std::function<void()> whileUnderWay_ = [] {};
+  std::unique_ptr<Downloads> downloads_;
+  std::vector<DownloadEvent> events_;
+  QString name_;  // in the latest event
+  std::vector<QString> progress_;
 };
 
-TEST_F(DownloadsTest, AFileArrivesWholeAndOnlyThenUnderItsName) {
-  server_.SlowDrip("/file.bin", "twenty slow bytes...", milliseconds(100));
-  whileUnderWay_ = [this] {
-    EXPECT_TRUE(downloads_->AreUnderWay());
-    for (const std::string& name : folder_.Names()) EXPECT_EQ(name.substr(0, 11), ".saved.bin.");
-  };
-  Download("/file.bin");
-  EXPECT_TRUE(Ends(DownloadEvent::Done));
-  EXPECT_EQ(events_.back().name, "saved.bin");
-  EXPECT_EQ(folder_.Names(), std::vector<std::string>{"saved.bin"});
-  EXPECT_EQ(folder_.Read("saved.bin"), "twenty slow bytes...");
-  EXPECT_EQ(asked_, std::vector<QString>{"file.bin"});
-}
-
-TEST_F(DownloadsTest, ProgressIsToldAsRisingPercentages) {
-  server_.Serve("/file.bin", kLong);
-  Download("/file.bin");
-  EXPECT_TRUE(Ends(DownloadEvent::Done));
-  ASSERT_GE(Count(DownloadEvent::Progress), 1);
-  int last = -1;
-  for (const Event& event : events_) {
-    if (event.event != DownloadEvent::Progress) continue;
-    ASSERT_TRUE(event.progress.endsWith('%')) << event.progress.toStdString();
-    const int percent = event.progress.chopped(1).toInt();
-    EXPECT_GT(percent, last);
-    last = percent;
-  }
-  EXPECT_LE(last, 100);
-}
-
-TEST_F(DownloadsTest, ALengthThatIsNotKnownIsToldAsTheSizeSoFar) {
-  server_.Endless("/endless");
-  Download("/endless");
-  EXPECT_TRUE(MakesProgress());
-  EXPECT_TRUE(events_.front().progress.endsWith('B')) << events_.front().progress.toStdString();
-  downloads_->Stop();
-  EXPECT_EQ(events_.back().event, DownloadEvent::Stopped);
-  EXPECT_TRUE(FolderComesToHold(kNothing));
-}
-
-TEST_F(DownloadsTest, AnExistingFileIsReplacedOnlyByAWholeOne) {
+TEST_F(DownloadsTest, AFileArrivesWholeAndTakesTheOldOnesPlaceOnlyThen) {
   folder_.Write("saved.bin", "old");
-  whileUnderWay_ = [this] { EXPECT_EQ(folder_.Read("saved.bin"), "old"); };
   server_.BreakOff("/broken", std::string(100'000, 'x'));
   Download("/broken");
   EXPECT_TRUE(Ends(DownloadEvent::Failed));
   EXPECT_TRUE(FolderComesToHold({"saved.bin"}));
   EXPECT_EQ(folder_.Read("saved.bin"), "old");
-
-  events_.clear();
-  server_.SlowDrip("/whole", "brand new", milliseconds(100));
-  Download("/whole");
+  progress_.clear();
+  server_.Serve("/dir/file.bin", kLong);
+  Download("/dir/file.bin");
   EXPECT_TRUE(Ends(DownloadEvent::Done));
-  EXPECT_EQ(folder_.Read("saved.bin"), "brand new");
-  EXPECT_TRUE(FolderComesToHold({"saved.bin"}));
+  EXPECT_EQ(folder_.Read("saved.bin"), kLong);
+  EXPECT_EQ(folder_.Names(), Names{"saved.bin"});
+  EXPECT_EQ(asked_, (std::vector<QString>{"broken", "file.bin"}));
+  EXPECT_EQ(name_, "saved.bin");
+  int last = -1;
+  for (const QString& progress : progress_) {
+    EXPECT_TRUE(progress.endsWith('%')) << progress.toStdString();
+    EXPECT_GT(progress.chopped(1).toInt(), std::exchange(last, progress.chopped(1).toInt()));
+  }
+  EXPECT_EQ(last, 100);
 }
 
-TEST_F(DownloadsTest, OneThatIsStoppedLeavesNothing) {
-  BeginAndHold("/file.bin");
+TEST_F(DownloadsTest, OneThatIsStoppedLeavesNothingAndOthersAreWhole) {
+  server_.Serve("/quick", "quick");
+  place_ = [this] { return Place(asked_.back().toStdString()); };
+  BeginAndHold();
+  EXPECT_TRUE(progress_.front().endsWith('B')) << progress_.front().toStdString();
+  EXPECT_LE(progress_.size(), 2u);  // at most one a second
+  Download("/quick");
+  EXPECT_TRUE(ComesTrue([this] { return events_.back() == DownloadEvent::Done; }));
+  EXPECT_TRUE(downloads_->AreUnderWay());
   downloads_->Stop();
-  EXPECT_TRUE(Ends(DownloadEvent::Stopped));
-  EXPECT_TRUE(FolderComesToHold(kNothing));
+  EXPECT_EQ(events_.back(), DownloadEvent::Stopped);
+  EXPECT_EQ(name_, "slow.bin");
+  EXPECT_TRUE(FolderComesToHold({"quick"}));
+  EXPECT_EQ(folder_.Read("quick"), "quick");
+  const std::size_t told = events_.size();
   downloads_->Stop();
-  EXPECT_EQ(Count(DownloadEvent::Stopped), 1);
+  EXPECT_EQ(events_.size(), told);
 }
 
 TEST_F(DownloadsTest, OneThatIsStoppedWhenItBeginsLeavesNothing) {
   server_.Serve("/file.bin", std::string(1'000'000, 'x'));
   QSignalSpy begun(downloads_.get(), &Downloads::Begun);
   Download("/file.bin");
-  EXPECT_TRUE(begun.wait(kPatience));
+  EXPECT_TRUE(begun.wait(30'000));
   downloads_->Stop();
-  // The engine carries out what is asked of it one after another: when the next one is there, it is
-  // through with this one.
-  place_ = [this] { return PlaceOf("next.bin"); };
-  events_.clear();
+  // The engine works in order: when the next one is there, it is through with this one.
+  place_ = [this] { return Place("next.bin"); };
   Download("/file.bin");
   EXPECT_TRUE(Ends(DownloadEvent::Done));
-  EXPECT_TRUE(FolderComesToHold({"next.bin"}));
-}
-
-TEST_F(DownloadsTest, OneThatTheServerBreaksOffFailsAndLeavesNothing) {
-  server_.BreakOff("/file.bin", std::string(100'000, 'x'));
-  Download("/file.bin");
-  EXPECT_TRUE(Ends(DownloadEvent::Failed));
-  EXPECT_EQ(asked_.size(), 1u);
-  EXPECT_TRUE(FolderComesToHold(kNothing));
-}
-
-TEST_F(DownloadsTest, WithoutAPlaceNothingIsWrittenAndNothingTold) {
-  server_.Serve("/file.bin", "bytes");
-  place_ = [] { return QString(); };
-  Download("/file.bin");
-  EXPECT_TRUE(ComesTrue([this] { return asked_.size() == 1; }, kPatience));
-  EXPECT_FALSE(downloads_->AreUnderWay());
-  // The next one finds no trace of it.
-  place_ = [this] { return PlaceOf("next.bin"); };
-  Download("/file.bin");
-  EXPECT_TRUE(Ends(DownloadEvent::Done));
-  EXPECT_EQ(events_.back().name, "next.bin");
   EXPECT_TRUE(FolderComesToHold({"next.bin"}));
 }
 
 // The engine itself holds back what comes while a dialog of the handler is open.
-TEST_F(DownloadsTest, ARequestThatComesWhileTheUserIsAskedIsRefused) {
+TEST_F(DownloadsTest, OneWithoutAPlaceAndOneThatComesWhileTheUserIsAskedAreRefused) {
   server_.Serve("/file.bin", "bytes");
+  place_ = [] { return QString(); };
+  Download("/file.bin");
+  EXPECT_TRUE(ComesTrue([this] { return asked_.size() == 1; }));
+  EXPECT_FALSE(downloads_->AreUnderWay());
   place_ = [this] {
     emit profile_.downloadRequested(profile_.findChild<QWebEngineDownloadRequest*>());
     EXPECT_FALSE(downloads_->AreUnderWay());
-    return PlaceOf("saved.bin");
+    return Place("next.bin");
   };
   Download("/file.bin");
   EXPECT_TRUE(Ends(DownloadEvent::Done));
-  EXPECT_EQ(asked_.size(), 1u);
-  EXPECT_EQ(folder_.Read("saved.bin"), "bytes");
+  EXPECT_EQ(asked_.size(), 2u);
+  EXPECT_TRUE(FolderComesToHold({"next.bin"}));
 }
 
-TEST_F(DownloadsTest, ManyAtATimeGoTheirOwnWays) {
-  server_.Serve("/quick", "quick");
-  place_ = [this] { return PlaceOf(asked_.back().toStdString()); };
-  BeginAndHold("/slow");
-  Download("/quick");
-  EXPECT_TRUE(ComesTrue([this] { return Count(DownloadEvent::Done) == 1; }, kPatience));
-  EXPECT_TRUE(downloads_->AreUnderWay());
-  EXPECT_EQ(folder_.Read("quick"), "quick");
-  downloads_->Stop();
-  EXPECT_EQ(events_.back().name, "slow");
-  EXPECT_TRUE(FolderComesToHold({"quick"}));
-}
-
-TEST_F(DownloadsTest, APageThatIsNoPageIsDownloaded) {
+TEST_F(DownloadsTest, WhatIsNoPageIsDownloadedAndAPageCanBeSaved) {
   server_.Serve("/archive.zip", "PK...", "application/zip");
   page_.load(Url("/archive.zip"));
   EXPECT_TRUE(Ends(DownloadEvent::Done));
   EXPECT_EQ(asked_, std::vector<QString>{"archive.zip"});
   EXPECT_EQ(folder_.Read("saved.bin"), "PK...");
-}
-
-TEST_F(DownloadsTest, APageIsSaved) {
   server_.Serve("/page", "<title>A title</title><p>the text", "text/html");
   QSignalSpy loaded(&page_, &QWebEnginePage::loadFinished);
   page_.load(Url("/page"));
-  ASSERT_TRUE(loaded.wait(kPatience));
+  ASSERT_TRUE(loaded.wait(30'000));
   page_.triggerAction(QWebEnginePage::SavePage);
   EXPECT_TRUE(Ends(DownloadEvent::Done));
   EXPECT_NE(folder_.Read("saved.bin").find("the text"), std::string::npos);
@@ -265,14 +165,21 @@ TEST_F(DownloadsTest, APlaceThatCannotBeWrittenFails) {
   server_.Serve("/file.bin", "bytes");
   folder_.Write("file", "");
   std::filesystem::create_directory(folder_.File("directory"));
-  for (const QString& place : {PlaceOf("missing/saved.bin"), PlaceOf("file/saved.bin"),
-                               PlaceOf("directory"), QString("/proc/saved.bin")}) {
-    events_.clear();
+  for (const QString& place : {Place("missing/saved.bin"), Place("file/saved.bin"),
+                               Place("directory"), QString("/proc/saved.bin")}) {
     place_ = [place] { return place; };
     Download("/file.bin");
     EXPECT_TRUE(Ends(DownloadEvent::Failed)) << place.toStdString();
+    EXPECT_EQ(name_, QFileInfo(place).fileName());
   }
   EXPECT_TRUE(FolderComesToHold({"directory", "file"}));
+
+  place_ = [this] { return Place("late"); };
+  QObject::connect(downloads_.get(), &Downloads::Begun, &context_,
+                   [this] { std::filesystem::create_directory(folder_.File("late")); });
+  Download("/file.bin");
+  EXPECT_TRUE(Ends(DownloadEvent::Failed));
+  EXPECT_TRUE(FolderComesToHold({"directory", "file", "late"}));
 }
 
 // No file of this process grows beyond `bytes`, as if the disk were full then.
@@ -287,8 +194,6 @@ class FullDisk {
     setrlimit(RLIMIT_FSIZE, &before_);
     std::signal(SIGXFSZ, handler_);
   }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
 
  private:
   void (*const handler_)(int) = std::signal(SIGXFSZ, SIG_IGN);
@@ -305,92 +210,60 @@ TEST_F(DownloadsTest, ADiskThatGetsFullFailsOneAndKeepsTheOlderFile) {
   EXPECT_EQ(folder_.Read("saved.bin"), "older");
 }
 
-TEST_F(DownloadsTest, ATargetThatBecomesADirectoryFailsAndLeavesNothing) {
-  server_.SlowDrip("/file.bin", "abcdefghij", milliseconds(100));
-  whileUnderWay_ = [this] { std::filesystem::create_directory(folder_.File("saved.bin")); };
-  Download("/file.bin");
-  EXPECT_TRUE(Ends(DownloadEvent::Failed));
-  EXPECT_TRUE(FolderComesToHold({"saved.bin"}));
-}
-
-TEST_F(DownloadsTest, TheObjectsEndStopsThemWithoutAWord) {
-  BeginAndHold("/file.bin");
+TEST_F(DownloadsTest, TheObjectMayGoAtAnyTimeAndStopsThemWithoutAWord) {
+  BeginAndHold();
   events_.clear();
   downloads_.reset();
-  EXPECT_TRUE(FolderComesToHold(kNothing));
+  EXPECT_TRUE(FolderComesToHold({}));
   EXPECT_TRUE(events_.empty());
-}
-
-TEST_F(DownloadsTest, TheObjectMayGoWhileTheUserIsAsked) {
   server_.Serve("/file.bin", "bytes");
-  QSignalSpy requests(&profile_, &QWebEngineProfile::downloadRequested);
+  Make();
   place_ = [this] {
     downloads_.reset();
-    return PlaceOf("saved.bin");
+    return Place("saved.bin");
   };
   Download("/file.bin");
-  EXPECT_TRUE(ComesTrue([&] { return requests.count() == 1; }, kPatience));
-  EXPECT_EQ(folder_.Names(), kNothing);
-  EXPECT_TRUE(events_.empty());
-}
-
-TEST_F(DownloadsTest, TheObjectMayGoWhenItTellsTheEnd) {
-  server_.Serve("/file.bin", "bytes");
+  EXPECT_TRUE(ComesTrue([this] { return downloads_ == nullptr; }));
+  place_ = [this] { return Place("next.bin"); };
+  Make();
   QObject::connect(downloads_.get(), &Downloads::Changed, &context_, [this](DownloadEvent event) {
     if (event == DownloadEvent::Done) downloads_.reset();
   });
   Download("/file.bin");
-  EXPECT_TRUE(ComesTrue([this] { return downloads_ == nullptr; }, kPatience));
-  EXPECT_EQ(folder_.Read("saved.bin"), "bytes");
+  EXPECT_TRUE(ComesTrue([this] { return downloads_ == nullptr; }));
+  EXPECT_EQ(folder_.Names(), Names{"next.bin"});
 }
 
-TEST(SafeFileName, KeepsAHarmlessNameAndTakesTheHarmOutOfOthers) {
-  const struct {
-    QString suggested;
-    QString safe;
-  } kCases[] = {
+TEST(DownloadFiles, ANameIsHarmlessAndShortAndKeepsItsEnding) {
+  const QString x(300, 'x'), wide(300, QChar(0xD55C)), key = QString::fromUtf8("🔑").repeated(300);
+  const std::vector<std::pair<QString, QString>> cases = {
       {"a file.tar.gz", "a file.tar.gz"},
-      {"한글.zip", "한글.zip"},
       {"../../etc/passwd", "passwd"},
-      {"/etc/passwd", "passwd"},
-      {"C:\\dir\\file.exe", "file.exe"},
+      {"C:\\a\\file.exe", "file.exe"},
       {"folder/", "folder"},
       {".bashrc", "bashrc"},
       {"...", "download"},
-      {"..", "download"},
       {"", "download"},
       {"/", "download"},
       {" . ", "download"},
       {QString("a") + QChar(0) + "b\n\x1b\x7f.txt", "ab.txt"},
-      {QString(".\n.hidden"), "hidden"},
-      {QString(".\n./x"), "x"},
-      {QString("photo") + QChar(0x202E) + "gpj.exe", "photogpj.exe"},
+      {".\n./x", "x"},
+      {"photo\u202Egp\u2066j\u200F\u200E\u2028\u2029.exe", "photogpj.exe"},
       {"file.txt. ", "file.txt"},
-  };
-  for (const auto& [suggested, safe] : kCases) {
+      {"\u202A\u202C\u2069x\u2067\u2068", "x"},
+      {x + ".jpeg", x.left(195) + ".jpeg"},
+      {wide + ".jpeg", wide.left(65) + ".jpeg"},
+      {key + ".jpeg", key.left(96) + ".jpeg"},
+      {x + "." + x.left(19), x.left(180) + "." + x.left(19)},
+      {"a." + x, "a." + x.left(198)}};
+  for (const auto& [suggested, safe] : cases)
     EXPECT_EQ(SafeFileName(suggested).toStdString(), safe.toStdString());
-  }
 }
 
-TEST(SafeFileName, ShortensALongNameInWholeCharactersAndKeepsItsEnding) {
-  const QString key = QString::fromUtf8("🔑");
-  for (const QString& letter : {QString("x"), QString("한"), key}) {
-    const QString name = SafeFileName(letter.repeated(300) + ".jpeg");
-    EXPECT_LE(name.toUtf8().size(), 200);
-    EXPECT_GT(name.toUtf8().size(), 190);
-    EXPECT_TRUE(name.endsWith(".jpeg"));
-    EXPECT_EQ(QString::fromUtf8(name.toUtf8()), name);
-  }
-  EXPECT_LE(SafeFileName("a." + QString(300, 'x')).toUtf8().size(), 200);
-}
-
-TEST(PartPath, IsHiddenBesideTheTargetAndTakesANameOfAnyLength) {
-  const TempFolder folder;
-  const QString target = QString::fromStdString(folder.File(std::string(255, 'x')));
-  const QString part = PartPath(target);
-  EXPECT_TRUE(part.startsWith(QString::fromStdString(folder.Path()) + "/.xxx"));
-  EXPECT_NE(part, PartPath(target));
-  EXPECT_LE(part.size() - static_cast<qsizetype>(folder.Path().size()), 240);
+TEST(DownloadFiles, APartIsHiddenBesideItsTargetWhoseNameMayHaveAnyLength) {
+  const QString part = PartPath("/folder/" + QString(255, 'x'));
+  EXPECT_TRUE(part.startsWith("/folder/." + QString(180, 'x') + ".") && part.endsWith(".part"));
+  EXPECT_NE(part, PartPath("/folder/" + QString(255, 'x')));
 }
 
 }  // namespace

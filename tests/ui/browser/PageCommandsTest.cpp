@@ -1,213 +1,302 @@
-// The pane's own menu and keys, links that lead out of the browser, and files.
+// What the user does with a page: its two buttons, the pane's menu and keys, links that lead out of
+// the browser, and media files.
 #include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
 #include <QPrinter>
 
+#include "store/Cabinets.h"
 #include "ui/Commands.h"
-#include "ui/browser/BrowserPaneFixture.h"
+#include "ui/browser/BrowserFixture.h"
 #include "ui/browser/FindBar.h"
 
 namespace feedloom {
 namespace {
 
-class PageCommandsTest : public BrowserPaneFixture {
+const QString kSaveButton = "a[href^=ID_BTN_RSSSCRAP]";
+using Texts = std::vector<std::string>;
+
+class PageCommandsTest : public BrowserFixture {
  protected:
   PageCommandsTest() {
+    frame_.actions.chooseCabinet = [this] {
+      if (++asked_; whileAsked_) whileAsked_();
+      return cabinet_;
+    };
     frame_.actions.openOutside = [this](const QUrl& url) {
-      outside_.push_back(url.toString());
+      outside_.push_back(url.toString().toStdString());
       return opens_;
     };
-    frame_.actions.askDownloadPlace = [this](const QString& name) {
-      return QString::fromStdString(folder_.File(name.toStdString()));
-    };
   }
 
-  // Opens the menu on an element of the page.
-  QMenu& OpenMenu(const QString& selector) {
-    Click(selector, Qt::RightButton);
+  // Presses the button. Returns what is saved then, the fields between bars.
+  std::string SavedBy(const std::function<void()>& press) {
+    frame_.messages.clear();
+    press();
+    EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith(HostText(kTextScrapFinished)); }));
+    return frame_.db.Value(
+        "select scrap_post_title || '|' || scrap_post_link || '|' || trim(scrap_post_pubDate, "
+        "char(10)) || '|' || "
+        "trim(scrap_post_desc, char(10)) || '|' || scrap_post_scrapChannelID from TB_SCRAP_POST "
+        "order by rowid desc");
+  }
+  // Opens the menu on an element, chooses the command, and returns the enabled ones.
+  std::vector<int> Menu(const QString& selector, int chosen = 0) {
     QContextMenuEvent event(QContextMenuEvent::Mouse, PlaceOf(selector), QCursor::pos());
+    QTest::mouseClick(&Surface(), Qt::RightButton, {}, event.pos());
     QApplication::sendEvent(&Surface(), &event);
     EXPECT_TRUE(ComesTrue([&] { return pane_.findChild<QMenu*>() != nullptr; }));
-    return *pane_.findChild<QMenu*>();
-  }
-  static QAction& Item(const QMenu& menu, int command) {
-    for (QAction* const action : menu.actions()) {
-      if (action->data().toInt() == command) return *action;
+    std::vector<int> enabled;
+    for (QAction* const action : pane_.findChild<QMenu*>()->actions()) {
+      if (!action->isSeparator() && action->isEnabled()) enabled.push_back(action->data().toInt());
+      if (chosen != 0 && action->data().toInt() == chosen) action->trigger();
     }
-    throw std::runtime_error(std::to_string(command));
-  }
-  void Choose(const QString& selector, int command) {
-    QMenu& menu = OpenMenu(selector);
-    EXPECT_TRUE(Item(menu, command).isEnabled()) << command;
-    Item(menu, command).trigger();
-    delete &menu;
-    QApplication::processEvents();  // the command comes when the menu has closed
-  }
-  bool Offers(const QString& selector, int command) {
-    QMenu& menu = OpenMenu(selector);
-    const bool isEnabled = Item(menu, command).isEnabled();
-    delete &menu;
-    return isEnabled;
-  }
-  void Press(QKeySequence keys) {
-    pane_.activateWindow();
-    pane_.setFocus();
-    QTest::keySequence(&Surface(), keys);
+    delete pane_.findChild<QMenu*>();
+    QCoreApplication::processEvents();  // the command comes when the menu has closed
+    return enabled;
   }
   static QString Clipboard() { return QGuiApplication::clipboard()->text(); }
-  double Width() { return Evaluate("innerWidth").toDouble(); }
+  bool IsZoomed(double factor) {
+    return ComesTrue([&] { return qFuzzyCompare(Page().zoomFactor(), factor); });
+  }
 
-  std::vector<QString> outside_;
+  std::optional<int> cabinet_ = AddCabinet(frame_.GetStore(), "Keep", 1);
+  std::function<void()> whileAsked_;
+  int asked_ = 0;
+  Texts outside_;
   bool opens_ = true;
 };
 
-TEST_F(PageCommandsTest, TheLinkUnderThePointerGoesBeforeThePage) {
-  PostRow post = Post("post", "/post");
-  post.description = "<p>text</p><a href='http://link.example/'>link</a>";
-  Show(post);
-  Choose("p", kCommandCopyAddress);
-  EXPECT_EQ(Clipboard(), Url("/post"));  // a post's page stands for its post
-  Choose("[href=\"http://link.example/\"]", kCommandCopyAddress);
+// Buttons.
+
+TEST_F(PageCommandsTest, SaveKeepsThePostAsPlainTextAndThePageStays) {
+  PostRow post = Post("A <b>bold</b> title", "/post?a=1&b=2");
+  post.description = "<p>One</p><p>Two &lt;three&gt;</p>";
+  const std::string saved = "A bold title|" + post.link +
+                            "|2008-05-01 10:00:00|One\n\nTwo <three>|" + std::to_string(*cabinet_);
+  for (const int isPodcast : {0, 1}) {
+    post.isPodcast = isPodcast;
+    Show(post);
+    EXPECT_EQ(SavedBy([&] { Click(kSaveButton); }), saved);
+  }
+  EXPECT_EQ(frame_.savedTo, std::vector<int>({*cabinet_, *cabinet_}));
+  EXPECT_EQ(frame_.recounts.size(), 0u);
+  frame_.db.Sql("drop table TB_SCRAP_POST");
+  Click(kSaveButton);
+  EXPECT_TRUE(ComesTrue([&] { return frame_.recounts == std::vector<bool>{true}; }));
+}
+
+TEST_F(PageCommandsTest, SaveAsksOnceAtATimeAndDoesNothingWithoutACabinet) {
+  Show(Post("post", "/post"));
+  whileAsked_ = [&] {
+    Click(kSaveButton);
+    LetEngineFinish();
+  };
+  SavedBy([&] { Click(kSaveButton); });
+  EXPECT_EQ(asked_, 1);
+  whileAsked_ = nullptr;
+  cabinet_.reset();
+  Click(kSaveButton);
+  ASSERT_TRUE(ComesTrue([&] { return asked_ == 2; }));
+  frame_.actions.chooseCabinet = nullptr;
+  Click(kSaveButton);
+  LetEngineFinish();
+  EXPECT_EQ(frame_.db.Count("TB_SCRAP_POST"), 1);
+}
+
+TEST_F(PageCommandsTest, OnlyTheUserPressesButtonsNoPageNoPostsLinkAndNoServer) {
+  const std::string page = "<div id=title-0>t</div><a id=l href='ID_BTN_RSSSCRAP?0'>save</a>";
+  Visit("/early", page + "<script>l.click()</script>");
+  LetEngineFinish();
+  Visit("/late", page);
+  Evaluate("document.getElementById('l').click()");
+  LetEngineFinish();
+  pane_.SetMode(0);
+  server_.Redirect("/moved", server_.Url("/ID_BTN_RSSSCRAP?0"));
+  Show(Post("post", "/moved"));
+  Show(Post("post", "/ID_BTN_RSSSCRAP?0"));
+  EXPECT_TRUE(Text().contains("About post"));
+  EXPECT_EQ(asked_, 0);
+  EXPECT_TRUE(SavedBy([&] { Go("ID_BTN_RSSSCRAP?0"); }).starts_with("post|"));
+  Visit("/late", page);
+  EXPECT_TRUE(SavedBy([&] { Click("#l"); }).starts_with("t|"));
+}
+
+TEST_F(PageCommandsTest, AddAsksForTheFeedWithTheHostsSchemeWhereItHasNone) {
+  frame_.state.listMode = ListMode::WebDirectory;
+  // A link of the description may act as a button, whose element is missing.
+  PostRow post = Post("post", "/post", "<a href='ID_BTN_RSSADD?7'>add</a>");
+  for (const char* feed : {"https://feed.example/a?b=c&d", "feed.example/rss", ""}) {
+    frame_.addedAddresses.clear();
+    post.feedUrl = feed;
+    Show(post);
+    Click("a[href^=ID_BTN_RSSADD]");
+    const Texts asked = {(post.feedUrl.starts_with("https:") ? "" : "http://") + post.feedUrl};
+    EXPECT_TRUE(ComesTrue([&] { return frame_.addedAddresses == asked; })) << feed;
+  }
+}
+
+TEST_F(PageCommandsTest, ThePaneMayGoWhileADialogIsOpen) {
+  auto* const pane = new CRSS_RightBottomContainer(frame_, nullptr);
+  cabinet_.reset();
+  whileAsked_ = [&] { delete pane; };
+  emit pane->findChild<CRSS_HtmlView*>()->ActionClicked({PageAction::SavePost, 0}, {});
+  EXPECT_EQ(asked_, 1);
+}
+
+// The menu and keys.
+
+TEST_F(PageCommandsTest, TheLinkUnderThePointerGoesBeforeThePageAndThePageStandsForItsPost) {
+  Show(Post("post", "/post", "<a id=l href='http://link.example/'>link</a>"));
+  Menu("p", kCommandCopyAddress);
+  EXPECT_EQ(Clipboard(), Url("/post"));
+  Menu("#l", kCommandCopyAddress);
   EXPECT_EQ(Clipboard(), "http://link.example/");
-  Choose("p", kCommandOpenOutside);
-  EXPECT_EQ(outside_, std::vector<QString>{Url("/post")});
-  Visit("/web", "<p>a page</p>");
-  Choose("p", kCommandOpenOutside);
-  EXPECT_EQ(outside_.back(), Url("/web"));
-}
-
-TEST_F(PageCommandsTest, OnlyWebAddressesAreOpenedOutside) {
-  PostRow post = Post("post", "/post");
-  post.link = "file:///etc/passwd";
-  post.description = "<p>text</p>";
-  Show(post);
-  EXPECT_FALSE(Offers("p", kCommandOpenOutside));
-  ShowMainPage();
-  EXPECT_FALSE(Offers("h1", kCommandOpenOutside));
-  EXPECT_FALSE(Offers("h1", kCommandCopyAddress));
-}
-
-TEST_F(PageCommandsTest, CopiesTheSelectedText) {
+  Menu("p", kCommandOpenOutside);
   Visit("/web", "<p>one two</p>");
-  EXPECT_FALSE(Offers("p", kCommandCopyText));
+  Menu("p", kCommandOpenOutside);
+  EXPECT_EQ(outside_, (Texts{server_.Url("/post"), server_.Url("/web")}));
   Evaluate("getSelection().selectAllChildren(document.querySelector('p'))");
-  Choose("p", kCommandCopyText);
+  Menu("p", kCommandCopyText);
   EXPECT_EQ(Clipboard(), "one two");
 }
 
-TEST_F(PageCommandsTest, TheSizeHoldsForAllPages) {
+TEST_F(PageCommandsTest, TheMenuOffersWhatThePageHas) {
+  const std::vector<int> zooms = {kCommandZoomIn, kCommandZoomOut, kCommandZoomNormal};
+  std::vector<int> offered = {kCommandFindInPage};
+  offered.insert(offered.end(), zooms.begin(), zooms.end());
+  WaitForPage([&] { pane_.ShowMainPage(); });
+  EXPECT_EQ(Menu("h1"), offered);
+  PostRow post = Post("post", "/post");
+  post.link = "file:///etc/passwd";
+  Show(post);
+  frame_.actions.choosePrinter = [](QPrinter&) { return false; };
+  offered = {kCommandCopyAddress, kCommandFindInPage, kCommandPrint};
+  offered.insert(offered.end(), zooms.begin(), zooms.end());
+  EXPECT_EQ(Menu("p"), offered);
+}
+
+TEST_F(PageCommandsTest, TheSizeHoldsForAllPagesBetweenAQuarterAndFiveTimes) {
   Visit("/web", "<p>text</p>");
-  const double width = Width();
-  Choose("p", kCommandZoomIn);
-  EXPECT_TRUE(ComesTrue([&] { return Width() < width; }));
+  EXPECT_TRUE(IsZoomed(1));
+  Menu("p", kCommandZoomIn);
   Show(Post("post", "/post"));
-  EXPECT_TRUE(ComesTrue([&] { return Width() < width; }));
-  Press(Qt::CTRL | Qt::Key_0);
-  EXPECT_TRUE(ComesTrue([&] { return Width() == width; }));
-  Press(Qt::CTRL | Qt::Key_Minus);
-  EXPECT_TRUE(ComesTrue([&] { return Width() > width; }));
+  EXPECT_TRUE(IsZoomed(1.1));
+  const std::tuple<QKeySequence, int, double> steps[] = {{Qt::CTRL | Qt::Key_0, 1, 1},
+                                                         {Qt::CTRL | Qt::Key_Minus, 1, 0.9},
+                                                         {Qt::CTRL | Qt::Key_Minus, 20, 0.25},
+                                                         {Qt::CTRL | Qt::Key_Plus, 20, 5}};
+  for (const auto& [keys, times, factor] : steps) {
+    for (int i = 0; i < times; ++i) Press(keys);
+    EXPECT_TRUE(IsZoomed(factor)) << factor;
+  }
+  Menu("p", kCommandZoomOut);
+  EXPECT_TRUE(IsZoomed(4));
+  Menu("p", kCommandZoomNormal);
+  EXPECT_TRUE(IsZoomed(1));
 }
 
 TEST_F(PageCommandsTest, FindsInThePage) {
   Visit("/web", "<p>needle hay needle</p>");
-  QSignalSpy found(pane_.findChild<CRSS_HtmlView*>(), &CRSS_HtmlView::FoundInPage);
-  Press(QKeySequence::Find);
+  QSignalSpy found(&view_, &CRSS_HtmlView::FoundInPage);
   FindBar& bar = *pane_.findChild<FindBar*>();
+  Press(QKeySequence::Find);
   ASSERT_TRUE(bar.isVisible());
   QTest::keyClicks(QApplication::focusWidget(), "needle");
-  ASSERT_TRUE(ComesTrue([&] { return !found.empty() && found.last()[1] == 2; }));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  EXPECT_TRUE(ComesTrue([&] { return found.last() == QVariantList{2, 2}; }));
+  const std::pair<Qt::KeyboardModifiers, int> steps[] = {{Qt::NoModifier, 2},
+                                                         {Qt::ShiftModifier, 1}};
+  EXPECT_TRUE(ComesTrue([&] { return !found.empty() && found.last() == QVariantList{1, 2}; }));
+  for (const auto& [modifiers, active] : steps) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, modifiers);
+    EXPECT_TRUE(ComesTrue([&] { return found.last() == QVariantList{active, 2}; })) << active;
+  }
+  EXPECT_TRUE(bar.findChild<QLineEdit*>()->accessibleDescription().contains("2"));
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-  EXPECT_FALSE(bar.isVisible());
+  EXPECT_TRUE(!bar.isVisible() && Surface().hasFocus());
 }
 
-TEST_F(PageCommandsTest, PrintsThePageAsItStands) {
-  const QString file = QString::fromStdString(folder_.File("page.pdf"));
+TEST_F(PageCommandsTest, PrintsThePageAsItStandsOrSaysThatItCannot) {
+  QString file;
   frame_.actions.choosePrinter = [&](QPrinter& printer) {
     printer.setOutputFileName(file);
     return true;
   };
   Visit("/web", "<p>text</p>");
   QSignalSpy printed(pane_.findChild<QWebEngineView*>(), &QWebEngineView::printFinished);
-  Press(QKeySequence::Print);
-  ASSERT_TRUE(printed.wait(30'000));
-  EXPECT_EQ(printed[0][0], true);
+  for (const char* place : {"page.pdf", "missing/page.pdf"}) {
+    EXPECT_FALSE(IsLastMessageWith(HostText(kTextPrintFailed)));
+    file = FilePath(place);
+    Press(QKeySequence::Print);
+    ASSERT_TRUE(printed.wait(30'000));
+  }
+  EXPECT_TRUE(IsLastMessageWith(HostText(kTextPrintFailed)));
   EXPECT_EQ(folder_.Read("page.pdf").substr(0, 5), "%PDF-");
 }
 
-TEST_F(PageCommandsTest, AMailAddressGoesToTheSystem) {
-  PostRow post = Post("post", "/post");
-  post.description = "<a href='mailto:a@example.com'>mail</a>";
-  Show(post);
-  Click("[href^=mailto]");
-  EXPECT_TRUE(ComesTrue([&] { return !outside_.empty(); }));
-  EXPECT_EQ(outside_, std::vector<QString>{"mailto:a@example.com"});
-  opens_ = false;
-  Click("[href^=mailto]");
-  EXPECT_TRUE(ComesTrue([&] { return outside_.size() == 2 && !frame_.messages.empty(); }));
-  EXPECT_NE(frame_.messages.back().find("mailto:a@example.com"), std::string::npos);
-}
+// Links that lead out of the browser.
 
-TEST_F(PageCommandsTest, AWebPageStartsNoProgramByItself) {
-  Visit("/web", "<a id=m href='mailto:a@example.com'>m</a><script>m.click()</script>text");
+TEST_F(PageCommandsTest, AMailAddressGoesToTheSystemWhenTheUserClicks) {
+  Visit("/web", "<a id=m href='mailto:a@h'>m</a><script>m.click()</script>");
   Evaluate("document.getElementById('m').click()");
-  Evaluate("1");
-  EXPECT_EQ(outside_, std::vector<QString>());
+  LetEngineFinish();
+  EXPECT_EQ(outside_, Texts());
   Click("#m");
-  EXPECT_TRUE(ComesTrue([&] { return !outside_.empty(); }));
+  EXPECT_TRUE(ComesTrue([&] { return outside_ == Texts{"mailto:a@h"}; }));
+  Show(Post("post", "/post", "<a id=m href='mailto:b@h'>mail</a>"));
+  opens_ = false;
+  Click("#m");
+  EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith("mailto:b@h"); }));
+  Go("mailto:c@h");
+  EXPECT_EQ(outside_, (Texts{"mailto:a@h", "mailto:b@h", "mailto:c@h"}));
 }
 
-TEST_F(PageCommandsTest, ALinkThatIsNeitherIsRefusedWithAStatusText) {
-  PostRow post = Post("post", "/post");
-  const char* const links[] = {"file:///etc/passwd", "javascript:alert(1)", "data:text/html,x",
-                               "tel:123", "chrome://crash/"};
-  for (const char* link : links) {
-    post.description = std::string("<a id=l href='") + link + "'>link</a>";
-    Show(post);
+TEST_F(PageCommandsTest, AnyOtherLinkIsRefusedWithAStatusText) {
+  for (const char* link : {"file:///etc/passwd", "javascript:alert(1)", "data:text/html,x",
+                           "tel:123", "chrome://crash/"}) {
+    Show(Post("post", "/post", std::string("<a id=l href='") + link + "'>link</a>"));
     frame_.messages.clear();
     Click("#l");
-    ASSERT_TRUE(ComesTrue([&] { return !frame_.messages.empty(); })) << link;
-    EXPECT_NE(frame_.messages.back().find(link), std::string::npos) << frame_.messages.back();
+    EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith(link); })) << link;
     EXPECT_TRUE(Text().contains("link"));
   }
-  EXPECT_EQ(outside_, std::vector<QString>());
+  EXPECT_EQ(outside_, Texts());
 }
 
-// A podcast.
+// Media files and downloads.
 
-TEST_F(PageCommandsTest, ThePodcastsIconSavesItsFileAndTheLinkPlaysIt) {
+TEST_F(PageCommandsTest, APodcastsIconSavesItsFileTheLinkOpensItAndThePlayerPlaysIt) {
   PostRow post = Post("Podcast", "/tone.wav");
   post.isPodcast = 1;
   server_.Serve("/tone.wav", "RIFF and so on", "audio/wav");
   Show(post);
   Click("img[width=\"16\"]");
-  ASSERT_TRUE(ComesTrue([&] { return folder_.Names() == std::vector<std::string>{"tone.wav"}; }));
+  ASSERT_TRUE(ComesTrue([&] { return folder_.Names() == Texts{"tone.wav"}; }));
   EXPECT_EQ(folder_.Read("tone.wav"), "RIFF and so on");
-  EXPECT_NE(frame_.messages.back().find("tone.wav"), std::string::npos);
+  EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith("tone.wav"); }));
   EXPECT_TRUE(Text().contains("About Podcast"));
-  ClickForPage("font a");
+  WaitForPage([&] { Click("font a"); });
   EXPECT_EQ(Address().text(), Url("/tone.wav"));
-}
-
-TEST_F(PageCommandsTest, StopEndsADownloadWhenNoPageIsLoading) {
-  server_.Endless("/endless.zip");
-  Visit("/web", "<a id=l href='/endless.zip' download>zip</a>");
-  Click("#l");
-  ASSERT_TRUE(ComesTrue([&] { return Button(kTextStopTooltip).isEnabled(); }));
-  Button(kTextStopTooltip).click();
-  EXPECT_TRUE(ComesTrue([&] { return !Button(kTextStopTooltip).isEnabled(); }));
-  EXPECT_NE(frame_.messages.back().find("endless"), std::string::npos);
-}
-
-TEST_F(PageCommandsTest, ThePlayerPlaysItsMediaFile) {
-  PostRow post = Post("Podcast", "/tone.wav");
-  post.isPodcast = 1;
   server_.Serve("/moved.wav", "RIFF and so on", "audio/wav");
   server_.Redirect("/tone.wav", server_.Url("/moved.wav"));
   pane_.SetMode(0);
   Show(post);
   EXPECT_TRUE(WasRequested("/moved.wav"));
   EXPECT_EQ(Address().text(), "");
+}
+
+TEST_F(PageCommandsTest, TheStopButtonAndTheMenuEndADownloadWhenNoPageIsLoading) {
+  server_.Endless("/slow.zip");
+  Visit("/web", "<p>text</p><a id=l href='/slow.zip' download>zip</a>");
+  EXPECT_EQ(std::ranges::count(Menu("p"), kCommandStopDownloads), 0);
+  for (const bool byMenu : {false, true}) {
+    Click("#l");
+    ASSERT_TRUE(ComesTrue([&] { return Button(kTextStopTooltip).isEnabled(); }));
+    Press(Qt::Key_Escape);  // it ends loads only
+    EXPECT_TRUE(view_.IsDownloading());
+    byMenu ? (void)Menu("p", kCommandStopDownloads) : Button(kTextStopTooltip).click();
+    EXPECT_TRUE(ComesTrue([&] { return !Button(kTextStopTooltip).isEnabled(); }));
+    EXPECT_TRUE(IsLastMessageWith("slow.zip"));
+  }
 }
 
 }  // namespace

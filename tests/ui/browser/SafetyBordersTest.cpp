@@ -1,360 +1,269 @@
-// Hostile posts and web pages in the real engine: what is between the web, the module's pages and
-// the machine's files, and the moments when one takes the other's place.
+// Hostile posts and web pages in the real engine: what is between the web, generated pages and the
+// machine's files, and the moments when one takes the other's place.
 #include <filesystem>
-#include <tuple>
 
 #include "ui/browser/SafetyFixture.h"
 
 namespace feedloom {
 namespace {
 
-// What a page gets at shows in the width of its element "probe", 77 pixels, or as a request.
-class SafetyBorders : public SafetyFixture {
- protected:
-  SafetyBorders() {
-    QImage image(77, 5, QImage::Format_RGB32);
-    image.fill(Qt::green);
-    EXPECT_TRUE(image.save(SkinPath("in.png")));
-    EXPECT_TRUE(image.save(QString::fromStdString(files_.File("a.png"))));
-    files_.Write("a.css", "#probe { width: 77px }");
-  }
+using SafetyBorders = Safety;
 
-  static constexpr char kProbeWidth[] = "document.getElementById('probe').offsetWidth";
-
-  TempFolder files_;
-};
-
-// FILE is the beginning of the files' names; those with requests are of the attack's own.
-constexpr Attack kReads[] = {
-    {"img", "<img id=probe src=\"FILE.png\">"},
-    {"css", "<b id=probe style=\"display:inline-block;content:url('FILE.png')\"></b>"},
-    {"style sheet", "<link rel=stylesheet href=\"FILE.css\"><div id=probe></div>"},
-    {"import", "<style>@import 'FILE.css';</style><div id=probe></div>"},
-};
-constexpr Attack kFrames[] = {
-    {"iframe", "<iframe src=\"FILE.html\"></iframe>"},
-    {"object", "<object data=\"FILE.html\"></object>"},
-    {"embed", "<embed src=\"FILE.html\">"},
-};
+// FILE is the beginning of the files' names. What a page reads gives its element "probe" a width of
+// 77 pixels, or asks for something.
+const Attacks kReads = List(R"--(
+<img id=probe src="FILE.png">  <b id=probe style="display:inline-block;content:url('FILE.png')"></b>
+<link rel=stylesheet href="FILE.css"><div id=probe></div>  <style>@import 'FILE.css';</style><div id=probe></div>
+)--");
+const Attacks kFileFrames = List(R"--(
+<iframe src="FILE.html"></iframe>  <object data="FILE.html"></object>  <embed src="FILE.html">
+)--");
 
 TEST_F(SafetyBorders, NoFileIsRead) {
-  const auto in = [&](const char* html, const QByteArray& file) {
-    return WithDescription(QByteArray(html).replace("FILE", file));
-  };
-  const QByteArray path = QByteArray::fromStdString(files_.File("a"));
-  for (const Attack& attack : kReads) {
-    for (const QByteArray& file : {"file://" + path, path, "feedloom://page" + path}) {
-      ShowAndSettle(in(attack.html, file));
-      EXPECT_NE(Ask(Page(), kProbeWidth), 77) << attack.name;
+  const QString width = "document.getElementById('probe').offsetWidth";
+  const QByteArray path = Bytes(files_.File("a"));
+  for (QByteArray attack : kReads) {
+    for (const QByteArray& file : {path, "feedloom://page" + path, "file://" + path}) {
+      ShowAndSettle(Post(QByteArray(attack).replace("FILE", file)));
+      EXPECT_NE(Evaluate(width), 77) << attack.data();
     }
-    undefended_.WriteAsFile(in(attack.html, "file://" + path));
-    EXPECT_EQ(Ask(undefended_.Page(), kProbeWidth), 77) << attack.name;
+    WritePlainFile(attack.replace("FILE", "file://" + path));
+    EXPECT_EQ(Ask(plain_, width), 77) << attack.data();
   }
-  for (const Attack& attack : kFrames) {
-    files_.Write("a.html", Html({attack.name, "<img src=\"HIT\">"}).toStdString());
-    for (const PageKind kind : {PageKind::Post, PageKind::Player}) {
-      Fields fields = kHarmless;
-      fields[kLink] =
-          "\">" + QByteArray(attack.html).replace("FILE", "file://" + path).toStdString();
-      ShowAndSettle(Built(kind, fields), kind);
-    }
-    EXPECT_EQ(Hits(attack.name), 0) << attack.name;
-    undefended_.WriteAsFile(in(attack.html, "file://" + path));
-    EXPECT_TRUE(ComesTrue([&] { return Hits(attack.name) > 0; })) << attack.name;
+  for (QByteArray attack : kFileFrames) {
+    const Attacks hit = {"<img src=\"HIT\">" + attack.left(4)};
+    files_.Write("a.html", Html(hit).toStdString());
+    attack.replace("FILE", "file://" + path);
+    ShowAndSettle(Post(attack));
+    ShowAndSettle(Built(PageKind::Player, With(kLink, "\">" + attack)), PageKind::Player);
+    ExpectNoHits(hit);
+    WritePlainFile(attack);
+    ExpectHits(hit);
   }
 }
 
-struct PathCase {
-  std::string address;
-  bool isShown;
-};
-
-// `skin` holds in.png and three links, `file` lies in a folder `name` beside it.
-std::vector<PathCase> Paths(const std::string& skin, const std::string& name,
-                            const std::string& file) {
-  return {
-      {skin + "/in.png", true},
-      {skin + "/good.png", true},
-      {skin + "/./x/%2e%2e/in.png", true},
-      {file, false},
-      {"feedloom://page" + file, false},
-      {"feedloom://other" + file, false},
-      {"feedloom:" + file, false},
-      {skin + "/link.png", false},
-      {skin + "/dir/a.png", false},
-      {skin + "/../" + name + "/a.png", false},
-      {skin + "/%2e%2e/" + name + "/a.png", false},
-      {skin + "/..%2f" + name + "/a.png", false},
-      {skin + "/%2e%2e%2f" + name + "%2fa.png", false},
-      {skin + "%2f%2e%2e%2f" + name + "%2fa.png", false},
-      {skin + "/..%5c" + name + "%5ca.png", false},
-      {skin + "/..\\" + name + "\\a.png", false},
-      {skin + "/%252e%252e/" + name + "/a.png", false},
-      {skin + "/in.png/../../" + name + "/a.png", false},
-      {file + "%00" + skin + "/in.png", false},
-      {"//page" + file, false},
-  };
+// A file that the user opens runs its scripts, but has no right to the files beside it.
+TEST_F(SafetyBorders, AFileReadsNoOther) {
+  const Attacks attack = {
+      "<script>x = new XMLHttpRequest(); x.onload = () => { RUN };"
+      "x.open('GET', 'a.css'); x.send()</script>"};
+  WritePlainFile(Html(attack));
+  ExpectHits(attack);
+  const int seen = Hits(attack[0]);
+  WaitForPage([&] { view_.Navigate(plain_.url()); });
+  Settle();
+  EXPECT_EQ(Hits(attack[0]), seen);
 }
+
+// Nobody sees the icons of pages; they would tell who reads.
+TEST_F(SafetyBorders, NoPagesIconIsAskedFor) {
+  Visit("/web", "<link rel=icon href=/icon>");
+  Settle();
+  EXPECT_EQ(server_.Requests("/icon"), 0);
+  LoadPlain(Url("/web"));
+  EXPECT_TRUE(WasRequested("/icon"));
+}
+
+// SKIN holds in.png and three links; FILE is an image in the folder NAME beside it.
+const Attacks kInside = List("SKIN/in.png  SKIN/good.png  SKIN/./x/%2e%2e/in.png");
+const Attacks kOutside = List(R"--(
+FILE  feedloom://pageFILE  feedloom://otherFILE  feedloom:FILE  SKIN/link.png  SKIN/dir/a.png
+SKIN/../NAME/a.png  SKIN/%2e%2e/NAME/a.png  SKIN/..%2fNAME/a.png  SKIN/%2e%2e%2fNAME%2fa.png
+SKIN%2f%2e%2e%2fNAME%2fa.png  SKIN/..%5cNAME%5ca.png  SKIN/..\NAME\a.png  SKIN/%252e%252e/NAME/a.png
+SKIN/in.png/../../NAME/a.png  FILE%00SKIN/in.png  //pageFILE
+)--");
 
 TEST_F(SafetyBorders, NoPathLeadsOutOfTheSkin) {
   std::filesystem::create_symlink(files_.File("a.png"), skin_.File("link.png"));
   std::filesystem::create_directory_symlink(files_.Path(), skin_.File("dir"));
   std::filesystem::create_symlink(skin_.File("in.png"), skin_.File("good.png"));
-  const auto cases =
-      Paths(skin_.Path(), std::filesystem::path(files_.Path()).filename(), files_.File("a.png"));
-  QByteArray html;
-  for (const PathCase& test : cases)
-    html += "<img src=\"" + QByteArray::fromStdString(test.address) + "\">";
-  ShowAndSettle(WithDescription(html));
-  const QVariantList widths =
-      Evaluate("[...document.querySelectorAll('#disc-0 img')].map(img => img.naturalWidth)")
-          .toList();
-  ASSERT_EQ(widths.size(), std::ssize(cases));
-  for (qsizetype i = 0; i < widths.size(); ++i) {
-    const PathCase& test = cases[static_cast<std::size_t>(i)];
-    EXPECT_EQ(widths[i].toInt() > 0, test.isShown) << test.address;
-  }
+  QByteArray html = "<img src='" + (kInside + kOutside).join("'><img src='") + "'>";
+  html.replace("FILE", Bytes(files_.File("a.png"))).replace("SKIN", Bytes(skin_.Path()));
+  html.replace("NAME", Bytes(std::filesystem::path(files_.Path()).filename()));
+  ShowAndSettle(Post(html));
+  const auto widths =
+      Evaluate("[...document.querySelectorAll('#disc-0 img')].map(i => i.naturalWidth)").toList();
+  ASSERT_EQ(widths.size(), kInside.size() + kOutside.size());
+  for (qsizetype i = 0; i < widths.size(); ++i)
+    EXPECT_EQ(widths[i].toInt() > 0, i < kInside.size()) << (kInside + kOutside)[i].data();
 }
 
 // Handlers that wait for their moment, of which the engine itself forgets those that came while
 // scripts were off; a link does not depend on that.
-constexpr Attack kPatient[] = {
-    {"animation",
-     "<style>@keyframes k { to { opacity: 0.5 } }</style>"
-     "<b style=\"animation: k 10ms infinite\" onanimationiteration=\"RUN\">x</b>"},
-    {"svg repeat",
-     "<svg><animate attributeName=x dur=20ms repeatCount=indefinite "
-     "onrepeat=\"RUN\"></animate></svg>"},
-};
-
-constexpr Attack kTrap[] = {{"link", "<a href=\"javascript:void(RUN)\" COVER>x</a>"}};
+const Attacks kPatient = List(R"--(
+<style>@keyframes k { to { opacity: 0.5 } }</style><b style="animation: k 10ms infinite" onanimationiteration="RUN">x</b>
+<svg><animate attributeName=x dur=20ms repeatCount=indefinite onrepeat="RUN"></animate></svg>
+)--");
 
 TEST_F(SafetyBorders, NothingRunsWhileANavigationIsPending) {
-  const QByteArray html = WithDescription(Html(kPatient) + Html(kTrap));
-  server_.Hang("/hang");
-  WriteWhole(html);
-  view_.Navigate(Url("/hang"));
-  EXPECT_TRUE(ComesTrue([&] { return server_.Requests("/hang") > 0; }));
+  const Attacks trap = {"<a href=\"javascript:void(RUN)\" COVER>x</a>"};
+  const QByteArray html = Post(Html(kPatient + trap));
+  Write(html);
+  BeginNavigation();
   Click();
-  Settle(Page());
+  Settle();
   EXPECT_TRUE(view_.IsWritten());
   view_.Stop();
   Click();
-  Settle(Page());
-  ExpectNoHits(kPatient);
-  ExpectNoHits(kTrap);
+  Settle();
+  ExpectNoHits(kPatient + trap);
 
   // Without a policy the engine's switch for scripts, which the navigation turns, lets them run.
-  QWebEngineSettings* const settings = undefended_.Page().settings();
-  settings->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
-  undefended_.Write(html);
-  settings->setAttribute(QWebEngineSettings::JavascriptEnabled, true);
-  LetLive(undefended_.Page());
-  QTest::mouseClick(undefended_.Surface(), Qt::LeftButton, {}, {50, 50});
-  ExpectHits(kTrap);
-  undefended_.Write(html);
+  plain_.settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
+  WritePlain(html);
+  plain_.settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, true);
+  ClickPlain();
+  ExpectHits(trap);
+  WritePlain(html);
   ExpectHits(kPatient);
 }
 
 // While a navigation is pending a page could pass its own for what the server has ordered.
 TEST_F(SafetyBorders, APageLeadsNowhereWhileANavigationIsPending) {
-  server_.Hang("/hang");
-  const QByteArray html =
-      WithDescription(Html({"trap", "<meta http-equiv=\"re&#102;resh\" content=\"1;url=HIT\">"}));
-  WriteWhole(html);
-  view_.Navigate(Url("/hang"));
-  EXPECT_TRUE(ComesTrue([&] { return server_.Requests("/hang") > 0; }));
-  Settle(Page(), 1500);
-  EXPECT_EQ(Hits("trap"), 0);
+  const Attacks trap = {"<meta http-equiv=\"re&#102;resh\" content=\"1;url=HIT\">"};
+  Write(Post(Html(trap)));
+  BeginNavigation();
+  Settle(1500);
+  ExpectNoHits(trap);
   EXPECT_TRUE(view_.IsWritten());
-  undefended_.Write(html);
-  EXPECT_TRUE(ComesTrue([&] { return Hits("trap") > 0; }));
-}
-
-TEST_F(SafetyBorders, AFrameThatComesWhileANavigationIsPendingRunsNothing) {
-  server_.Hang("/hang");
-  server_.Serve("/next", Html({"frame", "<script>RUN</script>"}).toStdString(), "text/html");
-  server_.Serve("/frame", "<meta http-equiv=refresh content=\"1;url=/next\">", "text/html");
-  Fields fields = kHarmless;
-  fields[kLink] = server_.Url("/frame");
-  ShowAndSettle(Built(PageKind::Player, fields), PageKind::Player);
-  view_.Navigate(Url("/hang"));
-  EXPECT_TRUE(ComesTrue([&] { return server_.Requests("/hang") > 0; }));
-  Settle(Page(), 1500);
-  EXPECT_EQ(Hits("frame"), 0);
-  undefended_.Write(Built(PageKind::Player, fields));
-  EXPECT_TRUE(ComesTrue([&] { return Hits("frame") > 0; }));
-}
-
-// No dialog that asks for a place opens.
-TEST_F(SafetyBorders, APostDownloadsNothingByItself) {
-  downloadPlace_ = QString::fromStdString(files_.File("taken"));
-  server_.Serve("/file", "PK", "application/zip");
-  Fields fields = kHarmless;
-  fields[kLink] = server_.Url("/file");
-  ShowAndSettle(Built(PageKind::Player, fields), PageKind::Player);
-  EXPECT_GT(server_.Requests("/file"), 0);
-  Settle(Page(), 300);
-  EXPECT_FALSE(std::filesystem::exists(files_.File("taken")));
-  Write(Link(server_.Url("/file")));
-  Click();
-  EXPECT_TRUE(ComesTrue([&] { return std::filesystem::exists(files_.File("taken")); }));
+  WritePlain(Post(Html(trap)));
+  ExpectHits(trap);
 }
 
 TEST_F(SafetyBorders, AFrameInThePlayerRunsNothingEvenWhileANavigationIsPending) {
-  server_.Hang("/hang");
-  server_.Serve(
-      "/frame",
-      Html(kPatient).toStdString() + Html({"frame", "<script>RUN</script>"}).toStdString(),
-      "text/html");
-  Fields fields = kHarmless;
-  fields[kLink] = server_.Url("/frame");
-  ShowAndSettle(Built(PageKind::Player, fields), PageKind::Player);
+  const Attacks scripts = {"<script>RUN</script>", "<script>RUN</script>later"};
+  const QByteArray now = Html(kPatient) + Html({scripts[0]});
+  server_.Serve("/next", Html({scripts[1]}).toStdString(), "text/html");
+  server_.Serve("/frame", "<meta http-equiv=refresh content=\"1;url=/next\">" + now.toStdString(),
+                "text/html");
+  ShowAndSettle(Player("/frame"), PageKind::Player);
   EXPECT_GT(server_.Requests("/frame"), 0);
-  EXPECT_EQ(Hits("frame"), 0);
-  ExpectNoHits(kPatient);
-  view_.Navigate(Url("/hang"));
-  EXPECT_TRUE(ComesTrue([&] { return server_.Requests("/hang") > 0; }));
-  Settle(Page());
-  ExpectNoHits(kPatient);
+  BeginNavigation();
+  Settle(1500);
+  ExpectNoHits(kPatient + scripts);
+  WritePlain(Player("/frame"));
+  ExpectHits(kPatient + scripts);
+}
 
-  undefended_.Write(Built(PageKind::Player, fields));
-  ExpectHits(kPatient);
-  EXPECT_TRUE(ComesTrue([&] { return Hits("frame") > 0; }));
+TEST_F(SafetyBorders, APostDownloadsNothingByItself) {
+  server_.Serve("/file", "PK", "application/zip");
+  ShowAndSettle(Player("/file"), PageKind::Player);
+  EXPECT_GT(server_.Requests("/file"), 0);
+  Settle(300);
+  EXPECT_EQ(folder_.Names().size(), 0u);
+  Write(Html({"<a COVER href='ORIGIN/file'>x</a>"}));
+  Click();
+  EXPECT_TRUE(ComesTrue([&] { return folder_.Names() == std::vector<std::string>{"file"}; }));
 }
 
 TEST_F(SafetyBorders, ThePlayersMediaFileIsPlayed) {
-  std::string wave(
-      "RIFF\x24\x08\0\0WAVEfmt "
-      "\x10\0\0\0\x01\0\x01\0\x40\x1F\0\0\x40\x1F\0\0\x01\0\x08\0data\0\x08\0\0",
+  const std::string head(
+      "RIFF\x24\x08\0\0WAVEfmt \x10\0\0\0\x01\0\x01\0\x40\x1F\0\0\x40\x1F\0\0\x01\0\x08\0data\0\x08"
+      "\0\0",
       44);
-  wave.append(2048, '\x80');
-  server_.Serve("/a.wav", wave, "audio/wav");
+  server_.Serve("/a.wav", head + std::string(2048, '\x80'), "audio/wav");
   server_.Redirect("/moved", server_.Url("/a.wav"));
   for (const char* const address : {"/a.wav", "/moved"}) {
     const int before = server_.Requests("/a.wav");
-    Fields fields = kHarmless;
-    fields[kLink] = server_.Url(address);
-    ShowAndSettle(Built(PageKind::Player, fields), PageKind::Player);
+    ShowAndSettle(Player(address), PageKind::Player);
     // The engine asks once for the frame and once more for what plays in it.
     EXPECT_TRUE(ComesTrue([&] { return server_.Requests("/a.wav") >= before + 2; })) << address;
     EXPECT_EQ(server_.LastHeader("/a.wav", "Range"), "bytes=0-");
   }
 }
 
-TEST_F(SafetyBorders, APostDoesNotBreakItsButtons) {
+// A post's elements may be named like what the scripts of the buttons use. The last element of a
+// name counts, in any case, and a title holds markup as a text: the buttons may read anything, and
+// showing it again is as safe as before.
+TEST_F(SafetyBorders, APostDoesNotBreakItsButtonsAndForgedTextsAreHarmlessWhenTheyAreShown) {
   const QByteArray clobbers =
-      "<img name=querySelectorAll><form id=forms name=querySelector><input name=id></form>"
-      "<img id=location><img id=navigator><form name=activeElement></form>"
-      "<img id=addEventListener><img id=requestAnimationFrame><img id=console><img name=title>";
-  const QByteArray save = "<a COVER href=\"ID_BTN_RSSSCRAP?0\">x</a>";
-  const QByteArray html = WithDescription("words" + clobbers + Html({"", save.constData()}));
-  undefended_.Write(html + "<script>if (typeof document.querySelectorAll !== 'function') {" +
-                    Html({"clobbers", "RUN"}) + "}</script>");
-  EXPECT_TRUE(ComesTrue([&] { return Hits("clobbers") > 0; }));
-  WriteWhole(html);
-  Click();
-  ASSERT_TRUE(ComesTrue([&] { return !actions_.empty(); }));
-  EXPECT_EQ(actions_[0].first, (PageAction{PageAction::SavePost, 0}));
-  const QStringList& texts = actions_[0].second;
-  ASSERT_EQ(texts.size(), 4);
-  EXPECT_EQ(texts[0], "A title");
-  EXPECT_EQ(texts[1], "http://127.0.0.1/post");
-  EXPECT_TRUE(texts[2].startsWith("words")) << texts[2].toStdString();
-  EXPECT_EQ(texts[3], "2024-05-06 07:08:09");
-
-  WriteWhole(WithDescription("words" + clobbers + Html({"", "<a COVER href=\"tel:123\">x</a>"})));
-  Click();
-  EXPECT_TRUE(WasReported(BrowserReport::LinkRefused, "tel:123"));
-}
-
-// The last element of a name counts, and a title holds markup as a text: the buttons may read
-// anything, and showing it again is as safe as before.
-TEST_F(SafetyBorders, ForgedTextsThatWereReadAreHarmlessWhenTheyAreShown) {
-  WriteWhole(WithDescription(
-      Html({"forged",
-            "<div id=TITLE-0 title=\"&lt;script&gt;RUN&lt;/script&gt;\"></div>"
-            "<div id=Scraplink-0 title=\"&quot;>&lt;img src=x: onerror=&quot;RUN&quot;&gt;\"></div>"
-            "<a COVER href=\"ID_BTN_RSSSCRAP?0\">x</a>"})));
-  EXPECT_TRUE(actions_.empty());
-  Click();
-  ASSERT_TRUE(ComesTrue([&] { return !actions_.empty(); }));
-  Fields read = kHarmless;
-  for (const Field field : {kTitle, kLink, kDescription, kDate}) {
-    read[field] = actions_[0].second.value(field).toStdString();
-  }
-  EXPECT_TRUE(read[kTitle].starts_with("<script>")) << read[kTitle];
+      R"--(<img name=querySelectorAll><form id=forms name=querySelector><input
+      name=id></form><img id=location><img id=navigator><form name=activeElement></form><img name=title>
+      <img id=addEventListener><img id=requestAnimationFrame><img id=console>)--";
+  const QByteArray forged =
+      R"--(<div id=TITLE-0 title="&lt;script&gt;RUN&lt;/script&gt;"></div><span
+      id=title-0>x</span><div id=Scraplink-0 title='"&gt;&lt;img src=x: onerror="RUN"&gt;'></div>)--";
+  const QByteArray button = Html({"<a COVER href='ID_BTN_RSSSCRAP?0'>x</a>"});
+  const QByteArray broken =
+      "<script>if (document.querySelectorAll.call === undefined) { RUN }</script>";
+  WritePlain(Post(clobbers + Html({broken})));
+  ExpectHits({broken});
+  const auto texts = [&](const QByteArray& html) {
+    actions_.clear();
+    Write(Post(html + button));
+    EXPECT_EQ(actions_.count(), 0);
+    Click();
+    EXPECT_TRUE(ComesTrue([&] { return !actions_.empty(); }));
+    EXPECT_EQ(actions_[0][0].value<PageAction>(), (PageAction{PageAction::SavePost, 0}));
+    return actions_[0][1].toStringList();
+  };
+  const QStringList own = texts("words" + clobbers);
+  EXPECT_EQ(own.value(0) + own.value(1) + own.value(3), "A titlehttp://h/post2024-05-06 07:08:09");
+  EXPECT_TRUE(own.value(2).startsWith("words")) << own.value(2).toStdString();
+  Fields read = With(4, "");
+  const QStringList others = texts(Html({forged}));
+  for (std::size_t i = 0; i < 4; ++i) read[i] = others.value(static_cast<int>(i)).toStdString();
+  EXPECT_TRUE(read[0].starts_with("<script>")) << read[0];
   actions_.clear();
   ShowAndSettle(Built(PageKind::Post, read));
-  EXPECT_EQ(Hits("forged"), 0);
-  undefended_.Write(Built(PageKind::Post, read));
-  EXPECT_TRUE(ComesTrue([&] { return Hits("forged") > 0; }));
+  ExpectNoHits({forged});
+  WritePlain(Built(PageKind::Post, read));
+  ExpectHits({forged});
 }
 
 // ADDRESS is the beginning of the files' names.
-constexpr Attack kPeeks[] = {
-    {"img", "<img src=\"ADDRESS/in.png\" onload=\"RUN\">"},
-    {"style sheet", "<link rel=stylesheet href=\"ADDRESS/a.css\" onload=\"RUN\">"},
-    {"script", "<script src=\"ADDRESS/a.js\" onload=\"RUN\"></script>"},
-    {"fetch", "<script>fetch('ADDRESS/a.js').then(() => { RUN })</script>"},
-    {"frame", "<iframe src=\"ADDRESS/a.html\"></iframe>"},
-    {"location", "<script>setTimeout(() => { location = 'ADDRESS/a.html' })</script>"},
-};
+const Attacks kPeeks = List(R"--(
+<img src="ADDRESS/in.png" onload="RUN">  <link rel=stylesheet href="ADDRESS/a.css" onload="RUN">
+<script src="ADDRESS/a.js" onload="RUN"></script>  <iframe src="ADDRESS/a.html"></iframe>
+<script>fetch('ADDRESS/a.js').then(() => { RUN })</script>
+<script>setTimeout(() => { location = 'ADDRESS/a.html' })</script>
+)--");
 
 TEST_F(SafetyBorders, AWebPageSeesNothingOfTheSkin) {
-  for (const Attack& attack : kPeeks) {
-    const std::string answer = Html({attack.name, "<img src=\"HIT\">"}).toStdString();
-    for (const auto& [file, bytes, type] :
-         {std::tuple("a.css", std::string("b{}"), "text/css"),
-          std::tuple("a.js", std::string("1"), "text/javascript"),
-          std::tuple("a.html", answer, "text/html"),
-          std::tuple("in.png", skin_.Read("in.png"), "image/png")}) {
-      skin_.Write(file, bytes);
-      server_.Serve(skin_.File(file), bytes, type);
+  for (const QByteArray& attack : kPeeks) {
+    skin_.Write("a.css", "b{}");
+    skin_.Write("a.js", "1");
+    skin_.Write("a.html", "<img src=" + server_.Url("/hit/" + Name(attack).toStdString()) + ">");
+    for (const auto& [file, type] : {std::pair("a.css", "text/css"),
+                                     {"a.js", "text/javascript"},
+                                     {"a.html", "text/html"},
+                                     {"in.png", "image/png"}})
+      server_.Serve(skin_.File(file), skin_.Read(file), type);
+    for (const QByteArray& origin : {QByteArray("feedloom://page"), Url("").toUtf8()}) {
+      ExpectNoHits({attack});
+      const QByteArray address = origin + Bytes(skin_.Path());
+      Visit("/web", Html({attack}).replace("ADDRESS", address).toStdString());
+      Settle();
     }
-    const auto visit = [&](const std::string& origin) {
-      const QByteArray address = QByteArray::fromStdString(origin + skin_.Path());
-      Visit("/web", Html(attack).replace("ADDRESS", address).toStdString());
-      LetLive(Page());
-    };
-    visit("feedloom://page");
-    Settle(Page());
-    EXPECT_EQ(Hits(attack.name), 0) << attack.name;
-    EXPECT_EQ(view_.Address(), Url("/web"));
-    visit(server_.Url(""));
-    EXPECT_TRUE(ComesTrue([&] { return Hits(attack.name) > 0; })) << attack.name;
+    ExpectHits({attack});
   }
 }
 
 TEST_F(SafetyBorders, AGeneratedPageSeesNoOther) {
-  WriteWhole(WithDescription(Html({"other", "<img src=\"HIT\">"})));
-  Settle(Page());
-  const QByteArray other = Page().url().toEncoded();
-  const int seen = Hits("other");
-  const QByteArray frames = "<iframe src=\"" + other + "\"></iframe><object data=\"" + other +
-                            "\"></object><embed src=\"" + other + "\">";
-  ShowAndSettle(WithDescription(frames));
-  EXPECT_EQ(Hits("other"), seen);
-
-  const QUrl undefendedOther =
-      undefended_.Write(WithDescription(Html({"other", "<img src=\"HIT\">"})));
-  EXPECT_TRUE(ComesTrue([&] { return Hits("other") > seen; }));
-  const int seenThen = Hits("other");
-  undefended_.Write(QByteArray(frames).replace(other, undefendedOther.toEncoded()));
-  EXPECT_TRUE(ComesTrue([&] { return Hits("other") > seenThen; }));
+  const QByteArray other = "<img src=\"HIT\">";
+  const auto frames = [](const QUrl& url) {
+    const QByteArray html =
+        "<iframe src=\"%\"></iframe><object data=\"%\"></object><embed src=\"%\">";
+    return QByteArray(html).replace("%", url.toEncoded());
+  };
+  Write(Post(Html({other})));
+  Settle();
+  ShowAndSettle(Post(frames(Page().url())));
+  EXPECT_EQ(Hits(other), 1);
+  WritePlain(Post(Html({other})));
+  EXPECT_TRUE(ComesTrue([&] { return Hits(other) == 2; }));
+  WritePlain(frames(plain_.url()));
+  EXPECT_TRUE(ComesTrue([&] { return Hits(other) > 2; }));
 }
 
-// The script of a web page that is on display goes with it.
-TEST_F(SafetyBorders, AWebPageLeavesNothingBehind) {
-  Visit("/web",
-        Html({"tick", "<script>setInterval(() => { RUN + '?' + Math.random() }, 5)</script>"})
-            .toStdString());
-  EXPECT_TRUE(ComesTrue([&] { return Hits("tick") > 2; }));
-  WriteWhole(WithDescription("mine"));
-  const int seen = Hits("tick");
-  Settle(Page());
-  EXPECT_EQ(Hits("tick"), seen);
-  EXPECT_TRUE(view_.IsWritten());
+TEST_F(SafetyBorders, TheScriptsOfAWebPageGoWithIt) {
+  const QByteArray tick = "<script>setInterval(() => { RUN + '?' + Math.random() }, 5)</script>";
+  Visit("/web", Html({tick}).toStdString());
+  EXPECT_TRUE(ComesTrue([&] { return Hits(tick) > 2; }));
+  Write(Post("mine"));
+  const int seen = Hits(tick);
+  Settle();
+  EXPECT_EQ(Hits(tick), seen);
 }
 
 }  // namespace

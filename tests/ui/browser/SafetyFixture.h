@@ -1,187 +1,160 @@
-// The browser as an attacker meets it, who writes a post's texts; and beside it one without the
-// defence, in which the same attacks must work: a test that sees nothing there proves nothing.
+// The browser as an attacker meets it, who writes a post's texts or a web page; and beside it one
+// without the defence, in which the same attacks must work: a test that sees nothing there proves
+// nothing.
 #pragma once
 
 #include <QApplication>
 #include <QDialog>
 #include <QWebEngineProfile>
-#include <QWebEngineScript>
 #include <QWebEngineSettings>
 #include <array>
-#include <memory>
-#include <span>
 
-#include "ui/browser/ComesTrue.h"
-#include "ui/browser/HtmlViewFixture.h"
+#include "ui/browser/BrowserFixture.h"
 #include "ui/browser/PageScheme.h"
 #include "ui/page/Pages.h"
 
 namespace feedloom {
 
-// In the HTML, HIT is an address of the attack's own at the test's server, and RUN a script that
-// asks for it. RUN contains single quotes.
-struct Attack {
-  const char* name;
-  const char* html;
-};
+// HTML texts. In them RUN is a script with single quotes that asks for HIT, an address of the
+// attack's own at the test's server, ORIGIN, that ends in NAME; COVER makes an element the one that
+// Click() hits; IMAGE is an image's address.
+using Attacks = QByteArrayList;
+// Each stands on a line of its own, or two blanks from the next.
+inline Attacks List(const char* text) {
+  return QByteArray(text).trimmed().replace("  ", "\n").split('\n');
+}
+inline QByteArray Bytes(const std::string& text) { return QByteArray::fromStdString(text); }
+inline QUrl FileUrl(const std::string& path) {
+  return QUrl::fromLocalFile(QString::fromStdString(path));
+}
 
-// A plain page of the engine: its scripts run, and it knows generated pages without a policy.
-class Undefended {
- public:
-  explicit Undefended(SkinDirectory skinDir) : scheme_(std::move(skinDir), nullptr) {
-    profile_.installUrlSchemeHandler(kPageScheme, &scheme_);
-    // It may do what it likes.
-    page_.settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, true);
-    view_.setPage(&page_);
-    view_.resize(400, 300);
-    view_.show();
-    view_.activateWindow();
-  }
-  ~Undefended() { view_.setParent(nullptr); }
-
-  QWebEnginePage& Page() { return page_; }
-  QWidget* Surface() { return view_.focusProxy(); }
-
-  void Load(const QUrl& url) {
-    view_.activateWindow();
-    view_.setFocus();
-    QSignalSpy loaded(&page_, &QWebEnginePage::loadFinished);
-    page_.load(url);
-    EXPECT_TRUE(loaded.wait(20'000));
-  }
-  QUrl Write(const QByteArray& html) {
-    const QUrl url = GeneratedPageUrl(scheme_.Pages().Add({.html = html}));
-    Load(url);
-    return url;
-  }
-  QUrl WriteAsFile(const QByteArray& html) {
-    const std::string file = files_.Write("page.html", html.toStdString());
-    Load(QUrl::fromLocalFile(QString::fromStdString(file)));
-    return page_.url();
-  }
-
- private:
-  TempFolder files_;
-  PageSchemeHandler scheme_;
-  QWebEngineProfile profile_;
-  QWebEnginePage page_{&profile_};
-  QWebEngineView view_;
-};
-
-class SafetyFixture : public HtmlViewFixture {
+class Safety : public BrowserFixture {
  protected:
   // Title, link, description, date and feed URL of a post.
   using Fields = std::array<std::string, 5>;
-  enum Field : std::size_t { kTitle, kLink, kDescription, kDate, kFeedUrl };
-  static inline const Fields kHarmless = {"A title", "http://127.0.0.1/post", "A description",
-                                          "2024-05-06 07:08:09", "http://127.0.0.1/feed"};
+  static constexpr std::size_t kLink = 1, kDescription = 2;
 
-  SafetyFixture() {
-    QObject::connect(&view_, &CRSS_HtmlView::ActionClicked, &view_,
-                     [this](const PageAction& action, const QStringList& texts) {
-                       actions_.emplace_back(action, texts);
-                     });
-    QObject::connect(&view_, &CRSS_HtmlView::OutsideWanted, &view_,
-                     [this](const QUrl& url) { outsideWanted_.push_back(url); });
-    view_.activateWindow();
+  Safety() {
+    frame_.skin.SetHostValue(kValueImageDir, skin_.Path());
+    // A plain page of the engine: its scripts run, and it knows generated pages without a policy.
+    profile_.installUrlSchemeHandler(kPageScheme, &scheme_);
+    plain_.settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, true);
+    plainView_.setPage(&plain_);
+    plainView_.resize(400, 300);
+    plainView_.show();
+    QImage image(77, 5, QImage::Format_RGB32);
+    image.fill(Qt::green);
+    EXPECT_TRUE(image.save(QString::fromStdString(skin_.File("in.png"))));
+    EXPECT_TRUE(image.save(QString::fromStdString(files_.File("a.png"))));
+    files_.Write("a.css", "#probe { width: 77px }");
   }
+  ~Safety() override { plainView_.setParent(nullptr); }
 
+  // The texts of a harmless post but for one.
+  static Fields With(std::size_t field, const QByteArray& hostile) {
+    Fields fields = {"A title", "http://h/post", "Words", "2024-05-06 07:08:09", "http://h/feed"};
+    fields[field] = hostile.toStdString();
+    return fields;
+  }
   static QByteArray Built(PageKind kind, const Fields& f) {
-    static constexpr auto kCharset = "utf-8";
-    if (kind == PageKind::Player) {
-      return QByteArray::fromStdString(
-          BuildPodcastPlayerPage(f[kTitle], f[kLink], f[kDescription], f[kDate], {}));
-    }
+    if (kind == PageKind::Player) return Bytes(BuildPodcastPlayerPage({}, f[kLink], {}, {}, {}));
     const auto build = kind == PageKind::Podcast ? BuildPodcastPreviewPage : BuildPostPreviewPage;
-    return QByteArray::fromStdString(build(1, {f[kTitle]}, {f[kLink]}, {f[kDescription]},
-                                           {f[kDate]}, {f[kFeedUrl]}, true, {}, kCharset));
+    return Bytes(build(1, {f[0]}, {f[1]}, {f[2]}, {f[3]}, {f[4]}, true, {}, "utf-8"));
   }
-  static QByteArray WithDescription(const QByteArray& hostile) {
-    Fields fields = kHarmless;
-    fields[kDescription] = hostile.toStdString();
-    return Built(PageKind::Post, fields);
+  static QByteArray Post(const QByteArray& text) {
+    return Built(PageKind::Post, With(kDescription, text));
+  }
+  QByteArray Player(const char* path) const {
+    return Built(PageKind::Player, With(kLink, Url(path).toUtf8()));
   }
 
-  // Makes an element the one that Click() hits.
-  static constexpr char kCover[] =
-      "style=\"position:fixed;left:0;top:0;width:300px;height:200px;z-index:9\"";
-
-  static std::string HitPath(const std::string& name) { return "/hit/" + name; }
-  int Hits(const std::string& name) const { return server_.Requests(HitPath(name)); }
-  QByteArray Html(const Attack& attack) {
-    return QByteArray(attack.html)
-        .replace("ORIGIN", Url("").toEncoded())
-        .replace("COVER", kCover)
-        .replace("RUN", "new Image().src='HIT'")
-        .replace("HIT", QByteArray::fromStdString(server_.Url(HitPath(attack.name))));
+  static QByteArray Name(const QByteArray& attack) {
+    return QByteArray::number(qChecksum(attack), 16);
   }
-  QByteArray Html(std::span<const Attack> attacks) {
+  int Hits(const QByteArray& attack) const {
+    return server_.Requests("/hit/" + Name(attack).toStdString());
+  }
+  QByteArray Html(const Attacks& attacks) const {
     QByteArray all;
-    for (const Attack& attack : attacks) all += "<div>" + Html(attack) + "</div>\n";
+    for (QByteArray html : attacks) {
+      const QByteArray name = Name(html);
+      html.replace("COVER", "style='position:fixed;left:0;top:0;width:300px;height:200px'");
+      html.replace("IMAGE", "data:image/gif;base64,R0lGODlhAQABAAAAACwAAAAAAQABAAA=");
+      html.replace("RUN", "new Image().src='HIT'").replace("HIT", "ORIGIN/hit/NAME");
+      all += "<div>" + html.replace("ORIGIN", Url("").toUtf8()).replace("NAME", name) + "</div>\n";
+    }
     return all;
   }
-  void ExpectNoHits(std::span<const Attack> attacks) {
-    for (const Attack& attack : attacks) EXPECT_EQ(Hits(attack.name), 0) << attack.name;
+  void ExpectNoHits(const Attacks& attacks) const {
+    for (const auto& attack : attacks) EXPECT_EQ(Hits(attack), 0) << attack.data();
   }
-  void ExpectHits(std::span<const Attack> attacks) {
-    for (const Attack& attack : attacks) {
-      EXPECT_TRUE(ComesTrue([&] { return Hits(attack.name) > 0; }))
-          << attack.name << " does not work without the defence either";
-    }
-  }
-
-  // Asked in a world that the page cannot enter.
-  static QVariant Ask(QWebEnginePage& page, const QString& script) {
-    const auto answer = std::make_shared<std::optional<QVariant>>();
-    page.runJavaScript(script, QWebEngineScript::ApplicationWorld,
-                       [answer](const QVariant& value) { *answer = value; });
-    EXPECT_TRUE(ComesTrue([&] { return answer->has_value(); }));
-    return answer->value_or(QVariant());
+  // Each works without the defence.
+  void ExpectHits(const Attacks& attacks) const {
+    for (const auto& attack : attacks)
+      EXPECT_TRUE(ComesTrue([&] { return Hits(attack) > 0; })) << attack.data();
   }
 
-  // Where scripts are off no timer runs, but frames are drawn.
-  static constexpr char kTitleLater[] = R"((end => {
-    const title = Object.getOwnPropertyDescriptor(Document.prototype, 'title');
-    const look = now => now < end ? requestAnimationFrame(look) : title.set.call(document, '%2');
-    requestAnimationFrame(look);
-  })(performance.now() + %1))";
-  // Comes back when the page has had so much time, by its own clock, for what it does by itself.
+  void LoadPlain(const QUrl& url) {
+    plainView_.activateWindow();
+    plainView_.setFocus();
+    QSignalSpy loaded(&plain_, &QWebEnginePage::loadFinished);
+    plain_.load(url);
+    EXPECT_TRUE(loaded.wait(30'000));
+  }
+  void WritePlain(const QByteArray& html) {
+    LoadPlain(GeneratedPageUrl(scheme_.Pages().Add({.html = html})));
+  }
+  void WritePlainFile(const QByteArray& html) {
+    LoadPlain(FileUrl(files_.Write("page.html", html.toStdString())));
+  }
+  void ClickPlain() {
+    LetLive(plain_);
+    QTest::mouseClick(plainView_.focusProxy(), Qt::LeftButton, {}, {50, 50});
+  }
+
+  // Comes back when the page has had so many milliseconds, by its own clock, for what it does by
+  // itself. Where scripts are off no timer runs, but frames are drawn.
   void LetLive(QWebEnginePage& page, int milliseconds = 60) {
+    static constexpr char kTitleLater[] = R"--((end => {
+      const title = Object.getOwnPropertyDescriptor(Document.prototype, 'title');
+      const look = now => now < end ? requestAnimationFrame(look) : title.set.call(document, '%2');
+      requestAnimationFrame(look);
+    })(performance.now() + %1))--";
     const QString title = "settled " + QString::number(++settled_);
-    page.runJavaScript(QString(kTitleLater).arg(milliseconds).arg(title),
-                       QWebEngineScript::ApplicationWorld);
+    page.runJavaScript(QString(kTitleLater).arg(milliseconds).arg(title), 1);
     EXPECT_TRUE(ComesTrue([&] { return page.title() == title; })) << "the page stands still";
   }
   // The server, too, has then seen what the page has asked for.
-  void Settle(QWebEnginePage& page, int milliseconds = 60) {
-    LetLive(page, milliseconds);
-    undefended_.Load(Url("/settled"));
+  void Settle(int milliseconds = 60) {
+    LetLive(Page(), milliseconds);
+    LoadPlain(Url("/settled"));
   }
-
-  void ExpectNothingOpen() {
-    for (const QWidget* const window : QApplication::topLevelWidgets()) {
-      EXPECT_FALSE(window->isVisible() && qobject_cast<const QDialog*>(window) != nullptr)
-          << window->windowTitle().toStdString();
-    }
-    EXPECT_TRUE(actions_.empty());
-    EXPECT_TRUE(outsideWanted_.empty());
-  }
-
-  // Shows the page; it must still be there when it has settled.
-  void ShowAndSettle(const QByteArray& html, PageKind kind = PageKind::Post) {
-    WriteWhole(html, kind);
+  // Shows the page; when it has settled it is still there and has opened nothing.
+  void ShowAndSettle(const QByteArray& html, PageKind kind = PageKind::Post, bool click = false) {
+    Write(html, kind);
     const QUrl shown = Page().url();
-    Settle(Page());
+    if (click) Click();
+    Settle();
     EXPECT_EQ(Page().url(), shown);
-    EXPECT_TRUE(view_.IsWritten());
-    ExpectNothingOpen();
+    for (const QWidget* const window : QApplication::topLevelWidgets())
+      EXPECT_FALSE(window->isVisible() && qobject_cast<const QDialog*>(window) != nullptr);
+    EXPECT_EQ(actions_.count() + outside_.count(), 0);
+  }
+  void Click() { BrowserFixture::Click(QPoint(50, 50)); }
+  // Begins a navigation that gets no answer.
+  void BeginNavigation() {
+    server_.Hang("/hang");
+    view_.Navigate(Url("/hang"));
+    EXPECT_TRUE(WasRequested("/hang"));
   }
 
-  Undefended undefended_{[this] { return QString::fromStdString(skin_.Path()); }};
-  std::vector<std::pair<PageAction, QStringList>> actions_;
-  std::vector<QUrl> outsideWanted_;
-
- private:
+  TempFolder skin_, files_;
+  PageSchemeHandler scheme_{[this] { return QString::fromStdString(skin_.Path()); }, nullptr};
+  QWebEngineProfile profile_;
+  QWebEnginePage plain_{&profile_};
+  QWebEngineView plainView_;
+  QSignalSpy actions_{&view_, &CRSS_HtmlView::ActionClicked};
+  QSignalSpy outside_{&view_, &CRSS_HtmlView::OutsideWanted};
   int settled_ = 0;
 };
 

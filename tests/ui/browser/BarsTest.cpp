@@ -1,0 +1,227 @@
+// The two bars of the pane: the toolbar above the page, and the one below it that finds a word.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <algorithm>
+
+#include "kit/ShippedSkin.h"
+#include "ui/browser/CRSS_RightBottomToolBarWnd.h"
+#include "ui/browser/FindBar.h"
+
+namespace feedloom {
+namespace {
+
+// A bar on screen above a line that has the keyboard.
+template <typename Bar>
+class BarTest : public testing::Test {
+ protected:
+  BarTest() {
+    window_.resize(700, 100);
+    line_.move(0, 60);
+    bar_.resize(640, bar_.sizeHint().height());
+    window_.show();
+    window_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    line_.setFocus();
+  }
+
+  QAbstractButton& Button(const QString& name) const {
+    const auto buttons = bar_.template findChildren<QAbstractButton*>();
+    return **std::ranges::find(buttons, name, &QWidget::accessibleName);
+  }
+  void Click(const QString& name) { QTest::mouseClick(&Button(name), Qt::LeftButton); }
+  static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+  }
+  static void HoldKey(int key) {
+    QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(QApplication::focusWidget(), &held);
+  }
+
+  const ShippedSkin skin_{"ENG"};
+  QWidget window_;
+  Bar bar_{skin_.Get(), &window_};
+  QLineEdit line_{&window_};
+  QLineEdit& text_ = *bar_.template findChild<QLineEdit*>();
+};
+
+class BrowserToolBar : public BarTest<CRSS_RightBottomToolBarWnd> {
+ protected:
+  // What has been commanded since the last call.
+  std::vector<int> Commands() {
+    std::vector<int> all;
+    for (; !commands_.isEmpty(); commands_.removeFirst()) all.push_back(commands_[0][0].toInt());
+    return all;
+  }
+  QSignalSpy commands_{&bar_, &CRSS_RightBottomToolBarWnd::Commanded};
+  QSignalSpy leavings_{&bar_, &CRSS_RightBottomToolBarWnd::AddressLeft};
+  const QStringList names_ = {"Back", "Forward",         "Stop", "Reload the page",
+                              "Go",   "Add this channel"};
+};
+
+TEST_F(BrowserToolBar, TheAddressGivesWayFirstThenTheLastButtonsAreCut) {
+  EXPECT_EQ(bar_.sizeHint(), QSize(508, 40));
+  EXPECT_EQ(bar_.accessibleName(), "Page tools");
+  for (const int address : {408, 276, 60}) {
+    bar_.setFixedSize(address == 60 ? 200 : 232 + address, 40);
+    const std::vector<int> lefts = {8, 44, 80, 116, 156 + address, 192 + address};
+    for (int i = 0; i < 6; ++i)
+      EXPECT_EQ(Button(names_[i]).geometry(), QRect(lefts[static_cast<std::size_t>(i)], 4, 32, 32));
+    EXPECT_EQ(text_.geometry(), QRect(152, (40 - text_.height()) / 2, address, text_.height()));
+  }
+}
+
+TEST_F(BrowserToolBar, ButtonsCommandUnlessDisabledAndLeaveTheKeyboardWhereItIs) {
+  bar_.Enable(kBrowserNext, false);
+  for (const QString& name : names_) Click(name);
+  EXPECT_EQ(Commands(), std::vector<int>({kBrowserBack, kBrowserStop, kBrowserRefresh, kBrowserGo,
+                                          kBrowserFeed}));
+  bar_.Enable(kBrowserNext, true);
+  Click("Forward");
+  EXPECT_EQ(Commands(), std::vector<int>({kBrowserNext}));
+  EXPECT_TRUE(line_.hasFocus());
+  const QAbstractButton& feed = Button("Add this channel");
+  EXPECT_EQ(bar_.FeedButtonPlace(), QRect(feed.mapToGlobal(QPoint()), QSize(32, 32)));
+  bar_.FocusFeedButton();
+  EXPECT_TRUE(feed.hasFocus());
+}
+
+TEST_F(BrowserToolBar, TabWalksInReadingOrderAndKeysInTheAddressGoOrLeaveOncePerPress) {
+  Button("Back").setFocus(Qt::TabFocusReason);
+  QString walked;
+  for (int i = 0; i < 7; ++i, Press(Qt::Key_Tab))
+    walked += QApplication::focusWidget()->accessibleName() + ", ";
+  EXPECT_EQ(walked, "Back, Forward, Stop, Reload the page, Address, Go, Add this channel, ");
+  bar_.FocusAddress();
+  QTest::keyClicks(&text_, "example.org");
+  EXPECT_EQ(bar_.Address(), "example.org");
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) Press(key);
+  for (const int key : {Qt::Key_Return, Qt::Key_Escape}) HoldKey(key);
+  Button("Back").setFocus();
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(Commands(), std::vector<int>({kBrowserGoByKey, kBrowserGoByKey}));
+  EXPECT_EQ(leavings_.count(), 1);
+}
+
+TEST_F(BrowserToolBar, ShowsTheBeginningOfALongAddressAndLeavesASelectionOfTheSameAsItIs) {
+  const QString address = "https://example.org/" + QString(500, 'a');
+  bar_.SetAddress(address);
+  EXPECT_EQ(text_.cursorPosition(), 0);
+  bar_.FocusAddress();
+  EXPECT_EQ(text_.selectedText(), address);
+  bar_.SetAddress(address);
+  EXPECT_EQ(text_.selectedText(), address);
+  line_.setFocus();
+  bar_.SetAddress(address);
+  EXPECT_EQ(text_.cursorPosition(), 0);
+  bar_.FocusAddress();
+  bar_.SetAddress("https://example.net/");
+  EXPECT_EQ(text_.cursorPosition(), 0);
+}
+
+TEST_F(BrowserToolBar, KnowsWhetherTheUserIsTypingAnAddressAlsoFromAnotherWindow) {
+  bar_.FocusAddress();
+  EXPECT_FALSE(bar_.IsAddressEdited());
+  QTest::keyClicks(&text_, "news");
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+  EXPECT_TRUE(bar_.IsAddressEdited());
+  line_.setFocus();
+  EXPECT_FALSE(bar_.IsAddressEdited());
+  bar_.FocusAddress();
+  EXPECT_TRUE(bar_.IsAddressEdited());
+  bar_.SetAddress("news");
+  EXPECT_FALSE(bar_.IsAddressEdited());
+}
+
+class FindBarTest : public BarTest<FindBar> {
+ protected:
+  FindBarTest() {
+    EXPECT_FALSE(bar_.isVisible());
+    bar_.Open();
+  }
+  // What has been wanted since the last call, "<word" backward and ">word" forward.
+  QString Wants() {
+    QString all;
+    for (; !wants_.isEmpty(); wants_.removeFirst())
+      all += (wants_[0][1].toBool() ? "<" : ">") + wants_[0][0].toString();
+    return all;
+  }
+  // What the user and a screen reader are told of a result.
+  QString Told(int active, int all) {
+    bar_.SetResult(active, all);
+    EXPECT_EQ(label_.text(), text_.accessibleDescription());
+    EXPECT_EQ(label_.text(), label_.toolTip());
+    return label_.text();
+  }
+  const QLabel& label_ = *bar_.findChild<QLabel*>();
+  QSignalSpy wants_{&bar_, &FindBar::Wanted};
+  QSignalSpy closings_{&bar_, &FindBar::Closed};
+};
+
+TEST_F(FindBarTest, FindsAsTheUserTypesAndTellsTheResult) {
+  EXPECT_EQ(text_.placeholderText(), "Find in this page");
+  EXPECT_EQ(bar_.accessibleName(), "Find in this page");
+  EXPECT_TRUE(text_.hasFocus());
+  QTest::keyClicks(&text_, "at");
+  Press(Qt::Key_Backspace);
+  EXPECT_EQ(Told(2, 17), "2 of 17");
+  bar_.Open();
+  EXPECT_EQ(text_.selectedText(), "a");
+  EXPECT_EQ(label_.text(), "2 of 17");
+  EXPECT_EQ(Told(0, 0), "Nothing found");
+  Press(Qt::Key_Backspace);
+  EXPECT_EQ(label_.text(), "");
+  EXPECT_EQ(Told(0, 0), "");
+  EXPECT_EQ(Wants(), ">a>at>a>");
+}
+
+TEST_F(FindBarTest, KeysAndButtonsLeadToTheNextPlaceAndTheOneBeforeAndEndTheSearchOnce) {
+  text_.setText("cat");
+  Press(Qt::Key_Return);
+  Press(Qt::Key_Enter, Qt::ShiftModifier);
+  HoldKey(Qt::Key_Return);
+  for (const char* name : {"Find next", "Find previous"}) Click(name);
+  EXPECT_EQ(Wants(), ">cat<cat>cat<cat");
+  EXPECT_TRUE(text_.hasFocus());
+  for (const Qt::Key key :
+       {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Return})
+    Press(key);
+  bar_.Close();
+  EXPECT_FALSE(bar_.isVisible());
+  EXPECT_EQ(Wants(), "<cat>cat>");
+  EXPECT_EQ(closings_.count(), 1);
+  Told(1, 3);  // too late
+  bar_.Open();
+  EXPECT_EQ(label_.text(), "");
+  Press(Qt::Key_Escape);
+  bar_.Open();
+  Click("Close the search");
+  EXPECT_EQ(closings_.count(), 3);
+}
+
+TEST_F(FindBarTest, ANarrowPaneCutsTheResultNotTheButtons) {
+  const QRect& close = Button("Close the search").geometry();
+  text_.setText("cat");
+  Told(0, 0);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return close.right() == 640 - 8 - 1; }));
+  EXPECT_EQ(QPoint(text_.x(), text_.width()), QPoint(8, 240));
+  EXPECT_EQ(bar_.height(), text_.height() + 2 * 3);
+  bar_.resize(200, bar_.height());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return text_.width() == 60; }));
+  EXPECT_EQ(Button("Find previous").x(), 8 + 60 + 4);
+  EXPECT_EQ(Button("Find next").geometry().right() + 1 + 4, label_.x());
+  EXPECT_EQ(label_.geometry().right() + 1 + 4, close.x());
+  EXPECT_EQ(close.right(), 200 - 8 - 1);
+}
+
+}  // namespace
+}  // namespace feedloom

@@ -1,0 +1,152 @@
+// The browser pane on screen with the real engine, over a real store, with a real server to visit.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QWebEnginePage>
+#include <QWebEngineView>
+#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "kit/FeedServer.h"
+#include "kit/TempFolder.h"
+#include "skin/Keys.h"
+#include "ui/FakeFrame.h"
+#include "ui/browser/CRSS_HtmlView.h"
+#include "ui/browser/CRSS_RightBottomContainer.h"
+#include "ui/browser/CRSS_RightBottomToolBarWnd.h"
+#include "vxctrl/QtText.h"
+#include "vxctrl/SkinText.h"
+
+namespace feedloom {
+
+// Waits until `isTrue`, in an event loop: the engine's processes need the processor meanwhile.
+inline bool ComesTrue(const std::function<bool()>& isTrue) {
+  QEventLoop loop;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, &loop, [&] { isTrue() ? loop.quit() : void(); });
+  QTimer::singleShot(30'000, &loop, &QEventLoop::quit);
+  look.start(5);
+  if (!isTrue()) loop.exec();
+  return isTrue();
+}
+
+// What `script` gives in a world of `page` that the page itself cannot enter.
+inline QVariant Ask(QWebEnginePage& page, const QString& script) {
+  const auto answer = std::make_shared<std::optional<QVariant>>();
+  page.runJavaScript(script, 1, [answer](const QVariant& value) { *answer = value; });
+  EXPECT_TRUE(ComesTrue([&] { return answer->has_value(); })) << script.toStdString();
+  return answer->value_or(QVariant());
+}
+
+class BrowserFixture : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { PrepareBrowser(); }
+
+  BrowserFixture() {
+    frame_.actions.askDownloadPlace = [this](const QString& name) { return FilePath(name); };
+    pane_.resize(640, 400);
+    pane_.show();
+    pane_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&pane_));
+  }
+
+  QString FilePath(const QString& name) const { return ToQPath(folder_.File(name.toStdString())); }
+  static QString ToQPath(const std::string& path) { return QString::fromStdString(path); }
+  QString Url(const std::string& path) const { return ToQPath(server_.Url(path)); }
+  // A post of the store; its link is a path of the server.
+  PostRow Post(const std::string& title, const std::string& path,
+               const std::string& html = {}) const {
+    PostRow post;
+    post.title = title;
+    post.link = server_.Url(path);
+    post.published = "2008-05-01 10:00:00";
+    post.description = "<p>About " + title + "</p>" + html;
+    return post;
+  }
+
+  // These return when the page that is begun is shown.
+  void WaitForPage(const std::function<void()>& begin) {
+    QSignalSpy shown(&pane_, &CRSS_RightBottomContainer::PageShown);
+    begin();
+    EXPECT_TRUE(shown.wait(30'000));
+  }
+  void Show(const PostRow& post) {
+    WaitForPage([&] { pane_.ShowPost(post); });
+  }
+  void Write(const QByteArray& html, PageKind kind = PageKind::Post, bool showsImages = true) {
+    WaitForPage([&] { view_.WritePageToBrowser({html, kind, {}, showsImages}); });
+  }
+  void Visit(const std::string& path, const std::string& html) {
+    server_.Serve(path, html, "text/html");
+    WaitForPage([&] { view_.Navigate(Url(path)); });
+  }
+
+  QWebEnginePage& Page() const { return *pane_.findChild<QWebEngineView*>()->page(); }
+  QWidget& Surface() const { return *pane_.findChild<QWebEngineView*>()->focusProxy(); }
+  QVariant Evaluate(const QString& script) const { return Ask(Page(), script); }
+  QString Text() const { return Evaluate("document.body.innerText").toString(); }
+  // Returns when the engine is through with what a click or a script has begun.
+  void LetEngineFinish() const {
+    for (int i = 0; i < 3; ++i) Evaluate("1");
+  }
+
+  // The middle of the first element that this CSS selector finds.
+  QPoint PlaceOf(const QString& selector) const {
+    const auto middle = Evaluate(
+                            "(r => [r.x + r.width / 2, r.y + r.height / 2])(document."
+                            "querySelector('" +
+                            selector + "').getBoundingClientRect())")
+                            .toList();
+    return {middle.value(0).toInt(), middle.value(1).toInt()};
+  }
+  void Click(QPoint place) { QTest::mouseClick(&Surface(), Qt::LeftButton, {}, place); }
+  void Click(const QString& selector) { Click(PlaceOf(selector)); }
+  void Press(QKeySequence keys) {
+    pane_.activateWindow();
+    pane_.setFocus();
+    QTest::keySequence(&Surface(), keys);
+  }
+
+  // By the key of its tooltip.
+  QAbstractButton& Button(const char* key) const {
+    const auto buttons = toolbar_.findChildren<QAbstractButton*>();
+    return **std::ranges::find(buttons, SkinText(frame_.GetSkin(), key), &QWidget::toolTip);
+  }
+  QLineEdit& Address() const { return *toolbar_.findChild<QLineEdit*>(); }
+  void Go(const QString& typed) {
+    Address().setText(typed);
+    Button(kTextGoTooltip).click();
+  }
+
+  std::string HostText(const char* key) const {
+    return frame_.skin.Get().GetText(kSectionTexts, key);
+  }
+  bool IsLastMessageWith(const std::string& text) const {
+    return !frame_.messages.empty() && frame_.messages.back().find(text) != std::string::npos;
+  }
+  bool WasRequested(const std::string& path) const {
+    return ComesTrue([&] { return server_.Requests(path) > 0; });
+  }
+
+  FeedServer server_;
+  TempFolder folder_;  // of downloads
+  FakeFrame frame_;
+  CRSS_RightBottomContainer pane_{frame_, nullptr};
+  CRSS_HtmlView& view_ = *pane_.findChild<CRSS_HtmlView*>();
+  CRSS_RightBottomToolBarWnd& toolbar_ = *pane_.findChild<CRSS_RightBottomToolBarWnd*>();
+};
+
+}  // namespace feedloom
