@@ -2,10 +2,11 @@
 
 namespace feedloom {
 
-// What the browser tells the user in the host's status text. Behind each, what goes with it.
+// An event that the host's status text reports. The comment behind each value names the detail that
+// comes with it.
 enum class BrowserReport {
-  Hovered,           // the address of the link under the pointer; empty when it is left
-  Loading,           // a percentage, without its sign
+  Hovered,           // the address of the link under the pointer; empty without a link
+  Loading,           // a percentage, without the percent sign
   Loaded,            // nothing
   NotLoaded,         // nothing
   Stopped,           // nothing

@@ -18,14 +18,14 @@
 namespace feedloom {
 namespace {
 
-// From the smallest to the largest size of a page; the normal one has this place.
+// The sizes of a page in ascending order, and the index of the normal one.
 constexpr std::array kZoomFactors = {0.25, 0.33, 0.5,  0.67, 0.75, 0.9, 1.0, 1.1,
                                      1.25, 1.5,  1.75, 2.0,  2.5,  3.0, 4.0, 5.0};
 constexpr int kNormalSize = 6;
 constexpr int kLargestSize = static_cast<int>(kZoomFactors.size()) - 1;
 
-// The engine draws through the host's OpenGL. In a host without it the view would stay empty, and
-// the process end; then the engine paints by itself. It hears this only once a process.
+// Selects software rendering when the host has no OpenGL: without OpenGL the engine would show
+// nothing and end the process. The choice holds for the whole process.
 QWidget* Prepared(QWidget* parent) {
   const QString software = QStringLiteral("software");
   const QOpenGLContext* const openGl = QOpenGLContext::globalShareContext();
@@ -38,15 +38,15 @@ QWidget* Prepared(QWidget* parent) {
 
 }  // namespace
 
-// The members end in the order that the engine wants: the view, its page, the profile. The profile
-// keeps cookies and its cache in memory only.
+// The engine's objects. They must be destroyed in this order: the view, its page, the profile. The
+// profile keeps cookies and the cache in memory only.
 class CRSS_HtmlView::Engine {
  public:
-  explicit Engine(Asking asking)
-      : crashPage(std::move(asking.crashPage)),
-        styleSheet(std::move(asking.styleSheet)),
-        scheme(std::move(asking.skinDir), nullptr),
-        downloads(profile, WhenWanted(std::move(asking.downloadPlace)), nullptr),
+  explicit Engine(Callbacks callbacks)
+      : crashPage(std::move(callbacks.crashPage)),
+        styleSheet(std::move(callbacks.styleSheet)),
+        scheme(std::move(callbacks.skinDir), nullptr),
+        downloads(profile, WithPermission(std::move(callbacks.askSavePath)), nullptr),
         page(&profile, scheme.Pages(), nullptr) {
     profile.installUrlSchemeHandler(kPageScheme, &scheme);
     view.setPage(&page);
@@ -56,8 +56,8 @@ class CRSS_HtmlView::Engine {
     view.setContextMenuPolicy(Qt::CustomContextMenu);
   }
 
-  // What a post's page downloads by itself is refused without a question.
-  AskPlace WhenWanted(AskPlace ask) {
+  // A download that a generated page starts without a click is refused without asking the user.
+  AskSavePath WithPermission(AskSavePath ask) {
     return [this, ask = std::move(ask)](const QString& name) {
       return page.MayDownload() ? ask(name) : QString();
     };
@@ -65,18 +65,18 @@ class CRSS_HtmlView::Engine {
 
   const std::function<QByteArray(const QUrl& crashed)> crashPage;
   const std::function<QString()> styleSheet;
-  std::unique_ptr<QPrinter> printer;  // while it prints
+  std::unique_ptr<QPrinter> printer;  // null when no print is in progress
   PageSchemeHandler scheme;
   QWebEngineProfile profile;
   Downloads downloads;
   WebPage page;
   QWebEngineView view;
-  int host = 0;            // of generated pages
-  qsizetype pageSize = 0;  // of the one that was asked for last
+  int host = 0;            // the host number of generated pages
+  qsizetype pageSize = 0;  // of the generated page that was requested last
 };
 
-CRSS_HtmlView::CRSS_HtmlView(Asking asking, QWidget* parent)
-    : QWidget(Prepared(parent)), engine_(std::make_unique<Engine>(std::move(asking))) {
+CRSS_HtmlView::CRSS_HtmlView(Callbacks callbacks, QWidget* parent)
+    : QWidget(Prepared(parent)), engine_(std::make_unique<Engine>(std::move(callbacks))) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(&engine_->view);
@@ -84,7 +84,7 @@ CRSS_HtmlView::CRSS_HtmlView(Asking asking, QWidget* parent)
   Connect();
 }
 
-// The view is a member and a child: it leaves the widget before it ends.
+// The view is a member and a child widget: as a child it would be deleted twice.
 CRSS_HtmlView::~CRSS_HtmlView() { engine_->view.setParent(nullptr); }
 
 void CRSS_HtmlView::Connect() {
@@ -95,7 +95,7 @@ void CRSS_HtmlView::Connect() {
   connect(page, &WebPage::Completed, this, &CRSS_HtmlView::Completed);
   connect(page, &WebPage::FeedsFound, this, &CRSS_HtmlView::FeedsFound);
   connect(page, &WebPage::Reported, this, &CRSS_HtmlView::Reported);
-  // Later, when the engine is through with the click: these lead to dialogs and other programs.
+  // Queued, because their slots open dialogs: the engine must finish handling the click first.
   connect(page, &WebPage::ActionClicked, this, &CRSS_HtmlView::ActionClicked, Qt::QueuedConnection);
   connect(page, &WebPage::OutsideWanted, this, &CRSS_HtmlView::OutsideWanted, Qt::QueuedConnection);
   connect(page, &QWebEnginePage::renderProcessTerminated, this, &CRSS_HtmlView::ShowCrash,
@@ -118,8 +118,8 @@ void CRSS_HtmlView::Connect() {
 }
 
 void CRSS_HtmlView::Navigate(const QUrl& url) {
-  // A process that is busy with a large page would keep others of its host waiting.
-  if (engine_->page.IsLaboring()) ++engine_->host;
+  // A renderer process that is busy with a large page would delay other pages of its host.
+  if (engine_->page.IsRenderingLargePage()) ++engine_->host;
   engine_->page.load(IsGenerated(url) ? AtHost(url, engine_->host) : url);
 }
 
@@ -128,12 +128,12 @@ void CRSS_HtmlView::WritePageToBrowser(const PageToWrite& page) {
   const GeneratedPage generated = {
       WithHead(page.html, page.kind, page.showsRemoteImages, engine_->styleSheet()), page.kind,
       page.source};
-  // A process of its own for a large page, so that the way back does not wait for it either.
+  // A large page gets a renderer process of its own, so that going back does not wait for it.
   if (IsLarge(generated)) ++engine_->host;
   Navigate(GeneratedPageUrl(engine_->scheme.Pages().Add(generated)));
 }
 
-// When even this page crashes, it is not shown again. A page that is being left is not missed.
+// Does nothing when the crash page itself has crashed, or when the page is being left anyway.
 void CRSS_HtmlView::ShowCrash() {
   const auto page = engine_->page.Generated();
   if (engine_->page.IsLeaving() || (page && page->kind == PageKind::Crash)) return;
@@ -182,7 +182,7 @@ void CRSS_HtmlView::Zoom(int steps) {
   ApplyZoom();
 }
 
-// The engine forgets it with every other site.
+// The engine resets the zoom factor when the site changes.
 void CRSS_HtmlView::ApplyZoom() {
   const double factor = kZoomFactors[static_cast<std::size_t>(kNormalSize + zoomSteps_)];
   if (engine_->page.zoomFactor() != factor) engine_->page.setZoomFactor(factor);

@@ -16,7 +16,7 @@ class QPrinter;
 
 namespace feedloom {
 
-// A page that the module has made.
+// A generated page, to be shown.
 struct PageToWrite {
   QByteArray html;  // UTF-8
   PageKind kind = PageKind::Post;
@@ -24,44 +24,45 @@ struct PageToWrite {
   bool showsRemoteImages = true;
 };
 
-// What stands at the point for which the user wants the menu.
-struct PageSpot {
+// What is at the point where the user has opened the context menu.
+struct MenuTarget {
   QPoint place;  // on the screen
-  QUrl link;     // empty where there is none
+  QUrl link;     // empty without a link
   QString selectedText;
 };
 
-// The browser. The engine behind it is known to this folder alone.
+// The browser: a view of the browser engine, whose types it hides. Interface thread.
 class CRSS_HtmlView : public QWidget {
   Q_OBJECT
 
  public:
-  struct Asking {
-    // Generated pages may show images from this directory.
+  struct Callbacks {
+    // Returns the directory from which generated pages may show images.
     SkinDirectory skinDir;
-    // What to show when the engine's process for a page has come to an unexpected end: HTML in
-    // UTF-8, with a link to that page's address.
+    // Returns the page to show when the renderer process of `crashed` has ended unexpectedly: HTML
+    // in UTF-8, with a link to `crashed`.
     std::function<QByteArray(const QUrl& crashed)> crashPage;
-    // The file in that directory from which generated pages take their colours; empty: none.
+    // Returns the path of the style sheet for generated pages, a file in skinDir; empty for none.
     std::function<QString()> styleSheet = [] { return QString(); };
-    AskPlace downloadPlace;
+    AskSavePath askSavePath;
   };
-  // Each is asked whenever it is needed.
-  CRSS_HtmlView(Asking asking, QWidget* parent);
+  // A callback is called each time its value is needed, on the interface thread. `parent` owns the
+  // view.
+  CRSS_HtmlView(Callbacks callbacks, QWidget* parent);
   ~CRSS_HtmlView() override;
 
   void Navigate(const QUrl& url);
 
-  // Shows a page of the module's own, as a new one in the history; an empty one does nothing.
+  // Shows a generated page as a new entry of the history. Does nothing when its HTML is empty.
   void WritePageToBrowser(const PageToWrite& page);
 
-  // Does what a click on a page's button does.
+  // Does what a click on the button of `action` in the page on display does.
   void Act(const PageAction& action);
 
   void GoBack();
   void GoForward();
   void Reload();
-  // Ends the load, or else the downloads that are under way.
+  // Stops the load in progress; without one, stops all downloads.
   void Stop();
   void StopDownloads();
 
@@ -69,37 +70,41 @@ class CRSS_HtmlView : public QWidget {
   bool CanGoForward() const;
   bool IsLoading() const;
   bool IsDownloading() const;
-  // A page that the module has written is on display.
+  // Whether the page on display is a generated one.
   bool IsWritten() const;
-  // Of the page on display; empty for the module's own pages.
+  // The address of the page on display; empty for a generated page and for the main page.
   QUrl Address() const;
-  // The same, but of a post's page the address of the post.
+  // Like Address(), but for the generated page of a post the address of the post.
   QUrl OutsideAddress() const;
 
-  // By so many steps; 0 is the normal size. Holds for all pages from now on.
+  // Enlarges all pages from now on by `steps`, or reduces them when it is negative, within the
+  // sizes from 25% to 500%; 0 restores the normal size.
   void Zoom(int steps);
-  // Marks the places where the text stands, shows the next one and tells of them in FoundInPage;
-  // an empty text ends it.
+  // Highlights all matches of `text`, scrolls to the next one, or the previous one with `backward`,
+  // and emits FoundInPage. An empty text ends the search.
   void Find(const QString& text, bool backward);
-  // The view keeps the printer until it is through. Does nothing while it prints.
+  // Prints the page on display; the view owns the printer until that is done. Does nothing while
+  // another print is in progress.
   void Print(std::unique_ptr<QPrinter> printer);
 
  signals:
-  // The page that was asked for last is loaded, or has failed, and is drawn. The engine may put its
-  // images on screen a few frames later.
+  // The page that was requested last is loaded, or has failed to load, and is drawn. Its images may
+  // appear a few frames later.
   void PageShown();
-  // What the questions above ask for may have changed.
+  // The result of CanGoBack() to OutsideAddress() may have changed.
   void Changed();
-  // An address other than a generated page's is loaded, as far as it came; and what it announces.
+  // The load of a page that is not generated has ended, successfully or not.
   void Completed();
+  // The feeds that this page announces; comes after Completed.
   void FeedsFound(const feedloom::AnnouncedFeeds& feeds);
   void Reported(feedloom::BrowserReport report, const QString& detail);
   void DownloadChanged(feedloom::DownloadEvent event, const QString& name, const QString& progress);
-  // A button of a page was pressed; with the texts of its elements.
+  // The user has pressed a button of a page. `texts` are those of ElementIds(action), in order.
   void ActionClicked(const feedloom::PageAction& action, const QStringList& texts);
-  // A link wants a program of the system.
+  // The user has clicked a link that another program of the system opens, such as mailto.
   void OutsideWanted(const QUrl& url);
-  void MenuRequested(const feedloom::PageSpot& spot);
+  void MenuRequested(const feedloom::MenuTarget& target);
+  // The number of the match that is shown, counted from 1, and the number of all matches.
   void FoundInPage(int active, int all);
 
  private:

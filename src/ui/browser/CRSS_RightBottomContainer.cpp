@@ -31,11 +31,11 @@ QString StyleSheet(const Skin& skin) {
   return FilePath(skin.GetImagePath(kSectionHtml, kFilePageStyle));
 }
 
-CRSS_HtmlView::Asking WhomToAsk(Frame& frame) {
+CRSS_HtmlView::Callbacks MakeCallbacks(Frame& frame) {
   return {.skinDir = [&frame] { return FilePath(frame.GetSkin().Config().GetImageDir()); },
           .crashPage = [&frame](const QUrl& crashed) { return MakeCrashPage(frame, crashed); },
           .styleSheet = [&frame] { return StyleSheet(frame.GetSkin()); },
-          .downloadPlace =
+          .askSavePath =
               [&frame](const QString& name) {
                 const auto ask = frame.GetActions().askDownloadPlace;
                 return ask ? ask(name) : QString();
@@ -56,7 +56,7 @@ CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* pare
       border_(LoadBrowserPaneFrame(frame.GetSkin())),
       toolbar_(new CRSS_RightBottomToolBarWnd(frame.GetSkin(), this)),
       page_(new QWidget(this)),
-      view_(new CRSS_HtmlView(WhomToAsk(frame), page_)),
+      view_(new CRSS_HtmlView(MakeCallbacks(frame), page_)),
       findBar_(new FindBar(frame.GetSkin(), page_)),
       commands_(std::make_unique<PageCommands>(frame, *view_, *findBar_)) {
   auto* const layout = new QVBoxLayout(page_);
@@ -93,13 +93,13 @@ void CRSS_RightBottomContainer::ConnectView() {
           });
   connect(view_, &CRSS_HtmlView::OutsideWanted, this,
           [this](const QUrl& url) { commands_->OpenOutside(url); });
-  connect(view_, &CRSS_HtmlView::MenuRequested, this, [this](const PageSpot& spot) {
-    ShowMenu(commands_->TheMenu(spot), frame_.GetSkin(), spot.place, this,
-             [this, spot](int command) { commands_->Run(command, spot); });
+  connect(view_, &CRSS_HtmlView::MenuRequested, this, [this](const MenuTarget& target) {
+    ShowMenu(commands_->ContextMenu(target), frame_.GetSkin(), target.place, this,
+             [this, target](int command) { commands_->Run(command, target); });
   });
   connect(view_, &CRSS_HtmlView::ActionClicked, this,
           [this](const PageAction& action, const QStringList& texts) {
-            if (isActing_) return;  // the second click of a double click
+            if (isActing_) return;  // the second click of a double click would ask again
             const QPointer self(this);
             isActing_ = true;
             RunPageAction(frame_, action, texts);
@@ -133,7 +133,7 @@ void CRSS_RightBottomContainer::SetUpKeys() {
   onKeys(this, {Qt::ALT | Qt::Key_Left}, [this] { view_->GoBack(); });
   onKeys(this, {Qt::ALT | Qt::Key_Right}, [this] { view_->GoForward(); });
   onKeys(view_, {Qt::Key_Escape}, [this] {
-    if (view_->IsLoading()) view_->Stop();  // pages use the key, too: downloads go on
+    if (view_->IsLoading()) view_->Stop();  // the key belongs to the page: downloads continue
   });
 }
 
@@ -141,13 +141,13 @@ void CRSS_RightBottomContainer::SetUpKeys() {
 
 void CRSS_RightBottomContainer::NotePageShown() {
   if (shownPost_ && !shownPost_->isKnown && !view_->IsWritten()) {
-    shownPost_->address = view_->OutsideAddress();  // a server may have led elsewhere
+    shownPost_->address = view_->OutsideAddress();  // a server may have redirected the request
     shownPost_->isKnown = true;
   }
   emit PageShown();
 }
 
-// The user may have gone elsewhere since.
+// Whether the post's page is on display: the user may have left it.
 bool CRSS_RightBottomContainer::IsOnDisplay(const ShownPost& shown) const {
   return !shown.isKnown ||
          (view_->IsWritten() == shown.isWritten && view_->OutsideAddress() == shown.address);
@@ -168,7 +168,7 @@ void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
   shownPost_ = ShownPost{.post = post, .mode = mode_};
   const QString address = ToQString(frame_.GetStore().TextCodePage(), post.link);
   const QUrl link(address);
-  // A feed must not lead to the machine's own files, nor press a button of the page before.
+  // The link of a hostile post may name a local file, or a button of the previous page.
   if (mode_ == 1 || !IsWebAddress(link) || ParsePageAction(address)) {
     WritePage(MakePreview(frame_, post));
   } else if (post.isPodcast == 1) {
@@ -228,7 +228,7 @@ void CRSS_RightBottomContainer::UpdateToolBar() {
   toolbar_->Enable(kBrowserNext, view_->CanGoForward());
   toolbar_->Enable(kBrowserStop, view_->IsLoading() || view_->IsDownloading());
   if (view_->IsWritten()) toolbar_->Enable(kBrowserFeed, false);
-  // While a page is on its way the box keeps the address that was asked for.
+  // While a page is loading the box keeps the requested address.
   const QUrl address = view_->Address();
   if (view_->IsLoading() && address == shownAddress_) return;
   shownAddress_ = address;

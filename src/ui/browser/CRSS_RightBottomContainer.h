@@ -21,8 +21,8 @@ enum BrowserCommand : int;
 struct AnnouncedFeeds;
 struct PageToWrite;
 
-// Once a process, before the engine starts: makes it know the addresses of the module's own pages,
-// and show pages to screen readers. A second call does nothing.
+// Registers the URL scheme of generated pages, and makes the engine show pages to screen readers.
+// Call it before the engine starts; a second call does nothing.
 void PrepareBrowser();
 
 // Interface thread.
@@ -34,17 +34,17 @@ class CRSS_RightBottomContainer : public QWidget {
   CRSS_RightBottomContainer(Frame& frame, QWidget* parent);
   ~CRSS_RightBottomContainer() override;
 
-  // 1: posts show as pages that the module makes; 0: as their own web pages.
+  // How ShowPost shows posts from now on. 1: as generated pages; 0: as their own web pages.
   void SetMode(int mode) { mode_ = mode; }
-  // A post that is on display shows as the mode now wants it; any other page stays.
+  // Shows the post on display again when the mode has changed since; any other page stays.
   void Redraw();
 
   void ShowMainPage();
   void ShowPost(const PostRow& post);
 
  signals:
-  // The page that was asked for last is loaded, or has failed, and is drawn. The engine may put its
-  // images on screen a few frames later.
+  // The page that was requested last is loaded, or has failed to load, and is drawn. Its images may
+  // appear a few frames later.
   void PageShown();
 
  protected:
@@ -52,13 +52,13 @@ class CRSS_RightBottomContainer : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  // The post that the pane was asked to show last.
+  // The post of the latest call of ShowPost.
   struct ShownPost {
     PostRow post;
-    int mode;                // that it was shown in
-    bool isWritten = false;  // as a page of the module's own
-    QUrl address = {};       // of its page, which is known when a web page has been drawn
-    bool isKnown = false;
+    int mode;                // the mode in which it was shown
+    bool isWritten = false;  // it is shown as a generated page
+    QUrl address = {};       // of its page
+    bool isKnown = false;    // `address` is known: of a web page, when it has been drawn
   };
 
   bool IsOnDisplay(const ShownPost& shown) const;
@@ -83,7 +83,7 @@ class CRSS_RightBottomContainer : public QWidget {
   const std::unique_ptr<PageCommands> commands_;
   int mode_ = 1;
   std::optional<ShownPost> shownPost_;
-  QUrl shownAddress_;      // in the address box
+  QUrl shownAddress_;      // the latest address that was given to the toolbar
   bool isActing_ = false;  // a dialog of a page's button is open
 };
 

@@ -16,7 +16,7 @@
 namespace feedloom {
 namespace {
 
-constexpr QSize kDefaultSize(508, 40);  // what the skin does not give
+constexpr QSize kDefaultSize(508, 40);  // for what the skin does not specify
 
 constexpr int kEdge = 8;  // left and right of the controls
 constexpr int kGap = 4;   // between them
@@ -86,11 +86,11 @@ void CRSS_RightBottomToolBarWnd::SetAddress(const QString& address) {
   const bool isAnother = address != address_->text();
   if (isAnother) address_->setText(address);
   address_->setModified(false);
-  // A long address shows its beginning, which tells whose page it is.
+  // The beginning of a long address shows the host of the page.
   if (isAnother || !HasAddressKeyboard()) address_->setCursorPosition(0);
 }
 
-// Also when another window is the active one: the user may be there to look up what to type.
+// True also while another window is active: the user may look up there what to type.
 bool CRSS_RightBottomToolBarWnd::HasAddressKeyboard() const {
   return window()->focusWidget() == address_;
 }
@@ -134,7 +134,7 @@ void CRSS_RightBottomToolBarWnd::resizeEvent(QResizeEvent* /*event*/) {
   }
 }
 
-// Keys that the control with the keyboard has left.
+// Receives the keys that the focused control has ignored.
 void CRSS_RightBottomToolBarWnd::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (!address_->hasFocus() || (!isEnter && event->key() != Qt::Key_Escape)) {

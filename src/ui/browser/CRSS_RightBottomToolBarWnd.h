@@ -31,28 +31,28 @@ class CRSS_RightBottomToolBarWnd : public QWidget {
  public:
   CRSS_RightBottomToolBarWnd(const Skin& skin, QWidget* parent);
 
-  // What the skin gives it, in pixels.
+  // The size that the skin specifies, in pixels.
   QSize sizeHint() const override { return size_; }
   int Height() const { return size_.height(); }
 
-  // Of the command's button. All are enabled at first.
+  // Enables or disables the button of `command`. All buttons are enabled at first.
   void Enable(BrowserCommand command, bool isEnabled);
 
-  // As it stands in the box; may be empty.
+  // The text in the address box; may be empty.
   QString Address() const;
   void SetAddress(const QString& address);
-  // The user has typed into the box, which still has the keyboard, since SetAddress.
+  // Whether the user has typed into the box since SetAddress and the box still has the focus.
   bool IsAddressEdited() const;
-  // The keyboard goes to the address, which is selected.
+  // Moves the focus to the address box and selects its text.
   void FocusAddress();
 
-  // The feed button's place on the screen.
+  // The feed button's rectangle in screen coordinates.
   QRect FeedButtonPlace() const;
   void FocusFeedButton();
 
  signals:
   void Commanded(BrowserCommand command);
-  // Escape in the address box: the keyboard is to go back to the page.
+  // The user has pressed Escape in the address box: the focus should go back to the page.
   void AddressLeft();
 
  protected:

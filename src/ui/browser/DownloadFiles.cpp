@@ -12,11 +12,11 @@
 namespace feedloom {
 namespace {
 
-constexpr qsizetype kLongestName = 200;   // bytes; a file system takes 255
+constexpr qsizetype kLongestName = 200;   // bytes; file systems allow 255
 constexpr qsizetype kLongestEnding = 20;  // bytes, with the dot
 
-// Marks of direction would show an ending where none is.
-bool IsHidden(QChar c) {
+// Bidi controls could disguise the file extension.
+bool IsInvisible(QChar c) {
   switch (c.category()) {
     case QChar::Other_Control:
     case QChar::Separator_Line:
@@ -36,7 +36,7 @@ QString LastPart(QString path) {
   return path.section('/', -1, -1, QString::SectionSkipEmpty);
 }
 
-// The beginning of `text` that takes at most `size` bytes, in whole characters.
+// The longest beginning of `text` of at most `size` UTF-8 bytes, in whole characters.
 QString Shortened(QString text, qsizetype size) {
   while (text.toUtf8().size() > size) text.chop(text.back().isLowSurrogate() ? 2 : 1);
   return text;
@@ -65,7 +65,7 @@ bool ReachesDisk(const QString& path) {
 
 QString SafeFileName(const QString& suggested) {
   QString name = suggested;
-  name.removeIf(IsHidden);
+  name.removeIf(IsInvisible);
   name = LastPart(name);
   const auto isDotOrSpace = [](QChar c) { return c == '.' || c.isSpace(); };
   name.remove(0, std::ranges::find_if_not(name, isDotOrSpace) - name.begin());
@@ -80,7 +80,7 @@ QString PartPath(const QString& target) {
            QUuid::createUuid().toString(QUuid::Id128));
 }
 
-bool IsPlaceForFile(const QString& target) {
+bool CanWriteFile(const QString& target) {
   const QFileInfo place(target);
   const QFileInfo folder(place.absolutePath());
   return !place.fileName().isEmpty() && !place.isDir() && folder.isDir() && folder.isWritable();

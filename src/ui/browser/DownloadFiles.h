@@ -5,21 +5,23 @@
 
 namespace feedloom {
 
-// A file name to offer for what a server has named `suggested`: without directories, leading dots
-// and characters that don't show, never empty, at most 200 bytes long in UTF-8. Its ending stays.
+// A safe file name for a download that the server calls `suggested`: without directories, leading
+// dots and invisible characters, not empty, at most 200 bytes long in UTF-8. Keeps the file
+// extension.
 QString SafeFileName(const QString& suggested);
 
-// A new path beside `target`, hidden and free. The name leaves room for the engine's own ending.
+// A new path of a hidden file in the directory of `target`. Its name leaves room for the extension
+// that the engine appends while it writes.
 QString PartPath(const QString& target);
 
-// Whether a file can be written to `target`, as far as can be told beforehand.
-bool IsPlaceForFile(const QString& target);
+// Whether `target` names a file, not a directory, in an existing, writable directory.
+bool CanWriteFile(const QString& target);
 
-// Puts `part`, when the disk has it, in the place of `target`, in one step. False when it cannot;
-// both are then as before.
+// Flushes `part` to the disk and renames it to `target`, which it replaces atomically. On failure
+// returns false and leaves both files unchanged. Any thread.
 [[nodiscard]] bool MovePartIntoPlace(const QString& part, const QString& target);
 
-// Removes what there is of `part`, also under the name that the engine gives it while it writes.
+// Removes `part`, and the file of the name that the engine uses while it writes. Any thread.
 void RemovePart(const QString& part);
 
 }  // namespace feedloom

@@ -20,15 +20,15 @@ struct Downloads::Download {
   QPointer<QWebEngineDownloadRequest> request;
   QString target;
   QString part;
-  QString progress;  // what was told last
-  QElapsedTimer told;
+  QString progress;  // in the latest signal
+  QElapsedTimer lastReport;
 };
 
 namespace {
 
 using Request = QWebEngineDownloadRequest;
 
-constexpr qint64 kSizePause = 1000;  // milliseconds
+constexpr qint64 kSizeReportInterval = 1000;  // milliseconds
 
 bool KnowsLength(const Request& request) { return request.totalBytes() > 0; }
 
@@ -42,13 +42,13 @@ QString ProgressOf(const Request& request) {
   return QLocale::system().formattedDataSize(received, 1, QLocale::DataSizeTraditionalFormat);
 }
 
-// A request that nobody has accepted goes by itself after it was offered.
+// The engine itself cancels a request that was not accepted when its signal returns.
 void Refuse(Request& request) {
   if (request.state() != Request::DownloadRequested) request.cancel();
 }
 
-// The engine removes a file that it is writing in its own time. It leaves one that the network has
-// interrupted, and finishes one that it is already renaming.
+// Cancels the request and removes its file. The engine removes the file of a running download
+// later, keeps that of an interrupted one, and completes one that it is already renaming.
 void Discard(Request* request, const QString& part) {
   if (request != nullptr) {
     request->cancel();
@@ -64,7 +64,7 @@ void Discard(Request* request, const QString& part) {
   RemovePart(part);
 }
 
-// On any thread; the object may be gone when it is through.
+// Runs on any thread, also after the Downloads object has gone.
 bool MoveOrRemove(const QString& part, const QString& target) {
   const bool isInPlace = MovePartIntoPlace(part, target);
   if (!isInPlace) RemovePart(part);
@@ -73,23 +73,23 @@ bool MoveOrRemove(const QString& part, const QString& target) {
 
 }  // namespace
 
-Downloads::Downloads(QWebEngineProfile& profile, AskPlace askPlace, QObject* parent)
-    : QObject(parent), askPlace_(std::move(askPlace)) {
+Downloads::Downloads(QWebEngineProfile& profile, AskSavePath askSavePath, QObject* parent)
+    : QObject(parent), askSavePath_(std::move(askSavePath)) {
   connect(&profile, &QWebEngineProfile::downloadRequested, this, &Downloads::Answer);
 }
 
-Downloads::~Downloads() { Abandon(); }
+Downloads::~Downloads() { CancelAll(); }
 
 bool Downloads::AreUnderWay() const { return !downloads_.empty(); }
 
 void Downloads::Stop() {
   const QPointer<Downloads> self = this;
-  for (const Download& download : Abandon()) {
+  for (const Download& download : CancelAll()) {
     if (self) emit Changed(DownloadEvent::Stopped, download.Name(), QString());
   }
 }
 
-std::vector<Downloads::Download> Downloads::Abandon() {
+std::vector<Downloads::Download> Downloads::CancelAll() {
   std::vector<Download> abandoned = std::exchange(downloads_, {});
   for (const Download& download : abandoned) {
     if (download.request) download.request->disconnect(this);
@@ -98,23 +98,23 @@ std::vector<Downloads::Download> Downloads::Abandon() {
   return abandoned;
 }
 
-// The object, the request or its profile may be gone when the dialog is closed.
+// The Downloads object, the request or its profile may be deleted while the dialog is open.
 void Downloads::Answer(Request* request) {
   if (EndInterrupted(*request)) return;
 
   if (isAsking_ || request->state() != Request::DownloadRequested) return Refuse(*request);
   const QPointer<Downloads> self = this;
   const QPointer<Request> asked = request;
-  const AskPlace askPlace = askPlace_;
+  const AskSavePath askSavePath = askSavePath_;
   isAsking_ = true;
-  const QString target = askPlace(SafeFileName(request->suggestedFileName()));
+  const QString target = askSavePath(SafeFileName(request->suggestedFileName()));
   if (!self) return;
   isAsking_ = false;
   if (asked && !target.isEmpty()) Begin(*asked, target);
 }
 
-// The engine requests a download that the network has interrupted once more, with a new request
-// for the same number, and forgets the old one. It must not be cancelled before that is answered.
+// When the network has interrupted a download, the engine forgets its request and makes a new one
+// with the same id. The old one must not be cancelled before the new one is answered.
 bool Downloads::EndInterrupted(const Request& again) {
   const auto found = std::ranges::find_if(downloads_, [&again](const Download& download) {
     return download.request && download.request != &again && download.request->id() == again.id() &&
@@ -130,8 +130,8 @@ bool Downloads::EndInterrupted(const Request& again) {
 
 void Downloads::Begin(Request& request, const QString& target) {
   const QFileInfo place(target);
-  // The engine would make a directory that is missing.
-  if (!IsPlaceForFile(target)) {
+  // The engine would create a missing directory.
+  if (!CanWriteFile(target)) {
     emit Changed(DownloadEvent::Failed, place.fileName(), QString());
     return;
   }
@@ -167,9 +167,10 @@ void Downloads::Report(Request& request) {
   if (download == downloads_.end()) return;
   const QString progress = ProgressOf(request);
   if (progress == download->progress) return;
-  const bool isTooEarly = download->told.isValid() && !download->told.hasExpired(kSizePause);
+  const bool isTooEarly =
+      download->lastReport.isValid() && !download->lastReport.hasExpired(kSizeReportInterval);
   if (isTooEarly && !KnowsLength(request)) return;
-  download->told.start();
+  download->lastReport.start();
   download->progress = progress;
   emit Changed(DownloadEvent::Progress, download->Name(), progress);
 }
@@ -179,7 +180,7 @@ void Downloads::End(const Request& request, bool isWhole) {
   if (found == downloads_.end()) return;
   const Download download = Take(found);
   if (!isWhole) return Close(download, DownloadEvent::Failed);
-  // On another thread: the disk may take its time with a large file.
+  // On another thread: flushing a large file to the disk may take seconds.
   QtConcurrent::run(MoveOrRemove, download.part, download.target)
       .then(this, [this, download](bool isInPlace) {
         Close(download, isInPlace ? DownloadEvent::Done : DownloadEvent::Failed);

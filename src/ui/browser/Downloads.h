@@ -1,5 +1,5 @@
-// What the browser saves to files. Each download is written beside its target and takes its place
-// when it is whole.
+// The downloads of the browser. A download is written to a hidden file beside its target and
+// replaces the target when it is complete.
 #pragma once
 
 #include <QObject>
@@ -12,32 +12,31 @@ class QWebEngineProfile;
 
 namespace feedloom {
 
-// The place for a file, by its suggested name (without a directory): a path, or an empty text when
-// the user wants none. It shows a dialog and returns when that is closed.
-using AskPlace = std::function<QString(const QString& suggestedName)>;
+// Asks the user where to save a file. `suggestedName` has no directory. Returns the chosen path, or
+// an empty text when the user has cancelled; blocks while the dialog is open.
+using AskSavePath = std::function<QString(const QString& suggestedName)>;
 
 enum class DownloadEvent { Progress, Done, Stopped, Failed };
 
-// Belongs to the interface thread. When it ends, downloads under way are stopped and what they have
-// written is removed.
+// Interface thread. The destructor stops all downloads and removes their incomplete files.
 class Downloads : public QObject {
   Q_OBJECT
 
  public:
-  // Takes all downloads of `profile`, which outlives the object. One that comes while the user is
-  // being asked for another's place is refused.
-  Downloads(QWebEngineProfile& profile, AskPlace askPlace, QObject* parent);
+  // Handles all downloads of `profile`, which outlives the object. A download that is requested
+  // while the dialog for another one is open is refused.
+  Downloads(QWebEngineProfile& profile, AskSavePath askSavePath, QObject* parent);
   ~Downloads() override;
 
   bool AreUnderWay() const;
-  // All of them; what they have written is removed.
+  // Stops all downloads and removes their incomplete files.
   void Stop();
 
  signals:
   void Begun();
-  // `name` is the target's file name. `progress` is a percentage such as "42%", or a size such as
-  // "3.1 MB" when the server has not told how long the file is; only for Progress, which comes at
-  // most about once for each percent or second.
+  // `name` is the target's file name. `progress` is empty except for Progress: a percentage such as
+  // "42%", or a size such as "3.1 MB" when the server has not announced the length. Progress comes
+  // at most once for each percent, or about once a second for sizes.
   void Changed(feedloom::DownloadEvent event, const QString& name, const QString& progress);
 
  private:
@@ -52,10 +51,10 @@ class Downloads : public QObject {
   void End(const QWebEngineDownloadRequest& request, bool isWhole);
   void Close(const Download& download, DownloadEvent event);
   Download Take(std::vector<Download>::iterator download);
-  // Ends all of them without a signal; what they were comes back.
-  std::vector<Download> Abandon();
+  // Stops all downloads without a signal and returns them.
+  std::vector<Download> CancelAll();
 
-  const AskPlace askPlace_;
+  const AskSavePath askSavePath_;
   bool isAsking_ = false;
   std::vector<Download> downloads_;
 };

@@ -7,7 +7,7 @@ namespace {
 
 const QString kSchemeEnd = QStringLiteral("://");
 
-// `address` up to its last "/", which is left out.
+// `address` up to its last "/", without it.
 QString Above(const QString& address) {
   return address.left(std::max<qsizetype>(address.lastIndexOf('/'), 0));
 }

@@ -6,22 +6,22 @@
 
 namespace feedloom {
 
-// As the page writes it.
+// A feed link as the page's source has it.
 struct FeedLink {
   QString title;
   QString href;
 };
 
-// What a page tells of itself, for the addresses of its feeds.
+// The feed links of a page, and what is needed to resolve them.
 struct AnnouncedFeeds {
   QString documentUrl;
   QString domain;  // without scheme and port
   QList<FeedLink> links;
 };
 
-// The address that `href` means in the document. A path from the root is put behind the domain, so
-// it loses the document's port; "./" and leading "../" count from the document's address; any other
-// text, a bare file name too, stays as it is written.
+// The absolute address of `href` in the document. A path that begins with "/" is appended to the
+// domain, without the document's port. "./" and leading "../" are resolved against `documentUrl`.
+// Any other text, a bare file name too, is returned unchanged.
 QString ResolveFeedLink(const QString& href, const QString& domain, const QString& documentUrl);
 
 }  // namespace feedloom

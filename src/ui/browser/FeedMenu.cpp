@@ -9,7 +9,7 @@
 namespace feedloom {
 namespace {
 
-// A feed without a title is known by its address. An "&" would make the letter behind it a key.
+// The feed's title, or its address when the title is empty. A single "&" would mark a mnemonic.
 QString MenuText(const DiscoveredFeed& feed, CodePage codePage) {
   QString text = ToLine(codePage, feed.title).trimmed();
   if (text.isEmpty()) text = ToLine(codePage, feed.address);
@@ -30,7 +30,7 @@ void ShowFeedMenu(const std::vector<DiscoveredFeed>& feeds, CodePage codePage, b
     item->setEnabled(canAdd);
     item->setData(menu->actions().size());  // counted from 1
   }
-  // Later, when the menu has closed: a dialog follows.
+  // Queued until the menu has closed, because onChosen opens a dialog.
   QObject::connect(menu, &QMenu::triggered, parent,
                    [parent, feeds, run = std::move(onChosen)](const QAction* item) {
                      const auto number = static_cast<std::size_t>(item->data().toInt());

@@ -16,15 +16,15 @@
 namespace feedloom {
 namespace {
 
-constexpr int kEdge = 8;  // left and right of the controls
-constexpr int kAir = 3;   // above and below them
-constexpr int kGap = 4;   // between them
+constexpr int kEdge = 8;            // left and right of the controls
+constexpr int kVerticalMargin = 3;  // above and below them
+constexpr int kGap = 4;             // between them
 constexpr int kWordWidth = 240;
 constexpr int kSmallestWord = 60;
 
-// What the word and the ground behind the result get of the room that is left.
+// The stretch factors of the word and of the space behind the result.
 constexpr int kWordShare = 2;
-constexpr int kGroundShare = 1;
+constexpr int kStretchShare = 1;
 
 CVxEdit* MakeWord(const Skin& skin, QWidget* parent) {
   auto* word = new CVxEdit(skin, parent);
@@ -35,7 +35,7 @@ CVxEdit* MakeWord(const Skin& skin, QWidget* parent) {
   return word;
 }
 
-// A click on it leaves the keyboard with the word, as the toolkit has it for these buttons.
+// The button does not take the focus when it is clicked.
 QToolButton* MakeButton(const QString& name, QWidget* parent) {
   auto* button = new QToolButton(parent);
   button->setToolTip(name);
@@ -58,7 +58,7 @@ FindBar::FindBar(const Skin& skin, QWidget* parent)
   hide();
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
   result_->setTextFormat(Qt::PlainText);
-  result_->setMinimumWidth(1);  // a narrow pane cuts it, not the buttons
+  result_->setMinimumWidth(1);  // a narrow pane cuts off the result, not the buttons
   LayOut();
   connect(word_, &QLineEdit::textEdited, this, [this](const QString& word) {
     if (word.isEmpty()) ShowResult({});
@@ -75,22 +75,22 @@ void FindBar::LayOut() {
   next->setArrowType(Qt::DownArrow);
   connect(next, &QAbstractButton::clicked, this, [this] { Ask(false); });
   auto* const close = MakeButton(SkinText(skin_, kTextFindClose), this);
-  close->setText(QChar(0xD7));  // a cross: the desktop's icon may not be seen on the skin
+  close->setText(QChar(0xD7));  // the desktop's icon might be invisible on the skin
   connect(close, &QAbstractButton::clicked, this, &FindBar::Close);
 
   auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(kEdge, kAir, kEdge, kAir);
+  row->setContentsMargins(kEdge, kVerticalMargin, kEdge, kVerticalMargin);
   row->setSpacing(kGap);
   row->addWidget(word_, kWordShare);
   row->addWidget(previous);
   row->addWidget(next);
   row->addWidget(result_);
-  row->addStretch(kGroundShare);
+  row->addStretch(kStretchShare);
   row->addWidget(close);
 }
 
 void FindBar::Open() {
-  if (isHidden()) ShowResult({});  // one of the last time
+  if (isHidden()) ShowResult({});  // a result of the last search may have come late
   show();
   word_->setFocus(Qt::ShortcutFocusReason);
   word_->selectAll();
@@ -122,7 +122,7 @@ void FindBar::paintEvent(QPaintEvent* /*event*/) {
   DrawThreePieces(painter, rect(), background_);
 }
 
-// Keys that the control with the keyboard has left.
+// Receives the keys that the focused control has ignored.
 void FindBar::keyPressEvent(QKeyEvent* event) {
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (!isEnter && event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);

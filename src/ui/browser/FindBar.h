@@ -11,24 +11,24 @@ namespace feedloom {
 class CVxEdit;
 class Skin;
 
-// The strip below the page with which the user looks for a word in it. Hidden at first.
+// The bar below the page that finds a word in it. Hidden at first. Interface thread.
 class FindBar : public QWidget {
   Q_OBJECT
 
  public:
   FindBar(const Skin& skin, QWidget* parent);
 
-  // Shows the bar; the keyboard goes to the word, which is selected.
+  // Shows the bar, moves the focus to the word and selects it.
   void Open();
-  // Hides it, when it is shown: Wanted with an empty word, then Closed.
+  // Hides the bar and emits Wanted with an empty word, then Closed. Does nothing when it is hidden.
   void Close();
 
-  // The number of the place that is shown, counted from 1, and of all places; shown unless the word
-  // is empty.
+  // Shows the number of the current match, counted from 1, and the number of all matches; shows
+  // nothing when the word is empty.
   void SetResult(int active, int all);
 
  signals:
-  // The word was typed, or Enter or a button asks for the next place or the one before it.
+  // The user has typed the word, or asked for the next match or, with `backward`, the previous one.
   void Wanted(const QString& word, bool backward);
   void Closed();
 

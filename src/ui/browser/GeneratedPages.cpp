@@ -5,8 +5,8 @@
 namespace feedloom {
 namespace {
 
-// The engine goes back 50 pages at most; but some are asked for and left before they are shown. The
-// bytes are what a few very large posts need.
+// The engine's history has 50 entries at most, but pages may be left before they enter it. The
+// bytes suffice for a few very large posts.
 constexpr std::size_t kMaxPages = 1000;
 constexpr qsizetype kMaxBytes = 64 << 20;
 

@@ -16,25 +16,25 @@ struct GeneratedPage {
   QUrl source = {};  // the address of the post, of its media file, or of the page that has crashed
 };
 
-// What the engine takes longer to lay out than to begin another process.
+// So large that layout costs more than starting another renderer process.
 bool IsLarge(const GeneratedPage& page);
 
-// The generated pages that the browser may ask for again, by number: the one on display and those
-// that back and forward lead to. The oldest ones go when there are too many. A plain container of
-// the interface thread.
+// The generated pages that the engine may request again: the page on display and those of the
+// history. The oldest pages are dropped beyond 1000 pages or 64 MiB, but never the
+// latest one. Interface thread.
 class GeneratedPages {
  public:
-  // Its number, counted from 1.
+  // Returns the page's number, counted from 1.
   int Add(GeneratedPage page);
 
-  // None when there never was such a page, or it has gone.
+  // The page; none when it has been dropped or never existed.
   std::optional<GeneratedPage> Find(int number) const;
 
  private:
   void DropOldest();
 
   QHash<int, GeneratedPage> pages_;
-  std::deque<int> order_;  // of pages_, the oldest first
+  std::deque<int> order_;  // the numbers in pages_, the oldest first
   qsizetype bytes_ = 0;
   int lastNumber_ = 0;
 };

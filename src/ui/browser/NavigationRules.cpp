@@ -9,8 +9,7 @@ namespace {
 constexpr char kSaveButton[] = "ID_BTN_RSSSCRAP";
 constexpr char kAddButton[] = "ID_BTN_RSSADD";
 
-// Addresses that lead out of no web page: its own texts, and an empty page. The engine keeps a page
-// from using those of others.
+// Addresses of content that a web page itself provides. The engine denies it that of other pages.
 bool IsOfWebPages(const QUrl& url) {
   return url.scheme() == QLatin1String("about") || url.scheme() == QLatin1String("blob") ||
          url.scheme() == QLatin1String("data");
@@ -23,7 +22,7 @@ bool MayFollow(const Navigation& navigation) {
          (navigation.from.isLocalFile() && navigation.to.isLocalFile());
 }
 
-// A generated page has no frames but the one in which its media file plays.
+// The only frame of generated pages is the player's, in which the media file plays.
 NavigationVerdict JudgeFrame(const Navigation& navigation) {
   const bool mayHaveFrames = !IsGenerated(navigation.from) || navigation.isFromPlayer;
   return mayHaveFrames && MayFollow(navigation) ? NavigationVerdict::Follow
@@ -68,9 +67,10 @@ NavigationVerdict Judge(const Navigation& navigation) {
     case NavigationCause::Page:
       break;
   }
-  const bool isFree = navigation.cause == NavigationCause::Server || !IsGenerated(navigation.from);
-  return isFree && !isAction && MayFollow(navigation) ? NavigationVerdict::Follow
-                                                      : NavigationVerdict::Refuse;
+  const bool mayNavigate =
+      navigation.cause == NavigationCause::Server || !IsGenerated(navigation.from);
+  return mayNavigate && !isAction && MayFollow(navigation) ? NavigationVerdict::Follow
+                                                           : NavigationVerdict::Refuse;
 }
 
 bool IsWebAddress(const QUrl& url) {

@@ -1,5 +1,5 @@
-// Where the browser may go, as pure functions of addresses. What a feed sends is hostile: a page
-// that the module made of it leads to web pages only, and only when the user clicks.
+// Where the browser may navigate, as pure functions of addresses; any thread. The content of a feed
+// is hostile: a generated page leads to web pages only, and only when the user clicks.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,7 @@
 
 namespace feedloom {
 
-// What the buttons of a preview page do, for the page's post `number`.
+// The action of a button of a preview page, on the post `number` of that page.
 struct PageAction {
   enum Kind { AddFeed, SavePost };
   Kind kind = AddFeed;
@@ -18,17 +18,17 @@ struct PageAction {
   bool operator==(const PageAction&) const = default;
 };
 
-// The action that an address stands for: the part before the first "?" contains the button's name,
-// what follows is the post's number by the rules of atoi(3). None for any other address.
+// The action that the address `target` stands for, if its part before the first "?" contains the
+// name of a button; the part behind it is the post's number, read as atoi(3) does. Otherwise none.
 std::optional<PageAction> ParsePageAction(const QString& target);
 
 // The ids of the elements that hold what the action needs. SavePost: title, link, description and
 // date; AddFeed: the feed's address.
 QStringList ElementIds(const PageAction& action);
 
-// What began a navigation: the module or the user's own commands (an address, back, reload), a link
-// of the page, the server that one of these has asked, or the page by itself. A web page's script
-// can follow a link, too.
+// What has started a navigation. Command: the module or the user (an address, back, reload). Link:
+// a link of the page, which a script of a web page can follow, too. Server: a redirect of a Command
+// or Link. Page: the page itself.
 enum class NavigationCause { Command, Link, Server, Page };
 
 struct Navigation {
@@ -41,24 +41,24 @@ struct Navigation {
 
 enum class NavigationVerdict {
   Follow,
-  Act,          // the address is that of an action: do it, and stay
-  OpenOutside,  // stay, and hand the address to the system
-  Refuse,
-  Report,  // refuse, and say so: the user has clicked
+  Act,          // stay on the page and run the action of the address
+  OpenOutside,  // stay on the page and hand the address to the system
+  Refuse,       // stay on the page
+  Report,       // stay on the page and report it, because the user has clicked
 };
 
-// A command is followed wherever it leads, but for a button's address. A frame is never more than
-// followed or refused.
+// A command may lead anywhere except to a button's address. The verdict on a frame is Follow or
+// Refuse.
 NavigationVerdict Judge(const Navigation& navigation);
 
-// http and https.
+// Whether the scheme is http or https.
 bool IsWebAddress(const QUrl& url);
 
-// The address that a user means by `typed`, completed as browsers do ("example.com"). It may have
-// any scheme, and is not valid when nothing can be made of the text.
+// The address for the text `typed`, completed as browsers do ("example.com"). It may have any
+// scheme; it is invalid when the text is no address.
 QUrl CompleteAddress(const QString& typed);
 
-// Whether the user may go to an address that they have typed: a web page or a file.
+// Whether the browser may open an address that the user has typed: a web page or a file.
 bool IsForBrowser(const QUrl& url);
 
 }  // namespace feedloom

@@ -8,7 +8,7 @@
 namespace feedloom {
 namespace {
 
-// An address without a scheme gets the host's.
+// An address without a scheme gets the one that the host's texts specify.
 void AddFeed(Frame& frame, const std::string& address) {
   const std::string scheme = frame.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
   const bool hasScheme = address.find("://") != std::string::npos;
@@ -17,10 +17,10 @@ void AddFeed(Frame& frame, const std::string& address) {
 
 void SavePost(Frame& frame, const std::string& title, const std::string& link,
               const std::string& description, const std::string& published) {
-  // A copy: the frame may be gone, and its actions with it, while the user chooses.
+  // A copy, because the frame and its actions may be deleted while the dialog is open.
   const auto chooseCabinet = frame.GetActions().chooseCabinet;
   const auto cabinet = chooseCabinet ? chooseCabinet() : std::nullopt;
-  if (!cabinet) return;  // the frame may be gone
+  if (!cabinet) return;  // the frame may have been deleted
   frame.PostIsSaved(*cabinet);
   frame.ReportMessage(frame.GetSkin().GetText(kSectionTexts, kTextScrapFinished));
   Store& store = frame.GetStore();

@@ -1,5 +1,5 @@
-// What the buttons of a page do with the texts that stand in it. A page of the web, or one made of
-// a hostile feed, may have such buttons, too: each asks the user first.
+// The actions of a page's buttons. A web page or a hostile post may contain such buttons, too; so
+// each action asks the user first.
 #pragma once
 
 #include <QStringList>
@@ -10,8 +10,9 @@ namespace feedloom {
 
 class Frame;
 
-// `texts` are those of ElementIds(action); missing ones are empty. Shows a dialog; the caller may
-// be gone when it returns.
+// Runs `action` with the texts of the elements ElementIds(action), in that order; missing texts
+// count as empty. Shows a dialog; the caller, and `frame` too, may have been deleted when it
+// returns. Interface thread.
 void RunPageAction(Frame& frame, const PageAction& action, const QStringList& texts);
 
 }  // namespace feedloom

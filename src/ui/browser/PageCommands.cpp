@@ -12,17 +12,17 @@
 
 namespace feedloom {
 
-// The link under the pointer goes before the page.
-QUrl PageCommands::AddressFor(const PageSpot& spot) const {
-  return spot.link.isEmpty() ? view_.OutsideAddress() : spot.link;
+// The link under the pointer, or else the page.
+QUrl PageCommands::AddressFor(const MenuTarget& target) const {
+  return target.link.isEmpty() ? view_.OutsideAddress() : target.link;
 }
 
-Menu PageCommands::TheMenu(const PageSpot& spot) const {
-  const QUrl address = AddressFor(spot);
+Menu PageCommands::ContextMenu(const MenuTarget& target) const {
+  const QUrl address = AddressFor(target);
   const MenuItem separator;
   Menu menu = {{kCommandOpenOutside, &kLabelOpenOutside, IsWebAddress(address)},
                {kCommandCopyAddress, &kLabelCopyAddress, !address.isEmpty()},
-               {kCommandCopyText, &kLabelCopyText, !spot.selectedText.isEmpty()},
+               {kCommandCopyText, &kLabelCopyText, !target.selectedText.isEmpty()},
                separator,
                {kCommandFindInPage, &kLabelFindInPage},
                {kCommandPrint, &kLabelPrint, frame_.GetActions().choosePrinter != nullptr},
@@ -37,14 +37,14 @@ Menu PageCommands::TheMenu(const PageSpot& spot) const {
   return menu;
 }
 
-void PageCommands::Run(int command, const PageSpot& spot) {
+void PageCommands::Run(int command, const MenuTarget& target) {
   switch (command) {
     case kCommandOpenOutside:
-      return OpenOutside(AddressFor(spot));
+      return OpenOutside(AddressFor(target));
     case kCommandCopyAddress:
-      return QGuiApplication::clipboard()->setText(AddressFor(spot).toString(QUrl::FullyEncoded));
+      return QGuiApplication::clipboard()->setText(AddressFor(target).toString(QUrl::FullyEncoded));
     case kCommandCopyText:
-      return QGuiApplication::clipboard()->setText(spot.selectedText);
+      return QGuiApplication::clipboard()->setText(target.selectedText);
     case kCommandFindInPage:
       return findBar_.Open();
     case kCommandPrint:

@@ -1,4 +1,4 @@
-// The commands of the browser's menu and keys.
+// The commands of the browser's context menu and of its keys. Interface thread.
 #pragma once
 
 #include "ui/Menus.h"
@@ -11,20 +11,20 @@ class Frame;
 
 class PageCommands {
  public:
-  // All three outlive the object.
+  // The arguments outlive the object.
   PageCommands(Frame& frame, CRSS_HtmlView& view, FindBar& findBar)
       : frame_(frame), view_(view), findBar_(findBar) {}
 
-  Menu TheMenu(const PageSpot& spot) const;
-  // `spot` is what the menu was opened for; a key has none, and means the page. The object may be
-  // gone when a command that opens a dialog returns.
-  void Run(int command, const PageSpot& spot = {});
+  Menu ContextMenu(const MenuTarget& target) const;
+  // Runs a command of the menu that was opened on `target`; a key passes none and means the page.
+  // The object may have been deleted when a command that opens a dialog returns.
+  void Run(int command, const MenuTarget& target = {});
 
-  // Hands the address to a program of the system, or says that there is none.
+  // Opens the address in another program of the system; reports a failure in the status text.
   void OpenOutside(const QUrl& address);
 
  private:
-  QUrl AddressFor(const PageSpot& spot) const;
+  QUrl AddressFor(const MenuTarget& target) const;
   void Print();
 
   Frame& frame_;

@@ -7,13 +7,14 @@ namespace {
 
 constexpr char kPageHost[] = "page";
 
-// Behind these comes what a kind of page may load. Styles may stand in the text.
+// The common part of all policies; the images and media of the kind follow. Inline styles are
+// allowed.
 constexpr char kPolicy[] =
     "default-src 'none'; base-uri 'none'; form-action 'none'; "
     "style-src 'unsafe-inline' feedloom:; ";
 constexpr char kAnyImages[] = "img-src feedloom: http: https: data:";
 constexpr char kOwnImages[] = "img-src feedloom: data:";
-// The player embeds its media file as an object, which the engine makes a frame.
+// The player embeds its media file as an object, which the engine loads in a frame.
 constexpr char kMedia[] =
     "img-src feedloom:; media-src http: https:; object-src http: https:; frame-src http: https:";
 

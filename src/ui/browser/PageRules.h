@@ -1,6 +1,6 @@
-// What generated pages may do, as pure functions of addresses and texts. A post's description is
-// hostile: in a generated page no script runs, no frame loads, nothing but the skin's images is
-// read from the machine.
+// What generated pages may do, as pure functions of addresses and texts; any thread. A post's
+// description is hostile: in a generated page no script runs, no frame loads except the player's,
+// and of the local files only those of the skin are read.
 #pragma once
 
 #include <QByteArray>
@@ -11,36 +11,36 @@
 
 namespace feedloom {
 
-// Generated pages, and the skin's files for them, have addresses of a scheme of their own:
-// feedloom://page/<number>, feedloom://page/<absolute path of a skin file>. The host may be another
-// one, for the same pages: each host has a process of the engine to itself.
+// The URL scheme of generated pages and of the skin's files: feedloom://page/<number> and
+// feedloom://page/<absolute path of a skin file>. Other hosts name the same pages: the engine runs
+// a renderer process for each host.
 inline constexpr char kPageScheme[] = "feedloom";
 
 QUrl GeneratedPageUrl(int number);
 QUrl SkinFileUrl(const QString& path);
-// `url` at the host with this number; 0 is the usual one.
+// `url` with the host of the number `host`; 0 is the usual host.
 QUrl AtHost(QUrl url, int host);
 bool IsGenerated(const QUrl& url);
 
-// The number in the address of a generated page; none in any other address.
+// The number in the address of a generated page; none for any other address.
 std::optional<int> PageNumber(const QUrl& url);
 
-// Tells the skin's directory as it is now: the host may change it.
+// Returns the skin's directory, which the host may change at any time.
 using SkinDirectory = std::function<QString()>;
 
-// The file that such an address names, if it exists and lies in `skinDir` when all links and ".."
-// are resolved; empty otherwise.
+// The path of the skin file that `url` names, if the file exists and lies in `skinDir` after all
+// symbolic links and ".." have been resolved; empty otherwise.
 QString SkinFile(const QUrl& url, const QString& skinDir);
 
-// A preview of a post, one of a post with a media file, the player of such a file, and what stands
-// for a page that has crashed.
+// Post: the preview of a post. Podcast: the preview of a post with a media file. Player: plays such
+// a file. Crash: replaces a page whose renderer process has ended.
 enum class PageKind { Post, Podcast, Player, Crash };
 
-// `html` with the content policy of its kind as the first element of its head, or in front of it.
-// Turning scripts off is not enough: while a navigation to a web page is pending they are on
-// already. Without remote images a preview shows the skin's only: a picture in the web tells its
-// author who reads. Behind the policy the page takes its colours from the skin's file `styleSheet`
-// (an absolute path; empty: none), but for the player, which has its own.
+// `html` with the Content Security Policy of its kind as the first element of the head, or at the
+// beginning when there is no "<head>". The policy is needed although scripts are disabled, because
+// they are enabled again while a navigation to a web page is pending. Unless `showsRemoteImages`,
+// only the skin's images are shown, since a remote image tells its author who reads. A link to the
+// style sheet `styleSheet` (an absolute path; empty for none) follows, except in the player's page.
 QByteArray WithHead(const QByteArray& html, PageKind kind, bool showsRemoteImages,
                     const QString& styleSheet);
 

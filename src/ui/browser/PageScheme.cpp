@@ -9,7 +9,7 @@
 namespace feedloom {
 namespace {
 
-// Web pages must not see what the module shows, nor what the skin's directory holds.
+// Web pages must see neither generated pages nor the files of the skin.
 bool MayAsk(const QUrl& initiator) { return initiator.isEmpty() || IsGenerated(initiator); }
 
 void Reply(QWebEngineUrlRequestJob& job, const QByteArray& type, const QByteArray& bytes) {

@@ -9,10 +9,11 @@
 
 namespace feedloom {
 
-// Makes the engine know the scheme of generated pages. Once a process, before the engine starts; a
+// Registers the URL scheme of generated pages with the engine. Call it before the engine starts; a
 // second call does nothing.
 void RegisterPageScheme();
 
+// Interface thread.
 class PageSchemeHandler : public QWebEngineUrlSchemeHandler {
  public:
   PageSchemeHandler(SkinDirectory skinDir, QObject* parent);

@@ -36,8 +36,8 @@ constexpr char kWatchPage[] = R"((() => {
     if (event.isTrusted) clicked = performance.now();
     const link = event.target.closest('a');
     const href = link === null ? '' : link.href.baseVal ?? link.href;
-    const isBare = /^[a-z][^:]*:/i.test(href) && !/^(https?|mailto|feedloom):/i.test(href);
-    if (!isGenerated || !isBare) return;
+    const isRefused = /^[a-z][^:]*:/i.test(href) && !/^(https?|mailto|feedloom):/i.test(href);
+    if (!isGenerated || !isRefused) return;
     event.preventDefault();
     console.log('%2' + href);
   }, true);
@@ -46,7 +46,7 @@ constexpr char kWatchPage[] = R"((() => {
   if (isGenerated && !leads) console.log('%1' + location.href);
 })())";
 
-// The second frame after the load begins when the first one has been handed over.
+// When the second animation frame begins, the first one has been submitted for display.
 constexpr char kTellWhenDrawn[] =
     "requestAnimationFrame(() => requestAnimationFrame(() => console.log('%1')))";
 
@@ -80,8 +80,8 @@ QString IsImageLinkScript() {
       "Object.getOwnPropertyDescriptor(Document.prototype, 'activeElement').get.call(document))");
 }
 
-QString WatchPageScript(const QString& calmMark, const QString& refusedMark) {
-  return QString(kWatchPage).arg(calmMark, refusedMark);
+QString WatchPageScript(const QString& noRefreshMark, const QString& refusedMark) {
+  return QString(kWatchPage).arg(noRefreshMark, refusedMark);
 }
 
 QString RemoveFramesScript() {

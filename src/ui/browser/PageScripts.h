@@ -1,6 +1,6 @@
-// What the module asks the page on display, as scripts for a world of its own that the page cannot
-// enter. A page may name its elements like the document's members, so that reading these would find
-// the elements: what the scripts need of the document comes from its class.
+// The scripts with which the module reads the page on display. They run in a script world that the
+// page cannot access. An element of the page can have the name of a member of the document and hide
+// that member; so the scripts call the members of Document.prototype.
 #pragma once
 
 #include <QString>
@@ -11,31 +11,32 @@
 
 namespace feedloom {
 
-// A list of texts, one for each id: of the last "div" element with that id, in any case, the title
-// attribute or, when that is empty, the text that it shows; empty without such an element.
+// Evaluates to a list with one text for each id: the title attribute of the last "div" element with
+// that id (compared without case), or its visible text when the title is empty; empty without such
+// an element.
 QString GetElementValuesScript(const QStringList& ids);
 
-// What ReadFeeds reads: the links of the type "application/rss+xml", at most 200 of them.
+// Evaluates to the argument of ReadFeeds: the first 200 links of the type "application/rss+xml".
 QString FindFeedsScript();
 AnnouncedFeeds ReadFeeds(const QVariant& result);
 
-// True for two seconds after a click, or the key that stands for one, of the user's own; what a
-// script of the page clicks does not count. Needs WatchPageScript.
+// Evaluates to whether the user has clicked, or pressed a key that clicks, within the last two
+// seconds; clicks by scripts do not count. Needs WatchPageScript.
 QString IsUserActiveScript();
 
-// True when the link that has the keyboard, since it was clicked last, is an image.
+// Evaluates to whether the focused link, which is the one clicked last, contains an image.
 QString IsImageLinkScript();
 
-// Remembers the user's clicks. Of a generated page, tells in the page's console, with `calmMark`
-// and the page's address, when the page does not mean to lead elsewhere by itself after a while;
-// and with `refusedMark` and the link's address, of a click on a link that leads neither to a web
-// page nor to a mail program nor to the module, which the engine is kept from following in silence.
-QString WatchPageScript(const QString& calmMark, const QString& refusedMark);
+// Runs when a page is ready, and remembers the user's clicks. In a generated page it writes to the
+// console: `noRefreshMark` and the page's address when the page has no meta refresh; `refusedMark`
+// and the link's address when the user clicks a link of a scheme other than http, https, mailto and
+// feedloom, which it prevents, because the engine would refuse it without a signal.
+QString WatchPageScript(const QString& noRefreshMark, const QString& refusedMark);
 
-// Writes `mark` to the page's console when what it shows has been drawn.
+// Writes `mark` to the page's console when the page has been drawn.
 QString TellWhenDrawnScript(const QString& mark);
 
-// Ends what frames and media files the page has.
+// Removes all frames and media elements of the page.
 QString RemoveFramesScript();
 
 }  // namespace feedloom

@@ -9,14 +9,13 @@ namespace feedloom {
 class Frame;
 struct PostRow;
 
-// The page that shows a post: its preview. A result of the web directory has the button that adds
-// its feed.
+// The preview page of a post. A search result of the web directory has a button that adds its feed.
 PageToWrite MakePreview(Frame& frame, const PostRow& post);
 
-// The page that plays the media file of a podcast's post.
+// The page that plays the media file of a podcast post.
 PageToWrite MakePlayer(Frame& frame, const PostRow& post);
 
-// The page for one that could not be shown to its end.
+// The page that replaces the page `crashed`, whose renderer process has ended; HTML in UTF-8.
 QByteArray MakeCrashPage(Frame& frame, const QUrl& crashed);
 
 }  // namespace feedloom

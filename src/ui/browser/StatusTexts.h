@@ -9,7 +9,7 @@ namespace feedloom {
 
 class Skin;
 
-// What the browser's reports say in the host's status text; in the module's code page.
+// The host's status texts for the browser's reports, in the module's code page.
 std::string StatusText(const Skin& skin, BrowserReport report, const QString& detail);
 std::string StatusText(const Skin& skin, DownloadEvent event, const QString& name,
                        const QString& progress);

@@ -13,7 +13,7 @@ namespace feedloom {
 namespace {
 
 void SetUp(QWebEngineSettings& settings) {
-  // Nobody sees the icons of pages; a post's own would tell its author who reads it.
+  // Page icons are not shown, and a post's icon would tell its author who reads it.
   settings.setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);
   // A file that the user opens must not read the files beside it.
   settings.setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, false);
@@ -34,9 +34,9 @@ WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObjec
       pages_(pages),
       paintedMark_(QUuid::createUuid().toString()),
       refusedMark_(QUuid::createUuid().toString()),
-      calmMark_(QUuid::createUuid().toString()) {
+      noRefreshMark_(QUuid::createUuid().toString()) {
   SetUp(*settings());
-  scripts().insert(OnReady(WatchPageScript(calmMark_, refusedMark_)));
+  scripts().insert(OnReady(WatchPageScript(noRefreshMark_, refusedMark_)));
   connect(this, &QWebEnginePage::loadingChanged, this, &WebPage::OnLoading);
   connect(this, &QWebEnginePage::urlChanged, this, &WebPage::Changed);
   connect(this, &QWebEnginePage::newWindowRequested, this, &WebPage::OpenHere);
@@ -67,19 +67,19 @@ bool WebPage::acceptNavigationRequest(const QUrl& target, NavigationType type, b
                                  .cause = CauseOf(target, type),
                                  .isMainFrame = isMainFrame,
                                  .isFromPlayer = isPlayer && !AreScriptsAllowed()};
-  const bool isAgain = isCrash && target == page->source;
-  const NavigationVerdict verdict = isAgain ? NavigationVerdict::Follow : Judge(navigation);
+  const bool isCrashedPage = isCrash && target == page->source;
+  const NavigationVerdict verdict = isCrashedPage ? NavigationVerdict::Follow : Judge(navigation);
   if (verdict == NavigationVerdict::Follow && !IsMediaLink(navigation)) {
     Begin(navigation);
     return true;
   }
-  Stay(target, verdict);
+  HandleUnfollowed(target, verdict);
   return false;
 }
 
-// A server's redirect belongs to the navigation that is underway. One that no navigation to a web
-// page has brought is the page's own doing; so may be one that comes while a page is still there
-// that leads elsewhere by itself.
+// A redirect counts as the server's only while a navigation of the user to a web page is pending.
+// Without one the page itself redirects; and a generated page with a meta refresh might do so
+// during that navigation, which the engine reports in the same way.
 NavigationCause WebPage::CauseOf(const QUrl& target, NavigationType type) const {
   switch (type) {
     case NavigationTypeTyped:
@@ -89,8 +89,8 @@ NavigationCause WebPage::CauseOf(const QUrl& target, NavigationType type) const 
     case NavigationTypeLinkClicked:
       return NavigationCause::Link;
     case NavigationTypeRedirect: {
-      const bool isPageCalm = !IsGenerated(url()) || url() == calm_;
-      const bool isServers = IsWebAddress(underway_) && IsWebAddress(target) && isPageCalm;
+      const bool hasNoRefresh = !IsGenerated(url()) || url() == noRefreshPage_;
+      const bool isServers = IsWebAddress(userNavigation_) && IsWebAddress(target) && hasNoRefresh;
       return isServers ? NavigationCause::Server : NavigationCause::Page;
     }
     default:
@@ -108,28 +108,28 @@ void WebPage::Begin(const Navigation& navigation) {
   const bool isWritten = PageNumber(navigation.to).has_value();
   forwardsStatus_ = !isWritten;
   if (!navigation.isMainFrame) return;
-  // What is in the player's frame is a web page: it must not run when scripts are let on.
+  // The player's frame holds a web page, whose scripts must not run when scripts are enabled.
   const bool isToGenerated = IsGenerated(navigation.to);
   if (IsGenerated(navigation.from) && !isToGenerated) Ask(RemoveFramesScript(), [](const auto&) {});
   AllowScripts(!isToGenerated);
   mayDownload_ = !isToGenerated && navigation.cause != NavigationCause::Page;
   const auto page = isWritten ? pages_.Find(*PageNumber(navigation.to)) : std::nullopt;
   isLarge_ = page && IsLarge(*page);
-  loading_ = navigation.to;
-  underway_ = navigation.cause == NavigationCause::Page ? QUrl() : navigation.to;
+  navigationTarget_ = navigation.to;
+  userNavigation_ = navigation.cause == NavigationCause::Page ? QUrl() : navigation.to;
   isLoading_ = true;
   isDrawn_ = false;
-  ++loads_;
+  ++navigations_;
   emit Changed();
 }
 
-void WebPage::Stay(const QUrl& target, NavigationVerdict verdict) {
+void WebPage::HandleUnfollowed(const QUrl& target, NavigationVerdict verdict) {
   switch (verdict) {
     case NavigationVerdict::Follow:
-      return ChooseMediaLink(target);
+      return PlayOrSaveMedia(target);
     case NavigationVerdict::Act:
       forwardsStatus_ = false;
-      return WhenUserActs(
+      return RunIfUserActive(
           [this, action = *ParsePageAction(target.toString(QUrl::FullyEncoded))] { Act(action); });
     case NavigationVerdict::OpenOutside:
       emit OutsideWanted(target);
@@ -142,12 +142,12 @@ void WebPage::Stay(const QUrl& target, NavigationVerdict verdict) {
   }
 }
 
-// A web page can follow a link by script, where a generated one cannot. (Of addresses that want a
-// program of the system the engine itself sees to that.)
-void WebPage::WhenUserActs(const std::function<void()>& run) {
+// A script of a web page can follow a link; a generated page has no scripts. (For links to programs
+// of the system the engine itself requires a click.)
+void WebPage::RunIfUserActive(const std::function<void()>& run) {
   const bool isCertain = IsGenerated(url());
-  Ask(IsUserActiveScript(), [this, isCertain, run, load = loads_](const QVariant& isActive) {
-    if (load == loads_ && (isCertain || isActive.toBool())) run();
+  Ask(IsUserActiveScript(), [this, isCertain, run, load = navigations_](const QVariant& isActive) {
+    if (load == navigations_ && (isCertain || isActive.toBool())) run();
   });
 }
 
@@ -159,19 +159,19 @@ void WebPage::Ask(const QString& script, std::function<void(const QVariant&)> on
       });
 }
 
-// Unless the page has been left by the time of the answer.
 void WebPage::Act(const PageAction& action) {
   const QStringList ids = ElementIds(action);
-  Ask(GetElementValuesScript(ids), [this, action, ids, load = loads_](const QVariant& answer) {
-    const QStringList texts = answer.toStringList();
-    if (load == loads_ && texts.size() == ids.size()) emit ActionClicked(action, texts);
-  });
+  Ask(GetElementValuesScript(ids),
+      [this, action, ids, load = navigations_](const QVariant& answer) {
+        const QStringList texts = answer.toStringList();
+        if (load == navigations_ && texts.size() == ids.size()) emit ActionClicked(action, texts);
+      });
 }
 
-// Two links of a podcast's page lead to its media file: one to hear it, and an icon to save it.
-void WebPage::ChooseMediaLink(const QUrl& media) {
-  Ask(IsImageLinkScript(), [this, media, loads = loads_](const QVariant& isImage) {
-    if (loads != loads_) return;  // the page has been left meanwhile
+// A podcast's page has two links to its media file: a text to play it, and an icon to save it.
+void WebPage::PlayOrSaveMedia(const QUrl& media) {
+  Ask(IsImageLinkScript(), [this, media, loads = navigations_](const QVariant& isImage) {
+    if (loads != navigations_) return;  // the page has been left meanwhile
     mayDownload_ = isImage.toBool();
     isImage.toBool() ? download(media) : load(media);
   });
@@ -182,8 +182,8 @@ void WebPage::OpenHere(const QWebEngineNewWindowRequest& request) {
   const Navigation navigation = {
       .from = url(), .to = request.requestedUrl(), .cause = NavigationCause::Link};
   const NavigationVerdict verdict = Judge(navigation);
-  if (verdict != NavigationVerdict::Follow) return Stay(navigation.to, verdict);
-  // An empty window, which its opener would fill, would take the opener's place.
+  if (verdict != NavigationVerdict::Follow) return HandleUnfollowed(navigation.to, verdict);
+  // An empty window, which its opener would fill by script, would replace the opener.
   if (IsWebAddress(navigation.to) || navigation.to.isLocalFile()) load(navigation.to);
 }
 
@@ -197,8 +197,8 @@ void WebPage::AllowScripts(bool allow) {
 
 // Loads.
 
-// The engine also tells of the loads of refused addresses, from their beginning to their end. One
-// that comes while a page is loading has no end of its own.
+// The engine also reports the start and the end of refused loads; without an end when another page
+// is loading at the time.
 void WebPage::OnLoading(const QWebEngineLoadingInfo& loading) {
   const bool hasEnded = loading.status() != QWebEngineLoadingInfo::LoadStartedStatus;
   if (!hasEnded || !isLoading_) return;
@@ -207,9 +207,9 @@ void WebPage::OnLoading(const QWebEngineLoadingInfo& loading) {
   emit Changed();
 }
 
-// A load may have ended without another page, in a download or by the user's stop.
+// A load may have ended without a new page: as a download, or stopped by the user.
 void WebPage::EndLoad(const QWebEngineLoadingInfo& loading) {
-  underway_ = QUrl();
+  userNavigation_ = QUrl();
   AllowScripts(!IsGenerated(url()));
   switch (loading.status()) {
     case QWebEngineLoadingInfo::LoadSucceededStatus:
@@ -228,8 +228,8 @@ void WebPage::EndLoad(const QWebEngineLoadingInfo& loading) {
 
 void WebPage::FindFeeds() {
   emit Completed();
-  Ask(FindFeedsScript(), [this, load = loads_](const QVariant& result) {
-    if (load == loads_) emit FeedsFound(ReadFeeds(result));
+  Ask(FindFeedsScript(), [this, load = navigations_](const QVariant& result) {
+    if (load == navigations_) emit FeedsFound(ReadFeeds(result));
   });
 }
 
@@ -237,14 +237,14 @@ void WebPage::ForwardStatus(BrowserReport report, const QString& detail) {
   if (forwardsStatus_) emit Reported(report, detail);
 }
 
-// The engine tells a world that the page cannot enter from others only through the page's console.
+// Scripts in the module's own script world can notify the module only through the page's console.
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int,
                                        const QString&) {
   if (message == paintedMark_ && !isLoading_) {
     isDrawn_ = true;
     emit Painted();
-  } else if (message.startsWith(calmMark_)) {
-    calm_ = QUrl(message.mid(calmMark_.size()));
+  } else if (message.startsWith(noRefreshMark_)) {
+    noRefreshPage_ = QUrl(message.mid(noRefreshMark_.size()));
   } else if (message.startsWith(refusedMark_)) {
     emit Reported(BrowserReport::LinkRefused, message.mid(refusedMark_.size()));
   }

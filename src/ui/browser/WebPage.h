@@ -17,47 +17,49 @@ class QWebEngineNewWindowRequest;
 
 namespace feedloom {
 
-// The engine's page, with the rules for generated ones: they run no scripts, and lead to web pages
-// only. A page that asks for a new window gets it in its own place.
+// The engine's page with the rules for generated pages: they run no scripts and lead to web pages
+// only. A new window that a page requests opens in this page instead. Interface thread.
 class WebPage : public QWebEnginePage {
   Q_OBJECT
 
  public:
-  // `pages` outlives the page.
+  // `profile` and `pages` outlive the page.
   WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObject* parent);
 
   bool IsLoading() const { return isLoading_; }
-  // The page on display is about to be left for one whose answer has not begun to come.
-  bool IsLeaving() const { return isLoading_ && url() != loading_; }
-  // The engine's process is not through with what was let through last: a generated page that is
-  // large.
-  bool IsLaboring() const { return isLarge_ && !isDrawn_; }
-  // Whether a download that is requested now comes from the user, or from a web page.
+  // Whether a navigation is pending: the next page is requested, but its answer has not begun.
+  bool IsLeaving() const { return isLoading_ && url() != navigationTarget_; }
+  // Whether the renderer process is still busy with a large generated page.
+  bool IsRenderingLargePage() const { return isLarge_ && !isDrawn_; }
+  // Whether a download that begins now is allowed: the user or a web page has requested it.
   bool MayDownload() const { return mayDownload_ || !IsGenerated(url()); }
 
-  // Does what a click on the button does.
+  // Reads the texts of the action's elements and emits ActionClicked, unless the page is left
+  // first.
   void Act(const PageAction& action);
 
-  // The generated page on display; none when it is a web page or the main page.
+  // The generated page on display; none for a web page and for the main page.
   std::optional<GeneratedPage> Generated() const;
 
  signals:
-  // What was opened or followed last is loaded, or has failed, and is drawn.
+  // The page of the latest navigation is loaded, or has failed to load, and is drawn.
   void Painted();
-  // IsLoading or url() may have changed.
+  // IsLoading() or url() may have changed.
   void Changed();
-  // An address other than a generated page's is loaded, as far as it came; and what it announces,
-  // unless it has been left by then.
+  // The load of a page that is not generated has ended, successfully or not.
   void Completed();
+  // The feeds that this page announces. Comes after Completed, unless the page is left first.
   void FeedsFound(const feedloom::AnnouncedFeeds& feeds);
   void Reported(feedloom::BrowserReport report, const QString& detail);
-  // With the texts of the action's elements. Comes when the engine is through with the click.
+  // The user has pressed a button. `texts` are those of ElementIds(action), in order.
   void ActionClicked(const feedloom::PageAction& action, const QStringList& texts);
+  // The user has clicked a link that another program of the system opens.
   void OutsideWanted(const QUrl& url);
 
  protected:
   bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
-  // A page's own dialogs: their answer is no. They would stand in an event loop inside the engine.
+  // The dialogs of a page are declined without being shown: they would run an event loop inside the
+  // engine.
   void javaScriptAlert(const QUrl& origin, const QString& text) override;
   bool javaScriptConfirm(const QUrl& origin, const QString& text) override;
   bool javaScriptPrompt(const QUrl& origin, const QString& text, const QString& preset,
@@ -71,10 +73,10 @@ class WebPage : public QWebEnginePage {
   NavigationCause CauseOf(const QUrl& target, NavigationType type) const;
   bool IsMediaLink(const Navigation& navigation) const;
   void Begin(const Navigation& navigation);
-  void Stay(const QUrl& target, NavigationVerdict verdict);
+  void HandleUnfollowed(const QUrl& target, NavigationVerdict verdict);
   void Ask(const QString& script, std::function<void(const QVariant&)> onAnswer);
-  void WhenUserActs(const std::function<void()>& run);
-  void ChooseMediaLink(const QUrl& media);
+  void RunIfUserActive(const std::function<void()>& run);
+  void PlayOrSaveMedia(const QUrl& media);
   bool AreScriptsAllowed() const;
   void AllowScripts(bool allow);
   void OnLoading(const QWebEngineLoadingInfo& loading);
@@ -84,20 +86,20 @@ class WebPage : public QWebEnginePage {
   void OpenHere(const QWebEngineNewWindowRequest& request);
 
   const GeneratedPages& pages_;
-  const QString paintedMark_;  // nobody else can say these
+  // Prefixes of the scripts' console messages; random, so that no page can forge them.
+  const QString paintedMark_;
   const QString refusedMark_;
-  const QString calmMark_;
-  QUrl underway_;           // what a command or a link is loading
-  bool isLoading_ = false;  // something that was let through
-  bool isDrawn_ = true;
-  bool isLarge_ = false;
-  bool mayDownload_ = false;
-  QUrl loading_;   // what was let through last
-  QUrl calm_;      // the page that has told of itself that it leads nowhere
-  int loads_ = 0;  // let through so far
-  // Status texts go on to the host from a navigation that was let through to its end.
-  bool forwardsStatus_ = false;
-  // The engine answers what it was asked even while it ends.
+  const QString noRefreshMark_;
+  QUrl userNavigation_;          // the target of a Command or Link that is loading; otherwise empty
+  bool isLoading_ = false;       // a navigation that was accepted has not ended
+  bool isDrawn_ = true;          // the page of the latest navigation has been drawn
+  bool isLarge_ = false;         // that page is a large generated one
+  bool mayDownload_ = false;     // that navigation may become a download
+  QUrl navigationTarget_;        // of the latest accepted navigation
+  QUrl noRefreshPage_;           // the latest generated page that has reported no meta refresh
+  int navigations_ = 0;          // the number of accepted navigations of the main frame
+  bool forwardsStatus_ = false;  // Reported is emitted from an accepted navigation to its end
+  // Expires with the page: the engine answers pending scripts even in the page's destructor.
   const std::shared_ptr<int> alive_ = std::make_shared<int>();
 };
 

@@ -6,7 +6,7 @@
 namespace feedloom {
 namespace {
 
-// {0} what has happened, {1} the address, {2} the link's text
+// {0} the text, {1} the link's address, {2} the link's text
 constexpr char kCrashPage[] = R"(<!DOCTYPE html><html><head><title>Feedloom</title></head>)"
                               R"(<body style="margin:40px;font-family:sans-serif">)"
                               R"(<p>{0}</p><p><a href="{1}">{2}</a></p></body></html>)";

@@ -6,7 +6,7 @@ namespace feedloom {
 
 class Skin;
 
-// What the generated pages take from the skin, in the module's code page.
+// The skin's image paths and texts in generated pages, in the module's code page.
 struct PageSkin {
   std::string titleImage;
   std::string addButtonImage;
@@ -18,7 +18,7 @@ struct PageSkin {
   std::string scrapTooltip;
 };
 
-// Asks the host afresh. Image paths are converted from the file system's bytes.
+// Reads the values from the host. Image paths are converted from the file system's UTF-8 bytes.
 PageSkin LoadPageSkin(const Skin& skin);
 
 }  // namespace feedloom

@@ -5,8 +5,8 @@
 namespace feedloom {
 namespace {
 
-// {0} the background image, {1} the media address. The "f" behind the background belongs to the
-// page: skins name that file without its last letter. The inner row stays open.
+// {0} the background image, {1} the media address. The page appends an "f" to the image, because
+// skins name that file without its last letter. The inner row has no end tag.
 constexpr char kPlayerPage[] =
     R"(<html><head></head>)"
     R"(<body style='margin-top:0px;margin-bottom:0px;margin-left:0px;margin-right:0px'>)"

@@ -10,7 +10,7 @@
 namespace feedloom {
 namespace {
 
-// One post of a page: what the templates below are filled with.
+// One post of a page: the values of the templates below.
 struct PagePost {
   std::size_t number;
   std::string_view title;
@@ -58,17 +58,17 @@ constexpr char kDescriptionRow[] =
 
 constexpr char kTail[] = "</table></body></html>";
 
-// Where the two kinds of preview page differ.
+// The parts in which the two kinds of preview page differ.
 struct PreviewShape {
-  // The title bar's cell before the save button, and what follows the bar: {0} the number, {1} the
-  // date.
+  // The title bar's cell before the save button, and the rows below the bar: {0} the number, {1}
+  // the date.
   std::string_view beforeScrapButton;
   std::string_view afterTitleBar;
   // The cells of the bottom bar: {0} the link, {1} the save icon.
   std::string_view bottomCells;
 };
 
-// The date stays out of view, in an attribute. The link's anchor is left open; browsers close it.
+// The date is invisible, in an attribute. The link's anchor has no end tag; browsers close it.
 constexpr PreviewShape kPostShape = {
     R"(<td width="10"><div id="pubdate-{0}" title="{1}"></div></td>)",
     R"(</tr></table></td></tr><tr><td>&nbsp;</td></tr>)",
@@ -100,7 +100,8 @@ void AppendPost(std::string& page, const PreviewShape& shape, const PagePost& po
   fmt::format_to(out, fmt::runtime(shape.bottomCells), post.link, skin.saveImage);
 }
 
-// In bytes. A page that grows while a long description is put in takes many times as long.
+// The size of all texts, in bytes. Reserving it makes a page of long descriptions many times
+// faster.
 std::size_t SizeOf(const PageTexts& texts) {
   return std::accumulate(
       texts.begin(), texts.end(), std::size_t{0},
