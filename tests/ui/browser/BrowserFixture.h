@@ -63,9 +63,10 @@ class BrowserFixture : public testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&pane_));
   }
 
-  QString FilePath(const QString& name) const { return ToQPath(folder_.File(name.toStdString())); }
-  static QString ToQPath(const std::string& path) { return QString::fromStdString(path); }
-  QString Url(const std::string& path) const { return ToQPath(server_.Url(path)); }
+  QString FilePath(const QString& name) const {
+    return QString::fromStdString(folder_.File(name.toStdString()));
+  }
+  QString Url(const std::string& path) const { return QString::fromStdString(server_.Url(path)); }
   // A post of the store; its link is a path of the server.
   PostRow Post(const std::string& title, const std::string& path,
                const std::string& html = {}) const {
@@ -105,11 +106,9 @@ class BrowserFixture : public testing::Test {
 
   // The middle of the first element that this CSS selector finds.
   QPoint PlaceOf(const QString& selector) const {
-    const auto middle = Evaluate(
-                            "(r => [r.x + r.width / 2, r.y + r.height / 2])(document."
-                            "querySelector('" +
-                            selector + "').getBoundingClientRect())")
-                            .toList();
+    static const QString kMiddle = R"--((r => [r.x + r.width / 2, r.y + r.height / 2])(
+        document.querySelector('%1').getBoundingClientRect()))--";
+    const QVariantList middle = Evaluate(kMiddle.arg(selector)).toList();
     return {middle.value(0).toInt(), middle.value(1).toInt()};
   }
   void Click(QPoint place) { QTest::mouseClick(&Surface(), Qt::LeftButton, {}, place); }

@@ -166,6 +166,7 @@ TEST_F(BrowserPane, StatusTextsGoToTheHostFromANavigationToItsEndOrToAPagesButto
     QTest::mouseMove(&Surface(), {50, y});
     EXPECT_TRUE(hovered.wait(30'000));
   };
+  QTest::mouseMove(&Surface(), {50, 250});  // away from where a test before has left it
   BeginSlowPage("/never");
   hover(150);
   EXPECT_TRUE(IsLastMessageWith(server_.Url("/next")));

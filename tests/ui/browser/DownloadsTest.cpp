@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <QElapsedTimer>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
 #include <csignal>
@@ -96,11 +97,13 @@ TEST_F(DownloadsTest, AFileArrivesWholeAndTakesTheOldOnesPlaceOnlyThen) {
 }
 
 TEST_F(DownloadsTest, OneThatIsStoppedLeavesNothingAndOthersAreWhole) {
+  QElapsedTimer time;
+  time.start();
   server_.Serve("/quick", "quick");
   place_ = [this] { return Place(asked_.back().toStdString()); };
   BeginAndHold();
   EXPECT_TRUE(progress_.front().endsWith('B')) << progress_.front().toStdString();
-  EXPECT_LE(progress_.size(), 2u);  // at most one a second
+  EXPECT_LE(std::ssize(progress_), 1 + time.elapsed() / 1000);  // at most one a second
   Download("/quick");
   EXPECT_TRUE(ComesTrue([this] { return events_.back() == DownloadEvent::Done; }));
   EXPECT_TRUE(downloads_->AreUnderWay());
@@ -182,30 +185,19 @@ TEST_F(DownloadsTest, APlaceThatCannotBeWrittenFails) {
   EXPECT_TRUE(FolderComesToHold({"directory", "file", "late"}));
 }
 
-// No file of this process grows beyond `bytes`, as if the disk were full then.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit full{bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &full);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-
- private:
-  void (*const handler_)(int) = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before_{};
-};
-
 TEST_F(DownloadsTest, ADiskThatGetsFullFailsOneAndKeepsTheOlderFile) {
   server_.Serve("/file.bin", kLong);
   folder_.Write("saved.bin", "older");
-  const FullDisk disk(8 << 20);
+  // No file of this process grows further, as if the disk were full then.
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit full{8 << 20, before.rlim_max};
+  auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &full);
   Download("/file.bin");
   EXPECT_TRUE(Ends(DownloadEvent::Failed));
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
   EXPECT_TRUE(FolderComesToHold({"saved.bin"}));
   EXPECT_EQ(folder_.Read("saved.bin"), "older");
 }
@@ -237,19 +229,8 @@ TEST_F(DownloadsTest, TheObjectMayGoAtAnyTimeAndStopsThemWithoutAWord) {
 TEST(DownloadFiles, ANameIsHarmlessAndShortAndKeepsItsEnding) {
   const QString x(300, 'x'), wide(300, QChar(0xD55C)), key = QString::fromUtf8("🔑").repeated(300);
   const std::vector<std::pair<QString, QString>> cases = {
-      {"a file.tar.gz", "a file.tar.gz"},
-      {"../../etc/passwd", "passwd"},
-      {"C:\\a\\file.exe", "file.exe"},
-      {"folder/", "folder"},
-      {".bashrc", "bashrc"},
-      {"...", "download"},
-      {"", "download"},
-      {"/", "download"},
-      {" . ", "download"},
       {QString("a") + QChar(0) + "b\n\x1b\x7f.txt", "ab.txt"},
-      {".\n./x", "x"},
       {"photo\u202Egp\u2066j\u200F\u200E\u2028\u2029.exe", "photogpj.exe"},
-      {"file.txt. ", "file.txt"},
       {"\u202A\u202C\u2069x\u2067\u2068", "x"},
       {x + ".jpeg", x.left(195) + ".jpeg"},
       {wide + ".jpeg", wide.left(65) + ".jpeg"},
@@ -258,6 +239,13 @@ TEST(DownloadFiles, ANameIsHarmlessAndShortAndKeepsItsEnding) {
       {"a." + x, "a." + x.left(198)}};
   for (const auto& [suggested, safe] : cases)
     EXPECT_EQ(SafeFileName(suggested).toStdString(), safe.toStdString());
+  for (const char* const row :
+       {"a file.tar.gz > a file.tar.gz", "../../etc/passwd > passwd", "C:\\a\\file.exe > file.exe",
+        "folder/ > folder", ".bashrc > bashrc", "... > download", " > download", "/ > download",
+        "  .  > download", ".\n./x > x", "file.txt.  > file.txt"}) {
+    const QStringList names = QString(row).split(" > ");
+    EXPECT_EQ(SafeFileName(names[0]), names[1]) << row;
+  }
 }
 
 TEST(DownloadFiles, APartIsHiddenBesideItsTargetWhoseNameMayHaveAnyLength) {

@@ -11,7 +11,7 @@ namespace {
 class LargePages : public BrowserFixture {
  protected:
   // Shows `next` while `page` is being laid out.
-  void Overtake(const QByteArray& page, const std::function<void()>& next, const QString& text) {
+  void Overtake(const QByteArray& page, const QString& text, const std::function<void()>& next) {
     QSignalSpy committed(&Page(), &QWebEnginePage::urlChanged);
     view_.WritePageToBrowser({page});
     EXPECT_TRUE(committed.wait(30'000));
@@ -49,12 +49,9 @@ TEST_F(LargePages, LeaveTheInterfaceThreadFreeAndDoNotKeepOthersWaiting) {
       longest = std::max(longest, now - std::exchange(last, now));
     });
     beat.start(5);
-    Overtake(
-        page, [&] { view_.WritePageToBrowser({"the next post"}); }, "the next post");
-    Overtake(
-        page, [&] { view_.GoBack(); }, "the next post");
-    Overtake(
-        page, [&] { view_.Navigate(Url("/next")); }, "the next page");
+    Overtake(page, "the next post", [&] { view_.WritePageToBrowser({"the next post"}); });
+    Overtake(page, "the next post", [&] { view_.GoBack(); });
+    Overtake(page, "the next page", [&] { view_.Navigate(Url("/next")); });
     EXPECT_LT(longest, 500);
   }
 }

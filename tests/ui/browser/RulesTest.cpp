@@ -16,21 +16,23 @@ namespace {
 
 using enum NavigationCause;
 
+// The expected text of a row "argument > expected", and its argument.
+std::pair<QString, QString> Row(const char* row) {
+  const QStringList parts = QString(row).split(" > ");
+  return {parts[0], parts[1]};
+}
+
 TEST(PageActions, AreKnownByTheButtonsNameBeforeTheQuestionMarkAndNeedTheirPostsElements) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"feedloom://page/ID_BTN_RSSSCRAP?0", "title-0 scraplink-0 disc-0 pubdate-0"},
-      {"ID_BTN_RSSADD?12b", "rsspath-12"},
-      {"http://h/ID_BTN_RSSADD", "rsspath-0"},
-      {"xID_BTN_RSSSCRAPxID_BTN_RSSADD?x", "title-0 scraplink-0 disc-0 pubdate-0"},
-      {"ID_BTN_RSSADD?3?4", "rsspath-3"},
-      {"ID_BTN_RSSADD?99999999999", "rsspath-1000000000"},
-      {"http://h/?ID_BTN_RSSADD", ""},
-      {"?ID_BTN_RSSADD", ""},
-      {"ID_BTN_RSS?0", ""},
-      {"id_btn_rssadd?0", ""}};
-  for (const auto& [target, ids] : cases) {
+  for (const char* const row :
+       {"feedloom://page/ID_BTN_RSSSCRAP?0 > title-0 scraplink-0 disc-0 pubdate-0",
+        "ID_BTN_RSSADD?12b > rsspath-12", "http://h/ID_BTN_RSSADD > rsspath-0",
+        "xID_BTN_RSSSCRAPxID_BTN_RSSADD?x > title-0 scraplink-0 disc-0 pubdate-0",
+        "ID_BTN_RSSADD?3?4 > rsspath-3", "ID_BTN_RSSADD?99999999999 > rsspath-1000000000",
+        "http://h/?ID_BTN_RSSADD > ", "?ID_BTN_RSSADD > ", "ID_BTN_RSS?0 > ",
+        "id_btn_rssadd?0 > "}) {
+    const auto [target, ids] = Row(row);
     const auto action = ParsePageAction(target);
-    EXPECT_EQ(action ? ElementIds(*action).join(' ') : "", ids) << target;
+    EXPECT_EQ(action ? ElementIds(*action).join(' ') : "", ids) << row;
   }
 }
 
@@ -72,19 +74,15 @@ TEST(NavigationRules, JudgeEachWayOutOfAPage) {
 }
 
 TEST(NavigationRules, TypedAddressesAreCompletedAsBrowsersDo) {
-  // What is not for the browser has a blank in front.
-  const std::pair<const char*, const char*> cases[] = {
-      {"example.com", "http://example.com"},
-      {" https://h/a b ", "https://h/a%20b"},
-      {"localhost:8080/x", "http://localhost:8080/x"},
-      {"/etc/hostname", "file:///etc/hostname"},
-      {"mailto:a@h", " mailto:a@h"},
-      {"javascript:alert(1)", " javascript:alert(1)"},
-      {"feedloom://page/1", " feedloom://page/1"},
-      {"two words", " "}};
-  for (const auto& [typed, expected] : cases) {
+  // What the browser does not open has a star in front.
+  for (const char* const row :
+       {"example.com > http://example.com", " https://h/a b  > https://h/a%20b",
+        "localhost:8080/x > http://localhost:8080/x", "/etc/hostname > file:///etc/hostname",
+        "mailto:a@h > *mailto:a@h", "javascript:alert(1) > *javascript:alert(1)",
+        "feedloom://page/1 > *feedloom://page/1", "two words > *"}) {
+    const auto [typed, expected] = Row(row);
     const QUrl url = CompleteAddress(typed);
-    EXPECT_EQ((IsForBrowser(url) ? "" : " ") + url.toString(QUrl::FullyEncoded), expected) << typed;
+    EXPECT_EQ((IsForBrowser(url) ? "" : "*") + url.toString(QUrl::FullyEncoded), expected) << row;
   }
 }
 
