@@ -43,6 +43,7 @@ TEST_F(BrowserPane, BeginsWithTheMainPageWithoutAnAddress) {
   EXPECT_EQ(Bar(), "----");
   WaitForPage([&] { pane_.ShowMainPage(); });
   EXPECT_TRUE(Text().contains("Feedloom"));
+  EXPECT_EQ(Evaluate("origin"), "feedloom://page");  // each host has one, and a process, of its own
   EXPECT_EQ(Bar(), "----");
   const QWidget& view = *pane_.findChild<QWebEngineView*>();
   EXPECT_EQ(view.accessibleName(), "Web Browser");
