@@ -4,7 +4,7 @@ namespace feedloom {
 
 std::string AppendCount(std::string_view name, int count) {
   std::string label(name);
-  if (count > 0) label += "(" + std::to_string(count) + ")";
+  if (count > 0) label.append("(").append(std::to_string(count)).append(")");
   return label;
 }
 
