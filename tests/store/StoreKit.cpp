@@ -11,21 +11,6 @@
 namespace feedloom {
 namespace {
 
-// Runs `sql`; the first cell of its result goes to `cell`. SQLite's message, "" on success.
-std::string Run(const std::string& path, const std::string& sql, std::string& cell) {
-  const auto keepFirst = [](void* kept, int, char** cells, char**) {
-    auto& first = *static_cast<std::string*>(kept);
-    if (first == "(none)") first = cells[0] == nullptr ? "(null)" : cells[0];
-    return 0;
-  };
-  sqlite3* handle = nullptr;
-  sqlite3_open(path.c_str(), &handle);
-  const int status = sqlite3_exec(handle, sql.c_str(), keepFirst, &cell, nullptr);
-  const std::string message = status == SQLITE_OK ? "" : sqlite3_errmsg(handle);
-  sqlite3_close(handle);
-  return message;
-}
-
 Mutex logMutex;
 std::vector<std::string> logged FEEDLOOM_GUARDED_BY(logMutex);
 
@@ -42,11 +27,10 @@ extern "C" int TraceNewConnection(sqlite3* handle, const char**, const sqlite3_a
 }  // namespace
 
 TestStore::TestStore() {
-  const auto keep = [this](std::string_view text) {
+  store_ = std::make_shared<Store>(DbPath(), CodePage::Korean(), clock_, [this](auto text) {
     const MutexLock lock(mutex_);
     reports_.emplace_back(text);
-  };
-  store_ = std::make_shared<Store>(DbPath(), CodePage::Korean(), clock_, keep);
+  });
   std::ifstream schema(FEEDLOOM_SCHEMA);
   Sql({std::istreambuf_iterator(schema), {}});
 }
@@ -56,14 +40,18 @@ std::vector<std::string> TestStore::Reports() const {
   return reports_;
 }
 
-void TestStore::Sql(const std::string& sql) const {
-  std::string cell;
-  EXPECT_EQ(Run(DbPath(), sql, cell), "") << " in " << sql;
-}
-
 std::string TestStore::Value(const std::string& sql) const {
+  const auto keepFirst = [](void* kept, int, char** cells, char**) {
+    auto& first = *static_cast<std::string*>(kept);
+    if (first == "(none)") first = cells[0] == nullptr ? "(null)" : cells[0];
+    return 0;
+  };
   std::string cell = "(none)";
-  Run(DbPath(), sql, cell);
+  sqlite3* handle = nullptr;
+  sqlite3_open(DbPath().c_str(), &handle);
+  const int status = sqlite3_exec(handle, sql.c_str(), keepFirst, &cell, nullptr);
+  EXPECT_EQ(status, SQLITE_OK) << sqlite3_errmsg(handle) << " in " << sql;
+  sqlite3_close(handle);
   return cell;
 }
 

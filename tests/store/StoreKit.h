@@ -26,9 +26,9 @@ class TestStore {
   // What the store has reported so far. Any thread.
   std::vector<std::string> Reports() const;
 
-  // Runs `sql` on the file directly; a failure fails the test.
-  void Sql(const std::string& sql) const;
-  // The first cell of `sql`'s result, "(null)" for NULL and "(none)" without a row.
+  // Run `sql` on the file directly; a failure fails the test. Value returns the first cell of the
+  // result, "(null)" for NULL and "(none)" without a row.
+  void Sql(const std::string& sql) const { Value(sql); }
   std::string Value(const std::string& sql) const;
   int Count(const std::string& tableAndCondition) const;
   // Adds a channel with `posts` unread posts "Post 1" ... and links "l1" ...; the channel's id.
