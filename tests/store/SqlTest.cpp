@@ -1,4 +1,3 @@
-// Texts in statements.
 #include <gtest/gtest.h>
 
 #include "store/Like.h"
