@@ -2,7 +2,6 @@
 
 #include <httplib.h>
 #include <sys/socket.h>
-#include <zlib.h>
 
 #include <algorithm>
 #include <atomic>
@@ -33,21 +32,6 @@ void SetBody(httplib::Response& response, const std::string& bytes, const std::s
       bytes.size(), type, [bytes](std::size_t offset, std::size_t length, httplib::DataSink& sink) {
         return sink.write(bytes.data() + offset, length);
       });
-}
-
-std::string Gzip(std::string bytes) {
-  constexpr int kGzipWindow = MAX_WBITS + 16;
-  z_stream stream{};
-  deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, kGzipWindow, 8, Z_DEFAULT_STRATEGY);
-  std::string packed(deflateBound(&stream, bytes.size()), '\0');
-  stream.next_in = reinterpret_cast<Bytef*>(bytes.data());
-  stream.avail_in = static_cast<uInt>(bytes.size());
-  stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-  stream.avail_out = static_cast<uInt>(packed.size());
-  deflate(&stream, Z_FINISH);
-  packed.resize(stream.total_out);
-  deflateEnd(&stream);
-  return packed;
 }
 
 }  // namespace
@@ -187,10 +171,10 @@ void FeedServer::Serve(const std::string& path, const std::string& bytes,
   });
 }
 
+// As the library does it by itself for a text.
 void FeedServer::Compressed(const std::string& path, const std::string& bytes) {
-  impl_->Put(path, [packed = Gzip(bytes)](const httplib::Request&, httplib::Response& response) {
-    response.set_header("Content-Encoding", "gzip");
-    SetBody(response, packed, kXml);
+  impl_->Put(path, [bytes](const httplib::Request&, httplib::Response& response) {
+    response.set_content(bytes, kXml);
   });
 }
 

@@ -28,7 +28,7 @@ class FeedServer {
   // Answers.
   void Serve(const std::string& path, const std::string& bytes,
              const std::string& contentType = "text/xml");
-  void Compressed(const std::string& path, const std::string& bytes);  // gzip in transfer
+  void Compressed(const std::string& path, const std::string& bytes);  // in transfer
   void Redirect(const std::string& path, const std::string& toUrl, int status = 302);  // any URL
   void Fail(const std::string& path, int status);
   // The content with its validators; 304 for a request that has the ETag or, without one, the date.
