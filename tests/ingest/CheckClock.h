@@ -14,21 +14,17 @@ class CheckClock : public ManualClock {
 
   void Pause(std::chrono::milliseconds duration, std::stop_token stop = {}) override {
     if (duration < limit_) return ManualClock::Pause(duration, stop);
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, stop, [this] { return ranOut_; });
+    std::stop_source end;
+    const auto toEnd = [&end] { end.request_stop(); };
+    const std::stop_callback onStop(stop, toEnd), onRunOut(ranOut_.get_token(), toEnd);
+    SystemClock().Pause(std::chrono::hours(24), end.get_token());
   }
 
-  void RunOut() {
-    const std::lock_guard lock(mutex_);
-    ranOut_ = true;
-    changed_.notify_all();
-  }
+  void RunOut() { ranOut_.request_stop(); }
 
  private:
   const std::chrono::milliseconds limit_;
-  std::mutex mutex_;
-  std::condition_variable_any changed_;
-  bool ranOut_ = false;
+  std::stop_source ranOut_;
 };
 
 }  // namespace feedloom

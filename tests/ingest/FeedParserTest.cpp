@@ -1,6 +1,5 @@
 // What is read of a feed: its document, and the dates in it.
 #include <fmt/core.h>
-#include <gtest/gtest.h>
 
 #include <sstream>
 
@@ -8,159 +7,127 @@
 #include "ingest/FeedParser.h"
 #include "kit/ManualClock.h"
 #include "kit/TempFolder.h"
+#include "platform/Rows.h"
 
 namespace feedloom {
-namespace {
 
 class Parsing : public testing::Test {
  protected:
-  // "code format variants|channel title|link", then "; title|link|date|description|enclosure
-  // type|podcast" for each item, and "; type|text|title|xmlUrl|htmlUrl|url|deeper feeds" for each
-  // outline in a folder.
+  // "code format variants|channel title|link", and "; title|link|date|description|enclosure type|
+  // podcast" for each item.
   std::string Read(const std::string& document) {
-    FeedParser parser(codePage_, options_);
+    FeedParser parser(codePage_);
     const int code = parser.Parse(folder_.Write("feed.xml", document), stop_.get_token());
     const auto [rss, atom] = parser.Variants();
     std::string all = fmt::format("{} {} {} {}|{}|{}", code, static_cast<int>(parser.GetFormat()),
                                   rss, atom, parser.GetChannelTitle(), parser.GetChannelLink());
-    for (const FeedItem& item : parser.Items()) {
+    for (const FeedItem& item : parser.Items())
       all += fmt::format("; {}|{}|{}|{}|{}|{}", item.title, item.link, item.date, item.description,
                          item.enclosureType, item.isPodcast);
-    }
-    for (const OpmlOutline& folder : parser.Outlines()) {
-      all += "; " + folder.text;
-      for (const auto& [title, url, text, type, xml, html, none, deeper] : folder.children) {
-        all += fmt::format("; {}|{}|{}|{}|{}|{}|{}", type, text, title, xml, html, url, deeper);
-      }
-    }
     return all;
   }
 
-  // `rows`: a document "~" what is read of it "~" a document ...
-  void ExpectRead(const std::string& rows) {
-    std::istringstream stream(rows);
-    std::string read;
-    for (std::string document; std::getline(stream, document, '~');) {
-      EXPECT_EQ(Read(document), std::getline(stream, read, '~') ? read : "") << document;
-    }
+  void ExpectRead(std::initializer_list<std::string> rows) {
+    ExpectRows([this](auto& document) { return Read(document); }, rows);
   }
 
   TempFolder folder_;
   CodePage codePage_ = CodePage::Utf8();
-  ParseOptions options_;
   std::stop_source stop_;
 };
 
 TEST_F(Parsing, TellsTheFormatByRootAndVersion) {
-  ExpectRead(
-      "<rss version='2.0'/>~0 0 2 -1||~<rss version='2.01'/>~0 0 0 -1||~<rss version=''/>~"
-      "0 0 0 -1||~<rss/>~-93 -1 -1 -1||~<rdf:RDF/>~0 0 1 -1||~<r:RDF xmlns:r='r'/>~-92 -1 -1 -1||~"
-      "<feed/>~0 1 -1 10||~<feed version='0.3'/>~0 1 -1 3||~<feed version=''/>~-93 1 -1 -1||~"
-      "<opml/>~0 2 -1 -1||~<RSS version='2.0'/>~-92 -1 -1 -1||~<rss version='2.0'>~-98 -1 -1 -1||~"
-      "~-98 -1 -1 -1||");
+  ExpectRead({"<rss version='2.01'/> -> 0 0 0 -1||", "<rss version=''/> -> 0 0 0 -1||",
+              "<rss/> -> -93 -1 -1 -1||", "<r:RDF xmlns:r='r'/> -> -92 -1 -1 -1||",
+              "<feed version=''/> -> -93 1 -1 -1||", "<feed version='0.3'/> -> 0 1 -1 3||",
+              "<opml/> -> 0 2 -1 -1||", " -> -98 -1 -1 -1||",
+              "<RSS version='2.0'/> -> -92 -1 -1 -1||", "<rss version='2.0'> -> -98 -1 -1 -1||"});
 }
 
 TEST_F(Parsing, ReadsTheHeaderAndTheItemsOfEachFormat) {
-  const std::string page = "<title>t</title><link>l</link>";
+  const std::string page = "<title>t</title><link>l</link>", next = "</item><item>";
   const std::string media = page + "<enclosure url='m' type='audio/mpeg'/><enclosure url='2nd'/>";
   const std::string dates = page + "<dc:date>D</dc:date><pubDate>P</pubDate>";
-  const std::string next = "</item><item>";
   ExpectRead(
-      "<rss version='2.0'><image><title>Logo</title></image><title>Site</title>"
-      "<link> http://site/ </link><item><media:title>other</media:title>"
-      "<title> A <![CDATA[<b>]]>&amp;lt;<!-- no --> B</title><link>l</link>"
-      "<description>&lt;p&gt;x&lt;/p&gt;<i>y</i></description></item></rss>~"
-      "0 0 2 -1|Logo|http://site/; A <b>&lt; B|l||<p>x</p>y||0~"
-      "<rss version='2.0'><item>" +
-      media + next + dates + next + next + "<title> </title><link>l</link>" + next + page +
-      "<enclosure type='x'/>" + next +
-      "<title>t</title></item></rss>~0 0 2 -1|t|l; t|m|||audio/mpeg|1; t|l|P|||0~"
-      "<rss version='0.9'><item>" +
-      media + next + page +
-      "<date>d</date><pubDate> </pubDate><dc:date>D</dc:date></item></rss>~"
-      "0 0 0 -1|t|l; t|l||||0; t|l|D|||0~<rdf:RDF><item>" +
-      dates + next + media +
-      "<pubDate>P</pubDate></item></rdf:RDF>~0 0 1 -1|t|l; t|l|D|||0; t|l||||0~"
-      "<feed><title>A</title><link href='http://self/'/><link href='http://b/'/><entry>"
-      "<title>t</title><link rel='x' href='l'/><issued>I</issued><summary>s</summary></entry>"
-      "<entry><title>2</title><link href='l2'/><updated>U</updated></entry>"
-      "<entry><title>without a link</title></entry></feed>~"
-      "0 1 -1 10|A|http://self/; t|l|I|||0; 2|l2||||0");
+      {"<rss version='2.0'><image><title>Logo</title></image><title>Site</title>"
+       "<link> http://site/ </link><item><media:title>other</media:title>"
+       "<title> A <![CDATA[<b>]]>&amp;lt;<!-- no --> B</title><link>l</link>"
+       "<description>&lt;p&gt;x&lt;/p&gt;<i>y</i></description></item></rss>"
+       " -> 0 0 2 -1|Logo|http://site/; A <b>&lt; B|l||<p>x</p>y||0",
+       "<rss version='2.0'><item>" + media + next + dates + next +
+           "<title> </title><link>l</link>" + next + page + "<enclosure type='x'/>" + next +
+           "<title>t</title></item></rss>" + " -> 0 0 2 -1|t|l; t|m|||audio/mpeg|1; t|l|P|||0",
+       "<rss version='0.9'><item>" + media + next + page + "<date>d</date><pubDate> </pubDate>" +
+           "<dc:date>D</dc:date></item></rss> -> 0 0 0 -1|t|l; t|l||||0; t|l|D|||0",
+       "<rdf:RDF><item>" + dates + next + media + "<pubDate>P</pubDate></item></rdf:RDF>" +
+           " -> 0 0 1 -1|t|l; t|l|D|||0; t|l||||0",
+       "<feed><title>A</title><link href='http://self/'/><link href='http://b/'/><entry>"
+       "<title>t</title><link rel='x' href='l'/><issued>I</issued><summary>s</summary></entry>"
+       "<entry><title>2</title><link href='l2'/><updated>U</updated></entry>"
+       "<entry><title>without a link</title></entry></feed>"
+       " -> 0 1 -1 10|A|http://self/; t|l|I|||0; 2|l2||||0"});
 }
 
 TEST_F(Parsing, TextsEndInTheModulesCodePage) {
-  const std::string utf8 = "<feed><title>똠방각하 ♥ 😀 é</title></feed>~0 1 -1 10|";
-  ExpectRead(utf8 + "똠방각하 ♥ 😀 é|");
+  const std::string utf8 = "<feed><title>똠방각하 ♥ 😀 é</title></feed> -> 0 1 -1 10|";
+  ExpectRead({utf8 + "똠방각하 ♥ 😀 é|"});
   codePage_ = CodePage::Korean();
-  const std::string korean = codePage_.FromUtf8("똠방각하 ♥");
-  ExpectRead(utf8 + korean + " ? ?|~<?xml version='1.0' encoding='EUC-KR'?><feed><title>" + korean +
-             "</title></feed>~0 1 -1 10|" + korean + "|");
-}
-
-TEST_F(Parsing, ReadsTwoLevelsOfOutlines) {
-  const std::string list =
-      "<opml><head><outline text='not of the body'/></head><body><outline text='Folder'>"
-      "<outline type='rss' text='A &amp; B' title='T' xmlUrl=' http://x/č ' htmlUrl='h' url='u'>"
-      "<outline text='too deep'><outline xmlUrl='u'/></outline></outline></outline></body>"
-      "<outline text='without a body'/></opml>~0 2 -1 -1||";
-  ExpectRead(list + "; without a body; Folder; rss|A & B|T|http://x/%C4%8D|h|u|1");
-  options_.readsOutlines = false;
-  ExpectRead(list);
+  ExpectRead({utf8 + codePage_.FromUtf8("똠방각하 ♥") + " ? ?|"});
 }
 
 TEST_F(Parsing, ReadsNoMoreAfterAStopOrOneOutlineTooMany) {
-  std::string list = "<opml>";
-  for (std::size_t i = 0; i <= kMaxOutlines / 2; ++i) list += "<outline><outline/></outline>";
-  for (const char* end : {"</opml>", "<outline/></opml>"}) {
-    FeedParser parser(codePage_);
-    EXPECT_EQ(parser.Parse(folder_.Write("list.opml", list + end)), 0);
-    EXPECT_EQ(CountOutlines(parser.Outlines()), kMaxOutlines + 1);
-  }
+  const std::string list = Repeated("<outline><outline/></outline>", kMaxOutlines / 2 + 1);
+  const std::string path = folder_.Write("list", "<opml>" + list + "<outline/></opml>");
+  FeedParser large(codePage_);
+  EXPECT_EQ(large.Parse(path), 0);
+  EXPECT_EQ(CountOutlines(large.Outlines()), kMaxOutlines + 1);
   FeedParser small(codePage_, {.limits = {.atOnce = 99, .askForMore = [] { return false; }}});
-  EXPECT_EQ(small.Parse(folder_.File("list.opml")), kDocumentUnreadable);
+  EXPECT_EQ(small.Parse(path), kDocumentUnreadable);
   EXPECT_TRUE(small.IsTooLarge());
   stop_.request_stop();
-  ExpectRead("<feed/>~-1 -1 -1 -1||");
+  ExpectRead({"<feed/> -> -1 -1 -1 -1||"});
 }
 
-using Rows = std::vector<const char*>;
-
-std::string Stored(std::string text) {
-  NormalizeFeedDate(text);
-  return text;
-}
-
-// `rows`: a stored form, the dates that have it with bars between them, a stored form ...
-void ExpectStored(const Rows& rows) {
-  for (std::size_t i = 0; i < rows.size(); i += 2) {
-    std::istringstream dates(rows[i + 1]);
-    for (std::string date; std::getline(dates, date, '|');)
-      EXPECT_EQ(Stored(date), rows[i]) << date;
+// The stored forms of `dates`, which have bars between them; equal ones once.
+static std::string Stored(const std::string& dates) {
+  std::istringstream stream(dates);
+  std::string stored;
+  for (std::string date; std::getline(stream, date, '|');) {
+    NormalizeFeedDate(date);
+    if (date != stored) stored += date;
   }
+  return stored;
 }
 
-TEST(FeedDate, IsReadAsFarAsItGoes) {
-  ExpectStored(
-      {"2003-06-09 04:05:07", "  Tue,  9  June  2003  04:05:07  ut \n|2003-6-9T4:5:7",
-       "2003-06-10 04:00:00",
-       "Tue, 10 6 2003 04:00:00 Z|Tue, 10 Jun 2003 04:30|2003-06-10T04:30|2003-06-10 04:00:00.000Z",
-       "2003-06-10 04:10:00", "Tue, 10 Jun 2003 04:10:30", "2003-06-10 00:00:00",
-       "Tue, 10 Jun 2003 noon|2003-06-10|2003-06-10T04", "1970-01-31 00:00:00",
-       "x 31 jAn. 1970 00:00:00 GMT+9", "3000-07-01 04:00:00", "Mon, 31 Jun 3000 04:00:00 GMT",
-       "2003-12-31 18:00:00", "Thu, 01 Jan 2004 01:00:00 MST", "1999-12-01 04:00:00",
-       "Thu, 1 Dec 99 04:00:00 GMT|1999-12-01T04:00:00Z", "",
+TEST(FeedDate, IsReadAsFarAsItGoesAndMovedWhenTheMachinesZoneLeavesItOut) {
+  setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
+  tzset();
+  ExpectRows(
+      Stored,
+      {"  Tue,  9  June  2003  04:05:07  ut \n|2003-6-9T4:5:7 -> 2003-06-09 04:05:07",
+       "Tue, 10 6 2003 04:00:00 Z|Tue, 10 Jun 2003 04:30|2003-06-10T04:30|2003-06-10 04:00:00.000Z"
+       " -> 2003-06-10 04:00:00",
+       "Tue, 10 Jun 2003 noon|2003-06-10|2003-06-10T04 -> 2003-06-10 00:00:00",
+       "x 31 jAn. 1970 00:00:00 GMT+9 -> 1970-01-31 00:00:00",
+       "Mon, 31 Jun 3000 04:00:00 GMT -> 3000-07-01 04:00:00",
+       "Thu, 01 Jan 2004 01:00:00 MST -> 2003-12-31 18:00:00",
+       "Thu, 1 Dec 99 04:00:00 GMT|1999-12-01T04:00:00Z -> 1999-12-01 04:00:00",
+       "2008-03-09T02:30:00|2008-03-09T03:30:00 -> 2008-03-09 03:30:00",
+       "2008-03-09T01:59:59 -> 2008-03-09 01:59:59", "2008-11-02T01:30:00 -> 2008-11-02 01:30:00",
        " \t|Tuesday|Tue, 10 Jun|Tue, 10 Jun 2003|Tue, 10 Jun 03 04:00:00 GMT|"
        "Tue, 10 Foo 2003 04:00:00 GMT|Tue, 32 Jun 2003 04:00:00 GMT|Tue, 0 Jun 2003 04:00:00 GMT|"
        "Tue, 10 Jun 3001 04:00:00 GMT|10 Jun 2003 04:00:00 GMT|2003|2003-06|2003-13-01|2003-00-01|"
-       "2003-01-00|1969-12-31T23:00:00Z|2003-06-10T999999999:00:00Z|99999999999999999999-01-01"});
+       "2003-01-00|1969-12-31T23:00:00Z|2003-06-10T999999999:00:00Z|99999999999999999999-01-01"
+       " -> "});
+  unsetenv("TZ");
+  tzset();
 }
 
 TEST(FeedDate, AddsTheOffsetAsItIsWritten) {
   std::istringstream words(
-      "UT 10:00 Z 10:00 GMT 10:00 EST 05:00 EDT 06:00 CST 04:00 CDT 05:00 MST 03:00 MDT 04:00 "
-      "PST 02:00 pdt 03:00 A 09:00 I 01:00 J 10:00 K 00:00 M 22:00 N 11:00 Y 22:00 @ 10:00 "
-      "+0930 19:30 -0430 05:30 0930 10:00 TZ 10:00 Test 05:00 T-05:00 05:00 T+09:30 19:30 "
-      "T+0900 10:20 T-0900 09:40");  // without a colon the century's digits stand for minutes
+      "UT 10:00 Z 10:00 EST 05:00 PST 02:00 pdt 03:00 A 09:00 I 01:00 J 10:00 K 00:00 M 22:00 "
+      "N 11:00 Y 22:00 @ 10:00 +0930 19:30 -0430 05:30 0930 10:00 TZ 10:00 Test 05:00 "
+      "T-05:00 05:00 T+09:30 19:30 T+0900 10:20 T-0900 09:40");  // no colon: the century's minutes
   for (std::string zone, time; words >> zone >> time;) {
     const bool isIso = zone[0] == 'T';
     const std::string date = isIso ? "2003-06-10T10:00:00" : "Tue, 10 Jun 2003 10:00:00 ";
@@ -168,27 +135,12 @@ TEST(FeedDate, AddsTheOffsetAsItIsWritten) {
   }
 }
 
-TEST(FeedDate, OnlyATimeThatTheMachinesZoneLeavesOutIsMoved) {
-  setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
-  tzset();
-  ExpectStored({"2008-03-09 03:30:00", "2008-03-09T02:30:00", "2008-03-09 01:59:59",
-                "2008-03-09T01:59:59", "2008-03-09 03:00:00", "2008-03-08T22:00:00+04:00",
-                "2008-11-02 01:30:00", "2008-11-02T01:30:00", "2008-07-01 12:00:00",
-                "2008-07-01T12:00:00"});
-  unsetenv("TZ");
-  tzset();
-}
-
 TEST(FeedDate, IsShownAsTimeTodayAndAsDateOtherwise) {
   const ManualClock clock(NoonOf(2008, 5, 1));
-  const Rows rows = {"2008-05-01 09:30:01", "09:30:01",   "2008-05-02 09:30:00", "2008-05-02",
-                     "2008-06-01 09:30:00", "2008-06-01", "2007-5-1 9:3:0",      "2007-05-01",
-                     "2008-05-01",          "",           "2008-05-01 09:30",    "",
-                     "1969-05-01 09:30:00", "",           "2008-05-32 09:30:00", ""};
-  for (std::size_t i = 0; i < rows.size(); i += 2) {
-    EXPECT_EQ(FormatPostDateForDisplay(rows[i], clock), rows[i + 1]);
-  }
+  ExpectRows([&](auto& stored) { return FormatPostDateForDisplay(stored, clock); },
+             {"2008-05-01 09:30:01 -> 09:30:01", "2008-05-02 09:30:00 -> 2008-05-02",
+              "2008-06-01 09:30:00 -> 2008-06-01", "2007-5-1 9:3:0 -> 2007-05-01", "2008-05-01 -> ",
+              "2008-05-01 09:30 -> ", "1969-05-01 09:30:00 -> "});
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -1,5 +1,4 @@
-// A real database, a work folder and a local server, as a refresh and a check of an address use
-// them.
+// A real database, a work folder and a local server for refreshes and checks of addresses.
 #pragma once
 
 #include "ingest/FeedMemory.h"
@@ -19,7 +18,6 @@ class IngestKit {
         IngestServices{db.Shared(), Registry(folder.File("registry.reg")), clock, folder.Path(),
                        FeedMemoryPath(memoryFolder.Path())});
   }
-  // The names of the files in the work folder.
   std::vector<std::string> WorkFiles() const { return folder.Names(); }
 
   TestStore db;
