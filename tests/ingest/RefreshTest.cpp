@@ -133,7 +133,7 @@ TEST_F(Refresh, RunsFiveDownloadsAtOnceAndStoresLargePostsOneChannelAfterTheOthe
     if (isEnd && host_.Count(kMessageRefreshEnded) == 0) engine_->Enqueue(Entry(1, "/quick"));
   };
   auto items = NumberedItems("http://l/", 20);
-  for (SampleItem& item : items) item.description.assign(220u << 10, 'x');
+  items.back().description.assign(300u << 10, 'x');
   kit_.server.KeepConnections();
   kit_.server.Serve("/quick", NumberedRss("c", "http://l/", 1));
   BeginToHang(5);
