@@ -72,9 +72,10 @@ TEST_F(FilesTest, ARegistryIsReadAsAPersonMayWriteItOrRefused) {
       {"; a remark\r\n\r\n  [X]  \r\n\"N\"=dword:F\r\n\t\"S\"=\" a \"\r\n[Y] -> "
        "[X]|\"N\"=dword:0000000f|\"S\"=\" a \"|",
        R"("o \"n\"=\\"="C:\\x\"y\"\r\n; [x] = " -> [K]|"o \"n\"=\\"="C:\\x\"y\"\r\n; [x] = "|)"});
-  for (const char* line : {"word", R"("n")", R"("n"=)", R"("n"=w)", R"("n"="o)", R"("n"="x" y)",
-                           R"("n"="x\)", R"("n"=dword:)", R"("n"=dword:12x)", R"(n="x")",
-                           R"("n"=dword:100000000)", R"("n"=dword:-1)", "[o", "[]\n\"n\"=\"x\""})
+  for (const char* line :
+       {"word", R"("n")", R"("n"=)", R"("n":"x")", R"("n"=w)", R"("n"="o)", R"("n"="x" y)",
+        R"("n"="x\)", R"("n"=dword:)", R"("n"=dword:12x)", R"(n="x")", R"("n"=dword:100000000)",
+        R"("n"=dword:-1)", "[o", "[]\n\"n\"=\"x\""})
     EXPECT_EQ(rewrite(line), "refused") << line;
 }
 
