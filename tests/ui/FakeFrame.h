@@ -1,5 +1,4 @@
-// A frame for the tests of one pane: a real store, the shipped skin, and a record of what the pane
-// asked for.
+// A frame for the tests of one pane: a real store, the shipped skin, a record of what is asked for.
 #pragma once
 
 #include <algorithm>
@@ -12,15 +11,12 @@
 
 namespace feedloom {
 
-class FakeFrame : public Frame {
- public:
+struct FakeFrame : Frame {
   using CheckEnd = std::function<void(const FeedCheckAnswer&)>;
   using MergeEnd = std::function<void(const std::optional<ImportSums>&)>;
 
-  ~FakeFrame() override;  // in the source file, and with it what every test would compile again
-
   Store& GetStore() override { return db.Get(); }
-  const Skin& GetSkin() const override { return skin.Get(); }
+  const Skin& GetSkin() const override { return *shownSkin; }
   SharedState& State() override { return state; }
   void ReportMessage(std::string_view text) override { messages.emplace_back(text); }
   MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind kind) override {
@@ -38,27 +34,27 @@ class FakeFrame : public Frame {
   }
   void StartRefresh() override { ++refreshes; }
   void CheckFeed(const std::string& address, CheckEnd onAnswer) override {
-    checkedAddresses.push_back(address);
+    asked.push_back(address);
     answerCheck = std::move(onAnswer);
   }
   void StopFeedCheck() override { answerCheck = nullptr; }
   std::optional<int> ExportOpml(const std::string& path) override {
-    return exports.push_back(path), nextExport;
+    return asked.push_back(path), nextExport;
   }
   void ImportOpml(const ListSource&) override {}
   void MergeOpml(const std::string& path, MergeEnd onEnd) override {
-    merges.push_back(path);
+    asked.push_back(path);
     endMerge = std::move(onEnd);
   }
   std::unique_ptr<DirectorySearch> MakeDirectorySearch() override {
+    IngestServices services{db.Shared(), Registry(workFolder.File("registry.reg")), SystemClock(),
+                            workFolder.Path()};
     return std::make_unique<DirectorySearch>(
-        std::make_shared<IngestServices>(IngestServices{db.Shared(),
-                                                        Registry(workFolder.File("registry.reg")),
-                                                        SystemClock(), workFolder.Path()}),
-        directoryService, [thread = interfaceThread](auto work) { thread->Run(std::move(work)); });
+        std::make_shared<IngestServices>(std::move(services)), directoryService,
+        [thread = interfaceThread](auto work) { thread->Run(std::move(work)); });
   }
-  void FolderWasAdded(const FolderRow& folder) override { addedFolders.push_back(folder); }
-  void CabinetWasAdded(const CabinetRow& cabinet) override { addedCabinets.push_back(cabinet); }
+  void FolderWasAdded(const FolderRow& row) override { added.emplace_back(row.name, row.order); }
+  void CabinetWasAdded(const CabinetRow& row) override { added.emplace_back(row.title, row.order); }
   void ChannelWasAdded(const ChannelRow& channel) override { addedChannels.push_back(channel); }
   void ChannelWasMoved(int channel, int folder) override { moves.emplace_back(channel, folder); }
   void ListPosts(ListMode mode, PostList list, FirstShown firstShown) override {
@@ -79,9 +75,7 @@ class FakeFrame : public Frame {
   bool ShowsRemoteImages() const override { return showsRemoteImages; }
   void AddChannel(const std::string& address) override { addedAddresses.push_back(address); }
   void PostIsSaved(int cabinetId) override { savedTo.push_back(cabinetId); }
-  void PostWasRead(const PostRow& post, bool isScrapPost) override {
-    read.emplace_back(post.ownerId, isScrapPost);
-  }
+  void PostWasRead(const PostRow& row, bool kept) override { read.emplace_back(row.ownerId, kept); }
   void RecountUnread(bool ofScrapPosts) override {
     recounts.push_back(ofScrapPosts);
     if (onRecount) onRecount(ofScrapPosts);
@@ -91,14 +85,13 @@ class FakeFrame : public Frame {
 
   TestStore db;
   ShippedSkin skin;
+  const Skin* shownSkin = &skin.Get();
   TempFolder workFolder;
   SharedState state;
   Actions actions;
   RefreshQueue queue;
   std::shared_ptr<InterfaceThread> interfaceThread = std::make_shared<InterfaceThread>();
-  std::string directoryService;  // an address
 
-  // What it answers; and what it does before an answer, and when the tree would count again.
   MsgBoxAnswer nextAnswer = MsgBoxAnswer::Declined;
   std::optional<int> nextExport = 0;
   bool showsRemoteImages = true;
@@ -107,12 +100,11 @@ class FakeFrame : public Frame {
   CheckEnd answerCheck;  // of the check that runs
   MergeEnd endMerge;     // of the latest import
 
-  // What it was asked for, in order: keys of questions, addresses, paths, titles, ids, directions.
-  std::vector<std::string> messages, questions, checkedAddresses, addedAddresses, exports, merges,
-      shown;
+  // In order: texts, keys, addresses to check and files to export and import, addresses, titles.
+  std::vector<std::string> messages, questions, asked, addedAddresses, shown;
+  std::string directoryService;  // its address
   std::vector<MsgBoxKind> kinds;
-  std::vector<FolderRow> addedFolders;
-  std::vector<CabinetRow> addedCabinets;
+  std::vector<std::pair<std::string, int>> added;  // folders and cabinets: name and order
   std::vector<ChannelRow> addedChannels;
   std::vector<std::pair<int, int>> moves;  // channel and folder
   std::vector<std::pair<int, bool>> read;  // owner, and whether the post is a saved one

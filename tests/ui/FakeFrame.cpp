@@ -1,9 +1,0 @@
-#include "ui/FakeFrame.h"
-
-#include "ingest/FeedCheckAnswer.h"
-
-namespace feedloom {
-
-FakeFrame::~FakeFrame() = default;
-
-}  // namespace feedloom

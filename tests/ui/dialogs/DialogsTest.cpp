@@ -1,0 +1,279 @@
+// All dialogs but that of the web directory, with a real store.
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStandardPaths>
+
+#include "ingest/FeedCheckAnswer.h"
+#include "skin/Keys.h"
+#include "store/Cabinets.h"
+#include "store/Folders.h"
+#include "ui/dialogs/DialogFixture.h"
+
+namespace feedloom {
+namespace {
+
+const FeedCheckAnswer kFeed{.isFeed = true, .title = "A &amp; \nB", .homePage = "http://home/"};
+const FeedCheckAnswer kPage{.announcedFeed = "http://home/rss"};
+
+class Dialogs : public DialogFixture {
+ protected:
+  void Add(const std::string& folder, const char* address, Action action) {
+    WhenShown(std::move(action));
+    ShowChannelAdd(frame, parent.get(), folder, address);
+  }
+  Keys Check(const FeedCheckAnswer& answer) {
+    Click("주소 확인");
+    std::function(frame.answerCheck)(answer);
+    return Messages();
+  }
+  QComboBox& List() { return *dialog->findChild<QComboBox*>(); }
+  Keys Choose(const QString& folder) { return List().setCurrentText(folder), Click(); }
+  Keys ChooseWhileLocked(const QString& folder) {
+    const ForeignLock lock(frame.db.DbPath());
+    return Choose(folder);
+  }
+
+  int news_ = AddFolder(frame.GetStore(), "News", 4);
+  int daily_ = frame.db.AddChannelWithPosts(news_, "Daily", 1);
+  int keep_ = AddCabinet(frame.GetStore(), "Keep", 7);
+  ChannelFacts channel_{daily_, Korean("똠방각하"), "http://example.com/Daily", news_, "News"};
+};
+
+TEST_F(Dialogs, QuestionsArePutAgainUntilTheAnswerWillDo) {
+  const auto ask = [&](int question) -> std::optional<std::string> {
+    if (question == 0) return ShowGroupAdd(frame, parent.get()), "";
+    if (question == 1) return ShowCabinetAdd(frame, parent.get()), "";
+    if (question == 2) return AskGroupName(frame, parent.get(), "&lt;b");
+    if (question == 3) return AskChannelName(frame, parent.get(), channel_);
+    if (question == 4) return AskCabinetName(frame, parent.get(), "Old");
+    return question == 5 ? AskSearchWord(frame, parent.get()) : AskListAddress(frame, parent.get());
+  };
+  // What is entered before the answer, separated by slashes, brings E (empty) or T (taken).
+  const struct {
+    const char *look, *empty, *taken, *tries, *messages, *answer;
+  } questions[] = {
+      {"그룹; >그룹 이름=", kTextGroupEmpty, kTextGroupDuplicate,
+       "/ \u200B/보관함/News/ Tom &amp; Jerry's (%s) ", "EETT", ""},
+      {"보관함 추가; >보관함 이름=", kTextCabinetEmpty, kTextCabinetDuplicate,
+       "/보관함/Keep/It's &lt;", "ETT", ""},
+      {"그룹 이름 변경; >새 그룹 이름=&lt;b", kTextGroupEmpty, kTextGroupDuplicate,
+       "&lt;b//News/Press", "TET", "Press"},
+      {"채널 이름 변경; >새 채널 이름=똠방각하", kTextGroupEmpty, kTextRenameDuplicate,
+       " /Daily/보관함", "ET", "보관함"},
+      {"보관함 이름 변경; >새 보관함 이름=Old", kTextGroupEmpty, kTextRenameDuplicate,
+       "/Keep/보관함/Daily", "ETT", "Daily"},
+      {"검색; >검색어=", kTextSearchEmpty, "", "/ 똠방각하 ", "E", " 똠방각하 "},
+      {"OPML 가져오기; >OPML 주소=", kTextOpmlEmpty, "", "/ \u3000/ x.example ", "EE",
+       "http://x.example"},
+  };
+  for (int i = 0; i < 7; ++i) {
+    const auto& question = questions[i];
+    SCOPED_TRACE(question.look);
+    std::string shown;
+    WhenShown([&] {
+      EXPECT_EQ(Look(*dialog), std::string(question.look) + "; 확인; 취소");
+      for (const QString& text : QString(question.tries).split('/')) {
+        for (const auto& key : Try(text))
+          shown += key == question.empty ? 'E' : key == question.taken ? 'T' : '?';
+      }
+    });
+    EXPECT_EQ(ask(i), Korean(question.answer));
+    EXPECT_EQ(shown, question.messages);
+  }
+  EXPECT_EQ(frame.added,
+            (std::vector<std::pair<std::string, int>>{{"Tom & Jerry's (%s)", 5}, {"It's <", 8}}));
+}
+
+TEST_F(Dialogs, ACabinetIsChosenFromAllInTheirOrder) {
+  const auto choose = [&](const std::vector<Qt::Key>& keys) {
+    WhenShown([&] {
+      EXPECT_EQ(Look(*dialog), "스크랩; >보관함 선택=|요리|Keep; 확인; 취소");
+      for (const Qt::Key key : keys) Press(key);
+    });
+    return ChooseCabinet(frame, parent.get());
+  };
+  const int recipes = AddCabinet(frame.GetStore(), Korean("요리"), 3);
+  EXPECT_EQ(choose({Qt::Key_Return, Qt::Key_Down, Qt::Key_Return}), recipes);
+  EXPECT_EQ(choose({Qt::Key_Down, Qt::Key_Escape}), std::nullopt);
+  frame.db.Sql("delete from TB_SCRAP_CHANNEL where scrap_channel_title <> 'Keep'");
+  WhenShown([&] { Click(); });  // of one cabinet
+  EXPECT_EQ(ChooseCabinet(frame, parent.get()), keep_);
+  frame.db.Sql("delete from TB_SCRAP_CHANNEL");
+  WhenShown([&] { EXPECT_EQ(Click(), Keys{kTextScrapEmpty}); });
+  EXPECT_EQ(ChooseCabinet(frame, parent.get()), std::nullopt);
+}
+
+TEST_F(Dialogs, ANameThatCannotBeStoredIsReported) {
+  WhenShown([&] {  // another program takes the name at the last moment
+    QObject::connect(dialog, &QDialog::finished, [&] { AddCabinet(frame.GetStore(), "Box", 9); });
+    Try("Box");
+  });
+  ShowCabinetAdd(frame, parent.get());
+  EXPECT_EQ(Messages(), Keys{kTextCabinetDuplicate});
+  frame.db.Sql("drop table TB_SCRAP_POST; drop table TB_FOLDER");
+  WhenShown([&] { Try("Shelf"); });
+  ShowCabinetAdd(frame, parent.get());
+  EXPECT_EQ(Messages(), Keys{kTextCabinetError});
+  WhenShown([&] { EXPECT_EQ(Try("Group"), Keys{kTextGroupError}); });
+  ShowGroupAdd(frame, parent.get());
+}
+
+TEST_F(Dialogs, AFeedIsCheckedAndThenStoredShownAndRefreshed) {
+  AddFolder(frame.GetStore(), Korean("운동"), 5);
+  Add(Korean("운동"), "file:///etc/hostname", [&] {
+    EXPECT_EQ(Look(*dialog), "채널 추가; 주소 확인; >채널 주소=; 취소");
+    EXPECT_EQ(Try(" ", "주소 확인"), Keys{kTextAddChannelEmpty});
+    Try(" daily/a b ", "주소 확인");
+    EXPECT_EQ(Look(*dialog), "채널 추가; >주소를 확인하고 있습니다.; 취소");
+    Press(Qt::Key_Return);  // once too often
+    frame.answerCheck({});
+    EXPECT_EQ(Messages(), Keys{kTextAddChannelCheckError});
+    EXPECT_EQ(Look(*dialog), "채널 추가; 주소 확인; >채널 주소=http://daily/a%20b; 취소");
+    Box().setText("http://example.com/Daily");
+    Press(Qt::Key_Return);  // checks
+    EXPECT_EQ(frame.asked, (Keys{"http://daily/a%20b", "http://example.com/Daily"}));
+    frame.answerCheck(kFeed);
+    EXPECT_EQ(
+        Look(*dialog),
+        "채널 추가; 주소 확인; 채널 주소=http://example.com/Daily; >채널 이름=A & B; 그룹 추가; "
+        "그룹 선택=운동|News|운동; 확인; 취소");
+    EXPECT_EQ(Try(" "), Keys{kTextAddChannelEmpty});
+    Box(1).setText("Mine");
+    EXPECT_EQ(ChooseWhileLocked("News"), Keys{kTextAddChannelError});
+    EXPECT_EQ(Choose("News"), Keys{kTextAddChannelDuplicate});
+    Box().setText("http://other/");
+    EXPECT_EQ(Look(*dialog), "채널 추가; 주소 확인; 채널 주소=http://other/; >취소");
+    Check(kFeed);
+    List().setCurrentText("운동");
+    Press(Qt::Key_Return);  // adds
+  });
+  EXPECT_EQ(frame.addedChannels.at(0).folderId, news_ + 1);
+  EXPECT_EQ(frame.db.Value("select channel_title || channel_type || channel_xmllink || "
+                           "channel_htmllink from TB_CHANNEL where channel_folderID = 2"),
+            "A & Brsshttp://other/http://home/");
+  EXPECT_TRUE(frame.queue.Contains(frame.addedChannels[0].id) && frame.refreshes == 1);
+}
+
+TEST_F(Dialogs, AWebPageOffersItsFeedAndAFolderCanBeAddedOnTheWay) {
+  Add("Gone", "page/", [&] {
+    EXPECT_EQ(Check(kPage), Keys{kTextAddChannelAnnounced});  // declined
+    EXPECT_EQ(Look(*dialog), "채널 추가; 주소 확인; >채널 주소=http://page/; 취소");
+    frame.nextAnswer = MsgBoxAnswer::Consented;
+    Check(kPage);
+    frame.answerCheck({.isFeed = true});
+    EXPECT_EQ(Box().text() + " " + Box(1).text(), "http://home/rss http://home/rss");
+    WhenShown([&] { Try("New"); });
+    Click("그룹 추가");
+    EXPECT_EQ(List().currentText(), "New");
+    frame.db.Sql("delete from TB_FOLDER where folder_name = 'New'");
+    EXPECT_EQ(Click(), Keys{kTextMoveEmpty});
+    EXPECT_TRUE(dialog->focusWidget() == &List() && List().count() == 1);
+    WhenShown([&] { parent.reset(); });
+    Click("그룹 추가");
+  });
+  parent = std::make_unique<QWidget>();
+  frame.whileAsking = [&] { parent.reset(); };
+  Add("", "http://page/", [&] { Check(kPage); });
+}
+
+TEST_F(Dialogs, CancelEndsTheCheckAndALateAnswerIsDropped) {
+  std::function<void(const FeedCheckAnswer&)> late;
+  Add("", "http://page/", [&] {
+    Click("주소 확인");
+    late = frame.answerCheck;
+    Press(Qt::Key_Escape);
+  });
+  EXPECT_FALSE(frame.answerCheck);
+  late(kFeed);
+}
+
+TEST_F(Dialogs, AChannelIsShownAndGoesToAFolderThatHasNotItsAddress) {
+  const char* const look =
+      "채널 정보; >채널: 똠방각하; 주소: http://example.com/Daily; 그룹 이름: News; 확인";
+  WhenShown([&] { EXPECT_EQ(Look(*dialog), look); });
+  ShowChannelInfo(frame, parent.get(), channel_);
+  const int gone = AddFolder(frame.GetStore(), "Gone", 6);
+  AddFolder(frame.GetStore(), Korean("운동"), 5);
+  WhenShown([&] {
+    EXPECT_EQ(Look(*dialog), "그룹; >그룹 선택=|News|운동|Gone; 확인; 취소");
+    EXPECT_EQ(Choose("News"), Keys{kTextAddChannelDuplicate});
+    DeleteFolder(frame.GetStore(), gone);
+    EXPECT_EQ(Choose("Gone"), Keys{kTextMoveEmpty});
+    EXPECT_EQ(List().count(), 2);
+    EXPECT_EQ(ChooseWhileLocked("운동"), Keys{kTextMoveError});
+    Press(Qt::Key_Return);
+  });
+  ShowChannelMove(frame, parent.get(), channel_);
+  EXPECT_EQ(frame.moves, (std::vector<std::pair<int, int>>{{daily_, gone + 1}}));
+  EXPECT_EQ(frame.db.Count("TB_CHANNEL where channel_folderID = 3"), 1);
+}
+
+TEST_F(Dialogs, ListsGoToTheHandsetAndBackAndTheHostHearsOfIt) {
+  frame.skin.SetHostValue(kValueWorkDir, frame.workFolder.Path());
+  const std::string look = "핸드셋과 동기화; >연결된 핸드셋: ";
+  WhenShown([&] { EXPECT_EQ(Look(*dialog), look + "연결된 핸드셋이 없습니다.; 닫기"); });
+  ShowSync(frame, parent.get());
+  frame.skin.SetHostValue(kValueModelName, "H3");
+  WhenShown([&] {
+    const auto press = [&](const std::string& text, const std::string& buttons) {
+      EXPECT_EQ(Look(*dialog), look + "H3; " + text + buttons + "; 닫기");
+      Press(Qt::Key_Return);
+    };
+    frame.nextExport.reset();
+    press("채널 목록을 핸드셋에 보내고,\r\n핸드셋이 남긴 목록의 채널을 추가합니다.", "; 동기화");
+    frame.nextExport = 12;
+    press("핸드셋으로 보낼 목록을 저장하지 못했습니다.", "; 동기화");
+    EXPECT_EQ(frame.messages, Keys{Korean("핸드셋과 동기화했습니다: 보낸 채널 12, 받은 채널 0")});
+    const std::string received = frame.workFolder.Write("Skyfold_ppc.opml", "<opml/>");
+    press("핸드셋과 동기화했습니다: 보낸 채널 12, 받은 채널 0", "; 동기화");
+    press("동기화하는 중입니다.", "");  // Enter does nothing now
+    const std::string sent = frame.workFolder.File("Skyfold_pc.opml");
+    EXPECT_EQ(frame.asked, (Keys{sent, sent, sent, received}));
+    frame.endMerge({});
+    press("채널 12개를 핸드셋에 보냈지만, 핸드셋이 남긴 목록은 가져오지 못했습니다.", "; 동기화");
+    Click("닫기");
+    EXPECT_FALSE(dialog->isVisible());
+  });
+  ShowSync(frame, parent.get());
+  frame.endMerge(ImportSums{.added = 2});  // after the dialog was closed
+  EXPECT_EQ(frame.messages.back(), Korean("핸드셋과 동기화했습니다: 보낸 채널 12, 받은 채널 2"));
+}
+
+TEST_F(Dialogs, AFileIsAskedForWithTheSuggestedNameInTheUsersFolder) {
+  const TempFolder home;
+  QStandardPaths::setTestModeEnabled(true);  // nothing of the user's own
+  qputenv("HOME", QByteArray::fromStdString(home.Path()));
+  const QString folder = QDir::home().dirName();
+  const auto enter = [&](const QString& look, const std::string& name) {
+    WhenShown([&, look, name] {
+      const auto& files = dynamic_cast<QFileDialog&>(*dialog);
+      const QStringList parts{files.windowTitle(), files.directory().dirName(),
+                              files.nameFilters().join(", "), Box().text()};
+      EXPECT_EQ(parts.join("; "), look) << look.toStdString();
+      Box().setText(QString::fromStdString(home.File(name)));
+      dialog->accept();
+    });
+  };
+  enter("파일 저장; " + folder + "; All Files (*); tone.wav", "kept.wav");
+  EXPECT_TRUE(AskDownloadPlace(frame, parent.get(), "tone.wav").endsWith("/kept.wav"));
+  const std::string list = home.Write("목록.xml", "");
+  const QString import = "OPML 파일 가져오기; " + folder + "; OPML File (*.xml *.opml); ";
+  enter(import, "missing.xml");
+  WhenShown([&] { dialog->reject(); });  // the complaint
+  EXPECT_EQ(AskImportFile(frame, parent.get()), "");
+  enter(import, "목록.xml");
+  EXPECT_EQ(AskImportFile(frame, parent.get()), list);
+  QDir::home().mkdir("Documents");
+  for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+    enter("OPML 파일 저장; Documents; OPML file (*.xml *.opml), All file (*); x", "목록");
+    WhenShown([&] { dynamic_cast<QMessageBox&>(*dialog).button(answer)->click(); });
+    EXPECT_EQ(AskExportPlace(frame, parent.get(), "x"), answer == QMessageBox::No ? "" : list);
+  }
+  WhenShown([&] { parent.reset(); });
+  EXPECT_EQ(AskImportFile(frame, parent.get()), "");
+}
+
+}  // namespace
+}  // namespace feedloom
