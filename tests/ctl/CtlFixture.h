@@ -3,13 +3,10 @@
 
 #include <fmt/core.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
-#include <string>
-#include <vector>
+#include <sstream>
 
 #include "kit/FeedDocuments.h"
 #include "kit/FeedServer.h"
@@ -25,10 +22,10 @@ struct CtlResult {
   std::string err;
 };
 
-class CtlFixture : public testing::Test {
- protected:
-  // Runs feedloomctl on the fixture's profile; `arguments` is a piece of a shell's command line.
-  // Several runs may be under way at once.
+using Rows = std::vector<std::pair<std::string, std::string>>;
+
+struct CtlFixture : testing::Test {
+  // `arguments` is a piece of a shell's command line. Several runs may be under way at once.
   CtlResult Run(const std::string& arguments) const {
     const TempFolder output;
     const std::string command = std::string(FEEDLOOMCTL) + " --profile '" + profile_ + "' " +
@@ -44,18 +41,15 @@ class CtlFixture : public testing::Test {
     EXPECT_EQ(result.status, 0) << arguments << "\n" << result.err;
     return json::parse(result.out, nullptr, false);
   }
-  // Each command fails with status 1 and words that hold these.
-  void ExpectRefused(const std::vector<std::pair<std::string, std::string>>& cases) const {
-    for (const auto& [arguments, reason] : cases) {
+  // Each command, up to a `;`, fails with this status, prints nothing and says why.
+  void ExpectRefused(const std::string& commands, const std::string& why, int status = 1) const {
+    std::istringstream each(commands);
+    for (std::string arguments; std::getline(each, arguments, ';');) {
       const CtlResult result = Run(arguments);
-      EXPECT_EQ(result.status, 1) << arguments;
+      EXPECT_EQ(result.status, status) << arguments;
       EXPECT_EQ(result.out, "") << arguments;
-      EXPECT_NE(result.err.find(reason), std::string::npos) << arguments << result.err;
+      EXPECT_NE(result.err.find(why), std::string::npos) << arguments << "\n" << result.err;
     }
-  }
-  // Subscribes to `path` of the server; the channel's id, as text.
-  std::string Add(const std::string& path, const std::string& options = "") const {
-    return RunJson("add " + server_.Url(path) + " " + options)["id"].dump();
   }
 
   TempFolder folder_;

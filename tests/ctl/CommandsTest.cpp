@@ -1,0 +1,222 @@
+// All commands but directory: from nothing to stored posts, and what is done with them.
+#include <future>
+
+#include "ctl/CtlFixture.h"
+#include "exchange/ListDocuments.h"
+#include "platform/CodePage.h"
+#include "platform/Text.h"
+
+namespace feedloom {
+namespace {
+
+struct Commands : CtlFixture {
+  void Serve(const std::string& path, int posts) {
+    server_.Serve(path, NumberedRss("Feed &" + path, "http://a" + path, posts));
+  }
+  // A channel, 2, with posts 1 to 3, besides the sample's, which goes.
+  void Prepare(const std::string& codePage = "EUC-KR", const char* title = "하나 one") {
+    Run("init --lang ENG --code-page " + codePage);
+    server_.Serve("/a", RssDocument("A", {{title, "l", "Tue, 10 Jun 2003 04:00:00 GMT", "<b>1</b>"},
+                                          {"둘 two", "m", "Wed, 11 Jun 2003 04:00:00 GMT", "2"},
+                                          {"셋", "n", "Thu, 12 Jun 2003 04:00:00 GMT", "3"}}));
+    Run("add " + server_.Url("/a"));
+    Run("delete --channel 1");
+    Run("refresh");
+  }
+  std::string Ids(const std::string& scope = "") const {
+    std::string ids;
+    for (const json& post : RunJson("posts " + scope)) ids += post["id"].dump();
+    return ids;
+  }
+};
+
+TEST_F(Commands, ANewUserSeesPostsAtOnceAndOfflineAndADamagedProfileIsLeftAlone) {
+  const std::string file = "profile/registry.reg";
+  EXPECT_EQ(Run("list").err, "feedloomctl: made a new profile in " + profile_ + "\n");
+  const json run = RunJson("refresh");
+  EXPECT_GT(run["newPosts"], 0);
+  EXPECT_EQ(RunJson("posts").size(), run["newPosts"]);
+  ExpectRefused("init", "profile");
+  folder_.Write(file, "[HKEY\nbroken");
+  ExpectRefused("list", folder_.File(file) + " is damaged; nothing was changed\n");
+  EXPECT_EQ(folder_.Read(file), "[HKEY\nbroken");
+}
+
+TEST_F(Commands, AddTakesTheFeedsTitleOrTheUsersAndListShowsFoldersWithTheirChannels) {
+  EXPECT_EQ(Out("init --lang eng --code-page utf-8"), "Made a profile in " + profile_ + "\n");
+  Serve("/a", 1);
+  Serve("/%ED%95%9C%E2%82%AC%F0%9F%98%80.xml", 1);
+  EXPECT_EQ(Out("add " + server_.Url("/a")), "Added channel 2: Feed &/a\n");
+  Run("add " + server_.Url("/한€😀.xml") + " --folder 새그룹 --title '나의\nB'");
+  EXPECT_EQ(RunJson("add --folder 새그룹 " + server_.Url("/a"))["id"], 4);
+  Run("delete --channel 1");
+  EXPECT_EQ(RunJson("refresh")["newPosts"], 3);
+  EXPECT_EQ(ReplaceAll(Out("list"), server_.Url(""), ""),
+            "folder 1: My channels (1 unread)\n  channel 2: Feed &/a (1 unread, ok) /a\n"
+            "folder 2: 새그룹 (2 unread)\n  channel 3: 나의 B (1 unread, ok) "
+            "/%ED%95%9C%E2%82%AC%F0%9F%98%80.xml\n  channel 4: Feed &/a (1 unread, ok) /a\n"
+            "cabinet 1: My cabinet (0 unread)\n");
+  Run("delete --channel 3");
+  EXPECT_EQ(
+      ReplaceAll(RunJson("list")["folders"][1].dump(), server_.Url(""), ""),
+      R"({"channels":[{"id":4,"order":2,"state":0,"title":"Feed &/a","unread":1,"url":"/a"}],)"
+      R"("id":2,"name":"새그룹","order":0,"unread":1})");
+  EXPECT_EQ(Out("delete --folder 2"), "deleted\n");  // the first one that a user adds
+  EXPECT_EQ(RunJson("posts").size(), 1u);
+  server_.Serve("/opml", "<opml version='1.0'/>");
+  ExpectRefused("add " + server_.Url("/a"), " is channel 2 of that folder already");
+  ExpectRefused("add " + server_.Url("/opml"), ": this is not a feed");
+  ExpectRefused("add no.such", "http://no.such");
+  EXPECT_EQ(RunJson("list")["folders"].size(), 1u);
+}
+
+TEST_F(Commands, RefreshTellsEachChannelAndFailsWhenOneFails) {
+  Serve("/a", 3);
+  Serve("/b", 1);
+  Run("add " + server_.Url("/a"));
+  Run("add --folder B " + server_.Url("/b"));
+  Run("delete --channel 1");
+  server_.Fail("/b", 503);
+  const CtlResult result = Run("refresh");
+  EXPECT_EQ(result.status, 1);
+  for (const char* line : {"Feed &/a: 3 new\n", "Feed &/b: download failed\n",
+                           "\n2 channels, 3 new posts, 1 failure, "}) {
+    EXPECT_NE(result.out.find(line), std::string::npos) << result.out;
+  }
+  EXPECT_EQ(RunJson("list")["folders"][1]["channels"][0]["state"], -2);
+  Serve("/b", 2);
+  const json run = RunJson("refresh --channel 3");
+  EXPECT_EQ(run["channels"].dump(), R"([{"id":3,"new":2,"result":"ok","title":"Feed &/b"}])");
+  EXPECT_EQ(RunJson("refresh --folder 1")["newPosts"], 0);
+  EXPECT_EQ(server_.Requests("/b"), 3);
+}
+
+// One may find the database locked by another, and says so; a later refresh makes up for it.
+TEST_F(Commands, ProgramsOfOneProfileKeepOutOfEachOthersWorkFolders) {
+  Serve("/a", 2);
+  Run("add " + server_.Url("/a"));
+  const std::string check = "check file://" + folder_.Write("a.xml", NumberedRss("A", "l", 1));
+  std::filesystem::create_directory(profile_ + "/work/feedloomctl-gone");  // a killed one's
+  server_.Hang("/a");
+  auto words = std::async(std::launch::async, [&] { return Out("refresh --channel 2"); });
+  ASSERT_TRUE(server_.WaitForRequest("/a", std::chrono::seconds(20), 2));
+  std::vector<std::future<int>> others;
+  for (int i = 0; i < 60; ++i) {
+    others.push_back(std::async(std::launch::async, [&] { return Status(check); }));
+  }
+  for (std::future<int>& other : others) EXPECT_EQ(other.get(), 0);
+  Serve("/a", 2);
+  EXPECT_TRUE(words.get().starts_with("Feed &/a: 2 new\n"));
+  EXPECT_TRUE(std::filesystem::is_empty(profile_ + "/work"));
+}
+
+TEST_F(Commands, ListsAreImportedFromFilesAndAddressesAndExportedAgain) {
+  Run("init --lang ENG");
+  const std::string outlines =
+      FeedOutline("a &amp; b", "http://a/?x&amp;y") + FeedOutline("script", "javascript:x");
+  const std::string list = OpmlDocument("<outline text='News'>" + outlines + "</outline>");
+  EXPECT_EQ(RunJson("import " + folder_.Write("mine.opml", list)).dump(),
+            R"({"added":1,"folders":1,"leftOut":1,"present":0})");
+  server_.Serve("/lists/web.opml", OpmlDocument(FeedOutline("c", "http://c/")));
+  EXPECT_EQ(Out("import " + server_.Url("/lists/web.opml")),
+            "Added 1 channels and 1 folders; 0 were there already, 0 left out\n");
+  EXPECT_EQ(Out("export " + folder_.File("out")), "Wrote 3 channels of 3 folders\n");
+  EXPECT_NE(folder_.Read("out").find("xmlUrl=\"http://a/?x&amp;y\"/>"), std::string::npos);
+  const std::string torn = folder_.Write("torn", "<opml><body><outline>");
+  ExpectRefused("import " + torn, torn + ": it cannot be read, or is not well-formed XML\n");
+  ExpectRefused("import absent.opml;export /absent/out", "No such file or directory");
+  ExpectRefused("import " + server_.Url("/absent"), "404");
+  EXPECT_EQ(RunJson("list")["folders"].size(), 3u);
+}
+
+TEST_F(Commands, PostsAreListedNewestFirstInEveryScope) {
+  Prepare();
+  EXPECT_EQ(Out("clip 2 --cabinet 1"), "clipped\n");
+  const std::map<std::string, std::vector<const char*>> scopes{
+      {"321", {"", "--channel 2", "--folder 1"}},
+      {"21", {"--search O"}},
+      {"2", {"--channel 2 --search 둘", "--folder 1 --search 둘"}},
+      {"1", {"--cabinet 1", "--cabinet 1 --search two"}},
+      {"", {"--cabinet 1 --search 셋", "--today", "--folder 1 --today"}}};
+  for (const auto& [ids, options] : scopes) {
+    for (const char* scope : options) EXPECT_EQ(Ids(scope), ids) << scope;
+  }
+  EXPECT_EQ(RunJson("posts")[2].dump(),
+            R"({"channel":"A","date":"2003-06-10 04:00:00","description":"<b>1</b>","id":1,)"
+            R"("link":"l","podcast":false,"read":false,"title":"하나 one"})");
+  Run("mark read --post 1");
+  EXPECT_EQ(Out("posts --search O"),
+            "     2 * 2003-06-11 04:00:00 둘 two [A]\n     1   2003-06-10 04:00:00 하나 one [A]\n");
+}
+
+TEST_F(Commands, ShowPrintsThePageAndWritesItInItsOwnCodePage) {
+  for (const auto& [codePage, title] : {std::pair("EUC-KR", "하나 one"), {"UTF-8", "é 😀 똠"}}) {
+    profile_ = folder_.File(codePage);
+    Prepare(codePage, title);
+    const std::string shown = Out("show 1");
+    EXPECT_NE(shown.find(title), std::string::npos) << shown;
+    EXPECT_EQ(RunJson("show 1")["page"].get<std::string>() + "\n", shown);
+    EXPECT_EQ(Status("show 1 --output " + folder_.File("page.html")), 0);
+    EXPECT_EQ(CodePage::FromName(codePage).ToUtf8(folder_.Read("page.html")) + "\n", shown);
+    EXPECT_EQ(Status("show 1 --output /no/such/folder/page.html"), 1);
+  }
+}
+
+TEST_F(Commands, ChangeJustWhatTheyNameAndAClippedPostStays) {
+  Prepare();
+  const Rows marks{{"read --post 3 2", "1"}, {"unread --channel 2", "3"}, {"read --folder 1", "0"}};
+  for (const auto& [arguments, unread] : marks) {
+    EXPECT_EQ(Out("mark " + arguments), unread == "3" ? "marked unread\n" : "marked read\n");
+    EXPECT_EQ(RunJson("list")["folders"][0]["unread"].dump(), unread) << arguments;
+  }
+  EXPECT_EQ(RunJson("clip 2 --cabinet 1")["done"], "clipped");
+  const std::string misuses =
+      ";nonsense;mark read;mark maybe --post 1;mark read --post 1 --channel 1;delete;cleanup -1;"
+      "cleanup many;clip 1;show;check;add;export;import;directory;directory a --page 0;"
+      "init --lang GER;init --code-page X;refresh --channel 2 --folder 1;"
+      "posts --channel 2 --cabinet 1;posts --folder 1 --channel 2;posts --folder 1 --cabinet 1;"
+      "posts --today --search o;posts --today --channel 2;posts --today --cabinet 1";
+  ExpectRefused(misuses, "--help", 2);
+  ExpectRefused("delete --post 1 999;clip 999 --cabinet 1;show 999", "no post 999\n");
+  ExpectRefused("delete --channel 2 9;mark read --channel 9;posts --channel 9;refresh --channel 9",
+                "there is no channel 9\n");
+  ExpectRefused("delete --folder 9;mark read --folder 9;posts --folder 9;refresh --folder 9",
+                "there is no folder 9\n");
+  ExpectRefused("clip 1 --cabinet 9;posts --cabinet 9", "there is no cabinet 9\n");
+  ExpectRefused("delete --folder 1", "folder 1 is protected\n");
+  EXPECT_EQ(Ids(), "321");
+  const Rows deletions{{"delete --post 3", "21"},
+                       {"cleanup 1", "21"},
+                       {"cleanup 0", ""},
+                       {"delete --channel 2", ""}};
+  for (const auto& [arguments, left] : deletions) {
+    EXPECT_EQ(Status(arguments), 0);
+    EXPECT_EQ(Ids(), left) << arguments;
+  }
+  EXPECT_EQ(RunJson("posts --cabinet 1")[0]["title"], "둘 two");
+  EXPECT_EQ(RunJson("list")["cabinets"][0]["unread"], 1);
+  EXPECT_EQ(RunJson("list")["folders"][0]["channels"].size(), 0u);
+}
+
+TEST_F(Commands, CheckShowsWhatTheReaderSeesOrWhyItIsNoFeed) {
+  Run("init --code-page EUC-KR");
+  server_.Serve("/a", RssDocument("한 ♥ 😀", {{"t", "l", "Tue, 10 Jun 2003 04:00:00 +0900", "d"}}));
+  EXPECT_EQ(RunJson("check " + server_.Url("/a")).dump(),
+            R"({"atomVariant":-1,"format":0,"items":[{"date":"Tue, 10 Jun 2003 04:00:00 +0900",)"
+            R"("description":"d","enclosureType":"","link":"l","podcast":0,"stored":)"
+            R"("2003-06-10 13:00:00","title":"t"}],"link":"http://site.example/","result":0,)"
+            R"("rssVariant":2,"title":"한 ♥ ?"})");
+  for (const auto& [source, part] : Rows{{folder_.Write("a", "<rss/>"), "result\": -93"},
+                                         {folder_.Write("b", "<rss>\xFF</rss>"), "format\": null"},
+                                         {server_.Url("/absent"), "result\": null"},
+                                         {std::string(5000, 'a') + ".no", "result\": null"}}) {
+    const CtlResult result = Run("check " + source);
+    EXPECT_EQ(result.status, 1) << source;
+    EXPECT_NE(result.out.find(part), std::string::npos) << result.out;
+  }
+  const std::string feed = folder_.Write("long.xml", NumberedRss("A", "http://a/", 500));
+  EXPECT_EQ(Status("check " + feed + " >/dev/full 2>&1; (exit $?)"), 1);
+}
+
+}  // namespace
+}  // namespace feedloom
