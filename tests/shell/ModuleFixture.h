@@ -6,13 +6,11 @@
 #include <fmt/core.h>
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QTreeView>
-#include <QVBoxLayout>
 #include <QWebEngineView>
-#include <algorithm>
 #include <filesystem>
 
 #include "kit/FeedServer.h"
@@ -26,40 +24,29 @@
 
 namespace feedloom {
 
-class ModuleFixture : public QObject, public testing::Test {
- protected:
+struct ModuleFixture : QObject, testing::Test {
   ModuleFixture() {
     lookup_ = profile_.Lookup();
     profile_.LinkModule(FEEDLOOM_MODULE);
     std::filesystem::remove(profileLink_);
     std::filesystem::create_directory_symlink(profile_.Paths().dir, profileLink_);
-    Load();
-  }
-  ~ModuleFixture() override {
-    EXPECT_TRUE(answers_.AreUsedUp()) << "a dialog did not come";
-    if (frame_ != nullptr) Destroy();
-    EXPECT_EQ(dlclose(module_), 0);
-  }
-
-  void Load() {
     module_ = dlopen((profileLink_ + "/module/feedloom.so").c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module_ == nullptr) throw std::runtime_error(dlerror());
     create_ = reinterpret_cast<CreateFunction>(dlsym(module_, "Create"));
     destroy_ = reinterpret_cast<DestroyBtnFunction>(dlsym(module_, "DestroyBtn"));
   }
-  // In a window of the host's; waits for the main page.
   void CreateFrame() {
     host_ = std::make_unique<QWidget>();
     pane_ = new QWidget(host_.get());
     host_->resize(1000, 700);
-    pane_->resize(1000, 700);
+    pane_->resize(host_->size());
     for (QWidget* const window : {host_.get(), pane_}) window->installEventFilter(this);
     host_->show();
     frame_ = create_([](auto section, auto key) { return lookup_.HostGetText(section, key); },
                      [](auto section, auto key) { return lookup_.HostGetSkinValue(section, key); },
                      pane_);
     ASSERT_TRUE(frame_ != nullptr && frame_->isVisible());
-    frame_->resize(1000, 700);
+    frame_->resize(pane_->size());
     pagesShown_ = std::make_unique<QSignalSpy>(frame_, SIGNAL(PageShown()));
     ASSERT_TRUE(pagesShown_->wait(20'000));
     host_->activateWindow();
@@ -72,47 +59,32 @@ class ModuleFixture : public QObject, public testing::Test {
     destroy_();
   }
 
-  // Runs a statement past the module, which may have locked the database for a moment. Returns the
-  // first value.
+  // Returns the first value. Waits while the module locks the database.
   std::string Sql(const std::string& sql) {
     std::optional<ResultTable> rows;
     EXPECT_TRUE(WaitUntil([&] { return (rows = QueryOnce(store_, sql)).has_value(); })) << sql;
     return rows && rows->Rows() > 0 ? rows->Text(0, 0) : "(none)";
   }
-  void Set(const std::string& name, const std::string& text) {
-    EXPECT_TRUE(profile_.TheRegistry().WriteString(kModuleKey, name, text));
-  }
-  // Subscribes to `path` of the server. Returns the channel's id.
-  int AddChannel(const std::string& title, const std::string& path) {
-    Sql("insert into TB_CHANNEL(channel_title, channel_xmllink, channel_folderID, channel_order) "
-        "values('" +
-        title + "', '" + server_.Url(path) + "', 1, 1)");
-    return std::stoi(Sql("select max(channel_id) from TB_CHANNEL"));
-  }
   // Unread ones: "Post 1" with "Text 1", and so on.
   void AddPosts(int channelId, int count) {
-    for (int i = 1; i <= count; ++i) {
-      Sql(
-          fmt::format("insert into TB_POST(post_channelID, post_title, post_link, post_pubDate, "
-                      "post_desc) values({0}, 'Post {1}', 'http://example.com/{1}', "
-                      "'2008-05-01 10:00:00', 'Text {1}')",
-                      channelId, i));
-    }
+    Sql(
+        fmt::format("insert into TB_POST(post_channelID, post_title, post_link, post_pubDate, "
+                    "post_desc) with recursive n(i) as (select 1 union all select i + 1 from n "
+                    "where i < {}) select {}, 'Post ' || i, 'http://example.com/' || i, "
+                    "'2008-05-01 10:00:00', 'Text ' || i from n",
+                    count, channelId));
   }
 
-  // What a host and a user do.
-  std::intptr_t Send(unsigned number, std::intptr_t wParam = 0, std::intptr_t lParam = 0) {
+  void Send(unsigned number, std::intptr_t wParam = 0, std::intptr_t lParam = 0) {
     WindowMessage message(number, wParam, lParam);
     QCoreApplication::sendEvent(frame_, &message);
-    return message.result;
   }
   void Select(const QString& label) {
     const auto found = Tree().model()->match(Tree().model()->index(0, 0), Qt::DisplayRole, label, 1,
                                              Qt::MatchExactly | Qt::MatchRecursive);
     ASSERT_EQ(found.size(), 1) << label.toStdString();
     pagesShown_->clear();
-    const QPoint place = Tree().visualRect(found[0]).center();
-    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseClick(Tree().viewport(), Qt::LeftButton, {}, Tree().visualRect(found[0]).center());
   }
   // Keys, one after the other, where the keyboard is: "F6, Shift+F10".
   void Press(const QString& keys) {
@@ -139,31 +111,18 @@ class ModuleFixture : public QObject, public testing::Test {
     QTimer::singleShot(20'000, &loop, [&loop] { loop.exit(0); });
     return isTrue() || loop.exec() == 1;
   }
-  bool WaitForRunEnd() {
-    return WaitUntil([&] { return std::ranges::count(numbers_, kMessageRefreshEnded) > 0; });
-  }
-  bool WaitForText(const std::string& text) {
-    return WaitUntil([&] { return std::ranges::count(texts_, text) > 0; });
+  // Whether the host hears of the begin and the end of one refresh, and of nothing else.
+  bool WaitForRun() {
+    const std::vector<unsigned> run{kMessageRefreshBegan, kMessageRefreshEnded};
+    return WaitUntil([&] { return numbers_ == run; }) && (numbers_.clear(), true);
   }
 
-  // What is to be seen.
-  QWidget& Part(const std::string& className) {
-    for (QWidget* const widget : frame_->findChildren<QWidget*>()) {
-      if (widget->inherits(("feedloom::" + className).c_str())) return *widget;
-    }
-    throw std::runtime_error("no " + className);
+  QSplitter& Columns() { return dynamic_cast<QSplitter&>(*frame_); }
+  QTreeView& Tree() { return dynamic_cast<QTreeView&>(*Columns().widget(0)->focusProxy()); }
+  QTreeView& List() {
+    return dynamic_cast<QTreeView&>(
+        *dynamic_cast<QSplitter&>(*Columns().widget(1)).widget(0)->focusProxy());
   }
-  QTreeView& Tree() { return dynamic_cast<QTreeView&>(Part("CRSS_GroupTreeCtrl")); }
-  QTreeView& List() { return dynamic_cast<QTreeView&>(Part("CVxListCtrl")); }
-  // The control with this accessible name or text.
-  template <typename Control>
-  static Control& Named(QWidget& window, const QString& name) {
-    for (auto* const control : window.findChildren<Control*>()) {
-      if (control->accessibleName() == name || control->text() == name) return *control;
-    }
-    throw std::runtime_error("no " + name.toStdString());
-  }
-  // The rows of the tree, or the titles in the list.
   static QStringList Rows(const QTreeView& view, int column) {
     QStringList rows;
     for (auto row = view.model()->index(0, column); row.isValid(); row = view.indexBelow(row)) {
@@ -173,24 +132,23 @@ class ModuleFixture : public QObject, public testing::Test {
   }
   QStringList Labels() { return Rows(Tree(), 0); }
   QStringList Titles() { return Rows(List(), 1); }
-  QWebEnginePage& Page() { return *frame_->findChild<QWebEngineView*>()->page(); }
   // The text of the page that the last Select has led to.
   QString PageText() {
     EXPECT_TRUE(WaitUntil([this] { return !pagesShown_->empty(); }));
     std::optional<QString> text;
-    Page().toPlainText([&text](const QString& plain) { text = plain; });
+    frame_->findChild<QWebEngineView*>()->page()->toPlainText(
+        [&text](const QString& plain) { text = plain; });
     EXPECT_TRUE(WaitUntil([&] { return text.has_value(); }));
     return text.value_or(QString());
   }
   int UnreadTotal() { return TheFrame().State().unreadTotal; }
   Frame& TheFrame() { return dynamic_cast<Frame&>(*frame_); }
 
-  using Numbers = std::vector<unsigned>;
   FeedServer server_;
   TestProfile profile_;
   DialogAnswers answers_;
   std::vector<std::string> texts_;  // the status texts that the host was sent, as UTF-8
-  Numbers numbers_;                 // the messages that its top-level window was sent
+  std::vector<unsigned> numbers_;   // the messages that its top-level window was sent
   std::unique_ptr<QWidget> host_;
   QWidget* pane_ = nullptr;
   QWidget* frame_ = nullptr;
@@ -199,13 +157,11 @@ class ModuleFixture : public QObject, public testing::Test {
   DestroyBtnFunction destroy_ = nullptr;
   static inline HostLookup lookup_;  // a host's callbacks are plain functions
 
- private:
   bool eventFilter(QObject* window, QEvent* event) override {
     if (event->type() != WindowMessage::kType) return false;
     const auto* const message = static_cast<WindowMessage*>(event);
-    if (window == host_.get()) {
-      numbers_.push_back(message->number);
-    } else if (message->number == kMessageShowText) {
+    if (window == host_.get()) numbers_.push_back(message->number);
+    if (message->number == kMessageShowText) {
       const auto& text = *reinterpret_cast<const std::string*>(message->lParam);
       texts_.push_back(CodePage::Korean().ToUtf8(text));
     }

