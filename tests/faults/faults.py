@@ -20,17 +20,15 @@ SEED = int(os.environ.get("FEEDLOOM_SEED", 0)) or random.SystemRandom().randrang
 print(f"FEEDLOOM_SEED={SEED} repeats what is random here", flush=True)
 PATIENCE = 30  # seconds, for anything that ends by itself
 # The columns that only the user changes: a refresh writes its result into the channel's row.
-LASTING = ["* from TB_FOLDER", "* from TB_POST", "* from TB_SCRAP_CHANNEL", "* from TB_SCRAP_POST",
-           "channel_id, channel_folderID, channel_title, channel_xmllink, channel_order "
-           "from TB_CHANNEL"]
+LASTING = ["* from TB_FOLDER", "* from TB_POST", "channel_id, channel_folderID, channel_title, "
+           "channel_xmllink, channel_order from TB_CHANNEL"]
 
 
 def wait_until(is_true, what):
     """Looks again and again: what is waited for sends no event. Raises after PATIENCE."""
     deadline = time.monotonic() + PATIENCE
     while not is_true():
-        if time.monotonic() > deadline:
-            raise TimeoutError(what)
+        assert time.monotonic() < deadline, what
         time.sleep(0.01)
 
 
@@ -47,15 +45,18 @@ class Program(subprocess.Popen):
         self.finish()
 
     def finish(self, patience=PATIENCE):
-        """Returns the program itself after its end, or raises after so many seconds."""
+        """Returns the program itself after its end; raises after so many seconds."""
         self.out, self.err = self.communicate(timeout=patience)
         self.seconds = time.monotonic() - self.began
         return self
 
+    def ends_within(self, seconds):
+        with contextlib.suppress(subprocess.TimeoutExpired):
+            return self.finish(seconds)
+
     def kill_after(self, seconds):
         """False when it has ended before that."""
-        with contextlib.suppress(subprocess.TimeoutExpired):
-            self.finish(seconds)
+        self.ends_within(seconds)
         self.kill()
         return self.finish().returncode == -signal.SIGKILL
 
@@ -65,23 +66,15 @@ class Program(subprocess.Popen):
         return self.finish().returncode
 
 
-def texts(pattern):
-    """The contents of the files that match; a file that vanishes meanwhile is left out."""
-    for path in glob.glob(pattern):
-        with contextlib.suppress(OSError):
-            yield pathlib.Path(path).read_text()
-
-
-def children(process):
-    below = [int(child) for text in texts(f"/proc/{process}/task/*/children")
-             for child in text.split()]
-    return below + [more for child in below for more in children(child)]
-
-
 def pages(window):
-    """The ids of its render processes: those with a compositor thread."""
-    return {child for child in children(window.pid)
-            if "Compositor\n" in texts(f"/proc/{child}/task/*/comm")}
+    """The ids of its render processes: those of its session that have a compositor thread."""
+    found = set()
+    for thread in glob.glob("/proc/[0-9]*/task/*/comm"):
+        with contextlib.suppress(OSError):  # it has ended meanwhile
+            process, name = int(thread.split("/")[2]), pathlib.Path(thread).read_text()
+            if name == "Compositor\n" and os.getsid(process) == window.pid:
+                found.add(process)
+    return found
 
 
 class Database:
@@ -133,10 +126,9 @@ class Profile:
     def add_posts(self, channels, count, text="text"):
         with self.database.transaction() as connection:
             connection.executemany(
-                "insert into TB_POST(post_channelID, post_title, post_link, post_desc) "
-                "values(?, ?, ?, ?)",
-                [(channel, f"Post {i}", f"http://old.example/{channel}/{i}", text)
-                 for channel in channels for i in range(count)])
+                "insert into TB_POST(post_title, post_link, post_desc, post_channelID) "
+                f"values('Post', ?, '{text}', ?)",
+                [(f"http://old.example/{i}", id) for id in channels for i in range(count)])
 
     def start(self, *arguments, **options):
         return Program(PROGRAMS / "feedloomctl", "--profile", self.folder, *arguments, **options)
@@ -146,11 +138,11 @@ class Profile:
             return program.finish()
 
     def start_window(self, *arguments, **options):
-        """halvix off screen, without anything of a desktop: no bus, no portal, no runtime folder."""
+        """Off screen, without anything of a desktop: no bus, no portal, no runtime folder."""
         environment = {"PATH": os.environ["PATH"], "HOME": str(self.folder.parent),
                        "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "offscreen"}
         return Program(PROGRAMS / "halvix", "--profile", self.folder, *arguments,
-                       env=environment, **options)
+                       env=environment, start_new_session=True, **options)
 
     def links(self):
         return {link for (link,) in self.database.sql("select post_link from TB_POST")}
@@ -160,8 +152,7 @@ class Profile:
 
 
 class Server(http.server.ThreadingHTTPServer):
-    """Answers on 127.0.0.1, well or badly: a request of /a with `answers["a"]`, called with the
-    request's Handler, as soon as the `gate` is open."""
+    """Once the gate is open, answers["a"], a function of a Handler, answers a request of /a."""
     request_queue_size = 64
 
     def __init__(self):
@@ -180,11 +171,10 @@ class Server(http.server.ThreadingHTTPServer):
 
 class Handler(http.server.BaseHTTPRequestHandler):
     protocol_version = "HTTP/1.1"
-    disable_nagle_algorithm = True
+    log_message = lambda *_: None
 
     def handle(self):
-        """A client that goes in the middle of an answer is no error here."""
-        with contextlib.suppress(OSError):
+        with contextlib.suppress(OSError):  # a client may go in the middle of an answer
             super().handle()
 
     def do_GET(self):
@@ -192,9 +182,6 @@ class Handler(http.server.BaseHTTPRequestHandler):
         self.server.requests.append(name)
         self.server.gate.wait()
         self.server.answers[name](self)
-
-    def log_message(self, *_):
-        pass
 
 
 def head(*headers, status="200 OK"):
