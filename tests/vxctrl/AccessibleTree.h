@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QStringList>
 #include <QWidget>
+#include <set>
 #include <vector>
 
 namespace feedloom {
@@ -21,7 +22,7 @@ inline void CollectNodes(QAccessibleInterface& node, std::vector<QAccessibleInte
   const bool isWhole = node.role() == QAccessible::ComboBox ||
                        (node.object() && node.object()->inherits("QWebEngineView"));
   for (int i = 0; !isWhole && i < node.childCount(); ++i) {
-    if (QAccessibleInterface* const child = node.child(i)) CollectNodes(*child, nodes);
+    if (auto* const child = node.child(i)) CollectNodes(*child, nodes);
   }
 }
 
@@ -32,22 +33,11 @@ inline std::vector<QAccessibleInterface*> NodesBelow(QWidget& widget) {
 }
 
 inline bool IsForTheUser(const QAccessibleInterface& node) {
-  switch (node.role()) {
-    case QAccessible::Button:
-    case QAccessible::CheckBox:
-    case QAccessible::RadioButton:
-    case QAccessible::ComboBox:
-    case QAccessible::EditableText:
-    case QAccessible::Slider:
-    case QAccessible::Separator:
-    case QAccessible::ToolBar:
-    case QAccessible::Tree:
-    case QAccessible::TreeItem:
-    case QAccessible::ColumnHeader:
-      return true;
-    default:
-      return node.state().focusable;
-  }
+  using enum QAccessible::Role;
+  static const std::set<QAccessible::Role> kRoles = {Button,       CheckBox, RadioButton, ComboBox,
+                                                     EditableText, Slider,   Separator,   ToolBar,
+                                                     Tree,         TreeItem, ColumnHeader};
+  return kRoles.contains(node.role()) || node.state().focusable;
 }
 
 // What somebody could work with and not know what it is: the classes of such nodes.

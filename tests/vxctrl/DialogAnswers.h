@@ -29,8 +29,8 @@ class DialogAnswers : public QObject {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
     auto* const dialog = qobject_cast<QDialog*>(watched);
-    if (event->type() != QEvent::Show || dialog == nullptr || !dialog->isModal()) return false;
-    if (deeds_.empty()) return false;
+    const bool isShown = event->type() == QEvent::Show && dialog != nullptr && dialog->isModal();
+    if (!isShown || deeds_.empty()) return false;
     const Deed deed = std::exchange(deeds_.front(), nullptr);
     deeds_.pop_front();
     QTimer::singleShot(0, dialog, [dialog = QPointer(dialog), deed] {
