@@ -22,14 +22,12 @@ class DirectoryService {
     ServeText(page, answer + "[QK]");
   }
   void ServeText(int page, const std::string& answer) { server_.Serve(Query(page), answer); }
-  // 73 records, and so two pages.
   void ServeTwoPages() {
     Serve(1, 73, 1, 50);
     Serve(2, 73, 51, 73);
   }
   void Fail(int page) { server_.Fail(Query(page), 500); }
   void Hang(int page) { server_.Hang(Query(page)); }
-
   int Requests(int page) const { return server_.Requests(Query(page)); }
 
  private:

@@ -1,172 +1,186 @@
-// Rows on the screen: how they look, clicks, keys, sorting and refilling.
+// Rows on the screen: what clicks, keys and the menu do to the store, the rows and the frame.
+#include "store/Cabinets.h"
 #include "ui/list/ListPaneFixture.h"
 
 namespace feedloom {
 namespace {
 
-using PostListPaneTest = PostListPane;
-using ReadPosts = std::vector<std::pair<int, bool>>;
+class PostListPaneTest : public PostListPane {
+ protected:
+  void ListAndSelect(PostList list, const std::vector<int>& rows) {
+    pane_.Fill(std::move(list));
+    for (const int row : rows) {
+      list_.selectionModel()->setCurrentIndex(
+          Index(row), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+  }
+  std::unique_ptr<QMenu> OpenMenu() {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {}, QPoint(60, 70));
+    QApplication::sendEvent(list_.viewport(), &event);
+    return std::unique_ptr<QMenu>(pane_.findChild<QMenu*>());
+  }
+  void Choose(Command command) {
+    const auto menu = OpenMenu();
+    for (QAction* const item : menu->actions()) {
+      if (item->data().toInt() == command) item->trigger();
+    }
+    QApplication::processEvents();  // the command comes when the menu has closed
+  }
+  std::string Stored(const std::string& what) const {
+    return frame_.db.Value("select group_concat(" + what);
+  }
+};
 
-TEST_F(PostListPaneTest, LiesBelowTheToolbarInTheFrameAndAReadPostLooksDifferent) {
-  PostList list = ChannelPosts(2);
-  list.posts[1].title = list.posts[0].title;
-  list.posts[1].readStatus = 1;
-  pane_.Fill(std::move(list));
-  EXPECT_EQ(bar_.geometry(), QRect(6, 0, 548, 40));
-  EXPECT_EQ(list_.geometry(), QRect(6, 41, 548, 193));
-  EXPECT_EQ(list_.frameWidth(), 0);
-  const QImage picture = pane_.grab().toImage();
-  EXPECT_EQ(picture.pixelColor(300, 40), QColor(0x76, 0x8A, 0x8E)) << "the line above the list";
-  EXPECT_NE(picture.pixelColor(1, 20), picture.pixelColor(1, 100)) << "the corner and the edge";
-  EXPECT_EQ(list_.visualRect(Index(1)), QRect(30, 19, 278, 19));
-  EXPECT_EQ(list_.columnWidth(kDateColumn) + list_.columnWidth(kOwnerColumn), 200);
-  EXPECT_EQ(list_.accessibleName(), "글 목록");
-  const auto cell = [&](int x, int row) { return picture.copy(6 + x, 61 + 19 * row, 29, 17); };
-  QImage blank = cell(0, 0);
-  blank.fill(list_.palette().color(QPalette::Base));
-  EXPECT_TRUE(cell(0, 0) != blank && cell(0, 1) != blank && cell(0, 0) != cell(0, 1));
-  EXPECT_NE(cell(32, 0), cell(32, 1));
+TEST_F(PostListPaneTest, TheMenuOffersWhatCanBeDoneWithTheSelectedRows) {
+  EXPECT_EQ(OpenMenu(), nullptr) << "there are no rows";
+  using enum ListMode;
+  // Initials: Read, Unread, Delete, All, Scrap; grey ones in parentheses.
+  const std::tuple<ListMode, std::vector<int>, const char*> cases[] = {
+      {Selection, {0}, "RDA(S)"},   {Selection, {}, "A"},   {Selection, {1}, "UDAS"},
+      {Selection, {0, 1}, "RUDAS"}, {Today, {1}, "UD(A)S"}, {WebDirectory, {0}, "S"}};
+  for (const auto& [mode, rows, items] : cases) {
+    frame_.state.listMode = mode;
+    PostList list = NumberedPosts(2);
+    list.posts[1].readStatus = 1;
+    ListAndSelect(std::move(list), rows);
+    const auto menu = OpenMenu();
+    std::string shown;
+    for (const QAction* const item : menu->actions()) {
+      const std::string initial(1, "RUDA???S"[item->data().toInt() - kCommandMarkRead]);
+      shown += item->isEnabled() ? initial : "(" + initial + ")";
+    }
+    EXPECT_EQ(shown, items);
+    EXPECT_EQ(menu->pos(), QPoint(60, 70));
+    frame_.actions.chooseCabinet = [] { return 7; };
+  }
+}
+
+TEST_F(PostListPaneTest, MarkingAndDeletingChangeTheSelectedPostsAndRecountOnce) {
+  const std::string unread = "post_id) from TB_POST where post_readStatus = 0";
+  ListAndSelect(ChannelPosts(6), {1, 3});
+  frame_.db.AddChannelWithPosts(2, "Other", 1);
+  Choose(kCommandMarkRead);
+  EXPECT_EQ(Stored(unread) + Rows(), "1,2,4,6,7Post 6 >-Post 5 Post 4 >-Post 3 Post 2 Post 1 ");
+  Choose(kCommandMarkUnread);
+  EXPECT_EQ(Rows(), "Post 6 >Post 5 Post 4 >Post 3 Post 2 Post 1 ");
+  Choose(kCommandDelete);  // shows the post that takes the first one's place
+  EXPECT_EQ(Stored(unread) + Rows(), "1,2,6,7Post 6 >-Post 4 Post 2 Post 1 ");
+  Press(3);
+  Choose(kCommandDelete);
+  EXPECT_EQ(Rows(), "Post 6 -Post 4 >-Post 2 ") << "the last one that is left";
+  Choose(kCommandDeleteAll);
+  EXPECT_EQ(Stored(unread) + frame_.shown.back(), "7(main page)") << "that of the other channel";
+  EXPECT_EQ(frame_.questions, (Strings{kTextDeletePosts, kTextDeletePosts, kTextDeleteAllPosts}));
+  PostList saved = NumberedPosts(2);
+  saved.areScrapPosts = true;
+  for (int i = 0; i < 2; ++i) InsertScrapPost(frame_.GetStore(), 1, "", "", "", "");
+  pane_.Fill(std::move(saved));
+  Press(0);
+  EXPECT_EQ(Stored("scrap_post_id) from TB_SCRAP_POST where scrap_post_readStatus"), "2");
+  Choose(kCommandMarkUnread);
+  EXPECT_EQ(Stored("scrap_post_id) from TB_SCRAP_POST where scrap_post_readStatus"), "(null)");
+  Choose(kCommandDelete);
+  EXPECT_EQ(Stored("scrap_post_id) from TB_SCRAP_POST"), "1");
+  EXPECT_EQ(frame_.recounts, (std::vector{false, false, false, false, false, true, true}));
+}
+
+TEST_F(PostListPaneTest, NothingIsDeletedWithoutConsentOrAStoreNorWhatCameDuringTheQuestion) {
+  pane_.Fill(ChannelPosts(2));
+  frame_.whileAsking = [&] { pane_.Refill(NumberedPosts(3)); };
+  Choose(kCommandDeleteAll);
+  EXPECT_EQ(Rows(), ">-Post 3 ");
+  frame_.nextAnswer = MsgBoxAnswer::Declined;
+  frame_.whileAsking = nullptr;
+  Choose(kCommandDelete);
+  frame_.nextAnswer = MsgBoxAnswer::Consented;
+  frame_.db.Sql("alter table TB_POST rename to TB_GONE");
+  for (const Command command : {kCommandDelete, kCommandMarkUnread}) Choose(command);
+  frame_.state.listMode = ListMode::WebDirectory;
+  Key(Qt::Key_Delete);  // asks nothing
+  EXPECT_EQ(Rows(), ">-Post 3 ");
+  EXPECT_EQ(frame_.questions.size(), 3U);
+  EXPECT_EQ(frame_.reloads, 2) << "after a failure, as a part may have been done";
+}
+
+TEST_F(PostListPaneTest, ScrappingCopiesTheSelectedPostsUntilOneFails) {
+  PostList list = NumberedPosts(3);
+  list.posts[2] = {0, 1, "", "text", "link", "2008", "title", "", "", 0, 0};
+  frame_.actions.chooseCabinet = [] { return 7; };
+  ListAndSelect(std::move(list), {2, 0});
+  Choose(kCommandScrap);
+  EXPECT_EQ(Stored("scrap_post_title || scrap_post_scrapChannelID || scrap_post_link || "
+                   "scrap_post_pubDate || scrap_post_desc) from TB_SCRAP_POST"),
+            "Post 37,title7link2008text");
+  frame_.db.Sql("alter table TB_SCRAP_POST rename to TB_GONE");
+  Choose(kCommandScrap);
+  EXPECT_EQ(frame_.questions, Strings{kTextScrapFinished}) << "not when one failed";
+  EXPECT_EQ(frame_.recounts, std::vector{true});
 }
 
 TEST_F(PostListPaneTest, AShownPostIsSelectedAndMarkedReadOnceWhereItIsStored) {
   pane_.Fill(ChannelPosts(3));
+  const QImage before = list_.grab({8, 38, 20, 19}).toImage();
   for (int i = 0; i < 2; ++i) pane_.Show(1);
   frame_.state.listMode = ListMode::WebDirectory;
   pane_.Show(0);
-  EXPECT_EQ(Rows(), ">Post 3 >(Post 2) Post 1 ");
-  EXPECT_EQ(UnreadStored(), "Post 1,Post 3");
-  frame_.state.listMode = ListMode::Today;
-  pane_.Show(0);
-  pane_.Fill(CabinetPosts());
-  pane_.Show(1);
-  EXPECT_EQ(frame_.db.Count("TB_SCRAP_POST where scrap_post_readStatus = 1"), 1);
-  EXPECT_EQ(UnreadStored(), "Post 1") << "the channel's post has the same id";
-  pane_.Fill(ChannelPosts(1));
-  RefuseInStore("update on TB_POST");
-  pane_.Show(0);
-  EXPECT_EQ(Rows(), ">Post 1 ");
-  EXPECT_EQ(frame_.read,
-            (ReadPosts{{channel_ - 1, false}, {channel_ - 1, false}, {cabinet_, true}}));
-  EXPECT_EQ(frame_.shown, (Strings{"Post 2", "Post 2", "Post 3", "Post 3", "kept 1", "Post 1"}));
-  EXPECT_EQ(frame_.state.unreadTotal, 10);
+  EXPECT_EQ(Rows(), ">Post 3 >-Post 2 Post 1 ");
+  list_.clearSelection();
+  EXPECT_NE(list_.grab({8, 38, 20, 19}).toImage(), before) << "the mark";
+  EXPECT_EQ(frame_.read, (std::vector{std::pair(0, false)}));
+  EXPECT_EQ(frame_.shown, (Strings{"Post 2", "Post 2", "Post 3"}));
 }
 
 TEST_F(PostListPaneTest, TheFirstPostShownIsTheOneAskedForOrTheFirst) {
   PostList list = ChannelPosts(3);
   list.posts[0].readStatus = 1;
-  pane_.Fill(list);
+  pane_.Fill(std::move(list));
   using enum FirstShown;
   for (const auto first : {First, LastUnread, FirstUnread, LastUnread}) pane_.ShowFirst(first);
   EXPECT_EQ(frame_.shown, (Strings{"Post 3", "Post 1", "Post 2", "Post 3"}));
-  pane_.Fill({});
-  for (const auto first : {First, LastUnread}) pane_.ShowFirst(first);
-  EXPECT_TRUE(frame_.shown.size() == 6 && frame_.shown.back() == "(main page)");
 }
 
-TEST_F(PostListPaneTest, EveryLeftPressShowsAPostAndOtherButtonsOnlySelect) {
-  pane_.Fill(ChannelPosts(3));
-  const QPoint point = list_.visualRect(Index(2)).center();
-  QTest::mousePress(list_.viewport(), Qt::LeftButton, {}, point);
-  EXPECT_EQ(frame_.shown, Strings{"Post 1"});
-  QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, point);
-  QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, point);
-  EXPECT_EQ(frame_.state.unreadTotal, 9) << "a double click is one click";
-  Press(Qt::LeftButton, 2);
-  Press(Qt::RightButton, 1);
-  EXPECT_EQ(Selected(), "Post 2 ");
-  Press(Qt::LeftButton, 0, Qt::ControlModifier);
-  Press(Qt::RightButton, 1);
-  EXPECT_EQ(Selected(), "Post 3 Post 2 ") << "a selected row keeps the others";
-  Press(Qt::MiddleButton, 2);
-  QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, {50, 150});
-  EXPECT_EQ(frame_.shown, (Strings{"Post 1", "Post 1", "Post 3"}));
-  EXPECT_EQ(frame_.state.unreadTotal, 7) << "each click counts, whatever was read before";
-}
-
-TEST_F(PostListPaneTest, KeysShowTheCurrentPostTheUnreadOnesAndLeadToTheSearchBox) {
+TEST_F(PostListPaneTest, ClicksAndKeysShowTheCurrentPostOrTheNextUnreadOne) {
+  using enum Qt::Key;
   PostList list = ChannelPosts(6);
-  for (PostRow& post : list.posts) post.title = "n " + post.title;  // what a view would seek
   list.posts[2].readStatus = list.posts[3].readStatus = 1;
   pane_.Fill(std::move(list));
-  using enum Qt::Key;
-  for (const auto key : {Key_Return, Key_N, Key_Down, Key_Return, Key_N, Key_Enter}) Key(key);
-  EXPECT_EQ(frame_.shown, (Strings{"n Post 6", "n Post 5", "n Post 2", "n Post 2"}));
-  for (int i = 0; i < 2; ++i) Key(Key_Down, Qt::ShiftModifier);
-  EXPECT_EQ(Selected(), "n Post 2 n Post 1 ") << "from where N has led";
-  for (const auto key : {Key_P, Key_N}) Key(key);
+  for (int i = 0; i < 2; ++i) Press(0);
+  EXPECT_EQ(frame_.state.unreadTotal, -2) << "each click counts, whatever was read before";
+  for (const auto key : {Key_Return, Key_N, Key_Down, Key_Enter, Key_N, Key_P}) Key(key);
+  EXPECT_EQ(frame_.shown, (Strings{"Post 6", "Post 6", "Post 6", "Post 5", "Post 4", "Post 2"}));
+  Key(Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(Rows(), "-Post 6 -Post 5 -Post 4 -Post 3 >-Post 2 >Post 1 ");
+  Key(Key_N);
   EXPECT_EQ(frame_.unreadRowsAsked, (std::vector{false, true}));
   Key(Key_A, Qt::ControlModifier);
   EXPECT_EQ(list_.SelectedRows().size(), 6U);
-  scope_.setCurrentIndex(static_cast<int>(SearchScope::Local));
   Key(Key_F, Qt::ControlModifier);
-  for (const auto key : {Key_X, Key_N, Key_Delete, Key_Return}) Key(key);
-  EXPECT_TRUE(frame_.lists.at(0).posts.empty() && frame_.questions.empty()) << "none has an xn";
+  for (const auto key : {Key_X, Key_N, Key_Delete}) Key(key);
+  EXPECT_EQ(word_.text(), "xn");
   Key(Key_Escape);
-  EXPECT_TRUE(list_.hasFocus());
-}
-
-TEST_F(PostListPaneTest, HeadingsSortUpDownAndNotAtAllByClicksAndKeys) {
-  PostList list = NumberedPosts(3);
-  list.posts[1].title = "A title";
-  pane_.Fill(std::move(list));
-  QHeaderView& header = *list_.header();
-  Key(Qt::Key_Up, Qt::AltModifier);
-  Key(Qt::Key_Right);
-  for (const bool byKey : {true, false}) {
-    for (const auto& [name, rows] : {std::pair("제목, 오름차순", "A title Post 1 Post 3 "),
-                                     {"제목, 내림차순", "Post 3 Post 1 A title "},
-                                     {"제목", "Post 3 A title Post 1 "}}) {
-      byKey ? Key(Qt::Key_Space)
-            : QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {80, 5});
-      EXPECT_EQ(Rows(), rows);
-      EXPECT_EQ(header.accessibleName(), name);
-    }
-  }
-  Key(Qt::Key_Right, Qt::ControlModifier);
-  EXPECT_EQ(list_.columnWidth(kTitleColumn), 288);
-  Key(Qt::Key_Down);
-  EXPECT_TRUE(list_.hasFocus());
+  EXPECT_TRUE(list_.hasFocus() && frame_.questions.empty());
 }
 
 TEST_F(PostListPaneTest, SortingAndRefillingKeepSelectionCurrentRowOrderAndPlaceByPost) {
-  const auto onLine = [&](int line) {
-    return Title(list_.indexAt({0, line * CVxListCtrl::kRowHeight}).row()) + " ";
-  };
-  QScrollBar& bar = *list_.verticalScrollBar();
-  QHeaderView& header = *list_.header();
   pane_.Fill(NumberedPosts(50));
   pane_.Show(2);
-  Press(Qt::LeftButton, 0, Qt::ControlModifier);
-  bar.setValue(20);
+  Press(0, Qt::ControlModifier);
+  list_.verticalScrollBar()->setValue(20);
   pane_.Refill(NumberedPosts(55));
-  EXPECT_EQ(Title(0) + " " + onLine(0) + Selected(), "Post 55 Post 30 Post 50 Post 48 ");
-  EXPECT_EQ(Title(list_.currentIndex().row()), "Post 50");
-  EXPECT_EQ(frame_.shown.size(), 2U);
-  for (const int column : {int{kDateColumn}, int{kTitleColumn}}) {  // all dates are alike
-    header.setSortIndicator(column, Qt::DescendingOrder);
-    EXPECT_EQ(onLine(0) + Selected(), "Post 30 Post 50 Post 48 ");
+  EXPECT_EQ(Title(0) + OnLine(0), "Post 55 Post 30 ");
+  EXPECT_EQ(list_.SelectedRows(), (std::vector{5, 7}));
+  EXPECT_EQ(list_.currentIndex().row(), 5);
+  for (const std::string first : {"Post 1 ", "Post 9 ", "Post 55 ", "Post 1 ", "Post 9 "}) {
+    QTest::mouseClick(list_.header()->viewport(), Qt::LeftButton, {}, {80, 5});
+    EXPECT_EQ(Title(0) + OnLine(0), first + "Post 30 ");
   }
   PostList other = NumberedPosts(57);
   std::erase_if(other.posts, [](const PostRow& post) { return post.id == 50 || post.id == 30; });
   pane_.Refill(std::move(other));
-  EXPECT_EQ(Title(0) + " " + onLine(1) + Selected(), "Post 9 Post 3 Post 48 ");
-  EXPECT_FALSE(list_.currentIndex().isValid());
-  header.setSortIndicator(-1, Qt::AscendingOrder);
-  bar.setValue(20);
-  pane_.Show(25);
-  const std::string fifth = onLine(5);
-  header.setSortIndicator(kTitleColumn, Qt::AscendingOrder);
-  EXPECT_EQ(onLine(5), fifth) << "the current post, when it is seen";
-  list_.selectionModel()->clear();
-  bar.setValue(bar.maximum());
-  const std::string top = onLine(0);
-  pane_.Refill(NumberedPosts(500));
-  EXPECT_EQ(onLine(0), top);
-  pane_.Show(0);
+  EXPECT_EQ(Title(0) + OnLine(1), "Post 9 Post 3 ");
+  EXPECT_EQ(list_.SelectedRows().size(), 1U);
   pane_.Fill(NumberedPosts(40));  // begins anew
-  EXPECT_EQ(onLine(0) + Selected(), "Post 40 ");
-  EXPECT_EQ(header.sortIndicatorSection(), -1);
-  EXPECT_FALSE(list_.currentIndex().isValid());
+  EXPECT_EQ(OnLine(0), "Post 40 ");
 }
 
 }  // namespace
