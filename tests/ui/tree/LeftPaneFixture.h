@@ -82,7 +82,6 @@ class LeftPaneFixture : public testing::Test {
     }
     return pane->findChild<QMenu*>();
   }
-  // Chooses a command in that menu.
   void Choose(const QString& label, int command) {
     QMenu* const menu = OpenMenu(label);
     for (QAction* const action : menu->findChildren<QAction*>()) {
