@@ -35,7 +35,7 @@ TEST_F(HttpExchange, GetsABodyByteForByteAndPostsAForm) {
 }
 
 TEST_F(HttpExchange, SendsAQueryByteForByteAlsoThroughAProxyButNoControlCharacter) {
-  RequestRecorder recorder({RequestRecorder::Ok("body")});
+  RequestRecorder recorder("body");
   constexpr const char* kKey =
       R"(HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Internet Settings)";
   Lines lines;

@@ -1,4 +1,4 @@
-// A bare server on 127.0.0.1 that keeps requests as they came over the wire.
+// A bare server on 127.0.0.1 that keeps the first lines of requests as they came over the wire.
 #pragma once
 
 #include <string>
@@ -9,32 +9,25 @@
 
 namespace feedloom {
 
-// Reads each connection's request up to the end of its head and answers with bytes of the test's:
-// the first with `answers[0]` and so on, those beyond with the last. Serves until its end.
+// Answers each connection's request with status 200 and `body`, until the object ends.
 class RequestRecorder {
  public:
-  explicit RequestRecorder(std::vector<std::string> answers);
+  explicit RequestRecorder(const std::string& body);
   ~RequestRecorder();
   RequestRecorder(const RequestRecorder&) = delete;
   RequestRecorder& operator=(const RequestRecorder&) = delete;
 
-  // A whole answer with this body.
-  static std::string Ok(const std::string& body);
-
   std::string HostAndPort() const { return "127.0.0.1:" + std::to_string(port_); }
-  // The first lines of the requests so far, without their line ends.
   std::vector<std::string> Lines() const;
 
  private:
-  void Listen();
   void Serve();
-  void Answer(int connection);
 
-  const std::vector<std::string> answers_;
+  const std::string answer_;
   int listener_ = -1;
   int port_ = 0;
   mutable Mutex mutex_;
-  std::vector<std::string> heads_ FEEDLOOM_GUARDED_BY(mutex_);
+  std::vector<std::string> lines_ FEEDLOOM_GUARDED_BY(mutex_);
   std::thread thread_;
 };
 
