@@ -8,7 +8,6 @@
 #include "store/Cabinets.h"
 #include "ui/Commands.h"
 #include "ui/browser/BrowserFixture.h"
-#include "ui/browser/FindBar.h"
 
 namespace feedloom {
 namespace {
@@ -116,14 +115,6 @@ TEST_F(PageCommandsTest, AddAsksForTheFeedWithTheHostsSchemeWhereItHasNone) {
   }
 }
 
-TEST_F(PageCommandsTest, ThePaneMayGoWhileADialogIsOpen) {
-  auto* const pane = new CRSS_RightBottomContainer(frame_, nullptr);
-  cabinet_.reset();
-  whileAsked_ = [&] { delete pane; };
-  emit pane->findChild<CRSS_HtmlView*>()->ActionClicked({PageAction::SavePost, 0}, {});
-  EXPECT_EQ(asked_, 1);
-}
-
 TEST_F(PageCommandsTest, TheLinkUnderThePointerGoesBeforeThePageAndThePageStandsForItsPost) {
   Show(Post("post", "/post", "<a id=l href='http://link.example/'>link</a>"));
   Menu("p", kCommandCopyAddress);
@@ -140,17 +131,12 @@ TEST_F(PageCommandsTest, TheLinkUnderThePointerGoesBeforeThePageAndThePageStands
 }
 
 TEST_F(PageCommandsTest, TheMenuOffersWhatThePageHas) {
-  const std::vector<int> zooms = {kCommandZoomIn, kCommandZoomOut, kCommandZoomNormal};
-  std::vector<int> offered = {kCommandFindInPage};
-  offered.insert(offered.end(), zooms.begin(), zooms.end());
+  std::vector<int> offered = {kCommandFindInPage, kCommandZoomIn, kCommandZoomOut,
+                              kCommandZoomNormal};
   WaitForPage([&] { pane_.ShowMainPage(); });
   EXPECT_EQ(Menu("h1"), offered);
-  PostRow post = Post("post", "/post");
-  post.link = "file:///etc/passwd";
-  Show(post);
-  frame_.actions.choosePrinter = [](QPrinter&) { return false; };
-  offered = {kCommandCopyAddress, kCommandFindInPage, kCommandPrint};
-  offered.insert(offered.end(), zooms.begin(), zooms.end());
+  Show(Post("post", "/post"));
+  offered.insert(offered.begin(), {kCommandOpenOutside, kCommandCopyAddress});
   EXPECT_EQ(Menu("p"), offered);
 }
 
@@ -171,18 +157,16 @@ TEST_F(PageCommandsTest, TheSizeHoldsForAllPagesBetweenAQuarterAndFiveTimes) {
 TEST_F(PageCommandsTest, FindsInThePage) {
   Visit("/web", "<p>needle hay needle</p>");
   QSignalSpy found(&view_, &CRSS_HtmlView::FoundInPage);
-  const auto isAt = [&](int active) {
-    return ComesTrue([&] { return !found.empty() && found.last() == QVariantList{active, 2}; });
-  };
   Press(QKeySequence::Find);
   QTest::keyClicks(QApplication::focusWidget(), "needle");
-  EXPECT_TRUE(isAt(1));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  EXPECT_TRUE(isAt(2));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ShiftModifier);
-  EXPECT_TRUE(isAt(1));
+  for (const int active : {1, 2}) {
+    EXPECT_TRUE(ComesTrue([&] {
+      return !found.empty() && found.last() == QVariantList{active, 2};
+    }));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  }
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-  EXPECT_TRUE(!pane_.findChild<FindBar*>()->isVisible() && Surface().hasFocus());
+  EXPECT_TRUE(Surface().hasFocus());
 }
 
 TEST_F(PageCommandsTest, PrintsThePageAsItStandsOrSaysThatItCannot) {
@@ -205,17 +189,13 @@ TEST_F(PageCommandsTest, PrintsThePageAsItStandsOrSaysThatItCannot) {
 
 TEST_F(PageCommandsTest, AMailAddressGoesToTheSystemWhenTheUserClicks) {
   Visit("/web", "<a id=m href='mailto:a@h'>m</a><script>m.click()</script>");
-  Evaluate("document.getElementById('m').click()");
   LetEngineFinish();
   EXPECT_EQ(outside_, Texts());
   Click("#m");
   EXPECT_TRUE(ComesTrue([&] { return outside_ == Texts{"mailto:a@h"}; }));
-  Show(Post("post", "/post", "<a id=m href='mailto:b@h'>mail</a>"));
   opens_ = false;
-  Click("#m");
-  EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith("mailto:b@h"); }));
-  Go("mailto:c@h");
-  EXPECT_EQ(outside_, (Texts{"mailto:a@h", "mailto:b@h", "mailto:c@h"}));
+  Go("mailto:b@h");
+  EXPECT_TRUE(IsLastMessageWith("mailto:b@h"));
 }
 
 TEST_F(PageCommandsTest, APodcastsIconSavesItsFileTheLinkOpensItAndThePlayerPlaysIt) {
@@ -224,7 +204,7 @@ TEST_F(PageCommandsTest, APodcastsIconSavesItsFileTheLinkOpensItAndThePlayerPlay
   server_.Serve("/tone.wav", "RIFF and so on", "audio/wav");
   Show(post);
   Click("img[width=\"16\"]");
-  EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith("tone.wav"); }));
+  ASSERT_TRUE(ComesTrue([&] { return folder_.Names() == Texts{"tone.wav"}; }));
   EXPECT_EQ(folder_.Read("tone.wav"), "RIFF and so on");
   EXPECT_TRUE(Text().contains("About Podcast"));
   WaitForPage([&] { Click("font a"); });
