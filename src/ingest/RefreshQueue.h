@@ -41,7 +41,6 @@ class RefreshQueue {
   std::optional<RefreshEntry> Claim();
 
   bool HasWaiting() const { return firstWaiting_ != entries_.end(); }
-  bool IsEmpty() const { return entries_.empty(); }
   bool Contains(int channelId) const { return byId_.contains(channelId); }
 
   // Gives the entries of `channelId` the id `newId`, after the channel was inserted into the store.

@@ -47,14 +47,13 @@ struct ModuleFixture : QObject, testing::Test {
                      pane_);
     ASSERT_TRUE(frame_ != nullptr && frame_->isVisible());
     frame_->resize(pane_->size());
-    pagesShown_ = std::make_unique<QSignalSpy>(frame_, SIGNAL(PageShown()));
-    ASSERT_TRUE(pagesShown_->wait(20'000));
+    QSignalSpy shown(frame_, SIGNAL(PageShown()));
+    ASSERT_TRUE(shown.wait(20'000));
     host_->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(host_.get()));
     frame_->setFocus();
   }
   void Destroy() {
-    pagesShown_.reset();
     frame_ = nullptr;
     destroy_();
   }
@@ -83,7 +82,6 @@ struct ModuleFixture : QObject, testing::Test {
     const auto found = Tree().model()->match(Tree().model()->index(0, 0), Qt::DisplayRole, label, 1,
                                              Qt::MatchExactly | Qt::MatchRecursive);
     ASSERT_EQ(found.size(), 1) << label.toStdString();
-    pagesShown_->clear();
     QTest::mouseClick(Tree().viewport(), Qt::LeftButton, {}, Tree().visualRect(found[0]).center());
   }
   // Keys, one after the other, where the keyboard is: "F6, Shift+F10".
@@ -133,13 +131,14 @@ struct ModuleFixture : QObject, testing::Test {
   QStringList Labels() { return Rows(Tree(), 0); }
   QStringList Titles() { return Rows(List(), 1); }
   // The text of the page that the last Select has led to.
-  QString PageText() {
-    EXPECT_TRUE(WaitUntil([this] { return !pagesShown_->empty(); }));
-    std::optional<QString> text;
-    frame_->findChild<QWebEngineView*>()->page()->toPlainText(
-        [&text](const QString& plain) { text = plain; });
-    EXPECT_TRUE(WaitUntil([&] { return text.has_value(); }));
-    return text.value_or(QString());
+  // The page with this text comes on screen; the one before may be shown late.
+  bool Shows(const QString& text) {
+    const auto shown = std::make_shared<QString>();
+    return WaitUntil([&] {
+      frame_->findChild<QWebEngineView*>()->page()->toPlainText(
+          [shown](const QString& plain) { *shown = plain; });
+      return shown->contains(text);
+    });
   }
   int UnreadTotal() { return TheFrame().State().unreadTotal; }
   Frame& TheFrame() { return dynamic_cast<Frame&>(*frame_); }
@@ -174,7 +173,6 @@ struct ModuleFixture : QObject, testing::Test {
   const std::string profileLink_ = folder_.File("profile");
   ManualClock noPauses_;
   Store store_{profile_.Paths().database, CodePage::Korean(), noPauses_, [](auto) {}};
-  std::unique_ptr<QSignalSpy> pagesShown_;  // since the last Select
 };
 
 }  // namespace feedloom

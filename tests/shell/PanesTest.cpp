@@ -38,7 +38,7 @@ TEST_F(Panes, WhatOnePaneTellsTheOthersShow) {
   Frame& frame = TheFrame();
   Select("Feedloom 시작하기(4)");
   EXPECT_EQ(Titles().size(), 4);
-  EXPECT_TRUE(PageText().contains("Text 1"));
+  EXPECT_TRUE(Shows("Text 1"));
   frame.FolderWasAdded({.name = "Group", .id = 2});
   frame.CabinetWasAdded({.id = 2, .title = "Cabinet"});
   frame.ChannelWasAdded({"Daily", "http://b/", 2, 1, 1, 1, 0});
@@ -89,7 +89,7 @@ TEST_F(Panes, AChannelIsCheckedAddedAndRefreshedFromTheServerToTheScreen) {
   TheFrame().AddChannel(server_.Url("/new.xml"));
   ASSERT_TRUE(WaitForRun());
   Select("Daily & more(2)");
-  EXPECT_TRUE(PageText().contains("Text 1"));
+  EXPECT_TRUE(Shows("Text 1"));
   server_.Hang("/new.xml");
   Press("F5");
   ASSERT_TRUE(WaitUntil([this] { return frame_->cursor().shape() == Qt::WaitCursor; }));
@@ -109,7 +109,7 @@ TEST_F(Panes, TheControlPanelIsStoredAndAppliedAtOnce) {
   Sql("update TB_POST set post_link = '" + server_.Url("/story") + "'");
   CreateFrame();
   Select("Feedloom 시작하기(1)");
-  EXPECT_TRUE(PageText().contains("Text 1"));
+  EXPECT_TRUE(Shows("Text 1"));
   answers_.Next([](QDialog& panel) { panel.reject(); });
   Send(kMessageOpenPanel);
   EXPECT_EQ(TheFrame().State().liveSettings, Settings());
@@ -126,7 +126,7 @@ TEST_F(Panes, TheControlPanelIsStoredAndAppliedAtOnce) {
   EXPECT_EQ(TheFrame().State().liveSettings, (Settings{0, 3, 3, 0, 1, 1, 30}));
   const auto timers = Columns().widget(0)->findChildren<QTimer*>();
   EXPECT_EQ(std::ranges::count(timers, 7'200'000, &QTimer::interval), 1);
-  EXPECT_TRUE(WaitUntil([this] { return PageText() == "The whole story"; }));
+  EXPECT_TRUE(Shows("The whole story"));
 }
 
 TEST_F(Panes, NewPostsAreAnnouncedOnceAndAClickListsTodays) {

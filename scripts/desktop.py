@@ -1,4 +1,5 @@
-"""A desktop of its own for a test: display, window manager, buses, and the processes on them.
+"""A desktop of its own, for tests, benchmarks and pictures: display, window manager, buses, and the
+processes on them.
 
 All of it lies in one temporary folder and ends with the `Desktop`, whatever happens in between.
 """
