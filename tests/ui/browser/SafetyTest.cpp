@@ -1,40 +1,147 @@
-// Hostile texts of posts in the real engine: nothing runs, nothing is asked for but images, nothing
-// navigates by itself.
-#include "ui/browser/SafetyFixture.h"
+// The browser as an attacker meets it, who writes a post's texts or a web page; and beside it a
+// plain page of the engine, in which the same attacks must work: without hits there a test proves
+// nothing.
+#include <QWebEngineProfile>
+#include <QWebEngineSettings>
+#include <filesystem>
+
+#include "ui/browser/BrowserFixture.h"
+#include "ui/browser/PageScheme.h"
+#include "ui/page/Pages.h"
 
 namespace feedloom {
 namespace {
 
+// HTML texts. In them RUN is a script with single quotes that asks for HIT, an address of the
+// attack's own at the test's server; COVER makes an element the one that Click() hits.
+using Attacks = QByteArrayList;
+// The attacks stand on lines of their own, or two blanks apart.
+Attacks List(QByteArray text) { return text.trimmed().replace("  ", "\n").split('\n'); }
+const QByteArray kImage = "R0lGODlhAQABAAAAACwAAAAAAQABAAA=";  // one pixel
+QByteArray Bytes(const std::string& text) { return QByteArray::fromStdString(text); }
+
+class Safety : public BrowserFixture {
+ protected:
+  Safety() {
+    frame_.skin.SetHostValue(kValueImageDir, skin_.Path());
+    // The plain page runs scripts, and knows generated pages without a policy.
+    profile_.installUrlSchemeHandler(kPageScheme, &scheme_);
+    plain_.settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, true);
+    plainView_.setPage(&plain_);
+    plainView_.resize(400, 300);
+    plainView_.show();
+    for (const TempFolder* const folder : {&skin_, &files_})
+      folder->Write("a.gif", QByteArray::fromBase64(kImage).toStdString());
+  }
+  ~Safety() override { plainView_.setParent(nullptr); }
+
+  // The page of a post that is harmless but for one of its five texts.
+  static QByteArray Built(PageKind kind, std::size_t field, const QByteArray& hostile) {
+    std::string f[] = {"A title", "http://h/post", "Words", "2024-05-06 07:08:09", "http://h/feed"};
+    f[field] = hostile.toStdString();
+    const auto build = kind == PageKind::Podcast ? BuildPodcastPreviewPage : BuildPostPreviewPage;
+    return Bytes(build(1, {f[0]}, {f[1]}, {f[2]}, {f[3]}, {f[4]}, true, {}, "utf-8"));
+  }
+  static QByteArray Post(const QByteArray& text) { return Built(PageKind::Post, 2, text); }
+  static QByteArray Player(const QByteArray& link) {
+    return Bytes(BuildPodcastPlayerPage({}, link.toStdString(), {}, {}, {}));
+  }
+
+  static std::string Hit(const QByteArray& of) { return "/hit/" + std::to_string(qChecksum(of)); }
+  int Hits(const QByteArray& attack) const { return server_.Requests(Hit(attack)); }
+  QByteArray Filled(QByteArray html, const QByteArray& attack) const {
+    html.replace("COVER", "style='position:fixed;left:0;top:0;width:300px;height:200px'");
+    html.replace("IMAGE", "data:image/gif;base64," + kImage);
+    html.replace("RUN", "new Image().src='HIT'");
+    return html.replace("HIT", Url(Hit(attack)).toUtf8());
+  }
+  QByteArray Html(const Attacks& attacks) const {
+    QByteArray all;
+    for (const auto& attack : attacks) all += "<div>" + Filled(attack, attack) + "</div>\n";
+    return all;
+  }
+  void ExpectNoHits(const Attacks& attacks) const {
+    for (const auto& attack : attacks) EXPECT_EQ(Hits(attack), 0) << attack.data();
+  }
+  void ExpectHits(const Attacks& attacks) const {
+    for (const auto& attack : attacks)
+      EXPECT_TRUE(ComesTrue([&] { return Hits(attack) > 0; })) << attack.data();
+  }
+
+  void LoadPlain(const QUrl& url) {
+    plainView_.activateWindow();
+    plainView_.setFocus();
+    QSignalSpy loaded(&plain_, &QWebEnginePage::loadFinished);
+    plain_.load(url);
+    EXPECT_TRUE(loaded.wait(30'000));
+  }
+  void WritePlain(const QByteArray& html) {
+    LoadPlain(GeneratedPageUrl(scheme_.Pages().Add({.html = html})));
+  }
+  void WritePlainFile(const QByteArray& html) {
+    LoadPlain("file://" + QString::fromStdString(files_.Write("p.html", html.toStdString())));
+  }
+  void ClickPlain() {
+    LetLive(plain_);
+    QTest::mouseClick(plainView_.focusProxy(), Qt::LeftButton, {}, {50, 50});
+  }
+
+  // Returns when the page has drawn frames for so long, by its own clock.
+  void LetLive(QWebEnginePage& page, int milliseconds = 60) {
+    const QString lookAgain = "requestAnimationFrame(now => drawn = now); globalThis.drawn ?? 0";
+    const double end = Ask(page, "performance.now()").toDouble() + milliseconds;
+    EXPECT_TRUE(ComesTrue([&] { return Ask(page, lookAgain).toDouble() > end; }));
+  }
+  // The server, too, has then seen what the page has asked for.
+  void Settle(int milliseconds = 60) {
+    LetLive(Page(), milliseconds);
+    LoadPlain(Url("/settled"));
+  }
+  // Shows the page; when it has settled it is still there and has opened nothing.
+  void ShowAndSettle(const QByteArray& html, PageKind kind = PageKind::Post, bool click = false) {
+    Write(html, kind);
+    const QUrl shown = Page().url();
+    if (click) Click();
+    Settle();
+    EXPECT_EQ(Page().url(), shown);
+    EXPECT_EQ(actions_.count() + outside_.count(), 0);
+  }
+  void Click() { BrowserFixture::Click(QPoint(50, 50)); }
+  TempFolder skin_, files_;
+  PageSchemeHandler scheme_{[this] { return QString::fromStdString(skin_.Path()); }, nullptr};
+  QWebEngineProfile profile_;
+  QWebEnginePage plain_{&profile_};
+  QWebEngineView plainView_;
+  QSignalSpy actions_{&view_, &CRSS_HtmlView::ActionClicked};
+  QSignalSpy outside_{&view_, &CRSS_HtmlView::OutsideWanted};
+};
+
 // Each needs nobody's help. The first one's policy allows all the others.
 const Attacks kAttacks = List(R"--(
 <meta http-equiv=Content-Security-Policy content="default-src * 'unsafe-inline' data:"><script>RUN</script>
-<base href="ORIGIN/hit/"><img src="NAME">  <script>RUN</script>  <script src="HIT"></script>
+<base href="HIT"><img src="?x">  <script>RUN</script>  <script src="HIT"></script>  <body onload="RUN">
 <script type=module>RUN</script>  <img src=x: onerror="RUN">  <img src="IMAGE" onload="RUN">
-<details open ontoggle="RUN">x</details>  <input autofocus onfocus="RUN">  <body onload="RUN">
+<details open ontoggle="RUN">x</details>  <input autofocus onfocus="RUN">  <svg onload="RUN"></svg>
 <style>@keyframes k { to { opacity: 0.5 } }</style><b style="animation: k 1ms" onanimationstart="RUN">x</b>
-<video><source src=x: onerror="RUN"></video>  <svg onload="RUN"></svg>  <svg><script>RUN</script></svg>
+<video><source src=x: onerror="RUN"></video>  <svg><script>RUN</script></svg>  <link rel=prefetch href="HIT">
 <svg><script href="HIT"></script></svg>  <svg><animate attributeName=x dur=1s onbegin="RUN"></animate></svg>
-<svg><foreignObject><img src=x: onerror="RUN"></foreignObject></svg>
+<svg><foreignObject><img src=x: onerror="RUN"></foreignObject></svg>  <link rel=modulepreload href="HIT">
 <iframe src="javascript:void(RUN)"></iframe>  <iframe src="data:text/html,<script>RUN</script>"></iframe>
-<iframe srcdoc="<script>RUN</script>"></iframe>  <link rel=stylesheet href="HIT">
+<iframe srcdoc="<script>RUN</script>"></iframe>  <link rel=stylesheet href="HIT">  <style>@import 'HIT';</style>
 <style>@font-face { font-family: f; src: url('HIT') }</style><b style='font-family:f'>x</b>
-<style>@import 'HIT';</style>  <link rel=prefetch href="HIT">  <link rel=preload as=script href="HIT">
-<link rel=modulepreload href="HIT">
-)--");
+<link rel=preload as=script href="HIT">)--");
 // The player's page may have these from the web.
 const Attacks kFrames = List(R"--(
 <iframe src="HIT"></iframe>  <svg><foreignObject><iframe src="HIT"></iframe></foreignObject></svg>
-<object data="HIT"></object>  <embed src="HIT">  <video src="HIT" autoplay></video>
-<audio src="HIT" autoplay></audio>
-)--");
+<object data="HIT"></object>  <embed src="HIT">  <video src="HIT" autoplay></video>  <audio src="HIT" autoplay>)--");
 
 TEST_F(Safety, NothingRunsFromAnyFieldOfAPost) {
   const QByteArray all = "\">" + Html(kAttacks + kFrames);
   for (std::size_t field = 0; field < 5; ++field) {
-    ShowAndSettle(Built(PageKind::Post, With(field, all)));
-    ShowAndSettle(Built(PageKind::Podcast, With(field, all)), PageKind::Podcast);
+    ShowAndSettle(Built(PageKind::Post, field, all));
+    ShowAndSettle(Built(PageKind::Podcast, field, all), PageKind::Podcast);
   }
-  ShowAndSettle(Built(PageKind::Player, With(kLink, "x\">" + Html(kAttacks))), PageKind::Player);
+  ShowAndSettle(Player("x\">" + Html(kAttacks)), PageKind::Player);
   ExpectNoHits(kAttacks + kFrames);
   WritePlain(Post(all));
   ExpectHits(kAttacks + kFrames);
@@ -42,32 +149,29 @@ TEST_F(Safety, NothingRunsFromAnyFieldOfAPost) {
 
 // These are shown unless the user wants no images from the web.
 const Attacks kImages = List(R"--(
-<img src="HIT">  <iframe srcdoc="<img src='HIT'>"></iframe>
-<img srcset="HIT 1x">  <table background="HIT"><tr><td>x</table>  <video poster="HIT"></video>
-<b style="background:url('HIT')">x</b>  <input type=image src="HIT">
-<svg><image width=9 height=9 href="HIT"></image></svg>
-)--");
+<img src="HIT">  <iframe srcdoc="<img src='HIT'>"></iframe>  <img srcset="HIT 1x">
+<table background="HIT"><tr><td>x</table>  <video poster="HIT"></video>  <input type=image src="HIT">
+<b style="background:url('HIT')">x</b>  <svg><image width=9 height=9 href="HIT"></image></svg>)--");
 
 TEST_F(Safety, WithoutImagesTheAuthorLearnsNothing) {
   const QByteArray html = Post(Html(kImages));
   Write(html, PageKind::Post, false);
   Settle();
   ExpectNoHits(kImages);
-  Write(html);
-  Settle();
+  ShowAndSettle(html);
   EXPECT_EQ(Hits(kImages[0]), 1);
   WritePlain(html);
   ExpectHits(kImages);
 }
 
 TEST_F(Safety, NothingNavigatesByItself) {
-  const QByteArray file = FileUrl(skin_.Write("file.html", "a file")).toEncoded();
+  const QByteArray file = "file://" + Bytes(skin_.Write("file.html", "a file"));
   for (const QByteArray& target : {Url("/web").toUtf8(), Url("/ID_BTN_RSSADD?0").toUtf8(), file,
                                    QByteArray("ID_BTN_RSSSCRAP?0")}) {
     const QByteArray refresh = "\"><meta http-equiv=refresh content=\"0;url=" + target + "\">";
     for (std::size_t field = 0; field < 5; ++field)
-      ShowAndSettle(Built(PageKind::Podcast, With(field, refresh)), PageKind::Podcast);
-    ShowAndSettle(Built(PageKind::Player, With(kLink, refresh)), PageKind::Player);
+      ShowAndSettle(Built(PageKind::Podcast, field, refresh), PageKind::Podcast);
+    ShowAndSettle(Player(refresh), PageKind::Player);
     // Without the defence, too, only a file leads to a file.
     QSignalSpy left(&plain_, &QWebEnginePage::urlChanged);
     target == file ? WritePlainFile(refresh) : WritePlain(refresh);
@@ -83,8 +187,7 @@ const Attacks kTraps = List(R"--(
 <form action="HIT"><input type=submit COVER></form>  <form><button formaction="HIT" COVER>x</button></form>
 <form action="javascript:void(RUN)"><input type=submit COVER></form>
 <form method=post action="HIT"><input type=image COVER></form>
-<label for=s COVER>x</label><form action="HIT"><input id=s type=submit></form>
-)--");
+<label for=s COVER>x</label><form action="HIT"><input id=s type=submit></form>)--");
 
 TEST_F(Safety, AClickRunsNothingAndSendsNothing) {
   for (const QByteArray& trap : kTraps) {
@@ -94,6 +197,148 @@ TEST_F(Safety, AClickRunsNothingAndSendsNothing) {
     ClickPlain();
     ExpectHits({trap});
   }
+}
+
+// FILE is the beginning of the files' names.
+const Attacks kFileReads = List(R"--(
+<link rel=stylesheet href="FILE.css"><b>x</b>  <style>@import 'FILE.css';</style><b>x</b>
+<iframe src="FILE.html"></iframe>  <object data="FILE.html"></object>  <embed src="FILE.html">)--");
+
+TEST_F(Safety, NoFileIsReadButTheOneThatTheUserOpens) {
+  const QByteArray path = Bytes(files_.File("a"));
+  for (const QByteArray& attack : kFileReads) {
+    files_.Write("a.css", Filled("b { background: url('HIT') }", attack).toStdString());
+    files_.Write("a.html", Filled("<img src='HIT'>", attack).toStdString());
+    QByteArray html;
+    for (const char* const origin : {"", "feedloom://page", "file://"})
+      html += QByteArray(attack).replace("FILE", origin + path);
+    ShowAndSettle(Post(html));
+    ShowAndSettle(Player("\">" + html), PageKind::Player);
+    ExpectNoHits({attack});
+    WritePlainFile(html);
+    ExpectHits({attack});
+  }
+  // A file that the user opens has no right to the files beside it.
+  const Attacks script = {
+      "<script>x = new XMLHttpRequest(); x.onload = () => { RUN };"
+      "x.open('GET', 'a.gif'); x.send()</script>"};
+  files_.Write("p.html", Html(script).toStdString());
+  WaitForPage([&] { view_.Navigate(plain_.url()); });
+  Settle();
+  ExpectNoHits(script);
+  WritePlainFile(Html(script));
+  ExpectHits(script);
+}
+
+// SKIN holds a.gif and three links; FILE is an image in the folder NAME beside it.
+const Attacks kInside = List("SKIN/a.gif  SKIN/good.png  SKIN/./x/%2e%2e/a.gif");
+const Attacks kOutside = List(R"--(
+FILE  feedloom://pageFILE  feedloom://otherFILE  feedloom:FILE  file://FILE  SKIN/link.png
+SKIN/../NAME/a.gif  SKIN/%2e%2e/NAME/a.gif  SKIN/..%2fNAME/a.gif  SKIN/%2e%2e%2fNAME%2fa.gif
+SKIN%2f%2e%2e%2fNAME%2fa.gif  SKIN/..%5cNAME%5ca.gif  SKIN/..\NAME\a.gif  SKIN/%252e%252e/NAME/a.gif
+SKIN/a.gif/../../NAME/a.gif  FILE%00SKIN/a.gif  //pageFILE  SKIN/dir/a.gif  SKIN-old/a.gif)--");
+
+TEST_F(Safety, NoPathLeadsOutOfTheSkin) {
+  std::filesystem::create_symlink(files_.File("a.gif"), skin_.File("link.png"));
+  std::filesystem::create_directory_symlink(files_.Path(), skin_.File("dir"));
+  std::filesystem::copy(files_.Path(), skin_.Path() + "-old");
+  std::filesystem::create_symlink(skin_.File("a.gif"), skin_.File("good.png"));
+  QByteArray html = "<img src='" + (kInside + kOutside).join("'><img src='") + "'>";
+  html.replace("FILE", Bytes(files_.File("a.gif"))).replace("SKIN", Bytes(skin_.Path()));
+  html.replace("NAME", Bytes(std::filesystem::path(files_.Path()).filename()));
+  ShowAndSettle(Post(html));
+  const QString widths = "[...document.querySelectorAll('#disc-0 img')].map(i => i.naturalWidth)";
+  QVariantList expected(kInside.size(), 1);
+  expected.resize(kInside.size() + kOutside.size(), 0);
+  EXPECT_EQ(Evaluate(widths), expected);
+  std::filesystem::remove_all(skin_.Path() + "-old");
+}
+
+// The first two wait for their moment: the engine itself forgets those that came while scripts were
+// off. The third is clicked.
+const Attacks kPatient = List(R"--(
+<style>@keyframes k { to { opacity: 0.5 } }</style><b style="animation: k 10ms infinite" onanimationiteration="RUN">x</b>
+<svg><animate attributeName=x dur=20ms repeatCount=indefinite onrepeat="RUN"></animate></svg>
+<a href="javascript:void(RUN)" COVER>x</a>)--");
+
+// A page could pass its own navigation for what the server of the pending one has ordered.
+TEST_F(Safety, NothingRunsOrLeadsAwayWhileANavigationIsPending) {
+  const Attacks refresh = {"<meta http-equiv=\"re&#102;resh\" content=\"1;url=HIT\">"};
+  const Attacks framed = {"<script>RUN</script><meta http-equiv=refresh content=\"1;url=/later\">",
+                          "<script>RUN</script>later"};
+  server_.Hang("/hang");
+  server_.Serve("/frame", Html({framed[0]}).toStdString(), "text/html");
+  server_.Serve("/later", Html({framed[1]}).toStdString(), "text/html");
+  const std::tuple<QByteArray, PageKind, Attacks> rows[] = {
+      {Post(Html(kPatient)), PageKind::Post, kPatient},
+      {Post(Html(refresh)), PageKind::Post, refresh},
+      {Player(Url("/frame").toUtf8()), PageKind::Player, framed}};
+  for (const auto& [page, kind, attacks] : rows) {
+    ShowAndSettle(page, kind);
+    view_.Navigate(Url("/hang"));
+    EXPECT_TRUE(ComesTrue([&] { return view_.IsLoading(); }));
+    Click();
+    Settle(1500);
+    EXPECT_TRUE(view_.IsWritten());
+    view_.Stop();
+    Click();
+    Settle();
+    ExpectNoHits(attacks);
+    WritePlain(page);
+    ClickPlain();
+    ExpectHits(attacks);
+  }
+}
+
+TEST_F(Safety, APostDownloadsNothingByItself) {
+  server_.Serve("/file", "PK", "application/zip");
+  ShowAndSettle(Player(Url("/file").toUtf8()), PageKind::Player);
+  EXPECT_GT(server_.Requests("/file"), 0);
+  Settle(300);
+  EXPECT_EQ(folder_.Names().size(), 0u);
+  Write(Html({"<a COVER href='" + Url("/file").toUtf8() + "'>x</a>"}));
+  Click();
+  EXPECT_TRUE(ComesTrue([&] { return folder_.Names() == std::vector<std::string>{"file"}; }));
+}
+
+// The last element of a name counts, in any case, and a title holds markup as a text: a button may
+// read anything, and showing it again is as safe as before.
+TEST_F(Safety, ForgedTextsOfAButtonAreHarmlessWhenTheyAreShown) {
+  const Attacks forged = {R"--(<div id=TITLE-0 title="&lt;script&gt;RUN&lt;/script&gt;"></div>
+      <div id=Scraplink-0 title='"&gt;&lt;img src=x: onerror="RUN"&gt;'></div>)--"};
+  Write(Post(Html(forged) + Html({"<a COVER href='ID_BTN_RSSSCRAP?0'>x</a>"})));
+  Click();
+  EXPECT_TRUE(ComesTrue([&] { return !actions_.empty(); }));
+  const QByteArray read = actions_.takeFirst().value(1).toStringList().join("").toUtf8();
+  ShowAndSettle(Post(read));
+  ExpectNoHits(forged);
+  WritePlain(Post(read));
+  ExpectHits(forged);
+}
+
+// SKIN is the skin's folder.
+const Attacks kPeeks = List(R"--(
+<img src="SKIN/a.gif" onload="RUN">  <link rel=stylesheet href="SKIN/a.css" onload="RUN">
+<script src="SKIN/a.js" onload="RUN"></script>  <iframe src="SKIN/a.html"></iframe>
+<script>x = new XMLHttpRequest(); x.onload = () => { RUN }; x.open('GET', 'SKIN/a.js'); x.send()</script>
+<script>setTimeout(() => { location = 'SKIN/a.html' })</script>)--");
+
+TEST_F(Safety, AWebPageSeesNothingOfTheSkinAndItsIconIsNotAskedFor) {
+  Visit("/page", "<link rel=icon href=/icon>");
+  skin_.Write("a.css", "b{}");
+  skin_.Write("a.js", "1");
+  for (const QByteArray& attack : kPeeks) {
+    skin_.Write("a.html", Filled("<img src='HIT'>", attack).toStdString());
+    const QByteArray html = Html({attack}).replace("SKIN", "feedloom://page" + Bytes(skin_.Path()));
+    Visit("/web", html.toStdString());
+    Settle();
+    ExpectNoHits({attack});
+    WritePlain(html);
+    ExpectHits({attack});
+  }
+  EXPECT_EQ(server_.Requests("/icon"), 0);  // it would tell who reads
+  LoadPlain(Url("/page"));
+  EXPECT_TRUE(WasRequested("/icon"));
 }
 
 }  // namespace
