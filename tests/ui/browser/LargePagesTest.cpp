@@ -37,14 +37,11 @@ TEST_F(LargePages, DoNotKeepOthersWaiting) {
 
 TEST_F(LargePages, ACrashedPageSaysSoAndIsLoadedAgain) {
   const auto crash = [&] { kill(Renderer(Page()), SIGKILL); };
-  Visit("/page", "a web page");
-  for (const QString text : {"a web page", "a post"}) {
-    if (text == "a post") Write("a post");
-    WaitForPage(crash);
-    EXPECT_EQ(Evaluate("document.links.length"), 1) << Text().toStdString();
-    WaitForPage([&] { Click("a"); });
-    EXPECT_EQ(Text(), text);
-  }
+  Write("a post");
+  WaitForPage(crash);
+  EXPECT_EQ(Evaluate("document.links.length"), 1) << Text().toStdString();
+  WaitForPage([&] { Click("a"); });
+  EXPECT_EQ(Text(), "a post");
   WaitForPage(crash);
   QSignalSpy ended(&Page(), &QWebEnginePage::renderProcessTerminated);
   crash();  // now of the page that says so: it is not shown again

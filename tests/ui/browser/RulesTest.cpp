@@ -58,15 +58,13 @@ TEST(PageRules, ThePolicyStandsFirstInTheHeadWithTheStyleBehindIt) {
   const QByteArray policy =
       "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; base-uri 'none'; "
       "form-action 'none'; style-src 'unsafe-inline' feedloom:; img-src feedloom:";
-  const char* const style = "/skin dir/\"/page.css";
   EXPECT_EQ(WithHead("<html><head><title>", PageKind::Post, true, ""),
             "<html><head>" + policy + " http: https: data:\"><title>");
-  EXPECT_EQ(WithHead("no head", PageKind::Crash, false, style),
+  EXPECT_EQ(WithHead("no head", PageKind::Crash, false, "/skin dir/\"/page.css"),
             policy + " data:\"><link rel=\"stylesheet\" href=\"/skin%20dir/%22/page.css\">no head");
-  EXPECT_EQ(WithHead("<head>x", PageKind::Player, true, style),
-            "<head>" + policy +
-                "; media-src http: https:; object-src http: https:; frame-src "
-                "http: https:\">x");
+  EXPECT_EQ(
+      WithHead("", PageKind::Player, true, "/page.css"),
+      policy + "; media-src http: https:; object-src http: https:; frame-src http: https:\">");
 }
 
 TEST(PageRules, WithoutASkinNoFileIsServed) {
