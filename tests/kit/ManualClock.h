@@ -21,7 +21,7 @@ inline std::chrono::system_clock::time_point NoonOf(int year, int month, int day
 }
 
 // A clock that stands still until the test sets it. A pause returns at once, takes no time from the
-// clock and is counted. Any thread may use it.
+// clock and is added up. Any thread may use it.
 class ManualClock : public Clock {
  public:
   using TimePoint = std::chrono::system_clock::time_point;
@@ -36,23 +36,12 @@ class ManualClock : public Clock {
 
   void Pause(std::chrono::milliseconds duration, std::stop_token = {}) override {
     const MutexLock lock(mutex_);
-    ++pauses_;
     paused_ += duration;
   }
 
   void Set(TimePoint now) {
     const MutexLock lock(mutex_);
     now_ = now;
-  }
-
-  void Advance(std::chrono::milliseconds duration) {
-    const MutexLock lock(mutex_);
-    now_ += duration;
-  }
-
-  int PauseCount() const {
-    const MutexLock lock(mutex_);
-    return pauses_;
   }
 
   // The sum of all pauses asked for.
@@ -64,7 +53,6 @@ class ManualClock : public Clock {
  private:
   mutable Mutex mutex_;
   TimePoint now_ FEEDLOOM_GUARDED_BY(mutex_);
-  int pauses_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
   std::chrono::milliseconds paused_ FEEDLOOM_GUARDED_BY(mutex_){0};
 };
 

@@ -20,8 +20,6 @@ HostConfig Written(const Registry& registry, const std::string& language, const 
 
 }  // namespace
 
-std::string ShippedShareDir() { return ShareDir(); }
-
 ShippedSkin::ShippedSkin(const std::string& language, const std::string& skin)
     : registry_(folder_.File("registry.reg")),
       skin_(ReadHostTexts(Written(registry_, language, skin)), HostConfig(registry_)) {}

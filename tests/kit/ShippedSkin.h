@@ -9,9 +9,6 @@
 
 namespace feedloom {
 
-// The directory with the shipped files.
-std::string ShippedShareDir();
-
 // Has the skin written down in a registry of its own, in `language` ("KOR", "ENG"), with texts in
 // the Korean code page, and the images and colours of one of the skins.
 class ShippedSkin {

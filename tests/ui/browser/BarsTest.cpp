@@ -1,4 +1,4 @@
-// The two bars of the pane: the toolbar above the page, and the one below it that finds a word.
+// The toolbar above the page.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -103,50 +103,6 @@ TEST_F(BrowserToolBar, KnowsWhetherTheUserIsTypingAnAddress) {
   bar_.FocusAddress();
   bar_.SetAddress("news");
   EXPECT_FALSE(bar_.IsAddressEdited());
-}
-
-class FindBarTest : public BarTest<FindBar> {
- protected:
-  FindBarTest() {
-    EXPECT_FALSE(bar_.isVisible());
-    bar_.Open();
-  }
-  // What has been wanted since the last call, "<word" backward and ">word" forward.
-  QString Wants() {
-    QString all;
-    for (; !wants_.isEmpty(); wants_.removeFirst())
-      all += (wants_[0][1].toBool() ? "<" : ">") + wants_[0][0].toString();
-    return all;
-  }
-  // What the user and a screen reader are told of a result.
-  QString Told(int active, int all) {
-    bar_.SetResult(active, all);
-    EXPECT_EQ(label_.text(), text_.accessibleDescription());
-    EXPECT_EQ(label_.text(), label_.toolTip());
-    return label_.text();
-  }
-  const QLabel& label_ = *bar_.findChild<QLabel*>();
-  QSignalSpy wants_{&bar_, &FindBar::Wanted};
-  QSignalSpy closings_{&bar_, &FindBar::Closed};
-};
-
-TEST_F(FindBarTest, FindsAsTheUserTypesAndByKeysAndTellsTheResult) {
-  QTest::keyClicks(&text_, "at");
-  Press(Qt::Key_Backspace);
-  EXPECT_EQ(Told(2, 17), "2 of 17");
-  EXPECT_EQ(Told(0, 0), "Nothing found");
-  Press(Qt::Key_Return);
-  Press(Qt::Key_Enter, Qt::ShiftModifier);
-  HoldKey(Qt::Key_Return);
-  for (const char* name : {"Find next", "Find previous"}) Click(name);
-  Press(Qt::Key_Backspace);
-  EXPECT_EQ(label_.text(), "");
-  EXPECT_EQ(Wants(), ">a>at>a>a<a>a<a>");
-  Press(Qt::Key_Escape);
-  bar_.Open();
-  Click("Close the search");
-  EXPECT_FALSE(bar_.isVisible());
-  EXPECT_EQ(closings_.count(), 2);
 }
 
 }  // namespace

@@ -102,29 +102,6 @@ TEST_F(BrowserPane, GoCompletesTheAddressAndRefusesAnImpossibleOne) {
   EXPECT_TRUE(Address().text().endsWith("exam"));
 }
 
-TEST_F(BrowserPane, StatusTextsGoToTheHostFromANavigationToItsEnd) {
-  QSignalSpy hovered(&Page(), &QWebEnginePage::linkHovered);
-  const auto hover = [&](int y) {
-    QTest::mouseMove(&Surface(), {50, y});
-    EXPECT_TRUE(hovered.wait(30'000));
-  };
-  QTest::mouseMove(&Surface(), {50, 250});  // away from where a test before has left it
-  server_.Serve("/slow",
-                "<style>*{margin:0} a{display:block;height:200px}</style><a href='/next'>y</a>"
-                "<img src='/never'>",
-                "text/html");
-  server_.Hang("/never");
-  Go(Url("/slow"));
-  ASSERT_TRUE(WasRequested("/never"));
-  hover(150);
-  EXPECT_TRUE(IsLastMessageWith(server_.Url("/next")));
-  WaitForPage([&] { server_.Fail("/never", 404); });
-  EXPECT_EQ(frame_.messages.back(), HostText(kTextPageLoaded));
-  frame_.messages.clear();
-  for (const int y : {250, 160}) hover(y);
-  EXPECT_EQ(frame_.messages.size(), 0u);
-}
-
 TEST_F(BrowserPane, APageThatCannotBeLoadedCountsAsShownAndSaysSo) {
   server_.Fail("/gone", 404);
   for (const QString& address :

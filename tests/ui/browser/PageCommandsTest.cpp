@@ -130,16 +130,6 @@ TEST_F(PageCommandsTest, TheLinkUnderThePointerGoesBeforeThePageAndThePageStands
   EXPECT_EQ(Clipboard(), "one two");
 }
 
-TEST_F(PageCommandsTest, TheMenuOffersWhatThePageHas) {
-  std::vector<int> offered = {kCommandFindInPage, kCommandZoomIn, kCommandZoomOut,
-                              kCommandZoomNormal};
-  WaitForPage([&] { pane_.ShowMainPage(); });
-  EXPECT_EQ(Menu("h1"), offered);
-  Show(Post("post", "/post"));
-  offered.insert(offered.begin(), {kCommandOpenOutside, kCommandCopyAddress});
-  EXPECT_EQ(Menu("p"), offered);
-}
-
 TEST_F(PageCommandsTest, TheSizeHoldsForAllPagesBetweenAQuarterAndFiveTimes) {
   Visit("/web", "<p>text</p>");
   Menu("p", kCommandZoomIn);
