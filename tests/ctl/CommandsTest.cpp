@@ -124,7 +124,7 @@ TEST_F(Commands, ListsAreImportedFromFilesAndAddressesAndExportedAgain) {
   EXPECT_NE(folder_.Read("out").find("xmlUrl=\"http://a/?x&amp;y\"/>"), std::string::npos);
   const std::string torn = folder_.Write("torn", "<opml><body><outline>");
   ExpectRefused("import " + torn, torn + ": it cannot be read, or is not well-formed XML\n");
-  ExpectRefused("import absent.opml;export /absent/out", "No such file or directory");
+  ExpectRefused("import a.opml;import /no/in;export /no/out", "No such file or directory");
   ExpectRefused("import " + server_.Url("/absent"), "404");
   EXPECT_EQ(RunJson("list")["folders"].size(), 3u);
 }

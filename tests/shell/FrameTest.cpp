@@ -138,7 +138,7 @@ TEST_F(Module, CountsOnceEachPostThatARefreshHasBroughtAlsoOfAWorkerThatWasStopp
   EXPECT_TRUE(IsNew());
 }
 
-TEST_F(Module, KeysLeadRoundItsPanesAndDividers) {
+TEST_F(Module, KeysLeadRoundItsPanesAndDividersAndOutOfThePage) {
   AddPosts(1, 3);
   CreateFrame();
   Select("Feedloom 시작하기(3)");
@@ -149,8 +149,10 @@ TEST_F(Module, KeysLeadRoundItsPanesAndDividers) {
     Press(step.section('=', 0, 0));
     EXPECT_EQ(Place(), step.section('=', 1));
   }
-  const auto leavePage = [this] { return Place() != "page" || (Press("Tab"), false); };
-  EXPECT_TRUE(WaitUntil(leavePage)) << "the page must not keep the keyboard";
+  EXPECT_TRUE(WaitUntil([this] { return Place() != "page" || (Press("Tab"), false); }));
+  Tree().setFocus();
+  Press("Shift+F10");
+  ASSERT_TRUE(QApplication::activePopupWidget() && QApplication::activePopupWidget()->close());
 }
 
 }  // namespace
