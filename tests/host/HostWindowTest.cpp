@@ -10,7 +10,6 @@
 
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
-#include "host/WindowGeometry.h"
 #include "kit/ShippedSkin.h"
 #include "profile/HostTexts.h"
 #include "shell/Feedloom.h"
@@ -69,16 +68,6 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   }
   QCoreApplication::processEvents();
   EXPECT_EQ(told, QStringList({"light KOR", "dark ENG", "closing"}));
-}
-
-TEST_F(HostWindowTest, StandsWhereItStoodAndFirstInTheMiddleOfTheScreen) {
-  EXPECT_EQ(InitialGeometry(QRect(0, 100, 1924, 900)), QRect(450, 200, 1024, 700));
-  window_->setGeometry(30, 60, 500, 320);
-  const Registry registry(skin_.Folder().File("registry.reg"));
-  ASSERT_TRUE(SaveWindowGeometry(*window_, registry));
-  HostWindow next("Halvix");
-  RestoreWindowGeometry(next, registry);
-  EXPECT_EQ(next.geometry(), QRect(30, 60, 500, 320));
 }
 
 }  // namespace

@@ -19,9 +19,8 @@ struct FakeFrame : Frame {
   const Skin& GetSkin() const override { return *shownSkin; }
   SharedState& State() override { return state; }
   void ReportMessage(std::string_view text) override { messages.emplace_back(text); }
-  MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind kind) override {
+  MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind) override {
     questions.emplace_back(key);
-    kinds.push_back(kind);
     if (whileAsking) whileAsking();
     return nextAnswer;
   }
@@ -102,8 +101,7 @@ struct FakeFrame : Frame {
 
   // In order: texts, keys, addresses to check and files to export and import, addresses, titles.
   std::vector<std::string> messages, questions, asked, addedAddresses, shown;
-  std::string directoryService;  // its address
-  std::vector<MsgBoxKind> kinds;
+  std::string directoryService;                    // its address
   std::vector<std::pair<std::string, int>> added;  // folders and cabinets: name and order
   std::vector<ChannelRow> addedChannels;
   std::vector<std::pair<int, int>> moves;  // channel and folder

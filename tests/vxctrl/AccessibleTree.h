@@ -2,9 +2,7 @@
 #pragma once
 
 #include <QAccessible>
-#include <QStringList>
 #include <QWidget>
-#include <set>
 #include <vector>
 
 namespace feedloom {
@@ -30,27 +28,6 @@ inline std::vector<QAccessibleInterface*> NodesBelow(QWidget& widget) {
   std::vector<QAccessibleInterface*> nodes;
   CollectNodes(*QAccessible::queryAccessibleInterface(&widget), nodes);
   return nodes;
-}
-
-inline bool IsForTheUser(const QAccessibleInterface& node) {
-  using enum QAccessible::Role;
-  static const std::set<QAccessible::Role> kRoles = {Button,       CheckBox, RadioButton, ComboBox,
-                                                     EditableText, Slider,   Separator,   ToolBar,
-                                                     Tree,         TreeItem, ColumnHeader};
-  return kRoles.contains(node.role()) || node.state().focusable;
-}
-
-// What somebody could work with and not know what it is: the classes of such nodes.
-inline QStringList Unlabelled(QWidget& widget) {
-  QStringList classes;
-  for (const QAccessibleInterface* const node : NodesBelow(widget)) {
-    if (!IsForTheUser(*node)) continue;
-    const bool hasRole = node->role() != QAccessible::NoRole && node->role() != QAccessible::Client;
-    if (hasRole && !SpokenName(*node).isEmpty()) continue;
-    classes << (node->object() ? node->object()->metaObject()->className() : "a part") +
-                   QString(" of role %1").arg(int{node->role()});
-  }
-  return classes;
 }
 
 }  // namespace feedloom

@@ -7,7 +7,6 @@
 #include "kit/ShippedSkin.h"
 #include "vxctrl/QtText.h"
 #include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinPalette.h"
 #include "vxctrl/SkinPieces.h"
 
 namespace feedloom {
@@ -34,18 +33,6 @@ TEST_F(SkinValues, AMissingValueOrFileGivesWhatIsEmptyOrTheDefault) {
   EXPECT_EQ(LoadSkinSize(SkinWith("1"), "S", "W", "H", {5, 6}), QSize(1, 1));
   EXPECT_EQ(LoadSkinFont(SkinWith("NanumGothic, 15"), "S", "K").pixelSize(), 15);
   EXPECT_EQ(LoadSkinFont(SkinWith(",15"), "S", "K").family(), QGuiApplication::font().family());
-}
-
-TEST_F(SkinValues, ThePaletteHasTheSkinsColors) {
-  using P = QPalette;
-  const std::pair<P::ColorRole, QRgb> kColors[] = {
-      {P::Window, 0xF4F7F8},    {P::ToolTipBase, 0xF4F7F8},     {P::Base, 0xFFFFFF},
-      {P::Highlight, 0xA9D4F2}, {P::WindowText, 0x2B3A40},      {P::Text, 0x2B3A40},
-      {P::Link, 0x1F608E},      {P::PlaceholderText, 0x5A676D}, {P::LinkVisited, 0x1F608E}};
-  const P palette = LoadSkinPalette(shipped_.Get());
-  for (const auto& [role, rgb] : kColors) EXPECT_TRUE(palette.color(role) == QColor(rgb)) << role;
-  EXPECT_TRUE(palette.color(P::Inactive, P::Highlight) == QColor(0xC2D6E2));
-  EXPECT_TRUE(palette.color(P::Disabled, P::Text) == QColor(0x5A676D));
 }
 
 TEST(QtTextTest, ALineHoldsNoBreaksAndIsCutBetweenCharacters) {

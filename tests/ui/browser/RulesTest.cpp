@@ -67,10 +67,6 @@ TEST(PageRules, ThePolicyStandsFirstInTheHeadWithTheStyleBehindIt) {
       policy + "; media-src http: https:; object-src http: https:; frame-src http: https:\">");
 }
 
-TEST(PageRules, WithoutASkinNoFileIsServed) {
-  EXPECT_EQ(SkinFile(SkinFileUrl("/etc/passwd"), ""), "");
-}
-
 TEST(GeneratedPages, AreKeptUntilThereAreTooManyOrTheyAreTooLarge) {
   GeneratedPages pages, large;
   for (int i = 0; i < 1001; ++i) pages.Add({.html = "page"});

@@ -4,7 +4,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -12,16 +11,14 @@
 
 #include "kit/ShippedSkin.h"
 #include "ui/browser/CRSS_RightBottomToolBarWnd.h"
-#include "ui/browser/FindBar.h"
 
 namespace feedloom {
 namespace {
 
-// A bar on screen above a line that has the keyboard.
-template <typename Bar>
-class BarTest : public testing::Test {
+// The bar on screen above a line that has the keyboard.
+class BrowserToolBar : public testing::Test {
  protected:
-  BarTest() {
+  BrowserToolBar() {
     window_.resize(700, 100);
     line_.move(0, 60);
     bar_.resize(640, bar_.sizeHint().height());
@@ -32,7 +29,7 @@ class BarTest : public testing::Test {
   }
 
   QAbstractButton& Button(const QString& name) const {
-    const auto buttons = bar_.template findChildren<QAbstractButton*>();
+    const auto buttons = bar_.findChildren<QAbstractButton*>();
     return **std::ranges::find(buttons, name, &QWidget::accessibleName);
   }
   void Click(const QString& name) { QTest::mouseClick(&Button(name), Qt::LeftButton); }
@@ -44,21 +41,18 @@ class BarTest : public testing::Test {
     QApplication::sendEvent(QApplication::focusWidget(), &held);
   }
 
-  const ShippedSkin skin_{"ENG"};
-  QWidget window_;
-  Bar bar_{skin_.Get(), &window_};
-  QLineEdit line_{&window_};
-  QLineEdit& text_ = *bar_.template findChild<QLineEdit*>();
-};
-
-class BrowserToolBar : public BarTest<CRSS_RightBottomToolBarWnd> {
- protected:
   // What has been commanded since the last call.
   std::vector<int> Commands() {
     std::vector<int> all;
     for (; !commands_.isEmpty(); commands_.removeFirst()) all.push_back(commands_[0][0].toInt());
     return all;
   }
+
+  const ShippedSkin skin_{"ENG"};
+  QWidget window_;
+  CRSS_RightBottomToolBarWnd bar_{skin_.Get(), &window_};
+  QLineEdit line_{&window_};
+  QLineEdit& text_ = *bar_.findChild<QLineEdit*>();
   QSignalSpy commands_{&bar_, &CRSS_RightBottomToolBarWnd::Commanded};
   QSignalSpy leavings_{&bar_, &CRSS_RightBottomToolBarWnd::AddressLeft};
   const QStringList names_ = {"Back", "Forward",         "Stop", "Reload the page",
