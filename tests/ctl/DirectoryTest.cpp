@@ -65,9 +65,6 @@ TEST_F(Directory, FindsWordsOfAnyKindAPageAtATimeAndSaysWhenThereIsNoAnswer) {
     const json found = RunJson("directory " + words);
     EXPECT_EQ(json({found["total"], found["page"], found["rows"].size()}).dump(), expected);
   }
-  const std::string lines = Out("directory 'Log 60'");
-  EXPECT_TRUE(lines.starts_with("1 in all, 1 on page 1\n2")) << lines;
-  EXPECT_TRUE(lines.ends_with(" Log 60 b:60\n")) << lines;
   EXPECT_EQ(Stop(), 0);
   ExpectRefused("directory log", fmt::format("feedloomctl: {} gave no answer\n", address_));
   PointTo("");

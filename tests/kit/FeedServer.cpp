@@ -252,16 +252,6 @@ void FeedServer::Endless(const std::string& path) {
   });
 }
 
-void FeedServer::SlowDrip(const std::string& path, const std::string& bytes,
-                          std::chrono::milliseconds pause) {
-  impl_->Put(path, [=, this](const httplib::Request&, httplib::Response& response) {
-    response.set_content_provider(
-        bytes.size(), kXml, [=, this](std::size_t offset, std::size_t, httplib::DataSink& sink) {
-          return sink.write(bytes.data() + offset, 1) && impl_->Pause(pause);
-        });
-  });
-}
-
 void FeedServer::BreakOff(const std::string& path, const std::string& bytes) {
   constexpr std::size_t kMissing = 1000;
   impl_->Put(path, [bytes](const httplib::Request&, httplib::Response& response) {

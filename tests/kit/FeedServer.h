@@ -40,7 +40,6 @@ class FeedServer {
   void Hang(const std::string& path);
   // Bytes without end: 256 MiB as fast as the client takes them, and then no more.
   void Endless(const std::string& path);
-  void SlowDrip(const std::string& path, const std::string& bytes, std::chrono::milliseconds pause);
   void BreakOff(const std::string& path, const std::string& bytes);  // announces more than these
 
   // From now on connections stay open for further requests. An idle one may hold up the

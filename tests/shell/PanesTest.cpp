@@ -76,7 +76,7 @@ TEST_F(Panes, AChannelIsCheckedAddedAndRefreshedFromTheServerToTheScreen) {
   std::string checked;
   TheFrame().CheckFeed(server_.Url("/new.xml"), [&](const auto& feed) { checked += feed.title; });
   EXPECT_TRUE(WaitUntil([&] { return checked == "Daily &amp; more"; })) << checked;
-  answers_.Next([this](QDialog& dialog) {
+  answers_.Next([](QDialog& dialog) {
     QTest::keyClick(&dialog, Qt::Key_Return);
     const auto boxes = dialog.findChildren<QLineEdit*>();
     ASSERT_TRUE(WaitUntil([&] { return boxes[1]->isEnabled(); }));

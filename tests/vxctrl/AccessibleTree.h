@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QWidget>
+#include <set>
 #include <vector>
 
 namespace feedloom {
@@ -28,6 +29,14 @@ inline std::vector<QAccessibleInterface*> NodesBelow(QWidget& widget) {
   std::vector<QAccessibleInterface*> nodes;
   CollectNodes(*QAccessible::queryAccessibleInterface(&widget), nodes);
   return nodes;
+}
+
+inline bool IsForTheUser(const QAccessibleInterface& node) {
+  using enum QAccessible::Role;
+  static const std::set<QAccessible::Role> kRoles = {Button,       CheckBox, RadioButton, ComboBox,
+                                                     EditableText, Slider,   Separator,   ToolBar,
+                                                     Tree,         TreeItem, ColumnHeader};
+  return kRoles.contains(node.role()) || node.state().focusable;
 }
 
 }  // namespace feedloom

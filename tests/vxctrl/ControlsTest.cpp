@@ -36,7 +36,8 @@ class Controls : public testing::Test {
       EXPECT_TRUE(image.save(QString::fromStdString(folder_.File(name))));
     };
     draw("red.png", {6, 30}, kRed);
-    for (int i = 0; i < 4; ++i) draw(ButtonImagePaths("state.png")[i], {12, 20}, kStateColors[i]);
+    for (std::size_t i = 0; i < 4; ++i)
+      draw(ButtonImagePaths("state.png")[i], {12, 20}, kStateColors[i]);
     const std::set<std::string> states = {kImageRadio, kImageSliderThumb};
     const auto value = [=](auto, auto key) {
       return states.contains(key) ? "state.png" : "red.png";

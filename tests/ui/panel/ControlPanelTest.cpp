@@ -70,9 +70,13 @@ TEST_F(ControlPanel, EachRadioButtonStandsForItsValueAndSoDoesTheSlider) {
       Settings before = kSound, after = kSound;
       before.*member = (value + 1) % count;
       after.*member = value;
-      EXPECT_EQ(Edit(before, [&] { Radio(page, first + value).click(), Press(Qt::Key_Return); }),
-                after);
-      Edit(after, [&] { EXPECT_TRUE(Radio(page, first + value).isChecked()) << page << value; });
+      const auto choose = [&, page = page, radio = first + value] {
+        Radio(page, radio).click(), Press(Qt::Key_Return);
+      };
+      EXPECT_EQ(Edit(before, choose), after);
+      Edit(after, [&, page = page, radio = first + value] {
+        EXPECT_TRUE(Radio(page, radio).isChecked()) << page << radio;
+      });
     }
   }
   const auto edited = Edit(kSound, [&] {

@@ -27,15 +27,5 @@ TEST(PanelPlaces, PartsStandWhereTheSkinHasThemAndGiveWayToTheirTexts) {
   }
 }
 
-TEST(PanelPlaces, ThePanelStandsInItsWindowAndOnTheScreen) {
-  const auto at = [&](const QPoint& place, const QSize& size, const QRect& host) {
-    return PanelPosition({place, size}, size, host, QRect(0, 0, 1000, 800));
-  };
-  EXPECT_EQ(at({0, 0}, {400, 300}, {100, 100, 600, 500}), QPoint(200, 200));
-  EXPECT_EQ(at({30, 40}, {400, 300}, {100, 100, 600, 500}), QPoint(130, 140));
-  EXPECT_EQ(at({30, 40}, {400, 300}, {900, 700, 600, 500}), QPoint(600, 500));
-  EXPECT_EQ(at({0, 0}, {2000, 1500}, {-300, -200, 200, 100}), QPoint(0, 0));
-}
-
 }  // namespace
 }  // namespace feedloom
