@@ -241,7 +241,7 @@ TEST_F(Refresh, LeavesABusyServerAloneAsLongAsItWants) {
                                                  {503, "Fri, 31 Dec 2100 00:00:00 GMT", 86400s},
                                                  {500, "120", 0s}}) {
     const std::string path = fmt::format("/{}", runs_);
-    kit_.server.Busy(path, status, retryAfter);
+    kit_.server.Fail(path, status, retryAfter);
     for (const auto& [later, isAsked] :
          {std::pair(90000s, 1), {0s, 0}, {wait - 5s, 0}, {10s, 1}, {-86410s, 1}}) {
       const int requests = kit_.server.Requests(path);

@@ -184,9 +184,10 @@ void FeedServer::Redirect(const std::string& path, const std::string& toUrl, int
   });
 }
 
-void FeedServer::Fail(const std::string& path, int status) {
-  impl_->Put(path, [status](const httplib::Request&, httplib::Response& response) {
+void FeedServer::Fail(const std::string& path, int status, const std::string& retryAfter) {
+  impl_->Put(path, [=](const httplib::Request&, httplib::Response& response) {
     response.status = status;
+    if (!retryAfter.empty()) response.set_header("Retry-After", retryAfter);
   });
 }
 
@@ -205,13 +206,6 @@ void FeedServer::ServeVersion(const std::string& path, const std::string& bytes,
     } else {
       SetBody(response, bytes, kXml);
     }
-  });
-}
-
-void FeedServer::Busy(const std::string& path, int status, const std::string& retryAfter) {
-  impl_->Put(path, [=](const httplib::Request&, httplib::Response& response) {
-    response.status = status;
-    response.set_header("Retry-After", retryAfter);
   });
 }
 

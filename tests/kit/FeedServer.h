@@ -30,11 +30,10 @@ class FeedServer {
              const std::string& contentType = "text/xml");
   void Compressed(const std::string& path, const std::string& bytes);  // in transfer
   void Redirect(const std::string& path, const std::string& toUrl, int status = 302);  // any URL
-  void Fail(const std::string& path, int status);
+  void Fail(const std::string& path, int status, const std::string& retryAfter = {});
   // The content with its validators; 304 for a request that has the ETag or, without one, the date.
   void ServeVersion(const std::string& path, const std::string& bytes, const std::string& etag,
                     const std::string& lastModified = "");
-  void Busy(const std::string& path, int status, const std::string& retryAfter);
   void Echo(const std::string& path);  // the request's own body
   // No answer until the server ends or the path is given another answer, which they then get.
   void Hang(const std::string& path);

@@ -136,8 +136,9 @@ TEST_F(Panes, NewPostsAreAnnouncedOnceAndAClickListsTodays) {
     EXPECT_EQ(Announced(), (QStringList{count, "업데이트된 새글의 수"}));
     EXPECT_EQ(Announced().size(), 2);
   }
+  ASSERT_TRUE(WaitUntil([this] { return announcement_->height() == 98; }));
   host_->setWindowState(Qt::WindowMinimized);
-  QTest::mouseClick(announcement_, Qt::LeftButton);
+  QTest::mouseClick(announcement_, Qt::LeftButton, {}, {100, 90});
   EXPECT_FALSE(host_->isMinimized());
   EXPECT_EQ(Titles().size(), 4);
   EXPECT_EQ(Announced(), QStringList());

@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QContextMenuEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
-#include <QToolTip>
 
 #include "vxctrl/CVxListCtrl.h"
 #include "vxctrl/VxSplitter.h"
@@ -46,20 +44,6 @@ TEST_F(List, TheEndIsToldWhenTheUserReachesItOrAsksForIt) {
     deed();
     EXPECT_EQ(ends.count(), count);
   }
-}
-
-TEST_F(List, MenuAndTipComeByKeysAtTheCurrentRow) {
-  QSignalSpy menus(&list_, &CVxListCtrl::MenuRequested);
-  list_.setCurrentIndex(model_.index(1, 2));
-  for (const auto reason : {QContextMenuEvent::Keyboard, QContextMenuEvent::Mouse}) {
-    QContextMenuEvent event(reason, {5, 5}, {77, 88});
-    QApplication::sendEvent(list_.viewport(), &event);
-  }
-  EXPECT_EQ(menus[0][0], list_.viewport()->mapToGlobal(QPoint(0, 38)));
-  EXPECT_EQ(menus[1][0], QPoint(77, 88));
-  model_.item(1, 2)->setData("a < b", Qt::AccessibleTextRole);
-  QTest::keyClick(&list_, Qt::Key_F1, Qt::ShiftModifier);
-  EXPECT_EQ(QToolTip::text(), "<p>a &lt; b</p>");
 }
 
 TEST(VxSplitterTest, TheArrowKeysMoveAHandleWhichEnterAndEscapeLeave) {
