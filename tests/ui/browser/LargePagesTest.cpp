@@ -1,6 +1,7 @@
-// Pages that the engine does not get ready: the next page does not wait for them, and a renderer
-// process that ends is no more than a page to load again.
+// Pages that the engine does not get ready, and those whose renderer process ends.
 #include <signal.h>
+
+#include <climits>
 
 #include "ui/browser/BrowserFixture.h"
 
@@ -10,8 +11,9 @@ namespace {
 using LargePages = BrowserFixture;
 
 pid_t Renderer(const QWebEnginePage& page) {
-  EXPECT_GT(page.renderProcessPid(), 0);
-  return static_cast<pid_t>(page.renderProcessPid());
+  const auto pid = static_cast<pid_t>(page.renderProcessPid());
+  EXPECT_GT(pid, 0);
+  return pid > 0 ? pid : INT_MAX;  // a signal to 0 would hit this process
 }
 
 // The renderer process stands still, as if the page took it forever.

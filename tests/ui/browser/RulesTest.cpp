@@ -78,8 +78,7 @@ TEST(GeneratedPages, AreKeptUntilThereAreTooManyOrTheyAreTooLarge) {
 }
 
 TEST(StatusTexts, NameAFileAsItIs) {
-  const ShippedSkin skin("ENG");
-  EXPECT_EQ(StatusText(skin.Get(), DownloadEvent::Progress, "1%d%s.zip", "3 MB"),
+  EXPECT_EQ(StatusText(ShippedSkin("ENG").Get(), DownloadEvent::Progress, "1%d%s.zip", "3 MB"),
             "Downloading: 1%d%s.zip (3 MB)");
 }
 

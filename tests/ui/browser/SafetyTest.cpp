@@ -197,8 +197,8 @@ TEST_F(Safety, AClickRunsNothingAndSendsNothing) {
 const Attacks kFileReads = List(R"--(
 <link rel=stylesheet href="FILE.css"><b>x</b>  <style>@import 'FILE.css';</style><b>x</b>
 <iframe src="FILE.html"></iframe>  <object data="FILE.html"></object>  <embed src="FILE.html">)--");
-const Attacks kFileScript = List(R"--(
-<script>x = new XMLHttpRequest(); x.onload = () => { RUN }; x.open('GET', 'a.gif'); x.send()</script>)--");
+const QByteArray kFileScript = R"--(<title>no</title>
+<script>x = new XMLHttpRequest(); x.onload = () => { document.title = 'read' }; x.open('GET', 'a.gif'); x.send()</script>)--";
 
 TEST_F(Safety, NoFileIsReadButTheOneThatTheUserOpens) {
   const QByteArray path = Bytes(files_.File("a"));
@@ -214,10 +214,11 @@ TEST_F(Safety, NoFileIsReadButTheOneThatTheUserOpens) {
     ExpectHits({attack}, File(html));
   }
   // A file that the user opens has no right to the files beside it.
-  WaitForPage([&] { view_.Navigate(File(Html(kFileScript))); });
+  WaitForPage([&] { view_.Navigate(File(kFileScript)); });
   Settle();
-  ExpectNoHits(kFileScript);
-  ExpectHits(kFileScript, File(Html(kFileScript)));
+  EXPECT_EQ(Page().title(), "no");
+  LoadPlain(File(kFileScript));
+  EXPECT_TRUE(ComesTrue([&] { return plain_.title() == "read"; }));
 }
 
 // SKIN holds a.gif and two links; FILE is an image in the folder NAME beside it.
@@ -240,6 +241,7 @@ TEST_F(Safety, NoPathLeadsOutOfTheSkin) {
   QVariantList expected(kInside.size(), 1);
   expected.resize(kInside.size() + kOutside.size(), 0);
   EXPECT_EQ(Evaluate(widths), expected);
+  EXPECT_EQ(SkinFile(SkinFileUrl("/etc/passwd"), ""), "");  // without a skin
   std::filesystem::remove_all(skin_.Path() + "-old");
 }
 
@@ -293,7 +295,7 @@ TEST_F(Safety, ForgedTextsOfAButtonAreHarmlessWhenTheyAreShown) {
       <div id=Scraplink-0 title='"&gt;&lt;img src=x: onerror="RUN"&gt;'></div>)--"};
   Write(Post(Html(forged) + Html({"<a COVER href='ID_BTN_RSSSCRAP?0'>x</a>"})));
   Click();
-  EXPECT_TRUE(ComesTrue([&] { return !actions_.empty(); }));
+  ASSERT_TRUE(ComesTrue([&] { return !actions_.empty(); }));
   const QByteArray read = actions_.takeFirst().value(1).toStringList().join("").toUtf8();
   ShowAndSettle(Post(read));
   ExpectNoHits(forged);
