@@ -29,8 +29,8 @@ struct ProfilePaths {
   std::string workDir;
 };
 
-// The default profile directory (XDG Base Directory Specification): $XDG_DATA_HOME/halvix, or else
-// ~/.local/share/halvix. Empty when HOME is not set.
+// The default profile directory: $XDG_DATA_HOME/halvix, or else ~/.local/share/halvix, as the
+// desktops' XDG base directories want it. Empty when HOME is not set.
 std::string DefaultProfileDir();
 
 // The directory of the program's shared files: ../share/feedloom, relative to the executable's
