@@ -46,10 +46,10 @@ class FakeFrame : public QWidget {
  private:
   void BeIdle() {
     Tell("idle");
-    for (const QString& deed : qEnvironmentVariable("FAKE_MODULE").split(';')) {
-      if (deed == "close") window()->close();
+    for (const QString& choice : qEnvironmentVariable("FAKE_MODULE").split(';')) {
+      if (choice == "close") window()->close();
       for (auto* action : window()->findChildren<QAction*>())
-        if (action->text() == deed) action->trigger();
+        if (action->text() == choice) action->trigger();
     }
     qunsetenv("FAKE_MODULE");
   }

@@ -18,31 +18,31 @@ namespace feedloom {
 // nothing of it.
 class DialogAnswers : public QObject {
  public:
-  using Deed = std::function<void(QDialog&)>;
+  using Action = std::function<void(QDialog&)>;
 
   DialogAnswers() { qApp->installEventFilter(this); }
 
   // Done to the next dialog as soon as it waits for the user, who closes it afterwards.
-  void Next(Deed deed) { deeds_.push_back(std::move(deed)); }
-  bool AreUsedUp() const { return deeds_.empty(); }
+  void Next(Action action) { actions_.push_back(std::move(action)); }
+  bool AreUsedUp() const { return actions_.empty(); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
     auto* const dialog = qobject_cast<QDialog*>(watched);
     const bool isShown = event->type() == QEvent::Show && dialog != nullptr && dialog->isModal();
-    if (!isShown || deeds_.empty()) return false;
-    const Deed deed = std::exchange(deeds_.front(), nullptr);
-    deeds_.pop_front();
-    QTimer::singleShot(0, dialog, [dialog = QPointer(dialog), deed] {
+    if (!isShown || actions_.empty()) return false;
+    const Action action = std::exchange(actions_.front(), nullptr);
+    actions_.pop_front();
+    QTimer::singleShot(0, dialog, [dialog = QPointer(dialog), action] {
       EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
-      deed(*dialog);
+      action(*dialog);
       if (dialog && dialog->isVisible()) dialog->close();
     });
     return false;
   }
 
  private:
-  std::deque<Deed> deeds_;
+  std::deque<Action> actions_;
 };
 
 }  // namespace feedloom

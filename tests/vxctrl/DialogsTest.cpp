@@ -19,16 +19,16 @@
 namespace feedloom {
 namespace {
 
-using Deed = DialogAnswers::Deed;
+using Action = DialogAnswers::Action;
 
-Deed Click(const QString& text) {
+Action Click(const QString& text) {
   return [text](QDialog& dialog) {
     for (auto* button : dialog.findChildren<CButtonEx*>()) {
       if (button->text() == text) return QTest::mouseClick(button, Qt::LeftButton);
     }
   };
 }
-Deed Type(const char* keys) {
+Action Type(const char* keys) {
   return [keys](QDialog& dialog) {
     for (const char key : std::string_view(keys)) QTest::keyClick(dialog.focusWidget(), key);
   };
@@ -49,21 +49,21 @@ class NameDialog : public CVxFormDialog {
 
 class Dialogs : public testing::Test {
  protected:
-  // Does `deed` to the next dialog, which must end by it.
-  void Next(const Deed& deed) {
-    answers_.Next([deed](QDialog& dialog) {
+  // Does `action` to the next dialog, which must end by it.
+  void Next(const Action& action) {
+    answers_.Next([action](QDialog& dialog) {
       const QPointer<QDialog> shown(&dialog);
-      deed(dialog);
+      action(dialog);
       EXPECT_TRUE(!shown || !shown->isVisible());
     });
   }
-  bool Consents(MsgBoxKind kind, const Deed& deed) {
-    Next(deed);
+  bool Consents(MsgBoxKind kind, const Action& action) {
+    Next(action);
     return ShowMsgBox(skin_.Get(), "?", kind, parent_.get()) == MsgBoxAnswer::Consented;
   }
   // The name when the dialog was accepted, else "(none)".
-  QString Ask(const Deed& deed) {
-    Next(deed);
+  QString Ask(const Action& action) {
+    Next(action);
     auto* dialog = new NameDialog(skin_.Get(), parent_.get());
     dialog->refuse = refuse_;
     QString name;
@@ -109,7 +109,7 @@ TEST_F(Dialogs, OnlyATextThatDoesNotFitTheScreenIsScrolled) {
 }
 
 TEST_F(Dialogs, ADialogGivesWhatWasTypedWhenItIsAcceptedAndStaysOpenUntilItsFieldsAreSound) {
-  const std::pair<Deed, const char*> kEnds[] = {
+  const std::pair<Action, const char*> kEnds[] = {
       {Type("a\r"), "a"},        {Type("a\t\r"), "a"},        {Type("\ra\r"), "a"},
       {Type("a\x1B"), "(none)"}, {Type("a\t\t\r"), "(none)"}, {Click("Cancel"), "(none)"}};
   for (const auto& [end, name] : kEnds) EXPECT_EQ(Ask(end), name);
@@ -117,8 +117,8 @@ TEST_F(Dialogs, ADialogGivesWhatWasTypedWhenItIsAcceptedAndStaysOpenUntilItsFiel
 
 TEST_F(Dialogs, AParentThatGoesTakesItsDialogAlong) {
   refuse_ = [&] { parent_.reset(); };
-  for (const Deed& deed : {Type("\r"), Deed([&](QDialog&) { refuse_(); })}) {
-    EXPECT_EQ(Ask(deed), "(none)");
+  for (const Action& action : {Type("\r"), Action([&](QDialog&) { refuse_(); })}) {
+    EXPECT_EQ(Ask(action), "(none)");
     parent_ = std::make_unique<QWidget>();
   }
   EXPECT_FALSE(Consents(MsgBoxKind::YesNo, [&](QDialog&) { refuse_(); }));
