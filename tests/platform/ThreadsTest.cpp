@@ -5,9 +5,11 @@
 #include <thread>
 
 #include "kit/Inbox.h"
+#include "kit/ThreadRefusal.h"
 #include "platform/BackgroundJobs.h"
 #include "platform/Clock.h"
 #include "platform/Mutex.h"
+#include "platform/Thread.h"
 
 namespace feedloom {
 
@@ -52,6 +54,17 @@ TEST_F(Jobs, TheEndStopsThemAndWaitsForThemAndDropsNewsOnTheirWay) {
 TEST_F(Jobs, WhoHearsTheNewsMayEndThem) {
   jobs_->Start([this](auto&, auto& tell) { tell([this] { jobs_.reset(); }); });
   EXPECT_TRUE(inbox_.DoUntil([this] { return !jobs_; }));
+}
+
+TEST(ThreadTest, StartsOrTellsThatTheSystemRefusesIt) {
+  std::thread thread;
+  std::optional<ThreadRefusal> refusal(std::in_place);
+  EXPECT_FALSE(StartThread(thread, [] { ADD_FAILURE(); }));
+  refusal.reset();
+  bool ran = false;
+  ASSERT_TRUE(StartThread(thread, [&] { ran = true; }));
+  thread.join();
+  EXPECT_TRUE(ran);
 }
 
 TEST(MutexTest, LetsThreadsInOneAtATimeAndEachInItsTurn) {
