@@ -1,5 +1,6 @@
-// feed_server FEEDS ITEMS LATENCY_MS: serves RSS feeds "/feed/1" to "/feed/FEEDS" on 127.0.0.1 with
-// their ETag and Last-Modified, each answer after the latency. Prints the port; then, for each line
+// feed_server FEEDS ITEMS LATENCY_MS [plain]: serves RSS feeds "/feed/1" to "/feed/FEEDS" on
+// 127.0.0.1 with their ETag and Last-Modified, or without them when "plain", each answer after the
+// latency. Prints the port; then, for each line
 // of its input and at the input's end, the highest number of simultaneous requests, and the numbers
 // of requests, of answers 304 and of connections so far.
 #include <fmt/core.h>
@@ -8,6 +9,7 @@
 #include <cstdio>
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "kit/FeedDocuments.h"
@@ -39,13 +41,18 @@ void PrintCounts(const FeedServer& server, int feeds) {
   std::fflush(stdout);
 }
 
-void Run(int feeds, int items, std::chrono::milliseconds latency) {
+void Run(int feeds, int items, std::chrono::milliseconds latency, bool isPlain) {
   FeedServer server;
   server.SetLatency(latency);
   server.KeepConnections();
   for (int feed = 1; feed <= feeds; ++feed) {
-    server.ServeVersion(PathOf(feed), Feed(feed, items), fmt::format("\"version-{}\"", feed),
-                        "Sat, 21 Nov 2026 12:00:00 GMT");
+    const std::string document = Feed(feed, items);
+    if (isPlain) {
+      server.Serve(PathOf(feed), document);
+    } else {
+      server.ServeVersion(PathOf(feed), document, fmt::format("\"version-{}\"", feed),
+                          "Sat, 21 Nov 2026 12:00:00 GMT");
+    }
   }
   fmt::print("{}\n", server.Port());
   std::fflush(stdout);
@@ -57,11 +64,12 @@ void Run(int feeds, int items, std::chrono::milliseconds latency) {
 }  // namespace feedloom
 
 int main(int argc, char** argv) {
-  if (argc != 4) {
-    fmt::print(stderr, "usage: {} FEEDS ITEMS LATENCY_MS\n", argv[0]);
+  const bool isPlain = argc == 5 && std::string_view(argv[4]) == "plain";
+  if (argc != 4 && !isPlain) {
+    fmt::print(stderr, "usage: {} FEEDS ITEMS LATENCY_MS [plain]\n", argv[0]);
     return 2;
   }
   const auto number = [&](int at) { return feedloom::ParseInt(argv[at]); };
-  feedloom::Run(number(1), number(2), std::chrono::milliseconds(number(3)));
+  feedloom::Run(number(1), number(2), std::chrono::milliseconds(number(3)), isPlain);
   return 0;
 }
