@@ -42,8 +42,8 @@ int RunRefresh(Session& session, const RefreshOptions& options) {
   RefreshProgress progress(session, *channels);
   if (!channels->empty()) {
     NoHost host;
-    RefreshEngine engine(services, progress, host, {}, [&progress](int channelId, int newPosts) {
-      progress.CountNew(channelId, newPosts);
+    RefreshEngine engine(services, progress, host, {}, [&](int channelId, int stored, int missing) {
+      progress.CountPosts(channelId, stored, missing);
     });
     for (const ChannelRow& channel : *channels) engine.Enqueue(EntryFor(channel));
     engine.StartRefresh();

@@ -3,6 +3,8 @@
 #include <fmt/core.h>
 #include <unistd.h>
 
+#include <utility>
+
 #include "ctl/Session.h"
 #include "platform/Messages.h"
 
@@ -16,6 +18,17 @@ std::string Counted(Count count, std::string_view noun) {
 
 }  // namespace
 
+// What became of the channel: why it failed (empty when it did not), and the numbers of its posts.
+std::string RefreshProgress::Words(const Channel& channel, std::string_view failure) {
+  std::string words(failure);
+  const auto add = [&words](int count, std::string_view what) {
+    words += fmt::format("{}{} {}", words.empty() ? "" : ", ", count, what);
+  };
+  if (failure.empty() || channel.newPosts > 0) add(channel.newPosts, "new");
+  if (channel.missing > 0) add(channel.missing, "not stored");
+  return words;
+}
+
 RefreshProgress::RefreshProgress(Session& session, const std::vector<ChannelRow>& channels)
     : session_(session),
       started_(std::chrono::steady_clock::now()),
@@ -26,40 +39,41 @@ RefreshProgress::RefreshProgress(Session& session, const std::vector<ChannelRow>
 }
 
 std::intptr_t RefreshProgress::Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) {
+  const MutexLock lock(mutex_);
   if (message == kMessageChannelWorker) OnWorker(static_cast<int>(wParam));
   if (message != kMessageChannelResult) return 0;
-  if (wParam != kRunEnded) {
-    const int result = static_cast<int>(wParam);
+  const int result = static_cast<int>(wParam);
+  if (result == kRunEnded) {
+    EndRun();
+  } else {
     End(static_cast<int>(lParam), ResultWords(result), result != kChannelRefreshed);
-    return 0;
   }
-  const MutexLock lock(mutex_);
-  runEnded_ = true;
-  changed_.notify_all();
   return 0;
 }
 
 // The message comes when a worker begins, and a second time when it is stopped at its time limit.
 void RefreshProgress::OnWorker(int channelId) {
-  {
-    const MutexLock lock(mutex_);
-    Channel& channel = channels_[channelId];
-    if (!channel.began) {
-      channel.began = true;
-      return;
-    }
-  }
-  End(channelId, "stopped, it took too long", true);
+  Channel& channel = channels_[channelId];
+  channel.stopped = std::exchange(channel.began, true);
 }
 
-void RefreshProgress::CountNew(int channelId, int newPosts) {
+void RefreshProgress::CountPosts(int channelId, int stored, int missing) {
   const MutexLock lock(mutex_);
-  channels_[channelId].newPosts += newPosts;
-  newPosts_ += newPosts;
+  channels_[channelId].newPosts += stored;
+  channels_[channelId].missing += missing;
+  newPosts_ += stored;
+  missing_ += missing;
+}
+
+void RefreshProgress::EndRun() {
+  for (const auto& [id, channel] : channels_) {
+    if (channel.stopped) End(id, "stopped, it took too long", true);
+  }
+  runEnded_ = true;
+  changed_.notify_all();
 }
 
 void RefreshProgress::End(int channelId, std::string_view result, bool failed) {
-  const MutexLock lock(mutex_);
   Channel& channel = channels_[channelId];
   channel.ended = true;
   if (failed) ++failures_;
@@ -67,13 +81,12 @@ void RefreshProgress::End(int channelId, std::string_view result, bool failed) {
     lines_.push_back({{"id", channelId},
                       {"title", channel.title},
                       {"result", result},
-                      {"new", channel.newPosts}});
+                      {"new", channel.newPosts},
+                      {"notStored", channel.missing}});
     return;
   }
   if (drawsBar_) fmt::print("\r\x1b[K");
-  const std::string title = OneLine(channel.title);
-  PrintLine(failed ? fmt::format("{}: {}", title, result)
-                   : fmt::format("{}: {} new", title, channel.newPosts));
+  PrintLine(fmt::format("{}: {}", OneLine(channel.title), Words(channel, failed ? result : "")));
   if (drawsBar_) DrawBar();
 }
 
@@ -98,13 +111,15 @@ void RefreshProgress::PrintSummary() const {
   if (session_.WantsJson()) {
     PrintJson({{"channels", lines_},
                {"newPosts", newPosts_},
+               {"notStored", missing_},
                {"failures", failures_},
                {"seconds", seconds.count()}});
     return;
   }
   if (drawsBar_) fmt::print("\r\x1b[K");
-  PrintLine(fmt::format("{}, {}, {}, {:.1f} seconds", Counted(channels_.size(), "channel"),
-                        Counted(newPosts_, "new post"), Counted(failures_, "failure"),
+  const std::string missing = missing_ == 0 ? "" : fmt::format("{} not stored, ", missing_);
+  PrintLine(fmt::format("{}, {}, {}{}, {:.1f} seconds", Counted(channels_.size(), "channel"),
+                        Counted(newPosts_, "new post"), missing, Counted(failures_, "failure"),
                         seconds.count()));
 }
 

@@ -27,8 +27,9 @@ class RefreshProgress : public MessageTarget {
   // Receives the engine's messages. Any thread may call it.
   std::intptr_t Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) override;
 
-  // Adds `newPosts` to the channel's new posts. Any thread may call it.
-  void CountNew(int channelId, int newPosts);
+  // Adds the channel's new posts: those that were stored, and those that could not be. Any thread
+  // may call it.
+  void CountPosts(int channelId, int stored, int missing);
 
   // Blocks until the run has ended.
   void Wait();
@@ -41,12 +42,16 @@ class RefreshProgress : public MessageTarget {
   struct Channel {
     std::string title;  // UTF-8
     int newPosts = 0;
+    int missing = 0;  // new posts that could not be stored
     bool began = false;
+    bool stopped = false;  // at its time limit; its line waits for its last posts
     bool ended = false;
   };
 
-  void OnWorker(int channelId);
-  void End(int channelId, std::string_view result, bool failed);
+  static std::string Words(const Channel& channel, std::string_view failure);
+  void OnWorker(int channelId) FEEDLOOM_REQUIRES(mutex_);
+  void EndRun() FEEDLOOM_REQUIRES(mutex_);
+  void End(int channelId, std::string_view result, bool failed) FEEDLOOM_REQUIRES(mutex_);
   void DrawBar() const FEEDLOOM_REQUIRES(mutex_);
 
   Session& session_;
@@ -58,6 +63,7 @@ class RefreshProgress : public MessageTarget {
   std::map<int, Channel> channels_ FEEDLOOM_GUARDED_BY(mutex_);
   Json lines_ FEEDLOOM_GUARDED_BY(mutex_) = Json::array();
   int newPosts_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
+  int missing_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
   std::size_t failures_ FEEDLOOM_GUARDED_BY(mutex_) = 0;
   bool runEnded_ FEEDLOOM_GUARDED_BY(mutex_) = false;
 };

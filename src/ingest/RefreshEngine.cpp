@@ -4,6 +4,7 @@
 
 #include "ingest/FeedFetch.h"
 #include "ingest/RefreshMonitor.h"
+#include "platform/Thread.h"
 
 namespace feedloom {
 namespace {
@@ -25,7 +26,7 @@ void StopJobs(RefreshRun& run) {
   for (const SharedJob& job : jobs) job->stop.request_stop();
 }
 
-bool IsReporting(const SharedJob& job) { return job->phase == Phase::Reporting; }
+bool IsReporting(const SharedJob& job) { return job->isReporting; }
 
 // Waits for the workers until the stop timeout, and longer only for those that are sending a
 // message. Detaches the threads of the others: they end by themselves.
@@ -74,7 +75,12 @@ void RefreshEngine::StartRefresh() {
     run_->monitorRuns = true;
   }
   if (monitor_.joinable()) monitor_.join();
-  monitor_ = std::thread([run = run_] { RunRefreshMonitor(run); });
+  if (StartThread(monitor_, [run = run_] { RunRefreshMonitor(run); })) return;
+  {
+    const MutexLock lock(run_->lock);
+    run_->monitorRuns = false;
+  }
+  run_->GiveUp();
 }
 
 bool RefreshEngine::IsChannelQueued(int channelId) const {

@@ -39,7 +39,9 @@ class RefreshEngine {
   void EnqueueAll(std::vector<RefreshEntry> entries);
 
   // Starts a run for the queued channels. During a run does nothing: that run takes them. Does
-  // nothing either when the queue is empty, or after Stop.
+  // nothing either when the queue is empty, or after Stop. A run goes on with fewer workers when
+  // the system refuses it a thread; when it gets none, it drops its queue and reports that by the
+  // store.
   void StartRefresh();
 
   // Returns whether the channel waits in the queue or is being refreshed.

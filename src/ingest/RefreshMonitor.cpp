@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <optional>
+#include <ranges>
 #include <thread>
 #include <utility>
 
 #include "ingest/RefreshWorker.h"
+#include "platform/Thread.h"
 #include "platform/ThreadPriority.h"
 #include "store/Channels.h"
 
@@ -20,6 +22,12 @@ using Clock = std::chrono::steady_clock;
 class JobReport : public WorkerReport {
  public:
   JobReport(RefreshRun& run, RefreshJob& job) : run_(run), job_(job) {}
+
+  void Began() {
+    if (job_.entry.channelId < 0 || !Begin()) return;
+    run_.frame.Send(kMessageChannelWorker, job_.entry.channelId, 0);
+    Finish(Phase::Working);
+  }
 
   void Fetched() override {
     const MutexLock lock(run_.lock);
@@ -38,9 +46,9 @@ class JobReport : public WorkerReport {
     }
   }
 
-  void Inserted(int newPosts) override {
-    if (!run_.newPosts || newPosts == 0 || !Begin()) return;
-    run_.newPosts(job_.channelId, newPosts);
+  void Inserted(int stored, int missing) override {
+    if (!run_.newPosts || stored + missing == 0 || !Begin(true)) return;
+    run_.newPosts(job_.channelId, stored, missing);
     Finish(Phase::Working);
   }
 
@@ -48,7 +56,9 @@ class JobReport : public WorkerReport {
   // unchanged feeds then write nothing.
   void Unchanged() override { End(kChannelRefreshed, job_.stored.state != kChannelRefreshed); }
 
-  void Ended(ChannelResult result) override { End(result, job_.channelId >= 0); }
+  void Ended(ChannelResult result) override {
+    End(result, job_.channelId >= 0 && result != kChannelRefreshed);
+  }
 
  private:
   void End(ChannelResult result, bool storesState) {
@@ -58,16 +68,19 @@ class JobReport : public WorkerReport {
     Finish(Phase::Ended);
   }
 
-  bool Begin() {
+  // Returns whether the worker may report. One that was dropped at the time limit may only when
+  // `evenDropped`.
+  bool Begin(bool evenDropped = false) {
     const MutexLock lock(run_.lock);
-    if (job_.phase == Phase::Dropped) return false;
-    job_.phase = Phase::Reporting;
-    return true;
+    const bool isDropped = job_.phase == Phase::Dropped;
+    job_.isReporting = !run_.stopping && (evenDropped || !isDropped);
+    return job_.isReporting;
   }
 
   void Finish(Phase next) {
     const MutexLock lock(run_.lock);
-    job_.phase = run_.stopping ? Phase::Dropped : next;
+    job_.isReporting = false;
+    if (job_.phase != Phase::Dropped) job_.phase = next;
     if (next == Phase::Ended) run_.queue.Remove(job_.channelId);
     run_.changed.notify_all();
   }
@@ -78,6 +91,7 @@ class JobReport : public WorkerReport {
 
 void RunWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job) {
   JobReport report(*run, *job);
+  report.Began();
   RefreshChannel(job->entry, job->stored.holdsPosts, *run->services, run->resources, report,
                  job->stop.get_token());
   const MutexLock lock(run->lock);
@@ -89,17 +103,24 @@ void RunWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job) {
 struct Step {
   enum class Kind { LoadContents, Start, Stop, Finish } kind = Kind::Finish;
   SharedJob job;
+  // Of a job to stop:
   int channelId = 0;
-  ChannelResult result = kDownloadFailed;  // of a job to stop
+  ChannelResult result = kDownloadFailed;
 };
 
-bool IsRunning(const SharedJob& job) { return job->phase != Phase::Dropped && !job->threadEnded; }
+// A worker that was dropped while it stored posts ends soon, and counts them first. One that waits
+// for a server may take long.
+bool IsRunning(const SharedJob& job) {
+  const bool stores = job->resultIfStopped == kChannelRefreshed;
+  return !job->threadEnded && (job->phase != Phase::Dropped || stores);
+}
 
-// Drops one worker that has passed its time limit and returns it, or null when there is none.
+// Drops the worker that began last of those that have passed their time limit, and returns it, or
+// null when there is none.
 SharedJob DropOverdue(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   const SteadyTime limit = Clock::now() - run.limits.timeLimit;
-  for (const SharedJob& job : run.jobs) {
-    if (job->phase != Phase::Working || job->started > limit) continue;
+  for (const SharedJob& job : run.jobs | std::views::reverse) {
+    if (job->phase != Phase::Working || job->isReporting || job->started > limit) continue;
     job->phase = Phase::Dropped;
     run.queue.Remove(job->channelId);
     return job;
@@ -108,8 +129,7 @@ SharedJob DropOverdue(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
 }
 
 SharedJob ClaimJob(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
-  const auto running = std::ranges::count_if(run.jobs, IsRunning);
-  if (running >= run.limits.workers) return nullptr;
+  if (std::ranges::count_if(run.jobs, IsRunning) >= run.workers) return nullptr;
   auto entry = run.queue.Claim();
   if (!entry) return nullptr;
   auto job = std::make_shared<RefreshJob>();
@@ -127,7 +147,8 @@ void WaitForChange(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   std::optional<SteadyTime> until;
   for (const SharedJob& job : run.jobs) {
     const SteadyTime end = job->started + run.limits.timeLimit;
-    if (job->phase == Phase::Working && (!until || end < *until)) until = end;
+    const bool isTimed = job->phase == Phase::Working && !job->isReporting;
+    if (isTimed && (!until || end < *until)) until = end;
   }
   if (until) {
     run.changed.wait_until(run.lock, *until);
@@ -147,7 +168,7 @@ Step NextStep(RefreshRun& run) {
     const bool needsContents = run.queue.HasWaiting() && !run.resources.memory.IsEmpty();
     if (needsContents && !std::exchange(run.contentsAreFresh, true))
       return {Step::Kind::LoadContents, nullptr};
-    if (const SharedJob job = ClaimJob(run)) return {Step::Kind::Start, job, job->channelId};
+    if (const SharedJob job = ClaimJob(run)) return {Step::Kind::Start, job};
     if (std::ranges::none_of(run.jobs, IsRunning) && !run.queue.HasWaiting()) return {};
     WaitForChange(run);
   }
@@ -162,27 +183,37 @@ void LoadStoredContents(RefreshRun& run) {
   for (const ChannelContents& channel : channels) run.contents[channel.id] = channel;
 }
 
-void StartWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job, int channelId) {
-  if (channelId >= 0) run->frame.Send(kMessageChannelWorker, channelId, 0);
-  const MutexLock lock(run->lock);
-  job->thread = std::thread([run, job] { RunWorker(run, job); });
+// Without a thread the channel waits for one of the workers that run to end.
+void StartWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job) {
+  {
+    const MutexLock lock(run->lock);
+    if (StartThread(job->thread, [run, job] { RunWorker(run, job); })) return;
+    std::erase(run->jobs, job);
+    run->queue.Unclaim();
+    run->workers = std::ranges::count_if(run->jobs, IsRunning);
+    if (run->workers > 0) return;
+  }
+  run->GiveUp();
 }
 
 void StopWorker(RefreshRun& run, const Step& step) {
   step.job->stop.request_stop();
-  if (step.channelId < 0) return;
-  SetChannelState(*run.services->store, step.channelId, step.result);
+  if (step.channelId >= 0) SetChannelState(*run.services->store, step.channelId, step.result);
   run.frame.Send(kMessageChannelWorker, step.channelId, 0);
 }
 
 void ProcessQueue(const std::shared_ptr<RefreshRun>& run) {
+  {
+    const MutexLock lock(run->lock);
+    run->workers = run->limits.workers;
+  }
   for (Step step = NextStep(*run); step.kind != Step::Kind::Finish; step = NextStep(*run)) {
     switch (step.kind) {
       case Step::Kind::LoadContents:
         LoadStoredContents(*run);
         break;
       case Step::Kind::Start:
-        StartWorker(run, step.job, step.channelId);
+        StartWorker(run, step.job);
         break;
       default:
         StopWorker(*run, step);

@@ -40,6 +40,9 @@ class RefreshQueue {
   // Returns the first entry that waits, or nothing. The entry stays in the queue until Remove.
   std::optional<RefreshEntry> Claim();
 
+  // Lets the entry that Claim has returned last, and that is still in the queue, wait again.
+  void Unclaim() { --firstWaiting_; }
+
   bool HasWaiting() const { return firstWaiting_ != entries_.end(); }
   bool Contains(int channelId) const { return byId_.contains(channelId); }
 

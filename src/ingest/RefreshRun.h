@@ -20,8 +20,10 @@
 
 namespace feedloom {
 
-// Called on a worker's thread, before the channel's result is sent, with the number of new posts.
-using NewPostsReport = std::function<void(int channelId, int newPosts)>;
+// Called on a worker's thread, before the channel's result is sent, with the numbers of new posts
+// that were stored and that could not be. Called behind the message that a channel was stopped at
+// the time limit, too, and before the run's end.
+using NewPostsReport = std::function<void(int channelId, int stored, int missing)>;
 
 struct RefreshLimits {
   std::ptrdiff_t workers = 5;                   // how many channels are refreshed at once
@@ -36,10 +38,9 @@ using SteadyTime = std::chrono::steady_clock::time_point;
 // without the lock.
 struct RefreshJob {
   enum class Phase {
-    Working,    // may be stopped
-    Reporting,  // is sending a message, and is stopped only after it
-    Ended,      // has sent its result
-    Dropped,    // was stopped: its reports are ignored
+    Working,  // may be stopped
+    Ended,    // has sent its result
+    Dropped,  // was stopped: sends no further message
   };
 
   RefreshEntry entry;
@@ -48,6 +49,7 @@ struct RefreshJob {
   SteadyTime started;
   int channelId = 0;
   Phase phase = Phase::Working;
+  bool isReporting = false;  // the worker is sending a message, and is stopped only after it
   ChannelResult resultIfStopped = kDownloadFailed;
   bool threadEnded = false;  // the thread does not use the run or its lock any more
   std::thread thread;
@@ -81,8 +83,13 @@ struct RefreshRun {
   // conditional then. Not fresh: channels were queued since it was read.
   std::unordered_map<int, ChannelContents> contents FEEDLOOM_GUARDED_BY(lock);
   bool contentsAreFresh FEEDLOOM_GUARDED_BY(lock) = false;
+  // How many workers may run: fewer than the limit after the system has refused a thread.
+  std::ptrdiff_t workers FEEDLOOM_GUARDED_BY(lock) = limits.workers;
   bool monitorRuns FEEDLOOM_GUARDED_BY(lock) = false;
   bool stopping FEEDLOOM_GUARDED_BY(lock) = false;
+
+  // Drops the entries that wait, because the system has refused a thread, and reports that.
+  void GiveUp() FEEDLOOM_EXCLUDES(lock);
 
   // Joins the threads that have ended and forgets their jobs.
   void Reap() FEEDLOOM_REQUIRES(lock);

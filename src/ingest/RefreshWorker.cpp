@@ -63,20 +63,32 @@ ChannelRecord ToRecord(const RefreshEntry& entry, FeedParser& parser) {
   return record;
 }
 
-// Inserts the channel, if it is not in the store, and its new posts. Returns whether all posts of
-// `record` are in the store now.
-bool StoreChannel(ChannelRecord& record, Store& store, WorkerReport& report, std::stop_token stop) {
-  if (stop.stop_requested()) return false;
-  Connection connection(store);
-  if (!connection) return false;
-  connection.KeepJournalFile();
+// Inserts the channel, if it is not in the store, its new posts, and the state of a channel that
+// was refreshed, as one operation of the store.
+Changes StoreInOneOperation(Connection& connection, ChannelRecord& record, WorkerReport& report,
+                            const std::stop_token& stop) {
+  const Connection::Operation operation(connection);
   if (record.id < 0) {
-    if (!AddChannelRecord(connection, record)) return false;
+    if (!AddChannelRecord(connection, record)) {
+      return {.failed = static_cast<int>(record.posts.size())};
+    }
     report.Stored(record.id, record.newlyInserted);
   }
-  const InsertedPosts inserted = InsertChannelPosts(connection, record, std::move(stop));
-  report.Inserted(inserted.count);
-  return inserted.complete;
+  const Changes posts = InsertChannelPosts(connection, record, stop);
+  if (!stop.stop_requested()) SetChannelState(connection, record.id, kChannelRefreshed);
+  return posts;
+}
+
+// Returns whether all posts of `record` are in the store now.
+bool StoreChannel(ChannelRecord& record, Store& store, WorkerReport& report,
+                  const std::stop_token& stop) {
+  Changes posts{.failed = static_cast<int>(record.posts.size())};
+  if (!stop.stop_requested()) {
+    Connection connection(store);
+    if (connection) posts = StoreInOneOperation(connection, record, report, stop);
+  }
+  report.Inserted(posts.rows, posts.failed);
+  return posts.failed == 0;
 }
 
 // Returns whether the server has asked for a longer wait. A wait of more than kLongestWait means
@@ -117,7 +129,7 @@ void RefreshChannel(const RefreshEntry& entry, bool holdsPosts, const IngestServ
     }
     // Without validators the next request is for the whole document, with the posts that are
     // missing.
-    const bool isStored = StoreChannel(record, *services.store, report, std::move(stop));
+    const bool isStored = StoreChannel(record, *services.store, report, stop);
     const Validators known = isStored ? outcome.validators : Validators();
     if (record.id >= 0) resources.memory.Remember(record.id, {entry.xmlLink, known});
   } else {

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QShortcut>
 #include <algorithm>
+#include <thread>
 #include <unordered_map>
 #include <utility>
 
@@ -55,7 +56,8 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWid
           GetDbPath(paths.module), skin_.Config().GetCodePage(), SystemClock(),
           [this, thread = interfaceThread_](std::string_view text) {
             thread->Run([this, copy = std::string(text)] { ReportMessage(copy); });
-          })),
+          },
+          std::this_thread::get_id())),
       services_(std::make_shared<IngestServices>(
           IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir(),
                          FeedMemoryPath(skin_.Config().GetWorkDir())})),

@@ -20,6 +20,11 @@ std::optional<int> SharedOrder(Connection& connection, int folderId) {
   return table->Rows() > 0 ? table->Int(0, 0) : 0;
 }
 
+std::string StateStatement(int channelId, int state) {
+  return FormatSql("Update TB_CHANNEL Set channel_state = %d Where channel_id = %d", state,
+                   channelId);
+}
+
 }  // namespace
 
 bool LoadChannelList(Store& store, std::vector<ChannelRow>& out) {
@@ -138,9 +143,14 @@ bool LoadChannelContents(Store& store, std::vector<ChannelContents>& out) {
 }
 
 bool SetChannelState(Store& store, int channelId, int state) {
-  return ExecuteOnce(
-      store, FormatSql("Update TB_CHANNEL Set channel_state = %d Where channel_id = %d", state,
-                       channelId));
+  return ExecuteOnce(store, StateStatement(channelId, state));
+}
+
+bool SetChannelState(Connection& connection, int channelId, int state) {
+  const auto present = connection.Query(
+      FormatSql("Select channel_state From TB_CHANNEL Where channel_id = %d", channelId));
+  if (present && present->Rows() > 0 && present->Int(0, 0) == state) return true;
+  return connection.Execute(StateStatement(channelId, state));
 }
 
 bool DeleteChannel(Store& store, int channelId) {

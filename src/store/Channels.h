@@ -61,6 +61,8 @@ bool LoadChannelContents(Store& store, std::vector<ChannelContents>& out);
 bool RenameChannel(Store& store, int channelId, std::string_view title);
 bool MoveChannel(Store& store, int channelId, int folderId);
 bool SetChannelState(Store& store, int channelId, int state);
+// Sets the state through `connection`; runs no statement that writes when the channel has it.
+bool SetChannelState(Connection& connection, int channelId, int state);
 
 // Deletes the channel and its posts. When one statement fails, the next one still runs. Returns
 // false when one failed.

@@ -26,6 +26,18 @@ void Like(sqlite3_context* context, int, sqlite3_value** arguments) {
                                           store->TextCodePage()));
 }
 
+int WaitForOtherProgram(void* store, int tries) FEEDLOOM_NO_THREAD_SAFETY_ANALYSIS {
+  return static_cast<Store*>(store)->WaitForOtherProgram(tries) ? 1 : 0;
+}
+
+// Keeps the write-ahead log when the last connection is closed. A database in another mode has
+// none.
+void KeepLog(sqlite3* handle) {
+  int keep = 1;
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  sqlite3_file_control(handle, "main", SQLITE_FCNTL_PERSIST_WAL, &keep);
+}
+
 }  // namespace
 
 void ResultTable::Free::operator()(char** cells) const { sqlite3_free_table(cells); }
@@ -52,35 +64,38 @@ Connection::Connection(Store& store) : store_(store) {
   }
   sqlite3_create_function(handle_, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, &store, Like,
                           nullptr, nullptr);
+  sqlite3_busy_handler(handle_, WaitForOtherProgram, &store);
+  KeepLog(handle_);
 }
 
-Connection::~Connection() {
-  if (keepsJournalFile_) SetJournalMode("PRAGMA journal_mode = DELETE");
-  sqlite3_close(handle_);
+Connection::~Connection() { sqlite3_close(handle_); }
+
+Connection::Operation::Operation(Connection& connection) : connection_(connection) {
+  connection_.store_.EnterStoreBusy();
+  connection_.inOperation_ = true;
 }
 
-void Connection::KeepJournalFile() {
-  keepsJournalFile_ = true;
-  SetJournalMode("PRAGMA journal_mode = PERSIST");
+Connection::Operation::~Operation() {
+  connection_.inOperation_ = false;
+  connection_.store_.LeaveStoreBusy();
 }
 
-// A failure is not reported: the journal mode only saves time, and when the file itself is the
-// reason, the next statement reports it.
-void Connection::SetJournalMode(const char* pragma) {
-  const MutexLock lock(store_.Lock());
-  sqlite3_exec(handle_, pragma, nullptr, nullptr, nullptr);
+// Calls `statements` under the store's lock, with the pauses unless the operation has them.
+template <typename Statements>
+void Connection::Paced(Statements statements) {
+  if (!inOperation_) store_.EnterStoreBusy();
+  {
+    const MutexLock lock(store_.Lock());
+    statements();
+  }
+  if (!inOperation_) store_.LeaveStoreBusy();
 }
 
 template <typename Statement>
 bool Connection::Run(Statement statement) {
   char* message = nullptr;
   int status = SQLITE_OK;
-  store_.EnterStoreBusy();
-  {
-    const MutexLock lock(store_.Lock());
-    status = statement(&message);
-  }
-  store_.LeaveStoreBusy();
+  Paced([&] { status = statement(&message); });
   if (status == SQLITE_OK) return true;
   store_.ReportStoreError(message != nullptr ? message : sqlite3_errstr(status));
   sqlite3_free(message);
@@ -105,7 +120,42 @@ bool Connection::Execute(const std::string& sql) {
   });
 }
 
-int Connection::RowsChanged() const { return sqlite3_changes(handle_); }
+Changes Connection::ExecuteTogether(std::span<const std::string> statements) {
+  Changes changes;
+  std::vector<std::string> failures;
+  Paced([&] { changes = Transact(statements, failures); });
+  for (const std::string& failure : failures) store_.ReportStoreError(failure);
+  return changes;
+}
+
+// The transaction takes the write lock at its beginning, where it can still wait for another
+// program. After a rollback by SQLite it begins again with the next statement.
+Changes Connection::Transact(std::span<const std::string> statements,
+                             std::vector<std::string>& failures) {
+  Changes changes;
+  for (const std::string& sql : statements) {
+    if (sqlite3_get_autocommit(handle_) != 0) {
+      changes = {0, changes.failed + changes.rows};
+      if (!Step("Begin Immediate", failures)) return {0, static_cast<int>(statements.size())};
+    }
+    if (Step(sql.c_str(), failures)) {
+      changes.rows += sqlite3_changes(handle_);
+    } else {
+      ++changes.failed;
+    }
+  }
+  if (sqlite3_get_autocommit(handle_) == 0) {
+    if (Step("Commit", failures)) return changes;
+    Step("Rollback", failures);
+  }
+  return {0, changes.failed + changes.rows};
+}
+
+bool Connection::Step(const char* sql, std::vector<std::string>& failures) {
+  if (sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr) == SQLITE_OK) return true;
+  failures.emplace_back(sqlite3_errmsg(handle_));
+  return false;
+}
 
 std::optional<ResultTable> QueryOnce(Store& store, const std::string& sql) {
   Connection connection(store);

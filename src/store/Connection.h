@@ -4,7 +4,9 @@
 #include <initializer_list>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "store/Store.h"
 
@@ -36,7 +38,15 @@ class ResultTable {
   int columns_;
 };
 
-// A connection to the database. An object belongs to one thread.
+// What a series of statements has changed.
+struct Changes {
+  int rows = 0;    // inserted, updated or deleted, and committed
+  int failed = 0;  // statements that failed or were not run, or whose rows were lost again
+};
+
+// A connection to the database. An object belongs to one thread. Closing it copies nothing from the
+// write-ahead log into the database's file: with a connection for each operation, each would pay
+// for that.
 class Connection {
  public:
   // Opens the database of `store`, which must outlive the object. When that fails, reports "Can't
@@ -54,22 +64,36 @@ class Connection {
   std::optional<ResultTable> Query(const std::string& sql);
   bool Execute(const std::string& sql);
 
-  // The number of rows that the last successful Execute has inserted, updated or deleted.
-  int RowsChanged() const;
+  // Runs each of `statements` (complete ones) even after one has failed, together as one
+  // transaction under one hold of the store's lock. Failures are reported behind the last one. When
+  // SQLite rolls the transaction back by itself (a full disk), the rows so far are lost.
+  Changes ExecuteTogether(std::span<const std::string> statements);
 
-  // Keeps the rollback journal's file until the connection ends, instead of creating and deleting
-  // it for each statement. Saves time for a connection that writes many times.
-  void KeepJournalFile();
+  // While the object lives, the statements of `connection` are one operation: the store's pauses
+  // come once, before the first statement and behind the last one.
+  class Operation {
+   public:
+    explicit Operation(Connection& connection);
+    ~Operation();
+    Operation(const Operation&) = delete;
+    Operation& operator=(const Operation&) = delete;
+
+   private:
+    Connection& connection_;
+  };
 
  private:
+  template <typename Statements>
+  void Paced(Statements statements);
   template <typename Statement>
   bool Run(Statement statement);
-  void SetJournalMode(const char* pragma);
+  Changes Transact(std::span<const std::string> statements, std::vector<std::string>& failures);
+  bool Step(const char* sql, std::vector<std::string>& failures);
 
   Store& store_;
   sqlite3* handle_ = nullptr;
   bool open_ = false;
-  bool keepsJournalFile_ = false;
+  bool inOperation_ = false;
 };
 
 // Runs `sql` on a connection of its own and returns its rows; none after a failure, which is

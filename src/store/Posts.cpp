@@ -1,5 +1,8 @@
 #include "store/Posts.h"
 
+#include <unordered_set>
+#include <utility>
+
 #include "store/Connection.h"
 #include "store/IdStatement.h"
 #include "store/PostColumns.h"
@@ -45,6 +48,42 @@ bool LoadContainer(Store& store, const std::string& containerSql, Read read,
   AppendPosts(*table, layout, posts);
   return true;
 }
+
+using Links = std::unordered_set<std::string>;
+
+// The links that the channel holds; none after a failure.
+std::optional<Links> LinksOf(Connection& connection, int channelId) {
+  const auto table = connection.Query(
+      FormatSql("Select post_link From TB_POST Where post_channelID = %d and post_link is not null",
+                channelId));
+  if (!table) return std::nullopt;
+  Links links;
+  for (int row = 0; row < table->Rows(); ++row) links.insert(table->Text(row, 0));
+  return links;
+}
+
+// The link is asked for again, because another program may have stored the post meanwhile.
+std::string InsertStatement(int channelId, const NewPost& post) {
+  return FormatSql(
+      "Insert Into TB_POST(post_channelID, post_title, post_link, post_pubDate, post_Desc, "
+      "post_ispodcast) Select %d, '%s', '%s', '%s', '%s', %d Where not exists (Select post_id "
+      "From TB_POST Where post_channelID = %d and post_link = '%s');",
+      channelId, post.title, post.link, post.published, post.description, post.isPodcast, channelId,
+      post.link);
+}
+
+// The statements of one transaction: few enough that other threads and programs wait only a moment,
+// and that a stop comes soon.
+struct Slice {
+  void Add(std::string statement) {
+    size += statement.size();
+    statements.push_back(std::move(statement));
+  }
+  bool IsFull() const { return statements.size() >= 50 || size >= (256u << 10); }
+
+  std::vector<std::string> statements;
+  std::size_t size = 0;
+};
 
 }  // namespace
 
@@ -131,21 +170,27 @@ bool FindPost(Store& store, int postId, std::vector<PostRow>& out) {
   return table.has_value();
 }
 
-InsertedPosts InsertChannelPosts(Connection& connection, const ChannelRecord& record,
-                                 std::stop_token stop) {
-  InsertedPosts inserted;
+Changes InsertChannelPosts(Connection& connection, const ChannelRecord& record,
+                           std::stop_token stop) {
+  auto known = LinksOf(connection, record.id);
+  if (!known) return {.failed = static_cast<int>(record.posts.size())};
+  Changes all;
+  Slice slice;
+  const auto store = [&] {
+    const Changes changes = connection.ExecuteTogether(std::exchange(slice, {}).statements);
+    all = {all.rows + changes.rows, all.failed + changes.failed};
+  };
   for (const NewPost& post : record.posts) {
-    if (stop.stop_requested()) return {inserted.count, false};
-    const bool done = connection.Execute(FormatSql(
-        "Insert Into TB_POST(post_channelID, post_title, post_link, post_pubDate, post_Desc, "
-        "post_ispodcast) Select %d, '%s', '%s', '%s', '%s', %d Where not exists (Select post_id "
-        "From TB_POST Where post_channelID = %d and post_link = '%s');",
-        record.id, post.title, post.link, post.published, post.description, post.isPodcast,
-        record.id, post.link));
-    inserted.complete = inserted.complete && done;
-    if (done) inserted.count += connection.RowsChanged();
+    if (!known->insert(UnescapeEntities(post.link)).second) continue;
+    if (stop.stop_requested()) {
+      ++all.failed;
+      continue;
+    }
+    slice.Add(InsertStatement(record.id, post));
+    if (slice.IsFull()) store();
   }
-  return inserted;
+  if (!slice.statements.empty()) store();
+  return all;
 }
 
 bool DeletePosts(Store& store, std::span<const int> postIds) {

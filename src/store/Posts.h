@@ -8,12 +8,11 @@
 #include <stop_token>
 #include <vector>
 
+#include "store/Connection.h"
 #include "store/Rows.h"
 #include "store/Store.h"
 
 namespace feedloom {
-
-class Connection;
 
 // Load a container's own fields and its posts, newest first, posts of the same date by title. The
 // two functions that load several containers read the fields of the first container and append the
@@ -26,15 +25,13 @@ bool LoadAllCabinetsWithPosts(Store& store, CabinetWithPosts& out);
 // Appends the post with this id to `out`, if there is one. Returns false after a failure.
 bool FindPost(Store& store, int postId, std::vector<PostRow>& out);
 
-struct InsertedPosts {
-  int count = 0;         // of the posts that are new
-  bool complete = true;  // no post failed, and no stop was requested
-};
 // Adds the posts of `record` to its channel, in their order, unread and with the present time as
 // their creation date. A post whose link the channel holds already is left out; the stored one is
-// not changed. When a post fails, the next one is tried. Returns early when `stop` is requested.
-InsertedPosts InsertChannelPosts(Connection& connection, const ChannelRecord& record,
-                                 std::stop_token stop = {});
+// not changed. When a post fails, the next one is tried. The posts are committed some fifty at a
+// time. Returns the number of those that are new in the store, and of those that are missing from
+// it: they failed, or `stop` was requested before them.
+Changes InsertChannelPosts(Connection& connection, const ChannelRecord& record,
+                           std::stop_token stop = {});
 
 // Return false after a failure. An empty list of ids deletes every row of the table.
 bool DeletePosts(Store& store, std::span<const int> postIds);

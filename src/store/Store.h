@@ -16,6 +16,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <thread>
 
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
@@ -33,12 +34,15 @@ using ErrorReport = std::function<void(std::string_view text)>;
 
 // The store of a process. It must outlive every thread that runs operations. An operation opens a
 // connection of its own, runs its statements and closes it. Two threads of one process never find
-// the file locked, because each statement runs under Lock().
+// the file locked, because each statement runs under Lock(). A statement that finds the file locked
+// by another program waits before it fails: 1 s on the interface thread, 5 s on others.
 class Store {
  public:
   // `dbPath` is in the file system's encoding. When there is no such file, operations report
-  // SQLite's error. `clock` must outlive the object.
-  Store(std::string dbPath, CodePage codePage, Clock& clock, ErrorReport report);
+  // SQLite's error. `clock` must outlive the object. `interfaceThread` is the thread that must not
+  // wait for long; a program without windows has none.
+  Store(std::string dbPath, CodePage codePage, Clock& clock, ErrorReport report,
+        std::thread::id interfaceThread = {});
 
   const std::string& DbPath() const { return dbPath_; }
   CodePage TextCodePage() const { return codePage_; }
@@ -52,15 +56,21 @@ class Store {
   void EnterStoreBusy();
   void LeaveStoreBusy();
 
-  // Held for one SQL statement at a time, never during a pause, a download or a parse. It guards
-  // the refresh queue too.
+  // Held for one SQL statement, or one short transaction, at a time; never during a pause, a
+  // download or a parse. It guards the refresh queue too.
   Mutex& Lock() { return lock_; }
+
+  // Called by a thread that holds the lock and has found the file locked by another program `tries`
+  // times already. Lets the lock go, waits a moment, and takes the lock again. Returns false at
+  // once when the thread has waited long enough.
+  bool WaitForOtherProgram(int tries) FEEDLOOM_REQUIRES(lock_);
 
  private:
   const std::string dbPath_;
   const CodePage codePage_;
   Clock& clock_;
   const ErrorReport report_;
+  const std::thread::id interfaceThread_;
   std::atomic<bool> busy_ = false;
   Mutex lock_;
 };

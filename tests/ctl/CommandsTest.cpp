@@ -86,12 +86,12 @@ TEST_F(Commands, RefreshTellsEachChannelAndFailsWhenOneFails) {
   EXPECT_EQ(RunJson("list")["folders"][1]["channels"][0]["state"], -2);
   Serve("/b", 2);
   const json run = RunJson("refresh --channel 3");
-  EXPECT_EQ(run["channels"].dump(), R"([{"id":3,"new":2,"result":"ok","title":"Feed &/b"}])");
+  EXPECT_EQ(run["channels"].dump(),
+            R"([{"id":3,"new":2,"notStored":0,"result":"ok","title":"Feed &/b"}])");
   EXPECT_EQ(RunJson("refresh --folder 1")["newPosts"], 0);
   EXPECT_EQ(server_.Requests("/b"), 3);
 }
 
-// One may find the database locked by another, and says so; a later refresh makes up for it.
 TEST_F(Commands, ProgramsOfOneProfileKeepOutOfEachOthersWorkFolders) {
   Serve("/a", 2);
   Run("add " + server_.Url("/a"));

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <ctime>
+#include <functional>
 #include <stop_token>
 
 #include "platform/Clock.h"
@@ -35,14 +36,19 @@ class ManualClock : public Clock {
   }
 
   void Pause(std::chrono::milliseconds duration, std::stop_token = {}) override {
-    const MutexLock lock(mutex_);
-    paused_ += duration;
+    {
+      const MutexLock lock(mutex_);
+      paused_ += duration;
+    }
+    onPause();
   }
 
   void Set(TimePoint now) {
     const MutexLock lock(mutex_);
     now_ = now;
   }
+
+  std::function<void()> onPause = [] {};  // called at the end of each pause
 
   // The sum of all pauses asked for.
   std::chrono::milliseconds TimePaused() const {

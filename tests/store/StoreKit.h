@@ -47,7 +47,7 @@ struct StatementLog {
   StatementLog();
   ~StatementLog();
   // The statements since the last call.
-  std::vector<std::string> Take();
+  static std::vector<std::string> Take();
 };
 
 // Holds the write lock of a database file, as another process would, while the object lives.

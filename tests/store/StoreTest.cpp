@@ -91,7 +91,7 @@ class StoreTest : public testing::Test {
     return find(store_, in..., id, order) ? Line(id, order) : "none ";
   }
 
-  InsertedPosts Insert(int channelId, std::vector<NewPost> posts, std::stop_token stop = {}) {
+  Changes Insert(int channelId, std::vector<NewPost> posts, std::stop_token stop = {}) {
     Connection connection(store_);
     return InsertChannelPosts(connection, {.id = channelId, .posts = std::move(posts)}, stop);
   }
@@ -221,17 +221,50 @@ TEST_F(SoundStore, RecordsShareTheHighestOrderAndEachAddressIsAddedOnce) {
 
 TEST_F(SoundStore, ANewPostIsUnreadAndDatedNowAndItsLinkStoredOnceForItsChannel) {
   db_.Sql("insert into TB_CHANNEL(channel_title) values('a'), ('b')");
-  EXPECT_EQ(Insert(1, {{"Tom's &lt;b&gt;", "x?a&amp;b='2'", "p", Korean("한글"), 1}}).count, 1);
+  EXPECT_EQ(Insert(1, {{"Tom's &lt;b&gt;", "x?a&amp;b='2'", "p", Korean("한글"), 1}}).rows, 1);
   db_.Sql(
       "update TB_POST set post_createDate = abs(julianday() - julianday(post_createDate)) < 0.01");
   EXPECT_EQ(Loaded<Posts>(FindPost, 1), Korean("1 0 1 한글 x?a&b='2' p Tom's <b>  a 1 1 "));
-  EXPECT_EQ(Insert(1, {{"2", "l"}, {"no", "l"}, {"3", ""}}).count, 2);
-  EXPECT_EQ(Insert(1, {{"no", "l"}, {"no", ""}}).count, 0);
-  EXPECT_TRUE(Insert(2, {{"4", "l"}}).complete);
+  EXPECT_EQ(Insert(1, {{"2", "l"}, {"no", "l"}, {"3", ""}}).rows, 2);
+  EXPECT_EQ(Insert(1, {{"no", "l"}, {"no", ""}}).rows, 0);
+  EXPECT_EQ(Insert(2, {{"4", "l"}}).failed, 0);
   std::stop_source stop;
   stop.request_stop();
-  EXPECT_FALSE(Insert(1, {{"no", "new"}}, stop.get_token()).complete);
+  EXPECT_EQ(Insert(1, {{"no", "new"}}, stop.get_token()).failed, 1);
   EXPECT_EQ(db_.Value("select group_concat(post_title) from TB_POST"), "Tom's <b>,2,3,4");
+}
+
+TEST_F(SoundStore, AChannelsPostsAreOneOperationAndThoseThatAreKnownCostOneLook) {
+  db_.Sql("insert into TB_CHANNEL(channel_state) values(-2)");
+  std::vector<NewPost> posts;
+  for (int i = 0; i < 120; ++i) posts.push_back({.link = "&lt;" + std::to_string(i)});
+  {
+    Connection connection(store_);
+    const Connection::Operation operation(connection);
+    const ChannelRecord record{.id = 1, .posts = posts};
+    EXPECT_EQ(InsertChannelPosts(connection, record).rows, 120);
+    EXPECT_TRUE(SetChannelState(connection, 1, 0));
+    const StatementLog log;
+    Connection later(store_);
+    const Connection::Operation other(later);
+    EXPECT_EQ(InsertChannelPosts(later, record).rows, 0);
+    EXPECT_TRUE(SetChannelState(later, 1, 0));
+    EXPECT_EQ(fmt::format("{}", fmt::join(StatementLog::Take(), ";")),
+              "Select post_link From TB_POST Where post_channelID = 1 and post_link is not null;"
+              "Select channel_state From TB_CHANNEL Where channel_id = 1");
+  }
+  EXPECT_EQ(db_.Clock().TimePaused(), std::chrono::milliseconds(20));
+  EXPECT_EQ(db_.Count("TB_POST, TB_CHANNEL where channel_state = 0"), 120);
+}
+
+TEST_F(SoundStore, WaitsForAnotherProgramAndLetsOtherThreadsGoOnMeanwhile) {
+  auto lock = std::make_unique<ForeignLock>(db_.DbPath());
+  db_.Clock().onPause = [&] {
+    if (db_.Clock().TimePaused() < std::chrono::milliseconds(4'900)) return;
+    const MutexLock otherThread(store_.Lock());
+    lock.reset();
+  };
+  EXPECT_EQ(AddCabinet(store_, "c", 1), 1);
 }
 
 TEST_F(SoundStore, MarkingAndDeletingReachJustTheNamedRowsAndWhatTheyHold) {
@@ -287,6 +320,14 @@ using FaultyStore = StoreTest;
 
 TEST_F(FaultyStore, MakesEveryOperationFailWithTheReason) {
   auto lock = std::make_unique<ForeignLock>(db_.DbPath());
+  for (const auto& [thread, seconds] :
+       {std::pair(std::thread::id(), 5), {std::this_thread::get_id(), 1}}) {
+    ManualClock clock;
+    Store store(
+        db_.DbPath(), CodePage::Korean(), clock, [](auto) {}, thread);
+    EXPECT_EQ(CountUnreadPosts(store), -1);
+    EXPECT_EQ(clock.TimePaused(), std::chrono::milliseconds(seconds * 1'000 + 20));
+  }
   ExpectFailures("database is locked");
   lock.reset();
   db_.Folder().Write("rssdb", std::string(8192, 'x'));
@@ -304,8 +345,8 @@ TEST_F(FaultyStore, AfterAStatementThatFailsTheNextOneRunsAndTheFailureIsRemembe
       "raise(fail, 'refused'); end; create trigger b before delete on TB_POST when old.post_id = 1 "
       "begin select raise(abort, 'kept'); end; insert into TB_CHANNEL(channel_folderID) values(1); "
       "create trigger c before insert on TB_CHANNEL begin select raise(abort, 'full'); end");
-  const InsertedPosts inserted = Insert(1, {{"a", "1"}, {"bad", "2"}, {"b", "3"}});
-  EXPECT_EQ(Line(inserted.count, inserted.complete), "2 false ");
+  const Changes inserted = Insert(1, {{"a", "1"}, {"bad", "2"}, {"b", "3"}});
+  EXPECT_EQ(Line(inserted.rows, inserted.failed), "2 1 ");
   db_.Sql("insert into TB_POST(post_id, post_channelID) values(1800, 2), (1801, 2)");
   Ids ids(1800);
   std::iota(ids.begin(), ids.end(), 1);
