@@ -48,16 +48,18 @@ void DirectorySearch::GiveUp() {
 
 void DirectorySearch::Request(const std::string& word, int number, OnAnswer onAnswer) {
   isRunning_ = true;
-  jobs_.Start([this, services = services_, service = service_, word, number,
-               onAnswer = std::move(onAnswer)](const std::stop_token& stop,
-                                               const BackgroundJobs::Tell& tell) {
-    Page result = RequestPage(*services, service, word, number, stop);
-    tell([this, word, number, onAnswer, page = std::move(result)]() mutable {
-      isRunning_ = false;
-      StoreResult(word, number, page.answer.isAnswered ? number : number - 1, page.total);
-      onAnswer(std::move(page.answer));
+  const auto take = [this, word, number, onAnswer = std::move(onAnswer)](Page page) {
+    isRunning_ = false;
+    StoreResult(word, number, page.answer.isAnswered ? number : number - 1, page.total);
+    onAnswer(std::move(page.answer));
+  };
+  const auto request = [services = services_, service = service_, word, number, take](
+                           const std::stop_token& stop, const BackgroundJobs::Tell& tell) {
+    tell([take, page = RequestPage(*services, service, word, number, stop)]() mutable {
+      take(std::move(page));
     });
-  });
+  };
+  jobs_.Start(request, [take] { take({}); });
 }
 
 // Called only when a request has ended: until then More continues the search before it.

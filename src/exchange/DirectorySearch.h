@@ -27,8 +27,8 @@ class DirectorySearch {
 
   // Requests the first page for `word` (in the module's code page) and gives up a request that is
   // running. `onAnswer` is called once on the owner's thread, soon after kDirectoryTimeLimit
-  // at the latest, unless the request is given up. It may begin or give up searches and may destroy
-  // the object.
+  // at the latest, unless the request is given up; without an answer, too, when the system refuses
+  // a thread. It may begin or give up searches and may destroy the object.
   void Begin(const std::string& word, OnAnswer onAnswer);
   // Requests the next page. Does nothing while a request is running, or without a next page.
   void More(OnAnswer onAnswer);

@@ -5,6 +5,8 @@
 namespace feedloom {
 namespace {
 
+constexpr char kThreadRefused[] = "the system refuses another thread";
+
 // Returns news whose functions call those of `news` on the owner's thread, with copies of the rows.
 ImportListener ForwardingNews(const ImportListener& news, const BackgroundJobs::Tell& tell) {
   return {.onFolder =
@@ -20,8 +22,11 @@ ImportListener ForwardingNews(const ImportListener& news, const BackgroundJobs::
 }  // namespace
 
 void OpmlImporter::Start(const ListSource& source, NameClash clash, ImportReceiver receiver) {
-  jobs_.Start([services = services_, source, clash, receiver = std::move(receiver)](
-                  const std::stop_token& stop, const BackgroundJobs::Tell& tell) {
+  const auto onRefusal = [onEnd = receiver.onEnd] {
+    onEnd({.sums = std::nullopt, .error = kThreadRefused});
+  };
+  const auto job = [services = services_, source, clash, receiver = std::move(receiver)](
+                       const std::stop_token& stop, const BackgroundJobs::Tell& tell) {
     LowerThreadPriority();
     ReadList list = ReadSubscriptions(*services, source, stop);
     ImportEnd end{.sums = std::nullopt, .error = std::move(list.error)};
@@ -30,7 +35,8 @@ void OpmlImporter::Start(const ListSource& source, NameClash clash, ImportReceiv
                                   ForwardingNews(receiver.news, tell), stop);
     }
     tell([onEnd = receiver.onEnd, end] { onEnd(end); });
-  });
+  };
+  jobs_.Start(job, onRefusal);
 }
 
 }  // namespace feedloom

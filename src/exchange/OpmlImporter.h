@@ -29,7 +29,8 @@ class OpmlImporter {
   OpmlImporter(SharedServices services, BackgroundJobs::Post toOwner)
       : services_(std::move(services)), jobs_(std::move(toOwner)) {}
 
-  // Starts an import, or queues it behind those that were started before. Returns at once.
+  // Starts an import, or queues it behind those that were started before. Returns at once. An
+  // import for which the system has no thread ends as one of a list that cannot be read.
   void Start(const ListSource& source, NameClash clash, ImportReceiver receiver);
 
  private:

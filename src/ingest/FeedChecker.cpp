@@ -29,13 +29,14 @@ class AnswerReceiver : public MessageTarget {
 void FeedChecker::Start(const std::string& address,
                         std::function<void(const FeedCheckAnswer&)> onAnswer) {
   Stop();
-  jobs_.Start([services = services_, address, onAnswer = std::move(onAnswer)](
-                  const std::stop_token& stop, const BackgroundJobs::Tell& tell) {
+  const auto check = [services = services_, address, onAnswer](const std::stop_token& stop,
+                                                               const BackgroundJobs::Tell& tell) {
     LowerThreadPriority();
     AnswerReceiver receiver;
     CheckFeed(*services, receiver, address, stop);
     tell([onAnswer, answer = receiver.Answer()] { onAnswer(answer); });
-  });
+  };
+  jobs_.Start(check, [onAnswer] { onAnswer({}); });
 }
 
 }  // namespace feedloom

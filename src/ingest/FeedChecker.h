@@ -17,7 +17,8 @@ class FeedChecker {
       : services_(std::move(services)), jobs_(std::move(toOwner)) {}
 
   // Stops the current check and starts one of `address` (in the module's code page). `onAnswer` is
-  // called once, on the owner's thread; it may call Start and Stop, and may destroy the checker.
+  // called once, on the owner's thread, after Start has returned; it may call Start and Stop, and
+  // may destroy the checker. An address is no feed when the system refuses a thread to check it.
   void Start(const std::string& address, std::function<void(const FeedCheckAnswer&)> onAnswer);
 
   // Stops the current check. Its `onAnswer` is not called any more, even when the answer has been

@@ -10,8 +10,8 @@ namespace feedloom {
 // the object. Only the owner's thread may call the functions; only the destructor waits for a job.
 class BackgroundJobs {
  public:
-  // Passes `work` to the owner's thread, or drops it, and returns without waiting for it. Called on
-  // a job's thread, and never after the object has been destroyed.
+  // Queues `work` for the owner's thread, or drops it, and returns without running it. Called on a
+  // job's thread, or in Start on the owner's, and never after the object has been destroyed.
   using Post = std::function<void(std::function<void()> work)>;
   // Reports to the owner: `news` runs on the owner's thread, unless the job was stopped before.
   // `news` may start and stop jobs, and may destroy the object.
@@ -25,8 +25,9 @@ class BackgroundJobs {
   BackgroundJobs& operator=(const BackgroundJobs&) = delete;
 
   // `job` begins when all earlier jobs have returned. A job that is stopped before it begins is
-  // still called, with its stop requested.
-  void Start(Job job);
+  // still called, with its stop requested. When the system refuses a thread, `job` is not called;
+  // `onRefusal` is then told to the owner like news, after Start has returned.
+  void Start(Job job, std::function<void()> onRefusal);
   // Requests a stop of all jobs started so far. None of their news runs after this call.
   void StopAll();
 

@@ -130,7 +130,7 @@ void CRSS_MainFrame::BeginLife(StartContent start) {
   SetPreviewMode();
   for (const std::string& failure : start.failures) ReportMessage(failure);
   state_.unreadTotal = state_.announcedTotal = start.unread;
-  const auto toHere = [thread = interfaceThread_](auto work) { thread->Run(std::move(work)); };
+  const auto toHere = [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); };
   feedChecker_ = std::make_unique<FeedChecker>(services_, toHere);
   importer_ = std::make_unique<OpmlImporter>(services_, toHere);
   refresh_ = std::make_unique<FrameRefresh>(

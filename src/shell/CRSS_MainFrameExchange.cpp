@@ -74,7 +74,7 @@ void CRSS_MainFrame::OnListImported(bool isRead) {
 std::unique_ptr<DirectorySearch> CRSS_MainFrame::MakeDirectorySearch() {
   return std::make_unique<DirectorySearch>(
       services_, skin_.GetText(kSectionTexts, kTextDirectoryService),
-      [thread = interfaceThread_](auto work) { thread->Run(std::move(work)); });
+      [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); });
 }
 
 }  // namespace feedloom

@@ -29,6 +29,12 @@ void InterfaceThread::Run(std::function<void()> work) {
   work();
 }
 
+void InterfaceThread::Queue(std::function<void()> work) {
+  const MutexLock lock(mutex_);
+  if (!receiver_) return;
+  QMetaObject::invokeMethod(receiver_.get(), std::move(work), Qt::QueuedConnection);
+}
+
 void InterfaceThread::RunAndWait(std::function<void()> work) {
   {
     const MutexLock lock(mutex_);

@@ -13,8 +13,8 @@ class QObject;
 namespace feedloom {
 
 // Create and close it on the interface thread; once closed, any thread may destroy it. Threads that
-// may outlive its creator hold it by a shared pointer. Any thread may call Run and RunAndWait, also
-// after Close: they then return at once and run nothing.
+// may outlive its creator hold it by a shared pointer. Any thread may call Run, Queue and
+// RunAndWait, also after Close: they then return at once and run nothing.
 class InterfaceThread {
  public:
   InterfaceThread();
@@ -25,6 +25,9 @@ class InterfaceThread {
   // Runs `work` on the interface thread. Called on the interface thread, it runs `work` at once;
   // called on another thread, it queues `work` and returns without waiting.
   void Run(std::function<void()> work);
+
+  // Queues `work` and returns without running it, also on the interface thread.
+  void Queue(std::function<void()> work);
 
   // Runs `work` on the interface thread and returns when it is done, or when Close is called
   // meanwhile. In the latter case `work` may still be running, so it must own what it uses.

@@ -8,6 +8,7 @@
 #include "ingest/CheckClock.h"
 #include "ingest/IngestKit.h"
 #include "kit/Inbox.h"
+#include "kit/ThreadRefusal.h"
 
 namespace feedloom {
 namespace {
@@ -107,6 +108,9 @@ TEST_F(Searching, TakesPageAfterPageAndAgainOneThatFailed) {
   kit_.server.Fail(Query(2), 500);
   EXPECT_EQ(AfterMore(), "none ");
   Serve(2, 73);
+  std::optional<ThreadRefusal> refusal(std::in_place);
+  EXPECT_EQ(AfterMore(), "none ");
+  refusal.reset();
   search_->More(receiver_);
   EXPECT_EQ(AfterMore(), "23:73 ") << "one page, though asked for twice";
   EXPECT_EQ(search_->Total(), 73);

@@ -9,6 +9,7 @@
 #include "ingest/RefreshEngine.h"
 #include "kit/FeedDocuments.h"
 #include "kit/Inbox.h"
+#include "kit/ThreadRefusal.h"
 
 namespace feedloom {
 namespace {
@@ -52,9 +53,15 @@ TEST_F(Importer, TellsEachRowAndTheEndOneImportAfterTheOtherWhileARefreshAddsPos
   StartDocument("no", "<html/>");
   StartDocument("b", OpmlDocument(NumberedFolder("A", 1)));
   ASSERT_TRUE(inbox_.DoUntil([&] { return ends_ == 3; }));
+  std::optional<ThreadRefusal> refusal(std::in_place);
+  Start({});
+  refusal.reset();
+  ASSERT_TRUE(inbox_.DoUntil([&] { return ends_ == 4; }));
   ASSERT_TRUE(host.WaitFor([](auto& sent) { return sent.message == kMessageRefreshEnded; },
                            std::chrono::seconds(20), 1));
-  EXPECT_EQ(news_, "A(1): 1=c1 1=c2 2 added this is not OPML A-1(2): 2=c1 1 added ");
+  EXPECT_EQ(news_,
+            "A(1): 1=c1 1=c2 2 added this is not OPML A-1(2): 2=c1 1 added "
+            "the system refuses another thread ");
   EXPECT_EQ(kit_.db.Reports(), std::vector<std::string>());
   EXPECT_EQ(kit_.db.Count("TB_CHANNEL") + kit_.db.Count("TB_POST"), 104);
 }

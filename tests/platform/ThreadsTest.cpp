@@ -17,13 +17,15 @@ using namespace std::chrono_literals;
 
 class Jobs : public testing::Test {
  protected:
-  // The job notes its name, with "!" when it was stopped, and tells it.
+  // The job notes its name, with "!" when it was stopped, and tells it. Of one that gets no thread
+  // "-" is heard.
   void Start(const std::string& name, bool lastsUntilStopped = false) {
-    jobs_->Start([=, this](auto& stop, auto& tell) {
+    const auto job = [=, this](auto& stop, auto& tell) {
       if (lastsUntilStopped) SystemClock().Pause(24h, stop);
       ran_ += stop.stop_requested() ? name + "!" : name;  // jobs run one after the other
       tell([this, name] { heard_ += name; });
-    });
+    };
+    jobs_->Start(job, [this] { heard_ += "-"; });
   }
 
   Inbox inbox_;
@@ -52,8 +54,23 @@ TEST_F(Jobs, TheEndStopsThemAndWaitsForThemAndDropsNewsOnTheirWay) {
 }
 
 TEST_F(Jobs, WhoHearsTheNewsMayEndThem) {
-  jobs_->Start([this](auto&, auto& tell) { tell([this] { jobs_.reset(); }); });
+  jobs_->Start([this](auto&, auto& tell) { tell([this] { jobs_.reset(); }); }, {});
   EXPECT_TRUE(inbox_.DoUntil([this] { return !jobs_; }));
+}
+
+TEST_F(Jobs, WithoutAThreadTellTheirOwnerLaterAndTheOthersGoOn) {
+  Start("a", true);
+  {
+    const ThreadRefusal refusal;
+    for (const char* name : {"b", "c"}) Start(name);
+    EXPECT_EQ(heard_, "");
+    EXPECT_TRUE(inbox_.DoUntil([this] { return heard_ == "--"; }));
+    Start("d");
+  }
+  jobs_->StopAll();
+  Start("e");
+  EXPECT_TRUE(inbox_.DoUntil([this] { return heard_ == "--e"; }));
+  EXPECT_EQ(ran_, "a!e");
 }
 
 TEST(ThreadTest, StartsOrTellsThatTheSystemRefusesIt) {

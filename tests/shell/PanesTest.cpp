@@ -5,6 +5,7 @@
 #include "exchange/ListDocuments.h"
 #include "ingest/FeedCheckAnswer.h"
 #include "kit/FeedDocuments.h"
+#include "kit/ThreadRefusal.h"
 #include "shell/ModuleFixture.h"
 
 namespace feedloom {
@@ -76,6 +77,11 @@ TEST_F(Panes, AChannelIsCheckedAddedAndRefreshedFromTheServerToTheScreen) {
   std::string checked;
   TheFrame().CheckFeed(server_.Url("/new.xml"), [&](const auto& feed) { checked += feed.title; });
   EXPECT_TRUE(WaitUntil([&] { return checked == "Daily &amp; more"; })) << checked;
+  std::optional<ThreadRefusal> refusal(std::in_place);
+  TheFrame().CheckFeed(server_.Url("/new.xml"), [&](const auto& feed) { checked = feed.title; });
+  refusal.reset();
+  EXPECT_NE(checked, "");  // the dialog is told later, when it waits
+  EXPECT_TRUE(WaitUntil([&] { return checked.empty(); }));
   answers_.Next([](QDialog& dialog) {
     QTest::keyClick(&dialog, Qt::Key_Return);
     const auto boxes = dialog.findChildren<QLineEdit*>();

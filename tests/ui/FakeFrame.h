@@ -50,7 +50,7 @@ struct FakeFrame : Frame {
                             workFolder.Path()};
     return std::make_unique<DirectorySearch>(
         std::make_shared<IngestServices>(std::move(services)), directoryService,
-        [thread = interfaceThread](auto work) { thread->Run(std::move(work)); });
+        [thread = interfaceThread](auto work) { thread->Queue(std::move(work)); });
   }
   void FolderWasAdded(const FolderRow& row) override { added.emplace_back(row.name, row.order); }
   void CabinetWasAdded(const CabinetRow& row) override { added.emplace_back(row.title, row.order); }
