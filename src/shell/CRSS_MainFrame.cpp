@@ -47,7 +47,8 @@ void SendToWindow(QWidget* window, unsigned number, std::intptr_t lParam) {
 
 }  // namespace
 
-CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWidget* parent)
+CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Settings& liveSettings,
+                               QWidget* parent)
     : VxSplitter(Qt::Horizontal, parent),
       interfaceThread_(std::make_shared<InterfaceThread>()),
       registry_(paths.registry),
@@ -61,6 +62,7 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWid
       services_(std::make_shared<IngestServices>(
           IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir(),
                          FeedMemoryPath(skin_.Config().GetWorkDir())})),
+      state_(liveSettings),
       actions_(MakeFrameActions(*this)) {
   settings_ = LoadFrameSettings(registry_);
   auto start = ReadStart(store_->DbPath(), store_->TextCodePage(), settings_);

@@ -35,7 +35,9 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
  public:
   // Builds the panes, reads the stored settings, deletes old posts when the settings want it, fills
   // the tree and shows the main page. A store that cannot be read is reported to the host.
-  CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, QWidget* parent);
+  // `liveSettings`, which become SharedState's, must outlive the frame.
+  CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Settings& liveSettings,
+                 QWidget* parent);
 
   // Stops the refresh, the import and the feed check, and backs the database up.
   ~CRSS_MainFrame() override;

@@ -11,8 +11,10 @@
 namespace feedloom {
 namespace {
 
-// The module's only state; null while there is no frame.
+// The module's state: its frame, null while there is none, and the settings in effect, which stay
+// when the host replaces the frame.
 QPointer<CRSS_MainFrame> theFrame;
+Settings theLiveSettings;
 
 __attribute__((constructor)) void OnLoad() { PrepareBrowser(); }
 
@@ -24,7 +26,8 @@ QWidget* Create(feedloom::HostCallback HostGetText, feedloom::HostCallback HostG
   using namespace feedloom;
   if (parent == nullptr || qApp == nullptr || theFrame) return nullptr;
   try {
-    theFrame = new CRSS_MainFrame({HostGetText, HostGetSkinValue}, FindModulePaths(), parent);
+    theFrame = new CRSS_MainFrame({HostGetText, HostGetSkinValue}, FindModulePaths(),
+                                  theLiveSettings, parent);
   } catch (const std::exception&) {
     return nullptr;
   }

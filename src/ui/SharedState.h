@@ -18,6 +18,9 @@ struct DiscoveredFeed {
 enum class ListMode { Selection = 0, WebDirectory = 1, Today = 2 };
 
 struct SharedState {
+  // `live` must outlive the object.
+  explicit SharedState(Settings& live) : liveSettings(live) {}
+
   // The number of unread posts: counted at the start (-1 when the store could not be read), then
   // raised by new posts and lowered by reading posts and deleting rows.
   int unreadTotal = 0;
@@ -29,8 +32,9 @@ struct SharedState {
   // The feeds of the latest web page, in the page's order. Pages that the module generates do not
   // change them.
   std::vector<DiscoveredFeed> discoveredFeeds;
-  // The settings in effect: all zero until the user confirms the control panel.
-  Settings liveSettings;
+  // The settings in effect: all zero until the user confirms the control panel. They are the
+  // module's, and outlive the frame: a host that makes another frame keeps them.
+  Settings& liveSettings;
 };
 
 }  // namespace feedloom

@@ -86,7 +86,8 @@ struct FakeFrame : Frame {
   ShippedSkin skin;
   const Skin* shownSkin = &skin.Get();
   TempFolder workFolder;
-  SharedState state;
+  Settings liveSettings;
+  SharedState state{liveSettings};
   Actions actions;
   RefreshQueue queue;
   std::shared_ptr<InterfaceThread> interfaceThread = std::make_shared<InterfaceThread>();
