@@ -8,4 +8,8 @@ std::string AppendCount(std::string_view name, int count) {
   return label;
 }
 
+std::string StripCount(std::string_view label) {
+  return std::string(label.substr(0, label.rfind('(')));
+}
+
 }  // namespace feedloom
