@@ -36,7 +36,8 @@ Keys SortKeys(std::span<const std::string_view> texts, CodePage codePage) {
 }
 
 // A collation key takes several microseconds, which is most of the time of a sort. So the keys of a
-// long list are made by several threads.
+// long list are made by several threads. A share that the system refuses a thread, std::async
+// leaves to this one.
 Keys SortKeysParallel(std::span<const std::string_view> texts, CodePage codePage) {
   constexpr std::size_t kMinPerThread = 5'000;
   const std::size_t shares = At(std::max(QThread::idealThreadCount(), 1));

@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QSignalSpy>
 
+#include "kit/ThreadRefusal.h"
 #include "store/StoreKit.h"
 #include "ui/PostList.h"
 #include "ui/list/PostListModel.h"
@@ -82,7 +83,7 @@ TEST_F(PostListModelTest, SortsByEachColumnAndBack) {
   EXPECT_EQ(apple.data(), "apple");
 }
 
-TEST_F(PostListModelTest, SortsManyTitlesInSeveralThreads) {
+TEST_F(PostListModelTest, SortsManyTitlesInSeveralThreadsAndInOneWhenTheSystemRefusesMore) {
   PostList list;
   for (int i = 0; i < 20'000; ++i) {
     list.posts.emplace_back().title = std::to_string((i * 7'919) % 20'000 + 10'000);
@@ -90,6 +91,9 @@ TEST_F(PostListModelTest, SortsManyTitlesInSeveralThreads) {
   model_.Fill(std::move(list));
   model_.sort(kTitleColumn, Qt::AscendingOrder);
   for (int row = 0; row < 20'000; ++row) ASSERT_EQ(Text(row, 1).toInt(), 10'000 + row);
+  const ThreadRefusal refusal;
+  model_.sort(kTitleColumn, Qt::DescendingOrder);
+  for (int row = 0; row < 20'000; ++row) ASSERT_EQ(Text(row, 1).toInt(), 29'999 - row);
 }
 
 }  // namespace
