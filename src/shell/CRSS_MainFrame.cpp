@@ -56,7 +56,7 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Sett
       store_(std::make_shared<Store>(
           GetDbPath(paths.module), skin_.Config().GetCodePage(), SystemClock(),
           [this, thread = interfaceThread_](std::string_view text) {
-            thread->Run([this, copy = std::string(text)] { ReportMessage(copy); });
+            thread->Run([this, copy = std::string(text)] { ReportFailure(copy); });
           },
           std::this_thread::get_id())),
       services_(std::make_shared<IngestServices>(
@@ -65,26 +65,36 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Sett
       state_(liveSettings),
       actions_(MakeFrameActions(*this)) {
   settings_ = LoadFrameSettings(registry_);
-  auto start = ReadStart(store_->DbPath(), store_->TextCodePage(), settings_);
-  BuildPanes();
-  ShowMainPage();
-  BeginLife(start.get());
+  try {
+    FirstReading reading(*store_, settings_);
+    BuildPanes();
+    ShowMainPage();
+    BeginLife(reading);
+  } catch (...) {
+    TakeDown();
+    throw;
+  }
+}
+
+CRSS_MainFrame::~CRSS_MainFrame() {
+  TakeDown();
+  BackupDatabase(*store_);
 }
 
 // The panes use members of the frame and must be deleted before them. StopRefresh comes first, so
 // that no thread sends the panes a message while they are deleted.
-CRSS_MainFrame::~CRSS_MainFrame() {
+void CRSS_MainFrame::TakeDown() {
   StopRefresh();
   delete left_;
   delete rightTop_;
   delete rightBottom_;
-  BackupDatabase(*store_);
 }
 
 void CRSS_MainFrame::StopRefresh() {
   interfaceThread_->Close();
   feedChecker_.reset();
   importer_.reset();
+  retry_.reset();
   refresh_.reset();
 }
 
@@ -128,10 +138,8 @@ void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
   keys->AddMenuKey(*rightTop_);
 }
 
-void CRSS_MainFrame::BeginLife(StartContent start) {
+void CRSS_MainFrame::BeginLife(FirstReading& reading) {
   SetPreviewMode();
-  for (const std::string& failure : start.failures) ReportMessage(failure);
-  state_.unreadTotal = state_.announcedTotal = start.unread;
   const auto toHere = [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); };
   feedChecker_ = std::make_unique<FeedChecker>(services_, toHere);
   importer_ = std::make_unique<OpmlImporter>(services_, toHere);
@@ -144,7 +152,9 @@ void CRSS_MainFrame::BeginLife(StartContent start) {
         OnRefreshMessage(number);
         return std::intptr_t{0};
       });
-  left_->ShowTree(std::move(start.tree));
+  StartContent start = reading.Finish();
+  for (const std::string& failure : reading.Failures()) ReportFailure(failure);
+  ShowStart(std::move(start));
 }
 
 // Messages of the host and of the refresh.
@@ -308,6 +318,7 @@ void CRSS_MainFrame::ShowNewPostNotification() {
 // The functions of the interface Frame.
 
 void CRSS_MainFrame::ReportMessage(std::string_view text) {
+  isFailureShown_ = false;
   messageText_ = text;
   SendText();
 }
@@ -343,11 +354,19 @@ void CRSS_MainFrame::StopFeedCheck() {
   if (feedChecker_) feedChecker_->Stop();
 }
 
-void CRSS_MainFrame::FolderWasAdded(const FolderRow& folder) { left_->AppendFolder(folder); }
+// While the tree is not read, a new row comes into it by the reading.
 
-void CRSS_MainFrame::CabinetWasAdded(const CabinetRow& cabinet) { left_->AppendCabinet(cabinet); }
+void CRSS_MainFrame::FolderWasAdded(const FolderRow& folder) {
+  retry_ ? retry_->ReadNow() : left_->AppendFolder(folder);
+}
 
-void CRSS_MainFrame::ChannelWasAdded(const ChannelRow& channel) { left_->AppendChannel(channel); }
+void CRSS_MainFrame::CabinetWasAdded(const CabinetRow& cabinet) {
+  retry_ ? retry_->ReadNow() : left_->AppendCabinet(cabinet);
+}
+
+void CRSS_MainFrame::ChannelWasAdded(const ChannelRow& channel) {
+  retry_ ? retry_->ReadNow() : left_->AppendChannel(channel);
+}
 
 void CRSS_MainFrame::ChannelWasMoved(int channelId, int folderId) {
   left_->MoveChannel(channelId, folderId);

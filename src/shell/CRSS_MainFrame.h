@@ -22,7 +22,9 @@ class CRSS_RightTopContainer;
 class FeedChecker;
 class FrameRefresh;
 class InterfaceThread;
+class FirstReading;
 class OpmlImporter;
+class StartRetry;
 enum class NameClash;
 struct ImportEnd;
 struct StartContent;
@@ -34,7 +36,9 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
 
  public:
   // Builds the panes, reads the stored settings, deletes old posts when the settings want it, fills
-  // the tree and shows the main page. A store that cannot be read is reported to the host.
+  // the tree and shows the main page. A store that cannot be read is reported to the host; the tree
+  // is filled when it can be. An exception leaves no pane, and no post was deleted when it came
+  // before the panes stood.
   // `liveSettings`, which become SharedState's, must outlive the frame.
   CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Settings& liveSettings,
                  QWidget* parent);
@@ -64,6 +68,7 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
   const Skin& GetSkin() const override { return skin_; }
   SharedState& State() override { return state_; }
   void ReportMessage(std::string_view text) override;
+  void ReportPage(std::string_view text, bool hasEnded) override;
   MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) override;
   const Actions& GetActions() const override { return actions_; }
   bool IsAnyChannelQueued(std::span<const int> channelIds) const override;
@@ -106,7 +111,11 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
  private:
   void BuildPanes();
   void SetUpKeys(VxSplitter& right);
-  void BeginLife(StartContent start);
+  void BeginLife(FirstReading& reading);
+  void ShowStart(StartContent start);
+  void RetryStart();
+  void TakeDown();
+  void ReportFailure(std::string_view text);
   void SetPreviewMode();
   void StopRefresh();
   void SendText();
@@ -118,6 +127,7 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
   void Import(const ListSource& source, NameClash clash,
               std::function<void(const ImportEnd&)> onEnd);
   void ReportImport(const ImportEnd& end);
+  void ReportExchangeFailure(const char* textKey, const std::string& reason);
   void OnListImported(bool isRead);
   void OnRefreshMessage(unsigned number);
   void SetRefreshBusy(bool busy);
@@ -129,11 +139,15 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
   const SharedServices services_;
   Settings settings_;  // stored when the frame was made, or confirmed since
   SharedState state_;
-  const Actions actions_;
+  Actions actions_;  // without the exchange's until the tree is read
+  bool isTreeRead_ = false;
+  std::string startFailure_;               // why it is not, as the store has told it last
   std::string messageText_;                // the last status text sent to the host
-  std::unique_ptr<FrameRefresh> refresh_;  // null after StopRefresh, as the next two are
+  bool isFailureShown_ = false;            // that text is a failure of the store
+  std::unique_ptr<FrameRefresh> refresh_;  // null after StopRefresh, as the next three are
   std::unique_ptr<FeedChecker> feedChecker_;
   std::unique_ptr<OpmlImporter> importer_;
+  std::unique_ptr<StartRetry> retry_;  // only while the tree is not read
   QPointer<CRSS_AnnounceDlg> announcement_;
   bool isPanelOpen_ = false;
   bool hostShowsBusy_ = false;  // the host was told of a refresh's begin and not yet of its end

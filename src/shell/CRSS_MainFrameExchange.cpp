@@ -14,17 +14,26 @@
 namespace feedloom {
 
 std::optional<int> CRSS_MainFrame::ExportOpml(const std::string& path) {
+  if (!isTreeRead_) {
+    ReportExchangeFailure(kTextOpmlExportError, startFailure_);
+    return std::nullopt;
+  }
   const SubscriptionList list = left_->Subscriptions();
   if (const Failure failure = WriteOpml(*store_, path, list)) {
-    ReportMessage(WithTitle(skin_.GetText(kSectionTexts, kTextOpmlExportError),
-                            store_->TextCodePage().FromUtf8(*failure)));
+    ReportExchangeFailure(kTextOpmlExportError, store_->TextCodePage().FromUtf8(*failure));
     return std::nullopt;
   }
   return CountChannels(list);
 }
 
+// `reason` is in the module's code page.
+void CRSS_MainFrame::ReportExchangeFailure(const char* textKey, const std::string& reason) {
+  ReportMessage(WithTitle(skin_.GetText(kSectionTexts, textKey), reason));
+}
+
 void CRSS_MainFrame::ImportOpml(const ListSource& source) {
   if (!importer_) return;
+  if (!isTreeRead_) return ReportExchangeFailure(kTextOpmlNotImported, startFailure_);
   ReportMessage(skin_.GetText(kSectionTexts, kTextOpmlImporting));
   Import(source, NameClash::Rename, [this](const ImportEnd& end) {
     ReportImport(end);
@@ -35,8 +44,7 @@ void CRSS_MainFrame::ImportOpml(const ListSource& source) {
 // After a failure of the store nothing is reported: the store's own message stays on display.
 void CRSS_MainFrame::ReportImport(const ImportEnd& end) {
   if (!end.sums) {
-    ReportMessage(WithTitle(skin_.GetText(kSectionTexts, kTextOpmlNotImported),
-                            store_->TextCodePage().FromUtf8(end.error)));
+    ReportExchangeFailure(kTextOpmlNotImported, store_->TextCodePage().FromUtf8(end.error));
   } else if (end.sums->isComplete) {
     ReportMessage(WithNumbers(skin_.GetText(kSectionTexts, kTextOpmlImported),
                               {end.sums->added, end.sums->present, end.sums->leftOut}));
@@ -45,7 +53,7 @@ void CRSS_MainFrame::ReportImport(const ImportEnd& end) {
 
 void CRSS_MainFrame::MergeOpml(const std::string& path,
                                std::function<void(const std::optional<ImportSums>&)> onEnd) {
-  if (!importer_) return onEnd(std::nullopt);
+  if (!importer_ || !isTreeRead_) return onEnd(std::nullopt);
   Import({.place = path}, NameClash::Merge, [this, onEnd = std::move(onEnd)](const ImportEnd& end) {
     StartRefresh();
     onEnd(end.sums && end.sums->isComplete ? end.sums : std::nullopt);

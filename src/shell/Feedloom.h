@@ -50,7 +50,8 @@ extern "C" {
 
 // Makes the module's frame as a child of `parent`, which gets its messages; its top-level window
 // gets those about the refresh. The module owns the frame; the host lays it out and shows it.
-// Null when it can't be made: `parent` is null, there is no application object, or a frame exists.
+// Null when it can't be made: `parent` is null, there is no application object, a frame exists, or
+// a callback throws.
 FEEDLOOM_EXPORT QWidget* Create(feedloom::HostCallback HostGetText,
                                 feedloom::HostCallback HostGetSkinValue, QWidget* parent);
 

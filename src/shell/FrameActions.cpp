@@ -37,15 +37,24 @@ void SetDialogActions(CRSS_MainFrame& frame, Actions& actions) {
     ShowChannelInfo(frame, &frame, channel);
   };
   actions.openDirectory = [&frame] { ShowDirectory(frame, &frame); };
-  actions.synchronise = [&frame] { ShowSync(frame, &frame); };
   actions.openSettings = [&frame] { frame.OpenControlPanel(); };
   actions.notifyOfNewPosts = [&frame] { frame.NotifyOfNewPosts(); };
   actions.openOutside = QDesktopServices::openUrl;
 }
 
+}  // namespace
+
+Actions MakeFrameActions(CRSS_MainFrame& frame) {
+  Actions actions;
+  SetAskingActions(frame, actions);
+  SetDialogActions(frame, actions);
+  return actions;
+}
+
 // A file dialog that is cancelled, or whose frame is deleted while it is open, gives an empty
 // answer: the frame is not touched then.
 void SetExchangeActions(CRSS_MainFrame& frame, Actions& actions) {
+  actions.synchronise = [&frame] { ShowSync(frame, &frame); };
   actions.importFile = [&frame] {
     const std::string path = AskImportFile(frame, &frame);
     if (!path.empty()) frame.ImportOpml({.place = path});
@@ -62,16 +71,6 @@ void SetExchangeActions(CRSS_MainFrame& frame, Actions& actions) {
     frame.ReportMessage(
         WithNumbers(frame.GetSkin().GetText(kSectionTexts, kTextOpmlExported), {*channels}));
   };
-}
-
-}  // namespace
-
-Actions MakeFrameActions(CRSS_MainFrame& frame) {
-  Actions actions;
-  SetAskingActions(frame, actions);
-  SetDialogActions(frame, actions);
-  SetExchangeActions(frame, actions);
-  return actions;
 }
 
 }  // namespace feedloom

@@ -1,7 +1,7 @@
 // The module's entry points: its constructor and its two exported functions.
 #include <QApplication>
 #include <QPointer>
-#include <exception>
+#include <memory>
 
 #include "shell/CRSS_MainFrame.h"
 #include "shell/Feedloom.h"
@@ -26,13 +26,13 @@ QWidget* Create(feedloom::HostCallback HostGetText, feedloom::HostCallback HostG
   using namespace feedloom;
   if (parent == nullptr || qApp == nullptr || theFrame) return nullptr;
   try {
-    theFrame = new CRSS_MainFrame({HostGetText, HostGetSkinValue}, FindModulePaths(),
-                                  theLiveSettings, parent);
-  } catch (const std::exception&) {
+    auto frame = std::make_unique<CRSS_MainFrame>(HostLookup{HostGetText, HostGetSkinValue},
+                                                  FindModulePaths(), theLiveSettings, parent);
+    frame->show();
+    return theFrame = frame.release();
+  } catch (...) {  // whatever a host's function throws
     return nullptr;
   }
-  theFrame->show();
-  return theFrame;
 }
 
 void DestroyBtn() {

@@ -38,6 +38,10 @@ class Frame {
 
   // Passes a status text to the host, which shows it.
   virtual void ReportMessage(std::string_view text) = 0;
+  // Passes a status text that tells how far a page has come, the last one of a page with
+  // `hasEnded`. It does not replace a failure of the store: that stays on display until the page
+  // has ended, or as long as the tree cannot be read.
+  virtual void ReportPage(std::string_view text, bool hasEnded) = 0;
   // Shows the host's text with this section and key in a message box and waits for the answer. The
   // frame may be destroyed meanwhile; the answer is then Declined.
   virtual MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) = 0;
@@ -60,7 +64,8 @@ class Frame {
 
   // Writes the tree's folders and channels as OPML to the file `path`, in the file system's
   // encoding. The file is replaced as a whole or not at all. Returns the number of channels;
-  // std::nullopt after a failure, which has been reported to the host.
+  // std::nullopt after a failure, which has been reported to the host. While the tree cannot be
+  // read, this and the imports fail.
   virtual std::optional<int> ExportOpml(const std::string& path) = 0;
   // Reads an OPML list on another thread, adds its folders and channels to the store and the tree,
   // and refreshes the new channels. Reports their number to the host, or shows a message when the

@@ -1,14 +1,27 @@
 // The module's life in its host, and its frame: start, messages and keys.
 #include <random>
+#include <set>
 
 #include "exchange/ListDocuments.h"
 #include "kit/FeedDocuments.h"
+#include "kit/ThreadRefusal.h"
 #include "shell/ModuleFixture.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "vxctrl/AccessibleTree.h"
 
 namespace feedloom {
 namespace {
+
+// Counts how often the module tries again to read the store.
+struct TryCounter : QObject {
+  TryCounter() { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* object, QEvent* event) override {
+    const auto* const timer = qobject_cast<QTimer*>(object);
+    count += event->type() == QEvent::Timer && timer && timer->interval() == 500 ? 1 : 0;
+    return false;
+  }
+  int count = 0;
+};
 
 struct Module : ModuleFixture {
   // The sample channel's.
@@ -37,15 +50,90 @@ TEST_F(Module, MakesOneFrameAtATimeAndNoneWithoutAWindow) {
   EXPECT_EQ(Labels(), (QStringList{"기본 그룹", "  Feedloom 시작하기", "보관함", "  내 보관함"}));
 }
 
-TEST_F(Module, WithoutADatabaseSaysSoStandsAndKeepsTheOlderCopy) {
+TEST_F(Module, WithoutADatabaseSaysSoOnceKeepsTheOlderCopyAndStandsUntilItCanBeRead) {
+  const TempFolder files;
+  const std::string list = files.Write("list", OpmlDocument(NumberedFolder("A", 1)));
+  AddPosts(1, 3);
   rename(database_, copy_);
   create_directory(database_);
   CreateFrame();
-  EXPECT_EQ(std::ranges::count(texts_, "Can't open database"), 5);
+  const TryCounter tries;
+  ASSERT_TRUE(WaitUntil([&] { return tries.count == 2; }));
+  EXPECT_EQ(std::ranges::count(texts_, "Can't open database"), 1);
+  EXPECT_EQ(texts_.back(), "Can't open database") << "though the main page is loaded";
   EXPECT_EQ(Labels(), QStringList{"보관함"});
   EXPECT_EQ(UnreadTotal(), -1);
+  EXPECT_FALSE(TheFrame().GetActions().exportOpml || TheFrame().GetActions().importFile);
+  EXPECT_EQ(TheFrame().ExportOpml(list + "2"), std::nullopt);
+  EXPECT_FALSE(std::filesystem::exists(list + "2"));
+  EXPECT_EQ(texts_.back(), "OPML 파일을 저장하지 못했습니다: Can't open database");
+  TheFrame().ImportOpml({.place = list});
+  EXPECT_EQ(texts_.back(), "채널 목록을 가져오지 못했습니다: Can't open database");
+  Send(kMessageRefreshAll);
+  EXPECT_TRUE(numbers_.empty());
   Destroy();
   EXPECT_TRUE(is_regular_file(copy_));
+  CreateFrame();
+  remove(database_);
+  rename(copy_, database_);
+  ASSERT_TRUE(WaitUntil([this] { return Labels().contains("  Feedloom 시작하기(3)"); }));
+  EXPECT_EQ(UnreadTotal(), 3);
+  EXPECT_EQ(texts_.back(), "");
+  EXPECT_EQ(TheFrame().ExportOpml(list + "2"), 1);
+  rename(database_, copy_);
+  create_directory(database_);
+  QSignalSpy shown(frame_, SIGNAL(PageShown()));
+  Select("기본 그룹(3)");  // the main page is shown beside an empty list
+  ASSERT_TRUE(shown.wait(20'000));
+  EXPECT_EQ(texts_.back(), "Can't open database");
+  TheFrame().ShowMainPage();
+  EXPECT_TRUE(WaitUntil([this] { return texts_.back() != "Can't open database"; }));
+}
+
+TEST_F(Module, OfAHostWhoseFunctionThrowsDeletesNoPostLeavesNoPaneAndIsMadeWhenItDoesNot) {
+  AddPosts(1, 3);
+  Sql("update TB_POST set post_createDate = datetime('now', '-8 days') where post_id < 3");
+  for (const auto& [name, text] : {std::pair("FeedDeleteModeStr", "0"), {"FeedDeleteDateStr", "7"}})
+    ASSERT_TRUE(profile_.TheRegistry().WriteString(kModuleKey, name, text));
+  QWidget window;
+  std::string fatal;
+  std::set<std::string> owners;  // what the frame still was when its first pane went
+  const auto fail = [&]() -> std::string {
+    auto* const frame = window.findChild<QSplitter*>();
+    const auto note = [&owners, frame] { owners.insert(frame->metaObject()->className()); };
+    connect(frame->widget(0), &QObject::destroyed, this, note);
+    throw std::runtime_error(fatal);
+  };
+  for (auto* const function : {&lookup_.HostGetText, &lookup_.HostGetSkinValue}) {
+    *function = [&fatal, fail, get = *function](const char* section, const char* key) {
+      return key == fatal ? fail() : get(section, key);
+    };
+  }
+  for (const char* const key :
+       {kTextTreeName, kTextListName, kTextFindNext, kTextRowDivider, kImageMainPage}) {
+    SCOPED_TRACE(fatal = key);
+    EXPECT_EQ(Create(&window), nullptr);
+    EXPECT_TRUE(window.children().empty());
+    EXPECT_EQ(Sql("select count(*) from TB_POST"), "3");
+  }
+  EXPECT_EQ(owners, std::set<std::string>{"feedloom::CRSS_MainFrame"});
+  fatal = "";
+  CreateFrame();
+  EXPECT_EQ(Labels()[1], "  Feedloom 시작하기(1)");
+  Destroy();
+}
+
+TEST_F(Module, ReadsOnTheInterfaceThreadWhenTheSystemRefusesOthers) {
+  AddPosts(1, 3);
+  CreateFrame();  // the browser engine cannot start without threads of its own
+  Destroy();
+  QWidget window;
+  std::optional<ThreadRefusal> refusal(std::in_place);
+  frame_ = Create(&window);
+  refusal.reset();
+  ASSERT_NE(frame_, nullptr);
+  EXPECT_EQ(Labels()[1], "  Feedloom 시작하기(3)");
+  Destroy();
 }
 
 TEST_F(Module, EndsAtAnyMomentOfARefreshKeepsWhatWasStoredAndTellsAHostThatIsThere) {

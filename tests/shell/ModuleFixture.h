@@ -35,6 +35,11 @@ struct ModuleFixture : QObject, testing::Test {
     create_ = reinterpret_cast<CreateFunction>(dlsym(module_, "Create"));
     destroy_ = reinterpret_cast<DestroyBtnFunction>(dlsym(module_, "DestroyBtn"));
   }
+  QWidget* Create(QWidget* parent) {
+    return create_([](auto section, auto key) { return lookup_.HostGetText(section, key); },
+                   [](auto section, auto key) { return lookup_.HostGetSkinValue(section, key); },
+                   parent);
+  }
   void CreateFrame() {
     host_ = std::make_unique<QWidget>();
     pane_ = new QWidget(host_.get());
@@ -42,9 +47,7 @@ struct ModuleFixture : QObject, testing::Test {
     pane_->resize(host_->size());
     for (QWidget* const window : {host_.get(), pane_}) window->installEventFilter(this);
     host_->show();
-    frame_ = create_([](auto section, auto key) { return lookup_.HostGetText(section, key); },
-                     [](auto section, auto key) { return lookup_.HostGetSkinValue(section, key); },
-                     pane_);
+    frame_ = Create(pane_);
     ASSERT_TRUE(frame_ != nullptr && frame_->isVisible());
     frame_->resize(pane_->size());
     QSignalSpy shown(frame_, SIGNAL(PageShown()));

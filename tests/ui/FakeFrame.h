@@ -19,6 +19,7 @@ struct FakeFrame : Frame {
   const Skin& GetSkin() const override { return *shownSkin; }
   SharedState& State() override { return state; }
   void ReportMessage(std::string_view text) override { messages.emplace_back(text); }
+  void ReportPage(std::string_view text, bool) override { messages.emplace_back(text); }
   MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind) override {
     questions.emplace_back(key);
     if (whileAsking) whileAsking();

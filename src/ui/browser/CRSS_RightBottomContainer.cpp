@@ -31,6 +31,15 @@ QString StyleSheet(const Skin& skin) {
   return FilePath(skin.GetImagePath(kSectionHtml, kFilePageStyle));
 }
 
+bool HasEnded(BrowserReport report) {
+  return report == BrowserReport::Loaded || report == BrowserReport::Stopped;
+}
+
+// Whether the report tells how far a page has come, and not of a fault.
+bool TellsProgress(BrowserReport report) {
+  return HasEnded(report) || report == BrowserReport::Loading || report == BrowserReport::Hovered;
+}
+
 CRSS_HtmlView::Callbacks MakeCallbacks(Frame& frame) {
   return {.skinDir = [&frame] { return FilePath(frame.GetSkin().Config().GetImageDir()); },
           .crashPage = [&frame](const QUrl& crashed) { return MakeCrashPage(frame, crashed); },
@@ -85,7 +94,9 @@ void CRSS_RightBottomContainer::ConnectView() {
   connect(view_, &CRSS_HtmlView::Completed, this, &CRSS_RightBottomContainer::ForgetFeeds);
   connect(view_, &CRSS_HtmlView::FeedsFound, this, &CRSS_RightBottomContainer::KeepFeeds);
   connect(view_, &CRSS_HtmlView::Reported, this, [this](BrowserReport report, const QString& text) {
-    frame_.ReportMessage(StatusText(frame_.GetSkin(), report, text));
+    const std::string status = StatusText(frame_.GetSkin(), report, text);
+    TellsProgress(report) ? frame_.ReportPage(status, HasEnded(report))
+                          : frame_.ReportMessage(status);
   });
   connect(view_, &CRSS_HtmlView::DownloadChanged, this,
           [this](DownloadEvent event, const QString& name, const QString& progress) {

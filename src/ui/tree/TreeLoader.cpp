@@ -11,19 +11,17 @@
 namespace feedloom {
 
 TreeContent ReadTree(Store& store) {
-  std::vector<FolderRow> folders;
-  LoadFolderList(store, folders);
-  TreeContent content = ReadTreeBelowFolders(store);
-  content.folders = std::move(folders);
+  TreeContent content;
+  LoadFolderList(store, content.folders);
+  ReadTreeBelowFolders(store, content);
   return content;
 }
 
-TreeContent ReadTreeBelowFolders(Store& store) {
-  TreeContent content;
-  LoadChannelList(store, content.channels);
+bool ReadTreeBelowFolders(Store& store, TreeContent& content) {
+  const bool areChannelsRead = LoadChannelList(store, content.channels);
   content.unreadInCabinets = CountUnreadInFolder(store, 0, true);
-  LoadCabinetList(store, content.cabinets);
-  return content;
+  const bool areCabinetsRead = LoadCabinetList(store, content.cabinets);
+  return areChannelsRead && content.unreadInCabinets >= 0 && areCabinetsRead;
 }
 
 std::optional<ChannelRow> ReadChannel(Store& store, int channelId) {

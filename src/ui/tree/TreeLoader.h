@@ -11,8 +11,9 @@ class Store;
 
 // All rows; rows that the store cannot read are missing. cabinetTitle stays empty. Any thread.
 TreeContent ReadTree(Store& store);
-// All rows except the folders. Any thread.
-TreeContent ReadTreeBelowFolders(Store& store);
+// Reads into `content` all rows except the folders. False when the store cannot read some. Any
+// thread.
+bool ReadTreeBelowFolders(Store& store, TreeContent& content);
 
 // A stored channel; nullopt when there is none or the store cannot read it.
 std::optional<ChannelRow> ReadChannel(Store& store, int channelId);
