@@ -50,7 +50,8 @@ install(TARGETS feedloom LIBRARY DESTINATION lib/feedloom/module)
 install(PROGRAMS ${CMAKE_SOURCE_DIR}/tools/feedloom-directory DESTINATION bin)
 
 install(FILES ${CMAKE_SOURCE_DIR}/share/string.ini ${CMAKE_SOURCE_DIR}/share/image.ini
-              ${CMAKE_SOURCE_DIR}/share/schema.sql DESTINATION share/feedloom)
+              ${CMAKE_SOURCE_DIR}/share/schema.sql ${CMAKE_SOURCE_DIR}/share/gone_links.sql
+              DESTINATION share/feedloom)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/share/sample DESTINATION share/feedloom)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/share/feedloom/skin DESTINATION share/feedloom)
 

@@ -11,6 +11,8 @@
 namespace feedloom {
 namespace {
 
+constexpr std::chrono::seconds kPatience(5);  // with another program's lock
+
 // Returns the profile's directory. When there is no default one, prints an error and returns "".
 std::string ProfileDir(const GlobalOptions& global) {
   std::string dir = global.profileDir.empty() ? DefaultProfileDir() : global.profileDir;
@@ -67,13 +69,14 @@ std::unique_ptr<Session> Session::Open(const GlobalOptions& global) {
 }
 
 Session::Session(const GlobalOptions& global, const ProfilePaths& paths)
-    : json_(global.json),
+    : database_(KeepDatabase(paths.database, ShareDir(), kPatience)),
+      json_(global.json),
       registry_(paths.registry),
       config_(registry_),
       skin_(ReadHostTexts(config_), config_),
       storeFailed_(std::make_shared<std::atomic<bool>>(false)),
-      store_(std::make_shared<Store>(GetDbPath(paths.module), config_.GetCodePage(), SystemClock(),
-                                     [failed = storeFailed_](std::string_view text) {
+      store_(std::make_shared<Store>(ReadableDatabase(paths.database), config_.GetCodePage(),
+                                     SystemClock(), [failed = storeFailed_](std::string_view text) {
                                        *failed = true;
                                        PrintError(text);
                                      })) {}

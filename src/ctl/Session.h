@@ -8,6 +8,7 @@
 #include "ctl/Commands.h"
 #include "ctl/WorkFolder.h"
 #include "ingest/IngestServices.h"
+#include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
 #include "skin/Skin.h"
 #include "store/Store.h"
@@ -41,6 +42,7 @@ class Session {
  private:
   Session(const GlobalOptions& global, const ProfilePaths& paths);
 
+  const KeptDatabase database_;  // goes last
   const bool json_;
   const Registry registry_;
   const HostConfig config_;

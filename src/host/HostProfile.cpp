@@ -19,6 +19,8 @@
 namespace feedloom {
 namespace {
 
+constexpr std::chrono::seconds kPatience(1);  // with another program's lock: no window yet
+
 // Opening a file of another kind as the database would also overwrite its backup copy with it.
 bool IsDatabase(const std::string& path) {
   constexpr std::string_view kMark("SQLite format 3\0", 16);
@@ -87,6 +89,7 @@ Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
   if (auto failure = CheckWritable(paths)) return failure;
   if (auto failure = profile.lock.Take(paths.dir)) return failure;
   if (auto failure = RepairSharePaths(paths.dir, ShareDir())) return failure;
+  profile.database = KeepDatabase(paths.database, ShareDir(), kPatience);
   return SetLanguage(paths, options.language.value_or(""));
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "host/ProfileLock.h"
+#include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
 
 namespace feedloom {
@@ -16,15 +17,16 @@ struct HostProfile {
   const ProfilePaths paths;
   bool isNew = false;  // OpenProfile has created it
   ProfileLock lock;
+  KeptDatabase database;
 };
 
 // The profile's directory: that of `options`, else the default one. Empty when neither is known.
 std::string ProfileDir(const HostOptions& options);
 
-// Creates the profile if it does not exist, locks it, repairs its shared paths and stores the
-// language of `options`. Fails, with a message for the user (UTF-8), when the profile is damaged,
-// read-only, in use by another process or has another code page than `options` ask for; the
-// profile's files are unchanged then.
+// Creates the profile if it does not exist, locks it, repairs its shared paths, stores the language
+// of `options` and brings the database up to date, for which it waits a second at most. Fails, with
+// a message for the user (UTF-8), when the profile is damaged, read-only, in use by another process
+// or has another code page than `options` ask for; the profile's files are unchanged then.
 [[nodiscard]] Failure OpenProfile(HostProfile& profile, const HostOptions& options);
 
 // Stores `language` ("KOR" or "ENG", in upper or lower case) in the registry; the module uses it

@@ -1,5 +1,6 @@
 #include <fmt/core.h>
 
+#include <chrono>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "platform/RegistryFile.h"
 #include "platform/Text.h"
 #include "profile/IniFile.h"
+#include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
 #include "profile/ProfileDatabase.h"
 #include "profile/SharePaths.h"
@@ -20,6 +22,8 @@ namespace {
 // The deletion settings of a new profile: no automatic deletion, and 30 days when it is turned on.
 constexpr std::uint32_t kNeverDelete = 1;
 constexpr std::uint32_t kDaysToKeep = 30;
+
+constexpr std::chrono::seconds kPatience(1);  // nobody else has opened a new database yet
 
 // The shared files' content, read before anything is written.
 struct ProfileSources {
@@ -94,7 +98,7 @@ Failure CheckNoProfile(const ProfilePaths& paths) {
   return fmt::format("There is a profile in '{}' already.", paths.dir);
 }
 
-Failure Write(const ProfilePaths& paths, const ProfileSources& sources,
+Failure Write(const ProfilePaths& paths, const std::string& shareDir, const ProfileSources& sources,
               const std::string& registryText) {
   const DirectoryLock lock(paths.dir);
   if (auto failure = CheckNoProfile(paths)) return failure;
@@ -103,6 +107,7 @@ Failure Write(const ProfilePaths& paths, const ProfileSources& sources,
     auto failure = CreateDatabase(paths.database, sources.schema, sources.content);
     if (failure) return failure;
   }
+  KeepDatabase(paths.database, shareDir, kPatience);  // brings it up to date
   return WriteFileWhole(paths.registry, registryText);
 }
 
@@ -123,7 +128,7 @@ Failure CreateProfile(const std::string& dir, const std::string& shareDir, CodeP
   for (const std::string& directory : {paths.moduleDir, paths.workDir}) {
     if (auto failure = MakeDirectories(directory)) return failure;
   }
-  return Write(paths, sources, RegistryText(paths, share, codePage, languageCode));
+  return Write(paths, share, sources, RegistryText(paths, share, codePage, languageCode));
 }
 
 }  // namespace feedloom

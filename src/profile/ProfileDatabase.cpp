@@ -7,13 +7,10 @@
 #include <initializer_list>
 #include <memory>
 
+#include "profile/KeptDatabase.h"
+
 namespace feedloom {
 namespace {
-
-struct CloseDatabase {
-  void operator()(sqlite3* database) const { sqlite3_close(database); }
-};
-using Database = std::unique_ptr<sqlite3, CloseDatabase>;
 
 struct FinalizeStatement {
   void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
@@ -57,7 +54,7 @@ bool Fill(sqlite3* database, const std::string& schema, const InitialContent& co
 Failure Build(const std::string& path, const std::string& schema, const InitialContent& content) {
   sqlite3* opened = nullptr;
   const bool ok = sqlite3_open(path.c_str(), &opened) == SQLITE_OK;
-  const Database database(opened);
+  const KeptDatabase database(opened);
   if (ok && Fill(opened, schema, content)) return {};
   return fmt::format("Cannot make the database '{}': {}.", path, sqlite3_errmsg(opened));
 }

@@ -28,12 +28,15 @@ Handle Open(const std::string& path, int flags) {
   return handle;
 }
 
+bool Execute(sqlite3* handle, const char* sql) {
+  return sqlite3_exec(handle, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
 // True when the file has the store's tables: an emptied or foreign file must not replace a copy.
 bool HasTables(sqlite3* handle) {
-  return sqlite3_exec(handle,
-                      "Select 1 From TB_FOLDER, TB_CHANNEL, TB_POST, TB_SCRAP_CHANNEL, "
-                      "TB_SCRAP_POST Limit 0;",
-                      nullptr, nullptr, nullptr) == SQLITE_OK;
+  return Execute(handle,
+                 "Select 1 From TB_FOLDER, TB_CHANNEL, TB_POST, TB_SCRAP_CHANNEL, TB_SCRAP_POST "
+                 "Limit 0;");
 }
 
 // True when SQLite finds no damage: a damaged database must not replace a copy.
@@ -47,14 +50,19 @@ bool IsSound(sqlite3* handle) {
   return sound;
 }
 
+// A copied database is in write-ahead mode if its original is. This ends it, so that the copy is
+// one file, which opens everywhere; the exclusive lock needs no index file meanwhile.
+constexpr char kOneFile[] =
+    "PRAGMA locking_mode = EXCLUSIVE; PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF;";
+
 // Copies all pages in one step, so that no other program writes between two of them.
 bool CopyPages(sqlite3* from, sqlite3* to) {
-  sqlite3_exec(to, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF;", nullptr, nullptr,
-               nullptr);
+  Execute(to, kOneFile);
   sqlite3_backup* const backup = sqlite3_backup_init(to, "main", from, "main");
   if (backup == nullptr) return false;
   const int status = sqlite3_backup_step(backup, -1);
-  return sqlite3_backup_finish(backup) == SQLITE_OK && status == SQLITE_DONE;
+  return sqlite3_backup_finish(backup) == SQLITE_OK && status == SQLITE_DONE &&
+         Execute(to, kOneFile);
 }
 
 bool CopyDatabase(const std::string& fromPath, const std::string& toPath) {
@@ -77,7 +85,8 @@ bool BackupDatabase(Store& store) {
   const std::string copy = store.DbPath() + ".bak";
   const std::string unfinished = copy + ".new";
   const MutexLock lock(store.Lock());
-  std::remove(unfinished.c_str());  // a killed program may have left it
+  // A killed program may have left them.
+  for (const char* suffix : {"", "-wal"}) std::remove((unfinished + suffix).c_str());
   const bool made = CopyDatabase(store.DbPath(), unfinished) && ReachedDisk(unfinished) &&
                     std::rename(unfinished.c_str(), copy.c_str()) == 0;
   if (!made) std::remove(unfinished.c_str());

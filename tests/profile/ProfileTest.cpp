@@ -10,6 +10,7 @@
 #include "platform/UrlDownload.h"
 #include "profile/HostTexts.h"
 #include "profile/IniFile.h"
+#include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
 #include "profile/ProfileDefaults.h"
 #include "profile/SharePaths.h"
@@ -19,6 +20,7 @@ namespace feedloom {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 
 class ProfileTest : public testing::Test {
  protected:
@@ -31,7 +33,7 @@ class ProfileTest : public testing::Test {
     fs::copy(ShareDir(), share_, fs::copy_options::recursive);
   }
   // The first cell of the last row that `sql` gives.
-  std::string Query(const char* sql) const {
+  std::string Query(const std::string& sql) const {
     std::string cell;
     const auto keep = [](void* into, int, char** cells, char**) {
       *static_cast<std::string*>(into) = cells[0];
@@ -39,15 +41,24 @@ class ProfileTest : public testing::Test {
     };
     sqlite3* database = nullptr;
     sqlite3_open(paths_.database.c_str(), &database);
-    EXPECT_EQ(sqlite3_exec(database, sql, keep, &cell, nullptr), SQLITE_OK) << sql;
+    EXPECT_EQ(sqlite3_exec(database, sql.c_str(), keep, &cell, nullptr), SQLITE_OK) << sql;
     sqlite3_close(database);
     return korean_.ToUtf8(cell);
   }
+  // Without what the database has beside it as long as somebody uses it.
   std::set<std::string> Entries() const {
     std::set<std::string> names;
     for (const auto& entry : fs::recursive_directory_iterator(paths_.dir))
       names.insert(fs::relative(entry.path(), paths_.dir));
+    names.erase("module/rssdb-wal"), names.erase("module/rssdb-shm");
     return names;
+  }
+  KeptDatabase Keep() const { return KeepDatabase(paths_.database, share_, 0ms); }
+  // The links of the posts, after `sql`.
+  std::string LinksAfter(const std::string& sql) const {
+    return Query(sql +
+                 "; SELECT group_concat(post_channelID || post_link) FROM (SELECT * FROM "
+                 "TB_POST ORDER BY post_id)");
   }
 
   const TempFolder folder_;
@@ -99,6 +110,75 @@ TEST_F(ProfileTest, AnInterruptedCreationIsDoneAgainAndKeepsTheDatabase) {
   EXPECT_EQ(Create(), "");
   EXPECT_EQ(Query("SELECT count(*) FROM TB_CHANNEL"), "1");
   EXPECT_EQ(Entries(), kAll);
+}
+
+TEST_F(ProfileTest, AnOlderDatabaseIsBroughtUpToDateBesideItsUsersAndIsOneWholeFileAfterThem) {
+  ASSERT_EQ(Create(), "");
+  const std::string mode =
+      "SELECT count(*) FROM sqlite_master WHERE type = 'trigger'; PRAGMA "
+      "journal_mode";
+  EXPECT_EQ(Query(mode), "wal");
+  fs::remove(paths_.database);
+  sqlite3* other = nullptr;
+  sqlite3_open(paths_.database.c_str(), &other);
+  const auto run = [&](const std::string& sql) {
+    EXPECT_EQ(sqlite3_exec(other, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+  };
+  run("CREATE TABLE foreign_table(a)");
+  Keep();
+  EXPECT_EQ(Query("SELECT count(*) FROM sqlite_master; PRAGMA journal_mode"), "delete");
+  run(ReadFile(share_ + "/schema.sql").value() + "BEGIN EXCLUSIVE");
+  Keep();
+  run("INSERT INTO TB_POST(post_channelID, post_link) VALUES(1, 'a'); COMMIT");
+  EXPECT_EQ(Query("PRAGMA journal_mode"), "delete") << "it was locked";
+  {
+    const KeptDatabase kept = Keep(), second = Keep();
+    run("INSERT INTO TB_POST(post_channelID, post_link) VALUES(1, 'b')");
+    EXPECT_EQ(Query("PRAGMA journal_mode"), "wal");
+    sqlite3_close(other);
+  }
+  EXPECT_EQ(fs::file_size(paths_.database + "-wal"), 0);
+  fs::rename(paths_.database, folder_.File("moved")),
+      fs::rename(folder_.File("moved"), paths_.database);
+  fs::remove(paths_.database + "-wal"), fs::remove(paths_.database + "-shm");
+  EXPECT_EQ(LinksAfter("SELECT 1"), "1a,1b");
+  EXPECT_EQ(Query("SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"), "5");
+  EXPECT_EQ(Query("PRAGMA cache_size"), "4000");
+}
+
+TEST_F(ProfileTest, ADeletedPostStaysAwayFromItsChannelUntilThatGoesInWhateverOrder) {
+  ASSERT_EQ(Create(), "");
+  const std::string add = "INSERT INTO TB_POST(post_channelID, post_link) SELECT ";
+  const std::string come = add +
+                           "1, 'a' UNION ALL SELECT 1, '' UNION ALL SELECT 1, 'b' "
+                           "UNION ALL SELECT 2, 'a'";
+  const std::string channel = "INSERT INTO TB_CHANNEL(channel_id) VALUES(1)";
+  EXPECT_EQ(LinksAfter(come + "; DELETE FROM TB_POST WHERE post_link < 'b'; " + come), "1b,1b,2a");
+  EXPECT_EQ(Query(add + "1, 'a'; SELECT changes()"), "0") << "as if it were there already";
+  EXPECT_EQ(LinksAfter("DELETE FROM TB_GONE_LINK WHERE gone_link = 'a'; " + come),
+            "1b,1b,2a,1a,1b,2a");
+  const std::string noPost = "DELETE FROM TB_POST; ", noChannel = "DELETE FROM TB_CHANNEL; ";
+  for (const std::string& gone : {noPost + noChannel, noChannel + noPost,
+                                  "DELETE FROM TB_POST; PRAGMA recursive_triggers = OFF; REPLACE "
+                                  "INTO TB_CHANNEL(channel_id) VALUES(1); " +
+                                      noPost + noChannel}) {
+    EXPECT_EQ(LinksAfter(gone + channel + "; " + come), "1a,1,1b,2a");
+  }
+}
+
+TEST_F(ProfileTest, OfAChannelsDeletedLinksTheNewestFourToFiveThousandAreKept) {
+  ASSERT_EQ(Create(), "");
+  const auto pass = [](int first, int last) {
+    const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT " + std::to_string(first) +
+                                " UNION ALL SELECT i + 1 FROM n WHERE i < " + std::to_string(last);
+    return numbers +
+           ") INSERT INTO TB_POST(post_channelID, post_link) SELECT 1, i FROM n; DELETE "
+           "FROM TB_POST; SELECT count(*) || '-' || min(CAST(gone_link AS INTEGER)) FROM "
+           "TB_GONE_LINK";
+  };
+  EXPECT_EQ(Query(pass(1, 4999)), "4999-1");
+  EXPECT_EQ(Query(pass(4998, 5000)), "4000-1001") << "of which two have gone before";
+  EXPECT_EQ(Query(pass(5001, 12345)), "4345-8001");
 }
 
 TEST_F(ProfileTest, OfTwoCreationsAtATimeOneSucceeds) {

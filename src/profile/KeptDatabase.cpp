@@ -1,0 +1,71 @@
+#include "profile/KeptDatabase.h"
+
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "platform/Path.h"
+#include "profile/Files.h"
+
+namespace feedloom {
+namespace {
+
+bool Execute(sqlite3* database, const char* sql) {
+  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+// Stored in the file, for all connections: 16 MB at most, as far as a statement needs them. With
+// the 2 MB that are usual, a clean-up of many posts, whose links go into the tables that are added
+// here, writes the same pages to the disk again and again.
+constexpr char kCacheSize[] = "PRAGMA default_cache_size = 4000";
+
+void BringUpToDate(sqlite3* database, const std::string& additions) {
+  const bool isReady = Execute(database, "SELECT 1 FROM TB_CHANNEL, TB_POST LIMIT 0") &&
+                       Execute(database, "PRAGMA journal_mode = WAL");
+  if (!isReady) return;
+  const bool isNew = !Execute(database, "SELECT 1 FROM TB_GONE_LINK LIMIT 0");
+  const bool done = Execute(database, "BEGIN") && (!isNew || Execute(database, kCacheSize)) &&
+                    Execute(database, additions.c_str()) && Execute(database, "COMMIT");
+  if (!done) Execute(database, "ROLLBACK");
+}
+
+// When the connection is the last one to close, SQLite empties the write-ahead file and keeps it.
+void KeepEmptiedFiles(sqlite3* database) {
+  int on = 1;
+  sqlite3_file_control(database, "main", SQLITE_FCNTL_PERSIST_WAL, &on);
+  Execute(database, "PRAGMA journal_size_limit = 0");
+}
+
+bool HasFileBeside(const std::string& path) {
+  std::error_code ignored;
+  for (const char* suffix : {"-wal", "-shm", "-journal"}) {
+    if (std::filesystem::exists(path + suffix, ignored)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void CloseDatabase::operator()(sqlite3* database) const { sqlite3_close(database); }
+
+KeptDatabase KeepDatabase(const std::string& path, const std::string& shareDir,
+                          std::chrono::milliseconds patience) {
+  sqlite3* opened = nullptr;
+  const int status = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+  KeptDatabase database(opened);
+  if (status != SQLITE_OK) return nullptr;
+  sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
+  BringUpToDate(opened, ReadFile(JoinPath(shareDir, "gone_links.sql")).value_or(""));
+  KeepEmptiedFiles(opened);
+  return database;
+}
+
+std::string ReadableDatabase(const std::string& path) {
+  const std::string directory = std::filesystem::path(path).parent_path();
+  if (access(directory.c_str(), W_OK) == 0 || HasFileBeside(path)) return path;
+  sqlite3_config(SQLITE_CONFIG_URI, 1);  // a build of SQLite may take such names without it
+  return FileUrl(path) + "?immutable=1";
+}
+
+}  // namespace feedloom
