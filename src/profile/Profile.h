@@ -3,7 +3,7 @@
 //   registry.reg        the host's registry; a profile exists when this file does
 //   sample.xml          the sample channel's feed
 //   module/feedloom.so  the installed module, linked by the host program
-//   module/rssdb        the database, beside the module
+//   module/rssdb        the database, beside the module, with parts in rssdb-wal
 //   work/               temporary files
 //
 // Paths are the file system's bytes. Failures are messages for the user (UTF-8). Call these

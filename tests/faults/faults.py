@@ -6,6 +6,7 @@ import http.server
 import os
 import pathlib
 import random
+import shutil
 import signal
 import sqlite3
 import subprocess
@@ -96,6 +97,23 @@ class Database:
         with self.transaction() as connection:
             return connection.execute(statement, values).fetchall()
 
+    def pragma(self, text):
+        """Outside any transaction."""
+        with contextlib.closing(sqlite3.connect(self.path)) as connection:
+            return connection.execute(f"pragma {text}").fetchone()[0]
+
+    def copy(self, path):
+        """One file, with what its write-ahead file holds."""
+        with contextlib.closing(sqlite3.connect(self.path)) as connection, \
+                contextlib.closing(sqlite3.connect(path)) as copy:
+            connection.backup(copy)
+        return path
+
+    def restore(self, path):
+        for suffix in ("-wal", "-shm"):
+            self.path.with_name(self.path.name + suffix).unlink(missing_ok=True)
+        shutil.copy(path, self.path)
+
     def rows(self):
         return {part: set(self.sql(f"select {part}")) for part in LASTING}
 
@@ -148,7 +166,9 @@ class Profile:
         return {link for (link,) in self.database.sql("select post_link from TB_POST")}
 
     def files(self):
-        return {str(path.relative_to(self.folder)) for path in self.folder.rglob("*")}
+        """But for those that the database has beside it as long as somebody uses it."""
+        return {str(path.relative_to(self.folder)) for path in self.folder.rglob("*")
+                if path.name not in ("rssdb-wal", "rssdb-shm")}
 
 
 class Server(http.server.ThreadingHTTPServer):

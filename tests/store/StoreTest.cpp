@@ -370,9 +370,14 @@ TEST_F(FaultyStore, IsNotBackedUpSoThatTheOlderCopyStaysAndASoundOneIsWhole) {
     EXPECT_EQ(db_.Folder().Read("rssdb.bak"), "an older copy");
     EXPECT_EQ(db_.Folder().Names(), (Strings{"rssdb", "rssdb.bak"}));
   }
-  db_.Folder().Write("rssdb.bak.new", "of a program that was killed");
+  for (const char* left : {"rssdb.bak.new", "rssdb.bak.new-wal"})
+    db_.Folder().Write(left, "of a program that was killed");
+  EXPECT_EQ(db_.Value("pragma journal_mode = wal"), "wal");
   EXPECT_TRUE(BackupDatabase(store_));
+  EXPECT_EQ(db_.Count("TB_POST"), 300) << "and ends what is beside the original";
+  EXPECT_EQ(db_.Folder().Names(), (Strings{"rssdb", "rssdb.bak"}));
   std::filesystem::rename(db_.DbPath() + ".bak", db_.DbPath());
+  EXPECT_EQ(db_.Folder().Read("rssdb").substr(18, 2), "\1\1") << "not in write-ahead mode";
   EXPECT_EQ(db_.Count("TB_POST"), 300);
   EXPECT_EQ(db_.Folder().Names(), Strings{"rssdb"});
 }
