@@ -118,18 +118,20 @@ void RefreshAll(QWidget* frame) {
   QCoreApplication::sendEvent(frame, &refresh);
 }
 
-// Requests a second refresh during the first, like a second press of the button.
-bool MeasureRefresh(QWidget* frame, const bool& ended) {
+// Refreshes all channels until `ended`. A second request during the run is like a second press of
+// the button.
+bool MeasureRefresh(const char* what, QWidget* frame, bool& ended) {
+  ended = false;
   QElapsedTimer run;
   run.start();
   QTimer::singleShot(0, frame, [frame] { RefreshAll(frame); });
-  QTimer::singleShot(5000, frame, [frame] { RefreshAll(frame); });
+  QTimer::singleShot(500, frame, [frame] { RefreshAll(frame); });
   const std::vector<double> gaps = GapsUntil(ended);
-  fmt::print("refresh of {} channels x 20 items: {:.1f} s\n", kChannels,
+  fmt::print("refresh of {} channels x 20 items, {}: {:.1f} s\n", kChannels, what,
              static_cast<double>(run.elapsed()) / 1e3);
-  fmt::print("  gaps of a 5 ms timer: {} of them, median {:.1f}, 99th {:.1f}, worst {:.1f} ms\n",
-             gaps.size(), Percentile(gaps, 0.5), Percentile(gaps, 0.99), gaps.back());
-  return MeetsAtMost("99th percentile of the gaps", Percentile(gaps, 0.99), kGapGoalMs, "ms");
+  fmt::print("  gaps of a 5 ms timer: {} of them, median {:.1f}, 99th {:.1f} ms\n", gaps.size(),
+             Percentile(gaps, 0.5), Percentile(gaps, 0.99));
+  return MeetsAtMost("worst of the gaps", gaps.back(), kGapGoalMs, "ms");
 }
 
 // Destroys the frame a second into a refresh.
@@ -149,7 +151,7 @@ int Measure(int argc, char** argv) {
   FeedServer server;
   for (int i = 1; i <= kChannels; ++i) {
     const std::string path = fmt::format("/feed/{}", i);
-    server.Serve(path, NumberedRss("Feed", "http://127.0.0.1" + path + "/", 20));
+    server.ServeVersion(path, NumberedRss("Feed", "http://127.0.0.1" + path + "/", 20), "\"1\"");
   }
   server.SetLatency(std::chrono::milliseconds(50));
   const TestProfile profile;
@@ -175,9 +177,10 @@ int Measure(int argc, char** argv) {
   steps.Done("first post on screen");
   fmt::print("  {:<44}{:7.1f} ms\n", "all", steps.Total());
 
-  const bool answers = MeasureRefresh(frame, host.refreshEnded);
+  const bool answersFirst = MeasureRefresh("all new", frame, host.refreshEnded);
+  const bool answersLater = MeasureRefresh("nothing new", frame, host.refreshEnded);
   const bool ends = MeasureEnd(frame, module);
-  return answers && ends ? 0 : 1;
+  return answersFirst && answersLater && ends ? 0 : 1;
 }
 
 }  // namespace
