@@ -2,14 +2,13 @@
 
 #include <QCoreApplication>
 #include <QShortcut>
-#include <algorithm>
 #include <thread>
-#include <unordered_map>
 #include <utility>
 
 #include "exchange/OpmlImporter.h"
 #include "ingest/FeedChecker.h"
 #include "ingest/FeedMemory.h"
+#include "shell/Arrivals.h"
 #include "shell/Feedloom.h"
 #include "shell/FrameActions.h"
 #include "shell/FrameKeys.h"
@@ -19,7 +18,6 @@
 #include "skin/FilledTexts.h"
 #include "skin/Keys.h"
 #include "store/Backup.h"
-#include "store/Counts.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
@@ -66,10 +64,11 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Sett
       actions_(MakeFrameActions(*this)) {
   settings_ = LoadFrameSettings(registry_);
   try {
+    const WriteMark mark = ReadWriteMark(*store_);
     FirstReading reading(*store_, settings_);
     BuildPanes();
     ShowMainPage();
-    BeginLife(reading);
+    BeginLife(reading, mark);
   } catch (...) {
     TakeDown();
     throw;
@@ -92,6 +91,7 @@ void CRSS_MainFrame::TakeDown() {
 
 void CRSS_MainFrame::StopRefresh() {
   interfaceThread_->Close();
+  if (arrivals_) arrivals_->Stop();
   feedChecker_.reset();
   importer_.reset();
   retry_.reset();
@@ -138,9 +138,10 @@ void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
   keys->AddMenuKey(*rightTop_);
 }
 
-void CRSS_MainFrame::BeginLife(FirstReading& reading) {
+void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
   SetPreviewMode();
   const auto toHere = [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); };
+  arrivals_ = std::make_unique<Arrivals>(*this, *left_, store_, mark, toHere);
   feedChecker_ = std::make_unique<FeedChecker>(services_, toHere);
   importer_ = std::make_unique<OpmlImporter>(services_, toHere);
   refresh_ = std::make_unique<FrameRefresh>(
@@ -160,6 +161,7 @@ void CRSS_MainFrame::BeginLife(FirstReading& reading) {
 // Messages of the host and of the refresh.
 
 bool CRSS_MainFrame::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && isTreeRead_) arrivals_->LookForChanges();
   if (event->type() != WindowMessage::kType) return VxSplitter::event(event);
   auto& message = static_cast<WindowMessage&>(*event);
   message.result = OnMessage(message.number, message.wParam, message.lParam);
@@ -177,13 +179,10 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
                                         std::intptr_t lParam) {
   switch (number) {
     case kMessageChannelResult:
-      OnChannelResult(static_cast<int>(wParam), static_cast<int>(lParam));
-      break;
     case kMessageChannelWorker:
-      OnChannelWorker(static_cast<int>(wParam), lParam != 0);
-      break;
     case kMessageChannelInserted:
-      left_->AddStoredChannel(static_cast<int>(wParam));
+      arrivals_->OnMessage(number, static_cast<int>(wParam), static_cast<int>(lParam));
+      if (number == kMessageChannelResult && wParam == kRunEnded) SetRefreshBusy(false);
       break;
     case kMessageListImported:
       OnListImported(wParam == 0);
@@ -201,54 +200,6 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       break;
   }
   return 0;
-}
-
-void CRSS_MainFrame::OnChannelResult(int result, int channelId) {
-  channelsAtWork_.erase(channelId);
-  switch (result) {
-    case kChannelRefreshed:
-      OnChannelRefreshed(channelId);
-      break;
-    case kDownloadFailed:
-    case kDocumentRefused:
-      left_->SetChannelState(channelId, result);
-      ReportChannel(kTextRefreshError, channelId);
-      break;
-    case kRunEnded:
-      channelsAtWork_.clear();
-      SetRefreshBusy(false);
-      break;
-    default:
-      break;
-  }
-}
-
-// The first message about a channel tells that a worker begins with it. A second one tells that the
-// worker was stopped: it sends no result, but may have stored posts.
-void CRSS_MainFrame::OnChannelWorker(int channelId, bool isNew) {
-  left_->SetChannelNewByMessage(channelId, isNew);
-  if (isNew || channelsAtWork_.insert(channelId).second) return;
-  RecountUnread(false);
-  channelsAtWork_.erase(channelId);
-}
-
-void CRSS_MainFrame::OnChannelRefreshed(int channelId) {
-  left_->SetChannelState(channelId, kChannelRefreshed);
-  const int unread = CountUnreadInItem(*store_, channelId, false);
-  if (unread >= 0) {
-    CountArrived(channelId, left_->SetChannelUnread(channelId, unread));
-  }
-  if (left_->SelectedChannel() == channelId) ReloadSelection();
-  ReportChannel(kTextReceivedChannel, channelId);
-}
-
-void CRSS_MainFrame::CountArrived(int channelId, int added) {
-  state_.unreadTotal += added;
-  if (added > 0) left_->SetChannelNew(channelId, true);
-}
-
-void CRSS_MainFrame::ReportChannel(const char* textKey, int channelId) {
-  ReportMessage(WithTitle(skin_.GetText(kSectionTexts, textKey), left_->ChannelTitle(channelId)));
 }
 
 void CRSS_MainFrame::OnRefreshMessage(unsigned number) {
@@ -407,16 +358,7 @@ void CRSS_MainFrame::PostWasRead(const PostRow& post, bool isScrapPost) {
   left_->PostWasRead(post, isScrapPost);
 }
 
-// Posts that a worker has stored but not reported yet are added to the unread total here. The
-// worker's later result then adds only what has arrived since.
-void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) {
-  std::unordered_map<int, int> before;
-  for (const int channelId : channelsAtWork_) before[channelId] = left_->ChannelUnread(channelId);
-  left_->RecountUnread(ofScrapPosts);
-  for (const auto& [channelId, count] : before) {
-    CountArrived(channelId, std::max(left_->ChannelUnread(channelId) - count, 0));
-  }
-}
+void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) { arrivals_->Recount(ofScrapPosts); }
 
 void CRSS_MainFrame::ReloadSelection() {
   if (state_.listShowsSelection) left_->ReloadSelection();

@@ -5,7 +5,6 @@
 #include <QPointer>
 #include <memory>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "ingest/IngestServices.h"
@@ -15,6 +14,7 @@
 
 namespace feedloom {
 
+class Arrivals;
 class CRSS_AnnounceDlg;
 class CRSS_LeftContainer;
 class CRSS_RightBottomContainer;
@@ -28,6 +28,7 @@ class StartRetry;
 enum class NameClash;
 struct ImportEnd;
 struct StartContent;
+struct WriteMark;
 
 // Belongs to the interface thread. `parent` of the constructor owns the frame and receives the
 // status texts; its top-level window receives the messages about the refresh.
@@ -111,7 +112,7 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
  private:
   void BuildPanes();
   void SetUpKeys(VxSplitter& right);
-  void BeginLife(FirstReading& reading);
+  void BeginLife(FirstReading& reading, const WriteMark& mark);
   void ShowStart(StartContent start);
   void RetryStart();
   void TakeDown();
@@ -119,11 +120,6 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
   void SetPreviewMode();
   void StopRefresh();
   void SendText();
-  void OnChannelResult(int result, int channelId);
-  void OnChannelRefreshed(int channelId);
-  void OnChannelWorker(int channelId, bool isNew);
-  void CountArrived(int channelId, int added);
-  void ReportChannel(const char* textKey, int channelId);
   void Import(const ListSource& source, NameClash clash,
               std::function<void(const ImportEnd&)> onEnd);
   void ReportImport(const ImportEnd& end);
@@ -151,7 +147,7 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
   QPointer<CRSS_AnnounceDlg> announcement_;
   bool isPanelOpen_ = false;
   bool hostShowsBusy_ = false;  // the host was told of a refresh's begin and not yet of its end
-  std::unordered_set<int> channelsAtWork_;  // ids; their workers have begun and not reported yet
+  std::unique_ptr<Arrivals> arrivals_;
 
   CRSS_LeftContainer* left_ = nullptr;
   CRSS_RightTopContainer* rightTop_ = nullptr;

@@ -1,5 +1,7 @@
 #include "store/Counts.h"
 
+#include <fmt/format.h>
+
 #include "store/Connection.h"
 #include "store/SqlText.h"
 
@@ -44,6 +46,23 @@ int CountUnreadInItem(Store& store, int id, bool isCabinet) {
   const auto table = connection.Query(FormatSql(statement, id));
   if (!table) return -1;
   return table->Rows() > 0 ? table->Int(0, 0) : 0;
+}
+
+std::optional<ChannelCounts> CountUnreadInChannels(Store& store, std::span<const int> channelIds) {
+  if (channelIds.size() == 1) {
+    const int count = CountUnreadInItem(store, channelIds[0], false);
+    return count < 0 ? std::nullopt : std::optional(ChannelCounts{{channelIds[0], count}});
+  }
+  const auto table = QueryOnce(
+      store,
+      fmt::format("select channel_id, count(post_id) a_cnt from tb_channel left join tb_post "
+                  "on channel_id = post_channelID and post_readStatus = 0 where channel_id "
+                  "in ({}) group by channel_id",
+                  fmt::join(channelIds, ",")));
+  if (!table) return std::nullopt;
+  ChannelCounts counts;
+  for (int row = 0; row < table->Rows(); ++row) counts[table->Int(row, 0)] = table->Int(row, 1);
+  return counts;
 }
 
 }  // namespace feedloom

@@ -2,6 +2,10 @@
 // functions; each call opens and closes the database and reports its own failures (Store.h).
 #pragma once
 
+#include <map>
+#include <optional>
+#include <span>
+
 #include "store/Store.h"
 
 namespace feedloom {
@@ -16,5 +20,10 @@ int CountUnreadInFolder(Store& store, int folderId, bool isCabinetGroup);
 // The unread posts of the channel `id`, or of the cabinet `id`. Unlike the others, this function
 // reports a database that cannot be opened twice.
 int CountUnreadInItem(Store& store, int id, bool isCabinet);
+
+// The unread posts of each of these channels by its id, by one SQL statement. A channel that is not
+// in the store has none. nullopt after a failure.
+using ChannelCounts = std::map<int, int>;
+std::optional<ChannelCounts> CountUnreadInChannels(Store& store, std::span<const int> channelIds);
 
 }  // namespace feedloom

@@ -6,7 +6,6 @@
 #include "kit/FeedDocuments.h"
 #include "kit/ThreadRefusal.h"
 #include "shell/ModuleFixture.h"
-#include "ui/tree/GroupTreeModel.h"
 #include "vxctrl/AccessibleTree.h"
 
 namespace feedloom {
@@ -24,11 +23,6 @@ struct TryCounter : QObject {
 };
 
 struct Module : ModuleFixture {
-  // The sample channel's.
-  bool IsNew() {
-    const auto row = Tree().model()->index(0, 0, Tree().model()->index(0, 0));
-    return row.data(GroupTreeModel::IsNewRole).toBool();
-  }
   // The name of what has the keyboard.
   QString Place() {
     QWidget* const focus = QApplication::focusWidget();
@@ -193,37 +187,6 @@ TEST_F(Module, CountsUnreadPostsAndThenDeletesOldOnesWhenTheSettingsSaySo) {
     EXPECT_EQ(UnreadTotal(), 3);
     Destroy();
   }
-}
-
-TEST_F(Module, CountsOnceEachPostThatARefreshHasBroughtAlsoOfAWorkerThatWasStopped) {
-  CreateFrame();
-  const auto begin = [this] { Send(kMessageChannelWorker, 1, 0); };
-  for (const int result : {kDownloadFailed, kDocumentRefused, kChannelRefreshed}) {
-    begin();
-    Send(kMessageChannelResult, result, 1);
-    EXPECT_FALSE(IsNew());
-    const std::string told = std::exchange(texts_, {}).back();
-    EXPECT_NE(told.find("Feedloom 시작하기"), std::string::npos) << told;
-    Send(kMessageShowTextAgain);
-    EXPECT_EQ(texts_, std::vector{told});
-  }
-  const auto recount = [this] { TheFrame().RecountUnread(false); };
-  const auto end = [this] { Send(kMessageChannelResult, kChannelRefreshed, 1); };
-  const auto endRun = [this] { Send(kMessageChannelResult, kRunEnded); };
-  const std::tuple<std::vector<std::function<void()>>, int, const char*> steps[] = {
-      {{begin}, 0, ""},
-      {{recount}, 2, "(2)"},
-      {{end}, 3, "(3)"},
-      {{recount}, 3, "(4)"},               // no worker has the channel now
-      {{begin, endRun, begin}, 3, "(4)"},  // of the next run
-      {{begin}, 5, "(6)"}};                // stopped
-  for (const auto& [acts, total, label] : steps) {
-    AddPosts(1, 1);
-    for (const auto& act : acts) act();
-    EXPECT_EQ(UnreadTotal(), total);
-    EXPECT_EQ(Labels()[1], QString("  Feedloom 시작하기") + label);
-  }
-  EXPECT_TRUE(IsNew());
 }
 
 TEST_F(Module, KeysLeadRoundItsPanesAndDividersAndOutOfThePage) {

@@ -25,6 +25,13 @@ struct Panes : ModuleFixture {
     return texts;
   }
 
+  // The sample channel's posts, as after a refresh of it.
+  void Count() {
+    const auto told = texts_.size();
+    Send(kMessageChannelResult, kChannelRefreshed, 1);
+    EXPECT_TRUE(WaitUntil([&] { return texts_.size() > told; }));
+  }
+
   TempFolder files_;
   QPointer<QWidget> announcement_;
 };
@@ -99,7 +106,7 @@ TEST_F(Panes, AChannelIsCheckedAddedAndRefreshedFromTheServerToTheScreen) {
   server_.Serve("/new.xml", NumberedRss("New", "http://daily.example/post", 3));
   ASSERT_TRUE(WaitForRun());
   EXPECT_NE(frame_->cursor().shape(), Qt::WaitCursor);
-  EXPECT_EQ(Titles(), (QStringList{"Post 1", "Post 2", "Post 3"}));
+  EXPECT_TRUE(WaitUntil([this] { return Titles() == QStringList{"Post 1", "Post 2", "Post 3"}; }));
   EXPECT_EQ(Sql("select count(*) from TB_POST where post_channelID = 1"), "0");
   Press("Shift+F5");
   ASSERT_TRUE(WaitForRun());
@@ -145,7 +152,7 @@ TEST_F(Panes, NewPostsAreAnnouncedOnceAndAClickListsTodays) {
   for (const char* count : {"3 개", "1 개"}) {
     AddPosts(1, count[0] - '0');
     Sql("update TB_POST set post_pubDate = datetime('now', 'localtime')");
-    Send(kMessageChannelResult, kChannelRefreshed, 1);
+    Count();
     EXPECT_EQ(Announced(), (QStringList{count, "업데이트된 새글의 수"}));
     EXPECT_EQ(Announced().size(), 2);
   }
@@ -156,7 +163,7 @@ TEST_F(Panes, NewPostsAreAnnouncedOnceAndAClickListsTodays) {
   EXPECT_EQ(Titles().size(), 4);
   EXPECT_EQ(Announced(), QStringList());
   AddPosts(1, 1);
-  Send(kMessageChannelResult, kChannelRefreshed, 1);
+  Count();
   EXPECT_EQ(Announced().front(), "1 개");  // as many are unread as at the last time
 }
 

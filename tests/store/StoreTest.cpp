@@ -16,6 +16,7 @@
 #include "store/ReadStatus.h"
 #include "store/Search.h"
 #include "store/StoreKit.h"
+#include "store/WriteMark.h"
 
 namespace feedloom {
 namespace {
@@ -105,6 +106,16 @@ class StoreTest : public testing::Test {
         "0");
   }
 
+  // The unread posts of each of these channels.
+  std::string CountsOf(std::vector<int> channels) {
+    const auto counts = CountUnreadInChannels(store_, channels);
+    std::string text = counts ? "" : "none";
+    for (const auto& [id, count] : counts.value_or(ChannelCounts())) {
+      text += fmt::format("{}:{} ", id, count);
+    }
+    return text;
+  }
+
   void ExpectFailures(const std::string& reason) {
     const std::size_t before = db_.Reports().size();
     int order = 0;
@@ -113,13 +124,13 @@ class StoreTest : public testing::Test {
     EXPECT_EQ(Folders() + Channels() + Cabinets() + Found(FindFolderByName, "f") +
                   Loaded<Channel>(LoadChannelWithPosts, 1),
               "none none none none none ");
-    EXPECT_EQ(Line(CountUnreadPosts(store_), CountUnreadInFolder(store_, 1, true),
-                   CountUnreadInFolder(store_, 1, false), CountUnreadInItem(store_, 1, false),
-                   GetChannelFolderId(store_, 1), AppendFolder(store_, "f", order),
-                   AddCabinet(store_, "", 1), InsertChannel(store_, "", "", "", 1, 1),
-                   GetMaxOrder(store_, true, 0), GetMaxOrder(store_, false, 1),
-                   FolderNameExists(store_, "f"), DeleteFolder(store_, 1)),
-              "-1 -1 -1 -1 -1 -1 -1 -1 -2 -2 false false ");
+    EXPECT_EQ(
+        Line(CountUnreadPosts(store_), CountUnreadInFolder(store_, 1, true),
+             CountUnreadInFolder(store_, 1, false), CountsOf({1}), GetChannelFolderId(store_, 1),
+             AppendFolder(store_, "f", order), AddCabinet(store_, "", 1),
+             InsertChannel(store_, "", "", "", 1, 1), GetMaxOrder(store_, true, 0),
+             GetMaxOrder(store_, false, 1), FolderNameExists(store_, "f"), DeleteFolder(store_, 1)),
+        "-1 -1 -1 none -1 -1 -1 -1 -2 -2 false false ");
     EXPECT_EQ(db_.Reports().at(before).find(reason), 0u);
   }
 
@@ -140,9 +151,8 @@ TEST_F(SoundStore, ListsAreOrderedAndCountTheUnreadAndThoseOfTheLocalDate) {
             "1 0 true 2 -3 true 3 1 false ");
   EXPECT_EQ(Line(CountUnreadPosts(store_), CountUnreadInFolder(store_, 1, false),
                  CountUnreadInFolder(store_, 2, false), CountUnreadInFolder(store_, 0, true),
-                 CountUnreadInItem(store_, 1, false), CountUnreadInItem(store_, 3, false),
-                 CountUnreadInItem(store_, 2, true)),
-            "4 3 0 3 2 0 1 ");
+                 CountsOf({3, 1, 99})),
+            "4 3 0 3 1:2 3:0  ");
   db_.Clock().Set(NoonOf(2008, 5, 2));
   db_.Sql(
       "update TB_POST set post_pubDate = iif(post_id = 2, '2008-05-01 23:59:59', '2008-05-02 0' || "
@@ -314,6 +324,22 @@ TEST_F(SoundStore, StatementsKeepTheirTextsAndPauseBeforeAndAfter) {
       "channel_folderID  = 2);Delete From TB_POST Where post_id = 1 Or post_id = 2;Delete From "
       "TB_POST where ABS(JULIANDAY('now') - JULIANDAY(post_createdate)) >= 7");
   EXPECT_EQ(db_.Clock().TimePaused(), std::chrono::milliseconds(7 * 20));
+}
+
+TEST_F(SoundStore, KnowsItsOwnWritesFromThoseOfOtherPrograms) {
+  const WriteMark before = ReadWriteMark(store_);
+  Insert(1, {{"a", "1"}, {"b", "2"}});
+  EXPECT_TRUE(MarkPostsRead(store_, 1, Ids{1}) && MarkPostsRead(store_, 1, Ids{99}));
+  EXPECT_EQ(CountUnreadPosts(store_), 1);
+  Connection connection(store_);
+  for (const char* step : {"begin", "delete from TB_POST", "delete from TB_FOLDER", "commit"}) {
+    EXPECT_TRUE(connection.Execute(step) && BackupDatabase(store_));
+  }
+  const WriteMark after = ReadWriteMark(store_);
+  EXPECT_FALSE(OthersWrote(before, after));
+  EXPECT_NE(before.byAll, after.byAll);
+  db_.Sql("insert into TB_FOLDER(folder_name) values('x')");
+  EXPECT_TRUE(OthersWrote(after, ReadWriteMark(store_)));
 }
 
 using FaultyStore = StoreTest;

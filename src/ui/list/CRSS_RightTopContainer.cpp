@@ -102,6 +102,7 @@ void CRSS_RightTopContainer::Append(PostList list) {
 }
 
 void CRSS_RightTopContainer::Refill(PostList list) {
+  if (model_.Shows(list)) return;
   const ListViewState place = SaveViewState(list_, model_);
   model_.Refill(std::move(list));
   RestoreViewState(list_, model_, place);

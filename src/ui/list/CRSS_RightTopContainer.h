@@ -27,7 +27,8 @@ class CRSS_RightTopContainer : public QWidget {
   // the frame's list mode before the call and shows a post after it.
   void Fill(PostList list);
   // Replaces the rows by a newer version of the same list. Selection, current row and scroll
-  // position are restored by the posts' ids; the sorting stays. Shows no post.
+  // position are restored by the posts' ids; the sorting stays. Shows no post. Does nothing when
+  // all rows are the same.
   void Refill(PostList list);
 
   // Shows the post of row `index` in the browser, marks it read and selects its row. Posts of the

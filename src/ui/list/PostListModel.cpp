@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <iterator>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -35,6 +36,17 @@ void PostListModel::Refill(PostList list) {
   Replace(std::move(list));
   if (sorting_ != Sorting()) Reorder(PostOrder(posts_, sorting_, codePage_));
   endResetModel();
+}
+
+bool PostListModel::Shows(const PostList& list) const {
+  if (list.areScrapPosts != areScrapPosts_ || list.posts.size() != posts_.size()) return false;
+  std::unordered_map<int, const PackedPost*> shown;
+  for (const PackedPost& post : posts_) shown[post.Id()] = &post;
+  return std::ranges::all_of(list.posts, [&](const PostRow& post) {
+    const auto found = shown.find(post.id);
+    return found != shown.end() && found->second->IsRead() == (post.readStatus != 0) &&
+           found->second->Title() == post.title && found->second->OwnerTitle() == post.ownerTitle;
+  });
 }
 
 void PostListModel::Replace(PostList list) {

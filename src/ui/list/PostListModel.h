@@ -42,6 +42,10 @@ class PostListModel : public QAbstractTableModel {
   // Replaces all rows; the sorting stays.
   void Refill(PostList list);
 
+  // Whether the rows are the posts of `list`, in any order, with the same texts in the
+  // cells.
+  bool Shows(const PostList& list) const;
+
   bool AreScrapPosts() const { return areScrapPosts_; }
   PostRow At(int row) const;
   int IdAt(int row) const { return Post(row).Id(); }

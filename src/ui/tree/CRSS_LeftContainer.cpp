@@ -28,6 +28,18 @@ RowTexts LoadRowTexts(const Skin& skin) {
           .isFailing = skin.GetText(kSectionTexts, kTextRowFailing)};
 }
 
+// Whether the row `key` stays in a tree with this content.
+bool Holds(const TreeContent& content, const RowKey& key) {
+  const auto find = [&key](const auto& rows) {
+    return std::ranges::find_if(rows, [&key](const auto& row) { return row.id == key.id; });
+  };
+  if (key.kind == RowKind::Folder) return find(content.folders) != content.folders.end();
+  if (key.kind == RowKind::Cabinet) return find(content.cabinets) != content.cabinets.end();
+  if (key.kind == RowKind::CabinetRoot) return true;
+  const auto channel = find(content.channels);
+  return channel != content.channels.end() && Holds(content, {RowKind::Folder, channel->folderId});
+}
+
 void Restart(QTimer& timer, const std::optional<std::chrono::milliseconds>& period) {
   period ? timer.start(*period) : timer.stop();
 }
@@ -56,6 +68,7 @@ CRSS_LeftContainer::CRSS_LeftContainer(Frame& frame, QWidget* parent)
   connect(tree_, &CRSS_GroupTreeCtrl::MenuRequested, this, &CRSS_LeftContainer::ShowRowMenu);
   SetUpToolBar();
   SetUpKeys();
+  CountChanges();
   RestartUpdateTimer();
   RestartNotificationTimer();
 }
@@ -92,11 +105,34 @@ void CRSS_LeftContainer::SetUpKeys() {
   onKey(this, QKeySequence::Find, [this] { frame_.FocusSearch(); });
 }
 
+// Marks and states are not read together with what a revision is for.
+void CRSS_LeftContainer::CountChanges() {
+  const auto count = [this] { ++revision_; };
+  connect(&model_, &QAbstractItemModel::rowsInserted, this, count);
+  connect(&model_, &QAbstractItemModel::rowsRemoved, this, count);
+  connect(&model_, &QAbstractItemModel::rowsMoved, this, count);
+  connect(&model_, &QAbstractItemModel::modelReset, this, count);
+  connect(&model_, &QAbstractItemModel::dataChanged, this,
+          [this](const auto&, const auto&, const QList<int>& roles) {
+            if (roles.contains(Qt::DisplayRole)) ++revision_;
+          });
+}
+
 void CRSS_LeftContainer::LoadTree() { ShowTree(ReadTree(frame_.GetStore())); }
 
 void CRSS_LeftContainer::ShowTree(TreeContent content) {
   content.cabinetTitle = frame_.GetSkin().GetText(kSectionTexts, kTextCabinetTitle);
   model_.Load(std::move(content));
+}
+
+void CRSS_LeftContainer::UpdateTree(const TreeContent& content) {
+  const auto selected = SelectedRow();
+  if (selected && !Holds(content, *selected)) {
+    // A view whose current row goes would select the next one and so show, and read, its posts.
+    tree_->ClearSelection();
+    if (frame_.State().listShowsSelection) frame_.ListPosts(ListMode::Selection, {});
+  }
+  model_.Update(content);
 }
 
 void CRSS_LeftContainer::RefreshAll() { commands_.Run(kCommandRefreshAll); }
@@ -115,8 +151,8 @@ int CRSS_LeftContainer::SetChannelUnread(int channelId, int count) {
   return model_.SetChannelUnread(channelId, count);
 }
 
-void CRSS_LeftContainer::SetChannelNew(int channelId, bool isNew) {
-  model_.SetChannelNew(channelId, isNew);
+void CRSS_LeftContainer::SetChannelsNew(std::span<const int> channelIds, bool isNew) {
+  for (const int id : channelIds) model_.SetChannelNew(id, isNew);
   tree_->viewport()->repaint();  // the mark lies outside the area that the view repaints
 }
 
@@ -130,6 +166,7 @@ void CRSS_LeftContainer::SetChannelState(int channelId, int state) {
 }
 
 void CRSS_LeftContainer::RecountUnread(bool ofScrapPosts) {
+  ++revision_;
   const auto recount = ofScrapPosts ? ReadCabinetCounts : ReadChannelCounts;
   recount(frame_.GetStore(), model_);
 }
@@ -177,6 +214,7 @@ void CRSS_LeftContainer::PostIsSaved(int cabinetId) {
 // A search result has no owner id. Looking up the one post costs much less than recounting all
 // channels.
 void CRSS_LeftContainer::PostWasRead(const PostRow& post, bool isScrapPost) {
+  ++revision_;
   if (post.ownerId == 0 && isScrapPost) return frame_.RecountUnread(true);
   if (isScrapPost) return model_.LowerCabinetUnread(post.ownerId);
   std::vector<PostRow> stored;
@@ -189,21 +227,26 @@ std::string CRSS_LeftContainer::ChannelTitle(int channelId) const {
   return channel == nullptr ? std::string() : channel->title;
 }
 
-std::optional<int> CRSS_LeftContainer::SelectedChannel() const {
-  const ChildRow* const child = model_.ChildAt(tree_->SelectedRow());
-  if (child == nullptr || child->kind != RowKind::Channel) return std::nullopt;
-  return child->id;
+std::optional<RowKey> CRSS_LeftContainer::SelectedRow() const {
+  return model_.KeyOf(tree_->SelectedRow());
+}
+
+bool CRSS_LeftContainer::SelectionHolds(int channelId) const {
+  const QModelIndex channel = model_.FindChannel(channelId);
+  const QModelIndex selected = tree_->SelectedRow();
+  return channel.isValid() && (selected == channel || selected == channel.parent());
 }
 
 void CRSS_LeftContainer::ReloadSelection() {
-  if (auto list = PostsOf(frame_.GetStore(), model_, tree_->SelectedRow())) {
+  if (auto list = PostsOf(frame_.GetStore(), SelectedRow())) {
     frame_.RelistPosts(std::move(*list));
   }
 }
 
 void CRSS_LeftContainer::ListSelectedPosts() {
-  if (const auto channelId = SelectedChannel()) SetChannelNew(*channelId, false);
-  auto list = PostsOf(frame_.GetStore(), model_, tree_->SelectedRow());
+  const auto row = SelectedRow();
+  if (row && row->kind == RowKind::Channel) SetChannelsNew({&row->id, 1}, false);
+  auto list = PostsOf(frame_.GetStore(), row);
   // After a failure the list is emptied: it must not show posts of a row that is no longer
   // selected.
   frame_.ListPosts(ListMode::Selection, std::move(list).value_or(PostList()), firstShown_);

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -37,6 +38,11 @@ class CRSS_LeftContainer : public QWidget {
   // no row is selected.
   void ShowTree(TreeContent content);
 
+  // Brings the rows up to date with a newer reading of the store. Closed folders, the selection and
+  // the scroll position stay. A selected row that is gone is deselected, and the list emptied when
+  // it shows that row's posts.
+  void UpdateTree(const TreeContent& content);
+
   // These queue channels in the order of their rows and start the refresh. A channel that is queued
   // already is not queued again. RefreshAll: all channels; RefreshSelection: those of the selected
   // row.
@@ -53,9 +59,9 @@ class CRSS_LeftContainer : public QWidget {
   // Sets a channel's unread count, and changes its folder's count by the difference. Returns the
   // difference to the previous count. A negative `count` changes nothing and returns 0.
   int SetChannelUnread(int channelId, int count);
-  // These set a channel's new mark and repaint the tree before they return. The ByMessage variant
-  // is for messages of the refresh; see NewPostAnimation.
-  void SetChannelNew(int channelId, bool isNew);
+  // These set the new mark of a channel, or of several, and repaint the tree before they return.
+  // The ByMessage variant is for messages of the refresh; see NewPostAnimation.
+  void SetChannelsNew(std::span<const int> channelIds, bool isNew);
   void SetChannelNewByMessage(int channelId, bool isNew);
   // `state` is the ChannelResult of the channel's last refresh: negative after a failure.
   void SetChannelState(int channelId, int state);
@@ -66,6 +72,12 @@ class CRSS_LeftContainer : public QWidget {
 
   // A channel's unread count; 0 for a channel that is not in the tree.
   int ChannelUnread(int channelId) const;
+  // The sum of the channels' unread counts.
+  int UnreadInChannels() const { return model_.UnreadInChannels(); }
+
+  // A number that rises when rows or counts change, or posts of rows by the user: what was read
+  // from the store before that is out of date.
+  int Revision() const { return revision_; }
 
   // Appends the row of a channel that a refresh has stored, unless the row exists. Its unread count
   // is 0 until SetChannelUnread, whose returned difference then counts all of the channel's posts.
@@ -101,8 +113,10 @@ class CRSS_LeftContainer : public QWidget {
 
   // A channel's title without its count; empty when there is no such channel.
   std::string ChannelTitle(int channelId) const;
-  // The id of the selected channel; nullopt when no channel is selected.
-  std::optional<int> SelectedChannel() const;
+  // The selected row; nullopt when no row is selected.
+  std::optional<RowKey> SelectedRow() const;
+  // True when the channel, or its folder, is selected.
+  bool SelectionHolds(int channelId) const;
   // Passes the posts of the selected row to Frame::RelistPosts. Does nothing when no row is
   // selected or the store cannot read the posts.
   void ReloadSelection();
@@ -118,6 +132,7 @@ class CRSS_LeftContainer : public QWidget {
  private:
   void SetUpToolBar();
   void SetUpKeys();
+  void CountChanges();
   void ListSelectedPosts();
   void ShowRowMenu(const QPoint& place);
   void ShowMenuAt(const Menu& menu, const QPoint& place);
@@ -130,6 +145,7 @@ class CRSS_LeftContainer : public QWidget {
   QTimer* const updateTimer_;
   QTimer* const notificationTimer_;
   TreeCommands commands_;
+  int revision_ = 0;
   FirstShown firstShown_ = FirstShown::First;  // passed on when the next row is selected
 };
 

@@ -69,6 +69,12 @@ const ChildRow* GroupTreeModel::ChildAt(const QModelIndex& index) const {
   return group == nullptr ? nullptr : &group->children[static_cast<std::size_t>(index.row())];
 }
 
+std::optional<RowKey> GroupTreeModel::KeyOf(const QModelIndex& index) const {
+  if (const GroupRow* const group = GroupAt(index)) return RowKey{group->kind, group->id};
+  if (const ChildRow* const child = ChildAt(index)) return RowKey{child->kind, child->id};
+  return std::nullopt;
+}
+
 ChildRow* GroupTreeModel::MutableChildAt(const QModelIndex& index) {
   return const_cast<ChildRow*>(ChildAt(index));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -54,11 +55,20 @@ class GroupTreeModel : public QAbstractItemModel {
   // no row. A negative count (the store could not read it) becomes 0.
   void Load(TreeContent content);
 
+  // Brings the rows up to date with a newer reading of the store, one change at a time, so that
+  // rows which stay keep their place, their marks and their persistent indexes. New rows come
+  // behind the last one of their group. cabinetTitle is not looked at.
+  void Update(const TreeContent& content);
+
   const GroupRows& Groups() const { return groups_; }
   // The record of a row; null for an index of the other level. The pointer is valid until rows are
   // next added, moved or removed.
   const GroupRow* GroupAt(const QModelIndex& index) const;
   const ChildRow* ChildAt(const QModelIndex& index) const;
+  // What a row stands for; nullopt for an invalid index.
+  std::optional<RowKey> KeyOf(const QModelIndex& index) const;
+  // The sum of the channels' unread counts.
+  int UnreadInChannels() const;
   // The row of a channel; an invalid index when there is none. Takes constant time.
   QModelIndex FindChannel(int channelId) const;
 
@@ -119,6 +129,11 @@ class GroupTreeModel : public QAbstractItemModel {
 
   void FillGroups(TreeContent content);
   GroupRow* FindFolder(int folderId) const;  // null when there is none
+  void UpdateFolders(const std::vector<FolderRow>& folders);
+  void UpdateChannels(const std::vector<ChannelRow>& channels);
+  void UpdateCabinets(const std::vector<CabinetRow>& cabinets);
+  void RemoveRowsExcept(const TreeContent& content);
+  void RenameTo(const QModelIndex& row, const std::string& stored);
   void ReindexChannels(GroupRow& folder);
   void AddToUnread(GroupRow& group, int difference);
   int RemoveChild(GroupRow& group, int row);

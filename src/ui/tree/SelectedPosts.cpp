@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "store/Posts.h"
-#include "ui/tree/GroupTreeModel.h"
 
 namespace feedloom {
 namespace {
@@ -39,13 +38,9 @@ bool LoadPosts(Store& store, RowKind kind, int id, PostList& list) {
 
 }  // namespace
 
-std::optional<PostList> PostsOf(Store& store, const GroupTreeModel& model, const QModelIndex& row) {
+std::optional<PostList> PostsOf(Store& store, const std::optional<RowKey>& row) {
   PostList list;
-  const GroupRow* const group = model.GroupAt(row);
-  const ChildRow* const child = model.ChildAt(row);
-  const bool loaded = (group != nullptr && LoadPosts(store, group->kind, group->id, list)) ||
-                      (child != nullptr && LoadPosts(store, child->kind, child->id, list));
-  if (!loaded) return std::nullopt;
+  if (!row || !LoadPosts(store, row->kind, row->id, list)) return std::nullopt;
   return list;
 }
 

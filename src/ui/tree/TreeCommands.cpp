@@ -94,7 +94,7 @@ std::optional<Menu> TreeCommands::SelectionMenu() const {
   if (!target) return std::nullopt;
   const bool hasUnread = target->row.data(GroupTreeModel::UnreadRole).toInt() > 0;
   const auto hasPosts = [&] {
-    const auto list = PostsOf(frame_.GetStore(), model_, target->row);
+    const auto list = PostsOf(frame_.GetStore(), model_.KeyOf(target->row));
     return list && !list->posts.empty();
   };
   const bool isProtected = target->kind == RowKind::Folder && target->order < 0;
@@ -255,7 +255,7 @@ void TreeCommands::Mark(const Actions& /*actions*/) {
     return;
   }
   frame_.RecountUnread(target->kind == RowKind::CabinetRoot || target->kind == RowKind::Cabinet);
-  if (auto list = PostsOf(frame_.GetStore(), model_, target->row)) {
+  if (auto list = PostsOf(frame_.GetStore(), model_.KeyOf(target->row))) {
     frame_.RelistPosts(std::move(*list));
   }
 }

@@ -17,6 +17,13 @@ TreeContent ReadTree(Store& store) {
   return content;
 }
 
+std::optional<TreeContent> ReadWholeTree(Store& store) {
+  TreeContent content;
+  const bool areFoldersRead = LoadFolderList(store, content.folders);
+  if (!areFoldersRead || !ReadTreeBelowFolders(store, content)) return std::nullopt;
+  return content;
+}
+
 bool ReadTreeBelowFolders(Store& store, TreeContent& content) {
   const bool areChannelsRead = LoadChannelList(store, content.channels);
   content.unreadInCabinets = CountUnreadInFolder(store, 0, true);

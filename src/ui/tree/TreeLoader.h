@@ -11,6 +11,8 @@ class Store;
 
 // All rows; rows that the store cannot read are missing. cabinetTitle stays empty. Any thread.
 TreeContent ReadTree(Store& store);
+// The same; nullopt when the store cannot read all of them. Any thread.
+std::optional<TreeContent> ReadWholeTree(Store& store);
 // Reads into `content` all rows except the folders. False when the store cannot read some. Any
 // thread.
 bool ReadTreeBelowFolders(Store& store, TreeContent& content);

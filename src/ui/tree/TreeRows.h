@@ -19,6 +19,14 @@ constexpr bool IsGroup(RowKind kind) {
   return kind == RowKind::Folder || kind == RowKind::CabinetRoot;
 }
 
+// What a row stands for. The id of the cabinet root is 0.
+struct RowKey {
+  RowKind kind = RowKind::Folder;
+  int id = 0;
+
+  bool operator==(const RowKey&) const = default;
+};
+
 // A channel of a folder, or a cabinet of the cabinet root.
 struct ChildRow {
   RowKind kind = RowKind::Channel;

@@ -47,7 +47,7 @@ TEST_F(LeftContainerTest, OpensWithoutASelectionAndListsThePostsOfTheRowThatIsCl
     Click(PlaceOf(label));
     EXPECT_EQ(Listed(), posts) << label;
   }
-  EXPECT_EQ(pane->SelectedChannel(), daily);
+  EXPECT_EQ(pane->SelectedRow(), (RowKey{RowKind::Channel, daily}));
   frame.db.Sql("update TB_POST set post_title = 'Fresh'");
   pane->ReloadSelection();
   EXPECT_EQ(frame.relists.at(0).posts.at(1).title, "Fresh");
@@ -154,6 +154,30 @@ TEST_F(LeftContainerTest, RowsComeAndMoveWithTheirCountsAndTheSelectionStaysInSi
   EXPECT_EQ(pane->Subscriptions().size(), 4U) << "the cabinets are none";
 }
 
+TEST_F(LeftContainerTest, ANewerReadingChangesOnlyWhatIsOther) {
+  const int ball = frame.db.AddChannelWithPosts(sports, "C", 4);
+  pane->LoadTree();
+  pane->SetChannelsNew({&daily, 1}, true);
+  tree->collapse(Row("Sports"));
+  Click(PlaceOf("Daily"));
+  pane->SetChannelsNew({&daily, 1}, true);
+  const auto lists = frame.lists.size();
+  const TreeContent moved{{{"News", news, 1, 0}, {"Other", 90, 2, 5}},
+                          {Channel(weekly, news, "Weekly now"), Channel(daily, 90, "Daily", 5),
+                           Channel(91, 90, "Fresh"), Channel(ball, 999, "Nowhere")},
+                          {{keep, "Kept", 1, 0}, {92, "New", 2, 3}},
+                          "",
+                          3};
+  for (int i = 0; i < 2; ++i) pane->UpdateTree(moved);
+  EXPECT_EQ(Rows(), "News Weekly now Other(5) [Daily(5)] Fresh 보관함(3) Kept New(3)");
+  EXPECT_TRUE(Row("Daily").data(GroupTreeModel::IsNewRole).toBool());
+  EXPECT_EQ(frame.lists.size(), lists);
+  pane->UpdateTree(
+      {{{"News", news}, {"Sports", sports}}, {Channel(daily, 90, "Daily")}, {}, "", 0});
+  EXPECT_EQ(Rows(), "News Sports 보관함") << "the selected row has gone, and no other is selected";
+  EXPECT_EQ(Listed(), "");
+}
+
 TEST_F(LeftContainerTest, ARowSaysItsNameItsCountAndWhatIsWrong) {
   const struct {
     std::string title;
@@ -224,7 +248,7 @@ TEST_F(LeftContainerTest, AMarkMovesBesideAChannelWithNewPostsUntilItIsSelected)
   const QImage noMark = Mark();
   pane->SetChannelState(daily, -2);
   for (const bool byMessage : {false, true}) {
-    byMessage ? pane->SetChannelNewByMessage(daily, true) : pane->SetChannelNew(daily, true);
+    byMessage ? pane->SetChannelNewByMessage(daily, true) : pane->SetChannelsNew({&daily, 1}, true);
     const QImage first = Mark();
     EXPECT_TRUE(QTest::qWaitFor([&] { return Mark() != first; }));
   }
