@@ -131,8 +131,9 @@ TEST_F(Arrivals, FromOtherProgramsShowUpWhenTheUserComesBackAndAreNotAnnounced) 
   DeleteChannel(store_, 1);
   MarkChannelsRead(store_, 1, std::vector{3});
   answers_.Next([this](QDialog& panel) {
-    ComeBack();
-    panel.activateWindow();
+    QEvent active(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(host_.get(), &active);
+    Refresh({1});
     EXPECT_EQ(Rows(), "F(5) A(2) B(1) C(2) ") << "nothing moves under a question";
     panel.reject();
   });
