@@ -113,8 +113,8 @@ void Arrivals::LookForChanges() {
 template <typename Read, typename Take>
 void Arrivals::ReadBehind(Read read, Take take) {
   isReading_ = true;
-  jobs_->Start([this, store = store_, revision = left_.Revision(), read = std::move(read),
-                take = std::move(take)](const auto& stop, const auto& tell) {
+  const auto job = [this, store = store_, revision = left_.Revision(), read = std::move(read),
+                    take = std::move(take)](const auto& stop, const auto& tell) {
     if (stop.stop_requested()) return;
     const auto result = std::make_shared<decltype(read(*store))>(read(*store));
     tell([this, revision, take, result] {
@@ -122,6 +122,10 @@ void Arrivals::ReadBehind(Read read, Take take) {
       if (left_.Revision() == revision) take(std::move(*result));
       ReadNext();
     });
+  };
+  jobs_->Start(job, [this] {
+    isReading_ = false;
+    lookTimer_.start(kNextLook);  // the system may have a thread then
   });
 }
 
@@ -157,7 +161,7 @@ void Arrivals::ReadChanges() {
   ReadBehind(
       [seen = seen_](Store& store) {
         Changes changes{.mark = ReadWriteMark(store), .tree = std::nullopt};
-        if (changes.mark != seen) changes.tree = ReadWholeTree(store);
+        if (MayHaveChanged(seen, changes.mark)) changes.tree = ReadWholeTree(store);
         return changes;
       },
       [this](const Changes& changes) {

@@ -2,8 +2,15 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
+#include <chrono>
+
 namespace feedloom {
 namespace {
+
+using std::chrono::nanoseconds;
+
+constexpr nanoseconds kClockTick = std::chrono::milliseconds(20);  // of file systems, at most
 
 WriteMark::File MarkOf(const std::string& path) {
   struct stat found {};
@@ -14,7 +21,15 @@ WriteMark::File MarkOf(const std::string& path) {
 }  // namespace
 
 WriteMark ReadWriteMark(const Store& store) {
-  return {{MarkOf(store.DbPath()), MarkOf(store.DbPath() + "-wal")}};
+  const nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
+  const WriteMark::File database = MarkOf(store.DbPath());
+  const WriteMark::File log = MarkOf(store.DbPath() + "-wal");
+  const nanoseconds last(std::max(database.written, log.written));
+  return {{database, log}, last < now - kClockTick};
+}
+
+bool MayHaveChanged(const WriteMark& earlier, const WriteMark& later) {
+  return !earlier.isSettled || earlier.files != later.files;
 }
 
 }  // namespace feedloom
