@@ -23,6 +23,15 @@ struct TryCounter : QObject {
 };
 
 struct Module : ModuleFixture {
+  // Three unread posts, two of them older than a week.
+  void AddOldPosts() {
+    AddPosts(1, 3);
+    Sql("update TB_POST set post_createDate = datetime('now', '-8 days') where post_id < 3");
+  }
+  void SetCleanUp(const std::string& mode, const std::string& days) {
+    ASSERT_TRUE(profile_.TheRegistry().WriteString(kModuleKey, "FeedDeleteModeStr", mode));
+    ASSERT_TRUE(profile_.TheRegistry().WriteString(kModuleKey, "FeedDeleteDateStr", days));
+  }
   // The name of what has the keyboard.
   QString Place() {
     QWidget* const focus = QApplication::focusWidget();
@@ -85,10 +94,8 @@ TEST_F(Module, WithoutADatabaseSaysSoOnceKeepsTheOlderCopyAndStandsUntilItCanBeR
 }
 
 TEST_F(Module, OfAHostWhoseFunctionThrowsDeletesNoPostLeavesNoPaneAndIsMadeWhenItDoesNot) {
-  AddPosts(1, 3);
-  Sql("update TB_POST set post_createDate = datetime('now', '-8 days') where post_id < 3");
-  for (const auto& [name, text] : {std::pair("FeedDeleteModeStr", "0"), {"FeedDeleteDateStr", "7"}})
-    ASSERT_TRUE(profile_.TheRegistry().WriteString(kModuleKey, name, text));
+  AddOldPosts();
+  SetCleanUp("0", "7");
   QWidget window;
   std::string fatal;
   std::set<std::string> owners;  // what the frame still was when its first pane went
@@ -114,19 +121,6 @@ TEST_F(Module, OfAHostWhoseFunctionThrowsDeletesNoPostLeavesNoPaneAndIsMadeWhenI
   fatal = "";
   CreateFrame();
   EXPECT_EQ(Labels()[1], "  Feedloom 시작하기(1)");
-  Destroy();
-}
-
-TEST_F(Module, ReadsOnTheInterfaceThreadWhenTheSystemRefusesOthers) {
-  AddPosts(1, 3);
-  CreateFrame();  // the browser engine cannot start without threads of its own
-  Destroy();
-  QWidget window;
-  std::optional<ThreadRefusal> refusal(std::in_place);
-  frame_ = Create(&window);
-  refusal.reset();
-  ASSERT_NE(frame_, nullptr);
-  EXPECT_EQ(Labels()[1], "  Feedloom 시작하기(3)");
   Destroy();
 }
 
@@ -173,20 +167,22 @@ TEST_F(Module, EndsInTheMiddleOfAnImportWhileADialogIsOpen) {
   EXPECT_TRUE(folders > 2 && folders < 201) << folders;
 }
 
-TEST_F(Module, CountsUnreadPostsAndThenDeletesOldOnesWhenTheSettingsSaySo) {
-  AddPosts(1, 3);
-  Sql("update TB_POST set post_createDate = datetime('now', '-8 days') where post_id < 3");
-  const Registry registry = profile_.TheRegistry();
+TEST_F(Module, CountsUnreadPostsAndThenDeletesOldOnesWhenTheSettingsSaySoAlsoWithoutThreads) {
+  AddOldPosts();
   using Row = std::array<const char*, 3>;  // mode, days, and the count on screen
   for (const auto& [mode, days, count] :
        {Row{"1", "7", "(3)"}, {"0", "0", "(3)"}, {"0", "9", "(3)"}, {"0", "7", "(1)"}}) {
-    ASSERT_TRUE(registry.WriteString(kModuleKey, "FeedDeleteModeStr", mode));
-    ASSERT_TRUE(registry.WriteString(kModuleKey, "FeedDeleteDateStr", days));
+    SetCleanUp(mode, days);
     CreateFrame();
     EXPECT_EQ(Labels()[1], QString("  Feedloom 시작하기") + count);
     EXPECT_EQ(UnreadTotal(), 3);
     Destroy();
   }
+  QWidget window;
+  std::optional<ThreadRefusal> refusal(std::in_place);
+  frame_ = Create(&window);  // the browser engine has the threads that it cannot do without
+  refusal.reset();
+  EXPECT_EQ(Labels()[1], "  Feedloom 시작하기(1)");
 }
 
 TEST_F(Module, KeysLeadRoundItsPanesAndDividersAndOutOfThePage) {
