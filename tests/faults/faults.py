@@ -241,8 +241,8 @@ class Story(unittest.TestCase):
             wait_until(lambda: set(names) <= set(self.server.requests), names)
             yield program
 
-    def show(self, profile, **options):
-        window = self.enterContext(profile.start_window(**options))
+    def show(self, profile, *arguments, **options):
+        window = self.enterContext(profile.start_window(*arguments, **options))
         wait_until(lambda: pages(window), "the window shows no page")
         return window
 
