@@ -133,7 +133,7 @@ TEST_F(Arrivals, FromOtherProgramsShowUpWhenTheUserComesBackAndAreNotAnnounced) 
   answers_.Next([this](QDialog& panel) {
     QEvent active(QEvent::WindowActivate);
     QCoreApplication::sendEvent(host_.get(), &active);
-    Refresh({1});
+    Refresh({});
     EXPECT_EQ(Rows(), "F(5) A(2) B(1) C(2) ") << "nothing moves under a question";
     panel.reject();
   });
