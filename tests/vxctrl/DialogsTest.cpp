@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QPainter>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -91,6 +92,43 @@ TEST_F(Dialogs, AMessageBoxHasTheButtonsOfItsKindAndOnlyTheFirstConsents) {
   EXPECT_TRUE(Consents(MsgBoxKind::YesNo, Type("\t\t\r"))) << "a short text is no stop";
 }
 
+TEST_F(Dialogs, ShowTheirPartsAtEvenDistances) {
+  const auto gaps = [](QWidget& dialog, const QWidget& first, const QWidget& last) {
+    dialog.show();  // gives its parts their places
+    const auto buttons = dialog.findChildren<CButtonEx*>();
+    const QRect left = buttons[0]->geometry().translated(
+        buttons[0]->parentWidget() == &dialog ? QPoint() : buttons[0]->parentWidget()->pos());
+    return std::vector{first.x(),
+                       first.y(),
+                       left.top() - last.geometry().bottom() - 1,
+                       buttons[1]->x() - buttons[0]->geometry().right() - 1,
+                       dialog.height() - left.bottom() - 1,
+                       dialog.width() - last.geometry().right() - 1};
+  };
+  CMsgBox box(skin_.Get(), "?", MsgBoxKind::YesNo, nullptr);
+  const auto& area = *box.findChild<QScrollArea*>();
+  EXPECT_EQ(gaps(box, area, area), (std::vector{20, 20, 20, 8, 20, 20}));
+  EXPECT_EQ(area.size(), QSize(220, 32));
+  NameDialog dialog(skin_.Get(), nullptr);
+  const auto& label = *dialog.findChild<QLabel*>();
+  EXPECT_EQ(gaps(dialog, label, *dialog.name), (std::vector{20, 20, 20, 8, 20, 20}));
+  EXPECT_EQ(dialog.name->x() - label.geometry().right() - 1, 12);
+  EXPECT_EQ(dialog.name->width(), 240);
+}
+
+TEST_F(Dialogs, ABackgroundIsCutOutWhereItHasTheKeysColor) {
+  QPixmap ground(20, 20);
+  ground.fill(Qt::magenta), QPainter(&ground).fillRect(10, 0, 10, 20, Qt::yellow);
+  for (const bool isFirst : {true, false}) {
+    NameDialog dialog(skin_.Get(), nullptr);
+    if (isFirst) dialog.SetBackground(ground);
+    dialog.SetColorKey(Qt::magenta);
+    dialog.SetBackground(ground);
+    EXPECT_EQ(dialog.mask(), QRegion(10, 0, 10, 20));
+    EXPECT_EQ(dialog.grab().toImage().pixelColor(15, 5), QColor(Qt::yellow));
+  }
+}
+
 TEST_F(Dialogs, OnlyATextThatDoesNotFitTheScreenIsScrolled) {
   const QSize screen = QGuiApplication::primaryScreen()->availableSize();
   for (const auto& [text, isLong] :
@@ -113,6 +151,20 @@ TEST_F(Dialogs, ADialogGivesWhatWasTypedWhenItIsAcceptedAndStaysOpenUntilItsFiel
       {Type("a\r"), "a"},        {Type("a\t\r"), "a"},        {Type("\ra\r"), "a"},
       {Type("a\x1B"), "(none)"}, {Type("a\t\t\r"), "(none)"}, {Click("Cancel"), "(none)"}};
   for (const auto& [end, name] : kEnds) EXPECT_EQ(Ask(end), name);
+}
+
+TEST_F(Dialogs, AKeyThatIsHeldFromBeforeEndsNothing) {
+  const Action hold = [](QDialog& dialog) {
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+      QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+      QApplication::sendEvent(&dialog, &held);
+      EXPECT_TRUE(dialog.isVisible());
+    }
+    dialog.close();
+  };
+  refuse_ = [] { ADD_FAILURE(); };
+  EXPECT_EQ(Ask(hold), "(none)");
+  EXPECT_FALSE(Consents(MsgBoxKind::OkCancel, hold));
 }
 
 TEST_F(Dialogs, AParentThatGoesTakesItsDialogAlong) {

@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
+#include <QToolTip>
 
 #include "vxctrl/CVxListCtrl.h"
 #include "vxctrl/VxSplitter.h"
@@ -19,13 +23,88 @@ class List : public testing::Test {
   List() {
     for (int row = 0; row < 40; ++row) model_.setItem(row, 2, new QStandardItem);
     list_.setModel(&model_);
+    model_.item(39, 2)->setToolTip("the last");
     list_.resize(140, 130);
-    list_.show();
+    window_.show(), window_.activateWindow(), list_.setFocus();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list_.hasFocus(); }));
   }
 
   QStandardItemModel model_;
-  CVxListCtrl list_{nullptr};
+  QWidget window_;
+  CVxListCtrl list_{&window_};
 };
+
+TEST_F(List, TheHeadersKeysChooseSortAndWidenAColumnThatIsInSight) {
+  // The key, and then the chosen column, the sorted one, its order, and the columns' widths.
+  const std::pair<QKeySequence, const char*> kKeys[] = {
+      {Qt::ALT | Qt::Key_Up, "1 -1 0 100 100"},
+      {Qt::Key_End, "3 -1 0 100 100"},
+      {Qt::Key_Right, "3 -1 0 100 100"},
+      {Qt::Key_Left, "2 -1 0 100 100"},
+      {Qt::Key_Home, "1 -1 0 100 100"},
+      {Qt::Key_Left, "1 -1 0 100 100"},
+      {Qt::Key_Right, "2 -1 0 100 100"},
+      {Qt::CTRL | Qt::Key_Right, "2 -1 0 100 110"},
+      {Qt::CTRL | Qt::Key_Left, "2 -1 0 100 100"},
+      {Qt::Key_Return, "2 1 0 100 100"},
+      {Qt::Key_Space, "2 1 1 100 100"},
+      {Qt::Key_Enter, "2 -1 0 100 100"}};
+  auto& header = *list_.header();
+  const QSignalSpy sorted(&list_, &CVxListCtrl::SortRequested);
+  for (const auto& [key, state] : kKeys) {
+    QTest::keySequence(QApplication::focusWidget(), key);
+    EXPECT_EQ(QString("%1 %2 %3 %4 %5")
+                  .arg(header.accessibleName())
+                  .arg(header.sortIndicatorSection())
+                  .arg(header.sortIndicatorOrder())
+                  .arg(header.sectionSize(0))
+                  .arg(header.sectionSize(1)),
+              state);
+    const int left = header.sectionViewportPosition(header.accessibleName().toInt() - 1);
+    EXPECT_TRUE(left >= 0 && left + 100 <= header.viewport()->width()) << left;
+  }
+  EXPECT_EQ(sorted.count(), 3);
+  for (int i = 0; i < 20; ++i) QTest::keyClick(&header, Qt::Key_Left, Qt::ControlModifier);
+  EXPECT_EQ(header.sectionSize(1), 16);
+  for (const auto key : {Qt::Key_Down, Qt::Key_Escape}) {
+    header.setFocus(), QTest::keyClick(&header, key);
+    EXPECT_TRUE(list_.hasFocus());
+  }
+}
+
+TEST_F(List, AClosedListIsCoveredAndTheCoverKeepsTheFocus) {
+  for (const bool isFocused : {true, false}) {
+    if (!isFocused) window_.setFocus(), list_.clearFocus();
+    for (int i = 0; i < 2; ++i) list_.SetClosed(true);
+    const auto& cover = *window_.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)[1];
+    list_.move(7, 9), list_.resize(150, 130);
+    EXPECT_EQ(cover.geometry(), QRect(7, 9, 150, 130));
+    EXPECT_TRUE(cover.isVisible() && cover.hasFocus() == isFocused && !list_.isEnabled());
+    list_.SetClosed(false);
+    EXPECT_TRUE(!cover.isVisible() && list_.hasFocus() == isFocused && list_.isEnabled());
+  }
+}
+
+TEST_F(List, KeysBringTheMenuAndTheTipOfTheCurrentRowAndAnAnchorMovesTheStart) {
+  QSignalSpy menus(&list_, &CVxListCtrl::MenuRequested);
+  for (const int row : {-1, 39}) {
+    list_.verticalScrollBar()->setValue(0);
+    list_.setCurrentIndex(model_.index(row, 2));
+    const QColor edge = list_.viewport()->grab().toImage().pixelColor(0, 50);
+    EXPECT_EQ(edge == list_.palette().color(QPalette::Link), row < 0) << "the whole has the ring";
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(list_.viewport(), &event);
+    const QRect place = list_.visualRect(model_.index(row, 0));
+    EXPECT_EQ(menus.takeFirst()[0],
+              list_.viewport()->mapToGlobal(QPoint(0, row < 0 ? 0 : place.bottom() + 1)));
+  }
+  QTest::keyClick(&list_, Qt::Key_F1, Qt::ShiftModifier);
+  EXPECT_EQ(QToolTip::text(), "the last");
+  list_.SetAnchor(36);
+  QTest::mouseClick(list_.viewport(), Qt::LeftButton, Qt::ShiftModifier,
+                    list_.visualRect(model_.index(38, 2)).center());
+  EXPECT_EQ(list_.SelectedRows(), (std::vector{36, 37, 38}));
+}
 
 TEST_F(List, TheEndIsToldWhenTheUserReachesItOrAsksForIt) {
   QSignalSpy ends(&list_, &CVxListCtrl::EndReached);
@@ -57,7 +136,9 @@ TEST(VxSplitterTest, TheArrowKeysMoveAHandleWhichEnterAndEscapeLeave) {
                                   {Qt::Key_Down, 100},
                                   {Qt::Key_Right, 116},
                                   {Qt::Key_Up, 100},
-                                  {Qt::Key_Return, 100}}) {
+                                  {Qt::Key_Home, 0},
+                                  {Qt::Key_End, 200 - splitter.handleWidth()},
+                                  {Qt::Key_Return, 200 - splitter.handleWidth()}}) {
     QTest::keyClick(splitter.handle(1), key);
     EXPECT_EQ(splitter.sizes()[0], size);
   }
