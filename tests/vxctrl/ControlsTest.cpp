@@ -39,16 +39,14 @@ class Controls : public testing::Test {
       EXPECT_TRUE(image.save(QString::fromStdString(folder_.File(name))));
     };
     draw("red.png", {6, 30}, kRed);
-    draw("LEFT.png", {3, 30}, "#0000ff");
-    draw("RIGHT.png", {5, 30}, "#ff00ff");
+    draw("left.png", {3, 30}, "#0000ff");
+    draw("right.png", {5, 30}, "#ff00ff");
     for (std::size_t i = 0; i < 4; ++i)
       draw(ButtonImagePaths("state.png")[i], {12, 20}, kStateColors[i]);
     const std::set<std::string> states = {kImageRadio, kImageSliderThumb};
-    const auto value = [=](auto, auto key) {
-      const std::string end = std::string(key).substr(std::string(key).rfind('_') + 1);
-      return states.contains(key)             ? "state.png"
-             : end[0] == 'L' || end[0] == 'R' ? end + ".png"
-                                              : "red.png";
+    const auto value = [=](auto, auto key) -> std::string {
+      if (states.contains(key)) return "state.png";
+      return strstr(key, "_LEFT") ? "left.png" : strstr(key, "_RIGHT") ? "right.png" : "red.png";
     };
     return {{{}, value}, HostConfig(registry_)};
   }
@@ -56,8 +54,10 @@ class Controls : public testing::Test {
     return control.grab().toImage().pixelColor(x, y).name().toStdString();
   }
 
-  // The colours along a line of pixels, each with its length: "00f:3 f00:104".
-  static std::string Runs(const QImage& image, QPoint at, QPoint step) {
+  // The colours along the line of pixels from one on the left or upper edge, with their lengths.
+  static std::string Runs(const QPixmap& pixels, QPoint at) {
+    const QImage image = pixels.toImage();
+    const QPoint step = at.x() == 0 ? QPoint(1, 0) : QPoint(0, 1);
     QString runs;
     for (int length = 1; image.valid(at); at += step, ++length) {
       const QString color = image.pixelColor(at).name();
@@ -95,59 +95,54 @@ TEST_F(Controls, ButtonsAndThumbShowTheImageOfTheirState) {
 }
 
 TEST_F(Controls, AreDrawnFromTheirPiecesAndPalerWhenTheyAreDisabled) {
-  const QPoint across(1, 0), down(0, 1);
-  const std::tuple<QWidget&, QPoint, QPoint, const char*, const char*> kLines[] = {
-      {edit_, {0, 20}, across, "00f:3 f00:104 f0f:5", "007:3 700:104 707:5"},
-      {box_, {0, 20}, across, "00f:3 f00:104 f0f:5", "007:3 700:104 707:5"},
-      {slider_,
-       {0, 20},
-       across,
-       "00f:3 f00:34 fff:12 f00:58 f0f:5",
-       "007:3 700:34 888:12 700:58 707:5"},
-      {slider_, {100, 0}, down, "000:5 f00:30 000:5", "000:5 700:30 000:5"},
-      {slider_, {40, 0}, down, "000:5 f00:5 fff:20 f00:5 000:5", "000:5 700:5 888:20 700:5 000:5"},
-      {radio_, {0, 20}, across, "000:3 fff:12 000:97", "000:3 070:12 000:97"},
-      {radio_, {5, 0}, down, "000:10 fff:20 000:10", "000:10 070:20 000:10"}};
+  // The control, a pixel on its left or upper edge, the line from there, and the disabled one.
+  const std::tuple<QWidget&, QPoint, const char*, const char*> kLines[] = {
+      {edit_, {0, 20}, "00f:3 f00:104 f0f:5", "007:3 700:104 707:5"},
+      {box_, {0, 20}, "00f:3 f00:104 f0f:5", "007:3 700:104 707:5"},
+      {slider_, {0, 20}, "00f:3 f00:34 fff:12 f00:58 f0f:5", "007:3 700:34 888:12 700:58 707:5"},
+      {slider_, {100, 0}, "000:5 f00:30 000:5", "000:5 700:30 000:5"},
+      {slider_, {40, 0}, "000:5 f00:5 fff:20 f00:5 000:5", "000:5 700:5 888:20 700:5 000:5"},
+      {radio_, {0, 20}, "000:3 fff:12 000:97", "000:3 070:12 000:97"},
+      {radio_, {5, 0}, "000:10 fff:20 000:10", "000:10 070:20 000:10"}};
   QPalette black(Qt::black);
   black.setColor(QPalette::Base, Qt::transparent);
   radio_.setAutoExclusive(false);
-  slider_.setRange(0, 100);
-  slider_.setValue(37);
-  for (const auto& [control, at, step, enabled, disabled] : kLines) {
-    control.setPalette(black);
-    control.resize(112, 40);
-    EXPECT_EQ(Runs(control.grab().toImage(), at, step), enabled);
+  slider_.setRange(0, 100), slider_.setValue(37);
+  for (const auto& [control, at, enabled, disabled] : kLines) {
+    control.setPalette(black), control.resize(112, 40);
+    EXPECT_EQ(Runs(control.grab(), at), enabled);
     control.setEnabled(false), radio_.setChecked(true);
-    EXPECT_EQ(Runs(control.grab().toImage(), at, step), disabled);
+    EXPECT_EQ(Runs(control.grab(), at), disabled);
     control.setEnabled(true), radio_.setChecked(false);
   }
   // The border of a button's image keeps its width, and the rest is stretched.
   QImage image(20, 20, QImage::Format_RGB32);
-  image.fill(Qt::red), QPainter(&image).fillRect(6, 6, 8, 8, Qt::blue);
+  image.fill(Qt::red);
+  QPainter(&image).fillRect(6, 6, 8, 8, Qt::blue);
   image.save(QString::fromStdString(folder_.File("edge.png")));
   CButtonEx button(folder_.File("edge.png"), nullptr);
   button.resize(50, 40);
-  EXPECT_EQ(Runs(button.grab().toImage(), {0, 20}, across), "f00:6 00f:38 f00:6");
-  EXPECT_EQ(Runs(button.grab().toImage(), {25, 0}, down), "f00:6 00f:28 f00:6");
+  EXPECT_EQ(Runs(button.grab(), {0, 20}), "f00:6 00f:38 f00:6");
+  EXPECT_EQ(Runs(button.grab(), {25, 0}), "f00:6 00f:28 f00:6");
 }
 
 TEST_F(Controls, APaneFrameSurroundsTheViewBelowTheToolbar) {
-  const auto piece = [](int width, int height, Qt::GlobalColor color) {
-    QPixmap image(width, height);
+  const auto piece = [](int width, Qt::GlobalColor color) {
+    QPixmap image(width, 4);
     return image.fill(color), image;
   };
-  const ThreePieces strip{piece(2, 4, Qt::blue), piece(4, 4, Qt::red), piece(3, 4, Qt::green)};
-  QImage pane(40, 30, QImage::Format_RGB32);
+  const ThreePieces strip{piece(2, Qt::blue), piece(4, Qt::red), piece(3, Qt::green)};
+  QPixmap pane(40, 30);
   QPainter painter(&pane);
-  DrawPaneFrame(
-      painter, pane.rect(), 9,
-      {Qt::white, Qt::black, strip, piece(2, 5, Qt::yellow), piece(3, 5, Qt::cyan), strip});
+  const PaneFrame frame{Qt::white,          Qt::black, strip, piece(2, Qt::yellow),
+                        piece(3, Qt::cyan), strip};
+  DrawPaneFrame(painter, pane.rect(), 9, frame);
+  DrawThreePieces(painter, {30, 18, 4, 2}, strip);  // narrower than its ends
   EXPECT_EQ(ViewArea(pane.rect(), 9), QRect(6, 10, 28, 14));
-  EXPECT_EQ(Runs(pane, {20, 0}, {0, 1}), "f00:9 000:1 fff:14 000:1 fff:1 f00:4");
-  EXPECT_EQ(Runs(pane, {0, 15}, {1, 0}), "ff0:2 fff:3 000:1 fff:28 000:1 fff:2 0ff:3");
-  for (const int y : {4, 28}) EXPECT_EQ(Runs(pane, {0, y}, {1, 0}), "00f:2 f00:35 0f0:3");
-  DrawThreePieces(painter, {10, 12, 4, 2}, strip);  // narrower than its ends
-  EXPECT_EQ(Runs(pane, {8, 12}, {1, 0}), "fff:2 00f:1 0f0:3 fff:20 000:1 fff:2 0ff:3");
+  EXPECT_EQ(Runs(pane, {20, 0}), "f00:9 000:1 fff:14 000:1 fff:1 f00:4");
+  EXPECT_EQ(Runs(pane, {0, 15}), "ff0:2 fff:3 000:1 fff:28 000:1 fff:2 0ff:3");
+  EXPECT_EQ(Runs(pane, {0, 19}), "ff0:2 fff:3 000:1 fff:24 00f:1 0f0:3 000:1 fff:2 0ff:3");
+  for (const int y : {4, 28}) EXPECT_EQ(Runs(pane, {0, y}), "00f:2 f00:35 0f0:3");
 }
 
 TEST_F(Controls, HaveRoomForTheirTextsWhichARadioButtonIsChosenBy) {
@@ -161,10 +156,7 @@ TEST_F(Controls, HaveRoomForTheirTextsWhichARadioButtonIsChosenBy) {
     EXPECT_EQ(radio_.isChecked(), x == 23);
   }
   EXPECT_EQ(edit_.textMargins(), QMargins(3, 0, 5, 0));
-  for (QWidget* const control : all_)
-    EXPECT_EQ(control->sizeHint().height(), control == all_[0]   ? button_.sizeHint().height()
-                                            : control == all_[1] ? 26
-                                                                 : 30);
+  for (int i = 2; i < 5; ++i) EXPECT_EQ(all_[i]->sizeHint().height(), 30);
 }
 
 TEST_F(Controls, TakeTheTabKeyAndShowTheFocusAsARingInTheColorOfLinks) {

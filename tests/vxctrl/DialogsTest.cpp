@@ -93,26 +93,24 @@ TEST_F(Dialogs, AMessageBoxHasTheButtonsOfItsKindAndOnlyTheFirstConsents) {
 }
 
 TEST_F(Dialogs, ShowTheirPartsAtEvenDistances) {
-  const auto gaps = [](QWidget& dialog, const QWidget& first, const QWidget& last) {
-    dialog.show();  // gives its parts their places
-    const auto buttons = dialog.findChildren<CButtonEx*>();
-    const QRect left = buttons[0]->geometry().translated(
-        buttons[0]->parentWidget() == &dialog ? QPoint() : buttons[0]->parentWidget()->pos());
-    return std::vector{first.x(),
-                       first.y(),
-                       left.top() - last.geometry().bottom() - 1,
-                       buttons[1]->x() - buttons[0]->geometry().right() - 1,
-                       dialog.height() - left.bottom() - 1,
-                       dialog.width() - last.geometry().right() - 1};
-  };
   CMsgBox box(skin_.Get(), "?", MsgBoxKind::YesNo, nullptr);
-  const auto& area = *box.findChild<QScrollArea*>();
-  EXPECT_EQ(gaps(box, area, area), (std::vector{20, 20, 20, 8, 20, 20}));
-  EXPECT_EQ(area.size(), QSize(220, 32));
   NameDialog dialog(skin_.Get(), nullptr);
-  const auto& label = *dialog.findChild<QLabel*>();
-  EXPECT_EQ(gaps(dialog, label, *dialog.name), (std::vector{20, 20, 20, 8, 20, 20}));
-  EXPECT_EQ(dialog.name->x() - label.geometry().right() - 1, 12);
+  const QWidget& area = *box.findChild<QScrollArea*>();
+  const auto check = [](QDialog& shown, const QWidget& first, const QWidget& last) {
+    shown.show();  // gives the parts their places
+    const auto buttons = shown.findChildren<CButtonEx*>();
+    const int top = buttons[0]->mapTo(&shown, QPoint()).y();
+    EXPECT_EQ(first.pos(), QPoint(20, 20));
+    EXPECT_EQ(shown.width() - last.geometry().right(), 21);
+    EXPECT_EQ(top - last.geometry().bottom(), 21);
+    EXPECT_EQ(shown.height() - top - buttons[0]->height(), 20);
+    EXPECT_EQ(buttons[1]->x() - buttons[0]->geometry().right(), 9);
+  };
+  check(box, area, area);
+  EXPECT_EQ(area.size(), QSize(220, 32));
+  const QWidget& label = *dialog.findChild<QLabel*>();
+  check(dialog, label, *dialog.name);
+  EXPECT_EQ(dialog.name->x() - label.geometry().right(), 13);
   EXPECT_EQ(dialog.name->width(), 240);
 }
 

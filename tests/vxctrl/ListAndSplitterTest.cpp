@@ -35,32 +35,20 @@ class List : public testing::Test {
 };
 
 TEST_F(List, TheHeadersKeysChooseSortAndWidenAColumnThatIsInSight) {
-  // The key, and then the chosen column, the sorted one, its order, and the columns' widths.
-  const std::pair<QKeySequence, const char*> kKeys[] = {
-      {Qt::ALT | Qt::Key_Up, "1 -1 0 100 100"},
-      {Qt::Key_End, "3 -1 0 100 100"},
-      {Qt::Key_Right, "3 -1 0 100 100"},
-      {Qt::Key_Left, "2 -1 0 100 100"},
-      {Qt::Key_Home, "1 -1 0 100 100"},
-      {Qt::Key_Left, "1 -1 0 100 100"},
-      {Qt::Key_Right, "2 -1 0 100 100"},
-      {Qt::CTRL | Qt::Key_Right, "2 -1 0 100 110"},
-      {Qt::CTRL | Qt::Key_Left, "2 -1 0 100 100"},
-      {Qt::Key_Return, "2 1 0 100 100"},
-      {Qt::Key_Space, "2 1 1 100 100"},
-      {Qt::Key_Enter, "2 -1 0 100 100"}};
+  // A key, the chosen column, the sorted one, its order, and the second column's width.
+  const QString steps =
+      "Alt+Up=1 -1 0 100;End=3 -1 0 100;Right=3 -1 0 100;Left=2 -1 0 100;Home=1 -1 0 100;"
+      "Left=1 -1 0 100;Right=2 -1 0 100;Ctrl+Right=2 -1 0 110;Ctrl+Left=2 -1 0 100;"
+      "Return=2 1 0 100;Space=2 1 1 100;Enter=2 -1 0 100";
   auto& header = *list_.header();
   const QSignalSpy sorted(&list_, &CVxListCtrl::SortRequested);
-  for (const auto& [key, state] : kKeys) {
-    QTest::keySequence(QApplication::focusWidget(), key);
-    EXPECT_EQ(QString("%1 %2 %3 %4 %5")
-                  .arg(header.accessibleName())
-                  .arg(header.sortIndicatorSection())
-                  .arg(header.sortIndicatorOrder())
-                  .arg(header.sectionSize(0))
-                  .arg(header.sectionSize(1)),
-              state);
-    const int left = header.sectionViewportPosition(header.accessibleName().toInt() - 1);
+  for (const QString& step : steps.split(';')) {
+    QTest::keySequence(QApplication::focusWidget(), step.section('=', 0, 0));
+    const QString chosen = header.accessibleName();
+    const int sort = header.sortIndicatorSection(), order = header.sortIndicatorOrder();
+    EXPECT_EQ(QString("%1 %2 %3 %4").arg(chosen).arg(sort).arg(order).arg(header.sectionSize(1)),
+              step.section('=', 1));
+    const int left = header.sectionViewportPosition(chosen.toInt() - 1);
     EXPECT_TRUE(left >= 0 && left + 100 <= header.viewport()->width()) << left;
   }
   EXPECT_EQ(sorted.count(), 3);

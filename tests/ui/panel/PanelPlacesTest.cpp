@@ -27,5 +27,15 @@ TEST(PanelPlaces, PartsStandWhereTheSkinHasThemAndGiveWayToTheirTexts) {
   }
 }
 
+TEST(PanelPlaces, ThePanelStandsWhereTheSkinHasItInItsHostAndOnTheScreen) {
+  const QRect host(100, 100, 1000, 700), screen(0, 10, 1280, 1014);
+  for (const auto& [place, on, at] : {std::tuple(QPoint(0, 0), screen, QPoint(450, 350)),
+                                      {{10, 20}, screen, {110, 120}},
+                                      {{900, 800}, screen, {980, 824}},
+                                      {{-500, -500}, screen, {0, 10}},
+                                      {{10, 20}, {50, 60, 200, 100}, {50, 60}}})
+    EXPECT_EQ(PanelPosition({place, QSize()}, {300, 200}, host, on), at);
+}
+
 }  // namespace
 }  // namespace feedloom
