@@ -2,18 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QAction>
-#include <QLabel>
-#include <QProgressBar>
-#include <QScreen>
-#include <QStatusBar>
 #include <QTest>
-#include <filesystem>
+#include <QtWidgets>
 
 #include "host/CommandLine.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
-#include "host/ModuleLink.h"
 #include "host/WindowGeometry.h"
 #include "kit/ShippedSkin.h"
 #include "profile/HostTexts.h"
@@ -21,7 +15,6 @@
 #include "skin/Keys.h"
 
 namespace feedloom {
-namespace {
 
 class HostWindowTest : public testing::Test {
  protected:
@@ -84,21 +77,18 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
 }
 
 TEST(CommandLine, GivesTheOptionsOrTheStatusToLeaveWith) {
-  const std::pair<const char*, const char*> kRows[] = {
-      {"", "|||"},          {"--profile a --lang kor --code-page Utf-8", "a|kor|Utf-8|"},
-      {"a", "2"},           {"--screenshot b --timings", "!|||b"},
-      {"--help", "0"},      {"--version", "0"},
-      {"--lang FRA", "2"},  {"--code-page CP949", "2"},
-      {"--screenshot", "2"}};
   testing::internal::CaptureStdout(), testing::internal::CaptureStderr();
-  for (const auto& [line, read] : kRows) {
-    const QByteArrayList words = ("halvix " + QByteArray(line)).trimmed().split(' ');
+  for (const QByteArray row :
+       {"halvix -> |||", "halvix --profile a --lang kor --code-page Utf-8 -> a|kor|Utf-8|",
+        "halvix --screenshot b --timings -> !|||b", "halvix --help -> 0", "halvix --version -> 0",
+        "halvix --lang FRA -> 2", "halvix --code-page CP949 -> 2", "halvix a -> 2"}) {
+    const QByteArrayList words = row.left(row.indexOf(" -> ")).split(' ');
     std::vector<const char*> argv(words.begin(), words.end());
     HostOptions o;
     const auto status = ReadCommandLine(static_cast<int>(argv.size()), argv.data(), o);
     std::string all = o.profileDir + (o.timings ? "!" : "");
     for (const auto& part : {o.language, o.codePage, o.screenshot}) all += "|" + part.value_or("");
-    EXPECT_EQ(status ? std::to_string(*status) : all, read) << line;
+    EXPECT_EQ(status ? std::to_string(*status) : all, row.mid(row.indexOf(" -> ") + 4).data());
   }
   const std::string told = testing::internal::GetCapturedStdout();
   EXPECT_TRUE(told.find("--timings") < told.find("halvix " FEEDLOOM_VERSION)) << told;
@@ -123,23 +113,4 @@ TEST(WindowGeometry, IsRememberedAndAtFirstInTheMiddleOfTheScreen) {
   EXPECT_FALSE(SaveWindowGeometry(window, Registry(folder.File("none/registry.reg"))));
 }
 
-TEST(HostParts, ALinkIsMadeUnlessTheUsersOwnModuleStandsThere) {
-  const TempFolder folder;
-  const std::string link = folder.File("link"), a = folder.Write("a", "a"),
-                    b = folder.Write("b", "b");
-  EXPECT_TRUE(LinkModule(link, "").has_value());
-  folder.Write("link.new", "of a start that was interrupted");
-  for (const std::string& to : {a, b, b, std::string()}) {
-    EXPECT_EQ(LinkModule(link, to), std::nullopt);
-    EXPECT_EQ(std::filesystem::read_symlink(link), to.empty() ? b : to);
-  }
-  EXPECT_EQ(LinkModule(a, b), std::nullopt);
-  EXPECT_EQ(folder.Read("a") + folder.Read("link"), "ab");
-  std::filesystem::remove(b);
-  EXPECT_TRUE(LinkModule(link, "").has_value()) << "it leads nowhere";
-  EXPECT_TRUE(
-      LinkModule(folder.File("none/link"), a).value_or("").starts_with("Cannot create the link"));
-}
-
-}  // namespace
 }  // namespace feedloom

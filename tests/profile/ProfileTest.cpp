@@ -3,8 +3,6 @@
 #include <stdlib.h>
 
 #include <filesystem>
-#include <set>
-#include <thread>
 
 #include "kit/TempFolder.h"
 #include "platform/UrlDownload.h"
@@ -16,7 +14,6 @@
 #include "skin/Keys.h"
 
 namespace feedloom {
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -172,5 +169,4 @@ TEST(IniFileTest, AValueIsWhatFollowsTheFirstEqualsSignOfItsKey) {
   for (const char* none : {";off", "last"}) EXPECT_EQ(file.Value("ONE", none), std::nullopt);
 }
 
-}  // namespace
 }  // namespace feedloom

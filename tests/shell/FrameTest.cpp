@@ -8,7 +8,6 @@
 #include "vxctrl/AccessibleTree.h"
 
 namespace feedloom {
-namespace {
 
 struct Module : ModuleFixture {
   // The sample channel's.
@@ -155,5 +154,4 @@ TEST_F(Module, KeysLeadRoundItsPanesAndDividersAndOutOfThePage) {
   ASSERT_TRUE(QApplication::activePopupWidget() && QApplication::activePopupWidget()->close());
 }
 
-}  // namespace
 }  // namespace feedloom

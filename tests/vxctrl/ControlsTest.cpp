@@ -4,8 +4,7 @@
 
 #include <QMessageBox>
 #include <QPainter>
-#include <QSignalSpy>
-#include <QTest>
+#include <QtTest>
 
 #include "kit/TempFolder.h"
 #include "skin/Keys.h"
@@ -18,7 +17,6 @@
 #include "vxctrl/PaneFrame.h"
 
 namespace feedloom {
-namespace {
 
 const std::string kRed = "#ff0000";
 const std::string kStateColors[] = {"#ffffff", "#ffff00", "#00ff00", "#808080"};  // by ButtonState
@@ -222,5 +220,4 @@ TEST_F(Controls, AMissingImageOfAButtonIsNamedOnceAndTheNormalOneStandsIn) {
   EXPECT_EQ(At(button, 1, 1), kRed);
 }
 
-}  // namespace
 }  // namespace feedloom

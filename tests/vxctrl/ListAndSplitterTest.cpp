@@ -2,20 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QContextMenuEvent>
-#include <QHeaderView>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QStandardItemModel>
-#include <QTest>
-#include <QToolTip>
+#include <QtTest>
+#include <QtWidgets>
 
 #include "vxctrl/CVxListCtrl.h"
 #include "vxctrl/VxSplitter.h"
 
 namespace feedloom {
-namespace {
 
 // A list of 40 rows, of which about five are seen.
 class List : public testing::Test {
@@ -57,19 +50,6 @@ TEST_F(List, TheHeadersKeysChooseSortAndWidenAColumnThatIsInSight) {
   for (const auto key : {Qt::Key_Down, Qt::Key_Escape}) {
     header.setFocus(), QTest::keyClick(&header, key);
     EXPECT_TRUE(list_.hasFocus());
-  }
-}
-
-TEST_F(List, AClosedListIsCoveredAndTheCoverKeepsTheFocus) {
-  for (const bool isFocused : {true, false}) {
-    if (!isFocused) window_.setFocus(), list_.clearFocus();
-    for (int i = 0; i < 2; ++i) list_.SetClosed(true);
-    const auto& cover = *window_.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)[1];
-    list_.move(7, 9), list_.resize(150, 130);
-    EXPECT_EQ(cover.geometry(), QRect(7, 9, 150, 130));
-    EXPECT_TRUE(cover.isVisible() && cover.hasFocus() == isFocused && !list_.isEnabled());
-    list_.SetClosed(false);
-    EXPECT_TRUE(!cover.isVisible() && list_.hasFocus() == isFocused && list_.isEnabled());
   }
 }
 
@@ -133,5 +113,4 @@ TEST(VxSplitterTest, TheArrowKeysMoveAHandleWhichEnterAndEscapeLeave) {
   EXPECT_EQ(left.count(), 1);
 }
 
-}  // namespace
 }  // namespace feedloom

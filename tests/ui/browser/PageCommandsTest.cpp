@@ -10,7 +10,6 @@
 #include "ui/browser/BrowserFixture.h"
 
 namespace feedloom {
-namespace {
 
 const QString kSaveButton = "a[href^=ID_BTN_RSSSCRAP]";
 using Texts = std::vector<std::string>;
@@ -190,5 +189,4 @@ TEST_F(PageCommandsTest, APodcastsIconSavesItsFileTheLinkOpensItAndThePlayerPlay
   EXPECT_EQ(Address().text(), "");
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -9,15 +9,14 @@
 #include "ui/page/Pages.h"
 
 namespace feedloom {
-namespace {
 
 // HTML texts. In them RUN is a script with single quotes that asks for HIT, an address of the
 // attack's own at the test's server; COVER makes an element the one that Click() hits.
 using Attacks = QByteArrayList;
 // The attacks stand on lines of their own, or two blanks apart.
-Attacks List(QByteArray text) { return text.trimmed().replace("  ", "\n").split('\n'); }
+static Attacks List(QByteArray text) { return text.trimmed().replace("  ", "\n").split('\n'); }
 const QByteArray kImage = "R0lGODlhAQABAAAAACwAAAAAAQABAAA=";  // one pixel
-QByteArray Bytes(const std::string& text) { return QByteArray::fromStdString(text); }
+static QByteArray Bytes(const std::string& text) { return QByteArray::fromStdString(text); }
 
 class Safety : public BrowserFixture {
  protected:
@@ -302,8 +301,7 @@ TEST_F(Safety, NamesBreakNoButtonAndForgedTextsAreHarmlessWhenTheyAreShown) {
     EXPECT_TRUE(ComesTrue([&] { return !actions_.empty(); }));
     return actions_.empty() ? QStringList() : actions_.takeFirst()[1].toStringList();
   };
-  const QString own = press(kNames).join("|").remove('\n');
-  EXPECT_EQ(own, "A title|http://h/post|x|2024-05-06 07:08:09") << own.toStdString();
+  EXPECT_EQ(press(kNames).join("|").remove('\n'), "A title|http://h/post|x|2024-05-06 07:08:09");
   const Attacks hidden = {"<script>if (document.querySelectorAll.src === '') { RUN }</script>"};
   ExpectHits(hidden, Plain(kNames + Html(hidden)));
   const Attacks forged = {R"--(<div id=TITLE-0 title="&lt;script&gt;RUN&lt;/script&gt;"></div>
@@ -365,5 +363,4 @@ TEST_F(Safety, AWebPageSeesNothingOfTheSkinAndItsIconIsNotAskedFor) {
   EXPECT_TRUE(WasRequested("/icon"));
 }
 
-}  // namespace
 }  // namespace feedloom

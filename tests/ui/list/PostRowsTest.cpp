@@ -1,20 +1,19 @@
 // The list's rows: what their cells say, and their order.
 #include <gtest/gtest.h>
 
-#include <QAbstractItemModelTester>
 #include <QLocale>
-#include <QSignalSpy>
+#include <QtTest>
 
 #include "store/StoreKit.h"
 #include "ui/PostList.h"
 #include "ui/list/PostListModel.h"
 
 namespace feedloom {
-namespace {
 
 using Ids = std::vector<int>;
 
-PostRow Post(int id, const char* title, int readStatus = 0, const char* published = "2008-05-01") {
+static PostRow Post(int id, const char* title, int readStatus = 0,
+                    const char* published = "2008-05-01") {
   return {readStatus, id, "", "", "", published, Korean(title), "", Korean("똠방각하 소식"), 0, 0};
 }
 
@@ -92,5 +91,4 @@ TEST_F(PostListModelTest, SortsManyTitlesInSeveralThreads) {
   for (int row = 0; row < 20'000; ++row) ASSERT_EQ(Text(row, 1).toInt(), 10'000 + row);
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -3,7 +3,6 @@
 #include "ui/panel/PanelPlaces.h"
 
 namespace feedloom {
-namespace {
 
 TEST(PanelPlaces, PartsStandWhereTheSkinHasThemAndGiveWayToTheirTexts) {
   // The skin's place and the size that is needed, and where each part stands then.
@@ -37,5 +36,4 @@ TEST(PanelPlaces, ThePanelStandsWhereTheSkinHasItInItsHostAndOnTheScreen) {
     EXPECT_EQ(PanelPosition({place, QSize()}, {300, 200}, host, on), at);
 }
 
-}  // namespace
 }  // namespace feedloom

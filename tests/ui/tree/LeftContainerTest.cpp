@@ -7,7 +7,6 @@
 #include "ui/tree/LeftPaneFixture.h"
 
 namespace feedloom {
-namespace {
 
 class LeftContainerTest : public LeftPaneFixture {
  protected:
@@ -266,5 +265,4 @@ TEST_F(LeftContainerTest, AMarkMovesBesideAChannelWithNewPostsUntilItIsSelected)
   EXPECT_EQ(Mark(), noMark);
 }
 
-}  // namespace
 }  // namespace feedloom
