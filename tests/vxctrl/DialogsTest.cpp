@@ -108,6 +108,7 @@ TEST_F(Dialogs, ShowTheirPartsAtEvenDistances) {
   check(dialog, label, *dialog.name);
   EXPECT_EQ(dialog.name->x() - label.geometry().right(), 13);
   EXPECT_EQ(dialog.name->width(), 240);
+  EXPECT_EQ(dialog.font().pixelSize(), box.font().pixelSize()) << "the skin's";
 }
 
 TEST_F(Dialogs, OnlyATextThatDoesNotFitTheScreenIsScrolled) {

@@ -34,6 +34,7 @@ TEST_F(List, TheHeadersKeysChooseSortAndWidenAColumnThatIsInSight) {
       "Left=1 -1 0 100;Right=2 -1 0 100;Ctrl+Right=2 -1 0 110;Ctrl+Left=2 -1 0 100;"
       "Return=2 1 0 100;Space=2 1 1 100;Enter=2 -1 0 100";
   auto& header = *list_.header();
+  EXPECT_EQ(header.accessibleName(), "1");
   const QSignalSpy sorted(&list_, &CVxListCtrl::SortRequested);
   for (const QString& step : steps.split(';')) {
     QTest::keySequence(QApplication::focusWidget(), step.section('=', 0, 0));
