@@ -304,8 +304,8 @@ TEST_F(Safety, NamesBreakNoButtonAndForgedTextsAreHarmlessWhenTheyAreShown) {
   EXPECT_EQ(press(kNames).join("|").remove('\n'), "A title|http://h/post|x|2024-05-06 07:08:09");
   const Attacks hidden = {"<script>if (document.querySelectorAll.src === '') { RUN }</script>"};
   ExpectHits(hidden, Plain(kNames + Html(hidden)));
-  const Attacks forged = {R"--(<div id=TITLE-0 title="&lt;script&gt;RUN&lt;/script&gt;"></div>
-      <div id=Scraplink-0 title='"&gt;&lt;img src=x: onerror="RUN"&gt;'></div>)--"};
+  const Attacks forged = List(R"--(<div id=TITLE-0 title="&lt;script&gt;RUN&lt;/script&gt;"></div>
+<div id=Scraplink-0 title="&quot;&gt;&lt;img src=x: onerror=&quot;RUN&quot;&gt;"></div>)--");
   const QByteArray read = press(Html(forged)).join("").toUtf8();
   ShowAndSettle(Post(read));
   ExpectNoHits(forged);
