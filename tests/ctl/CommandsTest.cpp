@@ -3,11 +3,9 @@
 
 #include "ctl/CtlFixture.h"
 #include "exchange/ListDocuments.h"
-#include "platform/CodePage.h"
 #include "platform/Text.h"
 
 namespace feedloom {
-namespace {
 
 struct Commands : CtlFixture {
   void Serve(const std::string& path, int posts) {
@@ -218,5 +216,4 @@ TEST_F(Commands, CheckShowsWhatTheReaderSeesOrWhyItIsNoFeed) {
   EXPECT_EQ(Status("check " + feed + " >/dev/full 2>&1; (exit $?)"), 1);
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -2,13 +2,11 @@
 #include <signal.h>
 
 #include "ctl/CtlFixture.h"
-#include "platform/CodePage.h"
 #include "platform/Registry.h"
 #include "profile/Profile.h"
 #include "skin/Keys.h"
 
 namespace feedloom {
-namespace {
 
 struct Directory : CtlFixture {
   ~Directory() override { EXPECT_EQ(Stop(), 0); }
@@ -71,5 +69,4 @@ TEST_F(Directory, FindsWordsOfAnyKindAPageAtATimeAndSaysWhenThereIsNoAnswer) {
   ExpectRefused("directory log", "feedloomctl: the string file names no web directory\n");
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -2,19 +2,15 @@
 #include <fmt/core.h>
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "exchange/DirectorySearch.h"
 #include "ingest/CheckClock.h"
 #include "ingest/IngestKit.h"
 #include "kit/Inbox.h"
-#include "kit/ThreadRefusal.h"
 
 namespace feedloom {
-namespace {
 
 // What was cut from an answer: the total, then the fields of each row.
-std::string Cut(std::string_view answer) {
+static std::string Cut(std::string_view answer) {
   std::vector<PostRow> rows;
   std::string line = std::to_string(ParseDirectoryAnswer(answer, rows));
   for (const PostRow& row : rows) {
@@ -101,25 +97,6 @@ class Searching : public testing::Test {
       [this](std::function<void()> work) { inbox_.Put(std::move(work)); }};
 };
 
-TEST_F(Searching, TakesPageAfterPageAndAgainOneThatFailed) {
-  EXPECT_EQ(AfterMore(), "") << "before a search";
-  Serve(1, 73);
-  EXPECT_EQ(AfterBegin(), "50:50 ");
-  kit_.server.Fail(Query(2), 500);
-  EXPECT_EQ(AfterMore(), "none ");
-  Serve(2, 73);
-  std::optional<ThreadRefusal> refusal(std::in_place);
-  EXPECT_EQ(AfterMore(), "none ");
-  refusal.reset();
-  search_->More(receiver_);
-  EXPECT_EQ(AfterMore(), "23:73 ") << "one page, though asked for twice";
-  EXPECT_EQ(search_->Total(), 73);
-  EXPECT_FALSE(search_->HasMore());
-  Serve(1, 50);
-  EXPECT_EQ(AfterBegin(), "50:50 ");
-  EXPECT_EQ(AfterMore(), "");
-}
-
 TEST_F(Searching, GivingUpDropsTheAnswerEvenOnItsWayAndTheSearchBeforeGoesOn) {
   Serve(1, 73);
   Serve(2, 73);
@@ -143,5 +120,4 @@ TEST_F(Searching, TheReceiverMayEndSearches) {
   EXPECT_EQ(Heard(), "");
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -1,8 +1,6 @@
 // OPML documents as the tests write them.
 #pragma once
 
-#include <string>
-
 #include "store/StoreKit.h"
 
 namespace feedloom {

@@ -4,7 +4,6 @@
 
 #include "exchange/ListDocuments.h"
 #include "exchange/OpmlImporter.h"
-#include "ingest/CheckClock.h"
 #include "ingest/IngestKit.h"
 #include "ingest/RefreshEngine.h"
 #include "kit/FeedDocuments.h"
@@ -12,11 +11,10 @@
 #include "kit/ThreadRefusal.h"
 
 namespace feedloom {
-namespace {
 
 class Importer : public testing::Test {
  protected:
-  void Start(const ListSource& source) {
+  void Start(const std::string& name, const std::string& bytes) {
     const ImportListener rows{
         [this](auto& row) { news_ += fmt::format("{}({}): ", row.name, row.order); },
         [this](auto& row) { news_ += fmt::format("{}={} ", row.folderId, row.title); }};
@@ -24,20 +22,16 @@ class Importer : public testing::Test {
       news_ += end.sums ? fmt::format("{} added ", end.sums->added) : end.error + " ";
       ++ends_;
     };
-    importer_->Start(source, NameClash::Rename, {rows, onEnd});
-  }
-  void StartDocument(const std::string& name, const std::string& bytes) {
-    Start({.place = files_.Write(name, bytes)});
+    importer_->Start({.place = files_.Write(name, bytes)}, NameClash::Rename, {rows, onEnd});
   }
 
   IngestKit kit_;
-  CheckClock clock_;
   TempFolder files_;
   Inbox inbox_;
   std::string news_;
   int ends_ = 0;
   std::optional<OpmlImporter> importer_{
-      std::in_place, kit_.Services(clock_),
+      std::in_place, kit_.Services(),
       [this](std::function<void()> work) { inbox_.Put(std::move(work)); }};
 };
 
@@ -49,12 +43,12 @@ TEST_F(Importer, TellsEachRowAndTheEndOneImportAfterTheOtherWhileARefreshAddsPos
   const int id = kit_.db.AddChannelWithPosts(99, "feed", 0);
   engine.Enqueue({id, 99, "feed", kit_.server.Url("/feed"), ""});
   engine.StartRefresh();
-  StartDocument("a", OpmlDocument(NumberedFolder("A", 2)));
-  StartDocument("no", "<html/>");
-  StartDocument("b", OpmlDocument(NumberedFolder("A", 1)));
+  Start("a", OpmlDocument(NumberedFolder("A", 2)));
+  Start("no", "<html/>");
+  Start("b", OpmlDocument(NumberedFolder("A", 1)));
   ASSERT_TRUE(inbox_.DoUntil([&] { return ends_ == 3; }));
   std::optional<ThreadRefusal> refusal(std::in_place);
-  Start({});
+  Start("c", "");
   refusal.reset();
   ASSERT_TRUE(inbox_.DoUntil([&] { return ends_ == 4; }));
   ASSERT_TRUE(host.WaitFor([](auto& sent) { return sent.message == kMessageRefreshEnded; },
@@ -66,17 +60,4 @@ TEST_F(Importer, TellsEachRowAndTheEndOneImportAfterTheOtherWhileARefreshAddsPos
   EXPECT_EQ(kit_.db.Count("TB_CHANNEL") + kit_.db.Count("TB_POST"), 104);
 }
 
-// The server never answers, and the clock of the time limit stands still.
-TEST_F(Importer, ItsEndBreaksImportsOff) {
-  kit_.server.Hang("/hang");
-  StartDocument("a", OpmlDocument(NumberedFolder("A", 20'000)));
-  Start({.place = kit_.server.Url("/hang"), .isAddress = true});
-  ASSERT_TRUE(inbox_.WaitForWork());
-  importer_.reset();
-  EXPECT_LT(kit_.db.Count("TB_CHANNEL"), 20'000);
-  inbox_.DoAll();
-  EXPECT_EQ(news_, "");
-}
-
-}  // namespace
 }  // namespace feedloom

@@ -2,13 +2,8 @@
 // Create fails, with FAKE_MODULE=close it closes the window; other texts, with a ";" between them,
 // are entries of the host's menu that it chooses.
 
-#include <QAction>
-#include <QApplication>
-#include <QKeyEvent>
-#include <QTimer>
-#include <QWidget>
+#include <QtWidgets>
 #include <iostream>
-#include <memory>
 
 #include "shell/Feedloom.h"
 #include "skin/Keys.h"

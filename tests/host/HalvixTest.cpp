@@ -13,7 +13,6 @@
 #include "skin/Keys.h"
 
 namespace feedloom {
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -82,7 +81,6 @@ class HalvixTest : public testing::Test {
 };
 
 TEST_F(HalvixTest, MakesAProfileAndRefreshesItsChannelsOnce) {
-  Run(HALVIX, {"--lang", "FRA"}, 2);
   UseModule();
   const QString begin = "loaded early\ntext &Quit\nskin rss_html/main_ENG.html\n";
   EXPECT_EQ(RunOnce({"--lang", "eng", "--code-page", "utf-8"}),
@@ -172,5 +170,4 @@ TEST_F(HalvixTest, TheMinimalHostOfTheDocumentShowsAModuleAndLeaves) {
   EXPECT_TRUE(host.out.endsWith("skin rss_html/main.html\nidle\ndestroyed\n"));
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -2,21 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <QAction>
-#include <QLabel>
-#include <QProgressBar>
-#include <QStatusBar>
 #include <QTest>
+#include <QtWidgets>
 
+#include "host/CommandLine.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
+#include "host/WindowGeometry.h"
 #include "kit/ShippedSkin.h"
 #include "profile/HostTexts.h"
 #include "shell/Feedloom.h"
 #include "skin/Keys.h"
 
 namespace feedloom {
-namespace {
 
 class HostWindowTest : public testing::Test {
  protected:
@@ -47,6 +45,8 @@ TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAreAndIsBusyWhileItRef
   EXPECT_EQ(status.text(), "똠방각하 <b>새</b> 글 " + QString(5000, 'x'));
   EXPECT_EQ(status.textFormat(), Qt::PlainText);
   EXPECT_EQ(window_->width(), 400);
+  EXPECT_TRUE(status.toolTip().startsWith("<p>똠방각하 &lt;b&gt;새&lt;/b&gt;\r\n글 "));
+  EXPECT_TRUE(status.accessibleDescription().startsWith("똠방각하 <b>"));
 
   const auto& busy = *window_->statusBar()->findChild<QProgressBar*>();
   for (const unsigned message : {kMessageRefreshBegan, kMessageRefreshEnded}) {
@@ -56,7 +56,13 @@ TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAreAndIsBusyWhileItRef
 }
 
 TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
-  QStringList told;
+  QStringList told, all;
+  for (const auto* action : window_->findChildren<QAction*>())
+    all << action->text() + (action->isChecked() ? "*" : "") + action->shortcut().toString();
+  EXPECT_EQ(all.join(' ').toStdString(),
+            "파일(&F) 모두 새로 고침(&R)Ctrl+R 마지막 메시지 보기(&M) 환경 설정(&S)  "
+            "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E) "
+            "도움말(&H) Feedloom 정보(&A) ");
   QObject::connect(window_.get(), &HostWindow::Closing, [&] { told << "closing"; });
   QObject::connect(window_.get(), &HostWindow::AppearanceChosen, [&](const Appearance& chosen) {
     told << QString::fromStdString(chosen.skin + " " + chosen.language);
@@ -70,5 +76,41 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   EXPECT_EQ(told, QStringList({"light KOR", "dark ENG", "closing"}));
 }
 
-}  // namespace
+TEST(CommandLine, GivesTheOptionsOrTheStatusToLeaveWith) {
+  testing::internal::CaptureStdout(), testing::internal::CaptureStderr();
+  for (const QByteArray row :
+       {"halvix -> |||", "halvix --profile a --lang kor --code-page Utf-8 -> a|kor|Utf-8|",
+        "halvix --screenshot b --timings -> !|||b", "halvix --help -> 0", "halvix --version -> 0",
+        "halvix --lang FRA -> 2", "halvix --code-page CP949 -> 2", "halvix a -> 2"}) {
+    const QByteArrayList words = row.left(row.indexOf(" -> ")).split(' ');
+    std::vector<const char*> argv(words.begin(), words.end());
+    HostOptions o;
+    const auto status = ReadCommandLine(static_cast<int>(argv.size()), argv.data(), o);
+    std::string all = o.profileDir + (o.timings ? "!" : "");
+    for (const auto& part : {o.language, o.codePage, o.screenshot}) all += "|" + part.value_or("");
+    EXPECT_EQ(status ? std::to_string(*status) : all, row.mid(row.indexOf(" -> ") + 4).data());
+  }
+  const std::string told = testing::internal::GetCapturedStdout();
+  EXPECT_TRUE(told.find("--timings") < told.find("halvix " FEEDLOOM_VERSION)) << told;
+  EXPECT_NE(testing::internal::GetCapturedStderr().find("--lang"), std::string::npos);
+}
+
+TEST(WindowGeometry, IsRememberedAndAtFirstInTheMiddleOfTheScreen) {
+  EXPECT_EQ(InitialGeometry({0, 0, 1920, 1080}), QRect(448, 190, 1024, 700));
+  EXPECT_EQ(InitialGeometry({10, 20, 1100, 600}), QRect(48, 20, 1024, 600));
+  const TempFolder folder;
+  const Registry registry(folder.File("registry.reg"));
+  QWidget window, other;
+  for (const char* none : {"", "00ff", "word"}) {
+    EXPECT_TRUE(registry.WriteString(kHostKey, kValueWindowGeometry, none));
+    window.setGeometry(1, 2, 3, 4), RestoreWindowGeometry(window, registry);
+    EXPECT_EQ(window.geometry(), InitialGeometry(window.screen()->availableGeometry())) << none;
+  }
+  window.setGeometry(30, 40, 300, 200);
+  EXPECT_TRUE(SaveWindowGeometry(window, registry));
+  RestoreWindowGeometry(other, registry);
+  EXPECT_EQ(other.geometry(), QRect(30, 40, 300, 200));
+  EXPECT_FALSE(SaveWindowGeometry(window, Registry(folder.File("none/registry.reg"))));
+}
+
 }  // namespace feedloom

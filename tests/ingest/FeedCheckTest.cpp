@@ -4,7 +4,6 @@
 #include "ingest/FeedCheck.h"
 #include "ingest/FeedCheckAnswer.h"
 #include "ingest/IngestKit.h"
-#include "platform/Messages.h"
 #include "platform/Rows.h"
 #include "platform/Text.h"
 

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <chrono>
 #include <filesystem>
-#include <iterator>
-#include <thread>
 
 namespace feedloom {
 

@@ -1,7 +1,5 @@
 #include "kit/FeedDocuments.h"
 
-#include <chrono>
-
 #include "platform/Clock.h"
 #include "platform/Text.h"
 

@@ -3,15 +3,7 @@
 #include <httplib.h>
 #include <sys/socket.h>
 
-#include <algorithm>
-#include <atomic>
 #include <condition_variable>
-#include <functional>
-#include <map>
-#include <set>
-#include <stdexcept>
-#include <thread>
-#include <vector>
 
 #include "platform/Mutex.h"
 

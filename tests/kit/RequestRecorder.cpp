@@ -4,8 +4,6 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <stdexcept>
-
 namespace feedloom {
 
 RequestRecorder::RequestRecorder(const std::string& body)

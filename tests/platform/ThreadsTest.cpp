@@ -1,9 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <optional>
-#include <thread>
-
 #include "kit/Inbox.h"
 #include "kit/ThreadRefusal.h"
 #include "platform/BackgroundJobs.h"

@@ -3,8 +3,6 @@
 #include <stdlib.h>
 
 #include <filesystem>
-#include <set>
-#include <thread>
 
 #include "kit/TempFolder.h"
 #include "platform/UrlDownload.h"
@@ -17,7 +15,6 @@
 #include "skin/Keys.h"
 
 namespace feedloom {
-namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
@@ -252,5 +249,4 @@ TEST(IniFileTest, AValueIsWhatFollowsTheFirstEqualsSignOfItsKey) {
   for (const char* none : {";off", "last"}) EXPECT_EQ(file.Value("ONE", none), std::nullopt);
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -9,7 +9,6 @@
 #include "vxctrl/AccessibleTree.h"
 
 namespace feedloom {
-namespace {
 
 // Counts how often the module tries again to read the store.
 struct TryCounter : QObject {
@@ -202,5 +201,4 @@ TEST_F(Module, KeysLeadRoundItsPanesAndDividersAndOutOfThePage) {
   ASSERT_TRUE(QApplication::activePopupWidget() && QApplication::activePopupWidget()->close());
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -133,7 +133,6 @@ struct ModuleFixture : QObject, testing::Test {
   }
   QStringList Labels() { return Rows(Tree(), 0); }
   QStringList Titles() { return Rows(List(), 1); }
-  // The text of the page that the last Select has led to.
   // The page with this text comes on screen; the one before may be shown late.
   bool Shows(const QString& text) {
     const auto shown = std::make_shared<QString>();

@@ -5,7 +5,6 @@
 #include "skin/Keys.h"
 
 namespace feedloom {
-namespace {
 
 TEST(SettingsStore, KeepsNumbersAndTextsInTheSettledOrderAndReadsTheTexts) {
   const TempFolder folder;
@@ -35,5 +34,4 @@ TEST(SettingsStore, KeepsNumbersAndTextsInTheSettledOrderAndReadsTheTexts) {
   EXPECT_EQ(LoadPanelSettings(registry), (Settings{5, 0, 2, 40, 2, -1, 7}));
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -5,7 +5,6 @@
 #include "skin/Keys.h"
 
 namespace feedloom {
-namespace {
 
 class HostConfigTest : public testing::Test {
  protected:
@@ -43,14 +42,11 @@ TEST_F(HostConfigTest, EachTextIsReadAfreshAndCutBetweenCharacters) {
   }
 }
 
-TEST_F(HostConfigTest, TheDefaultModelNameStandsInOnlyForAMissingOne) {
+TEST_F(HostConfigTest, WhatTheHostDoesNotSayIsTheDefault) {
   Set("CORVANE_DEFAULT_MODELNAME", "Default");
   EXPECT_EQ(config_.GetModelName(), "Default");
   Set("CORVANE_DISPLAY_MODELNAME", "");
   EXPECT_EQ(config_.GetModelName(), "");
-}
-
-TEST_F(HostConfigTest, TheCodePageIsKoreanAndDebugModeOffUnlessTheHostSaysSo) {
   EXPECT_EQ(config_.GetCodePage(), CodePage::Korean());
   Set("CODEPAGE", "utf-8");
   EXPECT_EQ(config_.GetCodePage(), CodePage::Utf8());
@@ -66,21 +62,18 @@ TEST_F(HostConfigTest, PathsAreBytesAndImagesAndIniFilesHaveTheirDirectorysSepar
   for (const auto& [dir, withSeparator] :
        {std::pair("C:\\집", "C:\\집\\"), {"C:\\집\\", "C:\\집\\"}, {"/집", "/집/"}}) {
     for (const char* name : {"IMAGEDIR", "INIDIR", "CURRENT_PATH", "WORKDIR"}) Set(name, dir);
-    EXPECT_EQ(config_.GetImageDir(), withSeparator);
-    EXPECT_EQ(config_.GetIniDir(), withSeparator);
-    EXPECT_EQ(config_.GetCurrentPath(), dir);
-    EXPECT_EQ(config_.GetWorkDir(), dir);
+    for (const auto& path : {config_.GetImageDir(), config_.GetIniDir()})
+      EXPECT_EQ(path, withSeparator);
+    for (const auto& path : {config_.GetCurrentPath(), config_.GetWorkDir()}) EXPECT_EQ(path, dir);
   }
   Set("WORKDIR", std::string(300, 'w'));
   EXPECT_EQ(config_.GetWorkDir(), std::string(259, 'w'));
 
   Set("CORVANE_DEFAULT_MODELNAME", "sph-한1");
-  EXPECT_EQ(config_.GetImageIniPath(), "/집/image.ini");
-  EXPECT_EQ(config_.GetStringIniPath(), "/집/string.ini");
-  EXPECT_EQ(config_.GetBmCorvaneIniPath(), "/집/bm_Corvane.ini");
-  EXPECT_EQ(config_.GetCorvaneIniPath(), "/집/corvane.ini");
+  EXPECT_EQ(config_.GetImageIniPath() + config_.GetStringIniPath(), "/집/image.ini/집/string.ini");
+  EXPECT_EQ(config_.GetBmCorvaneIniPath() + config_.GetCorvaneIniPath(),
+            "/집/bm_Corvane.ini/집/corvane.ini");
   EXPECT_EQ(config_.GetModelIniPath(), "/집/SPH-한1.ini");
 }
 
-}  // namespace
 }  // namespace feedloom

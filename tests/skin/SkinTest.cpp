@@ -8,7 +8,6 @@
 #include "skin/Skin.h"
 
 namespace feedloom {
-namespace {
 
 class SkinTest : public testing::Test {
  protected:
@@ -72,5 +71,4 @@ TEST(FilledTexts, BreaksTitlesAndNumbersAreFilledInOnceAndInTheirOrder) {
   EXPECT_EQ(WithNumbers("done", {1}), "done");
 }
 
-}  // namespace
 }  // namespace feedloom

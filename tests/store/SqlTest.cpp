@@ -6,7 +6,6 @@
 #include "store/StoreKit.h"
 
 namespace feedloom {
-namespace {
 
 TEST(SqlText, EntitiesAreDecodedOneAfterTheOtherThenQuotesDoubledAndFieldsFilledInOnce) {
   const std::pair<std::string, std::string> cases[] = {
@@ -42,5 +41,4 @@ TEST(Store, TheDatabaseLiesBesideTheModule) {
   EXPECT_EQ(GetDbPath("/usr/lib/feedloom.so") + GetDbPath("a.so"), "/usr/lib/rssdbrssdb");
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -5,8 +5,6 @@
 #include <sqlite3.h>
 
 #include <fstream>
-#include <iterator>
-#include <utility>
 
 namespace feedloom {
 namespace {

@@ -1,14 +1,8 @@
 // A store on a real, new database file, and a look at that file past the store.
 #pragma once
 
-#include <memory>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "kit/ManualClock.h"
 #include "kit/TempFolder.h"
-#include "platform/Mutex.h"
 #include "store/Store.h"
 
 namespace feedloom {

@@ -1,8 +1,6 @@
 // A frame for the tests of one pane: a real store, the shipped skin, a record of what is asked for.
 #pragma once
 
-#include <algorithm>
-
 #include "exchange/DirectorySearch.h"
 #include "kit/ShippedSkin.h"
 #include "store/StoreKit.h"

@@ -7,7 +7,6 @@
 #include "ui/InterfaceThread.h"
 
 namespace feedloom {
-namespace {
 
 TEST(InterfaceThreadTest, RunsTheWorkOfOtherThreadsHereUntilItIsClosed) {
   const auto interface = std::make_shared<InterfaceThread>();
@@ -37,5 +36,4 @@ TEST(InterfaceThreadTest, ClosingLetsAWaitingSenderGoWithoutRunningItsWork) {
   }
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -7,10 +7,9 @@
 #include "ui/Menus.h"
 
 namespace feedloom {
-namespace {
 
 // Each item's text and command, from 0x8000 on; sub-menus in brackets, ";" for a separator.
-std::string Text(const QMenu& menu) {
+static std::string Text(const QMenu& menu) {
   QStringList items;
   for (const QAction* item : menu.actions()) {
     const auto number = QString::number(item->data().toInt() - 0x8000, 16).toStdString();
@@ -48,5 +47,4 @@ TEST(Menus, ShowTheirItemsInOrderAndHandOverTheChosenCommand) {
   }
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -3,8 +3,6 @@
 
 #include <QAccessible>
 #include <QWidget>
-#include <set>
-#include <vector>
 
 namespace feedloom {
 

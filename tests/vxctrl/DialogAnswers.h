@@ -3,14 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QDialog>
-#include <QPointer>
 #include <QTest>
-#include <QTimer>
+#include <QtWidgets>
 #include <deque>
-#include <functional>
-#include <utility>
 
 namespace feedloom {
 

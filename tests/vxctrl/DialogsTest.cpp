@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QLabel>
-#include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
+#include <QtWidgets>
 
 #include "kit/ShippedSkin.h"
 #include "skin/Keys.h"
@@ -91,6 +88,29 @@ TEST_F(Dialogs, AMessageBoxHasTheButtonsOfItsKindAndOnlyTheFirstConsents) {
   EXPECT_TRUE(Consents(MsgBoxKind::YesNo, Type("\t\t\r"))) << "a short text is no stop";
 }
 
+TEST_F(Dialogs, ShowTheirPartsAtEvenDistances) {
+  CMsgBox box(skin_.Get(), "?", MsgBoxKind::YesNo, nullptr);
+  NameDialog dialog(skin_.Get(), nullptr);
+  const QWidget& area = *box.findChild<QScrollArea*>();
+  const auto check = [](QDialog& shown, const QWidget& first, const QWidget& last) {
+    shown.show();  // gives the parts their places
+    const auto buttons = shown.findChildren<CButtonEx*>();
+    const int top = buttons[0]->mapTo(&shown, QPoint()).y();
+    EXPECT_EQ(first.pos(), QPoint(20, 20));
+    EXPECT_EQ(shown.width() - last.geometry().right(), 21);
+    EXPECT_EQ(top - last.geometry().bottom(), 21);
+    EXPECT_EQ(shown.height() - top - buttons[0]->height(), 20);
+    EXPECT_EQ(buttons[1]->x() - buttons[0]->geometry().right(), 9);
+  };
+  check(box, area, area);
+  EXPECT_EQ(area.size(), QSize(220, 32));
+  const QWidget& label = *dialog.findChild<QLabel*>();
+  check(dialog, label, *dialog.name);
+  EXPECT_EQ(dialog.name->x() - label.geometry().right(), 13);
+  EXPECT_EQ(dialog.name->width(), 240);
+  EXPECT_EQ(dialog.font().pixelSize(), box.font().pixelSize()) << "the skin's";
+}
+
 TEST_F(Dialogs, OnlyATextThatDoesNotFitTheScreenIsScrolled) {
   const QSize screen = QGuiApplication::primaryScreen()->availableSize();
   for (const auto& [text, isLong] :
@@ -113,6 +133,19 @@ TEST_F(Dialogs, ADialogGivesWhatWasTypedWhenItIsAcceptedAndStaysOpenUntilItsFiel
       {Type("a\r"), "a"},        {Type("a\t\r"), "a"},        {Type("\ra\r"), "a"},
       {Type("a\x1B"), "(none)"}, {Type("a\t\t\r"), "(none)"}, {Click("Cancel"), "(none)"}};
   for (const auto& [end, name] : kEnds) EXPECT_EQ(Ask(end), name);
+}
+
+TEST_F(Dialogs, AKeyThatIsHeldFromBeforeEndsNothing) {
+  const Action hold = [](QDialog& dialog) {
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+      QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+      QApplication::sendEvent(&dialog, &held);
+      EXPECT_TRUE(dialog.isVisible());
+    }
+    dialog.close();
+  };
+  EXPECT_EQ(Ask(hold), "(none)");
+  EXPECT_FALSE(Consents(MsgBoxKind::OkCancel, hold));
 }
 
 TEST_F(Dialogs, AParentThatGoesTakesItsDialogAlong) {

@@ -10,7 +10,6 @@
 #include "vxctrl/SkinPieces.h"
 
 namespace feedloom {
-namespace {
 
 class SkinValues : public testing::Test {
  protected:
@@ -48,5 +47,4 @@ TEST(QtTextTest, ALineHoldsNoBreaksAndIsCutBetweenCharacters) {
             text.left(500) + "…");
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -3,25 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QEventLoop>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
 #include <QWebEnginePage>
 #include <QWebEngineView>
-#include <algorithm>
-#include <chrono>
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
+#include <QtTest>
+#include <QtWidgets>
 
 #include "kit/FeedServer.h"
-#include "kit/TempFolder.h"
 #include "skin/Keys.h"
 #include "ui/FakeFrame.h"
 #include "ui/browser/CRSS_HtmlView.h"

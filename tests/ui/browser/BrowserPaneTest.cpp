@@ -4,7 +4,6 @@
 #include "ui/browser/BrowserFixture.h"
 
 namespace feedloom {
-namespace {
 
 class BrowserPane : public BrowserFixture {
  protected:
@@ -25,14 +24,7 @@ class BrowserPane : public BrowserFixture {
   }
 };
 
-TEST_F(BrowserPane, BeginsWithTheMainPageWithoutAnAddress) {
-  EXPECT_EQ(Bar(), "----");
-  WaitForPage([&] { pane_.ShowMainPage(); });
-  EXPECT_TRUE(Text().contains("Feedloom"));
-  EXPECT_EQ(Bar(), "----");
-}
-
-TEST_F(BrowserPane, APostShowsAsAGeneratedPageWithItsFeedOnlyInTheWebDirectory) {
+TEST_F(BrowserPane, TheMainPageAndAPostAreGeneratedAndTheFeedIsShownOnlyInTheWebDirectory) {
   PostRow post = Post(Korean("한글 똠방각하"), "/post");
   post.feedUrl = "http://feed.example/";
   Show(post);
@@ -44,6 +36,8 @@ TEST_F(BrowserPane, APostShowsAsAGeneratedPageWithItsFeedOnlyInTheWebDirectory) 
   Show(post);
   EXPECT_EQ(Evaluate("document.getElementById('rsspath-0').title"), "http://feed.example/");
   EXPECT_TRUE(Evaluate("document.head.innerHTML").toString().contains("img-src feedloom: data:\""));
+  WaitForPage([&] { pane_.ShowMainPage(); });
+  EXPECT_TRUE(Text().contains("Feedloom") && Address().text().isEmpty());
 }
 
 TEST_F(BrowserPane, AnotherModeRedrawsThePostThatIsOnDisplayAndNothingElse) {
@@ -127,6 +121,26 @@ TEST_F(BrowserPane, KeysDoWhatTheButtonsDo) {
   EXPECT_EQ(frame_.messages.back(), "");
 }
 
+TEST_F(BrowserPane, TabWalksTheBarInReadingOrderAndAHeldKeyDoesNothingInTheAddress) {
+  for (const auto button : {kBrowserBack, kBrowserNext, kBrowserStop, kBrowserFeed})
+    toolbar_.Enable(button, true);
+  QSignalSpy commands(&toolbar_, &CRSS_RightBottomToolBarWnd::Commanded);
+  QSignalSpy leavings(&toolbar_, &CRSS_RightBottomToolBarWnd::AddressLeft);
+  Button(kTextBackTooltip).setFocus(Qt::TabFocusReason);
+  QStringList walked;
+  for (int i = 0; i < 7; ++i) {
+    walked << QApplication::focusWidget()->accessibleName();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(walked.join(", "), "뒤로, 앞으로, 중지, 페이지 새로 고침, 주소, 이동, 이 채널 추가");
+  toolbar_.FocusAddress();
+  for (const int key : {Qt::Key_Return, Qt::Key_Escape}) {
+    QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(&Address(), &held);
+  }
+  EXPECT_EQ(commands.count() + leavings.count(), 0);
+}
+
 TEST_F(BrowserPane, APagesOwnDialogsAreToldNo) {
   Visit("/web", "<script>alert(1); document.write(confirm('?') + ' ' + prompt('?'))</script>");
   EXPECT_EQ(Text(), "false null");
@@ -179,5 +193,4 @@ TEST_F(BrowserPane, AnAnswerOfAPageThatWasLeftIsDropped) {
   EXPECT_EQ(acted.count(), 0);
 }
 
-}  // namespace
 }  // namespace feedloom

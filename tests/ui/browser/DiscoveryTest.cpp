@@ -5,7 +5,6 @@
 #include "ui/browser/FeedLinks.h"
 
 namespace feedloom {
-namespace {
 
 class Discovery : public BrowserFixture {
  protected:
@@ -76,22 +75,18 @@ TEST_F(Discovery, TheMenuOffersTheFeedsInOrderAndAddsTheChosenOne) {
 }
 
 TEST(FeedLinks, AreResolvedByHowTheyBegin) {
-  const char* const deep = "https://example.com/a/b/c/page.html";
-  const auto resolved = [](const char* href, const char* documentUrl, const char* domain = "h") {
-    return ResolveFeedLink(href, domain, documentUrl).toStdString();
-  };
-  EXPECT_EQ(resolved("/f", deep), "https://h/f");
-  EXPECT_EQ(resolved("/f", "http://h:8080/a/"), "http://h/f");
-  EXPECT_EQ(resolved("/f", "nowhere"), "http://h/f");
-  EXPECT_EQ(resolved("/f", "://x"), "://h/f");
-  EXPECT_EQ(resolved("/f", deep, "ftp://h"), "ftp://h/f");
-  EXPECT_EQ(resolved("./f", deep), "https://example.com/a/b/c/f");
-  EXPECT_EQ(resolved("../f", deep), "https://example.com/a/b/f");
-  EXPECT_EQ(resolved("../x/../f", deep), "https://example.com/a/b/x/../f");
-  EXPECT_EQ(resolved("../../", deep), "https://example.com/a/");
-  EXPECT_EQ(resolved("../../../f", "x"), "/f");
-  for (const char* href : {"f.xml", "?feed=rss", "..", ""}) EXPECT_EQ(resolved(href, deep), href);
+  const QString deep = "https://example.com/a/b/c/page.html";
+  for (const char* const row :
+       {"/f > deep > https://h/f", "/f > http://h:8080/a/ > http://h/f",
+        "/f > nowhere > http://h/f", "/f > ://x > ://h/f",
+        "./f > deep > https://example.com/a/b/c/f", "../f > deep > https://example.com/a/b/f",
+        "../x/../f > deep > https://example.com/a/b/x/../f",
+        "../../ > deep > https://example.com/a/", "../../../f > x > /f", "f.xml > deep > f.xml",
+        "?feed=rss > deep > ?feed=rss", ".. > deep > ..", " > deep > "}) {
+    const QStringList parts = QString(row).replace("deep", deep).split(" > ");
+    EXPECT_EQ(ResolveFeedLink(parts[0], "h", parts[1]), parts[2]) << row;
+  }
+  EXPECT_EQ(ResolveFeedLink("/f", "ftp://h", deep), "ftp://h/f");
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -10,7 +10,6 @@
 #include "ui/browser/DownloadFiles.h"
 
 namespace feedloom {
-namespace {
 
 const std::string kLong(32 << 20, 'x');  // not here at once
 
@@ -139,5 +138,4 @@ TEST(DownloadFiles, ANameIsHarmlessAndShortAndKeepsItsEnding) {
   EXPECT_TRUE(part.startsWith("/folder/." + x.left(180) + ".") && part.endsWith(".part"));
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -6,11 +6,10 @@
 #include "ui/browser/BrowserFixture.h"
 
 namespace feedloom {
-namespace {
 
 using LargePages = BrowserFixture;
 
-pid_t Renderer(const QWebEnginePage& page) {
+static pid_t Renderer(const QWebEnginePage& page) {
   const auto pid = static_cast<pid_t>(page.renderProcessPid());
   EXPECT_GT(pid, 0);
   return pid > 0 ? pid : INT_MAX;  // a signal to 0 would hit this process
@@ -46,5 +45,4 @@ TEST_F(LargePages, ACrashedPageSaysSoAndIsLoadedAgain) {
   EXPECT_EQ(Text(), "a post");
 }
 
-}  // namespace
 }  // namespace feedloom

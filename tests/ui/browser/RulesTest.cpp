@@ -1,14 +1,11 @@
-// What is decided without a widget: where pages lead, how they are kept, what the host is told.
+// What is decided without a widget: where pages lead, how they are kept.
 #include <gtest/gtest.h>
 
-#include "kit/ShippedSkin.h"
 #include "ui/browser/GeneratedPages.h"
 #include "ui/browser/NavigationRules.h"
 #include "ui/browser/PageRules.h"
-#include "ui/browser/StatusTexts.h"
 
 namespace feedloom {
-namespace {
 
 using enum NavigationCause;
 
@@ -77,10 +74,4 @@ TEST(GeneratedPages, AreKeptUntilThereAreTooManyOrTheyAreTooLarge) {
   EXPECT_TRUE(!large.Find(3) && large.Find(4));
 }
 
-TEST(StatusTexts, NameAFileAsItIs) {
-  EXPECT_EQ(StatusText(ShippedSkin("ENG").Get(), DownloadEvent::Progress, "1%d%s.zip", "3 MB"),
-            "Downloading: 1%d%s.zip (3 MB)");
-}
-
-}  // namespace
 }  // namespace feedloom

@@ -9,15 +9,14 @@
 #include "ui/page/Pages.h"
 
 namespace feedloom {
-namespace {
 
 // HTML texts. In them RUN is a script with single quotes that asks for HIT, an address of the
 // attack's own at the test's server; COVER makes an element the one that Click() hits.
 using Attacks = QByteArrayList;
 // The attacks stand on lines of their own, or two blanks apart.
-Attacks List(QByteArray text) { return text.trimmed().replace("  ", "\n").split('\n'); }
+static Attacks List(QByteArray text) { return text.trimmed().replace("  ", "\n").split('\n'); }
 const QByteArray kImage = "R0lGODlhAQABAAAAACwAAAAAAQABAAA=";  // one pixel
-QByteArray Bytes(const std::string& text) { return QByteArray::fromStdString(text); }
+static QByteArray Bytes(const std::string& text) { return QByteArray::fromStdString(text); }
 
 class Safety : public BrowserFixture {
  protected:
@@ -251,6 +250,10 @@ const Attacks kPatient = List(R"--(
 <svg><animate attributeName=x dur=20ms repeatCount=indefinite onrepeat="RUN"></animate></svg>
 <a href="javascript:void(RUN)" COVER>x</a>)--");
 
+const QByteArray kNames =
+    "<img name=querySelectorAll><img name=querySelector><img name=activeElement><img "
+    "name=getElementById>";
+
 // A page could pass its own navigation for what the server of the pending one has ordered.
 TEST_F(Safety, NothingRunsOrLeadsAwayWhileANavigationIsPending) {
   const Attacks refresh = {"<meta http-equiv=\"re&#102;resh\" content=\"1;url=HIT\">"};
@@ -261,8 +264,8 @@ TEST_F(Safety, NothingRunsOrLeadsAwayWhileANavigationIsPending) {
   server_.Serve("/later", Html({framed[1]}).toStdString(), "text/html");
   const std::tuple<QByteArray, PageKind, Attacks> rows[] = {
       {Post(Html(kPatient)), PageKind::Post, kPatient},
-      {Post(Html(refresh)), PageKind::Post, refresh},
-      {Player(Url("/frame").toUtf8()), PageKind::Player, framed}};
+      {Post(kNames + Html(refresh)), PageKind::Post, refresh},
+      {Player(Url("/frame").toUtf8() + "\">" + kNames), PageKind::Player, framed}};
   for (const auto& [page, kind, attacks] : rows) {
     ShowAndSettle(page, kind);
     view_.Navigate(Url("/hang"));
@@ -289,17 +292,51 @@ TEST_F(Safety, APostDownloadsNothingByItself) {
   EXPECT_TRUE(ComesTrue([&] { return folder_.Names() == std::vector<std::string>{"file"}; }));
 }
 
-// A title holds markup as a text: a button may read anything, and showing it again is safe.
-TEST_F(Safety, ForgedTextsOfAButtonAreHarmlessWhenTheyAreShown) {
-  const Attacks forged = {R"--(<div id=TITLE-0 title="&lt;script&gt;RUN&lt;/script&gt;"></div>
-      <div id=Scraplink-0 title='"&gt;&lt;img src=x: onerror="RUN"&gt;'></div>)--"};
-  Write(Post(Html(forged) + Html({"<a COVER href='ID_BTN_RSSSCRAP?0'>x</a>"})));
-  Click();
-  ASSERT_TRUE(ComesTrue([&] { return !actions_.empty(); }));
-  const QByteArray read = actions_.takeFirst().value(1).toStringList().join("").toUtf8();
+// Elements may have the names of what the scripts of the buttons could use. A title holds markup as
+// a text: a button may read anything, and showing it again is safe.
+TEST_F(Safety, NamesBreakNoButtonAndForgedTextsAreHarmlessWhenTheyAreShown) {
+  const auto press = [this](const QByteArray& html) {
+    Write(Post(html + Html({"<a COVER href='ID_BTN_RSSSCRAP?0'>x</a>"})));
+    Click();
+    EXPECT_TRUE(ComesTrue([&] { return !actions_.empty(); }));
+    return actions_.empty() ? QStringList() : actions_.takeFirst()[1].toStringList();
+  };
+  EXPECT_EQ(press(kNames).join("|").remove('\n'), "A title|http://h/post|x|2024-05-06 07:08:09");
+  const Attacks hidden = {"<script>if (document.querySelectorAll.src === '') { RUN }</script>"};
+  ExpectHits(hidden, Plain(kNames + Html(hidden)));
+  const Attacks forged = List(R"--(<div id=TITLE-0 title="&lt;script&gt;RUN&lt;/script&gt;"></div>
+<div id=Scraplink-0 title="&quot;&gt;&lt;img src=x: onerror=&quot;RUN&quot;&gt;"></div>)--");
+  const QByteArray read = press(Html(forged)).join("").toUtf8();
   ShowAndSettle(Post(read));
   ExpectNoHits(forged);
   ExpectHits(forged, Plain(Post(read)));
+}
+
+TEST_F(Safety, AGeneratedPageSeesNoOther) {
+  for (const QByteArray& attack : kFrames.first(4)) {
+    const QByteArray other = Filled("<img src='HIT'>", attack);
+    const auto frame = [&](const QUrl& page) {
+      return QByteArray(attack).replace("HIT", page.toEncoded());
+    };
+    ShowAndSettle(Post(other));
+    const QUrl shown = Page().url();
+    ShowAndSettle(Post(frame(shown)));
+    ShowAndSettle(Player("x\">" + frame(shown)), PageKind::Player);
+    EXPECT_EQ(Hits(attack), 1) << attack.data();
+    LoadPlain(Plain(frame(Plain(other))));
+    EXPECT_TRUE(ComesTrue([&] { return Hits(attack) > 1; })) << attack.data();
+  }
+}
+
+TEST_F(Safety, TheScriptsOfAWebPageGoWithIt) {
+  const QByteArray tick = "<script>setInterval(() => { RUN + '?' + Math.random() }, 5)</script>";
+  Visit("/web", Html({tick}).toStdString());
+  EXPECT_TRUE(ComesTrue([&] { return Hits(tick) > 2; }));
+  Write(Post("mine"));
+  LoadPlain(Url("/settled"));  // what the last one has asked for has come
+  const int seen = Hits(tick);
+  Settle();
+  EXPECT_EQ(Hits(tick), seen);
 }
 
 // SKIN is the skin's folder.
@@ -326,5 +363,4 @@ TEST_F(Safety, AWebPageSeesNothingOfTheSkinAndItsIconIsNotAskedFor) {
   EXPECT_TRUE(WasRequested("/icon"));
 }
 
-}  // namespace
 }  // namespace feedloom

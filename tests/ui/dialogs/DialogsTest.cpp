@@ -1,9 +1,5 @@
 // All dialogs but that of the web directory, with a real store.
-#include <QDir>
-#include <QFileDialog>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QStandardPaths>
+#include <QtWidgets>
 
 #include "ingest/FeedCheckAnswer.h"
 #include "skin/Keys.h"
@@ -12,7 +8,6 @@
 #include "ui/dialogs/DialogFixture.h"
 
 namespace feedloom {
-namespace {
 
 const FeedCheckAnswer kFeed{.isFeed = true, .title = "A &amp; \nB", .homePage = "http://home/"};
 const FeedCheckAnswer kPage{.announcedFeed = "http://home/rss"};
@@ -275,5 +270,4 @@ TEST_F(Dialogs, AFileIsAskedForWithTheSuggestedNameInTheUsersFolder) {
   EXPECT_EQ(AskImportFile(frame, parent.get()), "");
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -8,7 +8,6 @@
 #include "vxctrl/CVxListCtrl.h"
 
 namespace feedloom {
-namespace {
 
 class DirectoryDlg : public DialogFixture {
  protected:
@@ -115,5 +114,4 @@ TEST(DirectoryModelTest, TextsLoseTheirTags) {
   EXPECT_EQ(WithoutTags("<"), "<");
 }
 
-}  // namespace
 }  // namespace feedloom

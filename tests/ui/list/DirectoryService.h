@@ -1,8 +1,6 @@
 // A web directory for tests: a real server that answers the word "word" page by page.
 #pragma once
 
-#include <string>
-
 #include "kit/FeedServer.h"
 
 namespace feedloom {

@@ -3,14 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QContextMenuEvent>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QMenu>
-#include <QScrollBar>
 #include <QTest>
+#include <QtWidgets>
 
 #include "skin/Keys.h"
 #include "ui/FakeFrame.h"

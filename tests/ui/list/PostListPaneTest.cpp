@@ -3,7 +3,6 @@
 #include "ui/list/ListPaneFixture.h"
 
 namespace feedloom {
-namespace {
 
 class PostListPaneTest : public PostListPane {
  protected:
@@ -183,5 +182,4 @@ TEST_F(PostListPaneTest, SortingAndRefillingKeepSelectionCurrentRowOrderAndPlace
   EXPECT_EQ(OnLine(0), "Post 40 ");
 }
 
-}  // namespace
 }  // namespace feedloom

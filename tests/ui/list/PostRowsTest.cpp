@@ -1,9 +1,8 @@
 // The list's rows: what their cells say, and their order.
 #include <gtest/gtest.h>
 
-#include <QAbstractItemModelTester>
 #include <QLocale>
-#include <QSignalSpy>
+#include <QtTest>
 
 #include "kit/ThreadRefusal.h"
 #include "store/StoreKit.h"
@@ -11,11 +10,11 @@
 #include "ui/list/PostListModel.h"
 
 namespace feedloom {
-namespace {
 
 using Ids = std::vector<int>;
 
-PostRow Post(int id, const char* title, int readStatus = 0, const char* published = "2008-05-01") {
+static PostRow Post(int id, const char* title, int readStatus = 0,
+                    const char* published = "2008-05-01") {
   return {readStatus, id, "", "", "", published, Korean(title), "", Korean("똠방각하 소식"), 0, 0};
 }
 
@@ -96,5 +95,4 @@ TEST_F(PostListModelTest, SortsManyTitlesInSeveralThreadsAndInOneWhenTheSystemRe
   for (int row = 0; row < 20'000; ++row) ASSERT_EQ(Text(row, 1).toInt(), 29'999 - row);
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -5,7 +5,6 @@
 #include "ui/list/ListPaneFixture.h"
 
 namespace feedloom {
-namespace {
 
 class SearchTest : public PostListPane {
  protected:
@@ -106,5 +105,4 @@ TEST_F(SearchTest, APaneThatGoesWhileTheUserIsAskedOrASearchRunsIsNotTouched) {
   EXPECT_EQ(pane, nullptr);
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -1,19 +1,14 @@
 // The window that announces new posts: its animation, and the window with its own timers.
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
-#include <QLabel>
-#include <QPointer>
-#include <QScreen>
-#include <QSignalSpy>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 #include "kit/ShippedSkin.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
 #include "vxctrl/CButtonEx.h"
 
 namespace feedloom {
-namespace {
 
 using namespace std::chrono_literals;
 using Timers = std::map<int, std::chrono::milliseconds>;
@@ -104,5 +99,4 @@ TEST_F(AnnounceDlgTest, AClickClosesItAtOnceAndIsToldUnlessItIsOnTheCloseButton)
   }
 }
 
-}  // namespace
 }  // namespace feedloom

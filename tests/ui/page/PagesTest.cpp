@@ -1,19 +1,15 @@
 #include <gtest/gtest.h>
 
-#include "kit/TempFolder.h"
 #include "platform/Text.h"
-#include "skin/Keys.h"
-#include "skin/Skin.h"
 #include "ui/page/Pages.h"
 
 namespace feedloom {
-namespace {
 
 const PageSkin kSkin = {"/s/title.png", "/s/add.png",   "/s/scrap.png", "/s/bottom.png",
                         "/s/save.png",  "/s/player.gi", "Add it",       "Keep it"};
 
 // The pages as they must be, from raw texts whose line ends are left out.
-std::string Joined(std::string text) { return ReplaceAll(text, "\n", ""); }
+static std::string Joined(std::string text) { return ReplaceAll(text, "\n", ""); }
 
 const std::string kHead = Joined(R"--(
 <!DOCTYPE HTML PUBLIC "-//W3C//DTD HTML 4.01 Transitional//EN"><html><head><title>Feedloom</title>
@@ -87,16 +83,6 @@ TEST(PreviewPageTest, NeedsAsManyTitlesLinksAndDescriptionsAsPostsWhichAreNumber
   }
 }
 
-TEST(PreviewPageTest, TheCharsetFollowsTheCodePageAndTextsPassUnchanged) {
-  EXPECT_EQ(PageCharset(CodePage::Korean()), "euc-kr");
-  EXPECT_EQ(PageCharset(CodePage::Utf8()), "utf-8");
-  const std::string korean = CodePage::Korean().FromUtf8("똠방각하");
-  const std::string page =
-      BuildPostPreviewPage(1, {korean}, {""}, {""}, {}, {}, false, kSkin, "utf-8");
-  EXPECT_NE(page.find("text/html; charset=utf-8\""), std::string::npos);
-  EXPECT_NE(page.find("size=\"2\">" + korean + "</font>"), std::string::npos);
-}
-
 TEST(PodcastPlayerPageTest, EmbedsTheMediaOnABlackPage) {
   EXPECT_EQ(BuildPodcastPlayerPage("title", "http://m.example/a.mp3", "text", "date", kSkin),
             Joined(R"--(<html><head></head>
@@ -104,25 +90,6 @@ TEST(PodcastPlayerPageTest, EmbedsTheMediaOnABlackPage) {
 <table cellpadding=0 cellspacing=0 bgcolor=black width=100% height=100%><tr>
 <td align=center background="/s/player.gif" style='color:white'><table cellpadding=0 cellspacing=0><tr><td width="42">
 <div align="center"><embed src="http://m.example/a.mp3"></div></td></table></td></tr></table></body></html>)--"));
-}
-
-TEST(PageSkinTest, TakesImagesAndTooltipsFromTheHost) {
-  const TempFolder folder;
-  const Registry registry(folder.File("registry.reg"));
-  ASSERT_TRUE(registry.WriteString(kHostKey, kValueImageDir, "/집"));
-  const auto name = [](const char* section, const char* key) {
-    return section + std::string(".") + key;
-  };
-  const PageSkin skin = LoadPageSkin(Skin({name, name}, HostConfig(registry)));
-  std::string all;
-  for (const std::string& text :
-       {skin.titleImage, skin.addButtonImage, skin.scrapButtonImage, skin.bottomImage,
-        skin.saveImage, skin.playerBackground, skin.addTooltip, skin.scrapTooltip})
-    all += text + ",";
-  EXPECT_EQ(ReplaceAll(all, CodePage::Korean().FromUtf8("/집/RSS_HTML.RSS_HTML_"), ""),
-            "POSTNEWS_TITLE_IMG,POSTNEWS_ADDBTN_IMG,POSTNEWS_SCRAPBTN_IMG,POSTNEWS_BOTTOM_IMG,"
-            "POSTNEWS_SAVE_IMG,PODCAST_ORG_BG,FEEDLOOM.RSS_RIGHT_BOTTOM_TOOLBAR_TOOLTIP_BUTTON_RSS,"
-            "FEEDLOOM.RSS_RIGHT_BOTTOM_TOOLBAR_TOOLTIP_BUTTON_SCRAP,");
 }
 
 TEST(CrashPageTest, SaysWhatHasHappenedAndLeadsBack) {
@@ -133,5 +100,4 @@ TEST(CrashPageTest, SaysWhatHasHappenedAndLeadsBack) {
       << page;
 }
 
-}  // namespace
 }  // namespace feedloom

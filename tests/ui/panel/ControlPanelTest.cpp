@@ -8,7 +8,6 @@
 #include "vxctrl/CVxRadioButton.h"
 
 namespace feedloom {
-namespace {
 
 constexpr Settings kSound{.feedDeleteDate = 15};
 
@@ -122,5 +121,4 @@ TEST_F(ControlPanel, FitsItsEnglishTextsAndKeysGoFromPageToPage) {
   });
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -3,7 +3,6 @@
 #include "ui/panel/PanelPlaces.h"
 
 namespace feedloom {
-namespace {
 
 TEST(PanelPlaces, PartsStandWhereTheSkinHasThemAndGiveWayToTheirTexts) {
   // The skin's place and the size that is needed, and where each part stands then.
@@ -27,5 +26,14 @@ TEST(PanelPlaces, PartsStandWhereTheSkinHasThemAndGiveWayToTheirTexts) {
   }
 }
 
-}  // namespace
+TEST(PanelPlaces, ThePanelStandsWhereTheSkinHasItInItsHostAndOnTheScreen) {
+  const QRect host(100, 100, 1000, 700), screen(0, 10, 1280, 1014);
+  for (const auto& [place, on, at] : {std::tuple(QPoint(0, 0), screen, QPoint(450, 350)),
+                                      {{10, 20}, screen, {110, 120}},
+                                      {{900, 800}, screen, {980, 824}},
+                                      {{-500, -500}, screen, {0, 10}},
+                                      {{10, 20}, {50, 60, 200, 100}, {50, 60}}})
+    EXPECT_EQ(PanelPosition({place, QSize()}, {300, 200}, host, on), at);
+}
+
 }  // namespace feedloom

@@ -3,11 +3,11 @@
 #include <QTimer>
 
 #include "platform/Messages.h"
+#include "profile/HostTexts.h"
 #include "ui/tree/LeftPaneFixture.h"
 #include "ui/tree/RowLabel.h"
 
 namespace feedloom {
-namespace {
 
 class LeftContainerTest : public LeftPaneFixture {
  protected:
@@ -211,6 +211,48 @@ TEST(RowLabel, GivesBackTheNameThatACountWasAppendedTo) {
   }
 }
 
+TEST_F(LeftContainerTest, RowsAreDrawnAlsoWithoutTheSkinsImages) {
+  const HostLookup shipped = ReadHostTexts(frame.skin.Get().Config());
+  const auto value = [&](auto section, auto key) {
+    return strstr(key, "_GROUP_") ? "" : shipped.HostGetSkinValue(section, key);
+  };
+  const Skin bare({shipped.HostGetText, value}, frame.skin.Get().Config());
+  frame.shownSkin = &bare;
+  AddFolder(store, std::string(200, 'x'), 3);
+  Open();
+  tree->clearFocus();
+  // Where a row is not of the ground's colour, from `left` to `right`.
+  const auto drawn = [&](const char* label, int left, int right) {
+    const QRect row = tree->visualRect(Row(label));
+    const QPixmap strip = tree->viewport()->grab({left, row.top(), right - left, row.height()});
+    const QBitmap mask = strip.createMaskFromColor(tree->palette().color(QPalette::Base));
+    return QRegion(mask).boundingRect().translated(left, 0);
+  };
+  pane->SetChannelState(weekly, kDownloadFailed);
+  const std::pair<const char*, QRgb> icons[] = {
+      {"Daily", 0x5B8DB8}, {"Weekly", 0xC84A3A}, {"Keep", 0xD08A20}, {"Later", 0x9A7B4F}};
+  for (const auto& [label, color] : icons) {
+    EXPECT_EQ(drawn(label, 0, 41), QRect(30, 5, 9, 9));
+    const QImage icon = tree->viewport()->grab({34, PlaceOf(label).y(), 1, 1}).toImage();
+    EXPECT_EQ(icon.pixelColor(0, 0), QColor(color)) << label;
+    EXPECT_NEAR(drawn(label, 41, 200).left(), 46, 1);
+  }
+  EXPECT_EQ(drawn("News", 0, 14), QRect(3, 10, 8, 5));
+  tree->collapse(Row("News"));
+  EXPECT_EQ(drawn("News", 0, 14), QRect(5, 8, 5, 8));
+  EXPECT_EQ(drawn("Sports", 0, 14), QRect()) << "nothing is below it";
+  EXPECT_NEAR(drawn("xxx", 14, 239).left(), 19, 1);
+  EXPECT_NEAR(drawn("xxx", 14, 239).right(), 228, 4) << "an ellipsis";
+  for (const bool isFocused : {true, false}) {
+    Click(PlaceOf("Keep"));
+    isFocused ? tree->setFocus() : tree->clearFocus();
+    const auto group = isFocused ? QPalette::Active : QPalette::Inactive;
+    const QImage row = tree->viewport()->grab({0, PlaceOf("Keep").y() - 10, 9, 20}).toImage();
+    EXPECT_EQ(row.pixelColor(3, 3), tree->palette().color(group, QPalette::Highlight));
+    EXPECT_EQ(row.pixelColor(0, 9) == tree->palette().color(QPalette::Link), isFocused);
+  }
+}
+
 TEST_F(LeftContainerTest, AChannelIsAddedToTheSelectedFolder) {
   Strings asked;
   frame.actions.addChannel = [&](const std::string& folder, const std::string& address) {
@@ -259,5 +301,4 @@ TEST_F(LeftContainerTest, AMarkMovesBesideAChannelWithNewPostsUntilItIsSelected)
   EXPECT_EQ(Mark(), noMark);
 }
 
-}  // namespace
 }  // namespace feedloom

@@ -4,10 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QAbstractItemModelTester>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QTest>
+#include <QtTest>
 
 #include "skin/Keys.h"
 #include "store/Cabinets.h"

@@ -1,10 +1,8 @@
 // What the commands of the rows' menus do, and when they are grey, over a real database.
-#include <set>
 
 #include "ui/tree/LeftPaneFixture.h"
 
 namespace feedloom {
-namespace {
 
 class TreeCommandsTest : public LeftPaneFixture {
  protected:
@@ -188,5 +186,4 @@ TEST_F(TreeCommandsTest, MenusGreyWhatTheRowOrAMissingActionDoesNotAllow) {
             (Commands{kCommandMoveChannel, kCommandDeleteGroup, kCommandRenameGroup}));
 }
 
-}  // namespace
 }  // namespace feedloom
