@@ -49,6 +49,8 @@ TEST_F(DirectoryDlg, ListsWhatTheDirectoryKnowsPageByPage) {
     EXPECT_EQ(Search(), "전체 73건 중 50건 표시");
     EXPECT_EQ(Found().model()->index(6, 0).data(), "Title 7");
     EXPECT_EQ(Found().model()->index(6, 1).data(), "About 7");
+    EXPECT_FALSE(Found().model()->headerData(0, Qt::Horizontal, Qt::ToolTipRole).isValid());
+    EXPECT_EQ(Found().accessibleDescription().toStdString(), Line());
     Select(0);
     GoToEnd();
     EXPECT_EQ(WaitForEnd(), "채널 디렉터리가 응답하지 않습니다.");
