@@ -6,6 +6,7 @@
 #include "exchange/OpmlImporter.h"
 #include "ingest/IngestKit.h"
 #include "ingest/RefreshEngine.h"
+#include "ingest/ThreadCount.h"
 #include "kit/FeedDocuments.h"
 #include "kit/Inbox.h"
 

@@ -3,7 +3,9 @@
 #include "ingest/FeedAddress.h"
 #include "ingest/FeedCheck.h"
 #include "ingest/FeedCheckAnswer.h"
+#include "ingest/FeedChecker.h"
 #include "ingest/IngestKit.h"
+#include "ingest/ThreadCount.h"
 #include "platform/Rows.h"
 #include "platform/Text.h"
 
@@ -72,6 +74,14 @@ TEST_F(Checking, GivesUpASilentServerAtTheTimeLimit) {
     clock_.RunOut();
   });
   EXPECT_EQ(Check(kit_.server.Url("/hang")), "||; 0");
+}
+
+TEST_F(Checking, RunsInTheBackgroundAndEndsWithItsOwner) {
+  kit_.server.Hang("/hang");
+  FeedChecker checker(kit_.Services(clock_), [](auto) {});
+  checker.Start(kit_.server.Url("/hang"), [](auto&) { ADD_FAILURE(); });
+  EXPECT_TRUE(kit_.server.WaitForRequest("/hang"));
+  EXPECT_GE(ThreadsInTheBackground(), 1);
 }
 
 }  // namespace feedloom

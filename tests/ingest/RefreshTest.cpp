@@ -175,6 +175,7 @@ TEST_F(Refresh, AStopWaitsForNoServerAndLeavesNothingBehind) {
   engine_->StartRefresh();  // does nothing: the queue is empty
   const std::ptrdiff_t threads = ThreadCount();
   BeginToHang(8);
+  EXPECT_GE(ThreadsInTheBackground(), 6);
   engine_->Stop();
   EXPECT_TRUE(ThreadCountComesTo(threads));
   EXPECT_EQ(kit_.WorkFiles().size(), 2u);

@@ -47,6 +47,9 @@ TEST_F(FilesTest, AUsersFileIsReplacedBehindItsLinksAndNoOtherIsTouched) {
   EXPECT_EQ(Save("chain") + Save("dangling"), "");
   EXPECT_EQ(Listing(), "@chain=new@dangling=new@link=new link.new=own nnnnnnnn=new not yet=new");
   EXPECT_EQ(fs::status(folder_.File(name)).permissions(), fs::perms{0640});
+  mkfifo(folder_.File("pipe").c_str(), 0600);
+  std::jthread reader([this] { EXPECT_EQ(folder_.Read("pipe"), "new"); });
+  EXPECT_EQ(Save("pipe"), "") << "it cannot be synchronized";
 }
 
 TEST_F(FilesTest, AFileOfTheProgramIsForItsUserAloneAndAFailureLeavesNoTrace) {
