@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 
 #include "ingest/HttpClient.h"
 #include "kit/FeedServer.h"

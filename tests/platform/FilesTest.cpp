@@ -2,7 +2,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
 #include <thread>
 
 #include "kit/TempFolder.h"
@@ -16,6 +15,12 @@
 namespace feedloom {
 
 namespace fs = std::filesystem;
+
+static int diskError = 0;  // that the disk tells instead of keeping a file
+extern "C" int fsync(int handle) {
+  errno = diskError;
+  return diskError == 0 ? fdatasync(handle) : -1;
+}
 
 class FilesTest : public testing::Test {
  protected:
@@ -59,6 +64,9 @@ TEST_F(FilesTest, AFileOfTheProgramIsForItsUserAloneAndAFailureLeavesNoTrace) {
   EXPECT_EQ(Listing(), " list=new old=old");
   EXPECT_EQ(fs::status(folder_.File("list")).permissions(), fs::perms{0600});
   const std::string path = folder_.File(".feedloom-" + std::to_string(getpid()) + ".new");
+  diskError = EIO;
+  EXPECT_EQ(Save("list"), "Cannot write the file '" + path + "': Input/output error.");
+  diskError = 0;
   fs::create_directory(path);
   EXPECT_EQ(Save("list"), "Cannot create the file '" + path + "': File exists.");
   EXPECT_EQ(WriteFileWhole(path, "x"), "Cannot create the file '" + path + "': Is a directory.");

@@ -1,8 +1,6 @@
 // The feeds that web pages announce, from the page to the menu that offers them.
-#include <QMenu>
 
 #include "ui/browser/BrowserFixture.h"
-#include "ui/browser/FeedLinks.h"
 
 namespace feedloom {
 

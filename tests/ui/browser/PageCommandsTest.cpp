@@ -1,11 +1,6 @@
 // What the user does with a page: its two buttons, the pane's menu and keys, mail addresses and
 // media files.
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QMenu>
 #include <QPrinter>
-#include <QToolButton>
 
 #include "store/Cabinets.h"
 #include "ui/Commands.h"

@@ -1,5 +1,4 @@
 // All dialogs but that of the web directory, with a real store.
-#include <QtWidgets>
 
 #include "ingest/FeedCheckAnswer.h"
 #include "skin/Keys.h"

@@ -1,10 +1,9 @@
 // The dialog that searches the web directory, with a real service.
-#include <QLabel>
 
+#include "kit/DirectoryService.h"
 #include "skin/Keys.h"
 #include "ui/dialogs/DialogFixture.h"
 #include "ui/dialogs/DirectoryModel.h"
-#include "ui/list/DirectoryService.h"
 #include "vxctrl/CVxListCtrl.h"
 
 namespace feedloom {

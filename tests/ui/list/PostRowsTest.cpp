@@ -1,5 +1,4 @@
 // The list's rows: what their cells say, and their order.
-#include <gtest/gtest.h>
 
 #include <QLocale>
 #include <QtTest>

@@ -1,7 +1,7 @@
 // The search box: the store's posts, the web directory's page by page, and the list meanwhile.
 #include <QShortcut>
 
-#include "ui/list/DirectoryService.h"
+#include "kit/DirectoryService.h"
 #include "ui/list/ListPaneFixture.h"
 
 namespace feedloom {

@@ -1,5 +1,4 @@
 // The window that announces new posts: its animation, and the window with its own timers.
-#include <gtest/gtest.h>
 
 #include <QtTest>
 #include <QtWidgets>

@@ -1,6 +1,3 @@
-#include <QLabel>
-#include <QSlider>
-#include <QStackedWidget>
 
 #include "skin/Keys.h"
 #include "ui/dialogs/DialogFixture.h"

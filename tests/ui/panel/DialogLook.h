@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QComboBox>
-#include <QRegion>
-
 #include "vxctrl/AccessibleTree.h"
 
 namespace feedloom {
