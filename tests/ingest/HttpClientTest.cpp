@@ -34,7 +34,7 @@ TEST_F(HttpExchange, GetsABodyByteForByteAndPostsAForm) {
 }
 
 TEST_F(HttpExchange, SendsAQueryByteForByteAlsoThroughAProxyButNoControlCharacter) {
-  RequestRecorder recorder("body");
+  RequestRecorder recorder;
   constexpr const char* kKey =
       R"(HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Internet Settings)";
   Lines lines;

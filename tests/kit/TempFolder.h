@@ -3,9 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace feedloom {
 

@@ -72,6 +72,7 @@ TEST_F(ControlPanel, EachRadioButtonStandsForItsValueAndSoDoesTheSlider) {
       EXPECT_EQ(Edit(before, choose), after);
       Edit(after, [&, page = page, radio = first + value] {
         EXPECT_TRUE(Radio(page, radio).isChecked()) << page << radio;
+        EXPECT_EQ(Radio(0, 2).accessibleDescription(), "받는 간격");
       });
     }
   }
