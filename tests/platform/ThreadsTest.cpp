@@ -3,7 +3,6 @@
 #include "kit/Inbox.h"
 #include "platform/BackgroundJobs.h"
 #include "platform/Clock.h"
-#include "platform/Mutex.h"
 
 namespace feedloom {
 
