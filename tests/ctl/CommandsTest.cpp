@@ -153,6 +153,7 @@ TEST_F(Commands, ShowPrintsThePageAndWritesItInItsOwnCodePage) {
     Prepare(codePage, title);
     const std::string shown = Out("show 1");
     EXPECT_NE(shown.find(title), std::string::npos) << shown;
+    EXPECT_NE(shown.find("title=\"2003-06-10"), std::string::npos) << "its date is in sight";
     EXPECT_EQ(RunJson("show 1")["page"].get<std::string>() + "\n", shown);
     EXPECT_EQ(Status("show 1 --output " + folder_.File("page.html")), 0);
     EXPECT_EQ(CodePage::FromName(codePage).ToUtf8(folder_.Read("page.html")) + "\n", shown);

@@ -2,9 +2,7 @@
 #pragma once
 
 #include <fmt/core.h>
-#include <gtest/gtest.h>
 
-#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <sstream>
 

@@ -72,8 +72,13 @@ class Watch:
              "object:visible-data-changed", "object:text-changed", "document", "window", "focus")
 
     def __init__(self):
-        pyatspi.Registry.registerEventListener(lambda _: None, *self.KINDS)
+        self.told = set()  # what kinds of news of which rows
+        pyatspi.Registry.registerEventListener(self._hear, *self.KINDS)
         self.context = GLib.MainContext.default()
+
+    def _hear(self, event):
+        with contextlib.suppress(GLib.Error):
+            self.told.add((event.type.major, event.type.minor, event.source.name))
 
     def until(self, what, condition):
         """What `condition` gives, as soon as that is something; it is asked after each event."""

@@ -1,10 +1,10 @@
 // Answers of the directory, and a search on its thread with the test as its owner.
 #include <fmt/core.h>
-#include <gtest/gtest.h>
 
 #include "exchange/DirectorySearch.h"
 #include "ingest/CheckClock.h"
 #include "ingest/IngestKit.h"
+#include "kit/DirectoryService.h"
 #include "kit/Inbox.h"
 
 namespace feedloom {
@@ -59,21 +59,11 @@ TEST(FeedDirectory, TakesFiftyRecordsAtMostHoweverLongTheAnswer) {
 
 class Searching : public testing::Test {
  protected:
-  static std::string Query(int page, const std::string& word = "w") {
-    return fmt::format("/search?ver=0611&maxnum=50&pg={}&str={}", page, word);
-  }
-  // One page of an answer with `total` records.
-  void Serve(int page, int total) {
-    std::string answer = fmt::format("[TO]{}", total);
-    for (int i = page * 50 - 49; i <= std::min(page * 50, total); ++i)
-      answer += fmt::format("[HS][IT]{}[IU][RT][RU][DT][ID][PO]", i);
-    kit_.server.Serve(Query(page), answer + "[QK]");
-  }
   // A request that the server has, and does not answer.
   void BeginSilent() {
-    kit_.server.Hang(Query(1, "silent"));
-    search_->Begin("silent", receiver_);
-    ASSERT_TRUE(kit_.server.WaitForRequest(Query(1, "silent")));
+    service_.Hang(1);
+    search_->Begin("word", receiver_);
+    ASSERT_TRUE(service_.WaitForRequest(1));
   }
 
   // What is heard until no request runs: of each answer its number of rows and its last title.
@@ -81,10 +71,11 @@ class Searching : public testing::Test {
     EXPECT_TRUE(inbox_.DoUntil([this] { return !search_ || !search_->IsRunning(); }));
     return std::exchange(heard_, "");
   }
-  std::string AfterBegin() { return search_->Begin("w", receiver_), Heard(); }
+  std::string AfterBegin() { return search_->Begin("word", receiver_), Heard(); }
   std::string AfterMore() { return search_->More(receiver_), Heard(); }
 
   IngestKit kit_;
+  DirectoryService service_;
   CheckClock clock_{kDirectoryTimeLimit};
   Inbox inbox_;
   std::string heard_;
@@ -93,19 +84,18 @@ class Searching : public testing::Test {
     heard_ += answer.isAnswered ? fmt::format("{}:{} ", answer.rows.size(), title) : "none ";
   };
   std::optional<DirectorySearch> search_{
-      std::in_place, kit_.Services(clock_), kit_.server.Url("/search"),
+      std::in_place, kit_.Services(clock_), service_.Address(),
       [this](std::function<void()> work) { inbox_.Put(std::move(work)); }};
 };
 
 TEST_F(Searching, GivingUpDropsTheAnswerEvenOnItsWayAndTheSearchBeforeGoesOn) {
-  Serve(1, 73);
-  Serve(2, 73);
   BeginSilent();
-  EXPECT_EQ(AfterBegin(), "50:50 ") << "of two words the later is answered";
-  search_->Begin("w", receiver_);
+  service_.ServeTwoPages();
+  EXPECT_EQ(AfterBegin(), "50:Title 50 ") << "of two searches the later is answered";
+  search_->Begin("word", receiver_);
   ASSERT_TRUE(inbox_.WaitForWork());
   search_->GiveUp();
-  EXPECT_EQ(AfterMore(), "23:73 ");
+  EXPECT_EQ(AfterMore(), "23:Title 73 ");
 }
 
 TEST_F(Searching, TenSecondsWithoutAnAnswerAreTheEnd) {
@@ -115,8 +105,8 @@ TEST_F(Searching, TenSecondsWithoutAnAnswerAreTheEnd) {
 }
 
 TEST_F(Searching, TheReceiverMayEndSearches) {
-  Serve(1, 73);
-  search_->Begin("w", [this](const DirectoryAnswer&) { search_.reset(); });
+  service_.ServeTwoPages();
+  search_->Begin("word", [this](const DirectoryAnswer&) { search_.reset(); });
   EXPECT_EQ(Heard(), "");
 }
 

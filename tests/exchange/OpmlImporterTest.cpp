@@ -1,11 +1,11 @@
 // The importer on its thread, with the test as its owner.
 #include <fmt/core.h>
-#include <gtest/gtest.h>
 
 #include "exchange/ListDocuments.h"
 #include "exchange/OpmlImporter.h"
 #include "ingest/IngestKit.h"
 #include "ingest/RefreshEngine.h"
+#include "ingest/ThreadCount.h"
 #include "kit/FeedDocuments.h"
 #include "kit/Inbox.h"
 #include "kit/ThreadRefusal.h"
@@ -42,8 +42,10 @@ TEST_F(Importer, TellsEachRowAndTheEndOneImportAfterTheOtherWhileARefreshAddsPos
   kit_.server.Serve("/feed", NumberedRss("feed", "http://posts/", 100));
   const int id = kit_.db.AddChannelWithPosts(99, "feed", 0);
   engine.Enqueue({id, 99, "feed", kit_.server.Url("/feed"), ""});
-  engine.StartRefresh();
   Start("a", OpmlDocument(NumberedFolder("A", 2)));
+  ASSERT_TRUE(inbox_.WaitForWork());
+  EXPECT_GE(ThreadsInTheBackground(), 1);
+  engine.StartRefresh();
   Start("no", "<html/>");
   Start("b", OpmlDocument(NumberedFolder("A", 1)));
   ASSERT_TRUE(inbox_.DoUntil([&] { return ends_ == 3; }));
@@ -51,8 +53,7 @@ TEST_F(Importer, TellsEachRowAndTheEndOneImportAfterTheOtherWhileARefreshAddsPos
   Start("c", "");
   refusal.reset();
   ASSERT_TRUE(inbox_.DoUntil([&] { return ends_ == 4; }));
-  ASSERT_TRUE(host.WaitFor([](auto& sent) { return sent.message == kMessageRefreshEnded; },
-                           std::chrono::seconds(20), 1));
+  ASSERT_TRUE(host.WaitFor(kMessageRefreshEnded));
   EXPECT_EQ(news_,
             "A(1): 1=c1 1=c2 2 added this is not OPML A-1(2): 2=c1 1 added "
             "the system refuses another thread ");

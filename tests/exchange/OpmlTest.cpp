@@ -1,8 +1,5 @@
 // Imports and exports on real files, a real server and a real database.
 #include <fmt/core.h>
-#include <gtest/gtest.h>
-
-#include <filesystem>
 
 #include "exchange/ListDocuments.h"
 #include "exchange/OpmlExport.h"

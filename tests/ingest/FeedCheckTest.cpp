@@ -3,7 +3,10 @@
 #include "ingest/FeedAddress.h"
 #include "ingest/FeedCheck.h"
 #include "ingest/FeedCheckAnswer.h"
+#include "ingest/FeedChecker.h"
 #include "ingest/IngestKit.h"
+#include "ingest/ThreadCount.h"
+#include "kit/Inbox.h"
 #include "platform/Rows.h"
 #include "platform/Text.h"
 
@@ -65,13 +68,16 @@ TEST_F(Checking, AnswersForAFeedForAPageThatAnnouncesOneAndForAnythingElse) {
   EXPECT_EQ(Check("file://" + kit_.db.Folder().Write("page.html", link("feed.xml"))), "||; 0");
 }
 
-TEST_F(Checking, GivesUpASilentServerAtTheTimeLimit) {
+TEST_F(Checking, GivesUpASilentServerAtTheTimeLimitOnAThreadInTheBackground) {
   kit_.server.Hang("/hang");
-  const std::jthread user([this] {
-    EXPECT_TRUE(kit_.server.WaitForRequest("/hang"));
-    clock_.RunOut();
-  });
-  EXPECT_EQ(Check(kit_.server.Url("/hang")), "||; 0");
+  Inbox inbox;
+  bool isFeed = true;
+  FeedChecker checker(kit_.Services(clock_), [&](auto work) { inbox.Put(std::move(work)); });
+  checker.Start(kit_.server.Url("/hang"), [&](auto& answer) { isFeed = answer.isFeed; });
+  EXPECT_TRUE(kit_.server.WaitForRequest("/hang"));
+  EXPECT_GE(ThreadsInTheBackground(), 1);
+  clock_.RunOut();
+  EXPECT_TRUE(inbox.DoUntil([&] { return !isFeed; }));
 }
 
 }  // namespace feedloom

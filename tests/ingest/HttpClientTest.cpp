@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 
 #include "ingest/HttpClient.h"
 #include "kit/FeedServer.h"
@@ -35,7 +34,7 @@ TEST_F(HttpExchange, GetsABodyByteForByteAndPostsAForm) {
 }
 
 TEST_F(HttpExchange, SendsAQueryByteForByteAlsoThroughAProxyButNoControlCharacter) {
-  RequestRecorder recorder("body");
+  RequestRecorder recorder;
   constexpr const char* kKey =
       R"(HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Internet Settings)";
   Lines lines;

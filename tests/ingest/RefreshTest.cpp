@@ -67,10 +67,7 @@ class Refresh : public testing::Test {
   }
 
   // Waits for the end of a further run.
-  void RunEnds() {
-    const auto isEnd = [](auto& sent) { return sent.message == kMessageRefreshEnded; };
-    EXPECT_TRUE(host_.WaitFor(isEnd, 20s, ++runs_));
-  }
+  void RunEnds() { EXPECT_TRUE(host_.WaitFor(kMessageRefreshEnded, ++runs_)); }
 
   // Runs `sql` and refreshes channel 1 from `path`.
   std::string Again(const std::string& path, const std::string& sql = "") {
@@ -179,6 +176,7 @@ TEST_F(Refresh, AStopWaitsForNoServerAndLeavesNothingBehind) {
   engine_->StartRefresh();  // does nothing: the queue is empty
   const std::ptrdiff_t threads = ThreadCount();
   BeginToHang(8);
+  EXPECT_GE(ThreadsInTheBackground(), 6);
   engine_->Stop();
   EXPECT_TRUE(ThreadCountComesTo(threads));
   EXPECT_EQ(kit_.WorkFiles().size(), 2u);

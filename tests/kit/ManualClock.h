@@ -12,12 +12,7 @@ namespace feedloom {
 
 // Noon of a day in the machine's time zone.
 inline std::chrono::system_clock::time_point NoonOf(int year, int month, int day) {
-  std::tm noon{};
-  noon.tm_year = year - 1900;
-  noon.tm_mon = month - 1;
-  noon.tm_mday = day;
-  noon.tm_hour = 12;
-  noon.tm_isdst = -1;
+  std::tm noon{0, 0, 12, day, month - 1, year - 1900, 0, 0, -1, 0, nullptr};
   return std::chrono::system_clock::from_time_t(std::mktime(&noon));
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
-#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -22,27 +22,36 @@ struct SentMessage {
 // Keeps all messages that it is sent, in order. Any thread may use it.
 class RecordingTarget : public MessageTarget {
  public:
+  // Gives the answer, on the sending thread and outside all locks; the message is recorded then.
   using Handler = std::function<std::intptr_t(const SentMessage&)>;
-  using Predicate = std::function<bool(const SentMessage&)>;
+  explicit RecordingTarget(Handler handler = [](auto&) { return 0; })
+      : handler_(std::move(handler)) {}
 
-  // Without a handler each Send answers 0. A handler runs on the sending thread, outside all locks,
-  // and gives the answer; the message is recorded when it has returned. Set it before the sending
-  // threads start.
-  explicit RecordingTarget(Handler handler = {}) : handler_(std::move(handler)) {}
+  std::intptr_t Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) override {
+    const SentMessage sent{message, wParam, lParam};
+    const std::intptr_t answer = handler_(sent);
+    const MutexLock lock(mutex_);
+    messages_.push_back(sent);
+    recorded_.notify_all();
+    return answer;
+  }
 
-  std::intptr_t Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) override;
-
-  std::vector<SentMessage> All() const;
-  int Count(unsigned message) const;
-  int Count(const Predicate& isWanted) const;
-
-  // Blocks until such a message has been recorded, now or before; false when it does not come.
-  [[nodiscard]] bool WaitFor(unsigned message, std::intptr_t wParam, std::intptr_t lParam,
-                             std::chrono::milliseconds timeout = std::chrono::seconds(20)) const;
-  // Blocks until `count` such messages have been recorded. `isWanted` must not call this object.
-  [[nodiscard]] bool WaitFor(const Predicate& isWanted,
-                             std::chrono::milliseconds timeout = std::chrono::seconds(20),
-                             int count = 1) const;
+  std::vector<SentMessage> All() const {
+    const MutexLock lock(mutex_);
+    return messages_;
+  }
+  auto Count(unsigned message) const {
+    return std::ranges::count(All(), message, &SentMessage::message);
+  }
+  // Blocks until `count` such messages have been recorded; false when they never are.
+  [[nodiscard]] bool WaitFor(unsigned message, int count = 1) const {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    const MutexLock lock(mutex_);
+    while (std::ranges::count(messages_, message, &SentMessage::message) < count) {
+      if (recorded_.wait_until(mutex_, deadline) == std::cv_status::timeout) return false;
+    }
+    return true;
+  }
 
  private:
   const Handler handler_;

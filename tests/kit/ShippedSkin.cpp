@@ -1,10 +1,7 @@
 #include "kit/ShippedSkin.h"
 
-#include <gtest/gtest.h>
-
 #include "profile/HostTexts.h"
 #include "profile/Profile.h"
-#include "profile/SharePaths.h"
 #include "skin/Keys.h"
 
 namespace feedloom {

@@ -1,8 +1,6 @@
 // The texts and the skin that the project ships, as a host answers with them.
 #pragma once
 
-#include <string>
-
 #include "kit/TempFolder.h"
 #include "profile/SharePaths.h"
 #include "skin/Skin.h"

@@ -1,10 +1,8 @@
 #include "kit/TempFolder.h"
 
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <system_error>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-#include <vector>
+#include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace feedloom {
 

@@ -1,12 +1,7 @@
 #include "kit/TestProfile.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "kit/ShippedSkin.h"
 #include "profile/HostTexts.h"
-#include "profile/Profile.h"
 
 namespace feedloom {
 

@@ -1,8 +1,6 @@
 // A real profile in a folder of its own, as a new user gets it.
 #pragma once
 
-#include <string>
-
 #include "kit/TempFolder.h"
 #include "platform/CodePage.h"
 #include "platform/Registry.h"

@@ -2,7 +2,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
 #include <thread>
 
 #include "kit/TempFolder.h"
@@ -16,6 +15,12 @@
 namespace feedloom {
 
 namespace fs = std::filesystem;
+
+static int diskError = 0;  // that the disk tells instead of keeping a file
+extern "C" int fsync(int handle) {
+  errno = diskError;
+  return diskError == 0 ? fdatasync(handle) : -1;
+}
 
 class FilesTest : public testing::Test {
  protected:
@@ -47,6 +52,9 @@ TEST_F(FilesTest, AUsersFileIsReplacedBehindItsLinksAndNoOtherIsTouched) {
   EXPECT_EQ(Save("chain") + Save("dangling"), "");
   EXPECT_EQ(Listing(), "@chain=new@dangling=new@link=new link.new=own nnnnnnnn=new not yet=new");
   EXPECT_EQ(fs::status(folder_.File(name)).permissions(), fs::perms{0640});
+  mkfifo(folder_.File("pipe").c_str(), 0600);
+  std::jthread reader([this] { EXPECT_EQ(folder_.Read("pipe"), "new"); });
+  EXPECT_EQ(Save("pipe"), "") << "it cannot be synchronized";
 }
 
 TEST_F(FilesTest, AFileOfTheProgramIsForItsUserAloneAndAFailureLeavesNoTrace) {
@@ -56,6 +64,9 @@ TEST_F(FilesTest, AFileOfTheProgramIsForItsUserAloneAndAFailureLeavesNoTrace) {
   EXPECT_EQ(Listing(), " list=new old=old");
   EXPECT_EQ(fs::status(folder_.File("list")).permissions(), fs::perms{0600});
   const std::string path = folder_.File(".feedloom-" + std::to_string(getpid()) + ".new");
+  diskError = EIO;
+  EXPECT_EQ(Save("list"), "Cannot write the file '" + path + "': Input/output error.");
+  diskError = 0;
   fs::create_directory(path);
   EXPECT_EQ(Save("list"), "Cannot create the file '" + path + "': File exists.");
   EXPECT_EQ(WriteFileWhole(path, "x"), "Cannot create the file '" + path + "': Is a directory.");

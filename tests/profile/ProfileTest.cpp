@@ -1,8 +1,5 @@
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <stdlib.h>
-
-#include <filesystem>
 
 #include "kit/TempFolder.h"
 #include "platform/UrlDownload.h"

@@ -184,6 +184,33 @@ TEST_F(Module, CountsUnreadPostsAndThenDeletesOldOnesWhenTheSettingsSaySoAlsoWit
   EXPECT_EQ(Labels()[1], "  Feedloom 시작하기(1)");
 }
 
+TEST_F(Module, EachPartHasItsNameAndItsPlace) {
+  CreateFrame();
+  std::string parts;
+  for (const QAccessibleInterface* node : NodesBelow(*frame_)) {
+    const QRect place = node->rect().translated(-frame_->mapToGlobal(QPoint()));
+    if (qobject_cast<QWidget*>(node->object()) && IsForTheUser(*node))
+      parts += fmt::format("{} {} {} {} {}; ", SpokenName(*node).toStdString(), place.x(),
+                           place.y(), place.width(), place.height());
+  }
+  EXPECT_EQ(
+      parts,
+      "페이지 도구 모음 255 204 745 40; 뒤로 263 208 32 32; 앞으로 299 208 32 32; "
+      "중지 335 208 32 32; 페이지 새로 고침 371 208 32 32; 주소 407 212 513 24; "
+      "이동 924 208 32 32; 이 채널 추가 960 208 32 32; 검색 도구 모음 261 0 733 40; "
+      "검색 범위 269 8 84 24; 검색어 357 8 172 24; 검색 533 4 32 32; "
+      "글 목록 261 41 733 153; 글 목록의 높이 255 200 745 4; 채널 도구 모음 0 0 251 40; "
+      "전체 메뉴 7 4 32 32; 모든 채널 새로 고침 43 4 32 32; 채널 추가 85 4 32 32; "
+      "채널 디렉터리 121 4 32 32; 채널과 보관함 6 41 239 653; 채널 영역의 너비 251 0 4 700; ");
+  EXPECT_EQ(frame_->minimumSizeHint(), QSize(585, 284));
+  for (const QLineEdit* box : frame_->findChildren<QLineEdit*>())
+    EXPECT_EQ(box->font().toString().section(',', 0, 2), "NanumGothic,-1,12");
+  Press("F8");
+  const QImage divider = QApplication::focusWidget()->grab().toImage();
+  EXPECT_EQ(divider.pixelColor(0, 99), frame_->palette().color(QPalette::Link));
+  EXPECT_EQ(divider.pixelColor(2, 99), frame_->palette().color(QPalette::Highlight));
+}
+
 TEST_F(Module, KeysLeadRoundItsPanesAndDividersAndOutOfThePage) {
   AddPosts(1, 3);
   CreateFrame();

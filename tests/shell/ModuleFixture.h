@@ -4,14 +4,9 @@
 
 #include <dlfcn.h>
 #include <fmt/core.h>
-#include <gtest/gtest.h>
 
-#include <QLineEdit>
 #include <QSignalSpy>
-#include <QSplitter>
-#include <QTreeView>
 #include <QWebEngineView>
-#include <filesystem>
 
 #include "kit/FeedServer.h"
 #include "kit/ManualClock.h"

@@ -1,6 +1,4 @@
 // What the frame leads from one pane to another and out of the panes: dialogs, files and notices.
-#include <QAbstractButton>
-#include <QLabel>
 
 #include "exchange/ListDocuments.h"
 #include "ingest/FeedCheckAnswer.h"

@@ -1,8 +1,6 @@
-#include <gtest/gtest.h>
 
 #include "store/Like.h"
 #include "store/SqlText.h"
-#include "store/Store.h"
 #include "store/StoreKit.h"
 
 namespace feedloom {

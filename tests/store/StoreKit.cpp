@@ -1,7 +1,6 @@
 #include "store/StoreKit.h"
 
 #include <fmt/core.h>
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include <fstream>

@@ -1,8 +1,6 @@
 // The operations on folders, channels, cabinets and posts, on a sound database and on others.
 #include <fmt/ranges.h>
-#include <gtest/gtest.h>
 
-#include <filesystem>
 #include <numeric>
 
 #include "store/Backup.h"

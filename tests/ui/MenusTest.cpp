@@ -1,7 +1,5 @@
-#include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QMenu>
+#include <QtWidgets>
 
 #include "kit/ShippedSkin.h"
 #include "ui/Menus.h"

@@ -1,8 +1,7 @@
 // What a screen reader finds below a widget.
 #pragma once
 
-#include <QAccessible>
-#include <QWidget>
+#include <QtWidgets>
 
 namespace feedloom {
 

@@ -1,7 +1,5 @@
 // The skinned button, radio button, slider, edit box and drop-down lists.
 
-#include <gtest/gtest.h>
-
 #include <QMessageBox>
 #include <QPainter>
 #include <QtTest>

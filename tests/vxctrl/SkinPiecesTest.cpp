@@ -1,7 +1,5 @@
 // What is made of a skin's values: images, places, fonts, colours and texts.
 
-#include <gtest/gtest.h>
-
 #include <QGuiApplication>
 
 #include "kit/ShippedSkin.h"

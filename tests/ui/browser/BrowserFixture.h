@@ -1,8 +1,6 @@
 // The browser pane on screen with the real engine, over a real store, with a real server to visit.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QWebEnginePage>
 #include <QWebEngineView>
 #include <QtTest>

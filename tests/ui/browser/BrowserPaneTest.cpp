@@ -117,6 +117,8 @@ TEST_F(BrowserPane, KeysDoWhatTheButtonsDo) {
   Go(Url("/never"));
   ASSERT_TRUE(WasRequested("/never"));
   EXPECT_EQ(Bar(), "+-+-/never");
+  const std::string loading = HostText(kTextPageLoading);
+  EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith(loading.substr(0, loading.find('%'))); }));
   EXPECT_EQ(ShownBy([&] { Press(Qt::Key_Escape); }), "two +---/2");
   EXPECT_EQ(frame_.messages.back(), "");
 }
@@ -139,6 +141,18 @@ TEST_F(BrowserPane, TabWalksTheBarInReadingOrderAndAHeldKeyDoesNothingInTheAddre
     QApplication::sendEvent(&Address(), &held);
   }
   EXPECT_EQ(commands.count() + leavings.count(), 0);
+}
+
+TEST_F(BrowserPane, KeysChangeThePagesSizeWithinItsLimits) {
+  Visit("/1", "one");
+  const std::tuple<QKeySequence, int, double> kKeys[] = {
+      {Qt::CTRL | Qt::Key_Plus, 2, 1.25},   {Qt::CTRL | Qt::Key_Plus, 20, 5},
+      {Qt::CTRL | Qt::Key_Minus, 1, 4},     {Qt::CTRL | Qt::Key_0, 1, 1},
+      {Qt::CTRL | Qt::Key_Minus, 20, 0.25}, {Qt::CTRL | Qt::Key_Plus, 1, 0.33}};
+  for (const auto& [key, times, factor] : kKeys) {
+    for (int i = 0; i < times; ++i) Press(key);
+    EXPECT_DOUBLE_EQ(Page().zoomFactor(), factor);
+  }
 }
 
 TEST_F(BrowserPane, APagesOwnDialogsAreToldNo) {

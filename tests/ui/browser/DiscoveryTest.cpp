@@ -1,8 +1,6 @@
 // The feeds that web pages announce, from the page to the menu that offers them.
-#include <QMenu>
 
 #include "ui/browser/BrowserFixture.h"
-#include "ui/browser/FeedLinks.h"
 
 namespace feedloom {
 
@@ -39,6 +37,8 @@ TEST_F(Discovery, TakesTheRssLinksOfThePageItselfAndNoOthers) {
             "id=location></form>");
   ASSERT_TRUE(FindsFeeds());
   EXPECT_EQ(Found(), (Feeds{"One=http://127.0.0.1/one.xml", "=" + server_.Url("/a/up.xml")}));
+  Visit("/many", QByteArray::fromStdString(FeedLink("/f")).repeated(300).toStdString());
+  EXPECT_TRUE(ComesTrue([&] { return Found().size() == 200; })) << "no menu shows more";
 }
 
 TEST_F(Discovery, OnlyAnotherWebPageForgetsThoseBefore) {

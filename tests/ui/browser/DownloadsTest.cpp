@@ -4,7 +4,6 @@
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
 #include <csignal>
-#include <filesystem>
 
 #include "ui/browser/BrowserFixture.h"
 #include "ui/browser/DownloadFiles.h"

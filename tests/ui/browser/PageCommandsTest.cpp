@@ -1,8 +1,5 @@
 // What the user does with a page: its two buttons, the pane's menu and keys, mail addresses and
 // media files.
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QMenu>
 #include <QPrinter>
 
 #include "store/Cabinets.h"
@@ -130,15 +127,31 @@ TEST_F(PageCommandsTest, FindsInThePage) {
   Visit("/web", "<p>needle hay needle</p>");
   QSignalSpy found(&view_, &CRSS_HtmlView::FoundInPage);
   Press(QKeySequence::Find);
-  QTest::keyClicks(QApplication::focusWidget(), "needle");
-  for (const int active : {1, 2}) {
+  QWidget& word = *QApplication::focusWidget();
+  const auto buttons = pane_.findChildren<QToolButton*>();
+  EXPECT_EQ(word.pos(), QPoint(8, 3));
+  EXPECT_EQ(buttons[0]->x() - word.geometry().right(), 5);
+  const std::pair<std::function<void()>, int> steps[] = {
+      {[&] { QTest::keyClicks(&word, "needle"); }, 1},
+      {[&] { QTest::keyClick(&word, Qt::Key_Return); }, 2},
+      {[&] { buttons[0]->click(); }, 1},
+      {[&] { buttons[1]->click(); }, 2},
+      {[&] { QTest::keyClick(&word, Qt::Key_Enter, Qt::ShiftModifier); }, 1}};
+  for (const auto& [step, active] : steps) {
+    step();
     EXPECT_TRUE(ComesTrue([&] {
       return !found.empty() && found.last() == QVariantList{active, 2};
     }));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    const QString result = SkinText(frame_.GetSkin(), kTextFindCount).arg(active).arg(2);
+    EXPECT_EQ(word.accessibleDescription(), result);
+    EXPECT_EQ(word.parentWidget()->findChild<QLabel*>()->text(), result);
   }
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-  EXPECT_TRUE(Surface().hasFocus());
+  for (const bool byKey : {true, false}) {
+    byKey ? QTest::keyClick(&word, Qt::Key_Escape) : buttons[2]->click();
+    EXPECT_TRUE(Surface().hasFocus() && !word.isVisible());
+    Press(QKeySequence::Find);
+    EXPECT_TRUE(word.hasFocus() && word.accessibleDescription().isEmpty());
+  }
 }
 
 TEST_F(PageCommandsTest, PrintsThePageAsItStandsOrSaysThatItCannot) {

@@ -1,8 +1,6 @@
 // A dialog of the module over a parent, as a user meets it.
 #pragma once
 
-#include <QLineEdit>
-
 #include "ui/FakeFrame.h"
 #include "ui/dialogs/Dialogs.h"
 #include "ui/panel/DialogLook.h"

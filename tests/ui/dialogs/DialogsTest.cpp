@@ -1,5 +1,4 @@
 // All dialogs but that of the web directory, with a real store.
-#include <QtWidgets>
 
 #include "ingest/FeedCheckAnswer.h"
 #include "skin/Keys.h"
@@ -122,6 +121,9 @@ TEST_F(Dialogs, AFeedIsCheckedAndThenStoredShownAndRefreshed) {
     EXPECT_EQ(Try(" ", "주소 확인"), Keys{kTextAddChannelEmpty});
     Try(" daily/a b ", "주소 확인");
     EXPECT_EQ(Look(*dialog), "채널 추가; >주소를 확인하고 있습니다.; 취소");
+    const auto& busy = *dialog->findChild<QProgressBar*>();
+    EXPECT_TRUE(busy.maximum() == 0 && !busy.isTextVisible());
+    EXPECT_EQ(busy.geometry(), busy.parentWidget()->rect()) << "nothing moves when it comes";
     Press(Qt::Key_Return);  // once too often
     frame.answerCheck({});
     EXPECT_EQ(Messages(), Keys{kTextAddChannelCheckError});
@@ -213,7 +215,7 @@ TEST_F(Dialogs, ListsGoToTheHandsetAndBackAndTheHostHearsOfIt) {
   frame.skin.SetHostValue(kValueModelName, "H3");
   WhenShown([&] {
     const auto press = [&](const std::string& text, const std::string& buttons) {
-      EXPECT_EQ(Look(*dialog), look + "H3; " + text + buttons + "; 닫기");
+      EXPECT_EQ(Look(*dialog), look + "H3 (" + text + "); " + text + buttons + "; 닫기");
       Press(Qt::Key_Return);
     };
     frame.nextExport.reset();
@@ -245,16 +247,17 @@ TEST_F(Dialogs, AFileIsAskedForWithTheSuggestedNameInTheUsersFolder) {
     WhenShown([&, look, name] {
       const auto& files = dynamic_cast<QFileDialog&>(*dialog);
       const QStringList parts{files.windowTitle(), files.directory().dirName(),
-                              files.nameFilters().join(", "), Box().text()};
+                              files.nameFilters().join(", "), Box().text(),
+                              files.acceptMode() == QFileDialog::AcceptSave ? "save" : "open"};
       EXPECT_EQ(parts.join("; "), look) << look.toStdString();
       Box().setText(QString::fromStdString(home.File(name)));
       dialog->accept();
     });
   };
-  enter("파일 저장; " + folder + "; All Files (*); tone.wav", "kept.wav");
+  enter("파일 저장; " + folder + "; All Files (*); tone.wav; save", "kept.wav");
   EXPECT_TRUE(AskDownloadPlace(frame, parent.get(), "tone.wav").endsWith("/kept.wav"));
   const std::string list = home.Write("목록.xml", "");
-  const QString import = "OPML 파일 가져오기; " + folder + "; OPML File (*.xml *.opml); ";
+  const QString import = "OPML 파일 가져오기; " + folder + "; OPML File (*.xml *.opml); ; open";
   enter(import, "missing.xml");
   WhenShown([&] { dialog->reject(); });  // the complaint
   EXPECT_EQ(AskImportFile(frame, parent.get()), "");
@@ -262,7 +265,7 @@ TEST_F(Dialogs, AFileIsAskedForWithTheSuggestedNameInTheUsersFolder) {
   EXPECT_EQ(AskImportFile(frame, parent.get()), list);
   QDir::home().mkdir("Documents");
   for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
-    enter("OPML 파일 저장; Documents; OPML file (*.xml *.opml), All file (*); x", "목록");
+    enter("OPML 파일 저장; Documents; OPML file (*.xml *.opml), All file (*); x; save", "목록");
     WhenShown([&] { dynamic_cast<QMessageBox&>(*dialog).button(answer)->click(); });
     EXPECT_EQ(AskExportPlace(frame, parent.get(), "x"), answer == QMessageBox::No ? "" : list);
   }

@@ -1,8 +1,6 @@
 // A post list pane on a real store, shown off screen, and what a user sees and does there.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QTest>
 #include <QtWidgets>
 

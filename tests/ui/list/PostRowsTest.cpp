@@ -1,5 +1,4 @@
 // The list's rows: what their cells say, and their order.
-#include <gtest/gtest.h>
 
 #include <QLocale>
 #include <QtTest>
@@ -77,6 +76,7 @@ TEST_F(PostListModelTest, SortsByEachColumnAndBack) {
   model_.Append({.posts = {Post(5, "b")}});
   EXPECT_EQ(Order(), (Ids{3, 5, 2, 4, 1}));
   EXPECT_EQ(model_.headerData(1, Qt::Horizontal, Qt::AccessibleTextRole), "b, up");
+  EXPECT_EQ(model_.headerData(1, Qt::Horizontal, Qt::DisplayRole), "b");
   model_.Remove(Ids{1, 3});
   EXPECT_EQ(Order(), (Ids{3, 2, 1}));
   EXPECT_EQ(apple.data(), "apple");

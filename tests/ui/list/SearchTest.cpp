@@ -1,7 +1,7 @@
 // The search box: the store's posts, the web directory's page by page, and the list meanwhile.
 #include <QShortcut>
 
-#include "ui/list/DirectoryService.h"
+#include "kit/DirectoryService.h"
 #include "ui/list/ListPaneFixture.h"
 
 namespace feedloom {
@@ -26,6 +26,7 @@ class SearchTest : public PostListPane {
 
 TEST_F(SearchTest, ButtonAndEnterListTheStoresPostsWithTheWordAndCountThem) {
   ChannelPosts(12);
+  const QImage before = bar_.grab({312, 13, 90, 14}).toImage();
   QTest::keyClick(bar_.findChild<QComboBox*>(), Qt::Key_Down);
   word_.setText("똠방각하");
   EXPECT_EQ(bar_.Word(), Korean("똠방각하"));
@@ -35,6 +36,8 @@ TEST_F(SearchTest, ButtonAndEnterListTheStoresPostsWithTheWordAndCountThem) {
   EXPECT_EQ(frame_.lists.size(), 2U);
   EXPECT_EQ(Rows(), ">-Post 12 Post 11 Post 10 Post 1 ");
   EXPECT_EQ(bar_.accessibleDescription(), "검색결과 : 4건");
+  EXPECT_EQ(word_.accessibleDescription(), bar_.accessibleDescription());
+  EXPECT_NE(bar_.grab({312, 13, 90, 14}).toImage(), before) << "who sees reads it there";
   word_.clear();
   button_.click();
   EXPECT_EQ(frame_.questions, Strings{kTextSearchEmpty});
@@ -86,6 +89,19 @@ TEST_F(SearchTest, TheListIsClosedUntilTheAnswerOrEscapeOrAnotherList) {
   pane_.Fill(NumberedPosts(60));
   EXPECT_TRUE(list_.isEnabled());
   EXPECT_EQ(frame_.shown, Strings());
+  pane_.GoToUnread(true);
+  EXPECT_EQ(frame_.shown, Strings{"Post 60"});
+}
+
+TEST_F(SearchTest, InANarrowPaneTheWordGetsLessRoomAndThenTheScope) {
+  auto& scope = *bar_.findChild<QComboBox*>();
+  for (const auto& [width, rooms] : {std::pair(560, std::vector{84, 172, 272}),
+                                     {312, {84, 160, 260}},
+                                     {162, {54, 40, 110}},
+                                     {62, {40, 40, 96}}}) {
+    pane_.resize(width, 240);
+    EXPECT_EQ((std::vector{scope.width(), word_.width(), button_.x()}), rooms);
+  }
 }
 
 TEST_F(SearchTest, APaneThatGoesWhileTheUserIsAskedOrASearchRunsIsNotTouched) {

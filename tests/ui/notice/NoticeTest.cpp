@@ -1,5 +1,4 @@
 // The window that announces new posts: its animation, and the window with its own timers.
-#include <gtest/gtest.h>
 
 #include <QtTest>
 #include <QtWidgets>
@@ -73,6 +72,8 @@ TEST_F(AnnounceDlgTest, TellsTheCountThenFadesOutAndDeletesItself) {
   life.start();
   Announce(100);
   EXPECT_NEAR(notice->windowOpacity(), 0.6, 0.01);
+  EXPECT_EQ(notice->accessibleName(), "업데이트된 새글의 수");
+  EXPECT_EQ(notice->accessibleDescription(), "1234567890 개");
   for (const auto* const label : notice->findChildren<QLabel*>()) {
     EXPECT_TRUE(label->text() == "1234567890 개" || label->text() == "업데이트된 새글의 수");
     EXPECT_TRUE(label->rect().contains(QRect({}, label->sizeHint()))) << "nothing is clipped";

@@ -1,6 +1,3 @@
-#include <QLabel>
-#include <QSlider>
-#include <QStackedWidget>
 
 #include "skin/Keys.h"
 #include "ui/dialogs/DialogFixture.h"
@@ -75,6 +72,7 @@ TEST_F(ControlPanel, EachRadioButtonStandsForItsValueAndSoDoesTheSlider) {
       EXPECT_EQ(Edit(before, choose), after);
       Edit(after, [&, page = page, radio = first + value] {
         EXPECT_TRUE(Radio(page, radio).isChecked()) << page << radio;
+        EXPECT_EQ(Radio(0, 2).accessibleDescription(), "받는 간격");
       });
     }
   }

@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QComboBox>
-#include <QRegion>
-
 #include "vxctrl/AccessibleTree.h"
 
 namespace feedloom {
@@ -25,6 +22,11 @@ inline std::string Look(QWidget& widget) {
     if (role == QAccessible::EditableText || role == QAccessible::ComboBox ||
         role == QAccessible::Slider)
       lines.back() += (node->state().readOnly ? ": " : "=") + node->text(QAccessible::Value);
+    if (role == QAccessible::EditableText) {
+      const QString more = node->text(QAccessible::Description);
+      lines.back() += more.isEmpty() ? "" : " (" + more + ")";
+      EXPECT_EQ(node->text(QAccessible::Name), SpokenName(*node));
+    }
     const auto* const list = qobject_cast<const QComboBox*>(node->object());
     for (int i = 0; list && i < list->count(); ++i) lines.back() += '|' + list->itemText(i);
   }

@@ -1,6 +1,4 @@
 // The rows, their counts and marks, what clicks and keys select, the buttons and the timers.
-#include <QTextDocumentFragment>
-#include <QTimer>
 
 #include "platform/Messages.h"
 #include "profile/HostTexts.h"

@@ -1,12 +1,8 @@
 // The left pane on screen, over a real database, and what a user does and sees there.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <QAbstractButton>
-#include <QContextMenuEvent>
-#include <QMenu>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "skin/Keys.h"
 #include "store/Cabinets.h"

@@ -26,6 +26,7 @@ class DirectoryService {
   }
   void Fail(int page) { server_.Fail(Query(page), 500); }
   void Hang(int page) { server_.Hang(Query(page)); }
+  [[nodiscard]] bool WaitForRequest(int page) const { return server_.WaitForRequest(Query(page)); }
   int Requests(int page) const { return server_.Requests(Query(page)); }
 
  private:
