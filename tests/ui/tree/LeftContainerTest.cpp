@@ -1,7 +1,6 @@
 // The rows, their counts and marks, what clicks and keys select, the buttons and the timers.
 
 #include "platform/Messages.h"
-#include "profile/HostTexts.h"
 #include "ui/tree/LeftPaneFixture.h"
 #include "ui/tree/RowLabel.h"
 
@@ -210,11 +209,12 @@ TEST(RowLabel, GivesBackTheNameThatACountWasAppendedTo) {
 }
 
 TEST_F(LeftContainerTest, RowsAreDrawnAlsoWithoutTheSkinsImages) {
-  const HostLookup shipped = ReadHostTexts(frame.skin.Get().Config());
+  const Skin& shipped = frame.skin.Get();
+  const auto text = [&](auto section, auto key) { return shipped.GetText(section, key); };
   const auto value = [&](auto section, auto key) {
-    return strstr(key, "_GROUP_") ? "" : shipped.HostGetSkinValue(section, key);
+    return strstr(key, "_GROUP_") ? "" : shipped.GetSkinValue(section, key);
   };
-  const Skin bare({shipped.HostGetText, value}, frame.skin.Get().Config());
+  const Skin bare({text, value}, shipped.Config());
   frame.shownSkin = &bare;
   AddFolder(store, std::string(200, 'x'), 3);
   Open();
