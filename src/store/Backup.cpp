@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "store/WriteAheadLog.h"
+
 namespace feedloom {
 namespace {
 
@@ -65,18 +67,10 @@ bool CopyPages(sqlite3* from, sqlite3* to) {
          Execute(to, kOneFile);
 }
 
-// Closing would otherwise lock other connections out for a moment, to move the write-ahead file
-// into the database; the host does that.
-void KeepLog(sqlite3* handle) {
-  int keep = 1;
-  sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-  sqlite3_file_control(handle, "main", SQLITE_FCNTL_PERSIST_WAL, &keep);
-}
-
 bool CopyDatabase(const std::string& fromPath, const std::string& toPath) {
   const Handle from = Open(fromPath, SQLITE_OPEN_READWRITE);
   if (!from) return false;
-  KeepLog(from.get());
+  KeepWriteAheadLog(from.get());  // the host program ends it
   if (!HasTables(from.get())) return false;
   const Handle to = Open(toPath, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
   return to && CopyPages(from.get(), to.get()) && IsSound(to.get());

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "store/Like.h"
+#include "store/WriteAheadLog.h"
 
 namespace feedloom {
 namespace {
@@ -28,14 +29,6 @@ void Like(sqlite3_context* context, int, sqlite3_value** arguments) {
 
 int WaitForOtherProgram(void* store, int tries) FEEDLOOM_NO_THREAD_SAFETY_ANALYSIS {
   return static_cast<Store*>(store)->WaitForOtherProgram(tries) ? 1 : 0;
-}
-
-// Keeps the write-ahead log when the last connection is closed. A database in another mode has
-// none.
-void KeepLog(sqlite3* handle) {
-  int keep = 1;
-  sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-  sqlite3_file_control(handle, "main", SQLITE_FCNTL_PERSIST_WAL, &keep);
 }
 
 }  // namespace
@@ -65,7 +58,7 @@ Connection::Connection(Store& store) : store_(store) {
   sqlite3_create_function(handle_, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, &store, Like,
                           nullptr, nullptr);
   sqlite3_busy_handler(handle_, WaitForOtherProgram, &store);
-  KeepLog(handle_);
+  KeepWriteAheadLog(handle_);
 }
 
 Connection::~Connection() { sqlite3_close(handle_); }

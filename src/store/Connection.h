@@ -44,9 +44,7 @@ struct Changes {
   int failed = 0;  // statements that failed or were not run, or whose rows were lost again
 };
 
-// A connection to the database. An object belongs to one thread. Closing it copies nothing from the
-// write-ahead log into the database's file: with a connection for each operation, each would pay
-// for that.
+// A connection to the database. An object belongs to one thread.
 class Connection {
  public:
   // Opens the database of `store`, which must outlive the object. When that fails, reports "Can't
