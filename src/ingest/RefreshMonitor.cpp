@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <ranges>
 #include <thread>
 #include <utility>
 
@@ -119,13 +118,13 @@ bool IsRunning(const SharedJob& job) {
 // null when there is none.
 SharedJob DropOverdue(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   const SteadyTime limit = Clock::now() - run.limits.timeLimit;
-  for (const SharedJob& job : run.jobs | std::views::reverse) {
-    if (job->phase != Phase::Working || job->isReporting || job->started > limit) continue;
-    job->phase = Phase::Dropped;
-    run.queue.Remove(job->channelId);
-    return job;
-  }
-  return nullptr;
+  const auto overdue = std::find_if(run.jobs.rbegin(), run.jobs.rend(), [&](const SharedJob& job) {
+    return job->phase == Phase::Working && !job->isReporting && job->started <= limit;
+  });
+  if (overdue == run.jobs.rend()) return nullptr;
+  (*overdue)->phase = Phase::Dropped;
+  run.queue.Remove((*overdue)->channelId);
+  return *overdue;
 }
 
 SharedJob ClaimJob(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
