@@ -2,8 +2,7 @@
 #include <future>
 
 #include "ctl/CtlFixture.h"
-#include "exchange/ListDocuments.h"
-#include "platform/Text.h"
+#include "platform/CodePage.h"
 
 namespace feedloom {
 
@@ -99,9 +98,8 @@ TEST_F(Commands, ProgramsOfOneProfileKeepOutOfEachOthersWorkFolders) {
   auto words = std::async(std::launch::async, [&] { return Out("refresh --channel 2"); });
   ASSERT_TRUE(server_.WaitForRequest("/a", std::chrono::seconds(20), 2));
   std::vector<std::future<int>> others;
-  for (int i = 0; i < 60; ++i) {
+  for (int i = 0; i < 60; ++i)
     others.push_back(std::async(std::launch::async, [&] { return Status(check); }));
-  }
   for (std::future<int>& other : others) EXPECT_EQ(other.get(), 0);
   Serve("/a", 2);
   EXPECT_TRUE(words.get().starts_with("Feed &/a: 2 new\n"));
@@ -136,9 +134,8 @@ TEST_F(Commands, PostsAreListedNewestFirstInEveryScope) {
       {"2", {"--channel 2 --search 둘", "--folder 1 --search 둘"}},
       {"1", {"--cabinet 1", "--cabinet 1 --search two"}},
       {"", {"--cabinet 1 --search 셋", "--today", "--folder 1 --today"}}};
-  for (const auto& [ids, options] : scopes) {
+  for (const auto& [ids, options] : scopes)
     for (const char* scope : options) EXPECT_EQ(Ids(scope), ids) << scope;
-  }
   EXPECT_EQ(RunJson("posts")[2].dump(),
             R"({"channel":"A","date":"2003-06-10 04:00:00","description":"<b>1</b>","id":1,)"
             R"("link":"l","podcast":false,"read":false,"title":"하나 one"})");

@@ -16,8 +16,7 @@ using nlohmann::json;
 
 struct CtlResult {
   int status = 0;
-  std::string out;
-  std::string err;
+  std::string out, err;
 };
 
 using Rows = std::vector<std::pair<std::string, std::string>>;

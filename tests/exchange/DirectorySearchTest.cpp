@@ -2,7 +2,6 @@
 #include <fmt/core.h>
 
 #include "exchange/DirectorySearch.h"
-#include "ingest/CheckClock.h"
 #include "ingest/IngestKit.h"
 #include "kit/DirectoryService.h"
 #include "kit/Inbox.h"
@@ -13,10 +12,9 @@ namespace feedloom {
 static std::string Cut(std::string_view answer) {
   std::vector<PostRow> rows;
   std::string line = std::to_string(ParseDirectoryAnswer(answer, rows));
-  for (const PostRow& row : rows) {
+  for (const PostRow& row : rows)
     line += fmt::format(";{}|{}|{}|{}|{}|{}", row.title, row.link, row.feedUrl, row.published,
                         row.description, row.isPodcast);
-  }
   return line;
 }
 
@@ -57,8 +55,7 @@ TEST(FeedDirectory, TakesFiftyRecordsAtMostHoweverLongTheAnswer) {
   }
 }
 
-class Searching : public testing::Test {
- protected:
+struct Searching : testing::Test {
   // A request that the server has, and does not answer.
   void BeginSilent() {
     service_.Hang(1);

@@ -1,19 +1,16 @@
 // The importer on its thread, with the test as its owner.
 #include <fmt/core.h>
 
-#include "exchange/ListDocuments.h"
 #include "exchange/OpmlImporter.h"
 #include "ingest/IngestKit.h"
 #include "ingest/RefreshEngine.h"
-#include "ingest/ThreadCount.h"
 #include "kit/FeedDocuments.h"
 #include "kit/Inbox.h"
 #include "kit/ThreadRefusal.h"
 
 namespace feedloom {
 
-class Importer : public testing::Test {
- protected:
+struct Importer : testing::Test {
   void Start(const std::string& name, const std::string& bytes) {
     const ImportListener rows{
         [this](auto& row) { news_ += fmt::format("{}({}): ", row.name, row.order); },
@@ -36,8 +33,7 @@ class Importer : public testing::Test {
 };
 
 TEST_F(Importer, TellsEachRowAndTheEndOneImportAfterTheOtherWhileARefreshAddsPosts) {
-  RecordingTarget frame;
-  RecordingTarget host;
+  RecordingTarget frame, host;
   RefreshEngine engine(kit_.Services(), frame, host);
   kit_.server.Serve("/feed", NumberedRss("feed", "http://posts/", 100));
   const int id = kit_.db.AddChannelWithPosts(99, "feed", 0);

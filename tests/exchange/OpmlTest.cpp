@@ -1,17 +1,15 @@
 // Imports and exports on real files, a real server and a real database.
 #include <fmt/core.h>
 
-#include "exchange/ListDocuments.h"
 #include "exchange/OpmlExport.h"
 #include "exchange/OpmlImport.h"
 #include "exchange/OpmlText.h"
-#include "ingest/CheckClock.h"
 #include "ingest/IngestKit.h"
+#include "kit/FeedDocuments.h"
 
 namespace feedloom {
 
-class Opml : public testing::Test {
- protected:
+struct Opml : testing::Test {
   ReadList Read(const ListSource& source) {
     return ReadSubscriptions(*kit_.Services(clock_), source, {});
   }
@@ -55,8 +53,7 @@ class Opml : public testing::Test {
 };
 
 TEST_F(Opml, TopOutlinesBecomeFoldersAndLoneFeedsShareOneNamedLikeTheList) {
-  const std::string x = FeedOutline("x", "http://x/");
-  const std::string y = FeedOutline("y", "HTTPS://y/");
+  const std::string x = FeedOutline("x", "http://x/"), y = FeedOutline("y", "HTTPS://y/");
   const std::tuple<std::string, const char*, const char*> cases[] = {
       {x + "<outline text='A'>" + x + y + x + "</outline>" + y, "4/1/0",
        "list: x=http://x/ y=HTTPS://y/; A: x=http://x/ y=HTTPS://y/"},
@@ -145,9 +142,8 @@ TEST_F(Opml, WhatIsNoListIsRefusedWithItsReason) {
       {OpmlDocument("<outline text='&e29;'/>", bomb + "]>"), "the list is too long"}};
   for (const auto& [bytes, error] : cases) EXPECT_EQ(ErrorIn(bytes), error) << bytes.substr(0, 99);
   const std::string whole = OpmlDocument(NumberedFolder("A", 3));
-  for (std::size_t size = 0; size < whole.size(); size += 7) {
+  for (std::size_t size = 0; size < whole.size(); size += 7)
     EXPECT_NE(ErrorIn(whole.substr(0, size)), "") << "a file that is being written";
-  }
   std::filesystem::resize_file(files_.Write("long", ""), 65 << 20);
   EXPECT_EQ(Read({.place = files_.File("long")}).error, "the file is too long");
   EXPECT_EQ(Read({.place = files_.File("absent")}).error, "No such file or directory");

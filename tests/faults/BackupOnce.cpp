@@ -1,7 +1,5 @@
 // Backs the database up that the command line names, once: something to kill on the way.
-#include "platform/Clock.h"
 #include "store/Backup.h"
-#include "store/Store.h"
 
 int main(int argc, char** argv) {
   using namespace feedloom;

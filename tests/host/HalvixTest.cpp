@@ -1,11 +1,9 @@
 // The program halvix as a whole, off screen, on a profile of its own.
 
-#include <gtest/gtest.h>
 #include <signal.h>
 
 #include <QImage>
 #include <QProcess>
-#include <filesystem>
 
 #include "kit/TempFolder.h"
 #include "platform/Registry.h"
@@ -45,8 +43,7 @@ class Program : public QProcess {
   QString out;
 };
 
-class HalvixTest : public testing::Test {
- protected:
+struct HalvixTest : testing::Test {
   void UseModule() const {
     fs::create_directories(paths_.moduleDir);
     fs::copy_file(FAKE_MODULE, paths_.module);

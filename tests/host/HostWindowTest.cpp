@@ -1,7 +1,5 @@
 // The window and what stands behind it, in this process.
 
-#include <gtest/gtest.h>
-
 #include <QTest>
 #include <QtWidgets>
 
@@ -10,14 +8,11 @@
 #include "host/HostWindow.h"
 #include "host/WindowGeometry.h"
 #include "kit/ShippedSkin.h"
-#include "profile/HostTexts.h"
 #include "shell/Feedloom.h"
-#include "skin/Keys.h"
 
 namespace feedloom {
 
-class HostWindowTest : public testing::Test {
- protected:
+struct HostWindowTest : testing::Test {
   HostWindowTest() {
     SetHostTables(ReadHostTexts(skin_.Get().Config()), CodePage::Korean());
     window_ = std::make_unique<HostWindow>("Halvix", Appearance{"dark", "KOR"});

@@ -1,11 +1,8 @@
 // Addresses of feeds, and the check of one.
-#include "ingest/CheckClock.h"
 #include "ingest/FeedAddress.h"
 #include "ingest/FeedCheck.h"
-#include "ingest/FeedCheckAnswer.h"
 #include "ingest/FeedChecker.h"
 #include "ingest/IngestKit.h"
-#include "ingest/ThreadCount.h"
 #include "kit/Inbox.h"
 #include "platform/Rows.h"
 #include "platform/Text.h"
@@ -20,8 +17,7 @@ TEST(FeedAddress, IsCompletedAndEscapedAndOfTheWebOnlyWithHttpOrHttps) {
     EXPECT_FALSE(IsWebAddress(address)) << address;
 }
 
-class Checking : public testing::Test {
- protected:
+struct Checking : testing::Test {
   // What the two messages say: "title|home page|announced feed; 1 title", where addresses of the
   // server are told by their paths.
   std::string Check(const std::string& address, std::stop_token stop = {}) {

@@ -11,8 +11,7 @@
 
 namespace feedloom {
 
-class Parsing : public testing::Test {
- protected:
+struct Parsing : testing::Test {
   // "code format variants|channel title|link", and "; title|link|date|description|enclosure type|
   // podcast" for each item.
   std::string Read(const std::string& document) {

@@ -1,13 +1,11 @@
 // The refresh of channels, its queue by itself, and what it remembers of servers.
 #include <fmt/core.h>
 
-#include <algorithm>
 #include <latch>
 #include <sstream>
 
 #include "ingest/IngestKit.h"
 #include "ingest/RefreshEngine.h"
-#include "ingest/ThreadCount.h"
 #include "kit/FeedDocuments.h"
 #include "kit/ThreadRefusal.h"
 #include "platform/RegistryKeys.h"
@@ -24,8 +22,7 @@ const std::map<unsigned, char> kLetters = {{kMessageChannelWorker, 'W'},
                                            {kMessageChannelResult, 'R'},
                                            {kNewPosts, 'N'}};
 
-class Refresh : public testing::Test {
- protected:
+struct Refresh : testing::Test {
   Refresh() { Begin(); }
 
   // The program's next start.

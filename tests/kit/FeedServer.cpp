@@ -3,8 +3,6 @@
 #include <httplib.h>
 #include <sys/socket.h>
 
-#include <condition_variable>
-
 #include "platform/Mutex.h"
 
 namespace feedloom {
@@ -13,9 +11,7 @@ namespace {
 using std::chrono::steady_clock;
 
 constexpr const char* kXml = "text/xml";
-constexpr int kOk = 200;
 constexpr int kNotModified = 304;
-constexpr int kServiceUnavailable = 503;
 
 // Sends `bytes` as they are: the library's own way compresses them when the client takes it.
 void SetBody(httplib::Response& response, const std::string& bytes, const std::string& type) {
@@ -37,9 +33,7 @@ struct FeedServer::Impl {
   };
 
   Impl() {
-    const auto handle = [this](const httplib::Request& request, httplib::Response& response) {
-      Handle(request, response);
-    };
+    const auto handle = [this](auto& request, auto& response) { Handle(request, response); };
     server.Get(".*", handle);
     server.Post(".*", handle);
     Start();
@@ -71,10 +65,8 @@ struct FeedServer::Impl {
   }
 
   void Start() {
-    constexpr int kThreads = 32;
-    constexpr int kBacklog = 256;
     server.new_task_queue = [this] {
-      auto* const pool = new httplib::ThreadPool(kThreads);
+      auto* const pool = new httplib::ThreadPool(32);
       poolStands = true;
       poolStands.notify_one();
       return pool;
@@ -84,7 +76,7 @@ struct FeedServer::Impl {
     server.set_socket_options([&socket](int created) { socket = created; });
     port = server.bind_to_any_port("127.0.0.1");
     // The library's own queue of five drops connections when many threads connect at once.
-    if (port < 0 || listen(socket, kBacklog) != 0) throw std::runtime_error("no port to listen on");
+    if (port < 0 || listen(socket, 256) != 0) throw std::runtime_error("no port to listen on");
     listener = std::thread([this] { server.listen_after_bind(); });
     // The library calls itself running before its threads are there; a test may count threads.
     poolStands.wait(false);
@@ -92,9 +84,9 @@ struct FeedServer::Impl {
 
   void Handle(const httplib::Request& request, httplib::Response& response) {
     Arrived(request);
-    response.status = kServiceUnavailable;
+    response.status = 503;
     if (const Answer answer = AwaitAnswer(request)) {
-      response.status = kOk;
+      response.status = 200;
       answer(request, response);
     }
     const MutexLock lock(mutex);
@@ -127,7 +119,7 @@ struct FeedServer::Impl {
     for (const std::string& path : {request.target, request.path}) {
       if (const auto found = answers.find(path); found != answers.end()) return found->second;
     }
-    return [](const httplib::Request&, httplib::Response& response) { response.status = 404; };
+    return [](auto&, auto& response) { response.status = 404; };
   }
 
   httplib::Server server;
@@ -158,26 +150,20 @@ std::string FeedServer::Url(const std::string& path) const {
 
 void FeedServer::Serve(const std::string& path, const std::string& bytes,
                        const std::string& contentType) {
-  impl_->Put(path, [=](const httplib::Request&, httplib::Response& response) {
-    SetBody(response, bytes, contentType);
-  });
+  impl_->Put(path, [=](auto&, auto& response) { SetBody(response, bytes, contentType); });
 }
 
 // As the library does it by itself for a text.
 void FeedServer::Compressed(const std::string& path, const std::string& bytes) {
-  impl_->Put(path, [bytes](const httplib::Request&, httplib::Response& response) {
-    response.set_content(bytes, kXml);
-  });
+  impl_->Put(path, [bytes](auto&, auto& response) { response.set_content(bytes, kXml); });
 }
 
 void FeedServer::Redirect(const std::string& path, const std::string& toUrl, int status) {
-  impl_->Put(path, [=](const httplib::Request&, httplib::Response& response) {
-    response.set_redirect(toUrl, status);
-  });
+  impl_->Put(path, [=](auto&, auto& response) { response.set_redirect(toUrl, status); });
 }
 
 void FeedServer::Fail(const std::string& path, int status, const std::string& retryAfter) {
-  impl_->Put(path, [=](const httplib::Request&, httplib::Response& response) {
+  impl_->Put(path, [=](auto&, auto& response) {
     response.status = status;
     if (!retryAfter.empty()) response.set_header("Retry-After", retryAfter);
   });
@@ -185,7 +171,7 @@ void FeedServer::Fail(const std::string& path, int status, const std::string& re
 
 void FeedServer::ServeVersion(const std::string& path, const std::string& bytes,
                               const std::string& etag, const std::string& lastModified) {
-  impl_->Put(path, [=](const httplib::Request& request, httplib::Response& response) {
+  impl_->Put(path, [=](auto& request, auto& response) {
     const std::string known = request.get_header_value("If-None-Match");
     const bool isKnown =
         known.empty()
@@ -193,18 +179,14 @@ void FeedServer::ServeVersion(const std::string& path, const std::string& bytes,
             : known == etag;
     if (!etag.empty()) response.set_header("ETag", etag);
     if (!lastModified.empty()) response.set_header("Last-Modified", lastModified);
-    if (isKnown) {
-      response.status = kNotModified;
-    } else {
-      SetBody(response, bytes, kXml);
-    }
+    if (!isKnown) return SetBody(response, bytes, kXml);
+    response.status = kNotModified;
   });
 }
 
 void FeedServer::KeepConnections() {
-  constexpr std::size_t kMany = 10'000;
   impl_->server.set_keep_alive_timeout(1);
-  impl_->server.set_keep_alive_max_count(kMany);
+  impl_->server.set_keep_alive_max_count(10'000);
 }
 
 int FeedServer::Unchanged() const {
@@ -218,16 +200,14 @@ int FeedServer::Connections() const {
 }
 
 void FeedServer::Echo(const std::string& path) {
-  impl_->Put(path, [](const httplib::Request& request, httplib::Response& response) {
-    SetBody(response, request.body, "text/plain");
-  });
+  impl_->Put(path, [](auto& request, auto& response) { SetBody(response, request.body, kXml); });
 }
 
 void FeedServer::Hang(const std::string& path) { impl_->Put(path, {}); }
 
 void FeedServer::Endless(const std::string& path) {
   constexpr std::size_t kEnd = 256u << 20;
-  impl_->Put(path, [this](const httplib::Request&, httplib::Response& response) {
+  impl_->Put(path, [this](auto&, auto& response) {
     // A type that the library does not compress.
     response.set_chunked_content_provider(
         "application/octet-stream", [this](std::size_t offset, httplib::DataSink& sink) {
@@ -239,10 +219,9 @@ void FeedServer::Endless(const std::string& path) {
 }
 
 void FeedServer::BreakOff(const std::string& path, const std::string& bytes) {
-  constexpr std::size_t kMissing = 1000;
-  impl_->Put(path, [bytes](const httplib::Request&, httplib::Response& response) {
+  impl_->Put(path, [bytes](auto&, auto& response) {
     response.set_content_provider(
-        bytes.size() + kMissing, kXml,
+        bytes.size() + 1000, kXml,
         [bytes](std::size_t offset, std::size_t, httplib::DataSink& sink) {
           return offset < bytes.size() && sink.write(bytes.data(), bytes.size());
         });

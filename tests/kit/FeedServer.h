@@ -22,10 +22,8 @@ class FeedServer {
   FeedServer& operator=(const FeedServer&) = delete;
 
   int Port() const;
-  // "http://127.0.0.1:<port>" and `path`.
-  std::string Url(const std::string& path) const;
+  std::string Url(const std::string& path) const;  // "http://127.0.0.1:<port>" and `path`
 
-  // Answers.
   void Serve(const std::string& path, const std::string& bytes,
              const std::string& contentType = "text/xml");
   void Compressed(const std::string& path, const std::string& bytes);  // in transfer
@@ -48,12 +46,9 @@ class FeedServer {
   // From now on each answer begins so long after its request has arrived.
   void SetLatency(std::chrono::milliseconds latency);
 
-  // Requests to `path` that have arrived so far.
-  int Requests(const std::string& path) const;
-  // Those that were answered with status 304.
-  int Unchanged() const;
-  // Connections on which requests have come so far.
-  int Connections() const;
+  int Requests(const std::string& path) const;  // that have arrived so far
+  int Unchanged() const;                        // of these, those that were answered with a 304
+  int Connections() const;                      // on which requests have come so far
   // The most requests that were in progress at one time. A request is in progress from its arrival
   // until its answer begins.
   int HighestConcurrency() const;

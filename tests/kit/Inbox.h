@@ -22,9 +22,8 @@ class Inbox {
   [[nodiscard]] bool WaitForWork() {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     const MutexLock lock(mutex_);
-    while (works_.empty()) {
+    while (works_.empty())
       if (changed_.wait_until(mutex_, deadline) == std::cv_status::timeout) break;
-    }
     return !works_.empty();
   }
 

@@ -45,8 +45,7 @@ class ManualClock : public Clock {
 
   std::function<void()> onPause = [] {};  // called at the end of each pause
 
-  // The sum of all pauses asked for.
-  std::chrono::milliseconds TimePaused() const {
+  std::chrono::milliseconds TimePaused() const {  // the sum of all pauses asked for
     const MutexLock lock(mutex_);
     return paused_;
   }

@@ -13,8 +13,7 @@ namespace feedloom {
 
 struct SentMessage {
   unsigned message = 0;
-  std::intptr_t wParam = 0;
-  std::intptr_t lParam = 0;
+  std::intptr_t wParam = 0, lParam = 0;
 
   bool operator==(const SentMessage&) const = default;
 };
@@ -47,9 +46,8 @@ class RecordingTarget : public MessageTarget {
   [[nodiscard]] bool WaitFor(unsigned message, int count = 1) const {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     const MutexLock lock(mutex_);
-    while (std::ranges::count(messages_, message, &SentMessage::message) < count) {
+    while (std::ranges::count(messages_, message, &SentMessage::message) < count)
       if (recorded_.wait_until(mutex_, deadline) == std::cv_status::timeout) return false;
-    }
     return true;
   }
 

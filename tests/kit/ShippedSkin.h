@@ -2,7 +2,10 @@
 #pragma once
 
 #include "kit/TempFolder.h"
+#include "profile/HostTexts.h"
+#include "profile/Profile.h"
 #include "profile/SharePaths.h"
+#include "skin/Keys.h"
 #include "skin/Skin.h"
 
 namespace feedloom {
@@ -11,17 +14,23 @@ namespace feedloom {
 // the Korean code page, and the images and colours of one of the skins.
 class ShippedSkin {
  public:
-  explicit ShippedSkin(const std::string& language = "KOR", const std::string& skin = kLightSkin);
+  explicit ShippedSkin(const std::string& language = "KOR", const std::string& skin = kLightSkin) {
+    for (const auto& [name, path] : SharePathsIn(ShareDir(), skin)) SetHostValue(name, path);
+    SetHostValue(kValueLanguage, language);
+    skin_.emplace(ReadHostTexts(HostConfig(registry_)), HostConfig(registry_));
+  }
 
-  const Skin& Get() const { return skin_; }
+  const Skin& Get() const { return *skin_; }
   // Gives the host's configuration this value (UTF-8) from now on.
-  void SetHostValue(const std::string& name, const std::string& value) const;
+  void SetHostValue(const std::string& name, const std::string& value) const {
+    EXPECT_TRUE(registry_.WriteString(kHostKey, name, value));
+  }
   const TempFolder& Folder() const { return folder_; }
 
  private:
   TempFolder folder_;
-  Registry registry_;
-  Skin skin_;
+  Registry registry_{folder_.File("registry.reg")};
+  std::optional<Skin> skin_;
 };
 
 }  // namespace feedloom

@@ -14,8 +14,7 @@ class TempFolder {
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
 
-  // Absolute, without a separator at the end.
-  const std::string& Path() const { return path_; }
+  const std::string& Path() const { return path_; }  // absolute, without a separator at the end
   // The path of `name` inside the folder, whether it exists or not.
   std::string File(std::string_view name) const;
 
@@ -24,8 +23,7 @@ class TempFolder {
   // The file's content; fails the test and gives "" when it cannot be read.
   std::string Read(std::string_view name) const;
 
-  // The names of all entries of the folder, sorted.
-  std::vector<std::string> Names() const;
+  std::vector<std::string> Names() const;  // of all entries of the folder, sorted
 
  private:
   std::string path_;

@@ -1,30 +1,29 @@
 // A real profile in a folder of its own, as a new user gets it.
 #pragma once
 
-#include "kit/TempFolder.h"
-#include "platform/CodePage.h"
-#include "platform/Registry.h"
-#include "profile/Profile.h"
-#include "skin/HostLookup.h"
+#include "kit/ShippedSkin.h"
 
 namespace feedloom {
 
 class TestProfile {
  public:
-  explicit TestProfile(CodePage codePage = CodePage::Korean(), const std::string& language = "KOR");
+  explicit TestProfile(CodePage codePage = CodePage::Korean(),
+                       const std::string& language = "KOR") {
+    EXPECT_EQ(CreateProfile(paths_.dir, ShareDir(), codePage, language), Failure());
+  }
 
   const ProfilePaths& Paths() const { return paths_; }
   Registry TheRegistry() const { return Registry(paths_.registry); }
-
-  // What a host answers with.
-  HostLookup Lookup() const;
-
+  HostLookup Lookup() const { return ReadHostTexts(HostConfig(TheRegistry())); }
   // Links `module`, the built library, into the profile; the link's path.
-  std::string LinkModule(const std::string& module) const;
+  std::string LinkModule(const std::string& module) const {
+    std::filesystem::create_symlink(module, paths_.module);
+    return paths_.module;
+  }
 
  private:
   TempFolder folder_;
-  ProfilePaths paths_;
+  ProfilePaths paths_{folder_.File("profile")};
 };
 
 }  // namespace feedloom

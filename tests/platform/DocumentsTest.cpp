@@ -63,8 +63,7 @@ TEST(UrlPartsTest, TakesAddressesApartAndResolvesReferences) {
               "file:a -> ", " -> ", "#part -> "});
 }
 
-class DocumentTest : public testing::Test {
- protected:
+struct DocumentTest : testing::Test {
   DocumentTest() { testing::internal::CaptureStderr(); }
   ~DocumentTest() override { EXPECT_EQ(testing::internal::GetCapturedStderr(), ""); }
 
@@ -197,9 +196,8 @@ TEST_F(DocumentTest, LargeXmlAsksOnceAndALongTagIsRefused) {
   const std::string x(1 << 20, 'x'), declarations = Repeated("<!ENTITY e 'x'>", 400'000);
   EXPECT_EQ(Load("<a" + Repeated(" a=''", 400'000) + "/>"), Status::TooLarge);
   EXPECT_EQ(Load("<!DOCTYPE a [" + declarations + "]><a/>"), Status::TooLarge);
-  for (const std::string& text : {x, "<![CDATA[" + x + "]]>", "<!--" + x + "-->" + x}) {
+  for (const std::string& text : {x, "<![CDATA[" + x + "]]>", "<!--" + x + "-->" + x})
     EXPECT_EQ(Root("<a>" + text + "</a>").Text().size(), x.size());
-  }
 }
 
 TEST_F(DocumentTest, WhatIsNoXmlIsUnreadable) {

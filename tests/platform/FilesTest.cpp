@@ -22,8 +22,7 @@ extern "C" int fsync(int handle) {
   return diskError == 0 ? fdatasync(handle) : -1;
 }
 
-class FilesTest : public testing::Test {
- protected:
+struct FilesTest : testing::Test {
   std::string Save(const char* name) { return SaveFile(folder_.File(name), "new").value_or(""); }
 
   // All files of the folder, links with an "@", and the start of what is in them.

@@ -4,15 +4,13 @@
 #include "kit/ThreadRefusal.h"
 #include "platform/BackgroundJobs.h"
 #include "platform/Clock.h"
-#include "platform/Mutex.h"
 #include "platform/Thread.h"
 
 namespace feedloom {
 
 using namespace std::chrono_literals;
 
-class Jobs : public testing::Test {
- protected:
+struct Jobs : testing::Test {
   // The job notes its name, with "!" when it was stopped, and tells it. Of one that gets no thread
   // "-" is heard.
   void Start(const std::string& name, bool lastsUntilStopped = false) {

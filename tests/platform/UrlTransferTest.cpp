@@ -9,8 +9,7 @@
 
 namespace feedloom {
 
-class UrlTransferTest : public testing::Test {
- protected:
+struct UrlTransferTest : testing::Test {
   // What stands in a file after `address` was loaded into it; of a failure the HTTP status.
   std::string Load(const std::string& address, const ProxySettings& proxy = {}) const {
     const std::string path = folder_.Write("file", "an older and longer content");

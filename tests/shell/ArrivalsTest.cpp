@@ -31,11 +31,6 @@ struct Arrivals : ModuleFixture {
   bool Become(const std::string& rows) {
     return WaitUntil([&] { return Rows() == rows; }) || (ADD_FAILURE() << Rows(), false);
   }
-  void Refresh(std::initializer_list<int> channels) {
-    const auto told = texts_.size();
-    for (const int id : channels) Send(kMessageChannelResult, kChannelRefreshed, id);
-    EXPECT_TRUE(WaitUntil([&] { return texts_.size() == told + channels.size(); }));
-  }
   // The user comes back from another window.
   void ComeBack() {
     QWidget other;

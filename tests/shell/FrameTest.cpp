@@ -2,7 +2,6 @@
 #include <random>
 #include <set>
 
-#include "exchange/ListDocuments.h"
 #include "kit/FeedDocuments.h"
 #include "kit/ThreadRefusal.h"
 #include "shell/ModuleFixture.h"

@@ -12,7 +12,6 @@
 #include "kit/ManualClock.h"
 #include "kit/TestProfile.h"
 #include "shell/Feedloom.h"
-#include "skin/Keys.h"
 #include "store/Connection.h"
 #include "ui/Frame.h"
 #include "vxctrl/DialogAnswers.h"
@@ -25,10 +24,11 @@ struct ModuleFixture : QObject, testing::Test {
     profile_.LinkModule(FEEDLOOM_MODULE);
     std::filesystem::remove(profileLink_);
     std::filesystem::create_directory_symlink(profile_.Paths().dir, profileLink_);
-    module_ = dlopen((profileLink_ + "/module/feedloom.so").c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (module_ == nullptr) throw std::runtime_error(dlerror());
-    create_ = reinterpret_cast<CreateFunction>(dlsym(module_, "Create"));
-    destroy_ = reinterpret_cast<DestroyBtnFunction>(dlsym(module_, "DestroyBtn"));
+    void* const module =
+        dlopen((profileLink_ + "/module/feedloom.so").c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (module == nullptr) throw std::runtime_error(dlerror());
+    create_ = reinterpret_cast<CreateFunction>(dlsym(module, "Create"));
+    destroy_ = reinterpret_cast<DestroyBtnFunction>(dlsym(module, "DestroyBtn"));
   }
   QWidget* Create(QWidget* parent) {
     return create_([](auto section, auto key) { return lookup_.HostGetText(section, key); },
@@ -76,6 +76,12 @@ struct ModuleFixture : QObject, testing::Test {
     WindowMessage message(number, wParam, lParam);
     QCoreApplication::sendEvent(frame_, &message);
   }
+  // What the end of a refresh of these channels brings.
+  void Refresh(std::initializer_list<int> channels) {
+    const auto told = texts_.size();
+    for (const int id : channels) Send(kMessageChannelResult, kChannelRefreshed, id);
+    EXPECT_TRUE(WaitUntil([&] { return texts_.size() == told + channels.size(); }));
+  }
   void Select(const QString& label) {
     const auto found = Tree().model()->match(Tree().model()->index(0, 0), Qt::DisplayRole, label, 1,
                                              Qt::MatchExactly | Qt::MatchRecursive);
@@ -121,9 +127,8 @@ struct ModuleFixture : QObject, testing::Test {
   }
   static QStringList Rows(const QTreeView& view, int column) {
     QStringList rows;
-    for (auto row = view.model()->index(0, column); row.isValid(); row = view.indexBelow(row)) {
+    for (auto row = view.model()->index(0, column); row.isValid(); row = view.indexBelow(row))
       rows << (row.parent().isValid() ? "  " : "") + row.data().toString();
-    }
     return rows;
   }
   QStringList Labels() { return Rows(Tree(), 0); }
@@ -148,7 +153,6 @@ struct ModuleFixture : QObject, testing::Test {
   std::unique_ptr<QWidget> host_;
   QWidget* pane_ = nullptr;
   QWidget* frame_ = nullptr;
-  void* module_ = nullptr;
   CreateFunction create_ = nullptr;
   DestroyBtnFunction destroy_ = nullptr;
   static inline HostLookup lookup_;  // a host's callbacks are plain functions

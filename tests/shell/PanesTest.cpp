@@ -1,6 +1,5 @@
 // What the frame leads from one pane to another and out of the panes: dialogs, files and notices.
 
-#include "exchange/ListDocuments.h"
 #include "ingest/FeedCheckAnswer.h"
 #include "kit/FeedDocuments.h"
 #include "kit/ThreadRefusal.h"
@@ -20,13 +19,6 @@ struct Panes : ModuleFixture {
     }
     texts.sort();
     return texts;
-  }
-
-  // The sample channel's posts, as after a refresh of it.
-  void Count() {
-    const auto told = texts_.size();
-    Send(kMessageChannelResult, kChannelRefreshed, 1);
-    EXPECT_TRUE(WaitUntil([&] { return texts_.size() > told; }));
   }
 
   TempFolder files_;
@@ -123,10 +115,9 @@ TEST_F(Panes, TheControlPanelIsStoredAndAppliedAtOnce) {
   const QStringList choices{"2시간", "새글 알림", "알리지 않음", "원문 페이지로 봅니다."};
   answers_.Next([&](QDialog& panel) {
     Send(kMessageOpenPanel);  // once is enough
-    for (auto* const button : panel.findChildren<QAbstractButton*>()) {
+    for (auto* const button : panel.findChildren<QAbstractButton*>())
       if (choices.contains(button->text()) || choices.contains(button->accessibleName()))
         button->click();
-    }
     QTest::keyClick(&panel, Qt::Key_Return);
   });
   Send(kMessageOpenPanel);
@@ -149,7 +140,7 @@ TEST_F(Panes, NewPostsAreAnnouncedOnceAndAClickListsTodays) {
   for (const char* count : {"3 개", "1 개"}) {
     AddPosts(1, count[0] - '0');
     Sql("update TB_POST set post_pubDate = datetime('now', 'localtime')");
-    Count();
+    Refresh({1});
     EXPECT_EQ(Announced(), (QStringList{count, "업데이트된 새글의 수"}));
     EXPECT_EQ(Announced().size(), 2);
   }
@@ -160,7 +151,7 @@ TEST_F(Panes, NewPostsAreAnnouncedOnceAndAClickListsTodays) {
   EXPECT_EQ(Titles().size(), 4);
   EXPECT_EQ(Announced(), QStringList());
   AddPosts(1, 1);
-  Count();
+  Refresh({1});
   EXPECT_EQ(Announced().front(), "1 개");  // as many are unread as at the last time
 }
 

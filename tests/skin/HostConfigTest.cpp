@@ -5,8 +5,7 @@
 
 namespace feedloom {
 
-class HostConfigTest : public testing::Test {
- protected:
+struct HostConfigTest : testing::Test {
   void Set(const char* name, const std::string& value) const {
     ASSERT_TRUE(registry_.WriteString(kHostKey, name, value));
   }

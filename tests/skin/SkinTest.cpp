@@ -8,8 +8,7 @@
 
 namespace feedloom {
 
-class SkinTest : public testing::Test {
- protected:
+struct SkinTest : testing::Test {
   // A skin whose host answers with "SECTION/KEY" for texts, and with `value` for skin values.
   Skin SkinWith(const std::string& value) const {
     const auto text = [](std::string section, const char* key) { return section + "/" + key; };
@@ -44,9 +43,8 @@ TEST_F(SkinTest, AnImagePathIsTheValueInTheImageDirectory) {
 TEST_F(SkinTest, AColorIsTheHostsOrElseTheBuiltInOne) {
   EXPECT_EQ(GetColor(SkinWith("#1B2328"), kColorTreeGround), 0x1B2328u);
   EXPECT_EQ(GetColor(SkinWith("#aBcDeF"), kColorTreeGround), 0xABCDEFu);
-  for (const char* value : {"", "1B23280", "#1B232", "#1B23288", "#1B232G", "dark"}) {
+  for (const char* value : {"", "1B23280", "#1B232", "#1B23288", "#1B232G", "dark"})
     EXPECT_EQ(GetColor(SkinWith(value), kColorTreeGround), 0xE4F3FFu) << value;
-  }
 }
 
 TEST_F(SkinTest, ARectangleHasUpToFourNumbersAndTheRestIsZero) {

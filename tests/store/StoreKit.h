@@ -17,8 +17,7 @@ class TestStore {
   ManualClock& Clock() { return clock_; }
   const TempFolder& Folder() const { return folder_; }
   std::string DbPath() const { return folder_.File("rssdb"); }
-  // What the store has reported so far. Any thread.
-  std::vector<std::string> Reports() const;
+  std::vector<std::string> Reports() const;  // so far; any thread
 
   // Run `sql` on the file directly; a failure fails the test. Value returns the first cell of the
   // result, "(null)" for NULL and "(none)" without a row.
@@ -40,8 +39,7 @@ class TestStore {
 struct StatementLog {
   StatementLog();
   ~StatementLog();
-  // The statements since the last call.
-  static std::vector<std::string> Take();
+  static std::vector<std::string> Take();  // those since the last call
 };
 
 // Holds the write lock of a database file, as another process would, while the object lives.
@@ -49,7 +47,6 @@ struct ForeignLock : std::shared_ptr<void> {
   explicit ForeignLock(const std::string& dbPath);
 };
 
-// `utf8` in the Korean code page.
-std::string Korean(std::string_view utf8);
+std::string Korean(std::string_view utf8);  // in the Korean code page
 
 }  // namespace feedloom

@@ -57,8 +57,7 @@ std::string Text(const Channel& c) {
 }
 std::string Text(const Cabinet& c) { return Line(c.created, c.title, c.order, Text(c.posts)); }
 
-class StoreTest : public testing::Test {
- protected:
+struct StoreTest : testing::Test {
   // Rows that no list shows in the order of their ids.
   void Fill() {
     db_.Sql(
@@ -108,9 +107,8 @@ class StoreTest : public testing::Test {
   std::string CountsOf(std::vector<int> channels) {
     const auto counts = CountUnreadInChannels(store_, channels);
     std::string text = counts ? "" : "none";
-    for (const auto& [id, count] : counts.value_or(ChannelCounts())) {
+    for (const auto& [id, count] : counts.value_or(ChannelCounts()))
       text += fmt::format("{}:{} ", id, count);
-    }
     return text;
   }
 
@@ -136,7 +134,7 @@ class StoreTest : public testing::Test {
   Store& store_ = db_.Get();
 };
 
-class SoundStore : public StoreTest {
+struct SoundStore : StoreTest {
   void TearDown() override { EXPECT_EQ(db_.Reports(), Strings()); }
 };
 

@@ -17,9 +17,8 @@ inline void CollectNodes(QAccessibleInterface& node, std::vector<QAccessibleInte
   nodes.push_back(&node);
   const bool isWhole = node.role() == QAccessible::ComboBox ||
                        (node.object() && node.object()->inherits("QWebEngineView"));
-  for (int i = 0; !isWhole && i < node.childCount(); ++i) {
+  for (int i = 0; !isWhole && i < node.childCount(); ++i)
     if (auto* const child = node.child(i)) CollectNodes(*child, nodes);
-  }
 }
 
 inline std::vector<QAccessibleInterface*> NodesBelow(QWidget& widget) {

@@ -19,8 +19,7 @@ namespace feedloom {
 const std::string kRed = "#ff0000";
 const std::string kStateColors[] = {"#ffffff", "#ffff00", "#00ff00", "#808080"};  // by ButtonState
 
-class Controls : public testing::Test {
- protected:
+struct Controls : testing::Test {
   Controls() {
     for (QWidget* control : all_) control->resize(112, control->sizeHint().height());
     button_.resize(button_.sizeHint());

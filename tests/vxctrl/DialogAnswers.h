@@ -19,7 +19,6 @@ class DialogAnswers : public QObject {
 
   // Done to the next dialog as soon as it waits for the user, who closes it afterwards.
   void Next(Action action) { actions_.push_back(std::move(action)); }
-  bool AreUsedUp() const { return actions_.empty(); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {

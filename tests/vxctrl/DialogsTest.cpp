@@ -1,11 +1,6 @@
 // The message box and the base of the dialogs.
 
-#include <gtest/gtest.h>
-
-#include <QtWidgets>
-
 #include "kit/ShippedSkin.h"
-#include "skin/Keys.h"
 #include "vxctrl/AccessibleTree.h"
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/CMsgBox.h"
@@ -20,9 +15,8 @@ using Action = DialogAnswers::Action;
 
 Action Click(const QString& text) {
   return [text](QDialog& dialog) {
-    for (auto* button : dialog.findChildren<CButtonEx*>()) {
+    for (auto* button : dialog.findChildren<CButtonEx*>())
       if (button->text() == text) return QTest::mouseClick(button, Qt::LeftButton);
-    }
   };
 }
 Action Type(const char* keys) {
@@ -44,8 +38,7 @@ class NameDialog : public CVxFormDialog {
   std::function<void()> refuse;
 };
 
-class Dialogs : public testing::Test {
- protected:
+struct Dialogs : testing::Test {
   // Does `action` to the next dialog, which must end by it.
   void Next(const Action& action) {
     answers_.Next([action](QDialog& dialog) {

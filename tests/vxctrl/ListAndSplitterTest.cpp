@@ -11,8 +11,7 @@
 namespace feedloom {
 
 // A list of 40 rows, of which about five are seen.
-class List : public testing::Test {
- protected:
+struct List : testing::Test {
   List() {
     for (int row = 0; row < 40; ++row) model_.setItem(row, 2, new QStandardItem);
     list_.setModel(&model_);

@@ -9,8 +9,7 @@
 
 namespace feedloom {
 
-class SkinValues : public testing::Test {
- protected:
+struct SkinValues : testing::Test {
   // A skin whose host answers with `value` to everything.
   Skin SkinWith(const std::string& value) const {
     return {{{}, [value](auto, auto) { return value; }}, shipped_.Get().Config()};

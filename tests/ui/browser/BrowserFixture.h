@@ -7,7 +7,6 @@
 #include <QtWidgets>
 
 #include "kit/FeedServer.h"
-#include "skin/Keys.h"
 #include "ui/FakeFrame.h"
 #include "ui/browser/CRSS_HtmlView.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
@@ -36,8 +35,7 @@ inline QVariant Ask(QWebEnginePage& page, const QString& script) {
   return answer->value_or(QVariant());
 }
 
-class BrowserFixture : public testing::Test {
- protected:
+struct BrowserFixture : testing::Test {
   static void SetUpTestSuite() { PrepareBrowser(); }
 
   BrowserFixture() {

@@ -5,8 +5,7 @@
 
 namespace feedloom {
 
-class BrowserPane : public BrowserFixture {
- protected:
+struct BrowserPane : BrowserFixture {
   // The enabled ones of Back, Next, Stop and Feed, and the address.
   QString Bar() const {
     QString bar;

@@ -4,8 +4,7 @@
 
 namespace feedloom {
 
-class Discovery : public BrowserFixture {
- protected:
+struct Discovery : BrowserFixture {
   static std::string FeedLink(const std::string& href, const std::string& title = {}) {
     return "<link rel=alternate type='application/rss+xml' title='" + title + "' href='" + href +
            "'>";

@@ -12,8 +12,7 @@ namespace feedloom {
 
 const std::string kLong(32 << 20, 'x');  // not here at once
 
-class DownloadsTest : public BrowserFixture {
- protected:
+struct DownloadsTest : BrowserFixture {
   DownloadsTest() {
     frame_.actions.askDownloadPlace = [this](auto& name) { return asked_ << name, place_(); };
   }

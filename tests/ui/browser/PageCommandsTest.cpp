@@ -11,8 +11,7 @@ namespace feedloom {
 const QString kSaveButton = "a[href^=ID_BTN_RSSSCRAP]";
 using Texts = std::vector<std::string>;
 
-class PageCommandsTest : public BrowserFixture {
- protected:
+struct PageCommandsTest : BrowserFixture {
   PageCommandsTest() {
     frame_.actions.chooseCabinet = [this] {
       if (++asked_; whileAsked_) whileAsked_();
@@ -31,9 +30,8 @@ class PageCommandsTest : public BrowserFixture {
     EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith(HostText(kTextScrapFinished)); }));
     return frame_.db.Value(
         "select scrap_post_title || '|' || scrap_post_link || '|' || trim(scrap_post_pubDate, "
-        "char(10)) || '|' || "
-        "trim(scrap_post_desc, char(10)) || '|' || scrap_post_scrapChannelID from TB_SCRAP_POST "
-        "order by rowid desc");
+        "char(10)) || '|' || trim(scrap_post_desc, char(10)) || '|' || scrap_post_scrapChannelID "
+        "from TB_SCRAP_POST order by rowid desc");
   }
   // Opens the menu on an element, chooses the command, and returns the enabled ones.
   std::vector<int> Menu(const QString& selector, int chosen = 0) {

@@ -2,7 +2,6 @@
 // of the engine, in which each attack must work: without that a test proves nothing.
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
-#include <filesystem>
 
 #include "ui/browser/BrowserFixture.h"
 #include "ui/browser/PageScheme.h"
@@ -18,8 +17,7 @@ static Attacks List(QByteArray text) { return text.trimmed().replace("  ", "\n")
 const QByteArray kImage = "R0lGODlhAQABAAAAACwAAAAAAQABAAA=";  // one pixel
 static QByteArray Bytes(const std::string& text) { return QByteArray::fromStdString(text); }
 
-class Safety : public BrowserFixture {
- protected:
+struct Safety : BrowserFixture {
   Safety() {
     frame_.skin.SetHostValue(kValueImageDir, skin_.Path());
     // The plain page runs scripts, and knows generated pages without a policy.

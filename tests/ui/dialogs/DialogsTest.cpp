@@ -1,7 +1,6 @@
 // All dialogs but that of the web directory, with a real store.
 
 #include "ingest/FeedCheckAnswer.h"
-#include "skin/Keys.h"
 #include "store/Cabinets.h"
 #include "store/Folders.h"
 #include "ui/dialogs/DialogFixture.h"
@@ -11,8 +10,7 @@ namespace feedloom {
 const FeedCheckAnswer kFeed{.isFeed = true, .title = "A &amp; \nB", .homePage = "http://home/"};
 const FeedCheckAnswer kPage{.announcedFeed = "http://home/rss"};
 
-class Dialogs : public DialogFixture {
- protected:
+struct Dialogs : DialogFixture {
   void Add(const std::string& folder, const char* address, Action action) {
     WhenShown(std::move(action));
     ShowChannelAdd(frame, parent.get(), folder, address);

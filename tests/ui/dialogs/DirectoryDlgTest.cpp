@@ -1,15 +1,13 @@
 // The dialog that searches the web directory, with a real service.
 
 #include "kit/DirectoryService.h"
-#include "skin/Keys.h"
 #include "ui/dialogs/DialogFixture.h"
 #include "ui/dialogs/DirectoryModel.h"
 #include "vxctrl/CVxListCtrl.h"
 
 namespace feedloom {
 
-class DirectoryDlg : public DialogFixture {
- protected:
+struct DirectoryDlg : DialogFixture {
   void Show(Action action) {
     frame.directoryService = service.Address();
     WhenShown(std::move(action));

@@ -4,7 +4,6 @@
 #include <QTest>
 #include <QtWidgets>
 
-#include "skin/Keys.h"
 #include "ui/FakeFrame.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/list/CRSS_RightTopToolBarWnd.h"
@@ -26,8 +25,7 @@ struct ListingFrame : FakeFrame {
   CRSS_RightTopContainer* pane = nullptr;
 };
 
-class PostListPane : public testing::Test {
- protected:
+struct PostListPane : testing::Test {
   PostListPane() {
     frame_.pane = &pane_;
     frame_.nextAnswer = MsgBoxAnswer::Consented;

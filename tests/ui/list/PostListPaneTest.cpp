@@ -4,14 +4,12 @@
 
 namespace feedloom {
 
-class PostListPaneTest : public PostListPane {
- protected:
+struct PostListPaneTest : PostListPane {
   void ListAndSelect(PostList list, const std::vector<int>& rows) {
     pane_.Fill(std::move(list));
-    for (const int row : rows) {
+    for (const int row : rows)
       list_.selectionModel()->setCurrentIndex(
           Index(row), QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    }
   }
   std::unique_ptr<QMenu> OpenMenu() {
     QContextMenuEvent event(QContextMenuEvent::Mouse, {}, QPoint(60, 70));
@@ -20,9 +18,8 @@ class PostListPaneTest : public PostListPane {
   }
   void Choose(Command command) {
     const auto menu = OpenMenu();
-    for (QAction* const item : menu->actions()) {
+    for (QAction* const item : menu->actions())
       if (item->data().toInt() == command) item->trigger();
-    }
     QApplication::processEvents();  // the command comes when the menu has closed
   }
   std::string Stored(const std::string& what) const {

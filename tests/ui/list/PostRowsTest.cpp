@@ -17,8 +17,7 @@ static PostRow Post(int id, const char* title, int readStatus = 0,
   return {readStatus, id, "", "", "", published, Korean(title), "", Korean("똠방각하 소식"), 0, 0};
 }
 
-class PostListModelTest : public testing::Test {
- protected:
+struct PostListModelTest : testing::Test {
   PostListModelTest() { QLocale::setDefault(QLocale(QLocale::English)); }
   QString Text(int row, int column, int role = Qt::DisplayRole) {
     return model_.index(row, column).data(role).toString();
@@ -84,9 +83,8 @@ TEST_F(PostListModelTest, SortsByEachColumnAndBack) {
 
 TEST_F(PostListModelTest, SortsManyTitlesInSeveralThreadsAndInOneWhenTheSystemRefusesMore) {
   PostList list;
-  for (int i = 0; i < 20'000; ++i) {
+  for (int i = 0; i < 20'000; ++i)
     list.posts.emplace_back().title = std::to_string((i * 7'919) % 20'000 + 10'000);
-  }
   model_.Fill(std::move(list));
   model_.sort(kTitleColumn, Qt::AscendingOrder);
   for (int row = 0; row < 20'000; ++row) ASSERT_EQ(Text(row, 1).toInt(), 10'000 + row);

@@ -6,8 +6,7 @@
 
 namespace feedloom {
 
-class SearchTest : public PostListPane {
- protected:
+struct SearchTest : PostListPane {
   SearchTest() {
     frame_.directoryService = service_.Address();
     word_.setText("word");

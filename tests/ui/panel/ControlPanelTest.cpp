@@ -1,5 +1,4 @@
 
-#include "skin/Keys.h"
 #include "ui/dialogs/DialogFixture.h"
 #include "ui/panel/ControlPanel.h"
 #include "vxctrl/CVxRadioButton.h"
@@ -8,8 +7,7 @@ namespace feedloom {
 
 constexpr Settings kSound{.feedDeleteDate = 15};
 
-class ControlPanel : public DialogFixture {
- protected:
+struct ControlPanel : DialogFixture {
   std::optional<Settings> Edit(const Settings& stored, Action action) {
     WhenShown(std::move(action));
     const auto save = [this](const Settings& settings) { saved.push_back(settings); };

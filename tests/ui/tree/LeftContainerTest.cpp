@@ -6,8 +6,7 @@
 
 namespace feedloom {
 
-class LeftContainerTest : public LeftPaneFixture {
- protected:
+struct LeftContainerTest : LeftPaneFixture {
   LeftContainerTest() { Open(); }
   void ReadPost(int ownerId, bool isScrapPost, int id = 0) {
     pane->PostWasRead({0, id, "", "", "", "", "", "", "", 0, ownerId}, isScrapPost);
@@ -276,9 +275,8 @@ TEST_F(LeftContainerTest, TheTimersFollowTheLiveSettings) {
     frame.state.liveSettings = {row[0], row[1], row[2]};
     pane->RestartUpdateTimer();
     pane->RestartNotificationTimer();
-    for (int i = 0; i < 2; ++i) {
+    for (int i = 0; i < 2; ++i)
       EXPECT_EQ(timers[i]->isActive() ? timers[i]->interval() / 60'000 : 0, row[3 + i]) << row[2];
-    }
   }
   for (QTimer* const timer : timers) timer->start(0);
   ASSERT_TRUE(QTest::qWaitFor([&] { return frame.refreshes == 1 && notices > 1; }));

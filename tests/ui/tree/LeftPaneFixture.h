@@ -4,7 +4,6 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include "skin/Keys.h"
 #include "store/Cabinets.h"
 #include "store/Folders.h"
 #include "ui/FakeFrame.h"
@@ -16,8 +15,7 @@ namespace feedloom {
 
 using Strings = std::vector<std::string>;
 
-class LeftPaneFixture : public testing::Test {
- protected:
+struct LeftPaneFixture : testing::Test {
   LeftPaneFixture() {
     AddCabinet(store, "Later", 2);
     InsertScrapPost(store, keep, "Saved", "http://site.example/s", "2008-05-01 10:00:00", "text");
@@ -49,9 +47,8 @@ class LeftPaneFixture : public testing::Test {
   // The posts that were listed last; "+" when they are saved ones.
   std::string Listed() const {
     std::string posts = frame.lists.back().areScrapPosts ? "+" : "";
-    for (const PostRow& post : frame.lists.back().posts) {
+    for (const PostRow& post : frame.lists.back().posts)
       posts += post.ownerTitle + " " + post.title + ", ";
-    }
     return posts;
   }
   // The row whose label begins like this.
@@ -79,9 +76,8 @@ class LeftPaneFixture : public testing::Test {
   }
   void Choose(const QString& label, int command) {
     QMenu* const menu = OpenMenu(label);
-    for (QAction* const action : menu->findChildren<QAction*>()) {
+    for (QAction* const action : menu->findChildren<QAction*>())
       if (action->data().toInt() == command) action->trigger();
-    }
     delete menu;
     QCoreApplication::processEvents();  // the command comes when the menu has closed
   }

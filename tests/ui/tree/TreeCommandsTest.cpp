@@ -4,8 +4,7 @@
 
 namespace feedloom {
 
-class TreeCommandsTest : public LeftPaneFixture {
- protected:
+struct TreeCommandsTest : LeftPaneFixture {
   // Actions that note what they are told, and answer with `answer`.
   void GiveActions() {
     Actions& to = frame.actions;
@@ -41,9 +40,8 @@ class TreeCommandsTest : public LeftPaneFixture {
     for (const char* const label : labels) {
       const std::unique_ptr<QMenu> menu(OpenMenu(label));
       EXPECT_TRUE(*label == 0 || menu->pos() == QPoint(50, 60));
-      for (const QAction* const action : menu->findChildren<QAction*>()) {
+      for (const QAction* const action : menu->findChildren<QAction*>())
         if (!action->isEnabled()) grey.insert(action->data().toInt());
-      }
     }
     return grey;
   }
