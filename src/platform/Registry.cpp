@@ -108,11 +108,15 @@ void Put(Entries& entries, RegistryEntry entry) {
 
 bool Write(const std::string& path, RegistryEntry entry) {
   constexpr int kPatienceMs = 5000;
+  constexpr int kStaleMs = 1000;
   // The lock file keeps other programs out. Threads of this program wait for the mutex instead:
   // waiting for a lock file means polling.
   static std::mutex mutex;
   const std::lock_guard lock(mutex);
   QLockFile lockFile(FileName(path + ".lock"));
+  // A program that was killed before it has written its number into the file leaves an empty one.
+  // That of a program at work is kept, however old, by the system's own lock.
+  lockFile.setStaleLockTime(kStaleMs);
   if (!lockFile.tryLock(kPatienceMs)) return false;
   auto entries = Load(path);
   if (!entries) return false;

@@ -56,7 +56,8 @@ inline std::ptrdiff_t ThreadCount() {  // of this process
 inline std::ptrdiff_t ThreadsInTheBackground() {
   std::filesystem::directory_iterator tasks("/proc/self/task");
   return std::count_if(begin(tasks), end(tasks), [](const auto& task) {
-    return getpriority(PRIO_PROCESS, std::stoi(task.path().filename().string())) >= 5;
+    const auto id = static_cast<id_t>(std::stoul(task.path().filename()));
+    return getpriority(PRIO_PROCESS, id) >= 5;
   });
 }
 

@@ -71,11 +71,15 @@ TEST_F(Arrivals, AreCountedOnceAlsoOfAWorkerThatWasStopped) {
   const auto begin = [this] { Send(kMessageChannelWorker, 1, 0); };
   const auto recount = [this] { TheFrame().RecountUnread(false); };
   const auto end = [this] { Send(kMessageChannelResult, kChannelRefreshed, 1); };
+  const auto told = [this] {
+    const auto isOfA = [](const std::string& text) { return text.find('A') != text.npos; };
+    EXPECT_TRUE(WaitUntil([&] { return std::ranges::any_of(texts_, isOfA); }));
+  };
   const auto endRun = [this] { Send(kMessageChannelResult, kRunEnded); };
   const std::tuple<std::vector<std::function<void()>>, int, const char*> steps[] = {
       {{begin}, 0, "F A B C "},
       {{recount}, 2, "F(2) A(2)* B C "},
-      {{end}, 3, "F(3) A(3)* B C "},
+      {{end, told}, 3, "F(3) A(3)* B C "},
       {{recount}, 3, "F(4) A(4)* B C "},              // no worker has the channel now
       {{begin, endRun}, 4, "F(5) A(5) B C "},         // another program's
       {{begin, end, recount}, 5, "F(6) A(6)* B C "},  // before the batch is counted

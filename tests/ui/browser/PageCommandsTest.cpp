@@ -137,9 +137,8 @@ TEST_F(PageCommandsTest, FindsInThePage) {
       {[&] { QTest::keyClick(&word, Qt::Key_Enter, Qt::ShiftModifier); }, 1}};
   for (const auto& [step, active] : steps) {
     step();
-    EXPECT_TRUE(ComesTrue([&] {
-      return !found.empty() && found.last() == QVariantList{active, 2};
-    }));
+    const QVariantList expected{active, 2};
+    EXPECT_TRUE(ComesTrue([&] { return !found.empty() && found.last() == expected; }));
     const QString result = SkinText(frame_.GetSkin(), kTextFindCount).arg(active).arg(2);
     EXPECT_EQ(word.accessibleDescription(), result);
     EXPECT_EQ(word.parentWidget()->findChild<QLabel*>()->text(), result);
