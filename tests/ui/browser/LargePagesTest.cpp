@@ -25,9 +25,12 @@ TEST_F(LargePages, DoNotKeepOthersWaiting) {
       {"/3", "the next page", [&] { view_.Navigate(Url("/next")); }}};
   for (const auto& [image, text, next] : nexts) {
     server_.Hang(image);
+    const auto before = Page().renderProcessPid();
     view_.WritePageToBrowser({QByteArray("<p>words of a post").repeated(20'000) + "<img src='" +
                               Url(image).toUtf8() + "'>"});
     ASSERT_TRUE(WasRequested(image));
+    // The view takes the large page's own process a moment after that has asked for the image.
+    ASSERT_TRUE(ComesTrue([&] { return Page().renderProcessPid() != before; }));
     const auto renderer = Renderer(Page());
     kill(renderer, SIGSTOP);
     WaitForPage(next);
