@@ -161,7 +161,7 @@ void Arrivals::ReadChanges() {
   ReadBehind(
       [seen = seen_](Store& store) {
         Changes changes{.mark = ReadWriteMark(store), .tree = std::nullopt};
-        if (MayHaveChanged(seen, changes.mark)) changes.tree = ReadWholeTree(store);
+        if (MayHaveChanged(seen, changes.mark)) changes.tree = ReadTree(store);
         return changes;
       },
       [this](const Changes& changes) {

@@ -138,26 +138,6 @@ void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
   keys->AddMenuKey(*rightTop_);
 }
 
-void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
-  SetPreviewMode();
-  const auto toHere = [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); };
-  arrivals_ = std::make_unique<Arrivals>(*this, *left_, store_, mark, toHere);
-  feedChecker_ = std::make_unique<FeedChecker>(services_, toHere);
-  importer_ = std::make_unique<OpmlImporter>(services_, toHere);
-  refresh_ = std::make_unique<FrameRefresh>(
-      interfaceThread_, services_,
-      [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
-        return OnMessage(number, wParam, lParam);
-      },
-      [this](unsigned number, std::intptr_t, std::intptr_t) {
-        OnRefreshMessage(number);
-        return std::intptr_t{0};
-      });
-  StartContent start = reading.Finish();
-  for (const std::string& failure : reading.Failures()) ReportFailure(failure);
-  ShowStart(std::move(start));
-}
-
 // Messages of the host and of the refresh.
 
 bool CRSS_MainFrame::event(QEvent* event) {

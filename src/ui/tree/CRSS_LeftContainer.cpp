@@ -118,7 +118,9 @@ void CRSS_LeftContainer::CountChanges() {
           });
 }
 
-void CRSS_LeftContainer::LoadTree() { ShowTree(ReadTree(frame_.GetStore())); }
+void CRSS_LeftContainer::LoadTree() {
+  ShowTree(ReadTree(frame_.GetStore()).value_or(TreeContent()));
+}
 
 void CRSS_LeftContainer::ShowTree(TreeContent content) {
   content.cabinetTitle = frame_.GetSkin().GetText(kSectionTexts, kTextCabinetTitle);

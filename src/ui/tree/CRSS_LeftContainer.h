@@ -31,8 +31,8 @@ class CRSS_LeftContainer : public QWidget {
   // must outlive the pane. The tree is the pane's focus proxy.
   CRSS_LeftContainer(Frame& frame, QWidget* parent);
 
-  // Reads all rows from the store; afterwards no row is selected. Rows that the store cannot read
-  // are missing; the store reports the failure.
+  // Reads all rows from the store; afterwards no row is selected. When the store cannot read all,
+  // it reports the failure, and there are none but the cabinets' root.
   void LoadTree();
   // Replaces all rows by `content`, except that the cabinet root is named by the skin. Afterwards
   // no row is selected.

@@ -10,14 +10,7 @@
 
 namespace feedloom {
 
-TreeContent ReadTree(Store& store) {
-  TreeContent content;
-  LoadFolderList(store, content.folders);
-  ReadTreeBelowFolders(store, content);
-  return content;
-}
-
-std::optional<TreeContent> ReadWholeTree(Store& store) {
+std::optional<TreeContent> ReadTree(Store& store) {
   TreeContent content;
   const bool areFoldersRead = LoadFolderList(store, content.folders);
   if (!areFoldersRead || !ReadTreeBelowFolders(store, content)) return std::nullopt;

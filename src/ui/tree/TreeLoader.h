@@ -9,10 +9,8 @@ namespace feedloom {
 
 class Store;
 
-// All rows; rows that the store cannot read are missing. cabinetTitle stays empty. Any thread.
-TreeContent ReadTree(Store& store);
-// The same; nullopt when the store cannot read all of them. Any thread.
-std::optional<TreeContent> ReadWholeTree(Store& store);
+// All rows; nullopt when the store cannot read all of them. cabinetTitle stays empty. Any thread.
+std::optional<TreeContent> ReadTree(Store& store);
 // Reads into `content` all rows except the folders. False when the store cannot read some. Any
 // thread.
 bool ReadTreeBelowFolders(Store& store, TreeContent& content);
