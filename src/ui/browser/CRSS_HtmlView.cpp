@@ -13,6 +13,7 @@
 #include <array>
 
 #include "ui/browser/PageScheme.h"
+#include "ui/browser/PostAddresses.h"
 #include "ui/browser/WebPage.h"
 
 namespace feedloom {
@@ -108,8 +109,8 @@ void CRSS_HtmlView::Connect() {
   connect(&engine_->downloads, &Downloads::Changed, this, &CRSS_HtmlView::Changed);
   connect(&engine_->view, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
     const QWebEngineContextMenuRequest* const request = engine_->view.lastContextMenuRequest();
-    emit MenuRequested(
-        {engine_->view.mapToGlobal(at), request->linkUrl(), request->selectedText()});
+    emit MenuRequested({engine_->view.mapToGlobal(at), engine_->page.Meant(request->linkUrl()),
+                        request->selectedText()});
   });
   connect(&engine_->view, &QWebEngineView::printFinished, this, [this](bool hasWorked) {
     engine_->printer.reset();
@@ -127,10 +128,10 @@ void CRSS_HtmlView::WritePageToBrowser(const PageToWrite& page) {
   if (page.html.isEmpty()) return;
   const GeneratedPage generated = {
       WithHead(page.html, page.kind, page.showsRemoteImages, engine_->styleSheet()), page.kind,
-      page.source};
+      page.source, page.title};
   // A large page gets a renderer process of its own, so that going back does not wait for it.
   if (IsLarge(generated)) ++engine_->host;
-  Navigate(GeneratedPageUrl(engine_->scheme.Pages().Add(generated)));
+  Navigate(PageUrlFor(engine_->scheme.Pages().Add(generated), page.source));
 }
 
 // Does nothing when the crash page itself has crashed, or when the page is being left anyway.

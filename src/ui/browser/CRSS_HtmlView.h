@@ -22,6 +22,7 @@ struct PageToWrite {
   PageKind kind = PageKind::Post;
   QUrl source = {};  // the address of the post, or of its media file
   bool showsRemoteImages = true;
+  QString title = {};  // of the post
 };
 
 // What is at the point where the user has opened the context menu.

@@ -14,6 +14,7 @@ struct GeneratedPage {
   QByteArray html;  // UTF-8
   PageKind kind = PageKind::Post;
   QUrl source = {};  // the address of the post, of its media file, or of the page that has crashed
+  QString title = {};  // of the post, in one line
 };
 
 // So large that layout costs more than starting another renderer process.

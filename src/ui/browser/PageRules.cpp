@@ -1,11 +1,22 @@
 #include "ui/browser/PageRules.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
+#include <QUrlQuery>
 
 namespace feedloom {
 namespace {
 
 constexpr char kPageHost[] = "page";
+
+// By its query a page's own address is known from that of a relative link.
+bool HasPageQuery(const QUrl& url) { return QUrlQuery(url).hasQueryItem(kPageQuery); }
+
+// The first part of a page's path, with its number.
+QRegularExpressionMatch MatchNumber(const QUrl& url) {
+  static const QRegularExpression number("^/page:(\\d{1,9})(?=/|$)");
+  return number.match(url.path(QUrl::FullyEncoded));
+}
 
 // The common part of all policies; the images and media of the kind follow. Inline styles are
 // allowed.
@@ -21,7 +32,8 @@ constexpr char kMedia[] =
 }  // namespace
 
 QUrl GeneratedPageUrl(int number) {
-  return QUrl(QStringLiteral("%1://%2/%3").arg(kPageScheme, kPageHost).arg(number));
+  return QUrl(QStringLiteral("%1://%2/page:%3/?%4")
+                  .arg(kPageScheme, kPageHost, QString::number(number), kPageQuery));
 }
 
 QUrl SkinFileUrl(const QString& path) {
@@ -40,11 +52,27 @@ QUrl AtHost(QUrl url, int host) {
 
 bool IsGenerated(const QUrl& url) { return url.scheme() == kPageScheme; }
 
+bool IsPageHost(const QUrl& url) {
+  static const QRegularExpression host(QStringLiteral("^%1\\d*$").arg(kPageHost));
+  return host.match(url.host()).hasMatch();
+}
+
 std::optional<int> PageNumber(const QUrl& url) {
-  bool isNumber = false;
-  const int number = url.path().mid(1).toInt(&isNumber);
-  if (!IsGenerated(url) || !isNumber) return {};
-  return number;
+  return HasPageQuery(url) ? NumberInPath(url) : std::nullopt;
+}
+
+std::optional<int> NumberInPath(const QUrl& url) {
+  const auto number = MatchNumber(url);
+  if (!IsGenerated(url) || !IsPageHost(url) || !number.hasMatch()) return {};
+  return number.captured(1).toInt();
+}
+
+QUrl WithoutPage(QUrl url) {
+  if (HasPageQuery(url)) url.setQuery(QString());
+  if (NumberInPath(url)) {
+    url.setPath(url.path(QUrl::FullyEncoded).mid(MatchNumber(url).capturedLength()));
+  }
+  return url;
 }
 
 QString SkinFile(const QUrl& url, const QString& skinDir) {

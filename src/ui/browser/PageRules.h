@@ -11,19 +11,30 @@
 
 namespace feedloom {
 
-// The URL scheme of generated pages and of the skin's files: feedloom://page/<number> and
-// feedloom://page/<absolute path of a skin file>. Other hosts name the same pages: the engine runs
-// a renderer process for each host.
+// The URL scheme of generated pages and of the skin's files:
+// feedloom://page/page:<number>/<any path>?feedloom=<origin> and feedloom://page/<absolute path of
+// a skin file>. Hosts with a number behind "page" name the same pages: the engine runs a renderer
+// process for each host. Any other path or host is that of a relative link in a post
+// (PostAddresses.h).
 inline constexpr char kPageScheme[] = "feedloom";
+// The query of a page's address; its value is the origin of the page's source, or nothing.
+inline constexpr char kPageQuery[] = "feedloom";
 
+// The address of a page with an empty path behind its number.
 QUrl GeneratedPageUrl(int number);
 QUrl SkinFileUrl(const QString& path);
 // `url` with the host of the number `host`; 0 is the usual host.
 QUrl AtHost(QUrl url, int host);
 bool IsGenerated(const QUrl& url);
 
+bool IsPageHost(const QUrl& url);
+
 // The number in the address of a generated page; none for any other address.
 std::optional<int> PageNumber(const QUrl& url);
+// The number that the path of `url` begins with: a page's own, or a relative link's in that page.
+std::optional<int> NumberInPath(const QUrl& url);
+// `url` without what the address of a generated page adds to a path.
+QUrl WithoutPage(QUrl url);
 
 // Returns the skin's directory, which the host may change at any time.
 using SkinDirectory = std::function<QString()>;

@@ -29,7 +29,10 @@ void ReplyWithFile(QWebEngineUrlRequestJob& job, const QString& path) {
 void RegisterPageScheme() {
   if (!QWebEngineUrlScheme::schemeByName(kPageScheme).name().isEmpty()) return;
   QWebEngineUrlScheme scheme(kPageScheme);
-  scheme.setSyntax(QWebEngineUrlScheme::Syntax::Host);
+  // A relative link may name another server with its port. The default port must be one that no
+  // server has, because the engine drops it from addresses.
+  scheme.setSyntax(QWebEngineUrlScheme::Syntax::HostAndPort);
+  scheme.setDefaultPort(65535);
   QWebEngineUrlScheme::registerScheme(scheme);
 }
 

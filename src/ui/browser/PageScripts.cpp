@@ -34,7 +34,8 @@ constexpr char kWatchPage[] = R"((() => {
   const isGenerated = location.protocol === 'feedloom:';
   addEventListener('click', event => {
     if (event.isTrusted) clicked = performance.now();
-    const link = event.target.closest('a');
+    const target = event.target;
+    const link = target instanceof Element ? Element.prototype.closest.call(target, 'a') : null;
     const href = link === null ? '' : link.href.baseVal ?? link.href;
     const isRefused = /^[a-z][^:]*:/i.test(href) && !/^(https?|mailto|feedloom):/i.test(href);
     if (!isGenerated || !isRefused) return;
@@ -44,6 +45,28 @@ constexpr char kWatchPage[] = R"((() => {
   const find = Document.prototype.querySelector;
   const leads = find.call(document, 'meta[http-equiv=refresh i]') !== null;
   if (isGenerated && !leads) console.log('%1' + location.href);
+})())";
+
+// The server of a post's picture is not that of the page; but what is found here, such as an image
+// of the skin, is not asked for there.
+constexpr char kFindPictures[] = R"((() => {
+  const origin = new URLSearchParams(location.search).get('feedloom');
+  if (location.protocol !== 'feedloom:' || !origin) return;
+  const base = origin + location.pathname.replace(/^\/page:\d+/, '');
+  const lookThere = image => {
+    if (!(image instanceof HTMLImageElement) || !/^feedloom:/.test(image.currentSrc)) return;
+    const address = image.getAttribute('src') || image.srcset.trim().split(/\s/)[0];
+    for (const source of image.closest('picture')?.querySelectorAll('source') ?? []) source.remove();
+    image.removeAttribute('srcset');
+    try {
+      image.src = new URL(address, base).href;
+    } catch {
+      image.removeAttribute('src');
+    }
+  };
+  addEventListener('error', event => lookThere(event.target), true);
+  for (const image of Document.prototype.querySelectorAll.call(document, 'img'))
+    if (image.complete && image.naturalWidth === 0) lookThere(image);
 })())";
 
 // When the second animation frame begins, the first one has been submitted for display.
@@ -76,13 +99,16 @@ QString IsUserActiveScript() { return QStringLiteral("isUserActive()"); }
 
 QString IsImageLinkScript() {
   return QStringLiteral(
-      "(active => active !== null && active.firstElementChild instanceof HTMLImageElement)("
+      "(active => active instanceof HTMLAnchorElement &&"
+      " active.firstElementChild instanceof HTMLImageElement)("
       "Object.getOwnPropertyDescriptor(Document.prototype, 'activeElement').get.call(document))");
 }
 
 QString WatchPageScript(const QString& noRefreshMark, const QString& refusedMark) {
   return QString(kWatchPage).arg(noRefreshMark, refusedMark);
 }
+
+QString FindPicturesScript() { return kFindPictures; }
 
 QString RemoveFramesScript() {
   return QStringLiteral(

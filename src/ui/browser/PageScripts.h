@@ -33,6 +33,10 @@ QString IsImageLinkScript();
 // feedloom, which it prevents, because the engine would refuse it without a signal.
 QString WatchPageScript(const QString& noRefreshMark, const QString& refusedMark);
 
+// Runs when a page is ready: a picture of a generated page that the module does not have is asked
+// for at the page's source, against which its address is resolved.
+QString FindPicturesScript();
+
 // Writes `mark` to the page's console when the page has been drawn.
 QString TellWhenDrawnScript(const QString& mark);
 

@@ -13,7 +13,8 @@ PageToWrite ToWrite(Frame& frame, const PostRow& post, const std::string& html, 
   return {.html = QByteArray::fromStdString(codePage.ToUtf8(html)),
           .kind = kind,
           .source = QUrl(ToQString(codePage, post.link)),
-          .showsRemoteImages = frame.ShowsRemoteImages()};
+          .showsRemoteImages = frame.ShowsRemoteImages(),
+          .title = ToLine(codePage, post.title)};
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "ui/browser/WebPage.h"
 
+#include <QTimer>
 #include <QUuid>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
@@ -8,6 +9,7 @@
 #include <QWebEngineSettings>
 
 #include "ui/browser/PageScripts.h"
+#include "ui/browser/PostAddresses.h"
 
 namespace feedloom {
 namespace {
@@ -37,6 +39,7 @@ WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObjec
       noRefreshMark_(QUuid::createUuid().toString()) {
   SetUp(*settings());
   scripts().insert(OnReady(WatchPageScript(noRefreshMark_, refusedMark_)));
+  scripts().insert(OnReady(FindPicturesScript()));
   connect(this, &QWebEnginePage::loadingChanged, this, &WebPage::OnLoading);
   connect(this, &QWebEnginePage::urlChanged, this, &WebPage::Changed);
   connect(this, &QWebEnginePage::newWindowRequested, this, &WebPage::OpenHere);
@@ -56,24 +59,41 @@ std::optional<GeneratedPage> WebPage::Generated() const {
   return number ? pages_.Find(*number) : std::nullopt;
 }
 
+QUrl WebPage::Meant(const QUrl& link) const {
+  const auto page = Generated();
+  return page && !ParsePageAction(link.toString(QUrl::FullyEncoded))
+             ? AddressInSource(link, page->source)
+             : link;
+}
+
 // Navigations.
 
 bool WebPage::acceptNavigationRequest(const QUrl& target, NavigationType type, bool isMainFrame) {
   const auto page = Generated();
   const bool isPlayer = page && page->kind == PageKind::Player;
   const bool isCrash = page && page->kind == PageKind::Crash;
+  const NavigationCause cause = CauseOf(target, type);
   const Navigation navigation = {.from = url(),
-                                 .to = target,
-                                 .cause = CauseOf(target, type),
+                                 .to = cause == NavigationCause::Link ? Meant(target) : target,
+                                 .cause = cause,
                                  .isMainFrame = isMainFrame,
                                  .isFromPlayer = isPlayer && !AreScriptsAllowed()};
   const bool isCrashedPage = isCrash && target == page->source;
   const NavigationVerdict verdict = isCrashedPage ? NavigationVerdict::Follow : Judge(navigation);
   if (verdict == NavigationVerdict::Follow && !IsMediaLink(navigation)) {
+    return Follow(navigation, target);
+  }
+  HandleUnfollowed(navigation.to, verdict);
+  return false;
+}
+
+// A relative link of a post leads elsewhere than the engine has `asked` for.
+bool WebPage::Follow(const Navigation& navigation, const QUrl& asked) {
+  if (navigation.to == asked) {
     Begin(navigation);
     return true;
   }
-  HandleUnfollowed(target, verdict);
+  QTimer::singleShot(0, this, [this, to = navigation.to] { load(to); });
   return false;
 }
 
@@ -89,7 +109,8 @@ NavigationCause WebPage::CauseOf(const QUrl& target, NavigationType type) const 
     case NavigationTypeLinkClicked:
       return NavigationCause::Link;
     case NavigationTypeRedirect: {
-      const bool hasNoRefresh = !IsGenerated(url()) || url() == noRefreshPage_;
+      const QUrl page = url().adjusted(QUrl::RemoveFragment);
+      const bool hasNoRefresh = !IsGenerated(page) || page == noRefreshPage_;
       const bool isServers = IsWebAddress(userNavigation_) && IsWebAddress(target) && hasNoRefresh;
       return isServers ? NavigationCause::Server : NavigationCause::Page;
     }
@@ -180,7 +201,7 @@ void WebPage::PlayOrSaveMedia(const QUrl& media) {
 void WebPage::OpenHere(const QWebEngineNewWindowRequest& request) {
   if (!request.isUserInitiated()) return;
   const Navigation navigation = {
-      .from = url(), .to = request.requestedUrl(), .cause = NavigationCause::Link};
+      .from = url(), .to = Meant(request.requestedUrl()), .cause = NavigationCause::Link};
   const NavigationVerdict verdict = Judge(navigation);
   if (verdict != NavigationVerdict::Follow) return HandleUnfollowed(navigation.to, verdict);
   // An empty window, which its opener would fill by script, would replace the opener.

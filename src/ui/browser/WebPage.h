@@ -40,6 +40,8 @@ class WebPage : public QWebEnginePage {
 
   // The generated page on display; none for a web page and for the main page.
   std::optional<GeneratedPage> Generated() const;
+  // The address that a link of the page on display means: in a post it may be relative.
+  QUrl Meant(const QUrl& link) const;
 
  signals:
   // The page of the latest navigation is loaded, or has failed to load, and is drawn.
@@ -70,6 +72,7 @@ class WebPage : public QWebEnginePage {
                                 int line, const QString& source) override;
 
  private:
+  bool Follow(const Navigation& navigation, const QUrl& asked);
   NavigationCause CauseOf(const QUrl& target, NavigationType type) const;
   bool IsMediaLink(const Navigation& navigation) const;
   void Begin(const Navigation& navigation);
