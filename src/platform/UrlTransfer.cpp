@@ -140,7 +140,7 @@ class Transfer {
   void SetProxy() {
     // Without a value, the library would read the environment; an empty one prevents that.
     Set(CURLOPT_PROXY, ProxyFor(request_.web.proxy, UrlScheme(request_.address)).c_str());
-    Set(CURLOPT_NOPROXY, DirectHosts(request_.web.proxy).c_str());
+    Set(CURLOPT_NOPROXY, DirectHosts(request_.web.proxy, host_).c_str());
   }
 
   void SetCallbacks() {

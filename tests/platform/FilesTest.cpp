@@ -148,10 +148,13 @@ TEST_F(FilesTest, AProxyCountsWhenItIsEnabled) {
     ASSERT_TRUE(registry_.WriteDword(key, "ProxyEnable", isOn ? 1 : 0));
     const ProxySettings settings = ReadProxySettings(registry_);
     EXPECT_EQ(ProxyFor(settings, "http") + ProxyFor(settings, "https"), isOn ? "h:80s:4" : "");
-    EXPECT_EQ(DirectHosts(settings), isOn ? "x,.y.kr,z,localhost,127.0.0.1,*" : "");
+    EXPECT_EQ(DirectHosts(settings, "h.kr"), isOn ? "x,.y.kr,z,localhost,127.0.0.1,*" : "");
+    EXPECT_EQ(DirectHosts(settings, "near"), isOn ? "x,.y.kr,z,localhost,127.0.0.1,near,*" : "");
   }
   EXPECT_EQ(ProxyFor({true, "any:80", ""}, "https") + ProxyFor({true, "ftp=f:2", ""}, "http"),
             "any:80");
+  EXPECT_EQ(DirectHosts({true, "", "127.*;10.1.*;a*.kr;b*;1.2.3.4.*"}, "A1.kr"),
+            "127.0.0.0/8,10.1.0.0/16,a*.kr,A1.kr,b*,1.2.3.4.*");
 }
 
 }  // namespace feedloom

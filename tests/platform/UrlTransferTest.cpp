@@ -75,7 +75,8 @@ TEST_F(UrlTransferTest, GoesThroughTheUsersProxyWhateverTheEnvironmentSays) {
   for (const char* name : {"http_proxy", "ALL_PROXY", "no_proxy"}) {
     setenv(name, *name == 'n' ? "*" : "127.0.0.1:1", 1);
     EXPECT_EQ(Load(far, {true, "https=x:1;http=" + at, ""}), "proxied");
-    EXPECT_EQ(Load(near, {true, at, "x.example;127.0.0.1"}), "direct");
+    for (const char* others : {"x.example;127.0.0.1", "127.*", "127.0.*", "1*7.0.0.1"})
+      EXPECT_EQ(Load(near, {true, at, others}), "direct") << others;
     EXPECT_EQ(Load(near, {true, at, "*"}) + Load(near, {false, at, ""}), "directdirect");
     unsetenv(name);
   }
