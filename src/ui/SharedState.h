@@ -12,6 +12,7 @@ namespace feedloom {
 struct DiscoveredFeed {
   std::string title;
   std::string address;
+  std::string resolved = {};  // the address by the browser engine's rules, which may differ
 };
 
 // What the post list shows: posts of the tree's selection, of the web directory, or of today.
@@ -29,9 +30,10 @@ struct SharedState {
   ListMode listMode = ListMode::Selection;
   // True when the list shows the posts of the tree's selected row, not a search or today's posts.
   bool listShowsSelection = false;
-  // The feeds of the latest web page, in the page's order. Pages that the module generates do not
-  // change them.
+  // The RSS feeds of the latest web page, and its Atom feeds, in the page's order. Pages that the
+  // module generates do not change them.
   std::vector<DiscoveredFeed> discoveredFeeds;
+  std::vector<DiscoveredFeed> discoveredAtomFeeds = {};
   // The settings in effect: all zero until the user confirms the control panel. They are the
   // module's, and outlive the frame: a host that makes another frame keeps them.
   Settings& liveSettings;

@@ -4,6 +4,7 @@
 #include <QProgressBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "ingest/FeedAddress.h"
 #include "ingest/FeedCheckAnswer.h"
@@ -49,6 +50,14 @@ QString AddressToBeginWith(Frame& frame, const std::string& fromPage) {
   return isWeb ? ToQString(codePage, fromPage) : QString();
 }
 
+// Of the announced feed whose address is `address`; empty when the engine resolves it in that way.
+QString OtherResolution(Frame& frame, const std::string& address) {
+  const auto& feeds = frame.State().discoveredFeeds;
+  const auto feed = std::ranges::find(feeds, address, &DiscoveredFeed::address);
+  if (feed == feeds.end() || feed->resolved == address) return {};
+  return AddressToBeginWith(frame, feed->resolved);
+}
+
 }  // namespace
 
 CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std::string& folderName,
@@ -63,6 +72,7 @@ CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std:
       folders_(*AddComboBox(kTextGroupSelect, &addFolder_)),
       ok_(*AddButtons(kSectionAddChannel, kButtonAddChannelConfirm, kButtonAddChannelCancel)) {
   address_.setText(AddressToBeginWith(frame, address));
+  otherResolution_ = OtherResolution(frame, address);
   ListFolders(frame, folders_);
   const QString folder = ToLine(frame.GetStore().TextCodePage(), folderName);
   folders_.setCurrentIndex(std::max(folders_.findText(folder), 0));
@@ -73,6 +83,7 @@ CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std:
 void CRSS_ChannelAddDlg::Connect() {
   connect(&check_, &QAbstractButton::clicked, this, &CRSS_ChannelAddDlg::Check);
   connect(&addFolder_, &QAbstractButton::clicked, this, &CRSS_ChannelAddDlg::AddFolder);
+  connect(&address_, &QLineEdit::textEdited, this, [this] { otherResolution_.clear(); });
   connect(&address_, &QLineEdit::textChanged, this, [this] {
     if (state_ == State::Checked) SetState(State::Unchecked);
   });
@@ -113,6 +124,7 @@ void CRSS_ChannelAddDlg::Check() {
 
 void CRSS_ChannelAddDlg::OnChecked(const FeedCheckAnswer& answer) {
   SetState(answer.isFeed ? State::Checked : State::Unchecked);
+  if (!answer.isFeed && TryOtherResolution()) return;
   if (!answer.isFeed && !answer.announcedFeed.empty()) return OfferAnnounced(answer.announcedFeed);
   if (!answer.isFeed) return Refuse(kTextAddChannelCheckError, &address_);
   homePage_ = answer.homePage;
@@ -121,6 +133,13 @@ void CRSS_ChannelAddDlg::OnChecked(const FeedCheckAnswer& answer) {
   title_.setText(title.empty() ? address_.text() : ToLine(codePage, title));
   title_.setFocus();
   title_.selectAll();
+}
+
+bool CRSS_ChannelAddDlg::TryOtherResolution() {
+  if (otherResolution_.isEmpty()) return false;
+  address_.setText(std::exchange(otherResolution_, {}));
+  Check();
+  return true;
 }
 
 // The address leads to a web page that links to the feed `address`.

@@ -35,6 +35,7 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   void SetState(State state);
   void Check();
   void OnChecked(const FeedCheckAnswer& answer);
+  bool TryOtherResolution();
   void OfferAnnounced(const std::string& address);
   void AddFolder();
   // Fault validates the fields, Add stores the channel. Both return the text key of an error
@@ -54,6 +55,9 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   CVxComboBox& folders_;
   CButtonEx& ok_;
   State state_ = State::Unchecked;
+  // What a page's link means by the browser engine's rules, when the dialog starts with another
+  // reading of it that the user has not changed; else empty.
+  QString otherResolution_;
   std::string homePage_;  // of the feed that the check has found
 };
 

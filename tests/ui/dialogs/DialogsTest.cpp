@@ -151,6 +151,20 @@ TEST_F(Dialogs, AFeedIsCheckedAndThenStoredShownAndRefreshed) {
   EXPECT_TRUE(frame.queue.Contains(frame.addedChannels[0].id) && frame.refreshes == 1);
 }
 
+TEST_F(Dialogs, AnAnnouncedAddressThatIsNoFeedIsReadAsTheBrowserReadsIt) {
+  frame.state.discoveredFeeds = {{"Feed", "http://h/x.xml", "http://h:8080/x.xml"}};
+  for (const bool isEdited : {false, true}) {
+    Add("News", "http://h/x.xml", [&] {
+      if (isEdited) QTest::keyClicks(&Box(), "2");
+      EXPECT_EQ(Check({}), isEdited ? Keys{kTextAddChannelCheckError} : Keys{});
+      if (isEdited) return;
+      EXPECT_EQ(frame.asked.back(), "http://h:8080/x.xml");
+      std::function(frame.answerCheck)({});
+      EXPECT_EQ(Messages(), Keys{kTextAddChannelCheckError});
+    });
+  }
+}
+
 TEST_F(Dialogs, AWebPageOffersItsFeedAndAFolderCanBeAddedOnTheWay) {
   Add("Gone", "page/", [&] {
     EXPECT_EQ(Check(kPage), Keys{kTextAddChannelAnnounced});  // declined
