@@ -26,6 +26,7 @@
 #include "profile/HostTexts.h"
 #include "profile/SharePaths.h"
 #include "skin/HostConfig.h"
+#include "skin/Keys.h"
 #include "skin/Skin.h"
 
 namespace feedloom {
@@ -85,6 +86,16 @@ void RestartOnAppearanceChoice(HostWindow& window, const HostProfile& profile) {
       });
 }
 
+// The module reads the value each time that it is about to open a page.
+void KeepLinksChoice(HostWindow& window, const Registry& registry) {
+  QObject::connect(&window, &HostWindow::LinksOutsideChosen, &window,
+                   [registry](bool opensOutside) {
+                     const char* const value = opensOutside ? kLinksOutside : kLinksInPane;
+                     if (registry.WriteString(kHostKey, kValuePostLinks, value)) return;
+                     ReportError("Cannot remember where links open.");
+                   });
+}
+
 // Runs the event loop of a window with the module's frame in it.
 class Show {
  public:
@@ -142,7 +153,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   SetHostTables(tables, config.GetCodePage());
   ApplicationStyle look(Skin(tables, config));
   HostWindow window(FromModuleText(config.GetAppTitle()),
-                    {SkinName(config), config.GetHostLanguage()});
+                    {SkinName(config), config.GetHostLanguage()}, config.OpensLinksOutside());
   QObject::connect(&terminationSignals, &TerminationSignals::Requested, &window, &QWidget::close);
   if (options.screenshot) {
     window.resize(kInitialWidth, kInitialHeight);
@@ -151,6 +162,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   }
   QuitOnClose(window, registry, options.screenshot.has_value());
   RestartOnAppearanceChoice(window, profile);
+  KeepLinksChoice(window, registry);
   LogTiming("window made");
   return Show(options, module, window, refreshes).Run();
 }

@@ -30,7 +30,7 @@ void ShowStatus(QLabel& label, const QString& text) {
 
 }  // namespace
 
-HostWindow::HostWindow(const QString& caption, Appearance appearance)
+HostWindow::HostWindow(const QString& caption, Appearance appearance, bool opensLinksOutside)
     : appearance_(std::move(appearance)),
       pane_(new ModulePane(this)),
       status_(new QLabel(this)),
@@ -38,7 +38,7 @@ HostWindow::HostWindow(const QString& caption, Appearance appearance)
   setWindowTitle(caption);
   setWindowIcon(QIcon::fromTheme(QStringLiteral("halvix")));
   setCentralWidget(pane_);
-  MakeMenu();
+  MakeMenu(opensLinksOutside);
   MakeStatusBar();
 }
 
@@ -76,7 +76,7 @@ void HostWindow::closeEvent(QCloseEvent* event) {
   QMainWindow::closeEvent(event);
 }
 
-void HostWindow::MakeMenu() {
+void HostWindow::MakeMenu(bool opensLinksOutside) {
   QMenu& file = *menuBar()->addMenu(HostText(kHostTextMenuFile));
   AddEntry(file, kHostTextMenuRefreshAll, [this] {
     SendToFrame(kMessageRefreshAll);
@@ -85,7 +85,7 @@ void HostWindow::MakeMenu() {
   AddEntry(file, kHostTextMenuSettings, [this] { SendToFrame(kMessageOpenPanel); });
   file.addSeparator();
   AddEntry(file, kHostTextMenuQuit, [this] { close(); }).setShortcut(Qt::CTRL | Qt::Key_Q);
-  MakeViewMenu();
+  MakeViewMenu(opensLinksOutside);
   QMenu& help = *menuBar()->addMenu(HostText(kHostTextMenuHelp));
   AddEntry(help, kHostTextMenuAbout, [this] { ShowAbout(); });
 }
@@ -98,7 +98,7 @@ QAction& HostWindow::AddEntry(QMenu& menu, const char* textKey, const std::funct
   return action;
 }
 
-void HostWindow::MakeViewMenu() {
+void HostWindow::MakeViewMenu(bool opensLinksOutside) {
   QMenu& view = *menuBar()->addMenu(HostText(kHostTextMenuView));
   auto& skins = *new QActionGroup(this);
   AddAppearance(view, skins, kHostTextMenuLightSkin, {kLightSkin, appearance_.language});
@@ -107,6 +107,11 @@ void HostWindow::MakeViewMenu() {
   auto& languages = *new QActionGroup(this);
   AddAppearance(view, languages, kHostTextMenuKorean, {appearance_.skin, "KOR"});
   AddAppearance(view, languages, kHostTextMenuEnglish, {appearance_.skin, "ENG"});
+  view.addSeparator();
+  QAction& outside = *view.addAction(HostText(kHostTextMenuLinksOutside));
+  outside.setCheckable(true);
+  outside.setChecked(opensLinksOutside);
+  connect(&outside, &QAction::toggled, this, &HostWindow::LinksOutsideChosen);
 }
 
 void HostWindow::AddAppearance(QMenu& menu, QActionGroup& group, const char* textKey,

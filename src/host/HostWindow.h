@@ -31,7 +31,9 @@ class HostWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  explicit HostWindow(const QString& caption, Appearance appearance = {});
+  // `opensLinksOutside` is what the view menu shows at first.
+  explicit HostWindow(const QString& caption, Appearance appearance = {},
+                      bool opensLinksOutside = false);
 
   // The widget to hand to the module's Create as parent. The window owns it, and shows the texts
   // that the module sends to it in the status bar.
@@ -49,14 +51,16 @@ class HostWindow : public QMainWindow {
   void Closing();
   // The user has chosen another skin or language than the current one.
   void AppearanceChosen(const feedloom::Appearance& appearance);
+  // The user has chosen where links of posts open: in the system's browser, or in the pane.
+  void LinksOutsideChosen(bool opensOutside);
 
  protected:
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void MakeMenu();
-  void MakeViewMenu();
+  void MakeMenu(bool opensLinksOutside);
+  void MakeViewMenu(bool opensLinksOutside);
   QAction& AddEntry(QMenu& menu, const char* textKey, const std::function<void()>& run);
   // Adds an entry to the view menu that chooses `appearance`; `group` makes it exclusive.
   void AddAppearance(QMenu& menu, QActionGroup& group, const char* textKey,

@@ -19,6 +19,7 @@
 #include "skin/Keys.h"
 #include "store/Backup.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
+#include "ui/browser/EngineProxy.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
 #include "ui/notice/NoticeMotion.h"
@@ -105,6 +106,7 @@ void CRSS_MainFrame::EndRefresh() {
 
 void CRSS_MainFrame::BuildPanes() {
   setPalette(LoadSkinPalette(skin_));
+  UseProxyInEngine(ReadProxySettings(registry_));
   left_ = new CRSS_LeftContainer(*this, this);
   left_->setMinimumWidth(kLeftMinimumWidth);
   auto* const right = new VxSplitter(Qt::Vertical, this);

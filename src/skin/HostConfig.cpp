@@ -59,6 +59,11 @@ bool HostConfig::IsDebugMode() const {
   return registry_.ReadDword(kHostKey, kValueDebugMode).value_or(0) > 0;
 }
 
+bool HostConfig::OpensLinksOutside() const {
+  const auto value = registry_.ReadString(kHostKey, kValuePostLinks);
+  return value && EqualsIgnoringAsciiCase(*value, kLinksOutside);
+}
+
 std::string HostConfig::GetIniDir() const { return WithTrailingSeparator(Path(kValueIniDir)); }
 std::string HostConfig::GetImageIniPath() const { return JoinPath(GetIniDir(), "image.ini"); }
 std::string HostConfig::GetStringIniPath() const { return JoinPath(GetIniDir(), "string.ini"); }

@@ -37,6 +37,9 @@ class HostConfig {
   std::string GetOsType() const;
   bool IsDebugMode() const;
 
+  // Whether links of posts open in the system's browser, and the pane shows no web pages.
+  bool OpensLinksOutside() const;
+
   // The directory of the host's ini files, with a separator at the end, and the paths of its files.
   std::string GetIniDir() const;
   std::string GetImageIniPath() const;

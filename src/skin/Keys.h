@@ -58,7 +58,12 @@ inline constexpr char kValuePlatform[] = "CORVANE_PLATFORM";
 inline constexpr char kValueOsType[] = "CORVANE_OSTYPE";
 inline constexpr char kValueDebugMode[] = "Debug Mode";
 inline constexpr char kValueCodePage[] = "CODEPAGE";
+inline constexpr char kValuePostLinks[] = "POST_LINKS";            // kLinksInPane, kLinksOutside
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
+
+// The values of kValuePostLinks.
+inline constexpr char kLinksInPane[] = "PANE";
+inline constexpr char kLinksOutside[] = "SYSTEM";
 
 // The values of the module's registry key.
 inline constexpr char kValueFeedDeleteMode[] = "FeedDeleteMode";

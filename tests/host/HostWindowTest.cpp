@@ -62,13 +62,15 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   QObject::connect(window_.get(), &HostWindow::AppearanceChosen, [&](const Appearance& chosen) {
     told << QString::fromStdString(chosen.skin + " " + chosen.language);
   });
-  for (const char* entry :
-       {"어두운 화면(&D)", "한국어(&K)", "밝은 화면(&L)", "English(&E)", "끝내기(&Q)"}) {
+  QObject::connect(window_.get(), &HostWindow::LinksOutsideChosen,
+                   [&](bool outside) { told << (outside ? "outside" : "inside"); });
+  for (const char* entry : {"링크를 시스템 브라우저로 열기(&S)", "어두운 화면(&D)", "한국어(&K)",
+                            "밝은 화면(&L)", "English(&E)", "끝내기(&Q)"}) {
     for (auto* action : window_->findChildren<QAction*>())
       if (action->text() == entry) action->trigger();
   }
   QCoreApplication::processEvents();
-  EXPECT_EQ(told, QStringList({"light KOR", "dark ENG", "closing"}));
+  EXPECT_EQ(told, QStringList({"outside", "light KOR", "dark ENG", "closing"}));
 }
 
 TEST(CommandLine, GivesTheOptionsOrTheStatusToLeaveWith) {

@@ -45,9 +45,17 @@ TEST_F(HostConfigTest, WhatTheHostDoesNotSayIsTheDefault) {
   EXPECT_EQ(config_.GetModelName(), "Default");
   Set("CORVANE_DISPLAY_MODELNAME", "");
   EXPECT_EQ(config_.GetModelName(), "");
+}
+
+TEST_F(HostConfigTest, TheCodePageIsKoreanLinksOpenInThePaneAndDebugModeIsOffUnlessTheHostSaysSo) {
   EXPECT_EQ(config_.GetCodePage(), CodePage::Korean());
   Set("CODEPAGE", "utf-8");
   EXPECT_EQ(config_.GetCodePage(), CodePage::Utf8());
+  EXPECT_FALSE(config_.OpensLinksOutside());
+  for (const auto& [value, isOutside] : {std::pair{"system", true}, {"PANE", false}}) {
+    Set("POST_LINKS", value);
+    EXPECT_EQ(config_.OpensLinksOutside(), isOutside);
+  }
   EXPECT_FALSE(config_.IsDebugMode());
   for (const std::uint32_t mode : {1u, 2u, 0u}) {
     ASSERT_TRUE(registry_.WriteDword(kHostKey, "Debug Mode", mode));

@@ -8,11 +8,14 @@
 #include <QWebEngineFindTextResult>
 #include <QWebEngineHistory>
 #include <QWebEngineProfile>
+#include <QWebEngineScript>
 #include <QWebEngineView>
 #include <algorithm>
 #include <array>
 
+#include "ui/browser/LinkStrip.h"
 #include "ui/browser/PageScheme.h"
+#include "ui/browser/PageScripts.h"
 #include "ui/browser/PostAddresses.h"
 #include "ui/browser/WebPage.h"
 
@@ -46,9 +49,11 @@ class CRSS_HtmlView::Engine {
   explicit Engine(Callbacks callbacks)
       : crashPage(std::move(callbacks.crashPage)),
         styleSheet(std::move(callbacks.styleSheet)),
+        frameText(std::move(callbacks.frameText)),
         scheme(std::move(callbacks.skinDir), nullptr),
         downloads(profile, WithPermission(std::move(callbacks.askSavePath)), nullptr),
         page(&profile, scheme.Pages(), nullptr) {
+    page.SetOpensOutside(std::move(callbacks.opensOutside));
     profile.installUrlSchemeHandler(kPageScheme, &scheme);
     view.setPage(&page);
     view.setWindowTitle(QStringLiteral("Web Browser"));
@@ -66,14 +71,16 @@ class CRSS_HtmlView::Engine {
 
   const std::function<QByteArray(const QUrl& crashed)> crashPage;
   const std::function<QString()> styleSheet;
+  const std::function<QString(const FrameLink& link)> frameText;
   std::unique_ptr<QPrinter> printer;  // null when no print is in progress
   PageSchemeHandler scheme;
   QWebEngineProfile profile;
   Downloads downloads;
   WebPage page;
   QWebEngineView view;
-  int host = 0;            // the host number of generated pages
-  qsizetype pageSize = 0;  // of the generated page that was requested last
+  LinkStrip* strip = nullptr;  // a child of the view
+  int host = 0;                // the host number of generated pages
+  qsizetype pageSize = 0;      // of the generated page that was requested last
 };
 
 CRSS_HtmlView::CRSS_HtmlView(Callbacks callbacks, QWidget* parent)
@@ -82,6 +89,7 @@ CRSS_HtmlView::CRSS_HtmlView(Callbacks callbacks, QWidget* parent)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(&engine_->view);
   setFocusProxy(&engine_->view);
+  engine_->strip = new LinkStrip(this);
   Connect();
 }
 
@@ -93,6 +101,12 @@ void CRSS_HtmlView::Connect() {
   connect(page, &WebPage::Painted, this, &CRSS_HtmlView::PageShown);
   connect(page, &WebPage::Changed, this, &CRSS_HtmlView::ApplyZoom);
   connect(page, &WebPage::Changed, this, &CRSS_HtmlView::Changed);
+  connect(page, &WebPage::FramesFound, this, &CRSS_HtmlView::ReplaceFrames);
+  connect(page, &QWebEnginePage::linkHovered, this, [this](const QString& link) {
+    const QUrl meant = engine_->page.Meant(QUrl(link));
+    engine_->strip->Show(IsGenerated(meant) ? QUrl() : meant);
+  });
+  connect(page, &QWebEnginePage::loadStarted, this, [this] { engine_->strip->hide(); });
   connect(page, &WebPage::Completed, this, &CRSS_HtmlView::Completed);
   connect(page, &WebPage::FeedsFound, this, &CRSS_HtmlView::FeedsFound);
   connect(page, &WebPage::Reported, this, &CRSS_HtmlView::Reported);
@@ -165,6 +179,25 @@ bool CRSS_HtmlView::IsLoading() const { return engine_->page.IsLoading(); }
 bool CRSS_HtmlView::IsDownloading() const { return engine_->downloads.AreUnderWay(); }
 
 bool CRSS_HtmlView::IsWritten() const { return engine_->page.Generated().has_value(); }
+
+std::optional<PlayedMedia> CRSS_HtmlView::Played() const {
+  const auto page = engine_->page.Generated();
+  if (!page || page->kind != PageKind::Player) return {};
+  return PlayedMedia{page->title, page->source};
+}
+
+// A post's page shows no frame: for one of a known kind a link to it appears instead.
+void CRSS_HtmlView::ReplaceFrames(const QStringList& frames) {
+  const auto page = engine_->page.Generated();
+  if (!page || page->kind == PageKind::Player) return;
+  QList<FrameLine> lines;
+  for (const QString& frame : frames) {
+    const auto link = LinkForFrame(engine_->page.Meant(QUrl(frame)));
+    if (link && engine_->frameText) lines.append({frame, link->page, engine_->frameText(*link)});
+  }
+  if (lines.isEmpty()) return;
+  engine_->page.runJavaScript(ReplaceFramesScript(lines), QWebEngineScript::ApplicationWorld);
+}
 
 QUrl CRSS_HtmlView::Address() const {
   const QUrl url = engine_->page.url();

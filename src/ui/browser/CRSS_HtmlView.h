@@ -5,10 +5,13 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "ui/browser/BrowserReport.h"
 #include "ui/browser/Downloads.h"
 #include "ui/browser/FeedLinks.h"
+#include "ui/browser/FrameLinks.h"
+#include "ui/browser/MediaBar.h"
 #include "ui/browser/NavigationRules.h"
 #include "ui/browser/PageRules.h"
 
@@ -46,6 +49,10 @@ class CRSS_HtmlView : public QWidget {
     // Returns the path of the style sheet for generated pages, a file in skinDir; empty for none.
     std::function<QString()> styleSheet = [] { return QString(); };
     AskSavePath askSavePath;
+    // Returns whether all but generated pages open in the system's browser.
+    std::function<bool()> opensOutside = [] { return false; };
+    // Returns the text of the line that stands for a frame in a post.
+    std::function<QString(const FrameLink& link)> frameText = {};
   };
   // A callback is called each time its value is needed, on the interface thread. `parent` owns the
   // view.
@@ -73,6 +80,8 @@ class CRSS_HtmlView : public QWidget {
   bool IsDownloading() const;
   // Whether the page on display is a generated one.
   bool IsWritten() const;
+  // What the page on display plays; none unless it is a player's page.
+  std::optional<PlayedMedia> Played() const;
   // The address of the page on display; empty for a generated page and for the main page.
   QUrl Address() const;
   // Like Address(), but for the generated page of a post the address of the post.
@@ -113,6 +122,7 @@ class CRSS_HtmlView : public QWidget {
 
   void Connect();
   void ShowCrash();
+  void ReplaceFrames(const QStringList& frames);
   void ApplyZoom();
 
   const std::unique_ptr<Engine> engine_;

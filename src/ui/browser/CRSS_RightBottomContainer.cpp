@@ -5,19 +5,23 @@
 #include <QPointer>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <map>
 
 #include "skin/Keys.h"
 #include "ui/Frame.h"
 #include "ui/browser/CRSS_HtmlView.h"
 #include "ui/browser/CRSS_RightBottomToolBarWnd.h"
+#include "ui/browser/DisplayedAddress.h"
 #include "ui/browser/FeedMenu.h"
 #include "ui/browser/FindBar.h"
+#include "ui/browser/MediaBar.h"
 #include "ui/browser/PageButtons.h"
 #include "ui/browser/PageCommands.h"
 #include "ui/browser/PageScheme.h"
 #include "ui/browser/PostPages.h"
 #include "ui/browser/StatusTexts.h"
 #include "vxctrl/QtText.h"
+#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {
@@ -40,6 +44,14 @@ bool TellsProgress(BrowserReport report) {
   return HasEnded(report) || report == BrowserReport::Loading || report == BrowserReport::Hovered;
 }
 
+QString FrameText(const Frame& frame, const FrameLink& link) {
+  static const std::map<FrameKind, const char*> kKeys = {{FrameKind::Video, kTextFrameVideo},
+                                                         {FrameKind::Sound, kTextFrameSound},
+                                                         {FrameKind::Map, kTextFrameMap}};
+  return SkinText(frame.GetSkin(), kKeys.at(link.kind))
+      .replace("%s", DisplayAddress(link.page).text);
+}
+
 CRSS_HtmlView::Callbacks MakeCallbacks(Frame& frame) {
   return {.skinDir = [&frame] { return FilePath(frame.GetSkin().Config().GetImageDir()); },
           .crashPage = [&frame](const QUrl& crashed) { return MakeCrashPage(frame, crashed); },
@@ -48,7 +60,9 @@ CRSS_HtmlView::Callbacks MakeCallbacks(Frame& frame) {
               [&frame](const QString& name) {
                 const auto ask = frame.GetActions().askDownloadPlace;
                 return ask ? ask(name) : QString();
-              }};
+              },
+          .opensOutside = [&frame] { return frame.GetSkin().Config().OpensLinksOutside(); },
+          .frameText = [&frame](const FrameLink& link) { return FrameText(frame, link); }};
 }
 
 }  // namespace
@@ -67,20 +81,22 @@ CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* pare
       page_(new QWidget(this)),
       view_(new CRSS_HtmlView(MakeCallbacks(frame), page_)),
       findBar_(new FindBar(frame.GetSkin(), page_)),
+      mediaBar_(new MediaBar(frame.GetSkin(), page_)),
       commands_(std::make_unique<PageCommands>(frame, *view_, *findBar_)) {
   auto* const layout = new QVBoxLayout(page_);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(view_, 1);
+  layout->addWidget(mediaBar_);
   layout->addWidget(findBar_);
   setFocusProxy(view_);
   connect(toolbar_, &CRSS_RightBottomToolBarWnd::Commanded, this, &CRSS_RightBottomContainer::Run);
   connect(toolbar_, &CRSS_RightBottomToolBarWnd::AddressLeft, this, [this] {
     view_->setFocus();
-    toolbar_->SetAddress(shownAddress_.toDisplayString());
+    toolbar_->SetAddress(shownAddress_);
   });
   ConnectView();
-  ConnectFindBar();
+  ConnectBars();
   SetUpKeys();
   toolbar_->Enable(kBrowserFeed, false);
   UpdateToolBar();
@@ -118,9 +134,11 @@ void CRSS_RightBottomContainer::ConnectView() {
           });
 }
 
-void CRSS_RightBottomContainer::ConnectFindBar() {
+void CRSS_RightBottomContainer::ConnectBars() {
   connect(findBar_, &FindBar::Wanted, view_, &CRSS_HtmlView::Find);
   connect(view_, &CRSS_HtmlView::FoundInPage, findBar_, &FindBar::SetResult);
+  connect(mediaBar_, &MediaBar::PlayerWanted, this,
+          [this](const QUrl& media) { commands_->OpenInPlayer(media); });
   connect(findBar_, &FindBar::Closed, this, [this] { view_->setFocus(); });
 }
 
@@ -180,14 +198,21 @@ void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
   const QString address = ToQString(frame_.GetStore().TextCodePage(), post.link);
   const QUrl link(address);
   // The link of a hostile post may name a local file, or a button of the previous page.
-  if (mode_ == 1 || !IsWebAddress(link) || ParsePageAction(address)) {
+  const bool hasPage = IsWebAddress(link) && !ParsePageAction(address);
+  const bool isPodcast = post.isPodcast == 1;
+  if (mode_ == 1 || !hasPage || (OpensOutside() && !isPodcast)) {
     WritePage(MakePreview(frame_, post));
-  } else if (post.isPodcast == 1) {
+  } else if (isPodcast) {
     WritePage(MakePlayer(frame_, post));
   } else {
-    toolbar_->SetAddress(address);
+    toolbar_->SetAddress(link);
     view_->Navigate(link);
   }
+}
+
+// The pane then shows the module's own pages only.
+bool CRSS_RightBottomContainer::OpensOutside() const {
+  return frame_.GetSkin().Config().OpensLinksOutside();
 }
 
 void CRSS_RightBottomContainer::WritePage(const PageToWrite& page) {
@@ -224,10 +249,10 @@ void CRSS_RightBottomContainer::Go() {
   const QUrl url = CompleteAddress(typed);
   if (const auto action = ParsePageAction(typed)) {
     view_->Act(*action);
-  } else if (IsForBrowser(url)) {
+  } else if (IsForBrowser(url) && !OpensOutside()) {
     view_->Navigate(url);
     view_->setFocus();
-  } else if (url.scheme() == QLatin1String("mailto")) {
+  } else if (IsForBrowser(url) || url.scheme() == QLatin1String("mailto")) {
     commands_->OpenOutside(url);
   } else {
     frame_.ReportMessage(StatusText(frame_.GetSkin(), BrowserReport::LinkRefused, typed));
@@ -239,34 +264,40 @@ void CRSS_RightBottomContainer::UpdateToolBar() {
   toolbar_->Enable(kBrowserNext, view_->CanGoForward());
   toolbar_->Enable(kBrowserStop, view_->IsLoading() || view_->IsDownloading());
   if (view_->IsWritten()) toolbar_->Enable(kBrowserFeed, false);
+  mediaBar_->Show(view_->Played());
   // While a page is loading the box keeps the requested address.
   const QUrl address = view_->Address();
   if (view_->IsLoading() && address == shownAddress_) return;
   shownAddress_ = address;
-  if (!toolbar_->IsAddressEdited()) toolbar_->SetAddress(address.toDisplayString());
+  if (!toolbar_->IsAddressEdited()) toolbar_->SetAddress(address);
 }
 
 // The feeds that the page announces.
 
 void CRSS_RightBottomContainer::ForgetFeeds() {
   frame_.State().discoveredFeeds.clear();
+  frame_.State().discoveredAtomFeeds.clear();
   toolbar_->Enable(kBrowserFeed, false);
 }
 
 void CRSS_RightBottomContainer::KeepFeeds(const AnnouncedFeeds& feeds) {
   const CodePage codePage = frame_.GetStore().TextCodePage();
-  auto& discovered = frame_.State().discoveredFeeds;
+  SharedState& state = frame_.State();
   for (const FeedLink& link : feeds.links) {
-    const QString address = ResolveFeedLink(link.href, feeds.domain, feeds.documentUrl);
-    discovered.push_back({FromQString(codePage, link.title), FromQString(codePage, address)});
+    const QString address =
+        link.isAtom ? link.resolved : ResolveFeedLink(link.href, feeds.domain, feeds.documentUrl);
+    auto& group = link.isAtom ? state.discoveredAtomFeeds : state.discoveredFeeds;
+    group.push_back({FromQString(codePage, link.title), FromQString(codePage, address),
+                     FromQString(codePage, link.resolved)});
   }
-  toolbar_->Enable(kBrowserFeed, !discovered.empty());
+  toolbar_->Enable(kBrowserFeed, !feeds.links.isEmpty());
 }
 
 void CRSS_RightBottomContainer::OfferFeeds() {
   ShowFeedMenu(
-      frame_.State().discoveredFeeds, frame_.GetStore().TextCodePage(),
-      frame_.GetActions().addChannel != nullptr, toolbar_->FeedButtonPlace(), this,
+      {frame_.State().discoveredFeeds, frame_.State().discoveredAtomFeeds},
+      frame_.GetStore().TextCodePage(), frame_.GetActions().addChannel != nullptr,
+      toolbar_->FeedButtonPlace(), this,
       [this](const std::string& address) { frame_.AddChannel(address); },
       [this] { toolbar_->FocusFeedButton(); });
 }

@@ -15,6 +15,7 @@ namespace feedloom {
 class CRSS_HtmlView;
 class CRSS_RightBottomToolBarWnd;
 class FindBar;
+class MediaBar;
 class Frame;
 class PageCommands;
 enum BrowserCommand : int;
@@ -64,7 +65,7 @@ class CRSS_RightBottomContainer : public QWidget {
   bool IsOnDisplay(const ShownPost& shown) const;
   void NotePageShown();
   void ConnectView();
-  void ConnectFindBar();
+  void ConnectBars();
   void SetUpKeys();
   void Run(BrowserCommand command);
   void Go();
@@ -73,13 +74,15 @@ class CRSS_RightBottomContainer : public QWidget {
   void ForgetFeeds();
   void KeepFeeds(const AnnouncedFeeds& feeds);
   void OfferFeeds();
+  bool OpensOutside() const;
 
   Frame& frame_;
   const PaneFrame border_;
   CRSS_RightBottomToolBarWnd* const toolbar_;
-  QWidget* const page_;  // the view, and the find bar below it
+  QWidget* const page_;  // the view, and the two bars below it
   CRSS_HtmlView* const view_;
   FindBar* const findBar_;
+  MediaBar* const mediaBar_;
   const std::unique_ptr<PageCommands> commands_;
   int mode_ = 1;
   std::optional<ShownPost> shownPost_;

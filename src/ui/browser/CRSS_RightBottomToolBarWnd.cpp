@@ -7,9 +7,9 @@
 #include <iterator>
 
 #include "skin/Keys.h"
+#include "ui/browser/AddressBox.h"
 #include "vxctrl/AccessibleRole.h"
 #include "vxctrl/CButtonEx.h"
-#include "vxctrl/CVxEdit.h"
 #include "vxctrl/SkinFont.h"
 #include "vxctrl/SkinText.h"
 
@@ -39,8 +39,8 @@ constexpr ButtonKeys kButtons[] = {
 };
 constexpr BrowserCommand kFirstBehindAddress = kBrowserGo;
 
-CVxEdit* MakeAddress(const Skin& skin, QWidget* parent) {
-  auto* address = new CVxEdit(skin, parent);
+AddressBox* MakeAddress(const Skin& skin, QWidget* parent) {
+  auto* address = new AddressBox(skin, parent);
   address->setAccessibleName(SkinText(skin, kTextAddress));
   return address;
 }
@@ -82,13 +82,7 @@ void CRSS_RightBottomToolBarWnd::Enable(BrowserCommand command, bool isEnabled) 
 
 QString CRSS_RightBottomToolBarWnd::Address() const { return address_->text(); }
 
-void CRSS_RightBottomToolBarWnd::SetAddress(const QString& address) {
-  const bool isAnother = address != address_->text();
-  if (isAnother) address_->setText(address);
-  address_->setModified(false);
-  // The beginning of a long address shows the host of the page.
-  if (isAnother || !HasAddressKeyboard()) address_->setCursorPosition(0);
-}
+void CRSS_RightBottomToolBarWnd::SetAddress(const QUrl& address) { address_->Show(address); }
 
 // True also while another window is active: the user may look up there what to type.
 bool CRSS_RightBottomToolBarWnd::HasAddressKeyboard() const {

@@ -6,10 +6,11 @@
 #include "vxctrl/SkinPieces.h"
 
 class QAbstractButton;
+class QUrl;
 
 namespace feedloom {
 
-class CVxEdit;
+class AddressBox;
 class Skin;
 
 // The commands of the browser's toolbar.
@@ -40,7 +41,8 @@ class CRSS_RightBottomToolBarWnd : public QWidget {
 
   // The text in the address box; may be empty.
   QString Address() const;
-  void SetAddress(const QString& address);
+  // Shows `address` as DisplayAddress does.
+  void SetAddress(const QUrl& address);
   // Whether the user has typed into the box since SetAddress and the box still has the focus.
   bool IsAddressEdited() const;
   // Moves the focus to the address box and selects its text.
@@ -68,7 +70,7 @@ class CRSS_RightBottomToolBarWnd : public QWidget {
   const QSize size_;
   const ThreePieces background_;
   std::vector<QAbstractButton*> buttons_;  // from left to right
-  CVxEdit* address_;
+  AddressBox* address_;
 };
 
 }  // namespace feedloom

@@ -6,10 +6,12 @@
 
 namespace feedloom {
 
-// A feed link as the page's source has it.
+// A feed link as the page's source has it, and its address as the browser engine resolves it.
 struct FeedLink {
   QString title;
   QString href;
+  QString resolved;
+  bool isAtom = false;
 };
 
 // The feed links of a page, and what is needed to resolve them.

@@ -1,5 +1,7 @@
 #include "ui/browser/NavigationRules.h"
 
+#include <QUrlQuery>
+
 #include "platform/Text.h"
 #include "ui/browser/PageRules.h"
 
@@ -34,6 +36,32 @@ NavigationVerdict JudgeLink(const Navigation& navigation) {
   return MayFollow(navigation) ? NavigationVerdict::Follow : NavigationVerdict::Report;
 }
 
+NavigationVerdict JudgePage(const Navigation& navigation) {
+  const bool isAction = ParsePageAction(navigation.to.toString(QUrl::FullyEncoded)).has_value();
+  switch (navigation.cause) {
+    case NavigationCause::Command:
+      return isAction ? NavigationVerdict::Report : NavigationVerdict::Follow;
+    case NavigationCause::Link:
+      return isAction ? NavigationVerdict::Act : JudgeLink(navigation);
+    case NavigationCause::Server:
+    case NavigationCause::Page:
+      break;
+  }
+  const bool mayNavigate =
+      navigation.cause == NavigationCause::Server || !IsGenerated(navigation.from);
+  return mayNavigate && !isAction && MayFollow(navigation) ? NavigationVerdict::Follow
+                                                           : NavigationVerdict::Refuse;
+}
+
+// Only a generated page, in which no script can feign a click, opens other programs by a link.
+NavigationVerdict JudgeOutside(const Navigation& navigation) {
+  const bool isUsers =
+      navigation.cause == NavigationCause::Command || navigation.cause == NavigationCause::Link;
+  if (!isUsers) return NavigationVerdict::Refuse;
+  return navigation.from.isEmpty() || IsGenerated(navigation.from) ? NavigationVerdict::OpenOutside
+                                                                   : NavigationVerdict::Report;
+}
+
 }  // namespace
 
 std::optional<PageAction> ParsePageAction(const QString& target) {
@@ -57,20 +85,9 @@ QStringList ElementIds(const PageAction& action) {
 
 NavigationVerdict Judge(const Navigation& navigation) {
   if (!navigation.isMainFrame) return JudgeFrame(navigation);
-  const bool isAction = ParsePageAction(navigation.to.toString(QUrl::FullyEncoded)).has_value();
-  switch (navigation.cause) {
-    case NavigationCause::Command:
-      return isAction ? NavigationVerdict::Report : NavigationVerdict::Follow;
-    case NavigationCause::Link:
-      return isAction ? NavigationVerdict::Act : JudgeLink(navigation);
-    case NavigationCause::Server:
-    case NavigationCause::Page:
-      break;
-  }
-  const bool mayNavigate =
-      navigation.cause == NavigationCause::Server || !IsGenerated(navigation.from);
-  return mayNavigate && !isAction && MayFollow(navigation) ? NavigationVerdict::Follow
-                                                           : NavigationVerdict::Refuse;
+  const NavigationVerdict verdict = JudgePage(navigation);
+  const bool goesOutside = navigation.opensOutside && !IsGenerated(navigation.to);
+  return goesOutside && verdict == NavigationVerdict::Follow ? JudgeOutside(navigation) : verdict;
 }
 
 bool IsWebAddress(const QUrl& url) {
@@ -78,6 +95,19 @@ bool IsWebAddress(const QUrl& url) {
 }
 
 QUrl CompleteAddress(const QString& typed) { return QUrl::fromUserInput(typed); }
+
+QUrl ForOtherPrograms(const QUrl& url) {
+  if (url.scheme() != QLatin1String("mailto")) return url;
+  static const QStringList kFields = {"to", "cc", "bcc", "subject", "body"};
+  QUrlQuery kept;
+  for (const auto& [name, value] : QUrlQuery(url).queryItems(QUrl::FullyEncoded)) {
+    const QString field = QUrl::fromPercentEncoding(name.toLatin1()).toLower();
+    if (kFields.contains(field)) kept.addQueryItem(field, value);
+  }
+  QUrl mail = url.adjusted(QUrl::RemoveQuery | QUrl::RemoveFragment);
+  if (!kept.isEmpty()) mail.setQuery(kept);
+  return mail;
+}
 
 bool IsForBrowser(const QUrl& url) { return IsWebAddress(url) || url.isLocalFile(); }
 

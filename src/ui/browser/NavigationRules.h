@@ -37,6 +37,7 @@ struct Navigation {
   NavigationCause cause = NavigationCause::Page;
   bool isMainFrame = true;
   bool isFromPlayer = false;  // `from` is a generated page that plays a media file
+  bool opensOutside = false;  // the user wants all but generated pages in the system's browser
 };
 
 enum class NavigationVerdict {
@@ -47,8 +48,9 @@ enum class NavigationVerdict {
   Report,       // stay on the page and report it, because the user has clicked
 };
 
-// A command may lead anywhere except to a button's address. The verdict on a frame is Follow or
-// Refuse.
+// A command may lead anywhere except to a button's address. When `opensOutside`, a generated page
+// leads outside instead of to another page; a web page that is still on display leads nowhere. The
+// verdict on a frame is Follow or Refuse.
 NavigationVerdict Judge(const Navigation& navigation);
 
 // Whether the scheme is http or https.
@@ -57,6 +59,10 @@ bool IsWebAddress(const QUrl& url);
 // The address for the text `typed`, completed as browsers do ("example.com"). It may have any
 // scheme; it is invalid when the text is no address.
 QUrl CompleteAddress(const QString& typed);
+
+// What of `url` other programs get: of a mailto address the recipients, the subject and the text. A
+// mail program might attach a file of the user to the mail, if it were told to.
+QUrl ForOtherPrograms(const QUrl& url);
 
 // Whether the browser may open an address that the user has typed: a web page or a file.
 bool IsForBrowser(const QUrl& url);

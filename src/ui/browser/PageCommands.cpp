@@ -1,9 +1,11 @@
 #include "ui/browser/PageCommands.h"
 
 #include <QClipboard>
+#include <QFile>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QPrinter>
+#include <QSaveFile>
 
 #include "skin/Labels.h"
 #include "ui/Frame.h"
@@ -64,9 +66,21 @@ void PageCommands::Run(int command, const MenuTarget& target) {
 
 void PageCommands::OpenOutside(const QUrl& address) {
   const auto& open = frame_.GetActions().openOutside;
-  if (open && open(address)) return;
-  frame_.ReportMessage(
-      StatusText(frame_.GetSkin(), BrowserReport::NoOutsideProgram, address.toDisplayString()));
+  if (open && open(ForOtherPrograms(address))) return;
+  frame_.ReportMessage(StatusText(frame_.GetSkin(), BrowserReport::NoOutsideProgram,
+                                  address.toString(QUrl::FullyEncoded)));
+}
+
+// The system knows its player by a playlist: for the address alone it would start its browser.
+void PageCommands::OpenInPlayer(const QUrl& media) {
+  const std::string folder = frame_.GetSkin().Config().GetWorkDir();
+  QSaveFile list(QFile::decodeName((folder + "/player.m3u").c_str()));
+  const auto& open = frame_.GetActions().openOutside;
+  const bool isWritten = !folder.empty() && list.open(QIODevice::WriteOnly) &&
+                         list.write(media.toEncoded(QUrl::RemoveUserInfo) + '\n') > 0 &&
+                         list.commit();
+  if (isWritten && open && open(QUrl::fromLocalFile(list.fileName()))) return;
+  OpenOutside(media);
 }
 
 void PageCommands::Print() {

@@ -22,6 +22,8 @@ class PageCommands {
 
   // Opens the address in another program of the system; reports a failure in the status text.
   void OpenOutside(const QUrl& address);
+  // Plays the media file at the web address `media` in the system's player.
+  void OpenInPlayer(const QUrl& media);
 
  private:
   QUrl AddressFor(const MenuTarget& target) const;

@@ -22,10 +22,12 @@ constexpr char kFindFeeds[] = R"((() => {
   const has = (link, name, value) => (link.getAttribute(name) || '').toLowerCase() === value;
   const domain = Object.getOwnPropertyDescriptor(Document.prototype, 'domain').get;
   const links = [...Document.prototype.querySelectorAll.call(document, 'link')]
-    .filter(link => has(link, 'rel', 'alternate') && has(link, 'type', 'application/rss+xml'))
+    .filter(link => has(link, 'rel', 'alternate') &&
+      (has(link, 'type', 'application/rss+xml') || has(link, 'type', 'application/atom+xml')))
     .slice(0, 200);
   return [location.href, domain.call(document)].concat(
-    links.map(link => [link.getAttribute('title') || '', link.getAttribute('href') || '']));
+    links.map(link => [link.getAttribute('title') || '', link.getAttribute('href') || '',
+                       link.href, has(link, 'type', 'application/atom+xml') ? 'atom' : 'rss']));
 })())";
 
 constexpr char kWatchPage[] = R"((() => {
@@ -69,6 +71,30 @@ constexpr char kFindPictures[] = R"((() => {
     if (image.complete && image.naturalWidth === 0) lookThere(image);
 })())";
 
+constexpr char kFindFrames[] = R"((() => {
+  if (location.protocol !== 'feedloom:') return;
+  const frames = [...Document.prototype.querySelectorAll.call(document, 'iframe,embed,object')];
+  const addresses = frames.slice(0, 100).map(frame => frame.src || frame.data)
+    .filter(address => /^(https?|feedloom):/.test(address));
+  if (addresses.length > 0) console.log('%1' + JSON.stringify(addresses));
+})())";
+
+constexpr char kReplaceFrames[] = R"((lines => {
+  const make = name => Document.prototype.createElement.call(document, name);
+  const found = new Map(lines.map(([frame, page, text]) => [frame, {page, text}]));
+  for (const frame of
+       Document.prototype.querySelectorAll.call(document, 'iframe,embed,object')) {
+    const line = found.get(frame.src || frame.data);
+    if (line === undefined) continue;
+    const link = make('a');
+    link.href = line.page;
+    link.textContent = line.text;
+    const block = make('p');
+    block.append(link);
+    frame.replaceWith(block);
+  }
+}))";
+
 // When the second animation frame begins, the first one has been submitted for display.
 constexpr char kTellWhenDrawn[] =
     "requestAnimationFrame(() => requestAnimationFrame(() => console.log('%1')))";
@@ -90,7 +116,7 @@ AnnouncedFeeds ReadFeeds(const QVariant& result) {
   feeds.domain = values[1].toString();
   for (const QVariant& link : values.mid(2)) {
     const QStringList parts = link.toStringList();
-    feeds.links.append({parts.value(0), parts.value(1)});
+    feeds.links.append({parts.value(0), parts.value(1), parts.value(2), parts.value(3) == "atom"});
   }
   return feeds;
 }
@@ -106,6 +132,16 @@ QString IsImageLinkScript() {
 
 QString WatchPageScript(const QString& noRefreshMark, const QString& refusedMark) {
   return QString(kWatchPage).arg(noRefreshMark, refusedMark);
+}
+
+QString FindFramesScript(const QString& mark) { return QString(kFindFrames).arg(mark); }
+
+QString ReplaceFramesScript(const QList<FrameLine>& lines) {
+  QJsonArray list;
+  for (const FrameLine& line : lines)
+    list.append(QJsonArray{line.frame, line.page.toString(QUrl::FullyEncoded), line.text});
+  return kReplaceFrames +
+         QStringLiteral("(%1)").arg(QString::fromUtf8(QJsonDocument(list).toJson()));
 }
 
 QString FindPicturesScript() { return kFindPictures; }

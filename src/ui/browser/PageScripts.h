@@ -3,8 +3,10 @@
 // that member; so the scripts call the members of Document.prototype.
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 #include <QVariant>
 
 #include "ui/browser/FeedLinks.h"
@@ -16,7 +18,8 @@ namespace feedloom {
 // an element.
 QString GetElementValuesScript(const QStringList& ids);
 
-// Evaluates to the argument of ReadFeeds: the first 200 links of the type "application/rss+xml".
+// Evaluates to the argument of ReadFeeds: the first 200 links of the types "application/rss+xml"
+// and "application/atom+xml".
 QString FindFeedsScript();
 AnnouncedFeeds ReadFeeds(const QVariant& result);
 
@@ -36,6 +39,20 @@ QString WatchPageScript(const QString& noRefreshMark, const QString& refusedMark
 // Runs when a page is ready: a picture of a generated page that the module does not have is asked
 // for at the page's source, against which its address is resolved.
 QString FindPicturesScript();
+
+// Runs when a page is ready: writes `mark` and a JSON list of the addresses of its frames to the
+// console of a generated page that has any.
+QString FindFramesScript(const QString& mark);
+
+// A line with a link to `page`, in place of the frame at the address `frame`.
+struct FrameLine {
+  QString frame;
+  QUrl page;
+  QString text;
+};
+
+// Replaces these frames of the page.
+QString ReplaceFramesScript(const QList<FrameLine>& lines);
 
 // Writes `mark` to the page's console when the page has been drawn.
 QString TellWhenDrawnScript(const QString& mark);

@@ -2,6 +2,7 @@
 
 #include "skin/Keys.h"
 #include "skin/Skin.h"
+#include "ui/browser/DisplayedAddress.h"
 #include "vxctrl/QtText.h"
 #include "vxctrl/SkinText.h"
 
@@ -13,12 +14,18 @@ std::string Fill(const Skin& skin, const char* key, const QString& text, const Q
                      SkinText(skin, key).replace("%d", number).replace("%s", text));
 }
 
+// An address as the address box shows it; what the user has typed as it is.
+QString Shown(const QString& text) {
+  const QUrl url(text);
+  return url.isValid() && !url.scheme().isEmpty() ? DisplayAddress(url).text : text;
+}
+
 }  // namespace
 
 std::string StatusText(const Skin& skin, BrowserReport report, const QString& detail) {
   switch (report) {
     case BrowserReport::Hovered:
-      return FromQString(skin.Config().GetCodePage(), detail);
+      return FromQString(skin.Config().GetCodePage(), Shown(detail));
     case BrowserReport::Loading:
       return Fill(skin, kTextPageLoading, {}, detail);
     case BrowserReport::Loaded:
@@ -28,9 +35,9 @@ std::string StatusText(const Skin& skin, BrowserReport report, const QString& de
     case BrowserReport::Stopped:
       return {};
     case BrowserReport::LinkRefused:
-      return Fill(skin, kTextLinkRefused, detail, {});
+      return Fill(skin, kTextLinkRefused, Shown(detail), {});
     case BrowserReport::NoOutsideProgram:
-      return Fill(skin, kTextNoOutsideProgram, detail, {});
+      return Fill(skin, kTextNoOutsideProgram, Shown(detail), {});
     case BrowserReport::PrintFailed:
       return skin.GetText(kSectionTexts, kTextPrintFailed);
   }

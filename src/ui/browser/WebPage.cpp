@@ -1,5 +1,6 @@
 #include "ui/browser/WebPage.h"
 
+#include <QJsonDocument>
 #include <QTimer>
 #include <QUuid>
 #include <QWebEngineLoadingInfo>
@@ -36,10 +37,12 @@ WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObjec
       pages_(pages),
       paintedMark_(QUuid::createUuid().toString()),
       refusedMark_(QUuid::createUuid().toString()),
-      noRefreshMark_(QUuid::createUuid().toString()) {
+      noRefreshMark_(QUuid::createUuid().toString()),
+      framesMark_(QUuid::createUuid().toString()) {
   SetUp(*settings());
   scripts().insert(OnReady(WatchPageScript(noRefreshMark_, refusedMark_)));
   scripts().insert(OnReady(FindPicturesScript()));
+  scripts().insert(OnReady(FindFramesScript(framesMark_)));
   connect(this, &QWebEnginePage::loadingChanged, this, &WebPage::OnLoading);
   connect(this, &QWebEnginePage::urlChanged, this, &WebPage::Changed);
   connect(this, &QWebEnginePage::newWindowRequested, this, &WebPage::OpenHere);
@@ -77,12 +80,18 @@ bool WebPage::acceptNavigationRequest(const QUrl& target, NavigationType type, b
                                  .to = cause == NavigationCause::Link ? Meant(target) : target,
                                  .cause = cause,
                                  .isMainFrame = isMainFrame,
-                                 .isFromPlayer = isPlayer && !AreScriptsAllowed()};
-  const bool isCrashedPage = isCrash && target == page->source;
+                                 .isFromPlayer = isPlayer && !AreScriptsAllowed(),
+                                 .opensOutside = opensOutside_()};
+  const bool isCrashedPage =
+      isCrash && target == page->source && (IsGenerated(target) || !navigation.opensOutside);
   const NavigationVerdict verdict = isCrashedPage ? NavigationVerdict::Follow : Judge(navigation);
-  if (verdict == NavigationVerdict::Follow && !IsMediaLink(navigation)) {
-    return Follow(navigation, target);
+  const bool mayOpen =
+      verdict == NavigationVerdict::Follow || verdict == NavigationVerdict::OpenOutside;
+  if (mayOpen && IsMediaLink(navigation)) {
+    PlayOrSaveMedia(navigation.to);
+    return false;
   }
+  if (verdict == NavigationVerdict::Follow) return Follow(navigation, target);
   HandleUnfollowed(navigation.to, verdict);
   return false;
 }
@@ -122,7 +131,7 @@ NavigationCause WebPage::CauseOf(const QUrl& target, NavigationType type) const 
 bool WebPage::IsMediaLink(const Navigation& navigation) const {
   const auto page = Generated();
   return page && page->kind == PageKind::Podcast && page->source == navigation.to &&
-         navigation.cause == NavigationCause::Link;
+         IsWebAddress(navigation.to) && navigation.cause == NavigationCause::Link;
 }
 
 void WebPage::Begin(const Navigation& navigation) {
@@ -147,7 +156,7 @@ void WebPage::Begin(const Navigation& navigation) {
 void WebPage::HandleUnfollowed(const QUrl& target, NavigationVerdict verdict) {
   switch (verdict) {
     case NavigationVerdict::Follow:
-      return PlayOrSaveMedia(target);
+      return;
     case NavigationVerdict::Act:
       forwardsStatus_ = false;
       return RunIfUserActive(
@@ -156,7 +165,7 @@ void WebPage::HandleUnfollowed(const QUrl& target, NavigationVerdict verdict) {
       emit OutsideWanted(target);
       return;
     case NavigationVerdict::Report:
-      emit Reported(BrowserReport::LinkRefused, target.toDisplayString());
+      emit Reported(BrowserReport::LinkRefused, target.toString(QUrl::FullyEncoded));
       return;
     case NavigationVerdict::Refuse:
       return;
@@ -200,8 +209,10 @@ void WebPage::PlayOrSaveMedia(const QUrl& media) {
 
 void WebPage::OpenHere(const QWebEngineNewWindowRequest& request) {
   if (!request.isUserInitiated()) return;
-  const Navigation navigation = {
-      .from = url(), .to = Meant(request.requestedUrl()), .cause = NavigationCause::Link};
+  const Navigation navigation = {.from = url(),
+                                 .to = Meant(request.requestedUrl()),
+                                 .cause = NavigationCause::Link,
+                                 .opensOutside = opensOutside_()};
   const NavigationVerdict verdict = Judge(navigation);
   if (verdict != NavigationVerdict::Follow) return HandleUnfollowed(navigation.to, verdict);
   // An empty window, which its opener would fill by script, would replace the opener.
@@ -266,6 +277,9 @@ void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QStr
     emit Painted();
   } else if (message.startsWith(noRefreshMark_)) {
     noRefreshPage_ = QUrl(message.mid(noRefreshMark_.size()));
+  } else if (message.startsWith(framesMark_)) {
+    const QByteArray list = message.mid(framesMark_.size()).toUtf8();
+    emit FramesFound(QJsonDocument::fromJson(list).toVariant().toStringList());
   } else if (message.startsWith(refusedMark_)) {
     emit Reported(BrowserReport::LinkRefused, message.mid(refusedMark_.size()));
   }

@@ -26,6 +26,11 @@ class WebPage : public QWebEnginePage {
   // `profile` and `pages` outlive the page.
   WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObject* parent);
 
+  // `opensOutside` returns whether all but generated pages open in the system's browser.
+  void SetOpensOutside(std::function<bool()> opensOutside) {
+    opensOutside_ = std::move(opensOutside);
+  }
+
   bool IsLoading() const { return isLoading_; }
   // Whether a navigation is pending: the next page is requested, but its answer has not begun.
   bool IsLeaving() const { return isLoading_ && url() != navigationTarget_; }
@@ -55,6 +60,8 @@ class WebPage : public QWebEnginePage {
   void Reported(feedloom::BrowserReport report, const QString& detail);
   // The user has pressed a button. `texts` are those of ElementIds(action), in order.
   void ActionClicked(const feedloom::PageAction& action, const QStringList& texts);
+  // The generated page on display has frames at these addresses.
+  void FramesFound(const QStringList& addresses);
   // The user has clicked a link that another program of the system opens.
   void OutsideWanted(const QUrl& url);
 
@@ -93,6 +100,8 @@ class WebPage : public QWebEnginePage {
   const QString paintedMark_;
   const QString refusedMark_;
   const QString noRefreshMark_;
+  const QString framesMark_;
+  std::function<bool()> opensOutside_ = [] { return false; };
   QUrl userNavigation_;          // the target of a Command or Link that is loading; otherwise empty
   bool isLoading_ = false;       // a navigation that was accepted has not ended
   bool isDrawn_ = true;          // the page of the latest navigation has been drawn

@@ -206,4 +206,18 @@ TEST_F(BrowserPane, AnAnswerOfAPageThatWasLeftIsDropped) {
   EXPECT_EQ(acted.count(), 0);
 }
 
+TEST_F(BrowserPane, TheAddresssHostStandsOutAndItsEndIsInViewUnlessTheUserIsInTheBox) {
+  const QString evil = "http://www.example.com." + QString("x.").repeated(99) + "evil.example";
+  view_.setFocus();
+  Address().setText("http://h.example/path");
+  const QImage plain = Address().grab().toImage();
+  toolbar_.SetAddress(QUrl("http://user@h.example/path"));
+  EXPECT_EQ(Address().text(), "http://h.example/path");
+  EXPECT_NE(Address().grab().toImage(), plain);
+  toolbar_.SetAddress(QUrl(evil + "/" + QString(300, 'y')));
+  EXPECT_EQ(Address().cursorPosition(), evil.size());
+  toolbar_.SetAddress(QUrl("http://h.example/" + QString(300, 'y')));
+  EXPECT_EQ(Address().cursorPosition(), 0);
+}
+
 }  // namespace feedloom

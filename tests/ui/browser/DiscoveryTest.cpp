@@ -36,6 +36,7 @@ TEST_F(Discovery, TakesTheRssLinksOfThePageItselfAndNoOthers) {
             "id=location></form>");
   ASSERT_TRUE(FindsFeeds());
   EXPECT_EQ(Found(), (Feeds{"One=http://127.0.0.1/one.xml", "=" + server_.Url("/a/up.xml")}));
+  EXPECT_EQ(frame_.state.discoveredFeeds[0].resolved, server_.Url("/one.xml"));
   Visit("/many", QByteArray::fromStdString(FeedLink("/f")).repeated(300).toStdString());
   EXPECT_TRUE(ComesTrue([&] { return Found().size() == 200; })) << "no menu shows more";
 }
@@ -59,14 +60,18 @@ TEST_F(Discovery, OnlyAnotherWebPageForgetsThoseBefore) {
 }
 
 TEST_F(Discovery, TheMenuOffersTheFeedsInOrderAndAddsTheChosenOne) {
-  Visit("/page", FeedLink("/one.xml", "Rock &amp; Roll") + FeedLink("/two.xml"));
+  Visit("/page", "<link rel=alternate type='application/atom+xml' title='" +
+                     std::string(20'000, 'x') + "' href='atom.xml'>" +
+                     FeedLink("/one.xml", "Rock &amp; Roll") + FeedLink("/two.xml"));
   ASSERT_TRUE(FindsFeeds());
   frame_.actions.addChannel = [](const std::string&, const std::string&) {};
   Button(kTextAddTooltip).click();
   QMenu& menu = *pane_.findChild<QMenu*>();
-  EXPECT_EQ(menu.actions()[0]->text(), "Rock && Roll");
-  EXPECT_EQ(menu.actions()[1]->text(), "http://127.0.0.1/two.xml");
-  menu.actions()[1]->trigger();
+  EXPECT_EQ(menu.actions()[1]->text(), "Rock && Roll");
+  EXPECT_EQ(menu.actions()[2]->text(), "http://127.0.0.1/two.xml");
+  const auto& atom = *menu.actions().back();
+  EXPECT_TRUE(menu.actions()[3]->isSeparator() && atom.text() == QString(79, 'x') + "…");
+  menu.actions()[2]->trigger();
   menu.close();
   EXPECT_TRUE(ComesTrue([&] { return !frame_.addedAddresses.empty(); }));
   EXPECT_EQ(frame_.addedAddresses, Feeds{"http://127.0.0.1/two.xml"});

@@ -1,10 +1,15 @@
 // What the user does with a page: its two buttons, the pane's menu and keys, mail addresses and
 // media files.
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenu>
 #include <QPrinter>
 
 #include "store/Cabinets.h"
 #include "ui/Commands.h"
 #include "ui/browser/BrowserFixture.h"
+#include "ui/browser/MediaBar.h"
 
 namespace feedloom {
 
@@ -107,7 +112,7 @@ TEST_F(PageCommandsTest, AddAsksForTheFeedWithTheHostsSchemeWhereItHasNone) {
 }
 
 TEST_F(PageCommandsTest, TheLinkUnderThePointerGoesBeforeThePageAndThePageStandsForItsPost) {
-  Show(Post("post", "/post", "<a id=l href='http://link.example/'>link</a>"));
+  Show(Post("post", "/post", "<a id=l href='//link.example/'>link</a>"));
   Menu("p", kCommandCopyAddress);
   EXPECT_EQ(Clipboard(), Url("/post"));
   Menu("#l", kCommandCopyAddress);
@@ -170,7 +175,7 @@ TEST_F(PageCommandsTest, PrintsThePageAsItStandsOrSaysThatItCannot) {
 }
 
 TEST_F(PageCommandsTest, AMailAddressGoesToTheSystemWhenTheUserClicks) {
-  Visit("/web", "<a id=m href='mailto:a@h'>m</a><script>m.click()</script>");
+  Visit("/web", "<a id=m href='mailto:a@h?attach=/etc/passwd'>m</a><script>m.click()</script>");
   LetEngineFinish();
   EXPECT_EQ(outside_, Texts());
   Click("#m");
@@ -197,6 +202,16 @@ TEST_F(PageCommandsTest, APodcastsIconSavesItsFileTheLinkOpensItAndThePlayerPlay
   const auto range = [this] { return server_.LastHeader("/moved.wav", "Range"); };
   EXPECT_TRUE(ComesTrue([&] { return range() == "bytes=0-"; })) << "it plays";
   EXPECT_EQ(Address().text(), "");
+  const auto& bar = *pane_.findChild<MediaBar*>();
+  EXPECT_TRUE(bar.isVisible());
+  EXPECT_EQ(bar.findChild<QLabel*>()->text(), "재생 중: Podcast");
+  frame_.skin.SetHostValue(kValueWorkDir, folder_.Path());
+  bar.findChild<QAbstractButton*>()->click();
+  EXPECT_EQ(outside_, Texts{"file://" + folder_.File("player.m3u")});
+  EXPECT_EQ(folder_.Read("player.m3u"), post.link + "\n");
+  pane_.SetMode(1);
+  Show(post);
+  EXPECT_FALSE(bar.isVisible());
 }
 
 }  // namespace feedloom

@@ -1,0 +1,21 @@
+// The frames that a post embeds, and which are not shown; pure functions, any thread.
+#pragma once
+
+#include <QUrl>
+#include <optional>
+
+namespace feedloom {
+
+enum class FrameKind { Video, Sound, Map };
+
+struct FrameLink {
+  FrameKind kind = FrameKind::Video;
+  QUrl page;  // shows by itself what the frame would show
+
+  bool operator==(const FrameLink&) const = default;
+};
+
+// What the frame at the address `frame` (http or https) would show; none when that is not known.
+std::optional<FrameLink> LinkForFrame(const QUrl& frame);
+
+}  // namespace feedloom

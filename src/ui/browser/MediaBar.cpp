@@ -1,0 +1,59 @@
+#include "ui/browser/MediaBar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QToolButton>
+
+#include "skin/Keys.h"
+#include "ui/browser/DisplayedAddress.h"
+#include "vxctrl/AccessibleRole.h"
+#include "vxctrl/SkinFont.h"
+#include "vxctrl/SkinText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kEdge = 8;            // left and right of the controls
+constexpr int kVerticalMargin = 3;  // above and below them
+
+}  // namespace
+
+MediaBar::MediaBar(const Skin& skin, QWidget* parent)
+    : QWidget(parent),
+      skin_(skin),
+      background_(LoadThreePieces(skin, kSectionRightBottom, kImageRightBottomLeft,
+                                  kImageRightBottomMiddle, kImageRightBottomRight)),
+      title_(new QLabel(this)) {
+  SetAccessibleRole(*this, QAccessible::ToolBar);
+  hide();
+  setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
+  title_->setTextFormat(Qt::PlainText);
+  title_->setMinimumWidth(1);  // a narrow pane cuts off the title, not the button
+  auto* const player = new QToolButton(this);
+  player->setText(SkinText(skin, kTextSystemPlayer));
+  player->setAutoRaise(true);
+  connect(player, &QAbstractButton::clicked, this, [this] { emit PlayerWanted(media_); });
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(kEdge, kVerticalMargin, kEdge, kVerticalMargin);
+  row->addWidget(title_, 1);
+  row->addWidget(player);
+}
+
+void MediaBar::Show(const std::optional<PlayedMedia>& media) {
+  setVisible(media.has_value());
+  if (!media) return;
+  media_ = media->address;
+  const QString name =
+      media->title.trimmed().isEmpty() ? DisplayAddress(media_).text : media->title;
+  title_->setText(SkinText(skin_, kTextPlaying).replace("%s", name));
+  setAccessibleName(title_->text());
+  title_->setToolTip(title_->text().toHtmlEscaped());
+}
+
+void MediaBar::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  DrawThreePieces(painter, rect(), background_);
+}
+
+}  // namespace feedloom
