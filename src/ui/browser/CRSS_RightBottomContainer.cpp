@@ -21,6 +21,7 @@
 #include "ui/browser/PostPages.h"
 #include "ui/browser/StatusTexts.h"
 #include "vxctrl/QtText.h"
+#include "vxctrl/SkinFont.h"
 #include "vxctrl/SkinText.h"
 
 namespace feedloom {
@@ -90,6 +91,7 @@ CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* pare
   layout->addWidget(mediaBar_);
   layout->addWidget(findBar_);
   setFocusProxy(view_);
+  view_->setFont(LoadSkinFont(frame.GetSkin(), kSectionFont, kFontDefault));
   connect(toolbar_, &CRSS_RightBottomToolBarWnd::Commanded, this, &CRSS_RightBottomContainer::Run);
   connect(toolbar_, &CRSS_RightBottomToolBarWnd::AddressLeft, this, [this] {
     view_->setFocus();

@@ -32,7 +32,6 @@ MediaBar::MediaBar(const Skin& skin, QWidget* parent)
   title_->setMinimumWidth(1);  // a narrow pane cuts off the title, not the button
   auto* const player = new QToolButton(this);
   player->setText(SkinText(skin, kTextSystemPlayer));
-  player->setAutoRaise(true);
   connect(player, &QAbstractButton::clicked, this, [this] { emit PlayerWanted(media_); });
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(kEdge, kVerticalMargin, kEdge, kVerticalMargin);

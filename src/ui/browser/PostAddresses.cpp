@@ -6,6 +6,8 @@
 namespace feedloom {
 namespace {
 
+constexpr qsizetype kLongest = 8000;  // characters of an address that servers still accept
+
 QString Origin(const QUrl& url) {
   return url.toString(QUrl::FullyEncoded | QUrl::RemoveUserInfo | QUrl::RemovePath |
                       QUrl::RemoveQuery | QUrl::RemoveFragment);
@@ -19,9 +21,10 @@ QUrl PageUrlFor(int number, const QUrl& source) {
   QUrl url = root;
   const QUrl normal = source.adjusted(QUrl::NormalizePathSegments);
   url.setPath(root.path() + normal.path(QUrl::FullyEncoded).mid(1));
-  // The path of a hostile source may contain the name of a button.
   url.setQuery(QStringLiteral("%1=%2").arg(kPageQuery, Origin(source)));
-  return ParsePageAction(url.toString(QUrl::FullyEncoded)) ? root : url;
+  // The path of a hostile source may contain the name of a button, or be too long for the engine.
+  const QString address = url.toString(QUrl::FullyEncoded);
+  return ParsePageAction(address) || address.size() > kLongest ? root : url;
 }
 
 QUrl AddressInSource(const QUrl& resolved, const QUrl& source) {

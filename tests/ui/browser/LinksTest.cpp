@@ -93,6 +93,15 @@ TEST_F(Links, TheStripShowsWhereALinkLeadsWhileThePointerOrTheKeyboardIsOnIt) {
   EXPECT_EQ(Strip(), "");
 }
 
+// A form's field hides a member of the form from scripts that don't look for it elsewhere.
+TEST_F(Links, ARefusedOneIsSaidWhereverItIsClicked) {
+  Show(Post("post", "/a",
+            "<a href='javascript:x'><form id=l style='padding:40px'>"
+            "<input type=hidden name=closest></form></a>"));
+  Click("#l");
+  EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith("javascript:x"); }));
+}
+
 TEST_F(Links, AVideoInAPostIsALineWithALink) {
   Show(Post("post", "/a",
             "<iframe src='https://www.youtube.com/embed/abc'></iframe>"

@@ -101,6 +101,7 @@ TEST(PostAddresses, AreThoseOfTheServerThatThePostComesFrom) {
       {"/page:7x/d", deep, "https://h:81/page:7x/d"},
       {"d", "http://h", "http://h/d"},
       {"d", "http://h/ID_BTN_RSSADD/x", "http://h/d"},
+      {"d", "http://h/" + QString(9000, 'x') + "/y", "http://h/d"},
       {"d", "file:///etc/x", "feedloom://page/page:7/d"},
       {"d", "", "feedloom://page/page:7/d"}};
   for (const auto& [link, source, meant] : cases) {
