@@ -46,8 +46,9 @@ WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObjec
   connect(this, &QWebEnginePage::loadingChanged, this, &WebPage::OnLoading);
   connect(this, &QWebEnginePage::urlChanged, this, &WebPage::Changed);
   connect(this, &QWebEnginePage::newWindowRequested, this, &WebPage::OpenHere);
-  connect(this, &QWebEnginePage::linkHovered, this,
-          [this](const QString& link) { ForwardStatus(BrowserReport::Hovered, link); });
+  connect(this, &QWebEnginePage::linkHovered, this, [this](const QString& link) {
+    ForwardStatus(BrowserReport::Hovered, Meant(QUrl(link)).toString(QUrl::FullyEncoded));
+  });
   connect(this, &QWebEnginePage::loadProgress, this, [this](int progress) {
     ForwardStatus(BrowserReport::Loading, QString::number(progress));
   });
