@@ -20,8 +20,11 @@ void SetAskingActions(CRSS_MainFrame& frame, Actions& actions) {
   actions.askCabinetName = [&frame](const auto& title) {
     return AskCabinetName(frame, &frame, title);
   };
-  actions.askDownloadPlace = [&frame](const QString& name) {
-    return AskDownloadPlace(frame, &frame, name);
+  actions.askDownloadPlace = [&frame](const QString& name, const QString& host) {
+    return AskDownloadPlace(frame, &frame, name, host);
+  };
+  actions.askLogin = [&frame](const LoginQuestion& question) {
+    return ShowLogin(frame, &frame, question);
   };
   actions.choosePrinter = [&frame](QPrinter& printer) { return ChoosePrinter(printer, &frame); };
 }

@@ -22,6 +22,18 @@ struct ChannelFacts {
   std::string folderName;
 };
 
+// Who wants to know the user's name and password. The texts fit on a line and can be shown.
+struct LoginQuestion {
+  QString host;   // as the wire has it, with a port unless it is the usual one
+  QString realm;  // what the login is for, as the host calls it
+  bool isProxy = false;
+};
+
+struct Login {
+  QString name;
+  QString password;
+};
+
 // All are called on the interface thread. A function that shows a dialog returns when the dialog is
 // closed. The frame may be destroyed meanwhile, and the caller with it: a function with a result
 // then returns the same as when the user cancels, and after any other the caller must return at
@@ -55,8 +67,10 @@ struct Actions {
   std::function<void()> notifyOfNewPosts;
 
   // Returns the path to save a download to, empty when the user cancels; `name` is the suggested
-  // file name.
-  std::function<QString(const QString& name)> askDownloadPlace;
+  // file name, `host` where the file comes from.
+  std::function<QString(const QString& name, const QString& host)> askDownloadPlace;
+  // Returns the name and password for a web page; std::nullopt when the user gives up.
+  std::function<std::optional<Login>(const LoginQuestion& question)> askLogin;
   // Sets `printer` up as the user chooses; false when the user cancels.
   std::function<bool(QPrinter& printer)> choosePrinter;
   // Opens the address with the desktop's default program; false when there is none.

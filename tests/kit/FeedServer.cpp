@@ -169,6 +169,20 @@ void FeedServer::Fail(const std::string& path, int status, const std::string& re
   });
 }
 
+void FeedServer::Protect(const std::string& path, const std::string& html, const std::string& login,
+                         int status) {
+  impl_->Put(path, [=](const httplib::Request& request, httplib::Response& response) {
+    const bool isProxy = status == 407;
+    const bool knows = request.get_header_value(isProxy ? "Proxy-Authorization"
+                                                        : "Authorization") == "Basic " + login;
+    SetBody(response, knows ? html : "no entry", "text/html");
+    if (knows) return;
+    response.status = status;
+    response.set_header(isProxy ? "Proxy-Authenticate" : "WWW-Authenticate",
+                        "Basic realm=\"the realm\"");
+  });
+}
+
 void FeedServer::ServeVersion(const std::string& path, const std::string& bytes,
                               const std::string& etag, const std::string& lastModified) {
   impl_->Put(path, [=](auto& request, auto& response) {

@@ -29,6 +29,10 @@ class FeedServer {
   void Compressed(const std::string& path, const std::string& bytes);  // in transfer
   void Redirect(const std::string& path, const std::string& toUrl, int status = 302);  // any URL
   void Fail(const std::string& path, int status, const std::string& retryAfter = {});
+  // HTML for who sends the Basic login `login`, in base64, in the header of `status`: 401 for a
+  // server, 407 for a proxy. Others get "no entry" with that status, of the realm "the realm".
+  void Protect(const std::string& path, const std::string& html, const std::string& login,
+               int status = 401);
   // The content with its validators; 304 for a request that has the ETag or, without one, the date.
   void ServeVersion(const std::string& path, const std::string& bytes, const std::string& etag,
                     const std::string& lastModified = "");

@@ -12,6 +12,7 @@ enum class BrowserReport {
   Stopped,           // nothing
   LinkRefused,       // the address
   NoOutsideProgram,  // the address
+  DownloadRefused,   // the host that it would have come from
   PrintFailed,       // nothing
 };
 

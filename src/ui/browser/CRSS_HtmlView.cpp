@@ -1,5 +1,6 @@
 #include "ui/browser/CRSS_HtmlView.h"
 
+#include <QChildEvent>
 #include <QOpenGLContext>
 #include <QPrinter>
 #include <QQuickWindow>
@@ -51,8 +52,11 @@ class CRSS_HtmlView::Engine {
         styleSheet(std::move(callbacks.styleSheet)),
         frameText(std::move(callbacks.frameText)),
         scheme(std::move(callbacks.skinDir), nullptr),
-        downloads(profile, WithPermission(std::move(callbacks.askSavePath)), nullptr),
-        page(&profile, scheme.Pages(), nullptr) {
+        askSavePath(std::move(callbacks.askSavePath)),
+        downloads(
+            profile, [this](const QString& name, const QUrl& from) { return AskPlace(name, from); },
+            nullptr),
+        page(&profile, scheme.Pages(), std::move(callbacks.askLogin), nullptr) {
     page.SetOpensOutside(std::move(callbacks.opensOutside));
     profile.installUrlSchemeHandler(kPageScheme, &scheme);
     view.setPage(&page);
@@ -62,11 +66,13 @@ class CRSS_HtmlView::Engine {
     view.setContextMenuPolicy(Qt::CustomContextMenu);
   }
 
-  // A download that a generated page starts without a click is refused without asking the user.
-  AskSavePath WithPermission(AskSavePath ask) {
-    return [this, ask = std::move(ask)](const QString& name) {
-      return page.MayDownload() ? ask(name) : QString();
-    };
+  // What a page has made itself comes from the page's host. The engine may be destroyed while the
+  // dialog is open.
+  QString AskPlace(const QString& name, const QUrl& from) {
+    if (!page.MayDownload(from)) return {};
+    const auto ask = askSavePath;
+    const QString source = HostOf(from);
+    return ask(name, source.isEmpty() ? HostOf(page.url()) : source);
   }
 
   const std::function<QByteArray(const QUrl& crashed)> crashPage;
@@ -75,12 +81,12 @@ class CRSS_HtmlView::Engine {
   std::unique_ptr<QPrinter> printer;  // null when no print is in progress
   PageSchemeHandler scheme;
   QWebEngineProfile profile;
+  const std::function<QString(const QString& name, const QString& host)> askSavePath;
   Downloads downloads;
   WebPage page;
   QWebEngineView view;
   LinkStrip* strip = nullptr;  // a child of the view
   int host = 0;                // the host number of generated pages
-  qsizetype pageSize = 0;      // of the generated page that was requested last
 };
 
 CRSS_HtmlView::CRSS_HtmlView(Callbacks callbacks, QWidget* parent)
@@ -90,11 +96,23 @@ CRSS_HtmlView::CRSS_HtmlView(Callbacks callbacks, QWidget* parent)
   layout->addWidget(&engine_->view);
   setFocusProxy(&engine_->view);
   engine_->strip = new LinkStrip(this);
+  engine_->view.installEventFilter(this);
   Connect();
 }
 
 // The view is a member and a child widget: as a child it would be deleted twice.
 CRSS_HtmlView::~CRSS_HtmlView() { engine_->view.setParent(nullptr); }
+
+// The engine gives the view another child for each renderer process, to which the system's events
+// go. No page can send one.
+bool CRSS_HtmlView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ChildAdded) {
+    static_cast<const QChildEvent*>(event)->child()->installEventFilter(this);
+  } else if (watched != &engine_->view && IsGesture(*event)) {
+    engine_->page.Touch();
+  }
+  return QWidget::eventFilter(watched, event);
+}
 
 void CRSS_HtmlView::Connect() {
   WebPage* const page = &engine_->page;
@@ -134,7 +152,7 @@ void CRSS_HtmlView::Connect() {
 
 void CRSS_HtmlView::Navigate(const QUrl& url) {
   // A renderer process that is busy with a large page would delay other pages of its host.
-  if (engine_->page.IsRenderingLargePage()) ++engine_->host;
+  if (IsRenderingLargePage()) ++engine_->host;
   engine_->page.load(IsGenerated(url) ? AtHost(url, engine_->host) : url);
 }
 
@@ -148,19 +166,31 @@ void CRSS_HtmlView::WritePageToBrowser(const PageToWrite& page) {
   Navigate(PageUrlFor(engine_->scheme.Pages().Add(generated), page.source));
 }
 
+bool CRSS_HtmlView::IsRenderingLargePage() const {
+  const PageLoad& load = engine_->page.Load();
+  const auto number = PageNumber(load.target);
+  const auto page = number ? engine_->scheme.Pages().Find(*number) : std::nullopt;
+  return page && IsLarge(*page) && load.phase != LoadPhase::Drawn;
+}
+
 // Does nothing when the crash page itself has crashed, or when the page is being left anyway.
 void CRSS_HtmlView::ShowCrash() {
   const auto page = engine_->page.Generated();
-  if (engine_->page.IsLeaving() || (page && page->kind == PageKind::Crash)) return;
+  if (engine_->page.Load().phase == LoadPhase::Requested || (page && page->kind == PageKind::Crash))
+    return;
   const QUrl crashed = engine_->page.url();
   WritePageToBrowser({engine_->crashPage(crashed), PageKind::Crash, crashed});
 }
 
-void CRSS_HtmlView::GoBack() { engine_->page.triggerAction(QWebEnginePage::Back); }
+void CRSS_HtmlView::GoBack() {
+  if (CanGoBack()) engine_->page.Order(QWebEnginePage::Back);
+}
 
-void CRSS_HtmlView::GoForward() { engine_->page.triggerAction(QWebEnginePage::Forward); }
+void CRSS_HtmlView::GoForward() {
+  if (CanGoForward()) engine_->page.Order(QWebEnginePage::Forward);
+}
 
-void CRSS_HtmlView::Reload() { engine_->page.triggerAction(QWebEnginePage::Reload); }
+void CRSS_HtmlView::Reload() { engine_->page.Order(QWebEnginePage::Reload); }
 
 void CRSS_HtmlView::Act(const PageAction& action) { engine_->page.Act(action); }
 
@@ -174,7 +204,7 @@ bool CRSS_HtmlView::CanGoBack() const { return engine_->page.history()->canGoBac
 
 bool CRSS_HtmlView::CanGoForward() const { return engine_->page.history()->canGoForward(); }
 
-bool CRSS_HtmlView::IsLoading() const { return engine_->page.IsLoading(); }
+bool CRSS_HtmlView::IsLoading() const { return IsUnderWay(engine_->page.Load()); }
 
 bool CRSS_HtmlView::IsDownloading() const { return engine_->downloads.AreUnderWay(); }
 

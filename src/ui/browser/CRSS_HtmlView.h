@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "ui/Actions.h"
 #include "ui/browser/BrowserReport.h"
 #include "ui/browser/Downloads.h"
 #include "ui/browser/FeedLinks.h"
@@ -48,7 +49,10 @@ class CRSS_HtmlView : public QWidget {
     std::function<QByteArray(const QUrl& crashed)> crashPage;
     // Returns the path of the style sheet for generated pages, a file in skinDir; empty for none.
     std::function<QString()> styleSheet = [] { return QString(); };
-    AskSavePath askSavePath;
+    // Asks where to save the file `name`, which comes from `host`; empty when the user cancels.
+    std::function<QString(const QString& name, const QString& host)> askSavePath;
+    // Asks for a name and a password; std::nullopt when the user gives up.
+    std::function<std::optional<Login>(const LoginQuestion& question)> askLogin;
     // Returns whether all but generated pages open in the system's browser.
     std::function<bool()> opensOutside = [] { return false; };
     // Returns the text of the line that stands for a frame in a post.
@@ -117,6 +121,9 @@ class CRSS_HtmlView : public QWidget {
   // The number of the match that is shown, counted from 1, and the number of all matches.
   void FoundInPage(int active, int all);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   class Engine;
 
@@ -124,6 +131,7 @@ class CRSS_HtmlView : public QWidget {
   void ShowCrash();
   void ReplaceFrames(const QStringList& frames);
   void ApplyZoom();
+  bool IsRenderingLargePage() const;
 
   const std::unique_ptr<Engine> engine_;
   int zoomSteps_ = 0;

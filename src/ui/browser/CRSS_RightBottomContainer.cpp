@@ -58,9 +58,14 @@ CRSS_HtmlView::Callbacks MakeCallbacks(Frame& frame) {
           .crashPage = [&frame](const QUrl& crashed) { return MakeCrashPage(frame, crashed); },
           .styleSheet = [&frame] { return StyleSheet(frame.GetSkin()); },
           .askSavePath =
-              [&frame](const QString& name) {
+              [&frame](const QString& name, const QString& host) {
                 const auto ask = frame.GetActions().askDownloadPlace;
-                return ask ? ask(name) : QString();
+                return ask ? ask(name, host) : QString();
+              },
+          .askLogin =
+              [&frame](const LoginQuestion& question) {
+                const auto ask = frame.GetActions().askLogin;
+                return ask ? ask(question) : std::nullopt;
               },
           .opensOutside = [&frame] { return frame.GetSkin().Config().OpensLinksOutside(); },
           .frameText = [&frame](const FrameLink& link) { return FrameText(frame, link); }};

@@ -107,7 +107,7 @@ void Downloads::Answer(Request* request) {
   const QPointer<Request> asked = request;
   const AskSavePath askSavePath = askSavePath_;
   isAsking_ = true;
-  const QString target = askSavePath(SafeFileName(request->suggestedFileName()));
+  const QString target = askSavePath(SafeFileName(request->suggestedFileName()), request->url());
   if (!self) return;
   isAsking_ = false;
   if (asked && !target.isEmpty()) Begin(*asked, target);

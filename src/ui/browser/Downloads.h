@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QUrl>
 #include <functional>
 #include <vector>
 
@@ -12,9 +13,10 @@ class QWebEngineProfile;
 
 namespace feedloom {
 
-// Asks the user where to save a file. `suggestedName` has no directory. Returns the chosen path, or
-// an empty text when the user has cancelled; blocks while the dialog is open.
-using AskSavePath = std::function<QString(const QString& suggestedName)>;
+// Asks the user where to save the file that comes from `address`. `suggestedName` has no directory.
+// Returns the chosen path, or an empty text when the user has cancelled or must not be asked;
+// blocks while the dialog is open.
+using AskSavePath = std::function<QString(const QString& suggestedName, const QUrl& address)>;
 
 enum class DownloadEvent { Progress, Done, Stopped, Failed };
 

@@ -38,6 +38,8 @@ std::string StatusText(const Skin& skin, BrowserReport report, const QString& de
       return Fill(skin, kTextLinkRefused, Shown(detail), {});
     case BrowserReport::NoOutsideProgram:
       return Fill(skin, kTextNoOutsideProgram, Shown(detail), {});
+    case BrowserReport::DownloadRefused:
+      return Fill(skin, kTextDownloadRefused, detail, {});
     case BrowserReport::PrintFailed:
       return skin.GetText(kSectionTexts, kTextPrintFailed);
   }

@@ -1,9 +1,9 @@
 #include "ui/browser/WebPage.h"
 
+#include <QAuthenticator>
 #include <QJsonDocument>
 #include <QTimer>
 #include <QUuid>
-#include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineScript>
 #include <QWebEngineScriptCollection>
@@ -30,11 +30,24 @@ QWebEngineScript OnReady(const QString& source) {
   return script;
 }
 
+BrowserReport ReportOf(QWebEngineLoadingInfo::LoadStatus end) {
+  switch (end) {
+    case QWebEngineLoadingInfo::LoadSucceededStatus:
+      return BrowserReport::Loaded;
+    case QWebEngineLoadingInfo::LoadFailedStatus:
+      return BrowserReport::NotLoaded;
+    default:
+      return BrowserReport::Stopped;
+  }
+}
+
 }  // namespace
 
-WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObject* parent)
+WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, AskLogin askLogin,
+                 QObject* parent)
     : QWebEnginePage(profile, parent),
       pages_(pages),
+      askLogin_(std::move(askLogin)),
       paintedMark_(QUuid::createUuid().toString()),
       refusedMark_(QUuid::createUuid().toString()),
       noRefreshMark_(QUuid::createUuid().toString()),
@@ -44,7 +57,7 @@ WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObjec
   scripts().insert(OnReady(FindPicturesScript()));
   scripts().insert(OnReady(FindFramesScript(framesMark_)));
   connect(this, &QWebEnginePage::loadingChanged, this, &WebPage::OnLoading);
-  connect(this, &QWebEnginePage::urlChanged, this, &WebPage::Changed);
+  connect(this, &QWebEnginePage::urlChanged, this, &WebPage::OnUrl);
   connect(this, &QWebEnginePage::newWindowRequested, this, &WebPage::OpenHere);
   connect(this, &QWebEnginePage::linkHovered, this, [this](const QString& link) {
     ForwardStatus(BrowserReport::Hovered, Meant(QUrl(link)).toString(QUrl::FullyEncoded));
@@ -55,6 +68,14 @@ WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObjec
   connect(this, &QWebEnginePage::featurePermissionRequested, this,
           [this](const QUrl& origin, Feature feature) {
             setFeaturePermission(origin, feature, PermissionDeniedByUser);
+          });
+  connect(this, &QWebEnginePage::authenticationRequired, this,
+          [this](const QUrl& address, QAuthenticator* login) {
+            Answer(address, {HostOf(address), OneLine(login->realm()), false}, *login);
+          });
+  connect(this, &QWebEnginePage::proxyAuthenticationRequired, this,
+          [this](const QUrl& address, QAuthenticator* login, const QString& proxy) {
+            Answer(address, {proxy, OneLine(login->realm()), true}, *login);
           });
 }
 
@@ -92,24 +113,24 @@ bool WebPage::acceptNavigationRequest(const QUrl& target, NavigationType type, b
     PlayOrSaveMedia(navigation.to);
     return false;
   }
-  if (verdict == NavigationVerdict::Follow) return Follow(navigation, target);
+  if (verdict == NavigationVerdict::Follow) {
+    // Only the module itself types; back and reload may be a script's.
+    return Follow(navigation, target, type == NavigationTypeTyped || load_.isOrdered);
+  }
   HandleUnfollowed(navigation.to, verdict);
   return false;
 }
 
 // A relative link of a post leads elsewhere than the engine has `asked` for.
-bool WebPage::Follow(const Navigation& navigation, const QUrl& asked) {
+bool WebPage::Follow(const Navigation& navigation, const QUrl& asked, bool isUsers) {
   if (navigation.to == asked) {
-    Begin(navigation);
+    Begin(navigation, isUsers);
     return true;
   }
   QTimer::singleShot(0, this, [this, to = navigation.to] { load(to); });
   return false;
 }
 
-// A redirect counts as the server's only while a navigation of the user to a web page is pending.
-// Without one the page itself redirects; and a generated page with a meta refresh might do so
-// during that navigation, which the engine reports in the same way.
 NavigationCause WebPage::CauseOf(const QUrl& target, NavigationType type) const {
   switch (type) {
     case NavigationTypeTyped:
@@ -120,9 +141,8 @@ NavigationCause WebPage::CauseOf(const QUrl& target, NavigationType type) const 
       return NavigationCause::Link;
     case NavigationTypeRedirect: {
       const QUrl page = url().adjusted(QUrl::RemoveFragment);
-      const bool hasNoRefresh = !IsGenerated(page) || page == noRefreshPage_;
-      const bool isServers = IsWebAddress(userNavigation_) && IsWebAddress(target) && hasNoRefresh;
-      return isServers ? NavigationCause::Server : NavigationCause::Page;
+      return IsServersRedirect(load_, page, target) ? NavigationCause::Server
+                                                    : NavigationCause::Page;
     }
     default:
       return NavigationCause::Page;
@@ -135,23 +155,22 @@ bool WebPage::IsMediaLink(const Navigation& navigation) const {
          IsWebAddress(navigation.to) && navigation.cause == NavigationCause::Link;
 }
 
-void WebPage::Begin(const Navigation& navigation) {
-  const bool isWritten = PageNumber(navigation.to).has_value();
-  forwardsStatus_ = !isWritten;
-  if (!navigation.isMainFrame) return;
+void WebPage::Begin(const Navigation& navigation, bool isUsers) {
+  if (!navigation.isMainFrame) {
+    load_ = FrameBegun(load_, navigation.to);
+    return;
+  }
   // The player's frame holds a web page, whose scripts must not run when scripts are enabled.
   const bool isToGenerated = IsGenerated(navigation.to);
   if (IsGenerated(navigation.from) && !isToGenerated) Ask(RemoveFramesScript(), [](const auto&) {});
   AllowScripts(!isToGenerated);
-  mayDownload_ = !isToGenerated && navigation.cause != NavigationCause::Page;
-  const auto page = isWritten ? pages_.Find(*PageNumber(navigation.to)) : std::nullopt;
-  isLarge_ = page && IsLarge(*page);
-  navigationTarget_ = navigation.to;
-  userNavigation_ = navigation.cause == NavigationCause::Page ? QUrl() : navigation.to;
-  isLoading_ = true;
-  isDrawn_ = false;
-  ++navigations_;
+  load_ = Begun(load_, navigation, isUsers);
   emit Changed();
+}
+
+void WebPage::Order(WebAction action) {
+  load_ = Ordered(load_);
+  triggerAction(action);
 }
 
 void WebPage::HandleUnfollowed(const QUrl& target, NavigationVerdict verdict) {
@@ -159,7 +178,7 @@ void WebPage::HandleUnfollowed(const QUrl& target, NavigationVerdict verdict) {
     case NavigationVerdict::Follow:
       return;
     case NavigationVerdict::Act:
-      forwardsStatus_ = false;
+      load_.reportsStatus = false;
       return RunIfUserActive(
           [this, action = *ParsePageAction(target.toString(QUrl::FullyEncoded))] { Act(action); });
     case NavigationVerdict::OpenOutside:
@@ -177,8 +196,8 @@ void WebPage::HandleUnfollowed(const QUrl& target, NavigationVerdict verdict) {
 // of the system the engine itself requires a click.)
 void WebPage::RunIfUserActive(const std::function<void()>& run) {
   const bool isCertain = IsGenerated(url());
-  Ask(IsUserActiveScript(), [this, isCertain, run, load = navigations_](const QVariant& isActive) {
-    if (load == navigations_ && (isCertain || isActive.toBool())) run();
+  Ask(IsUserActiveScript(), [this, isCertain, run, load = load_.number](const QVariant& isActive) {
+    if (load == load_.number && (isCertain || isActive.toBool())) run();
   });
 }
 
@@ -193,17 +212,17 @@ void WebPage::Ask(const QString& script, std::function<void(const QVariant&)> on
 void WebPage::Act(const PageAction& action) {
   const QStringList ids = ElementIds(action);
   Ask(GetElementValuesScript(ids),
-      [this, action, ids, load = navigations_](const QVariant& answer) {
+      [this, action, ids, load = load_.number](const QVariant& answer) {
         const QStringList texts = answer.toStringList();
-        if (load == navigations_ && texts.size() == ids.size()) emit ActionClicked(action, texts);
+        if (load == load_.number && texts.size() == ids.size()) emit ActionClicked(action, texts);
       });
 }
 
 // A podcast's page has two links to its media file: a text to play it, and an icon to save it.
 void WebPage::PlayOrSaveMedia(const QUrl& media) {
-  Ask(IsImageLinkScript(), [this, media, loads = navigations_](const QVariant& isImage) {
-    if (loads != navigations_) return;  // the page has been left meanwhile
-    mayDownload_ = isImage.toBool();
+  Ask(IsImageLinkScript(), [this, media, number = load_.number](const QVariant& isImage) {
+    if (number != load_.number) return;  // the page has been left meanwhile
+    Touch();                             // only the user clicks in a generated page
     isImage.toBool() ? download(media) : load(media);
   });
 }
@@ -217,7 +236,9 @@ void WebPage::OpenHere(const QWebEngineNewWindowRequest& request) {
   const NavigationVerdict verdict = Judge(navigation);
   if (verdict != NavigationVerdict::Follow) return HandleUnfollowed(navigation.to, verdict);
   // An empty window, which its opener would fill by script, would replace the opener.
-  if (IsWebAddress(navigation.to) || navigation.to.isLocalFile()) load(navigation.to);
+  if (!IsWebAddress(navigation.to) && !navigation.to.isLocalFile()) return;
+  load(navigation.to);
+  emit OpenedHere();
 }
 
 bool WebPage::AreScriptsAllowed() const {
@@ -228,56 +249,80 @@ void WebPage::AllowScripts(bool allow) {
   settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, allow);
 }
 
+// Questions.
+
+void WebPage::Touch() { load_ = Touched(load_); }
+
+bool WebPage::MayDownload(const QUrl& address) {
+  const DownloadVerdict verdict = JudgeDownload(load_, address);
+  load_ = Judged(load_, verdict);
+  if (verdict == DownloadVerdict::Tell) {
+    emit Reported(BrowserReport::DownloadRefused,
+                  HostOf(address.host().isEmpty() ? url() : address));
+  }
+  return verdict == DownloadVerdict::Ask;
+}
+
+// An empty login makes the engine show the page with which the server turns strangers away. The
+// page may be deleted while the dialog is open.
+void WebPage::Answer(const QUrl& address, const LoginQuestion& question, QAuthenticator& answer) {
+  std::optional<Login> login;
+  if (MayAskLogin(load_, address, question)) {
+    load_ = LoginAsked(load_, question);
+    const AskLogin ask = askLogin_;
+    login = ask(question);
+  }
+  answer = QAuthenticator();
+  if (!login) return;
+  answer.setUser(login->name);
+  answer.setPassword(login->password);
+}
+
 // Loads.
+
+void WebPage::OnUrl(const QUrl& address) {
+  load_ = Arrived(load_, address);
+  emit Changed();
+}
 
 // The engine also reports the start and the end of refused loads; without an end when another page
 // is loading at the time.
 void WebPage::OnLoading(const QWebEngineLoadingInfo& loading) {
   const bool hasEnded = loading.status() != QWebEngineLoadingInfo::LoadStartedStatus;
-  if (!hasEnded || !isLoading_) return;
-  isLoading_ = false;
-  EndLoad(loading);
+  if (!hasEnded || !IsUnderWay(load_)) return;
+  EndLoad(loading.status());
   emit Changed();
 }
 
 // A load may have ended without a new page: as a download, or stopped by the user.
-void WebPage::EndLoad(const QWebEngineLoadingInfo& loading) {
-  userNavigation_ = QUrl();
+void WebPage::EndLoad(QWebEngineLoadingInfo::LoadStatus status) {
+  const bool reportsStatus = load_.reportsStatus;
+  load_ = Ended(load_, status == QWebEngineLoadingInfo::LoadSucceededStatus);
   AllowScripts(!IsGenerated(url()));
-  switch (loading.status()) {
-    case QWebEngineLoadingInfo::LoadSucceededStatus:
-      ForwardStatus(BrowserReport::Loaded, {});
-      break;
-    case QWebEngineLoadingInfo::LoadFailedStatus:
-      ForwardStatus(BrowserReport::NotLoaded, {});
-      break;
-    default:
-      ForwardStatus(BrowserReport::Stopped, {});
-  }
-  forwardsStatus_ = false;
+  if (reportsStatus) emit Reported(ReportOf(status), {});
   if (!PageNumber(url())) FindFeeds();
   runJavaScript(TellWhenDrawnScript(paintedMark_), QWebEngineScript::ApplicationWorld);
 }
 
 void WebPage::FindFeeds() {
   emit Completed();
-  Ask(FindFeedsScript(), [this, load = navigations_](const QVariant& result) {
-    if (load == navigations_) emit FeedsFound(ReadFeeds(result));
+  Ask(FindFeedsScript(), [this, load = load_.number](const QVariant& result) {
+    if (load == load_.number) emit FeedsFound(ReadFeeds(result));
   });
 }
 
 void WebPage::ForwardStatus(BrowserReport report, const QString& detail) {
-  if (forwardsStatus_) emit Reported(report, detail);
+  if (load_.reportsStatus) emit Reported(report, detail);
 }
 
 // Scripts in the module's own script world can notify the module only through the page's console.
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int,
                                        const QString&) {
-  if (message == paintedMark_ && !isLoading_) {
-    isDrawn_ = true;
+  if (message == paintedMark_ && !IsUnderWay(load_)) {
+    load_ = Drawn(load_);
     emit Painted();
   } else if (message.startsWith(noRefreshMark_)) {
-    noRefreshPage_ = QUrl(message.mid(noRefreshMark_.size()));
+    load_.noRefreshPage = QUrl(message.mid(noRefreshMark_.size()));
   } else if (message.startsWith(framesMark_)) {
     const QByteArray list = message.mid(framesMark_.size()).toUtf8();
     emit FramesFound(QJsonDocument::fromJson(list).toVariant().toStringList());
@@ -288,7 +333,7 @@ void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QStr
 
 void WebPage::javaScriptAlert(const QUrl&, const QString&) {}
 
-bool WebPage::javaScriptConfirm(const QUrl&, const QString&) { return false; }
+bool WebPage::javaScriptConfirm(const QUrl&, const QString& text) { return IsLeaveQuestion(text); }
 
 bool WebPage::javaScriptPrompt(const QUrl&, const QString&, const QString&, QString*) {
   return false;

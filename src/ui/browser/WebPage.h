@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <QUrl>
+#include <QWebEngineLoadingInfo>
 #include <QWebEnginePage>
 #include <functional>
 #include <memory>
@@ -11,11 +12,17 @@
 #include "ui/browser/FeedLinks.h"
 #include "ui/browser/GeneratedPages.h"
 #include "ui/browser/NavigationRules.h"
+#include "ui/browser/PageLoad.h"
+#include "ui/browser/PageQuestions.h"
 
-class QWebEngineLoadingInfo;
+class QAuthenticator;
 class QWebEngineNewWindowRequest;
 
 namespace feedloom {
+
+// Asks the user for a name and a password; std::nullopt when the user gives up. Blocks while the
+// dialog is open; the page may be deleted meanwhile.
+using AskLogin = std::function<std::optional<Login>(const LoginQuestion& question)>;
 
 // The engine's page with the rules for generated pages: they run no scripts and lead to web pages
 // only. A new window that a page requests opens in this page instead. Interface thread.
@@ -24,20 +31,23 @@ class WebPage : public QWebEnginePage {
 
  public:
   // `profile` and `pages` outlive the page.
-  WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, QObject* parent);
+  WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, AskLogin askLogin,
+          QObject* parent);
 
   // `opensOutside` returns whether all but generated pages open in the system's browser.
   void SetOpensOutside(std::function<bool()> opensOutside) {
     opensOutside_ = std::move(opensOutside);
   }
 
-  bool IsLoading() const { return isLoading_; }
-  // Whether a navigation is pending: the next page is requested, but its answer has not begun.
-  bool IsLeaving() const { return isLoading_ && url() != navigationTarget_; }
-  // Whether the renderer process is still busy with a large generated page.
-  bool IsRenderingLargePage() const { return isLarge_ && !isDrawn_; }
-  // Whether a download that begins now is allowed: the user or a web page has requested it.
-  bool MayDownload() const { return mayDownload_ || !IsGenerated(url()); }
+  const PageLoad& Load() const { return load_; }
+
+  // Whether the user may be asked where to save what comes from `address`. Each call counts as the
+  // page's question. A refusal is reported once after each deed of the user.
+  bool MayDownload(const QUrl& address);
+  // Back, Forward or Reload, as the user's order.
+  void Order(WebAction action);
+  // The user has clicked or typed in the page.
+  void Touch();
 
   // Reads the texts of the action's elements and emits ActionClicked, unless the page is left
   // first.
@@ -51,7 +61,7 @@ class WebPage : public QWebEnginePage {
  signals:
   // The page of the latest navigation is loaded, or has failed to load, and is drawn.
   void Painted();
-  // IsLoading() or url() may have changed.
+  // Load() or url() may have changed.
   void Changed();
   // The load of a page that is not generated has ended, successfully or not.
   void Completed();
@@ -64,11 +74,13 @@ class WebPage : public QWebEnginePage {
   void FramesFound(const QStringList& addresses);
   // The user has clicked a link that another program of the system opens.
   void OutsideWanted(const QUrl& url);
+  // The user has clicked a link that asks for a new window; its page opens here.
+  void OpenedHere();
 
  protected:
   bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
   // The dialogs of a page are declined without being shown: they would run an event loop inside the
-  // engine.
+  // engine. The engine's own question whether the page may be left is answered with yes.
   void javaScriptAlert(const QUrl& origin, const QString& text) override;
   bool javaScriptConfirm(const QUrl& origin, const QString& text) override;
   bool javaScriptPrompt(const QUrl& origin, const QString& text, const QString& preset,
@@ -79,38 +91,33 @@ class WebPage : public QWebEnginePage {
                                 int line, const QString& source) override;
 
  private:
-  bool Follow(const Navigation& navigation, const QUrl& asked);
+  bool Follow(const Navigation& navigation, const QUrl& asked, bool isUsers);
   NavigationCause CauseOf(const QUrl& target, NavigationType type) const;
   bool IsMediaLink(const Navigation& navigation) const;
-  void Begin(const Navigation& navigation);
+  void Begin(const Navigation& navigation, bool isUsers);
   void HandleUnfollowed(const QUrl& target, NavigationVerdict verdict);
   void Ask(const QString& script, std::function<void(const QVariant&)> onAnswer);
   void RunIfUserActive(const std::function<void()>& run);
   void PlayOrSaveMedia(const QUrl& media);
   bool AreScriptsAllowed() const;
   void AllowScripts(bool allow);
+  void Answer(const QUrl& address, const LoginQuestion& question, QAuthenticator& answer);
+  void OnUrl(const QUrl& address);
   void OnLoading(const QWebEngineLoadingInfo& loading);
-  void EndLoad(const QWebEngineLoadingInfo& loading);
+  void EndLoad(QWebEngineLoadingInfo::LoadStatus status);
   void FindFeeds();
   void ForwardStatus(BrowserReport report, const QString& detail);
   void OpenHere(const QWebEngineNewWindowRequest& request);
 
   const GeneratedPages& pages_;
+  const AskLogin askLogin_;
   // Prefixes of the scripts' console messages; random, so that no page can forge them.
   const QString paintedMark_;
   const QString refusedMark_;
   const QString noRefreshMark_;
   const QString framesMark_;
   std::function<bool()> opensOutside_ = [] { return false; };
-  QUrl userNavigation_;          // the target of a Command or Link that is loading; otherwise empty
-  bool isLoading_ = false;       // a navigation that was accepted has not ended
-  bool isDrawn_ = true;          // the page of the latest navigation has been drawn
-  bool isLarge_ = false;         // that page is a large generated one
-  bool mayDownload_ = false;     // that navigation may become a download
-  QUrl navigationTarget_;        // of the latest accepted navigation
-  QUrl noRefreshPage_;           // the latest generated page that has reported no meta refresh
-  int navigations_ = 0;          // the number of accepted navigations of the main frame
-  bool forwardsStatus_ = false;  // Reported is emitted from an accepted navigation to its end
+  PageLoad load_;
   // Expires with the page: the engine answers pending scripts even in the page's destructor.
   const std::shared_ptr<int> alive_ = std::make_shared<int>();
 };

@@ -15,6 +15,7 @@
 #include "ui/dialogs/CRSS_DirectoryDlg.h"
 #include "ui/dialogs/CRSS_GroupAddDlg.h"
 #include "ui/dialogs/CRSS_GroupRenameDlg.h"
+#include "ui/dialogs/CRSS_LoginDlg.h"
 #include "ui/dialogs/CRSS_OpmlDlg.h"
 #include "ui/dialogs/CRSS_ScrapDlg.h"
 #include "ui/dialogs/CRSS_SearchDlg.h"
@@ -51,6 +52,13 @@ std::optional<std::string> AskSearchWord(Frame& frame, QWidget* parent) {
   std::optional<std::string> word;
   RunDialog(dialog, [&] { word = dialog->Word(); });
   return word;
+}
+
+std::optional<Login> ShowLogin(Frame& frame, QWidget* parent, const LoginQuestion& question) {
+  auto* dialog = new CRSS_LoginDlg(frame.GetSkin(), parent, question);
+  std::optional<Login> login;
+  RunDialog(dialog, [&] { login = dialog->Entered(); });
+  return login;
 }
 
 std::optional<int> ChooseCabinet(Frame& frame, QWidget* parent) {

@@ -15,6 +15,8 @@ namespace feedloom {
 
 class Frame;
 struct ChannelFacts;
+struct Login;
+struct LoginQuestion;
 
 // Returns the word to search for, never an empty one.
 std::optional<std::string> AskSearchWord(Frame& frame, QWidget* parent);
@@ -39,8 +41,13 @@ void ShowChannelMove(Frame& frame, QWidget* parent, const ChannelFacts& channel)
 void ShowChannelInfo(Frame& frame, QWidget* parent, const ChannelFacts& channel);
 
 // Returns the path to save a download to. `name` is the suggested file name, without a directory.
-// The dialog asks before it accepts an existing file.
-QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name);
+// The dialog names `host`, where the file comes from, unless it is empty, and asks before it
+// accepts an existing file.
+QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name, const QString& host);
+
+// Returns the name and password that the user enters for the host and realm, which the dialog
+// names.
+std::optional<Login> ShowLogin(Frame& frame, QWidget* parent, const LoginQuestion& question);
 
 // Returns the path of an existing OPML file, in the file system's encoding.
 std::string AskImportFile(Frame& frame, QWidget* parent);

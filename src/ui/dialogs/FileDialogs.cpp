@@ -23,11 +23,10 @@ constexpr char kExportSuffix[] = "xml";
 // Shows a file dialog and returns the chosen path, empty when the user cancels. The dialog starts
 // in the user's folder for `location` when it exists, else in the home directory. `prepare`
 // configures the dialog.
-QString AskFile(Frame& frame, QWidget* parent, const char* titleKey,
-                QStandardPaths::StandardLocation location,
+QString AskFile(QWidget* parent, const QString& title, QStandardPaths::StandardLocation location,
                 const std::function<void(QFileDialog& dialog)>& prepare) {
   const QString folder = QStandardPaths::writableLocation(location);
-  const QPointer dialog(new QFileDialog(parent, SkinText(frame.GetSkin(), titleKey)));
+  const QPointer dialog(new QFileDialog(parent, title));
   dialog->setDirectory(QDir(folder).exists() ? folder : QDir::homePath());
   prepare(*dialog);
   const bool hasAnswer = dialog->exec() == QDialog::Accepted && dialog;
@@ -38,16 +37,17 @@ QString AskFile(Frame& frame, QWidget* parent, const char* titleKey,
 
 }  // namespace
 
-QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name) {
-  return AskFile(frame, parent, kTextDownloadPlace, QStandardPaths::DownloadLocation,
-                 [&](QFileDialog& dialog) {
+QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name, const QString& host) {
+  const QString from = SkinText(frame.GetSkin(), kTextDownloadFrom).replace("%s", host);
+  return AskFile(parent, host.isEmpty() ? SkinText(frame.GetSkin(), kTextDownloadPlace) : from,
+                 QStandardPaths::DownloadLocation, [&](QFileDialog& dialog) {
                    dialog.setAcceptMode(QFileDialog::AcceptSave);
                    dialog.selectFile(name);
                  });
 }
 
 std::string AskImportFile(Frame& frame, QWidget* parent) {
-  const QString path = AskFile(frame, parent, kTextOpmlImportPlace,
+  const QString path = AskFile(parent, SkinText(frame.GetSkin(), kTextOpmlImportPlace),
                                QStandardPaths::DocumentsLocation, [](QFileDialog& dialog) {
                                  dialog.setFileMode(QFileDialog::ExistingFile);
                                  dialog.setNameFilters(NameFilters(kKindsToImport));
@@ -57,8 +57,8 @@ std::string AskImportFile(Frame& frame, QWidget* parent) {
 
 std::string AskExportPlace(Frame& frame, QWidget* parent, const std::string& name) {
   const QString path =
-      AskFile(frame, parent, kTextOpmlExportPlace, QStandardPaths::DocumentsLocation,
-              [&](QFileDialog& dialog) {
+      AskFile(parent, SkinText(frame.GetSkin(), kTextOpmlExportPlace),
+              QStandardPaths::DocumentsLocation, [&](QFileDialog& dialog) {
                 dialog.setAcceptMode(QFileDialog::AcceptSave);
                 dialog.setNameFilters(NameFilters(kKindsToExport));
                 dialog.setDefaultSuffix(kExportSuffix);

@@ -39,7 +39,7 @@ struct BrowserFixture : testing::Test {
   static void SetUpTestSuite() { PrepareBrowser(); }
 
   BrowserFixture() {
-    frame_.actions.askDownloadPlace = [this](const QString& name) { return FilePath(name); };
+    frame_.actions.askDownloadPlace = [this](auto& name, auto&) { return FilePath(name); };
     pane_.resize(640, 400);
     pane_.show();
     pane_.activateWindow();

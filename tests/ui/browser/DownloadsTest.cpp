@@ -14,9 +14,15 @@ const std::string kLong(32 << 20, 'x');  // not here at once
 
 struct DownloadsTest : BrowserFixture {
   DownloadsTest() {
-    frame_.actions.askDownloadPlace = [this](auto& name) { return asked_ << name, place_(); };
+    frame_.actions.askDownloadPlace = [this](auto& name, auto&) {
+      return asked_ << name, place_();
+    };
+    Write("a page");
   }
-  void Download(const char* path) { Page().download(Url(path)); }
+  void Download(const char* path) {
+    Click(QPoint(5, 5));
+    Page().download(Url(path));
+  }
   std::string Message(const char* key, const std::string& name) const {
     std::string text = HostText(key);
     return text.replace(text.find("%s"), 2, name);
@@ -109,7 +115,7 @@ TEST_F(DownloadsTest, APlaceThatCannotBeWrittenFails) {
 TEST_F(DownloadsTest, ThePaneMayGoMeanwhileAndLeavesNothing) {
   auto pane = std::make_unique<CRSS_RightBottomContainer>(frame_, nullptr);
   server_.Endless("/slow.bin");
-  pane->findChild<QWebEngineView*>()->page()->download(Url("/slow.bin"));
+  pane->findChild<CRSS_HtmlView*>()->Navigate(Url("/slow.bin"));
   EXPECT_TRUE(ComesTrue([&] { return !folder_.Names().empty(); }));
   frame_.messages.clear();
   pane.reset();
