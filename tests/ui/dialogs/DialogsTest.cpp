@@ -266,8 +266,8 @@ TEST_F(Dialogs, AFileIsAskedForWithTheSuggestedNameInTheUsersFolder) {
       dialog->accept();
     });
   };
-  enter("파일 저장; " + folder + "; All Files (*); tone.wav; save", "kept.wav");
-  EXPECT_TRUE(AskDownloadPlace(frame, parent.get(), "tone.wav").endsWith("/kept.wav"));
+  enter("h.example에서 받는 파일 저장; " + folder + "; All Files (*); tone.wav; save", "kept.wav");
+  EXPECT_TRUE(AskDownloadPlace(frame, parent.get(), "tone.wav", "h.example").endsWith("/kept.wav"));
   const std::string list = home.Write("목록.xml", "");
   const QString import = "OPML 파일 가져오기; " + folder + "; OPML File (*.xml *.opml); ; open";
   enter(import, "missing.xml");
