@@ -1,6 +1,5 @@
 #include "ui/browser/CRSS_HtmlView.h"
 
-#include <QChildEvent>
 #include <QOpenGLContext>
 #include <QPrinter>
 #include <QQuickWindow>
@@ -10,13 +9,13 @@
 #include <QWebEngineHistory>
 #include <QWebEngineProfile>
 #include <QWebEngineScript>
-#include <QWebEngineView>
 #include <algorithm>
 #include <array>
 
 #include "ui/browser/LinkStrip.h"
 #include "ui/browser/PageScheme.h"
 #include "ui/browser/PageScripts.h"
+#include "ui/browser/PageView.h"
 #include "ui/browser/PostAddresses.h"
 #include "ui/browser/WebPage.h"
 
@@ -84,7 +83,7 @@ class CRSS_HtmlView::Engine {
   const std::function<QString(const QString& name, const QString& host)> askSavePath;
   Downloads downloads;
   WebPage page;
-  QWebEngineView view;
+  PageView view;
   LinkStrip* strip = nullptr;  // a child of the view
   int host = 0;                // the host number of generated pages
 };
@@ -96,23 +95,11 @@ CRSS_HtmlView::CRSS_HtmlView(Callbacks callbacks, QWidget* parent)
   layout->addWidget(&engine_->view);
   setFocusProxy(&engine_->view);
   engine_->strip = new LinkStrip(this);
-  engine_->view.installEventFilter(this);
   Connect();
 }
 
 // The view is a member and a child widget: as a child it would be deleted twice.
 CRSS_HtmlView::~CRSS_HtmlView() { engine_->view.setParent(nullptr); }
-
-// The engine gives the view another child for each renderer process, to which the system's events
-// go. No page can send one.
-bool CRSS_HtmlView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::ChildAdded) {
-    static_cast<const QChildEvent*>(event)->child()->installEventFilter(this);
-  } else if (watched != &engine_->view && IsGesture(*event)) {
-    engine_->page.Touch();
-  }
-  return QWidget::eventFilter(watched, event);
-}
 
 void CRSS_HtmlView::Connect() {
   WebPage* const page = &engine_->page;
@@ -144,6 +131,7 @@ void CRSS_HtmlView::Connect() {
     emit MenuRequested({engine_->view.mapToGlobal(at), engine_->page.Meant(request->linkUrl()),
                         request->selectedText()});
   });
+  connect(&engine_->view, &PageView::Touched, page, &WebPage::Touch);
   connect(&engine_->view, &QWebEngineView::printFinished, this, [this](bool hasWorked) {
     engine_->printer.reset();
     if (!hasWorked) emit Reported(BrowserReport::PrintFailed, {});

@@ -121,9 +121,6 @@ class CRSS_HtmlView : public QWidget {
   // The number of the match that is shown, counted from 1, and the number of all matches.
   void FoundInPage(int active, int all);
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
   class Engine;
 

@@ -45,6 +45,12 @@ bool IsGesture(const QEvent& event) {
   }
 }
 
+bool IsTab(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const int key = static_cast<const QKeyEvent&>(event).key();
+  return key == Qt::Key_Tab || key == Qt::Key_Backtab;
+}
+
 bool IsLeaveQuestion(const QString& text) {
   return text == QCoreApplication::translate("QWebEnginePage",
                                              "Are you sure you want to leave this page? Changes "

@@ -17,6 +17,8 @@ namespace feedloom {
 // Escape, which says no, is none; nor is a key that only changes others, nor the second press of a
 // double click.
 bool IsGesture(const QEvent& event);
+// Whether it is the press of Tab, without or with Shift, with which the user leaves a page.
+bool IsTab(const QEvent& event);
 
 // Whether a question with this text is the engine's own, whether the page may be left. A page that
 // asks the same gets the same answer, which leads nowhere.

@@ -236,9 +236,7 @@ void WebPage::OpenHere(const QWebEngineNewWindowRequest& request) {
   const NavigationVerdict verdict = Judge(navigation);
   if (verdict != NavigationVerdict::Follow) return HandleUnfollowed(navigation.to, verdict);
   // An empty window, which its opener would fill by script, would replace the opener.
-  if (!IsWebAddress(navigation.to) && !navigation.to.isLocalFile()) return;
-  load(navigation.to);
-  emit OpenedHere();
+  if (IsWebAddress(navigation.to) || navigation.to.isLocalFile()) load(navigation.to);
 }
 
 bool WebPage::AreScriptsAllowed() const {

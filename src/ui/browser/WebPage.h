@@ -74,8 +74,6 @@ class WebPage : public QWebEnginePage {
   void FramesFound(const QStringList& addresses);
   // The user has clicked a link that another program of the system opens.
   void OutsideWanted(const QUrl& url);
-  // The user has clicked a link that asks for a new window; its page opens here.
-  void OpenedHere();
 
  protected:
   bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;

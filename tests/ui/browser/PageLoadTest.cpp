@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <QKeyEvent>
-#include <QTouchEvent>
 #include <sstream>
 
 #include "ui/browser/PageQuestions.h"
@@ -119,6 +118,9 @@ TEST(PageQuestions, KnowAGestureAHostAndALine) {
   EXPECT_TRUE(IsGesture(QEvent(QEvent::MouseButtonPress)));
   EXPECT_FALSE(key(Qt::Key_Escape) || key(Qt::Key_Shift) || IsGesture(QEvent(QEvent::MouseMove)) ||
                IsGesture(QEvent(QEvent::Wheel)) || IsGesture(QEvent(QEvent::KeyRelease)));
+  const auto isTab = [](int code) { return IsTab(QKeyEvent(QEvent::KeyPress, code, {})); };
+  EXPECT_TRUE(isTab(Qt::Key_Tab) && isTab(Qt::Key_Backtab));
+  EXPECT_FALSE(isTab(Qt::Key_Return) || IsTab(QEvent(QEvent::MouseButtonPress)));
   for (const char* const row :
        {"http://u:p@h/x > h", "https://h:8443/ > h:8443", "blob:http://h:8/1 > h:8",
         "http://\u0430pple.com/ > xn--pple-43d.com", "data:text/html,x > ", "file:///x > "}) {

@@ -250,6 +250,26 @@ TEST_F(Dialogs, ListsGoToTheHandsetAndBackAndTheHostHearsOfIt) {
   EXPECT_EQ(frame.messages.back(), Korean("핸드셋과 동기화했습니다: 보낸 채널 12, 받은 채널 2"));
 }
 
+TEST_F(Dialogs, ALoginNamesWhoWantsItAndIsGivenUpWithEscape) {
+  const std::pair<bool, const char*> rows[] = {
+      {false, "로그인; 서버: h:8443; 영역: the realm; >이름=; 비밀번호=; 확인; 취소"},
+      {true, "로그인; 프록시: h:8443; 영역: the realm; >이름=; 비밀번호=; 확인; 취소"}};
+  for (const auto& [isProxy, look] : rows) {
+    const LoginQuestion question = {"h:8443", "the realm", isProxy};
+    WhenShown([&, look = look] {
+      EXPECT_EQ(Look(*dialog), look);
+      EXPECT_EQ(Box(3).echoMode(), QLineEdit::Password);
+      QTest::keyClicks(dialog->focusWidget(), "me");
+      Press(Qt::Key_Tab);
+      Try("pw");
+    });
+    const auto login = ShowLogin(frame, parent.get(), question);
+    EXPECT_TRUE(login && login->name == "me" && login->password == "pw");
+    WhenShown([&] { Press(Qt::Key_Escape); });
+    EXPECT_FALSE(ShowLogin(frame, parent.get(), question));
+  }
+}
+
 TEST_F(Dialogs, AFileIsAskedForWithTheSuggestedNameInTheUsersFolder) {
   const TempFolder home;
   QStandardPaths::setTestModeEnabled(true);  // nothing of the user's own
