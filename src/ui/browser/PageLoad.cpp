@@ -39,7 +39,8 @@ PageLoad Begun(const PageLoad& load, const Navigation& navigation, bool isUsers)
   begun.cause = navigation.cause;
   begun.target = navigation.to;
   begun.given = isGiven ? navigation.to : QUrl();
-  begun.reportsStatus = !PageNumber(navigation.to);
+  // What a page tries after a refusal must not wipe the refusal off the host's status text.
+  begun.reportsStatus = !PageNumber(navigation.to) && (isGiven || !load.isRefusalTold);
   if (navigation.cause == NavigationCause::Command) begun.isOrdered = false;
   if (navigation.cause != NavigationCause::Server) begun.loginHosts.clear();
   if (isGiven) begun.isRefusalTold = false;

@@ -13,24 +13,31 @@ void PageView::childEvent(QChildEvent* event) {
   QWebEngineView::childEvent(event);
 }
 
-// No page can send these events.
+// No page can send these events. The engine hides the child of a renderer process that it leaves,
+// and hands the keyboard to the next child only sometimes.
 bool PageView::eventFilter(QObject* watched, QEvent* event) {
   if (IsGesture(*event)) {
     isTabPressed_ = IsTab(*event);
     emit Touched();
+  } else if (event->type() == QEvent::Hide && isVisible()) {
+    if (static_cast<const QWidget*>(watched)->hasFocus()) KeepKeyboard();
   }
   return QWebEngineView::eventFilter(watched, event);
 }
 
-// The engine hides the child of the renderer process that it leaves, and the toolkit then looks for
-// another widget for the keyboard, as does a page without anything to choose when it gets it.
+// The toolkit looks for another widget when the one that has the keyboard is hidden, as does a page
+// without anything to choose when it gets the keyboard.
 bool PageView::focusNextPrevChild(bool next) {
   if (isTabPressed_ || !isAncestorOf(QApplication::focusWidget())) {
     return QWebEngineView::focusNextPrevChild(next);
   }
+  KeepKeyboard();
+  return true;
+}
+
+void PageView::KeepKeyboard() {
   QMetaObject::invokeMethod(
       this, [this] { setFocus(); }, Qt::QueuedConnection);
-  return true;
 }
 
 }  // namespace feedloom

@@ -19,6 +19,8 @@ class PageView : public QWebEngineView {
   bool focusNextPrevChild(bool next) override;
 
  private:
+  void KeepKeyboard();
+
   bool isTabPressed_ = false;  // the latest gesture was the key Tab, without or with Shift
 };
 
