@@ -25,6 +25,11 @@ LoadPhase FirstPhase(const Navigation& navigation) {
   return navigation.to == navigation.from ? LoadPhase::Arrived : LoadPhase::Requested;
 }
 
+// What a page tries after a refusal must not wipe the refusal off the host's status text.
+bool MayReport(const PageLoad& load, const QUrl& target) {
+  return !PageNumber(target) && !load.isRefusalTold;
+}
+
 }  // namespace
 
 bool IsUnderWay(const PageLoad& load) {
@@ -39,16 +44,15 @@ PageLoad Begun(const PageLoad& load, const Navigation& navigation, bool isUsers)
   begun.cause = navigation.cause;
   begun.target = navigation.to;
   begun.given = isGiven ? navigation.to : QUrl();
-  // What a page tries after a refusal must not wipe the refusal off the host's status text.
-  begun.reportsStatus = !PageNumber(navigation.to) && (isGiven || !load.isRefusalTold);
   if (navigation.cause == NavigationCause::Command) begun.isOrdered = false;
   if (navigation.cause != NavigationCause::Server) begun.loginHosts.clear();
   if (isGiven) begun.isRefusalTold = false;
+  begun.reportsStatus = MayReport(begun, navigation.to);
   return begun;
 }
 
 PageLoad FrameBegun(PageLoad load, const QUrl& target) {
-  load.reportsStatus = !PageNumber(target);
+  load.reportsStatus = MayReport(load, target);
   return load;
 }
 

@@ -66,6 +66,7 @@ DownloadVerdict JudgeDownload(const PageLoad& load, const QUrl& address) {
 PageLoad Judged(PageLoad load, DownloadVerdict verdict) {
   if (verdict != DownloadVerdict::Ask) {
     load.isRefusalTold = true;
+    load.reportsStatus = false;
     return load;
   }
   load.given.clear();
