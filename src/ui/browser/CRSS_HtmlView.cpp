@@ -204,7 +204,7 @@ std::optional<PlayedMedia> CRSS_HtmlView::Played() const {
   return PlayedMedia{page->title, page->source};
 }
 
-// A post's page shows no frame: for one of a known kind a link to it appears instead.
+// A post's page shows no frame: a link to it appears instead.
 void CRSS_HtmlView::ReplaceFrames(const QStringList& frames) {
   const auto page = engine_->page.Generated();
   if (!page || page->kind == PageKind::Player) return;

@@ -48,7 +48,8 @@ bool TellsProgress(BrowserReport report) {
 QString FrameText(const Frame& frame, const FrameLink& link) {
   static const std::map<FrameKind, const char*> kKeys = {{FrameKind::Video, kTextFrameVideo},
                                                          {FrameKind::Sound, kTextFrameSound},
-                                                         {FrameKind::Map, kTextFrameMap}};
+                                                         {FrameKind::Map, kTextFrameMap},
+                                                         {FrameKind::Page, kTextFramePage}};
   return SkinText(frame.GetSkin(), kKeys.at(link.kind))
       .replace("%s", DisplayAddress(link.page).text);
 }

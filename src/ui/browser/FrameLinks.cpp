@@ -42,7 +42,7 @@ std::optional<FrameLink> LinkForFrame(const QUrl& frame) {
     const QString page = QString(rule.page).replace(QLatin1String("\\1"), match.captured(1));
     return FrameLink{rule.kind, page.isEmpty() ? frame : QUrl(page)};
   }
-  return {};
+  return FrameLink{FrameKind::Page, frame};
 }
 
 }  // namespace feedloom

@@ -6,7 +6,7 @@
 
 namespace feedloom {
 
-enum class FrameKind { Video, Sound, Map };
+enum class FrameKind { Video, Sound, Map, Page };
 
 struct FrameLink {
   FrameKind kind = FrameKind::Video;
@@ -15,7 +15,7 @@ struct FrameLink {
   bool operator==(const FrameLink&) const = default;
 };
 
-// What the frame at the address `frame` (http or https) would show; none when that is not known.
+// What the frame at the address `frame` would show; none unless that is http or https.
 std::optional<FrameLink> LinkForFrame(const QUrl& frame);
 
 }  // namespace feedloom

@@ -36,6 +36,10 @@ bool IsUnderWay(const PageLoad& load) {
   return load.phase == LoadPhase::Requested || load.phase == LoadPhase::Arrived;
 }
 
+bool IsAbandonedBy(const PageLoad& load, const Navigation& navigation) {
+  return IsUnderWay(load) && navigation.cause != NavigationCause::Server;
+}
+
 PageLoad Begun(const PageLoad& load, const Navigation& navigation, bool isUsers) {
   PageLoad begun = load;
   const bool isGiven = IsGivenByUser(load, navigation, isUsers);

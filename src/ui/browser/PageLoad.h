@@ -39,6 +39,9 @@ struct PageLoad {
 // Whether a navigation that was accepted has not ended.
 bool IsUnderWay(const PageLoad& load);
 
+// Whether `navigation`, which was accepted, ends a load that is under way.
+bool IsAbandonedBy(const PageLoad& load, const Navigation& navigation);
+
 // Each returns the value after the event.
 
 // A navigation of the main frame was accepted. `isUsers`: it is certain that the user has ordered

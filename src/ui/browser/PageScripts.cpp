@@ -74,7 +74,9 @@ constexpr char kFindPictures[] = R"((() => {
 constexpr char kFindFrames[] = R"((() => {
   if (location.protocol !== 'feedloom:') return;
   const frames = [...Document.prototype.querySelectorAll.call(document, 'iframe,embed,object')];
-  const addresses = frames.slice(0, 100).map(frame => frame.src || frame.data)
+  // Those of a few pixels only tell somebody that the post is read.
+  const addresses = frames.filter(frame => Math.min(frame.offsetWidth, frame.offsetHeight) > 9)
+    .slice(0, 100).map(frame => frame.src || frame.data)
     .filter(address => /^(https?|feedloom):/.test(address));
   if (addresses.length > 0) console.log('%1' + JSON.stringify(addresses));
 })())";

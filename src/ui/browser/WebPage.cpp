@@ -164,6 +164,8 @@ void WebPage::Begin(const Navigation& navigation, bool isUsers) {
   const bool isToGenerated = IsGenerated(navigation.to);
   if (IsGenerated(navigation.from) && !isToGenerated) Ask(RemoveFramesScript(), [](const auto&) {});
   AllowScripts(!isToGenerated);
+  // The engine does not report the end of a load that another one replaces.
+  if (IsAbandonedBy(load_, navigation)) ForwardStatus(BrowserReport::Stopped, {});
   load_ = Begun(load_, navigation, isUsers);
   emit Changed();
 }

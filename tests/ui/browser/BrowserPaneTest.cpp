@@ -116,9 +116,13 @@ TEST_F(BrowserPane, KeysDoWhatTheButtonsDo) {
   Go(Url("/never"));
   ASSERT_TRUE(WasRequested("/never"));
   EXPECT_EQ(Bar(), "+-+-/never");
-  const std::string loading = HostText(kTextPageLoading);
-  EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith(loading.substr(0, loading.find('%'))); }));
+  const auto isSaid = [&] { return IsLastMessageWith(HostText(kTextPageLoading).substr(0, 6)); };
+  EXPECT_TRUE(ComesTrue(isSaid));
   EXPECT_EQ(ShownBy([&] { Press(Qt::Key_Escape); }), "two +---/2");
+  EXPECT_EQ(frame_.messages.back(), "");
+  Go(Url("/never"));
+  EXPECT_TRUE(ComesTrue(isSaid));
+  WaitForPage([&] { pane_.ShowPost(Post("a post", "/post")); });
   EXPECT_EQ(frame_.messages.back(), "");
 }
 

@@ -105,7 +105,7 @@ TEST_F(Links, ARefusedOneIsSaidWhereverItIsClicked) {
 TEST_F(Links, AVideoInAPostIsALineWithALink) {
   Show(Post("post", "/a",
             "<iframe src='https://www.youtube.com/embed/abc'></iframe>"
-            "<iframe src='https://unknown.example/'></iframe>"));
+            "<iframe width=1 height=1 src='https://unknown.example/'></iframe>"));
   EXPECT_TRUE(
       ComesTrue([&] { return Text().contains("동영상: https://www.youtube.com/watch?v=abc"); }));
   EXPECT_EQ(Evaluate("document.querySelector('#disc-0 a').href"),
