@@ -6,7 +6,6 @@ import http.server
 import os
 import pathlib
 import random
-import shutil
 import signal
 import sqlite3
 import subprocess
@@ -101,18 +100,6 @@ class Database:
         """Outside any transaction."""
         with contextlib.closing(sqlite3.connect(self.path)) as connection:
             return connection.execute(f"pragma {text}").fetchone()[0]
-
-    def copy(self, path):
-        """One file, with what its write-ahead file holds."""
-        with contextlib.closing(sqlite3.connect(self.path)) as connection, \
-                contextlib.closing(sqlite3.connect(path)) as copy:
-            connection.backup(copy)
-        return path
-
-    def restore(self, path):
-        for suffix in ("-wal", "-shm"):
-            self.path.with_name(self.path.name + suffix).unlink(missing_ok=True)
-        shutil.copy(path, self.path)
 
     def rows(self):
         return {part: set(self.sql(f"select {part}")) for part in LASTING}
