@@ -41,27 +41,12 @@ def act(node, action):
     actions = node.queryAction()
     names = [actions.getName(number) for number in range(actions.nActions)]
     if action not in names or not actions.doAction(names.index(action)):
-        raise AssertionError(f"{described(node)} does not do {action}, of {names}")
+        raise AssertionError(f"{node.name} does not do {action}, of {names}")
 
 
 def type_key(name):
     """A key as the user would press it; the tool hands it on to whatever has the keyboard."""
     pyatspi.Registry.generateKeyboardEvent(KEYS[name], None, pyatspi.KEY_SYM)
-
-
-def described(node):
-    return f"{node.getRoleName()} {node.name!r} {sorted(states(node))}"
-
-
-def outline(node, depth=0):
-    """All below `node`, a line each."""
-    try:
-        lines = ["  " * depth + described(node)]
-        for child in children(node):
-            lines += outline(child, depth + 1)
-        return lines
-    except GLib.Error as error:
-        return ["  " * depth + f"({error.message})"]
 
 
 class Watch:
