@@ -3,12 +3,11 @@
 #include <httplib.h>
 #include <sys/socket.h>
 
-#include "platform/Mutex.h"
+#include <algorithm>
+#include <condition_variable>
 
 namespace feedloom {
 namespace {
-
-using std::chrono::steady_clock;
 
 constexpr const char* kXml = "text/xml";
 constexpr int kNotModified = 304;
@@ -27,44 +26,11 @@ void SetBody(httplib::Response& response, const std::string& bytes, const std::s
 struct FeedServer::Impl {
   // Fills in the answer; an empty function means that there is no answer yet.
   using Answer = std::function<void(const httplib::Request&, httplib::Response&)>;
-  struct Seen {
-    int count = 0;
-    httplib::Request last;
-  };
 
   Impl() {
     const auto handle = [this](auto& request, auto& response) { Handle(request, response); };
     server.Get(".*", handle);
     server.Post(".*", handle);
-    Start();
-  }
-
-  ~Impl() {
-    {
-      const MutexLock lock(mutex);
-      ended = true;
-      changed.notify_all();
-    }
-    server.stop();
-    listener.join();
-  }
-
-  void Put(const std::string& path, Answer answer) {
-    const MutexLock lock(mutex);
-    answers[path] = std::move(answer);
-    changed.notify_all();
-  }
-
-  // True when the pause was over before the server's end.
-  bool Pause(std::chrono::milliseconds duration) {
-    const auto deadline = steady_clock::now() + duration;
-    const MutexLock lock(mutex);
-    while (!ended && changed.wait_until(mutex, deadline) != std::cv_status::timeout) {
-    }
-    return !ended;
-  }
-
-  void Start() {
     server.new_task_queue = [this] {
       auto* const pool = new httplib::ThreadPool(32);
       poolStands = true;
@@ -82,44 +48,64 @@ struct FeedServer::Impl {
     poolStands.wait(false);
   }
 
+  ~Impl() {
+    Change([this] { ended = true; });
+    server.stop();
+    listener.join();
+  }
+
+  void Change(const std::function<void()>& what) {
+    const std::lock_guard lock(mutex);
+    what();
+    changed.notify_all();
+  }
+  void Put(const std::string& path, Answer answer) {
+    Change([&] { answers[path] = std::move(answer); });
+  }
+
+  // True when the pause was over before the server's end.
+  bool Pause(std::chrono::milliseconds duration) {
+    std::unique_lock lock(mutex);
+    return !changed.wait_for(lock, duration, [this] { return ended; });
+  }
+
   void Handle(const httplib::Request& request, httplib::Response& response) {
-    Arrived(request);
+    Change([&] {
+      highest = std::max(highest, ++inProgress);
+      seen.push_back(request);
+    });
     response.status = 503;
     if (const Answer answer = AwaitAnswer(request)) {
       response.status = 200;
       answer(request, response);
     }
-    const MutexLock lock(mutex);
-    --inProgress;
-    if (response.status == kNotModified) ++unchanged;
-  }
-
-  void Arrived(const httplib::Request& request) {
-    const MutexLock lock(mutex);
-    highest = std::max(highest, ++inProgress);
-    clientPorts.insert(request.remote_port);
-    for (const std::string& path : std::set{request.target, request.path}) {
-      ++seen[path].count;
-      seen[path].last.headers = request.headers;
-    }
-    changed.notify_all();
+    Change([&] {
+      --inProgress;
+      unchanged += response.status == kNotModified;
+    });
   }
 
   // The answer, after the latency; empty when the server ends meanwhile.
   Answer AwaitAnswer(const httplib::Request& request) {
-    if (!Pause(latency)) return {};
-    const MutexLock lock(mutex);
-    for (; !ended; changed.wait(mutex)) {
-      if (const Answer answer = AnswerTo(request)) return answer;
-    }
-    return {};
+    Answer answer;
+    if (!Pause(latency)) return answer;
+    std::unique_lock lock(mutex);
+    changed.wait(lock, [&] { return ended || (answer = AnswerTo(request)); });
+    return answer;
   }
 
-  Answer AnswerTo(const httplib::Request& request) const FEEDLOOM_REQUIRES(mutex) {
+  Answer AnswerTo(const httplib::Request& request) const {
     for (const std::string& path : {request.target, request.path}) {
       if (const auto found = answers.find(path); found != answers.end()) return found->second;
     }
     return [](auto&, auto& response) { response.status = 404; };
+  }
+
+  static auto IsFor(const std::string& path) {
+    return [path](const auto& request) { return request.target == path || request.path == path; };
+  }
+  int Requests(const std::string& path) const {
+    return static_cast<int>(std::ranges::count_if(seen, IsFor(path)));
   }
 
   httplib::Server server;
@@ -128,15 +114,12 @@ struct FeedServer::Impl {
   std::atomic<std::chrono::milliseconds> latency{};
   std::thread listener;
 
-  Mutex mutex;
-  std::condition_variable_any changed;
-  bool ended FEEDLOOM_GUARDED_BY(mutex) = false;
-  std::map<std::string, Answer> answers FEEDLOOM_GUARDED_BY(mutex);
-  std::map<std::string, Seen> seen FEEDLOOM_GUARDED_BY(mutex);
-  std::set<int> clientPorts FEEDLOOM_GUARDED_BY(mutex);
-  int inProgress FEEDLOOM_GUARDED_BY(mutex) = 0;
-  int highest FEEDLOOM_GUARDED_BY(mutex) = 0;
-  int unchanged FEEDLOOM_GUARDED_BY(mutex) = 0;
+  std::mutex mutex;  // of all that follows
+  std::condition_variable changed;
+  bool ended = false;
+  std::map<std::string, Answer> answers;
+  std::vector<httplib::Request> seen;
+  int inProgress = 0, highest = 0, unchanged = 0;
 };
 
 FeedServer::FeedServer() : impl_(std::make_unique<Impl>()) {}
@@ -204,13 +187,15 @@ void FeedServer::KeepConnections() {
 }
 
 int FeedServer::Unchanged() const {
-  const MutexLock lock(impl_->mutex);
+  const std::lock_guard lock(impl_->mutex);
   return impl_->unchanged;
 }
 
 int FeedServer::Connections() const {
-  const MutexLock lock(impl_->mutex);
-  return static_cast<int>(impl_->clientPorts.size());
+  const std::lock_guard lock(impl_->mutex);
+  std::set<int> ports;
+  for (const httplib::Request& request : impl_->seen) ports.insert(request.remote_port);
+  return static_cast<int>(ports.size());
 }
 
 void FeedServer::Echo(const std::string& path) {
@@ -245,29 +230,26 @@ void FeedServer::BreakOff(const std::string& path, const std::string& bytes) {
 void FeedServer::SetLatency(std::chrono::milliseconds latency) { impl_->latency = latency; }
 
 int FeedServer::Requests(const std::string& path) const {
-  const MutexLock lock(impl_->mutex);
-  return impl_->seen[path].count;
+  const std::lock_guard lock(impl_->mutex);
+  return impl_->Requests(path);
 }
 
 int FeedServer::HighestConcurrency() const {
-  const MutexLock lock(impl_->mutex);
+  const std::lock_guard lock(impl_->mutex);
   return impl_->highest;
 }
 
 bool FeedServer::WaitForRequest(const std::string& path, std::chrono::milliseconds timeout,
                                 int count) const {
-  const auto deadline = steady_clock::now() + timeout;
-  const MutexLock lock(impl_->mutex);
-  const int& arrived = impl_->seen[path].count;
-  while (arrived < count &&
-         impl_->changed.wait_until(impl_->mutex, deadline) != std::cv_status::timeout) {
-  }
-  return arrived >= count;
+  std::unique_lock lock(impl_->mutex);
+  return impl_->changed.wait_for(lock, timeout, [&] { return impl_->Requests(path) >= count; });
 }
 
 std::string FeedServer::LastHeader(const std::string& path, const std::string& name) const {
-  const MutexLock lock(impl_->mutex);
-  return impl_->seen[path].last.get_header_value(name);
+  const std::lock_guard lock(impl_->mutex);
+  const auto& seen = impl_->seen;
+  const auto last = std::find_if(seen.rbegin(), seen.rend(), Impl::IsFor(path));
+  return last == seen.rend() ? "" : last->get_header_value(name);
 }
 
 }  // namespace feedloom

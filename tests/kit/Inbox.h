@@ -3,9 +3,9 @@
 #include <chrono>
 #include <condition_variable>
 #include <functional>
+#include <mutex>
+#include <utility>
 #include <vector>
-
-#include "platform/Mutex.h"
 
 namespace feedloom {
 
@@ -13,27 +13,22 @@ namespace feedloom {
 class Inbox {
  public:
   void Put(std::function<void()> work) {
-    const MutexLock lock(mutex_);
+    const std::lock_guard lock(mutex_);
     works_.push_back(std::move(work));
     changed_.notify_all();
   }
 
   // False when none came.
   [[nodiscard]] bool WaitForWork() {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    const MutexLock lock(mutex_);
-    while (works_.empty())
-      if (changed_.wait_until(mutex_, deadline) == std::cv_status::timeout) break;
-    return !works_.empty();
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, std::chrono::seconds(20), [this] { return !works_.empty(); });
   }
 
   // What has come so far, on this thread.
   void DoAll() {
-    std::vector<std::function<void()>> works;
-    {
-      const MutexLock lock(mutex_);
-      works.swap(works_);
-    }
+    std::unique_lock lock(mutex_);
+    const auto works = std::exchange(works_, {});
+    lock.unlock();
     for (const auto& work : works) work();
   }
 
@@ -47,9 +42,9 @@ class Inbox {
   }
 
  private:
-  Mutex mutex_;
-  std::condition_variable_any changed_;
-  std::vector<std::function<void()>> works_ FEEDLOOM_GUARDED_BY(mutex_);
+  std::mutex mutex_;  // of all that follows
+  std::condition_variable changed_;
+  std::vector<std::function<void()>> works_;
 };
 
 }  // namespace feedloom

@@ -4,10 +4,10 @@
 #include <chrono>
 #include <condition_variable>
 #include <functional>
+#include <mutex>
 #include <vector>
 
 #include "platform/MessageTarget.h"
-#include "platform/Mutex.h"
 
 namespace feedloom {
 
@@ -29,14 +29,14 @@ class RecordingTarget : public MessageTarget {
   std::intptr_t Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) override {
     const SentMessage sent{message, wParam, lParam};
     const std::intptr_t answer = handler_(sent);
-    const MutexLock lock(mutex_);
+    const std::lock_guard lock(mutex_);
     messages_.push_back(sent);
     recorded_.notify_all();
     return answer;
   }
 
   std::vector<SentMessage> All() const {
-    const MutexLock lock(mutex_);
+    const std::lock_guard lock(mutex_);
     return messages_;
   }
   auto Count(unsigned message) const {
@@ -44,18 +44,17 @@ class RecordingTarget : public MessageTarget {
   }
   // Blocks until `count` such messages have been recorded; false when they never are.
   [[nodiscard]] bool WaitFor(unsigned message, int count = 1) const {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    const MutexLock lock(mutex_);
-    while (std::ranges::count(messages_, message, &SentMessage::message) < count)
-      if (recorded_.wait_until(mutex_, deadline) == std::cv_status::timeout) return false;
-    return true;
+    std::unique_lock lock(mutex_);
+    return recorded_.wait_for(lock, std::chrono::seconds(20), [&] {
+      return std::ranges::count(messages_, message, &SentMessage::message) >= count;
+    });
   }
 
  private:
   const Handler handler_;
-  mutable Mutex mutex_;
-  mutable std::condition_variable_any recorded_;
-  std::vector<SentMessage> messages_ FEEDLOOM_GUARDED_BY(mutex_);
+  mutable std::mutex mutex_;
+  mutable std::condition_variable recorded_;
+  std::vector<SentMessage> messages_;
 };
 
 }  // namespace feedloom
