@@ -82,12 +82,6 @@ TEST_F(Opml, TopOutlinesBecomeFoldersAndLoneFeedsShareOneNamedLikeTheList) {
   }
 }
 
-TEST_F(Opml, AListIsNamedByItsFileOrItsAddress) {
-  EXPECT_EQ(ListName("http://x/lists/a%20b.xml?v=2#top") + ListName("/home/My News.opml") +
-                ListName("https://x.example:8080"),
-            "a bMy Newsx.example");
-}
-
 TEST_F(Opml, AMergeUsesTheFoldersThatAreThereAndDoublesNothing) {
   kit_.db.Sql("insert into TB_FOLDER values(1, 'Mine', 4)");
   EXPECT_EQ(Import(NumberedFolder("A", 1)), "1/0/0");
@@ -150,10 +144,10 @@ TEST_F(Opml, WhatIsNoListIsRefusedWithItsReason) {
 }
 
 TEST_F(Opml, AnAddressIsDownloadedAsAFeedIs) {
-  kit_.server.Serve("/lists/blogs.opml", OpmlDocument(FeedOutline("x", "http://x/")));
+  kit_.server.Serve("/lists/my%20blogs.opml?v=2", OpmlDocument(FeedOutline("x", "http://x/")));
   kit_.server.Hang("/hang");
-  const ReadList read = Read({kit_.server.Url("/lists/blogs.opml"), true});
-  EXPECT_EQ(read.plan.value().folders.at(0).name, "blogs");
+  const ReadList read = Read({kit_.server.Url("/lists/my%20blogs.opml?v=2#top"), true});
+  EXPECT_EQ(read.plan.value().folders.at(0).name, "my blogs");
   EXPECT_EQ(ErrorAt("file://" + files_.Write("own", OpmlDocument(""))), "");
   EXPECT_EQ(ErrorAt(kit_.server.Url("/absent")), "The requested URL returned error: 404");
   clock_.RunOut();

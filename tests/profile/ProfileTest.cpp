@@ -114,9 +114,6 @@ TEST_F(ProfileTest, AnOlderDatabaseIsBroughtUpToDateBesideItsUsersAndIsOneWholeF
   const auto run = [&](const std::string& sql) {
     EXPECT_EQ(sqlite3_exec(other, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
   };
-  run("CREATE TABLE foreign_table(a)");
-  Keep();
-  EXPECT_EQ(Query("SELECT count(*) FROM sqlite_master; PRAGMA journal_mode"), "delete");
   run(ReadFile(share_ + "/schema.sql").value() + "BEGIN EXCLUSIVE");
   Keep();
   run("INSERT INTO TB_POST(post_channelID, post_link) VALUES(1, 'a'); COMMIT");
@@ -167,14 +164,6 @@ TEST_F(ProfileTest, OfAChannelsDeletedLinksTheNewestFourToFiveThousandAreKept) {
   EXPECT_EQ(Query(pass(1, 4999)), "4999-1");
   EXPECT_EQ(Query(pass(4998, 5000)), "4000-1001") << "of which two have gone before";
   EXPECT_EQ(Query(pass(5001, 12345)), "4345-8001");
-}
-
-TEST_F(ProfileTest, OfTwoCreationsAtATimeOneSucceeds) {
-  std::string first;
-  std::thread other([&] { first = Create(); });
-  const std::string second = Create();
-  other.join();
-  EXPECT_NE(first.empty(), second.empty());
 }
 
 TEST_F(ProfileTest, WhatStandsInTheWayIsNamedAndNoDatabaseIsLeftHalfMade) {

@@ -138,10 +138,6 @@ TEST_F(Controls, APaneFrameSurroundsTheViewBelowTheToolbar) {
   EXPECT_EQ(Runs(pane, {0, 15}), "ff0:2 fff:3 000:1 fff:28 000:1 fff:2 0ff:3");
   EXPECT_EQ(Runs(pane, {0, 19}), "ff0:2 fff:3 000:1 fff:24 00f:1 0f0:3 000:1 fff:2 0ff:3");
   for (const int y : {4, 28}) EXPECT_EQ(Runs(pane, {0, y}), "00f:2 f00:35 0f0:3");
-  const QPixmap side = piece(2, Qt::yellow), clear = piece(2, Qt::transparent);
-  const ThreePieces bottom{clear, clear, clear};
-  DrawPaneFrame(painter, pane.rect(), 9, {Qt::white, Qt::black, strip, side, side, bottom});
-  for (const int x : {1, 39}) EXPECT_TRUE(Runs(pane, {x, 9}).ends_with(":17 fff:4")) << x;
 }
 
 TEST_F(Controls, HaveRoomForTheirTextsWhichARadioButtonIsChosenBy) {
