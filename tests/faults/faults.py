@@ -234,12 +234,14 @@ class Story(unittest.TestCase):
         return window
 
     def assert_refreshes(self, profile, links):
-        """A refresh succeeds without a word of complaint; these links are stored then."""
+        """A refresh succeeds without a word of complaint; these links are stored then. Returns
+        how many seconds it takes."""
         before = profile.database.rows()
         ended = profile.run("refresh")
         self.assertEqual((ended.returncode, ended.err), (0, ""))
         self.assertLessEqual(set(links), profile.links())
         self.assert_kept(before, profile)
+        return ended.seconds
 
     def assert_kept(self, before, profile):
         """The database is whole, and every row is there as it was; others may have come."""

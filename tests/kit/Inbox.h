@@ -3,9 +3,10 @@
 #include <chrono>
 #include <condition_variable>
 #include <functional>
-#include <mutex>
 #include <utility>
 #include <vector>
+
+#include "platform/Mutex.h"
 
 namespace feedloom {
 
@@ -42,8 +43,8 @@ class Inbox {
   }
 
  private:
-  std::mutex mutex_;  // of all that follows
-  std::condition_variable changed_;
+  Mutex mutex_;  // of all that follows
+  std::condition_variable_any changed_;
   std::vector<std::function<void()>> works_;
 };
 
