@@ -182,6 +182,7 @@ TEST_F(Commands, ChangeJustWhatTheyNameAndAClippedPostStays) {
   ExpectRefused("delete --folder 1", "folder 1 is protected\n");
   EXPECT_EQ(Ids(), "321");
   const Rows deletions{{"delete --post 3", "21"},
+                       {"refresh", "21"},
                        {"cleanup 1", "21"},
                        {"cleanup 0", ""},
                        {"delete --channel 2", ""}};

@@ -50,13 +50,10 @@ class Program(subprocess.Popen):
         self.seconds = time.monotonic() - self.began
         return self
 
-    def ends_within(self, seconds):
-        with contextlib.suppress(subprocess.TimeoutExpired):
-            return self.finish(seconds)
-
     def kill_after(self, seconds):
         """False when it has ended before that."""
-        self.ends_within(seconds)
+        with contextlib.suppress(subprocess.TimeoutExpired):
+            self.finish(seconds)
         self.kill()
         return self.finish().returncode == -signal.SIGKILL
 
@@ -121,12 +118,9 @@ class Profile:
         made = self.run("init", "--lang", "ENG", "--code-page", "UTF-8")
         assert made.returncode == 0, made.err
         self.database.sql("delete from TB_CHANNEL")
-        self.add_channels(1, channels)
-
-    def add_channels(self, folder, channels):
         with self.database.transaction() as connection:
             connection.executemany("insert into TB_CHANNEL(channel_folderID, channel_title, "
-                                   f"channel_xmllink) values({folder}, ?, ?)", channels)
+                                   "channel_xmllink) values(1, ?, ?)", channels)
 
     def add_posts(self, channels, count, text="text"):
         with self.database.transaction() as connection:

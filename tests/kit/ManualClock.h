@@ -1,12 +1,13 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <ctime>
 #include <functional>
 #include <stop_token>
 
 #include "platform/Clock.h"
-#include "platform/Mutex.h"
 
 namespace feedloom {
 
@@ -25,35 +26,21 @@ class ManualClock : public Clock {
   // Stands at the machine's time unless told otherwise.
   explicit ManualClock(TimePoint now = std::chrono::system_clock::now()) : now_(now) {}
 
-  TimePoint Now() const override {
-    const MutexLock lock(mutex_);
-    return now_;
-  }
-
+  TimePoint Now() const override { return now_; }
   void Pause(std::chrono::milliseconds duration, std::stop_token = {}) override {
-    {
-      const MutexLock lock(mutex_);
-      paused_ += duration;
-    }
+    paused_ += duration.count();
     onPause();
   }
-
-  void Set(TimePoint now) {
-    const MutexLock lock(mutex_);
-    now_ = now;
+  void Set(TimePoint now) { now_ = now; }
+  std::chrono::milliseconds TimePaused() const {  // the sum of all pauses asked for
+    return std::chrono::milliseconds(paused_);
   }
 
   std::function<void()> onPause = [] {};  // called at the end of each pause
 
-  std::chrono::milliseconds TimePaused() const {  // the sum of all pauses asked for
-    const MutexLock lock(mutex_);
-    return paused_;
-  }
-
  private:
-  mutable Mutex mutex_;
-  TimePoint now_ FEEDLOOM_GUARDED_BY(mutex_);
-  std::chrono::milliseconds paused_ FEEDLOOM_GUARDED_BY(mutex_){0};
+  std::atomic<TimePoint> now_;
+  std::atomic<std::int64_t> paused_ = 0;
 };
 
 }  // namespace feedloom

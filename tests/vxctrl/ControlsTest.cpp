@@ -1,6 +1,5 @@
 // The skinned button, radio button, slider, edit box and drop-down lists.
 
-#include <QMessageBox>
 #include <QPainter>
 #include <QtTest>
 
@@ -205,16 +204,6 @@ TEST_F(Controls, AButtonIsPressedByClickSpaceAndEnterOnceEach) {
   EXPECT_FALSE(button_.isChecked()) << "Enter is its window's";
   QTest::keyClick(&button_, Qt::Key_Space);
   EXPECT_EQ(At(button_, 9, 1), kStateColors[kButtonPressed]);
-}
-
-TEST_F(Controls, AMissingImageOfAButtonIsNamedOnceAndTheNormalOneStandsIn) {
-  CButtonEx button(folder_.File("red.png"), nullptr);
-  QCoreApplication::processEvents();
-  const auto warnings = button.findChildren<QMessageBox*>();
-  ASSERT_EQ(warnings.size(), 1);
-  EXPECT_EQ(warnings[0]->text().toStdString(), folder_.File("red_hover.png") + " File not found!");
-  button.setEnabled(false);
-  EXPECT_EQ(At(button, 1, 1), kRed);
 }
 
 }  // namespace feedloom

@@ -98,12 +98,6 @@ TEST_F(Dialogs, ACabinetIsChosenFromAllInTheirOrder) {
 }
 
 TEST_F(Dialogs, ANameThatCannotBeStoredIsReported) {
-  WhenShown([&] {  // another program takes the name at the last moment
-    QObject::connect(dialog, &QDialog::finished, [&] { AddCabinet(frame.GetStore(), "Box", 9); });
-    Try("Box");
-  });
-  ShowCabinetAdd(frame, parent.get());
-  EXPECT_EQ(Messages(), Keys{kTextCabinetDuplicate});
   frame.db.Sql("drop table TB_SCRAP_POST; drop table TB_FOLDER");
   WhenShown([&] { Try("Shelf"); });
   ShowCabinetAdd(frame, parent.get());
@@ -290,17 +284,11 @@ TEST_F(Dialogs, AFileIsAskedForWithTheSuggestedNameInTheUsersFolder) {
   EXPECT_TRUE(AskDownloadPlace(frame, parent.get(), "tone.wav", "h.example").endsWith("/kept.wav"));
   const std::string list = home.Write("목록.xml", "");
   const QString import = "OPML 파일 가져오기; " + folder + "; OPML File (*.xml *.opml); ; open";
-  enter(import, "missing.xml");
-  WhenShown([&] { dialog->reject(); });  // the complaint
-  EXPECT_EQ(AskImportFile(frame, parent.get()), "");
   enter(import, "목록.xml");
   EXPECT_EQ(AskImportFile(frame, parent.get()), list);
   QDir::home().mkdir("Documents");
-  for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
-    enter("OPML 파일 저장; Documents; OPML file (*.xml *.opml), All file (*); x; save", "목록");
-    WhenShown([&] { dynamic_cast<QMessageBox&>(*dialog).button(answer)->click(); });
-    EXPECT_EQ(AskExportPlace(frame, parent.get(), "x"), answer == QMessageBox::No ? "" : list);
-  }
+  enter("OPML 파일 저장; Documents; OPML file (*.xml *.opml), All file (*); x; save", "new");
+  EXPECT_TRUE(AskExportPlace(frame, parent.get(), "x").ends_with("/new.xml"));
   WhenShown([&] { parent.reset(); });
   EXPECT_EQ(AskImportFile(frame, parent.get()), "");
 }
