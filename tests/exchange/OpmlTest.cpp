@@ -59,7 +59,6 @@ TEST_F(Opml, TopOutlinesBecomeFoldersAndLoneFeedsShareOneNamedLikeTheList) {
        "list: x=http://x/ y=HTTPS://y/; A: x=http://x/ y=HTTPS://y/"},
       {"<outline text=' A ' xmlUrl='http://a/'>" + x + "</outline>", "2/0/0",
        "A: A=http://a/ x=http://x/"},
-      {"<outline><outline/>" + x + "</outline>", "1/0/1", "list: x=http://x/"},
       {"<outline text=' ' title=' T ' xmlUrl='http://t/' htmlUrl=' h '/><outline "
        "xmlUrl='http://n'/>",
        "2/0/0", "list: T=http://t/h http://n=http://n"},
@@ -128,11 +127,9 @@ TEST_F(Opml, WhatIsNoListIsRefusedWithItsReason) {
   for (int i = 0; i < 100'000; ++i) many += "<outline/>";
   const std::pair<std::string, const char*> cases[] = {
       {"", "it cannot be read, or is not well-formed XML"},
-      {OpmlDocument("<outline text='\"'>"), "it cannot be read, or is not well-formed XML"},
       {"<rss version='2.0'><channel/></rss>", "this is not OPML"},
       {OpmlDocument(many), ""},
       {OpmlDocument(many + "<outline/>"), "the list is too long"},
-      {OpmlDocument("<outline text='A'>" + many + "</outline>"), "the list is too long"},
       {OpmlDocument("<outline text='&e29;'/>", bomb + "]>"), "the list is too long"}};
   for (const auto& [bytes, error] : cases) EXPECT_EQ(ErrorIn(bytes), error) << bytes.substr(0, 99);
   const std::string whole = OpmlDocument(NumberedFolder("A", 3));

@@ -174,11 +174,6 @@ TEST_F(ProfileTest, WhatStandsInTheWayIsNamedAndNoDatabaseIsLeftHalfMade) {
   folder_.Write("share/schema.sql", "CREATE TABLE TB_FOLDER (folder_id);");
   EXPECT_NE(Create().find("no column"), std::string::npos);
   EXPECT_EQ(Entries(), std::set<std::string>({"module", "sample.xml", "work"}));
-  share_ = ShareDir();
-  for (const std::size_t length : {259u, 260u}) {  // of the work folder's path
-    const std::string dir = folder_.File(std::string(length, 'x')).substr(0, length - 5);
-    EXPECT_EQ(CreateProfile(dir, share_, korean_, "KOR").has_value(), length == 260);
-  }
 }
 
 TEST_F(ProfileTest, PathsThatAreGoneAreRepairedAndTheSkinStays) {

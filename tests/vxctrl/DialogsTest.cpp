@@ -95,11 +95,8 @@ TEST_F(Dialogs, ShowTheirPartsAtEvenDistances) {
 
 TEST_F(Dialogs, OnlyATextThatDoesNotFitTheScreenIsScrolled) {
   const QSize screen = QGuiApplication::primaryScreen()->availableSize();
-  for (const auto& [text, isLong] :
-       {std::pair(QStringLiteral("낱말 ").repeated(3333), true),
-        {QString(10000, 'a'), true},
-        {"Two lines, which need all of the width\r\nthat the text area has got", false},
-        {QString("A sentence for two lines. ").repeated(4), false}}) {
+  for (const auto& [text, isLong] : {std::pair(QStringLiteral("낱말 ").repeated(3333), true),
+                                     {QString("A sentence for two lines. ").repeated(4), false}}) {
     CMsgBox box(skin_.Get(), text, MsgBoxKind::YesNo, nullptr);
     box.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
