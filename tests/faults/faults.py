@@ -24,14 +24,6 @@ LASTING = ["* from TB_FOLDER", "* from TB_POST", "channel_id, channel_folderID, 
            "channel_xmllink, channel_order from TB_CHANNEL"]
 
 
-def wait_until(is_true, what):
-    """Looks again and again: what is waited for sends no event. Raises after PATIENCE."""
-    deadline = time.monotonic() + PATIENCE
-    while not is_true():
-        assert time.monotonic() < deadline, what
-        time.sleep(0.01)
-
-
 class Program(subprocess.Popen):
     """A running program; killed at the end of the `with` unless it has ended."""
 
@@ -211,7 +203,10 @@ class Story(unittest.TestCase):
 
     def show(self, profile, *arguments, **options):
         window = self.enterContext(profile.start_window(*arguments, **options))
-        wait_until(lambda: pages(window), "the window shows no page")
+        deadline = window.began + PATIENCE
+        while not pages(window):  # what is waited for sends no event
+            self.assertLess(time.monotonic(), deadline, "the window shows no page")
+            time.sleep(0.01)
         return window
 
     def assert_refreshes(self, profile, links):

@@ -21,9 +21,7 @@ TEST_F(HostConfigTest, EachTextIsReadAfreshAndCutBetweenCharacters) {
       {"APP_TITLE", &HostConfig::GetAppTitle},
       {"CORVANE_LANG", &HostConfig::GetHostLanguage},
       {"CORVANE_DISPLAY_MODELNAME", &HostConfig::GetModelName},
-      {"CORVANE_DEFAULT_MODELNAME", &HostConfig::GetDefaultModelName},
-      {"CORVANE_PLATFORM", &HostConfig::GetPlatform},
-      {"CORVANE_OSTYPE", &HostConfig::GetOsType}};
+      {"CORVANE_DEFAULT_MODELNAME", &HostConfig::GetDefaultModelName}};
   std::string syllables;
   for (int i = 0; i < 100; ++i) syllables += "똠";
   for (const auto& [name, get] : kTexts) {
@@ -36,7 +34,7 @@ TEST_F(HostConfigTest, EachTextIsReadAfreshAndCutBetweenCharacters) {
   }
 }
 
-TEST_F(HostConfigTest, TheCodePageIsKoreanLinksOpenInThePaneAndDebugModeIsOffUnlessTheHostSaysSo) {
+TEST_F(HostConfigTest, TheCodePageIsKoreanAndLinksOpenInThePaneUnlessTheHostSaysSo) {
   EXPECT_EQ(config_.GetCodePage(), CodePage::Korean());
   Set("CODEPAGE", "utf-8");
   EXPECT_EQ(config_.GetCodePage(), CodePage::Utf8());
@@ -44,11 +42,6 @@ TEST_F(HostConfigTest, TheCodePageIsKoreanLinksOpenInThePaneAndDebugModeIsOffUnl
   for (const auto& [value, isOutside] : {std::pair{"system", true}, {"PANE", false}}) {
     Set("POST_LINKS", value);
     EXPECT_EQ(config_.OpensLinksOutside(), isOutside);
-  }
-  EXPECT_FALSE(config_.IsDebugMode());
-  for (const std::uint32_t mode : {1u, 2u, 0u}) {
-    ASSERT_TRUE(registry_.WriteDword(kHostKey, "Debug Mode", mode));
-    EXPECT_EQ(config_.IsDebugMode(), mode > 0);
   }
 }
 
@@ -67,9 +60,6 @@ TEST_F(HostConfigTest, PathsAreBytesAndImagesAndIniFilesHaveTheirDirectorysSepar
   Set("CORVANE_DEFAULT_MODELNAME", "sph-한1");
   EXPECT_EQ(config_.GetModelName(), CodePage::Korean().FromUtf8("sph-한1"));
   EXPECT_EQ(config_.GetImageIniPath() + config_.GetStringIniPath(), "/집/image.ini/집/string.ini");
-  EXPECT_EQ(config_.GetBmCorvaneIniPath() + config_.GetCorvaneIniPath(),
-            "/집/bm_Corvane.ini/집/corvane.ini");
-  EXPECT_EQ(config_.GetModelIniPath(), "/집/SPH-한1.ini");
 }
 
 }  // namespace feedloom
