@@ -106,7 +106,7 @@ void Put(Entries& entries, RegistryEntry entry) {
   entries.insert(neighbour != entries.rend() ? neighbour.base() : entries.end(), std::move(entry));
 }
 
-bool Write(const std::string& path, RegistryEntry entry) {
+bool PutIntoFile(const std::string& path, const Entries& added) {
   constexpr int kPatienceMs = 5000;
   constexpr int kStaleMs = 1000;
   // The lock file keeps other programs out. Threads of this program wait for the mutex instead:
@@ -120,7 +120,7 @@ bool Write(const std::string& path, RegistryEntry entry) {
   if (!lockFile.tryLock(kPatienceMs)) return false;
   auto entries = Load(path);
   if (!entries) return false;
-  Put(*entries, std::move(entry));
+  for (const RegistryEntry& entry : added) Put(*entries, entry);
   return Save(path, *entries);
 }
 
@@ -170,14 +170,18 @@ std::optional<std::string> Registry::ReadString(const std::string& key,
   return ValueIn<std::string>(content_->Now().get(), key, name);
 }
 
+bool Registry::Write(const std::vector<RegistryEntry>& entries) const {
+  return PutIntoFile(content_->path, entries);
+}
+
 bool Registry::WriteDword(const std::string& key, const std::string& name,
                           std::uint32_t value) const {
-  return Write(content_->path, {key, name, value});
+  return Write({{key, name, value}});
 }
 
 bool Registry::WriteString(const std::string& key, const std::string& name,
                            const std::string& value) const {
-  return Write(content_->path, {key, name, value});
+  return Write({{key, name, value}});
 }
 
 bool Registry::IsReadable() const { return content_->Now() != nullptr; }

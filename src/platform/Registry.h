@@ -6,6 +6,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
+
+#include "platform/RegistryFile.h"
 
 namespace feedloom {
 
@@ -22,8 +25,12 @@ class Registry {
   std::optional<std::uint32_t> ReadDword(const std::string& key, const std::string& name) const;
   std::optional<std::string> ReadString(const std::string& key, const std::string& name) const;
 
-  // Stores the value; it may replace one of the other type. False when the file cannot be saved or
-  // is damaged: a damaged file is never replaced.
+  // Stores the values in this order; each may replace one of the other type. Waits for another
+  // program's lock, 5 s at most. False, and no value is stored, when the lock stays, when the file
+  // cannot be saved or is damaged: a damaged file is never replaced.
+  [[nodiscard]] bool Write(const std::vector<RegistryEntry>& entries) const;
+
+  // Store one value in the same way.
   [[nodiscard]] bool WriteDword(const std::string& key, const std::string& name,
                                 std::uint32_t value) const;
   [[nodiscard]] bool WriteString(const std::string& key, const std::string& name,

@@ -1,7 +1,9 @@
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -70,9 +72,7 @@ std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir,
       {kHostKey, kValueAppTitle, kDefaultAppTitle},
       {kHostKey, kValueLanguage, language},
       {kHostKey, kValueCodePage, std::string(codePage.DeclaredName())}};
-  for (const auto& [name, path] : SharePathsIn(shareDir, kLightSkin)) {
-    entries.push_back({kHostKey, name, path});
-  }
+  std::ranges::move(SharePathsIn(shareDir, kLightSkin), std::back_inserter(entries));
   // Without these values the settings would show an age of 0 days, which they do not accept.
   for (const auto& [name, value] : {std::pair{kValueFeedDeleteMode, kNeverDelete},
                                     std::pair{kValueFeedDeleteDate, kDaysToKeep}}) {
@@ -84,8 +84,8 @@ std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir,
 
 // HostConfig truncates longer paths, so such a profile would not work.
 Failure CheckLengths(const ProfilePaths& paths, const std::string& shareDir) {
-  for (const std::string& path :
-       {paths.workDir, SharePathsIn(shareDir, kLightSkin).front().second}) {
+  const auto shared = SharePathsIn(shareDir, kLightSkin).front().value;
+  for (const std::string& path : {paths.workDir, std::get<std::string>(shared)}) {
     if (path.size() > kMaxHostPath) {
       return fmt::format("The path '{}' is longer than {} bytes.", path, kMaxHostPath);
     }

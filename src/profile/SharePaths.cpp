@@ -28,11 +28,11 @@ bool IsSkin(const std::string& imageDir) { return IsRegularFile(JoinPath(imageDi
 
 }  // namespace
 
-SharePaths SharePathsIn(const std::string& shareDir, const std::string& skin) {
+std::vector<RegistryEntry> SharePathsIn(const std::string& shareDir, const std::string& skin) {
   const std::string skinDir = SkinDir(shareDir, skin);
-  // The ini directory is written last: RepairSharePaths checks it, and so repeats an interrupted
-  // run.
-  return {{{kValueImageDir, skinDir}, {kValueCurrentPath, skinDir}, {kValueIniDir, shareDir}}};
+  return {{kHostKey, kValueImageDir, skinDir},
+          {kHostKey, kValueCurrentPath, skinDir},
+          {kHostKey, kValueIniDir, shareDir}};
 }
 
 std::string SkinName(const HostConfig& config) {
@@ -44,13 +44,8 @@ Failure ChooseSkin(const std::string& dir, const std::string& shareDir, const st
     return fmt::format("There is no skin in '{}'.", SkinDir(shareDir, skin));
   }
   const ProfilePaths paths(dir);
-  const Registry registry(paths.registry);
-  for (const auto& [name, path] : SharePathsIn(AbsolutePath(shareDir), skin)) {
-    if (!registry.WriteString(kHostKey, name, path)) {
-      return fmt::format("Cannot write the registry file '{}'.", paths.registry);
-    }
-  }
-  return {};
+  if (Registry(paths.registry).Write(SharePathsIn(AbsolutePath(shareDir), skin))) return {};
+  return fmt::format("Cannot write the registry file '{}'.", paths.registry);
 }
 
 Failure RepairSharePaths(const std::string& dir, const std::string& shareDir) {

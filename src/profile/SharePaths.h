@@ -3,10 +3,10 @@
 // (skin.ini).
 #pragma once
 
-#include <array>
 #include <string>
-#include <utility>
+#include <vector>
 
+#include "platform/RegistryFile.h"
 #include "profile/Files.h"
 
 namespace feedloom {
@@ -17,11 +17,9 @@ inline constexpr char kLightSkin[] = "light";
 inline constexpr char kDarkSkin[] = "dark";
 inline constexpr char kSkinIni[] = "skin.ini";  // in the directory of a skin
 
-// The registry values with paths in the shared directory, in the order in which they are written.
-using SharePaths = std::array<std::pair<const char*, std::string>, 3>;
-
-// The paths for `skin` in `shareDir`, which must be absolute.
-SharePaths SharePathsIn(const std::string& shareDir, const std::string& skin);
+// The registry values with paths in the shared directory, for `skin` in `shareDir`, which must be
+// absolute. The first path is the longest.
+std::vector<RegistryEntry> SharePathsIn(const std::string& shareDir, const std::string& skin);
 
 // The name of the profile's current skin: the last component of its image directory.
 std::string SkinName(const HostConfig& config);

@@ -206,7 +206,7 @@ void CRSS_MainFrame::OpenControlPanel() {
   const QPointer self(this);
   const SettingsAccess access{
       .load = [this] { return LoadPanelSettings(registry_); },
-      .save = [this](const Settings& settings) { SavePanelSettings(registry_, settings); }};
+      .save = [this](const Settings& settings) { return SavePanelSettings(registry_, settings); }};
   const auto settings = EditSettings(*this, this, access);
   if (!self) return;
   isPanelOpen_ = false;

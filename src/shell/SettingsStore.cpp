@@ -41,14 +41,12 @@ Settings Load(const Registry& registry, std::span<const Field> fields) {
   return settings;
 }
 
-// A failure is ignored: nothing depends on the numbers, and the texts would fail as well.
-void SaveNumber(const Registry& registry, const Settings& settings, const Field& field) {
-  const auto number = static_cast<std::uint32_t>(settings.*field.member);
-  (void)registry.WriteDword(kModuleKey, field.name, number);
+RegistryEntry NumberOf(const Settings& settings, const Field& field) {
+  return {kModuleKey, field.name, static_cast<std::uint32_t>(settings.*field.member)};
 }
 
-void SaveText(const Registry& registry, const Settings& settings, const Field& field) {
-  (void)registry.WriteString(kModuleKey, TextName(field), std::to_string(settings.*field.member));
+RegistryEntry TextOf(const Settings& settings, const Field& field) {
+  return {kModuleKey, TextName(field), std::to_string(settings.*field.member)};
 }
 
 }  // namespace
@@ -67,15 +65,17 @@ Settings LoadFrameSettings(const Registry& registry) {
 
 Settings LoadPanelSettings(const Registry& registry) { return Load(registry, kPanelOrder); }
 
-void SavePanelSettings(const Registry& registry, const Settings& settings) {
+bool SavePanelSettings(const Registry& registry, const Settings& settings) {
   const std::span<const Field> all(kPanelOrder);
   const auto update = all.first(2);  // mode and interval: both numbers, then both texts
-  for (const Field& field : update) SaveNumber(registry, settings, field);
-  for (const Field& field : update) SaveText(registry, settings, field);
+  std::vector<RegistryEntry> entries;
+  for (const Field& field : update) entries.push_back(NumberOf(settings, field));
+  for (const Field& field : update) entries.push_back(TextOf(settings, field));
   for (const Field& field : all.subspan(update.size())) {
-    SaveNumber(registry, settings, field);
-    SaveText(registry, settings, field);
+    entries.push_back(NumberOf(settings, field));
+    entries.push_back(TextOf(settings, field));
   }
+  return registry.Write(entries);
 }
 
 }  // namespace feedloom

@@ -12,10 +12,10 @@ namespace feedloom {
 Settings WithModesAsFlags(Settings settings);
 
 // A value that is missing or not a number is read as 0; LoadFrameSettings returns modes as 0 or 1.
-// A value that cannot be written is dropped. Each function has its own order of the values, and new
-// values stand in the registry file in the order of SavePanelSettings.
+// SavePanelSettings stores all values or, when it returns false, none. Each function has its own
+// order of the values, and new values stand in the registry file in the order of SavePanelSettings.
 Settings LoadFrameSettings(const Registry& registry);
 Settings LoadPanelSettings(const Registry& registry);
-void SavePanelSettings(const Registry& registry, const Settings& settings);
+[[nodiscard]] bool SavePanelSettings(const Registry& registry, const Settings& settings);
 
 }  // namespace feedloom

@@ -15,7 +15,7 @@ namespace feedloom {
 class ShippedSkin {
  public:
   explicit ShippedSkin(const std::string& language = "KOR", const std::string& skin = kLightSkin) {
-    for (const auto& [name, path] : SharePathsIn(ShareDir(), skin)) SetHostValue(name, path);
+    EXPECT_TRUE(registry_.Write(SharePathsIn(ShareDir(), skin)));
     SetHostValue(kValueLanguage, language);
     skin_.emplace(ReadHostTexts(HostConfig(registry_)), HostConfig(registry_));
   }

@@ -1,7 +1,9 @@
 // Whole files, the registry's file, and the proxy that it holds.
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <thread>
 
 #include "kit/TempFolder.h"
@@ -17,7 +19,9 @@ namespace feedloom {
 namespace fs = std::filesystem;
 
 static int diskError = 0;  // that the disk tells instead of keeping a file
+static std::atomic<int> syncs = 0;
 extern "C" int fsync(int handle) {
+  ++syncs;
   errno = diskError;
   return diskError == 0 ? fdatasync(handle) : -1;
 }
@@ -126,6 +130,20 @@ TEST_F(FilesTest, ARegistryKeepsWhatSeveralThreadsWriteAfterAProgramThatWasKille
     threads.emplace_back([=, this] { EXPECT_TRUE(Registry(path_).WriteDword("K", name, 0)); });
   threads.clear();
   EXPECT_EQ(ParseRegistryFile(folder_.Read("registry"))->size(), 12u);
+}
+
+TEST_F(FilesTest, ARegistryLockedElsewhereIsWaitedForOnceWithAllValuesAndThenKeepsNone) {
+  const int lock = open(folder_.Write("registry.lock", "").c_str(), O_RDONLY);
+  flock(lock, LOCK_EX);
+  const std::vector<RegistryEntry> values(14, {"K", "N", 1u});
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_FALSE(registry_.Write(values));
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5 + 5)) << "two waits";
+  EXPECT_EQ(folder_.Names(), std::vector<std::string>{"registry.lock"});
+  close(lock);
+  syncs = 0;
+  EXPECT_TRUE(registry_.Write({{"K", "N", 1u}, {"K", "S", "s"}, {"k", "n", "2"}}) && syncs == 1);
+  EXPECT_EQ(folder_.Read("registry"), "REGEDIT4\n\n[K]\n\"N\"=\"2\"\n\"S\"=\"s\"\n");
 }
 
 TEST_F(FilesTest, ARegistryThatCannotBeReadOrWrittenIsLeftAlone) {

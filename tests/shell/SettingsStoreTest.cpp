@@ -9,7 +9,7 @@ TEST(SettingsStore, KeepsNumbersAndTextsInTheSettledOrderAndReadsTheTexts) {
   const TempFolder folder;
   const Registry registry{folder.File("registry.reg")};
   const Settings chosen{1, 3, 2, 40, 1, 0, 15};
-  SavePanelSettings(registry, chosen);
+  ASSERT_TRUE(SavePanelSettings(registry, chosen));
   EXPECT_EQ(LoadFrameSettings(registry), chosen);
   EXPECT_EQ(LoadPanelSettings(registry), chosen);
   const std::string saved = folder.Read("registry.reg");

@@ -130,7 +130,10 @@ void CCtrlPanelDlg::accept() {
     frame_.ShowTextMessage(kSectionTexts, fault, MsgBoxKind::Notice);
     return;
   }
-  access_.save(settings);
+  if (!access_.save(settings)) {
+    frame_.ShowTextMessage(kSectionTexts, kTextSettingsNotSaved, MsgBoxKind::Notice);
+    return;
+  }
   CVxDialog::accept();
 }
 

@@ -17,7 +17,8 @@ struct SettingsAccess;
 
 // The control panel: a row of tabs, the page of the selected tab, OK and Cancel. The constructor
 // loads the settings. OK saves them; when a value is invalid, OK shows a message and the field, and
-// keeps the dialog open. Ctrl with Page Up, Page Down or Tab changes the page.
+// keeps the dialog open; the same when they cannot be saved. Ctrl with Page Up, Page Down or Tab
+// changes the page.
 class CCtrlPanelDlg : public CVxDialog {
   Q_OBJECT
 

@@ -12,10 +12,10 @@ namespace feedloom {
 
 class Frame;
 
-// Functions that load and save the stored settings.
+// Functions that load and save the stored settings. `save` returns false when nothing was stored.
 struct SettingsAccess {
   std::function<Settings()> load;
-  std::function<void(const Settings&)> save;
+  std::function<bool(const Settings&)> save;
 };
 
 // Shows the panel over `parent` and returns when it is closed. Returns the settings that the user

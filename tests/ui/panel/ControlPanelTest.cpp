@@ -10,7 +10,10 @@ constexpr Settings kSound{.feedDeleteDate = 15};
 struct ControlPanel : DialogFixture {
   std::optional<Settings> Edit(const Settings& stored, Action action) {
     WhenShown(std::move(action));
-    const auto save = [this](const Settings& settings) { saved.push_back(settings); };
+    const auto save = [this](const Settings& settings) {
+      if (canSave) saved.push_back(settings);
+      return canSave;
+    };
     return EditSettings(frame, parent.get(), {.load = [&] { return stored; }, .save = save});
   }
   QStackedWidget& Pages() { return *dialog->findChild<QStackedWidget*>(); }
@@ -23,6 +26,7 @@ struct ControlPanel : DialogFixture {
     return *Pages().widget(page)->findChildren<CVxRadioButton*>()[radio];
   }
   std::vector<Settings> saved;
+  bool canSave = true;
 };
 
 TEST_F(ControlPanel, ShowsEachSettingAndSavesWhatIsNotTouchedAsItWas) {
@@ -85,7 +89,7 @@ TEST_F(ControlPanel, EachRadioButtonStandsForItsValueAndSoDoesTheSlider) {
   EXPECT_EQ(edited, (Settings{0, 0, 0, 10, 1, 0, 15}));
 }
 
-TEST_F(ControlPanel, AnAgeBelowOneIsRefusedWhereTheUserCanMendIt) {
+TEST_F(ControlPanel, WhatIsBelowOneDayOrCannotBeSavedStaysWhereTheUserCanMendIt) {
   for (const char* text : {"0", "", "-4"}) {
     Edit(kSound, [&] {
       Box().setText(text);
@@ -95,6 +99,12 @@ TEST_F(ControlPanel, AnAgeBelowOneIsRefusedWhereTheUserCanMendIt) {
     });
   }
   EXPECT_EQ(saved, std::vector(3, Settings{.feedDeleteDate = 1}));
+  canSave = false;
+  const auto refused = Edit(kSound, [&] {
+    EXPECT_EQ(Press(Qt::Key_Return), Keys{kTextSettingsNotSaved});
+    Click("취소");
+  });
+  EXPECT_EQ(refused, std::nullopt);
   frame.whileAsking = [&] { parent.reset(); };
   EXPECT_EQ(Edit({}, [&] { Press(Qt::Key_Return); }), std::nullopt);
 }
