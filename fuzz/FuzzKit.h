@@ -62,6 +62,7 @@ class StandingClock : public Clock {
  public:
   explicit StandingClock(std::chrono::system_clock::time_point now = {}) : now_(now) {}
   std::chrono::system_clock::time_point Now() const override { return now_; }
+  std::chrono::steady_clock::time_point SteadyNow() const override { return {}; }
   void Pause(std::chrono::milliseconds, std::stop_token) override {}
 
  private:

@@ -31,7 +31,7 @@ bool IsReporting(const SharedJob& job) { return job->isReporting; }
 // Waits for the workers until the stop timeout, and longer only for those that are sending a
 // message. Detaches the threads of the others: they end by themselves.
 void JoinJobs(RefreshRun& run) {
-  const SteadyTime until = std::chrono::steady_clock::now() + run.limits.stopTimeout;
+  const auto until = std::chrono::steady_clock::now() + run.limits.stopTimeout;
   const MutexLock lock(run.lock);
   for (run.Reap(); !run.jobs.empty(); run.Reap()) {
     if (run.changed.wait_until(run.lock, until) == std::cv_status::timeout) break;

@@ -14,7 +14,6 @@ namespace feedloom {
 namespace {
 
 using Phase = RefreshJob::Phase;
-using Clock = std::chrono::steady_clock;
 
 // Passes a worker's reports on to the frame until the worker is dropped. Messages are sent without
 // the lock, because their receivers use the store.
@@ -117,7 +116,7 @@ bool IsRunning(const SharedJob& job) {
 // Drops the worker that began last of those that have passed their time limit, and returns it, or
 // null when there is none.
 SharedJob DropOverdue(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
-  const SteadyTime limit = Clock::now() - run.limits.timeLimit;
+  const auto limit = run.services->clock.SteadyNow() - run.limits.timeLimit;
   const auto overdue = std::find_if(run.jobs.rbegin(), run.jobs.rend(), [&](const SharedJob& job) {
     return job->phase == Phase::Working && !job->isReporting && job->started <= limit;
   });
@@ -136,21 +135,21 @@ SharedJob ClaimJob(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   job->entry = *std::move(entry);
   const auto stored = run.contents.find(job->channelId);
   if (stored != run.contents.end()) job->stored = stored->second;
-  job->started = Clock::now();
+  job->started = run.services->clock.SteadyNow();
   run.jobs.push_back(job);
   return job;
 }
 
 // Waits until something changes or a worker reaches its time limit.
 void WaitForChange(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
-  std::optional<SteadyTime> until;
+  std::optional<std::chrono::steady_clock::time_point> first;
   for (const SharedJob& job : run.jobs) {
-    const SteadyTime end = job->started + run.limits.timeLimit;
     const bool isTimed = job->phase == Phase::Working && !job->isReporting;
-    if (isTimed && (!until || end < *until)) until = end;
+    if (isTimed) first = std::min(first.value_or(job->started), job->started);
   }
-  if (until) {
-    run.changed.wait_until(run.lock, *until);
+  if (first) {
+    const auto end = *first + run.limits.timeLimit;
+    run.changed.wait_for(run.lock, end - run.services->clock.SteadyNow());
   } else {
     run.changed.wait(run.lock);
   }

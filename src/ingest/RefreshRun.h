@@ -31,8 +31,6 @@ struct RefreshLimits {
   std::chrono::milliseconds stopTimeout{400};   // how long Stop waits for workers
 };
 
-using SteadyTime = std::chrono::steady_clock::time_point;
-
 // One worker. The run's lock guards all members except `entry`, `stored`, `stop` and `started`,
 // which do not change once the thread runs. Only the worker writes `channelId`, so it may read it
 // without the lock.
@@ -46,7 +44,7 @@ struct RefreshJob {
   RefreshEntry entry;
   ChannelContents stored;  // the channel's state before the refresh; without posts when unknown
   std::stop_source stop;
-  SteadyTime started;
+  std::chrono::steady_clock::time_point started;
   int channelId = 0;
   Phase phase = Phase::Working;
   bool isReporting = false;  // the worker is sending a message, and is stopped only after it

@@ -13,6 +13,10 @@ class MachineClock : public Clock {
     return std::chrono::system_clock::now();
   }
 
+  std::chrono::steady_clock::time_point SteadyNow() const override {
+    return std::chrono::steady_clock::now();
+  }
+
   void Pause(std::chrono::milliseconds duration, std::stop_token stop) override {
     if (!stop.stop_possible()) {
       std::this_thread::sleep_for(duration);

@@ -12,6 +12,8 @@ class Clock {
  public:
   virtual ~Clock() = default;
   virtual std::chrono::system_clock::time_point Now() const = 0;
+  // For measuring how long something takes: nobody sets this time.
+  virtual std::chrono::steady_clock::time_point SteadyNow() const = 0;
   // Blocks the calling thread for `duration`, or until `stop` is requested.
   virtual void Pause(std::chrono::milliseconds duration, std::stop_token stop = {}) = 0;
 };

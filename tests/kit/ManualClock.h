@@ -27,6 +27,9 @@ class ManualClock : public Clock {
   explicit ManualClock(TimePoint now = std::chrono::system_clock::now()) : now_(now) {}
 
   TimePoint Now() const override { return now_; }
+  std::chrono::steady_clock::time_point SteadyNow() const override {
+    return std::chrono::steady_clock::time_point(now_.load().time_since_epoch());
+  }
   void Pause(std::chrono::milliseconds duration, std::stop_token = {}) override {
     paused_ += duration.count();
     onPause();
