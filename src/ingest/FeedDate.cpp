@@ -200,9 +200,9 @@ bool InRange(const DateFields& date) {
 }
 
 // Returns `time` as mktime normalises it: hours and minutes that an offset has taken out of their
-// range are carried, and a time that the machine's zone skips is moved forward. mktime checks the
-// zone's file on each call, which takes longer than all the rest of a date's reading. It is called
-// only for a skipped time: one to which no offset of the zone leads back.
+// range are carried, and a time that the machine's zone skips is moved forward. Where TZ is not
+// set, mktime checks the zone's file on each call, and a date takes 2.5 us instead of 0.4. So it is
+// called only for a skipped time: one to which no offset of the zone leads back.
 std::tm Carried(std::tm time) {
   thread_local long offset = 0;  // in seconds east of Greenwich; the one that was right last
   std::tm carried = time;

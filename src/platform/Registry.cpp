@@ -1,18 +1,13 @@
 #include "platform/Registry.h"
 
-#include <sys/stat.h>
-
 #include <QFile>
 #include <QLockFile>
 #include <algorithm>
-#include <array>
-#include <ctime>
 #include <filesystem>
 #include <mutex>
 #include <utility>
 #include <vector>
 
-#include "platform/Mutex.h"
 #include "platform/RegistryFile.h"
 #include "platform/Text.h"
 #include "platform/WholeFile.h"
@@ -24,38 +19,6 @@ using Entries = std::vector<RegistryEntry>;
 
 QString FileName(const std::string& path) {
   return QFile::decodeName(QByteArray::fromStdString(path));
-}
-
-// The stat(2) values that identify one version of a file: as long as they are the same, so is the
-// content.
-using FileVersion = std::array<std::int64_t, 7>;
-
-struct FileState {
-  FileVersion version;
-  bool isSettled;  // the next write is certain to change `version`
-};
-
-// True when a write from now on gets another modification time than `written`. File systems keep
-// that time in steps, and two writes within one step get the same time.
-bool IsSettled(const timespec& written) {
-  constexpr std::int64_t kMillisecond = 1'000'000;
-  const bool isFine = written.tv_nsec % (10 * kMillisecond) != 0;
-  const std::int64_t longestStep = (isFine ? 50 : 3000) * kMillisecond;
-  timespec now{};
-  clock_gettime(CLOCK_REALTIME, &now);
-  const std::int64_t age =
-      (now.tv_sec - written.tv_sec) * 1000 * kMillisecond + now.tv_nsec - written.tv_nsec;
-  return age > longestStep;
-}
-
-std::optional<FileState> StateOf(const std::string& path) {
-  struct stat file = {};
-  if (stat(path.c_str(), &file) != 0) return std::nullopt;
-  const auto number = [](auto value) { return static_cast<std::int64_t>(value); };
-  return FileState{.version = {number(file.st_dev), number(file.st_ino), number(file.st_size),
-                               file.st_mtim.tv_sec, file.st_mtim.tv_nsec, file.st_ctim.tv_sec,
-                               file.st_ctim.tv_nsec},
-                   .isSettled = IsSettled(file.st_mtim)};
 }
 
 // The entries of the file, none of them when there is no file. nullopt when the file exists but
@@ -125,9 +88,10 @@ bool PutIntoFile(const std::string& path, const Entries& added) {
 }
 
 template <typename Value>
-std::optional<Value> ValueIn(const Entries* entries, const std::string& key,
-                             const std::string& name) {
-  if (entries == nullptr) return std::nullopt;
+std::optional<Value> Read(const std::string& path, const std::string& key,
+                          const std::string& name) {
+  const auto entries = Load(path);
+  if (!entries) return std::nullopt;
   const auto found = FindLast(*entries, Named(key, name));
   if (found == entries->rend() || !std::holds_alternative<Value>(found->value)) return std::nullopt;
   return std::get<Value>(found->value);
@@ -135,43 +99,18 @@ std::optional<Value> ValueIn(const Entries* entries, const std::string& key,
 
 }  // namespace
 
-struct Registry::Content {
-  explicit Content(std::string file) : path(std::move(file)) {}
-
-  // The current entries of the file; null when the file exists but cannot be read or is damaged.
-  std::shared_ptr<const Entries> Now() {
-    const MutexLock lock(mutex);
-    const auto state = StateOf(path);
-    if (known != nullptr && state && state->version == version) return known;
-    known.reset();
-    auto entries = Load(path);
-    if (!entries) return nullptr;
-    auto now = std::make_shared<const Entries>(*std::move(entries));
-    if (!state || !state->isSettled) return now;
-    version = state->version;
-    return known = std::move(now);
-  }
-
-  const std::string path;
-  Mutex mutex;
-  std::shared_ptr<const Entries> known FEEDLOOM_GUARDED_BY(mutex);  // null: must be read again
-  FileVersion version FEEDLOOM_GUARDED_BY(mutex) = {};              // of the file with `known`
-};
-
-Registry::Registry(std::string path) : content_(std::make_shared<Content>(std::move(path))) {}
-
 std::optional<std::uint32_t> Registry::ReadDword(const std::string& key,
                                                  const std::string& name) const {
-  return ValueIn<std::uint32_t>(content_->Now().get(), key, name);
+  return Read<std::uint32_t>(path_, key, name);
 }
 
 std::optional<std::string> Registry::ReadString(const std::string& key,
                                                 const std::string& name) const {
-  return ValueIn<std::string>(content_->Now().get(), key, name);
+  return Read<std::string>(path_, key, name);
 }
 
 bool Registry::Write(const std::vector<RegistryEntry>& entries) const {
-  return PutIntoFile(content_->path, entries);
+  return PutIntoFile(path_, entries);
 }
 
 bool Registry::WriteDword(const std::string& key, const std::string& name,
@@ -184,6 +123,6 @@ bool Registry::WriteString(const std::string& key, const std::string& name,
   return Write({{key, name, value}});
 }
 
-bool Registry::IsReadable() const { return content_->Now() != nullptr; }
+bool Registry::IsReadable() const { return Load(path_).has_value(); }
 
 }  // namespace feedloom

