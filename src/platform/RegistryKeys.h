@@ -1,4 +1,4 @@
-// The registry keys under which the host and the module keep their values.
+// The registry keys under which the host and the module keep their values, and these values' names.
 #pragma once
 
 namespace feedloom {
@@ -6,5 +6,38 @@ namespace feedloom {
 inline constexpr char kHostKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0";
 // The module's own settings.
 inline constexpr char kModuleKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold";
+
+// The values of the host's registry key.
+inline constexpr char kValueImageDir[] = "IMAGEDIR";
+inline constexpr char kValueIniDir[] = "INIDIR";
+inline constexpr char kValueCurrentPath[] = "CURRENT_PATH";
+inline constexpr char kValueWorkDir[] = "WORKDIR";
+inline constexpr char kValueAppTitle[] = "APP_TITLE";
+inline constexpr char kValueLanguage[] = "CORVANE_LANG";
+inline constexpr char kValueModelName[] = "CORVANE_DISPLAY_MODELNAME";
+inline constexpr char kValueDefaultModelName[] = "CORVANE_DEFAULT_MODELNAME";
+inline constexpr char kValuePlatform[] = "CORVANE_PLATFORM";
+inline constexpr char kValueOsType[] = "CORVANE_OSTYPE";
+inline constexpr char kValueDebugMode[] = "Debug Mode";
+inline constexpr char kValueCodePage[] = "CODEPAGE";
+inline constexpr char kValuePostLinks[] = "POST_LINKS";            // kLinksInPane, kLinksOutside
+inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
+
+// The values of kValuePostLinks.
+inline constexpr char kLinksInPane[] = "PANE";
+inline constexpr char kLinksOutside[] = "SYSTEM";
+
+// The values of the module's registry key. The first seven are the user's settings, which stand
+// there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.
+inline constexpr char kValueNewFeedMode[] = "NewFeedMode";
+inline constexpr char kValueNewFeedDuration[] = "NewFeedDuration";
+inline constexpr char kValueNewFeedMsgDuration[] = "NewFeedMsgDuration";
+inline constexpr char kValueNewFeedMsgTransparency[] = "NewFeedMsgTransparency";
+inline constexpr char kValuePreviewMode[] = "PreviewMode";
+inline constexpr char kValueFeedDeleteMode[] = "FeedDeleteMode";
+inline constexpr char kValueFeedDeleteDate[] = "FeedDeleteDate";
+inline constexpr char kTextSuffix[] = "Str";
+inline constexpr char kValueBlockRemoteImages[] = "BlockRemoteImages";
+inline constexpr char kValueUserAgent[] = "UserAgent";
 
 }  // namespace feedloom

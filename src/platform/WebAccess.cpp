@@ -12,7 +12,7 @@ const std::string& DefaultUserAgent() {
 
 WebAccess ReadWebAccess(const Registry& registry) {
   WebAccess access{.proxy = ReadProxySettings(registry)};
-  std::string agent = registry.ReadString(kModuleKey, "UserAgent").value_or("");
+  std::string agent = registry.ReadString(kModuleKey, kValueUserAgent).value_or("");
   if (!agent.empty() && !HasControls(agent)) access.userAgent = std::move(agent);
   return access;
 }

@@ -77,7 +77,7 @@ std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir,
   for (const auto& [name, value] : {std::pair{kValueFeedDeleteMode, kNeverDelete},
                                     std::pair{kValueFeedDeleteDate, kDaysToKeep}}) {
     entries.push_back({kModuleKey, name, value});
-    entries.push_back({kModuleKey, std::string(name) + "Str", std::to_string(value)});
+    entries.push_back({kModuleKey, std::string(name) + kTextSuffix, std::to_string(value)});
   }
   return FormatRegistryFile(entries);
 }

@@ -3,8 +3,8 @@
 #include <span>
 #include <string>
 
+#include "platform/RegistryKeys.h"
 #include "platform/Text.h"
-#include "skin/Keys.h"
 
 namespace feedloom {
 namespace {
@@ -14,32 +14,18 @@ struct Field {
   int Settings::*member;
 };
 
-constexpr Field kNewFeedMode{"NewFeedMode", &Settings::newFeedMode};
-constexpr Field kNewFeedDuration{"NewFeedDuration", &Settings::newFeedDuration};
-constexpr Field kNewFeedMsgDuration{"NewFeedMsgDuration", &Settings::newFeedMsgDuration};
-constexpr Field kNewFeedMsgTransparency{"NewFeedMsgTransparency",
-                                        &Settings::newFeedMsgTransparency};
-constexpr Field kPreviewMode{"PreviewMode", &Settings::previewMode};
-constexpr Field kFeedDeleteMode{kValueFeedDeleteMode, &Settings::feedDeleteMode};
-constexpr Field kFeedDeleteDate{kValueFeedDeleteDate, &Settings::feedDeleteDate};
+// In the order in which new values stand in the registry file.
+constexpr Field kFields[] = {
+    {kValueNewFeedMode, &Settings::newFeedMode},
+    {kValueNewFeedDuration, &Settings::newFeedDuration},
+    {kValueNewFeedMsgDuration, &Settings::newFeedMsgDuration},
+    {kValueNewFeedMsgTransparency, &Settings::newFeedMsgTransparency},
+    {kValuePreviewMode, &Settings::previewMode},
+    {kValueFeedDeleteMode, &Settings::feedDeleteMode},
+    {kValueFeedDeleteDate, &Settings::feedDeleteDate},
+};
 
-constexpr Field kFrameOrder[] = {kPreviewMode,           kNewFeedMode,    kNewFeedDuration,
-                                 kFeedDeleteMode,        kFeedDeleteDate, kNewFeedMsgDuration,
-                                 kNewFeedMsgTransparency};
-constexpr Field kPanelOrder[] = {
-    kNewFeedMode, kNewFeedDuration, kNewFeedMsgDuration, kNewFeedMsgTransparency,
-    kPreviewMode, kFeedDeleteMode,  kFeedDeleteDate};
-
-std::string TextName(const Field& field) { return std::string(field.name) + "Str"; }
-
-Settings Load(const Registry& registry, std::span<const Field> fields) {
-  Settings settings;
-  for (const Field& field : fields) {
-    const auto text = registry.ReadString(kModuleKey, TextName(field));
-    settings.*field.member = ParseInt(text.value_or(""));
-  }
-  return settings;
-}
+std::string TextName(const Field& field) { return std::string(field.name) + kTextSuffix; }
 
 RegistryEntry NumberOf(const Settings& settings, const Field& field) {
   return {kModuleKey, field.name, static_cast<std::uint32_t>(settings.*field.member)};
@@ -60,13 +46,20 @@ Settings WithModesAsFlags(Settings settings) {
 }
 
 Settings LoadFrameSettings(const Registry& registry) {
-  return WithModesAsFlags(Load(registry, kFrameOrder));
+  return WithModesAsFlags(LoadPanelSettings(registry));
 }
 
-Settings LoadPanelSettings(const Registry& registry) { return Load(registry, kPanelOrder); }
+Settings LoadPanelSettings(const Registry& registry) {
+  Settings settings;
+  for (const Field& field : kFields) {
+    const auto text = registry.ReadString(kModuleKey, TextName(field));
+    settings.*field.member = ParseInt(text.value_or(""));
+  }
+  return settings;
+}
 
 bool SavePanelSettings(const Registry& registry, const Settings& settings) {
-  const std::span<const Field> all(kPanelOrder);
+  const std::span<const Field> all(kFields);
   const auto update = all.first(2);  // mode and interval: both numbers, then both texts
   std::vector<RegistryEntry> entries;
   for (const Field& field : update) entries.push_back(NumberOf(settings, field));

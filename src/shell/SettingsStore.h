@@ -12,8 +12,7 @@ namespace feedloom {
 Settings WithModesAsFlags(Settings settings);
 
 // A value that is missing or not a number is read as 0; LoadFrameSettings returns modes as 0 or 1.
-// SavePanelSettings stores all values or, when it returns false, none. Each function has its own
-// order of the values, and new values stand in the registry file in the order of SavePanelSettings.
+// SavePanelSettings stores all values or, when it returns false, none.
 Settings LoadFrameSettings(const Registry& registry);
 Settings LoadPanelSettings(const Registry& registry);
 [[nodiscard]] bool SavePanelSettings(const Registry& registry, const Settings& settings);

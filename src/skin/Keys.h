@@ -1,5 +1,5 @@
-// The names of the host's texts, skin values and registry values. Each name is defined once, here
-// or in one of the .def files.
+// The names of the host's texts and skin values. Each name is defined once, here or in one of the
+// .def files.
 #pragma once
 
 #include "platform/RegistryKeys.h"
@@ -44,30 +44,5 @@ inline constexpr char kSectionHost[] = "HALVIX";  // the host program's own text
 #define FEEDLOOM_HOST_TEXT(constant, key) inline constexpr char constant[] = key;
 #include "skin/HostTextKeys.def"
 #undef FEEDLOOM_HOST_TEXT
-
-// The values of the host's registry key.
-inline constexpr char kValueImageDir[] = "IMAGEDIR";
-inline constexpr char kValueIniDir[] = "INIDIR";
-inline constexpr char kValueCurrentPath[] = "CURRENT_PATH";
-inline constexpr char kValueWorkDir[] = "WORKDIR";
-inline constexpr char kValueAppTitle[] = "APP_TITLE";
-inline constexpr char kValueLanguage[] = "CORVANE_LANG";
-inline constexpr char kValueModelName[] = "CORVANE_DISPLAY_MODELNAME";
-inline constexpr char kValueDefaultModelName[] = "CORVANE_DEFAULT_MODELNAME";
-inline constexpr char kValuePlatform[] = "CORVANE_PLATFORM";
-inline constexpr char kValueOsType[] = "CORVANE_OSTYPE";
-inline constexpr char kValueDebugMode[] = "Debug Mode";
-inline constexpr char kValueCodePage[] = "CODEPAGE";
-inline constexpr char kValuePostLinks[] = "POST_LINKS";            // kLinksInPane, kLinksOutside
-inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
-
-// The values of kValuePostLinks.
-inline constexpr char kLinksInPane[] = "PANE";
-inline constexpr char kLinksOutside[] = "SYSTEM";
-
-// The values of the module's registry key.
-inline constexpr char kValueFeedDeleteMode[] = "FeedDeleteMode";
-inline constexpr char kValueFeedDeleteDate[] = "FeedDeleteDate";
-inline constexpr char kValueBlockRemoteImages[] = "BlockRemoteImages";
 
 }  // namespace feedloom
