@@ -3,7 +3,6 @@
 #include <array>
 
 #include "ingest/FeedAddress.h"
-#include "ingest/FeedCheckAnswer.h"
 #include "ingest/FeedFetch.h"
 #include "ingest/RefreshRun.h"
 #include "ingest/TimeLimit.h"
@@ -39,27 +38,16 @@ FeedCheckAnswer Examine(const IngestServices& services, const std::string& addre
   return {.announcedFeed = AnnouncedFeed(file.Path(), outcome.address)};
 }
 
-// Waits a second, examines `address` and removes the temporary file.
-FeedCheckAnswer WaitAndExamine(const IngestServices& services, const std::string& address,
-                               std::stop_token stop) {
+}  // namespace
+
+FeedCheckAnswer CheckFeed(const IngestServices& services, const std::string& address,
+                          std::stop_token stop) {
   constexpr std::chrono::milliseconds kWait{1000};
   const TempFile file(CheckFilePath(services.workDir));
   file.Remove();
   services.clock.Pause(kWait, stop);
   if (stop.stop_requested()) return {};
   return Examine(services, address, file, std::move(stop));
-}
-
-}  // namespace
-
-int CheckFeed(const IngestServices& services, MessageTarget& dialog, const std::string& address,
-              std::stop_token stop) {
-  const FeedCheckAnswer answer = WaitAndExamine(services, address, stop);
-  if (stop.stop_requested()) return 0;
-  dialog.Send(kMessageFeedDetails, 0, reinterpret_cast<std::intptr_t>(&answer));
-  dialog.Send(kMessageFeedChecked, answer.isFeed ? 1 : 0,
-              answer.isFeed ? reinterpret_cast<std::intptr_t>(&answer.title) : 0);
-  return answer.isFeed ? 1 : 0;
 }
 
 }  // namespace feedloom

@@ -9,9 +9,10 @@ enum Message : unsigned {
   kMessageChannelWorker = 0x506,  // wParam the channel id, lParam 0: a worker began or was stopped
   kMessageChannelInserted = 0x508,  // wParam the channel id, lParam 1
 
-  // From the feed check to the dialog that asked for it, in this order.
-  kMessageFeedDetails = 0x503,  // lParam a const FeedCheckAnswer*, valid during the send
-  kMessageFeedChecked = 0x502,  // wParam 1 and lParam a std::string* (the title), or 0 and 0
+  // The feed check's: kept free for it, but not sent, because its dialog gets the answer as a
+  // value.
+  kMessageFeedChecked = 0x502,
+  kMessageFeedDetails = 0x503,
 
   // From an import that has ended to the frame: wParam 0, or -1 when the list could not be read.
   kMessageListImported = 0x504,

@@ -18,23 +18,13 @@ TEST(FeedAddress, IsCompletedAndEscapedAndOfTheWebOnlyWithHttpOrHttps) {
 }
 
 struct Checking : testing::Test {
-  // What the two messages say: "title|home page|announced feed; 1 title", where addresses of the
-  // server are told by their paths.
-  std::string Check(const std::string& address, std::stop_token stop = {}) {
-    std::string said;
-    RecordingTarget dialog([&](const SentMessage& sent) {
-      EXPECT_EQ(kit_.WorkFiles(), std::vector<std::string>());
-      if (sent.message == kMessageFeedDetails) {
-        const auto& answer = *reinterpret_cast<const FeedCheckAnswer*>(sent.lParam);
-        said = answer.title + "|" + answer.homePage + "|" + answer.announcedFeed + "; ";
-      } else {
-        const auto* title = reinterpret_cast<const std::string*>(sent.lParam);
-        said += sent.wParam == 1 ? "1 " + *title : "0";
-      }
-      return 0;
-    });
-    CheckFeed(*kit_.Services(clock_), dialog, address, stop);
-    return ReplaceAll(said, kit_.server.Url(""), "");
+  // "title|home page|announced feed; whether it is a feed", where addresses of the server are told
+  // by their paths.
+  std::string Check(const std::string& address) {
+    const FeedCheckAnswer answer = CheckFeed(*kit_.Services(clock_), address, {});
+    EXPECT_EQ(kit_.WorkFiles(), std::vector<std::string>());
+    const std::string said = answer.title + "|" + answer.homePage + "|" + answer.announcedFeed;
+    return ReplaceAll(said, kit_.server.Url(""), "") + (answer.isFeed ? "; 1" : "; 0");
   }
 
   IngestKit kit_;
@@ -52,8 +42,8 @@ TEST_F(Checking, AnswersForAFeedForAPageThatAnnouncesOneAndForAnythingElse) {
         kit_.server.Serve("/dir/page", document, "text/html");
         return Check(kit_.server.Url("/short"));
       },
-      {"<rss version='2.0'><title>t</title><link>l</link></rss> -> t|l|; 1 t",
-       "<feed><link href='http://atom/'/></feed> -> |http://atom/|; 1 ",
+      {"<rss version='2.0'><title>t</title><link>l</link></rss> -> t|l|; 1",
+       "<feed><link href='http://atom/'/></feed> -> |http://atom/|; 1",
        "<opml version='1.0'>" + link("http://f/") + "<body/></opml> -> ||; 0",
        "<rss><channel><title>no version</title></channel></rss> -> ||; 0", "\x1F\x8B\xFF< -> ||; 0",
        "<title>t" + link("feed.xml") + link("other.xml") + " -> ||/dir/feed.xml; 0",
