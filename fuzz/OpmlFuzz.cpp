@@ -5,7 +5,6 @@
 #include "exchange/ImportPlan.h"
 #include "exchange/OpmlText.h"
 #include "fuzz/FuzzKit.h"
-#include "ingest/FeedParser.h"
 #include "platform/Text.h"
 
 namespace feedloom {
@@ -15,10 +14,9 @@ const std::string kListName = "list";
 
 std::optional<std::vector<OpmlOutline>> ReadOutlines(std::string_view bytes, CodePage codePage) {
   const MemoryFile document(bytes);
-  FeedParser parser(codePage);
-  const int code = parser.Parse(document.Path());
-  if (code < 0 || parser.GetFormat() != FeedFormat::Opml) return std::nullopt;
-  return parser.Outlines();
+  XmlDocument tree;
+  if (tree.Load(document.Path()) != XmlDocument::LoadStatus::Loaded) return std::nullopt;
+  return ReadOpml(tree.Root(), codePage, {});
 }
 
 void CheckOutline(const OpmlOutline& outline, CodePage codePage) {

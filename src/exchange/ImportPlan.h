@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "exchange/OpmlOutlines.h"
 #include "exchange/Subscriptions.h"
-#include "ingest/OpmlOutlines.h"
 
 namespace feedloom {
 

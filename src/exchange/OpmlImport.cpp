@@ -12,6 +12,9 @@
 #include "ingest/FeedFetch.h"
 #include "ingest/RefreshRun.h"
 #include "ingest/TimeLimit.h"
+#include "platform/TempFile.h"
+#include "platform/UrlDownload.h"
+#include "platform/XmlDom.h"
 #include "store/ChannelAdder.h"
 #include "store/Channels.h"
 #include "store/Connection.h"
@@ -26,41 +29,47 @@ constexpr std::size_t kBatchSize = 100;  // channels added with one statement
 constexpr std::uintmax_t kMaxFileSize = 64u << 20;  // bytes; a download may be as long
 
 // Enough memory for as many outlines as are read, with attributes of usual length.
-const ParseOptions kListOptions{.limits = {.most = 256u << 20}};
+constexpr std::size_t kMostMemory = 256u << 20;  // bytes
 
 // Reading.
 
 ReadList Refused(std::string error) { return {std::nullopt, std::move(error)}; }
 
-ReadList PlanFrom(const FeedParser& parser, int parseCode, const std::string& listName) {
-  if (parser.IsTooLarge()) return Refused("the list is too long");
-  if (parseCode == kDocumentUnreadable) {
+ReadList ReadDocument(const std::string& path, const std::string& listName, CodePage codePage,
+                      const std::stop_token& stop) {
+  using Status = XmlDocument::LoadStatus;
+  XmlDocument document;
+  const Status status = document.Load(path, stop, {.most = kMostMemory});
+  if (status == Status::TooLarge) return Refused("the list is too long");
+  if (status == Status::Unreadable) {
     return Refused("it cannot be read, or is not well-formed XML");
   }
-  if (parseCode < 0 || parser.GetFormat() != FeedFormat::Opml) return Refused("this is not OPML");
-  auto plan = PlanImport(parser.Outlines(), listName);
+  const auto outlines = ReadOpml(document.Root(), codePage, stop);
+  if (!outlines) return Refused("this is not OPML");
+  auto plan = PlanImport(*outlines, listName);
   return plan ? ReadList{std::move(plan), {}} : Refused("the list is too long");
 }
 
-ReadList ReadListFile(const std::string& path, CodePage codePage, std::stop_token stop) {
+ReadList ReadListFile(const std::string& path, CodePage codePage, const std::stop_token& stop) {
   std::error_code failed;
   const std::uintmax_t size = std::filesystem::file_size(path, failed);
   if (failed) return Refused(failed.message());
   if (size > kMaxFileSize) return Refused("the file is too long");
-  FeedParser parser(codePage, kListOptions);
-  const int code = parser.Parse(path, std::move(stop));
-  return PlanFrom(parser, code, codePage.FromUtf8(ListName(path)));
+  return ReadDocument(path, codePage.FromUtf8(ListName(path)), codePage, stop);
 }
 
 ReadList DownloadList(const std::string& address, const IngestServices& services,
                       std::stop_token stop) {
-  FeedParser parser(services.TextCodePage(), kListOptions);
+  const CodePage codePage = services.TextCodePage();
+  const TempFile file(ListFilePath(services.workDir));
   const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
-  FetchOutcome outcome =
-      FetchFeed({address, ListFilePath(services.workDir)}, services, limit.Token(), parser);
-  if (limit.RanOut()) return Refused("it took too long");
-  if (outcome.result == kDownloadFailed) return Refused(std::move(outcome.error));
-  return PlanFrom(parser, outcome.parseCode, services.TextCodePage().FromUtf8(ListName(address)));
+  const TransferResult download = UrlDownloadToFile(
+      {.address = codePage.ToUtf8(address), .web = ReadWebAccess(services.registry)}, file.Path(),
+      limit.Token());
+  ReadList list = download.ok ? ReadDocument(file.Path(), codePage.FromUtf8(ListName(address)),
+                                             codePage, limit.Token())
+                              : Refused(download.error);
+  return limit.RanOut() ? Refused("it took too long") : list;
 }
 
 // Adding.

@@ -6,28 +6,20 @@
 #include <vector>
 
 #include "ingest/FeedDocument.h"
-#include "ingest/OpmlOutlines.h"
 
 namespace feedloom {
-
-struct ParseOptions {
-  XmlLimits limits = {};
-  bool readsOutlines = true;  // false: of an OPML document only the format is read
-};
 
 // Parses one document. Each object is used once, by one thread. Texts are in the code page that the
 // constructor was given.
 class FeedParser {
  public:
-  explicit FeedParser(CodePage codePage, ParseOptions options = {})
-      : codePage_(codePage), options_(std::move(options)) {}
+  explicit FeedParser(CodePage codePage, XmlLimits limits = {})
+      : codePage_(codePage), limits_(std::move(limits)) {}
 
-  // Parses the file at `path`: RSS, RDF or Atom into the header and the items, OPML into the
-  // outlines. Returns kParsed or a negative ParseCode. After a failure the items are incomplete.
+  // Parses the file at `path`: RSS, RDF or Atom into the header and the items; of OPML only
+  // the format is read. Returns kParsed or a negative ParseCode. After a failure the items are
+  // incomplete.
   [[nodiscard]] int Parse(const std::string& path, std::stop_token stop = {});
-
-  // True when Parse has failed because the document exceeds ParseOptions::limits.
-  bool IsTooLarge() const { return isTooLarge_; }
 
   // The document's format; Unknown when Parse has not recognised the root element.
   FeedFormat GetFormat() const { return format_; }
@@ -37,16 +29,13 @@ class FeedParser {
   const std::string& GetChannelLink() const { return header_.link; }
   const std::vector<FeedItem>& Items() const { return items_; }
   std::vector<FeedItem> TakeItems() { return std::move(items_); }
-  const std::vector<OpmlOutline>& Outlines() const { return outlines_; }
 
  private:
   const CodePage codePage_;
-  const ParseOptions options_;
-  bool isTooLarge_ = false;
+  const XmlLimits limits_;
   FeedFormat format_ = FeedFormat::Unknown;
   FeedHeader header_;
   std::vector<FeedItem> items_;
-  std::vector<OpmlOutline> outlines_;
 };
 
 }  // namespace feedloom

@@ -27,10 +27,8 @@ NewPost ToNewPost(FeedItem item) {
           std::move(item.description), item.isPodcast};
 }
 
-ParseOptions OptionsFor(LargeDocuments::Turn& turn, const std::stop_token& stop) {
-  return {.limits = {.atOnce = kCommonDocument,
-                     .askForMore = [&turn, stop] { return turn.Acquire(stop); }},
-          .readsOutlines = false};
+XmlLimits LimitsFor(LargeDocuments::Turn& turn, const std::stop_token& stop) {
+  return {.atOnce = kCommonDocument, .askForMore = [&turn, stop] { return turn.Acquire(stop); }};
 }
 
 std::size_t SizeOf(const NewPost& post) {
@@ -112,7 +110,7 @@ void RefreshChannel(const RefreshEntry& entry, bool holdsPosts, const IngestServ
   const FeedVisit last = resources.memory.Last(entry.channelId, entry.xmlLink);
   if (MustWait(last, services.clock.Now())) return report.Ended(kDownloadFailed);
   LargeDocuments::Turn turn(resources.largeDocuments);
-  FeedParser parser(services.TextCodePage(), OptionsFor(turn, stop));
+  FeedParser parser(services.TextCodePage(), LimitsFor(turn, stop));
   const FetchOutcome outcome = FetchFeed({.address = entry.xmlLink,
                                           .path = WorkerFilePath(services.workDir, entry.channelId),
                                           .known = holdsPosts ? last.validators : Validators(),

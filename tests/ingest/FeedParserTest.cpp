@@ -74,15 +74,7 @@ TEST_F(Parsing, TextsEndInTheModulesCodePage) {
   ExpectRead({utf8 + codePage_.FromUtf8("똠방각하 ♥") + " ? ?|"});
 }
 
-TEST_F(Parsing, ReadsNoMoreAfterAStopOrOneOutlineTooMany) {
-  const std::string list = Repeated("<outline><outline/></outline>", kMaxOutlines / 2 + 1);
-  const std::string path = folder_.Write("list", "<opml>" + list + "<outline/></opml>");
-  FeedParser large(codePage_);
-  EXPECT_EQ(large.Parse(path), 0);
-  EXPECT_EQ(CountOutlines(large.Outlines()), kMaxOutlines + 1);
-  FeedParser small(codePage_, {.limits = {.atOnce = 99, .askForMore = [] { return false; }}});
-  EXPECT_EQ(small.Parse(path), kDocumentUnreadable);
-  EXPECT_TRUE(small.IsTooLarge());
+TEST_F(Parsing, ReadsNoMoreAfterAStop) {
   stop_.request_stop();
   ExpectRead({"<feed/> -> -1 -1 -1 -1||"});
 }

@@ -1,6 +1,7 @@
 // Reads the first two levels of an OPML document's outlines: folders, and the channels in them.
 #pragma once
 
+#include <optional>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -26,6 +27,12 @@ struct OpmlOutline {
 // The most outlines of both levels that a list may have. Of a longer list one more is read, by
 // which the caller knows it.
 inline constexpr std::size_t kMaxOutlines = 100'000;
+
+// Returns the outlines in each "body" of an OPML document, and before them those directly below its
+// `root`, because some lists have no "body". nullopt when `root` is null or no OPML, or when `stop`
+// is requested. Any thread may call it.
+std::optional<std::vector<OpmlOutline>> ReadOpml(const XmlElement& root, CodePage codePage,
+                                                 const std::stop_token& stop);
 
 // Appends the outlines directly below `element`, with those directly below them, to `out`, until
 // `stop` is requested. Returns kParsed, or kNoOutlineElement when `element` is null. Any thread may

@@ -1,4 +1,4 @@
-#include "ingest/OpmlOutlines.h"
+#include "exchange/OpmlOutlines.h"
 
 #include <algorithm>
 
@@ -28,6 +28,18 @@ int CountFeedsBelow(const XmlElement& outline) {
 }
 
 }  // namespace
+
+std::optional<std::vector<OpmlOutline>> ReadOpml(const XmlElement& root, CodePage codePage,
+                                                 const std::stop_token& stop) {
+  if (!root || !root.HasName("opml")) return std::nullopt;
+  std::vector<OpmlOutline> outlines;
+  ReadOpmlOutlines(root, codePage, stop, outlines);
+  for (const XmlElement& body : root.Children("body")) {
+    ReadOpmlOutlines(body, codePage, stop, outlines);
+  }
+  if (stop.stop_requested()) return std::nullopt;
+  return outlines;
+}
 
 int ReadOpmlOutlines(const XmlElement& element, CodePage codePage, const std::stop_token& stop,
                      std::vector<OpmlOutline>& out) {
