@@ -6,7 +6,7 @@
 
 #include "fuzz/FuzzKit.h"
 #include "ingest/FeedAddress.h"
-#include "platform/UrlParts.h"
+#include "platform/Url.h"
 #include "ui/browser/DownloadFiles.h"
 #include "ui/browser/FeedLinks.h"
 #include "ui/browser/NavigationRules.h"

@@ -6,7 +6,7 @@
 #include "fuzz/FuzzKit.h"
 #include "ingest/FeedAddress.h"
 #include "platform/HtmlLinks.h"
-#include "platform/UrlParts.h"
+#include "platform/Url.h"
 
 namespace feedloom {
 namespace {

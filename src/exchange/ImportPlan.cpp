@@ -4,7 +4,7 @@
 
 #include "ingest/FeedAddress.h"
 #include "platform/Text.h"
-#include "platform/UrlParts.h"
+#include "platform/Url.h"
 
 namespace feedloom {
 namespace {

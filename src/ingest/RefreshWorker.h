@@ -8,7 +8,7 @@
 #include "ingest/LargeDocuments.h"
 #include "ingest/RefreshQueue.h"
 #include "platform/Messages.h"
-#include "platform/UrlPool.h"
+#include "platform/TransferPool.h"
 
 namespace feedloom {
 

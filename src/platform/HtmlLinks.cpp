@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "platform/Text.h"
-#include "platform/UrlParts.h"
+#include "platform/Url.h"
 #include "platform/XmlLibrary.h"
 
 namespace feedloom {

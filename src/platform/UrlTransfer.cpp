@@ -8,9 +8,9 @@
 #include <mutex>
 
 #include "platform/Text.h"
+#include "platform/TransferPool.h"
+#include "platform/Url.h"
 #include "platform/UrlHandle.h"
-#include "platform/UrlParts.h"
-#include "platform/UrlPool.h"
 
 namespace feedloom {
 namespace {

@@ -4,7 +4,7 @@
 #include "platform/HtmlLinks.h"
 #include "platform/Rows.h"
 #include "platform/Text.h"
-#include "platform/UrlParts.h"
+#include "platform/Url.h"
 #include "platform/XmlDom.h"
 
 namespace feedloom {

@@ -1,4 +1,4 @@
-#include "platform/UrlPool.h"
+#include "platform/TransferPool.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/UrlParts.h"
+#include "platform/Url.h"
 
 #include "platform/UrlHandle.h"
 
