@@ -2,8 +2,6 @@
 // ("dc:date"). All texts are UTF-8, whatever encoding the document declares.
 #pragma once
 
-#include <cstddef>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -11,6 +9,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/XmlLimits.h"
 
 struct _xmlDoc;   // NOLINT(bugprone-reserved-identifier): the XML library's names
 struct _xmlNode;  // NOLINT(bugprone-reserved-identifier)
@@ -52,15 +52,6 @@ class XmlElement {
 
  private:
   const _xmlNode* node_ = nullptr;
-};
-
-// How much memory a document may take. The estimate counts its tree and one copy of all its texts.
-struct XmlLimits {
-  std::size_t most = 32u << 20;  // bytes
-  std::size_t atOnce = most;     // bytes that a document may take before askForMore is called
-  // Returns whether the document may take up to `most`. Called at most once, on the thread that
-  // loads; it may block.
-  std::function<bool()> askForMore = {};
 };
 
 class XmlDocument {

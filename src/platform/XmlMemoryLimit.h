@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <unordered_map>
 
-#include "platform/XmlDom.h"
+#include "platform/XmlLimits.h"
 
 namespace feedloom {
 
