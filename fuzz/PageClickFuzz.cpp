@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "fuzz/FuzzKit.h"
-#include "ingest/FeedAddress.h"
+#include "ingest/WebAddress.h"
 #include "platform/Url.h"
 #include "ui/browser/DownloadFiles.h"
 #include "ui/browser/FeedLinks.h"

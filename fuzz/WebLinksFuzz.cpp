@@ -4,7 +4,7 @@
 #include <array>
 
 #include "fuzz/FuzzKit.h"
-#include "ingest/FeedAddress.h"
+#include "ingest/WebAddress.h"
 #include "platform/HtmlLinks.h"
 #include "platform/Url.h"
 

@@ -2,8 +2,8 @@
 #include <fmt/core.h>
 
 #include "ctl/Commands.h"
-#include "ctl/FeedAddress.h"
 #include "ctl/FetchOnce.h"
+#include "ctl/FileOrWebAddress.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "ingest/FeedParser.h"
@@ -67,7 +67,7 @@ void PrintAdded(const Session& session, const ChannelRecord& record) {
 }  // namespace
 
 int RunAdd(Session& session, const AddOptions& options) {
-  auto record = ReadChannel(session, FeedAddress(session.GetSkin(), options.address));
+  auto record = ReadChannel(session, FileOrWebAddress(session.GetSkin(), options.address));
   if (!record) return kFailure;
   if (!options.title.empty()) record->title = session.Text(options.title);
   record->folderId = FolderFor(session, options.folder);

@@ -1,7 +1,7 @@
 // feedloomctl check: what the reader sees in a feed.
 #include "ctl/Commands.h"
-#include "ctl/FeedAddress.h"
 #include "ctl/FetchOnce.h"
+#include "ctl/FileOrWebAddress.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "ingest/FeedDate.h"
@@ -53,7 +53,7 @@ int CheckAddress(Session& session, const std::string& address) {
 
 int RunCheck(Session& session, const std::string& source) {
   if (!IsRegularFile(source)) {
-    return CheckAddress(session, FeedAddress(session.GetSkin(), source));
+    return CheckAddress(session, FileOrWebAddress(session.GetSkin(), source));
   }
   FeedParser parser(session.TextCodePage());
   const int result = parser.Parse(source);

@@ -2,7 +2,7 @@
 #include <fmt/core.h>
 
 #include "ctl/Commands.h"
-#include "ctl/FeedAddress.h"
+#include "ctl/FileOrWebAddress.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "exchange/OpmlExport.h"
@@ -23,7 +23,7 @@ bool IsFileName(const std::string& typed) {
 
 ListSource SourceOf(const Session& session, const std::string& typed) {
   if (IsFileName(typed)) return {.place = typed};
-  return {.place = FeedAddress(session.GetSkin(), typed), .isAddress = true};
+  return {.place = FileOrWebAddress(session.GetSkin(), typed), .isAddress = true};
 }
 
 void PrintSums(const Session& session, const ImportSums& sums, int folders) {

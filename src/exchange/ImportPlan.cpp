@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "ingest/FeedAddress.h"
+#include "ingest/WebAddress.h"
 #include "platform/Text.h"
 #include "platform/Url.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "ingest/FeedAddress.h"
 #include "ingest/ParseCode.h"
+#include "ingest/WebAddress.h"
 #include "platform/Text.h"
 
 namespace feedloom {

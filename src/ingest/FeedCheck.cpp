@@ -2,10 +2,10 @@
 
 #include <array>
 
-#include "ingest/FeedAddress.h"
 #include "ingest/FeedFetch.h"
 #include "ingest/RefreshRun.h"
 #include "ingest/TimeLimit.h"
+#include "ingest/WebAddress.h"
 #include "platform/HtmlLinks.h"
 #include "platform/TempFile.h"
 

@@ -1,15 +1,15 @@
 // Addresses of feeds, and the check of one.
-#include "ingest/FeedAddress.h"
 #include "ingest/FeedCheck.h"
 #include "ingest/FeedChecker.h"
 #include "ingest/IngestKit.h"
+#include "ingest/WebAddress.h"
 #include "kit/Inbox.h"
 #include "platform/Rows.h"
 #include "platform/Text.h"
 
 namespace feedloom {
 
-TEST(FeedAddress, IsCompletedAndEscapedAndOfTheWebOnlyWithHttpOrHttps) {
+TEST(WebAddress, IsCompletedAndEscapedAndOfTheWebOnlyWithHttpOrHttps) {
   ExpectRows([](auto& typed) { return CompleteFeedAddress(typed, "http"); },
              {" \t news.kr/x \n -> http://news.kr/x", "feed://k/ -> feed://k/", " \n  -> ",
               "mailto:내 글\x01\"?q=a%20b -> http://mailto:%EB%82%B4%20%EA%B8%80%01\"?q=a%20b"});

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "ingest/FeedAddress.h"
 #include "ingest/FeedCheckAnswer.h"
+#include "ingest/WebAddress.h"
 #include "skin/Keys.h"
 #include "store/Channels.h"
 #include "store/SqlText.h"

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "exchange/DirectorySearch.h"
-#include "ingest/FeedAddress.h"
+#include "ingest/WebAddress.h"
 #include "skin/FilledTexts.h"
 #include "skin/Keys.h"
 #include "ui/Frame.h"

@@ -1,6 +1,6 @@
 #include "ui/dialogs/CRSS_OpmlDlg.h"
 
-#include "ingest/FeedAddress.h"
+#include "ingest/WebAddress.h"
 #include "skin/Keys.h"
 #include "ui/Frame.h"
 #include "vxctrl/CVxEdit.h"

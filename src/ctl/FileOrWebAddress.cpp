@@ -1,12 +1,12 @@
-#include "ctl/FeedAddress.h"
+#include "ctl/FileOrWebAddress.h"
 
-#include "ingest/FeedAddress.h"
+#include "ingest/WebAddress.h"
 #include "profile/Files.h"
 #include "skin/Keys.h"
 
 namespace feedloom {
 
-std::string FeedAddress(const Skin& skin, const std::string& typed) {
+std::string FileOrWebAddress(const Skin& skin, const std::string& typed) {
   if (IsRegularFile(typed)) return FileUrl(AbsolutePath(typed));
   return CompleteFeedAddress(typed, skin.GetText(kSectionTexts, kTextUrlScheme));
 }

@@ -1,4 +1,4 @@
-#include "ingest/FeedAddress.h"
+#include "ingest/WebAddress.h"
 
 #include <fmt/core.h>
 
