@@ -11,10 +11,6 @@
 namespace feedloom {
 namespace {
 
-bool Execute(sqlite3* database, const char* sql) {
-  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
-}
-
 // Stored in the file, for all connections: 16 MB at most, as far as a statement needs them. With
 // the 2 MB that are usual, a clean-up of many posts, whose links go into the tables that are added
 // here, writes the same pages to the disk again and again.
@@ -46,6 +42,10 @@ bool HasFileBeside(const std::string& path) {
 }
 
 }  // namespace
+
+bool Execute(sqlite3* database, const char* sql) {
+  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
 
 void CloseDatabase::operator()(sqlite3* database) const { sqlite3_close(database); }
 

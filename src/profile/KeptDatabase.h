@@ -22,6 +22,9 @@ struct CloseDatabase {
 // Goes after all other connections of its program. Belongs to the thread that made it.
 using KeptDatabase = std::unique_ptr<sqlite3, CloseDatabase>;
 
+// Runs `sql`, one or more statements without a result. False at the first that fails.
+bool Execute(sqlite3* database, const char* sql);
+
 // Opens the database at `path`, and brings an older one up to date: into write-ahead mode, in which
 // programs read while another one writes, and with the tables of `shareDir`/gone_links.sql. What
 // cannot be changed, because it is read-only, locked for longer than `patience` or no profile's

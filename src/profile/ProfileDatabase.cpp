@@ -26,10 +26,6 @@ constexpr char kInsertChannel[] =
 
 constexpr char kSampleSiteUrl[] = "https://feedloom.example/";
 
-bool Execute(sqlite3* database, const char* sql) {
-  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
-}
-
 bool Insert(sqlite3* database, const char* sql, std::initializer_list<std::string_view> values) {
   sqlite3_stmt* prepared = nullptr;
   if (sqlite3_prepare_v2(database, sql, -1, &prepared, nullptr) != SQLITE_OK) return false;
