@@ -60,8 +60,7 @@ PostRow ReadRecord(PlainAnswer& answer) {
 
 void CheckInput(FuzzInput input) {
   const std::string text(input.Rest());
-  std::vector<PostRow> rows;
-  const int total = ParseDirectoryAnswer(text, rows);
+  const auto [isAnswered, total, rows] = ParseDirectoryAnswer(text);
   Require(rows.size() <= kDirectoryPageSize, "an answer has a page of rows at most");
 
   PlainAnswer answer(text);

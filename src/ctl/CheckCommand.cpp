@@ -12,12 +12,10 @@ namespace feedloom {
 namespace {
 
 Json ItemJson(const Session& session, const FeedItem& item) {
-  std::string stored = item.date;
-  NormalizeFeedDate(stored);
   return {{"title", session.Utf8(item.title)},
           {"link", session.Utf8(item.link)},
           {"date", session.Utf8(item.date)},
-          {"stored", stored},
+          {"stored", StoredFeedDate(item.date)},
           {"podcast", item.isPodcast},
           {"enclosureType", session.Utf8(item.enclosureType)},
           {"description", session.Utf8(item.description)}};

@@ -11,11 +11,6 @@
 namespace feedloom {
 namespace {
 
-struct Found {
-  int total = 0;
-  std::vector<PostRow> rows = {};
-};
-
 // Returns the error for a request to `service` without an answer; `isTooLate`: the time limit has
 // passed.
 std::string NoAnswerText(const Session& session, const std::string& service, bool isTooLate) {
@@ -26,7 +21,7 @@ std::string NoAnswerText(const Session& session, const std::string& service, boo
 }
 
 // Returns the directory's answer. Without one prints an error and returns nothing.
-std::optional<Found> Search(Session& session, const DirectoryOptions& options) {
+std::optional<DirectoryAnswer> Search(Session& session, const DirectoryOptions& options) {
   const std::string service = session.GetSkin().GetText(kSectionTexts, kTextDirectoryService);
   if (service.empty()) {
     PrintError("the string file names no web directory");
@@ -34,13 +29,11 @@ std::optional<Found> Search(Session& session, const DirectoryOptions& options) {
   }
   const SharedServices services = session.Services();
   if (!services) return std::nullopt;
-  Found found;
-  bool isAnswered = false;
   HttpClient client(services->registry);
   const TimeLimit limit(services->clock, kDirectoryTimeLimit);
-  found.total = SearchDirectory(client, service, found.rows, session.Text(options.word),
-                                options.page, limit.Token(), isAnswered);
-  if (isAnswered) return found;
+  DirectoryAnswer found =
+      SearchDirectory(client, service, session.Text(options.word), options.page, limit.Token());
+  if (found.isAnswered) return found;
   PrintError(NoAnswerText(session, service, limit.RanOut()));
   return std::nullopt;
 }
@@ -54,13 +47,13 @@ Json RowJson(const Session& session, const PostRow& row) {
           {"podcast", row.isPodcast != 0}};
 }
 
-void PrintFoundJson(const Session& session, int page, const Found& found) {
+void PrintFoundJson(const Session& session, int page, const DirectoryAnswer& found) {
   Json rows = Json::array();
   for (const PostRow& row : found.rows) rows.push_back(RowJson(session, row));
   PrintJson({{"total", found.total}, {"page", page}, {"rows", std::move(rows)}});
 }
 
-void PrintFound(const Session& session, int page, const Found& found) {
+void PrintFound(const Session& session, int page, const DirectoryAnswer& found) {
   const auto line = [&](std::string_view text) { return OneLine(session.Utf8(text)); };
   PrintLine(fmt::format("{} in all, {} on page {}", found.total, found.rows.size(), page));
   for (const PostRow& row : found.rows) {

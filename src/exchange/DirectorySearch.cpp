@@ -7,19 +7,11 @@
 namespace feedloom {
 namespace {
 
-struct Page {
-  DirectoryAnswer answer;
-  int total = 0;
-};
-
-Page RequestPage(const IngestServices& services, const std::string& service,
-                 const std::string& word, int number, const std::stop_token& stop) {
-  Page page;
+DirectoryAnswer RequestPage(const IngestServices& services, const std::string& service,
+                            const std::string& word, int number, const std::stop_token& stop) {
   HttpClient client(services.registry);
   const TimeLimit limit(services.clock, kDirectoryTimeLimit, stop);
-  page.total = SearchDirectory(client, service, page.answer.rows, word, number, limit.Token(),
-                               page.answer.isAnswered);
-  return page;
+  return SearchDirectory(client, service, word, number, limit.Token());
 }
 
 }  // namespace
@@ -48,10 +40,10 @@ void DirectorySearch::GiveUp() {
 
 void DirectorySearch::Request(const std::string& word, int number, OnAnswer onAnswer) {
   isRunning_ = true;
-  const auto take = [this, word, number, onAnswer = std::move(onAnswer)](Page page) {
+  const auto take = [this, word, number, onAnswer = std::move(onAnswer)](DirectoryAnswer page) {
     isRunning_ = false;
-    StoreResult(word, number, page.answer.isAnswered ? number : number - 1, page.total);
-    onAnswer(std::move(page.answer));
+    StoreResult(word, number, page.isAnswered ? number : number - 1, page.total);
+    onAnswer(std::move(page));
   };
   const auto request = [services = services_, service = service_, word, number, take](
                            const std::stop_token& stop, const BackgroundJobs::Tell& tell) {

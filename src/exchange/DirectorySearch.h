@@ -10,11 +10,6 @@
 
 namespace feedloom {
 
-struct DirectoryAnswer {
-  bool isAnswered = false;  // false: no answer came in time
-  std::vector<PostRow> rows = {};
-};
-
 // Searches the web directory page by page on a background thread. An object belongs to the thread
 // that has created it; none of its functions waits for the network.
 class DirectorySearch {

@@ -96,20 +96,19 @@ std::string DirectoryQuery(const std::string& service, const std::string& word, 
   return fmt::format("{}?ver=0611&maxnum={}&pg={}&str={}", service, kDirectoryPageSize, page, word);
 }
 
-int ParseDirectoryAnswer(std::string_view text, std::vector<PostRow>& rows) {
+DirectoryAnswer ParseDirectoryAnswer(std::string_view text) {
   Answer answer(text);
-  const int total = ParseInt(answer.LastField(kTotal));
+  DirectoryAnswer parsed{.isAnswered = true, .total = ParseInt(answer.LastField(kTotal))};
   for (int count = 0; count < kDirectoryPageSize && answer.HasRecord(); ++count) {
-    rows.push_back(ReadRecord(answer));
+    parsed.rows.push_back(ReadRecord(answer));
   }
-  return total;
+  return parsed;
 }
 
-int SearchDirectory(HttpClient& client, const std::string& service, std::vector<PostRow>& rows,
-                    const std::string& word, int page, std::stop_token stop, bool& isAnswered) {
+DirectoryAnswer SearchDirectory(HttpClient& client, const std::string& service,
+                                const std::string& word, int page, std::stop_token stop) {
   const std::string answer = client.Get(DirectoryQuery(service, word, page), std::move(stop));
-  isAnswered = !answer.empty();
-  return ParseDirectoryAnswer(answer, rows);
+  return answer.empty() ? DirectoryAnswer() : ParseDirectoryAnswer(answer);
 }
 
 }  // namespace feedloom

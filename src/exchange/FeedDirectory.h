@@ -19,16 +19,19 @@ inline constexpr std::chrono::seconds kDirectoryTimeLimit{10};
 // word is not percent-encoded. Pure; any thread.
 std::string DirectoryQuery(const std::string& service, const std::string& word, int page);
 
-// Appends one row to `rows` for each record of `answer`, at most kDirectoryPageSize, and returns
-// the total number of hits that the answer states: 0 when it states none. A row is a post with the
-// address of its feed in `feedUrl`. When marks are missing in the answer, texts of its rows may be
-// empty or wrong. Pure; any thread.
-int ParseDirectoryAnswer(std::string_view answer, std::vector<PostRow>& rows);
+struct DirectoryAnswer {
+  bool isAnswered = false;         // false: no answer came in time
+  int total = 0;                   // of hits, as the service states it; 0 when it states none
+  std::vector<PostRow> rows = {};  // posts with the address of their feed in `feedUrl`
+};
 
-// Requests a page and appends its rows. Sets `isAnswered` to whether an answer came before `stop`
-// was requested. Returns the total number of hits; without an answer returns 0 and appends nothing.
-// Blocks the calling thread.
-int SearchDirectory(HttpClient& client, const std::string& service, std::vector<PostRow>& rows,
-                    const std::string& word, int page, std::stop_token stop, bool& isAnswered);
+// Reads one row for each record of the answer `text`, at most kDirectoryPageSize. When marks are
+// missing in it, texts of its rows may be empty or wrong. Pure; any thread.
+DirectoryAnswer ParseDirectoryAnswer(std::string_view text);
+
+// Requests a page. Not answered when no answer comes before `stop` is requested. Blocks the calling
+// thread.
+DirectoryAnswer SearchDirectory(HttpClient& client, const std::string& service,
+                                const std::string& word, int page, std::stop_token stop);
 
 }  // namespace feedloom

@@ -239,13 +239,10 @@ std::string StoredForm(const DateFields& date) {
 
 }  // namespace
 
-void NormalizeFeedDate(std::string& text) {
+std::string StoredFeedDate(std::string_view text) {
   const std::string_view trimmed = Trim(text);
-  if (trimmed.empty()) {
-    text.clear();
-    return;
-  }
-  text = StoredForm(IsDigit(trimmed[0]) ? ReadIso8601(trimmed) : ReadRfc822(trimmed));
+  if (trimmed.empty()) return "";
+  return StoredForm(IsDigit(trimmed[0]) ? ReadIso8601(trimmed) : ReadRfc822(trimmed));
 }
 
 std::string FormatPostDateForDisplay(std::string_view stored, const Clock& clock) {

@@ -22,8 +22,7 @@ constexpr std::size_t kCommonPosts = 4u << 20;     // all posts of a channel
 constexpr std::size_t kCommonPost = 256u << 10;    // one post
 
 NewPost ToNewPost(FeedItem item) {
-  NormalizeFeedDate(item.date);
-  return {std::move(item.title), std::move(item.link), std::move(item.date),
+  return {std::move(item.title), std::move(item.link), StoredFeedDate(item.date),
           std::move(item.description), item.isPodcast};
 }
 

@@ -84,8 +84,8 @@ static std::string Stored(const std::string& dates) {
   std::istringstream stream(dates);
   std::string stored;
   for (std::string date; std::getline(stream, date, '|');) {
-    NormalizeFeedDate(date);
-    if (date != stored) stored += date;
+    const std::string one = StoredFeedDate(date);
+    if (one != stored) stored += one;
   }
   return stored;
 }
