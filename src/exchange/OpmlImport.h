@@ -22,8 +22,8 @@ struct ReadList {
 // of a feed's download. Returns no plan, but an error, when the list cannot be read, the download
 // takes too long, the document is not OPML, or `stop` is requested. Does not change the store.
 // Blocks the calling thread; only one thread at a time may read an address.
-ReadList ReadSubscriptions(const IngestServices& services, const ListSource& source,
-                           std::stop_token stop);
+[[nodiscard]] ReadList ReadSubscriptions(const IngestServices& services, const ListSource& source,
+                                         std::stop_token stop);
 
 // What to do with a folder whose name is taken: Rename adds it under another name ("News-1"), Merge
 // adds its channels to the folder of that name.

@@ -42,11 +42,11 @@ struct FetchOutcome {
 // Downloads the document to `request.path`, parses it with `parser` and always removes the file.
 // Blocks the calling thread, which may be any. Ends within 100 ms of `stop`, with kDownloadFailed
 // or kDocumentRefused.
-FetchOutcome FetchFeed(const FeedRequest& request, const IngestServices& services,
-                       std::stop_token stop, FeedParser& parser);
+[[nodiscard]] FetchOutcome FetchFeed(const FeedRequest& request, const IngestServices& services,
+                                     std::stop_token stop, FeedParser& parser);
 
 // FetchFeed without removing the file, which then belongs to the caller.
-FetchOutcome FetchFeedFile(const FeedRequest& request, const IngestServices& services,
-                           std::stop_token stop, FeedParser& parser);
+[[nodiscard]] FetchOutcome FetchFeedFile(const FeedRequest& request, const IngestServices& services,
+                                         std::stop_token stop, FeedParser& parser);
 
 }  // namespace feedloom

@@ -13,7 +13,7 @@ namespace feedloom {
 // a part of the content, and after an answer without content (status 304) nothing. file: is meant
 // for addresses that the user typed: a caller must refuse it in addresses from documents. Any
 // thread may call it.
-TransferResult UrlDownloadToFile(TransferRequest request, const std::string& path,
-                                 std::stop_token stop);
+[[nodiscard]] TransferResult UrlDownloadToFile(TransferRequest request, const std::string& path,
+                                               std::stop_token stop);
 
 }  // namespace feedloom

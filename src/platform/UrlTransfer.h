@@ -73,6 +73,6 @@ struct TransferResult {
 // Runs the transfer on the calling thread and returns when it has ended. It fails on a status of
 // 400 or more, on an eleventh redirect, on a redirect to a scheme other than http and https, on
 // content longer than 64 MiB, and within 100 ms after `stop` is requested. Any thread may call it.
-TransferResult RunTransfer(const TransferRequest& request, std::stop_token stop);
+[[nodiscard]] TransferResult RunTransfer(const TransferRequest& request, std::stop_token stop);
 
 }  // namespace feedloom

@@ -32,37 +32,33 @@ struct ProfileSources {
   std::string schema;
   std::string sampleFeed;
   InitialContent content;
+  Failure failure;  // the first one
 };
 
-Failure ReadShared(const std::string& path, std::string& content) {
-  auto read = ReadFile(path);
-  if (!read) return fmt::format("Cannot read the shared file '{}'.", path);
-  content = *std::move(read);
-  return {};
-}
-
-Failure ReadNames(const std::string& path, const std::string& language, CodePage codePage,
-                  InitialContent& content) {
-  std::string text;
-  if (Failure failure = ReadShared(path, text)) return failure;
-  const IniFile ini = IniFile::Parse(text);
-  const std::pair<const char*, std::string*> names[] = {
-      {kHostTextFolder, &content.folderName},
-      {kHostTextCabinet, &content.cabinetName},
-      {kHostTextSampleChannel, &content.sampleTitle}};
-  for (const auto& [key, name] : names) {
-    *name = codePage.FromUtf8(ini.ValueInLanguage(kSectionHost, key, language).value_or(""));
-    if (name->empty()) return fmt::format("The shared file '{}' lacks the text {}.", path, key);
-  }
-  return {};
-}
-
-Failure ReadProfileSources(const std::string& shareDir, const std::string& language,
-                           CodePage codePage, ProfileSources& result) {
-  const std::string sample = JoinPath(JoinPath(shareDir, "sample"), language + ".xml");
-  if (auto failure = ReadShared(JoinPath(shareDir, "schema.sql"), result.schema)) return failure;
-  if (auto failure = ReadShared(sample, result.sampleFeed)) return failure;
-  return ReadNames(JoinPath(shareDir, "string.ini"), language, codePage, result.content);
+ProfileSources ReadProfileSources(const std::string& shareDir, const std::string& language,
+                                  CodePage codePage) {
+  ProfileSources sources;
+  const auto fail = [&](std::string reason) {
+    if (!sources.failure) sources.failure = std::move(reason);
+  };
+  const auto read = [&](const std::string& path) {
+    auto text = ReadFile(path);
+    if (!text) fail(fmt::format("Cannot read the shared file '{}'.", path));
+    return std::move(text).value_or("");
+  };
+  sources.schema = read(JoinPath(shareDir, "schema.sql"));
+  sources.sampleFeed = read(JoinPath(JoinPath(shareDir, "sample"), language + ".xml"));
+  const std::string stringIni = JoinPath(shareDir, "string.ini");
+  const IniFile ini = IniFile::Parse(read(stringIni));
+  const auto name = [&](const char* key) {
+    const std::string utf8 = ini.ValueInLanguage(kSectionHost, key, language).value_or("");
+    if (utf8.empty()) fail(fmt::format("The shared file '{}' lacks the text {}.", stringIni, key));
+    return codePage.FromUtf8(utf8);
+  };
+  sources.content.folderName = name(kHostTextFolder);
+  sources.content.cabinetName = name(kHostTextCabinet);
+  sources.content.sampleTitle = name(kHostTextSampleChannel);
+  return sources;
 }
 
 std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir, CodePage codePage,
@@ -120,11 +116,11 @@ Failure CreateProfile(const std::string& dir, const std::string& shareDir, CodeP
   const std::string share = AbsolutePath(shareDir);
   const std::string languageCode = ToUpperAscii(language);
 
-  ProfileSources sources;
-  sources.content.sampleFeedUrl = FileUrl(paths.sampleFeed);
   if (auto failure = CheckNoProfile(paths)) return failure;
   if (auto failure = CheckLengths(paths, share)) return failure;
-  if (auto failure = ReadProfileSources(share, languageCode, codePage, sources)) return failure;
+  ProfileSources sources = ReadProfileSources(share, languageCode, codePage);
+  if (sources.failure) return sources.failure;
+  sources.content.sampleFeedUrl = FileUrl(paths.sampleFeed);
   for (const std::string& directory : {paths.moduleDir, paths.workDir}) {
     if (auto failure = MakeDirectories(directory)) return failure;
   }
