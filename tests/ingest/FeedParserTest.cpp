@@ -16,7 +16,7 @@ struct Parsing : testing::Test {
   // podcast" for each item.
   std::string Read(const std::string& document) {
     FeedParser parser(codePage_);
-    const int code = parser.Parse(folder_.Write("feed.xml", document), stop_.get_token());
+    const int code = parser.Parse(folder_.Write("feed.xml", document));
     const auto [rss, atom] = parser.Variants();
     std::string all = fmt::format("{} {} {} {}|{}|{}", code, static_cast<int>(parser.GetFormat()),
                                   rss, atom, parser.GetChannelTitle(), parser.GetChannelLink());
@@ -32,7 +32,6 @@ struct Parsing : testing::Test {
 
   TempFolder folder_;
   CodePage codePage_ = CodePage::Utf8();
-  std::stop_source stop_;
 };
 
 TEST_F(Parsing, TellsTheFormatByRootAndVersion) {
@@ -72,11 +71,6 @@ TEST_F(Parsing, TextsEndInTheModulesCodePage) {
   ExpectRead({utf8 + "똠방각하 ♥ 😀 é|"});
   codePage_ = CodePage::Korean();
   ExpectRead({utf8 + codePage_.FromUtf8("똠방각하 ♥") + " ? ?|"});
-}
-
-TEST_F(Parsing, ReadsNoMoreAfterAStop) {
-  stop_.request_stop();
-  ExpectRead({"<feed/> -> -1 -1 -1 -1||"});
 }
 
 // The stored forms of `dates`, which have bars between them; equal ones once.

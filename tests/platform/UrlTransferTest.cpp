@@ -1,7 +1,5 @@
 #include <stdlib.h>
 
-#include <thread>
-
 #include "kit/FeedServer.h"
 #include "kit/TempFolder.h"
 #include "platform/Rows.h"
@@ -18,9 +16,9 @@ struct UrlTransferTest : testing::Test {
     return result.ok ? folder_.Read("file") : "failed: " + std::to_string(result.status);
   }
 
-  static TransferResult Run(TransferRequest request, std::stop_token stop = {}) {
-    if (!request.sink) request.sink = [](auto) { return true; };
-    return RunTransfer(request, stop);
+  static TransferResult Run(TransferRequest request) {
+    request.sink = [](auto) { return true; };
+    return RunTransfer(request, {});
   }
 
   std::string File(const std::string& name) const { return "file://" + folder_.File(name); }
@@ -54,16 +52,6 @@ TEST_F(UrlTransferTest, GivesEveryByteOfTheContentOrAFailure) {
   EXPECT_TRUE(!full.ok && full.error.starts_with("cannot write the file"));
   server_.Compressed("/feed", std::string((64 << 20) + 1, 'x'));
   EXPECT_EQ(Run({.address = server_.Url("/feed")}).error, "longer than 67108864 bytes");
-}
-
-TEST_F(UrlTransferTest, AStopEndsItAndBeginsNoOther) {
-  server_.Hang("/feed");
-  std::jthread worker([url = server_.Url("/feed")](std::stop_token stop) {
-    for (int i = 0; i < 2; ++i) EXPECT_EQ(Run({.address = url}, stop).error, "stopped");
-  });
-  EXPECT_TRUE(server_.WaitForRequest("/feed"));
-  worker = {};
-  EXPECT_EQ(server_.Requests("/feed"), 1);
 }
 
 TEST_F(UrlTransferTest, GoesThroughTheUsersProxyWhateverTheEnvironmentSays) {
