@@ -17,7 +17,8 @@ void CheckItem(const FeedItem& item, CodePage codePage) {
   for (const std::string* text : {&item.title, &item.description}) {
     RequireEqual(*text, Trim(*text), "no white space stands around an element's text");
   }
-  const std::string date = StoredFeedDate(item.date);
+  std::string date = item.date;
+  NormalizeFeedDate(date);
   Require(date.empty() || date.size() == 19, "a date is stored in the one form or not at all");
   Require(item.isPodcast == 1 || item.enclosureType.empty(), "only a podcast has a media type");
 }

@@ -12,10 +12,12 @@ namespace feedloom {
 namespace {
 
 Json ItemJson(const Session& session, const FeedItem& item) {
+  std::string stored = item.date;
+  NormalizeFeedDate(stored);
   return {{"title", session.Utf8(item.title)},
           {"link", session.Utf8(item.link)},
           {"date", session.Utf8(item.date)},
-          {"stored", StoredFeedDate(item.date)},
+          {"stored", stored},
           {"podcast", item.isPodcast},
           {"enclosureType", session.Utf8(item.enclosureType)},
           {"description", session.Utf8(item.description)}};

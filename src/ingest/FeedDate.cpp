@@ -239,10 +239,13 @@ std::string StoredForm(const DateFields& date) {
 
 }  // namespace
 
-std::string StoredFeedDate(std::string_view text) {
+void NormalizeFeedDate(std::string& text) {
   const std::string_view trimmed = Trim(text);
-  if (trimmed.empty()) return "";
-  return StoredForm(IsDigit(trimmed[0]) ? ReadIso8601(trimmed) : ReadRfc822(trimmed));
+  if (trimmed.empty()) {
+    text.clear();
+    return;
+  }
+  text = StoredForm(IsDigit(trimmed[0]) ? ReadIso8601(trimmed) : ReadRfc822(trimmed));
 }
 
 std::string FormatPostDateForDisplay(std::string_view stored, const Clock& clock) {

@@ -22,7 +22,8 @@ constexpr std::size_t kCommonPosts = 4u << 20;     // all posts of a channel
 constexpr std::size_t kCommonPost = 256u << 10;    // one post
 
 NewPost ToNewPost(FeedItem item) {
-  return {std::move(item.title), std::move(item.link), StoredFeedDate(item.date),
+  NormalizeFeedDate(item.date);
+  return {std::move(item.title), std::move(item.link), std::move(item.date),
           std::move(item.description), item.isPodcast};
 }
 

@@ -78,7 +78,8 @@ static std::string Stored(const std::string& dates) {
   std::istringstream stream(dates);
   std::string stored;
   for (std::string date; std::getline(stream, date, '|');) {
-    const std::string one = StoredFeedDate(date);
+    std::string one = date;
+    NormalizeFeedDate(one);
     if (one != stored) stored += one;
   }
   return stored;
