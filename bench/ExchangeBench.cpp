@@ -11,7 +11,7 @@
 #include "bench/Goals.h"
 #include "exchange/OpmlExport.h"
 #include "exchange/OpmlImporter.h"
-#include "ui/FakeFrame.h"
+#include "ui/Fakes.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 
 namespace feedloom {
@@ -50,7 +50,7 @@ struct Import {
 // Imports the list into an empty, visible pane.
 Import ImportList(int folders, int channels) {
   FakeFrame frame;
-  CRSS_LeftContainer pane(frame, nullptr);
+  CRSS_LeftContainer pane(frame, frame, frame, frame, nullptr);
   pane.resize(251, 700);
   pane.show();
   pane.LoadTree();

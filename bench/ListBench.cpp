@@ -16,7 +16,7 @@
 #include <utility>
 
 #include "bench/Goals.h"
-#include "ui/FakeFrame.h"
+#include "ui/Fakes.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/list/PostListModel.h"
 
@@ -80,7 +80,7 @@ std::size_t MemoryInUse() {
 
 // A visible pane, empty at first.
 struct Pane {
-  explicit Pane(FakeFrame& frame) : pane(frame, nullptr) {
+  explicit Pane(FakeFrame& frame) : pane(frame, frame, frame, nullptr) {
     pane.resize(760, 400);
     pane.show();
     QApplication::processEvents();

@@ -29,7 +29,7 @@
 #include "kit/TestProfile.h"
 #include "store/Connection.h"
 #include "store/Counts.h"
-#include "ui/FakeFrame.h"
+#include "ui/Fakes.h"
 #include "ui/browser/PageRules.h"
 #include "ui/browser/PostPages.h"
 #include "ui/page/Pages.h"

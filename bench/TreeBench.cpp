@@ -10,7 +10,7 @@
 
 #include "bench/Goals.h"
 #include "bench/StoreContents.h"
-#include "ui/FakeFrame.h"
+#include "ui/Fakes.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 
@@ -24,7 +24,7 @@ constexpr const char* kUpdateTwice = "update twice, 1,000 channels";
 struct Pane {
   Pane(int folders, int channels, int posts) {
     FillStore(frame.db, folders, channels, posts);
-    pane = std::make_unique<CRSS_LeftContainer>(frame, nullptr);
+    pane = std::make_unique<CRSS_LeftContainer>(frame, frame, frame, frame, nullptr);
     frame.onRecount = [this](bool scrap) { pane->RecountUnread(scrap); };
     pane->resize(251, 700);
     pane->show();
@@ -67,7 +67,8 @@ std::size_t StatementsOfMarking() {
   view.setCurrentIndex(view.model()->index(0, 0));
   GroupTreeModel& model = static_cast<GroupTreeModel&>(*view.model());
   CRSS_GroupTreeCtrl& tree = static_cast<CRSS_GroupTreeCtrl&>(view);
-  TreeCommands commands(folder.frame, model, tree);
+  FakeFrame& frame = folder.frame;
+  TreeCommands commands(frame, frame, frame, frame, model, tree, [] {});
   StatementLog log;
   commands.Run(kCommandMarkAllRead);
   const bool isMarked = model.GroupAt(model.index(0, 0))->unreadCount == 0;

@@ -8,7 +8,8 @@
 #include "platform/Messages.h"
 #include "skin/FilledTexts.h"
 #include "skin/Keys.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
+#include "ui/Reading.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 #include "ui/tree/SelectedPosts.h"
 #include "ui/tree/TreeLoader.h"
@@ -29,9 +30,10 @@ bool IsUserBusy() {
 
 }  // namespace
 
-Arrivals::Arrivals(Frame& frame, CRSS_LeftContainer& left, std::shared_ptr<Store> store,
-                   WriteMark start, BackgroundJobs::Post toHere)
-    : frame_(frame),
+Arrivals::Arrivals(Desk& desk, Reading& reading, CRSS_LeftContainer& left,
+                   std::shared_ptr<Store> store, WriteMark start, BackgroundJobs::Post toHere)
+    : desk_(desk),
+      reading_(reading),
       left_(left),
       store_(std::move(store)),
       seen_(start),
@@ -133,7 +135,7 @@ void Arrivals::ReadBehind(Read read, Take take) {
 // channels in it wait for it.
 void Arrivals::ReadNext() {
   if (!jobs_ || isReading_) return;
-  listIsDue_ = listIsDue_ && frame_.State().listShowsSelection && left_.SelectedRow();
+  listIsDue_ = listIsDue_ && desk_.State().listShowsSelection && left_.SelectedRow();
   if (listIsDue_) return ReadShownPosts();
   TellReceived();
   if (countIsDue_) return ReadCounts();
@@ -152,8 +154,8 @@ void Arrivals::ReadShownPosts() {
   ReadBehind([row](Store& store) { return PostsOf(store, row); },
              [this, row](std::optional<PostList> list) {
                listIsDue_ = false;
-               const bool isShown = frame_.State().listShowsSelection && left_.SelectedRow() == row;
-               if (list && isShown) frame_.RelistPosts(*std::move(list));
+               const bool isShown = desk_.State().listShowsSelection && left_.SelectedRow() == row;
+               if (list && isShown) reading_.RelistPosts(*std::move(list));
              });
 }
 
@@ -220,7 +222,7 @@ int Arrivals::CountArrivedBy(Change change) {
     arrived += added;
     channels.push_back(id);
   }
-  frame_.State().unreadTotal += arrived;
+  desk_.State().unreadTotal += arrived;
   if (!channels.empty()) left_.SetChannelsNew(channels, true);
   listIsDue_ |= std::ranges::any_of(channels, [this](int id) { return left_.SelectionHolds(id); });
   return arrived;
@@ -232,15 +234,15 @@ void Arrivals::FollowStore(Change change) {
   const int before = left_.UnreadInChannels();
   const int arrived = CountArrivedBy(change);
   const int byOthers = left_.UnreadInChannels() - before - arrived;
-  frame_.State().unreadTotal += byOthers;
-  frame_.State().announcedTotal += byOthers;
+  desk_.State().unreadTotal += byOthers;
+  desk_.State().announcedTotal += byOthers;
 }
 
 // Status texts.
 
 void Arrivals::TellOf(const char* textKey, int channelId) {
-  frame_.ReportMessage(
-      WithTitle(frame_.GetSkin().GetText(kSectionTexts, textKey), left_.ChannelTitle(channelId)));
+  desk_.ReportMessage(
+      WithTitle(desk_.GetSkin().GetText(kSectionTexts, textKey), left_.ChannelTitle(channelId)));
 }
 
 void Arrivals::TellReceived() {

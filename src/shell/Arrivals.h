@@ -14,7 +14,8 @@
 namespace feedloom {
 
 class CRSS_LeftContainer;
-class Frame;
+class Desk;
+class Reading;
 
 // What comes into the window without its user: the posts that a refresh brings, and what other
 // programs change in the database. It is read on a background thread, one reading at a time, so
@@ -27,10 +28,10 @@ class Frame;
 // Interface thread only.
 class Arrivals {
  public:
-  // `start` is older than all that the window shows. `frame` and `left` are used until Stop, and
-  // `toHere` passes work to the interface thread.
-  Arrivals(Frame& frame, CRSS_LeftContainer& left, std::shared_ptr<Store> store, WriteMark start,
-           BackgroundJobs::Post toHere);
+  // `start` is older than all that the window shows. `desk`, `reading` and `left` are used until
+  // Stop, and `toHere` passes work to the interface thread.
+  Arrivals(Desk& desk, Reading& reading, CRSS_LeftContainer& left, std::shared_ptr<Store> store,
+           WriteMark start, BackgroundJobs::Post toHere);
 
   // Gives up what waits, and returns when the background thread has ended. Afterwards nothing is
   // read any more.
@@ -40,7 +41,7 @@ class Arrivals {
   // the run's end what waits is counted before the call returns.
   void OnMessage(unsigned number, int first, int second);
 
-  // As Frame::RecountUnread. Posts that workers have stored, and that are not counted yet, are
+  // As Reading::RecountUnread. Posts that workers have stored, and that are not counted yet, are
   // added to the unread total.
   void Recount(bool ofScrapPosts);
 
@@ -73,7 +74,8 @@ class Arrivals {
   void TellOf(const char* textKey, int channelId);
   void TellReceived();
 
-  Frame& frame_;
+  Desk& desk_;
+  Reading& reading_;
   CRSS_LeftContainer& left_;
   const std::shared_ptr<Store> store_;
   WriteMark seen_;  // what was written until then is shown

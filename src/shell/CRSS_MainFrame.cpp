@@ -1,20 +1,21 @@
 #include "shell/CRSS_MainFrame.h"
 
-#include <QCoreApplication>
 #include <QShortcut>
 #include <thread>
 #include <utility>
 
-#include "exchange/OpmlImporter.h"
+#include "exchange/DirectorySearch.h"
 #include "ingest/FeedChecker.h"
 #include "ingest/FeedMemory.h"
 #include "shell/Arrivals.h"
 #include "shell/Feedloom.h"
-#include "shell/FrameActions.h"
+#include "shell/FirstReading.h"
 #include "shell/FrameKeys.h"
 #include "shell/FrameRefresh.h"
+#include "shell/PaneSizes.h"
+#include "shell/ReadingRetry.h"
 #include "shell/SettingsStore.h"
-#include "shell/StartContent.h"
+#include "shell/SubscriptionExchange.h"
 #include "skin/FilledTexts.h"
 #include "skin/Keys.h"
 #include "store/Backup.h"
@@ -22,7 +23,6 @@
 #include "ui/browser/EngineProxy.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
-#include "ui/notice/NoticeMotion.h"
 #include "ui/panel/ControlPanel.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 #include "vxctrl/QtText.h"
@@ -30,21 +30,6 @@
 #include "vxctrl/SkinText.h"
 
 namespace feedloom {
-namespace {
-
-constexpr int kLeftMinimumWidth = 251;  // pixels
-constexpr int kTopHeight = 200;
-// The smallest sizes that leave room for the toolbar's controls and a few rows.
-constexpr QSize kSmallestList(330, 130);
-constexpr QSize kSmallestBrowser(330, 150);
-constexpr int kRest = 1 << 16;  // more than any window has: the splitter cuts it down
-
-void SendToWindow(QWidget* window, unsigned number, std::intptr_t lParam) {
-  WindowMessage message(number, 0, lParam);
-  if (window != nullptr) QCoreApplication::sendEvent(window, &message);
-}
-
-}  // namespace
 
 CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Settings& liveSettings,
                                QWidget* parent)
@@ -55,14 +40,13 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Sett
       store_(std::make_shared<Store>(
           GetDbPath(paths.module), skin_.Config().GetCodePage(), SystemClock(),
           [this, thread = interfaceThread_](std::string_view text) {
-            thread->Run([this, copy = std::string(text)] { ReportFailure(copy); });
+            thread->Run([this, copy = std::string(text)] { status_.ReportFailure(copy); });
           },
           std::this_thread::get_id())),
       services_(std::make_shared<IngestServices>(
           IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir(),
                          FeedMemoryPath(skin_.Config().GetWorkDir())})),
-      state_(liveSettings),
-      actions_(MakeFrameActions(*this)) {
+      state_(liveSettings) {
   settings_ = LoadFrameSettings(registry_);
   try {
     const WriteMark mark = ReadWriteMark(*store_);
@@ -94,7 +78,7 @@ void CRSS_MainFrame::StopRefresh() {
   interfaceThread_->Close();
   if (arrivals_) arrivals_->Stop();
   feedChecker_.reset();
-  importer_.reset();
+  exchange_.reset();
   retry_.reset();
   refresh_.reset();
 }
@@ -107,24 +91,65 @@ void CRSS_MainFrame::EndRefresh() {
 void CRSS_MainFrame::BuildPanes() {
   setPalette(LoadSkinPalette(skin_));
   UseProxyInEngine(ReadProxySettings(registry_));
-  left_ = new CRSS_LeftContainer(*this, this);
-  left_->setMinimumWidth(kLeftMinimumWidth);
+  left_ = new CRSS_LeftContainer(*this, *this, *this, *this, this);
   auto* const right = new VxSplitter(Qt::Vertical, this);
-  rightTop_ = new CRSS_RightTopContainer(*this, right);
-  rightBottom_ = new CRSS_RightBottomContainer(*this, right);
-  rightTop_->setMinimumSize(kSmallestList);
-  rightBottom_->setMinimumSize(kSmallestBrowser);
-  right->setSizes({kTopHeight, kRest});
-  right->setStretchFactor(1, 1);
-  right->setChildrenCollapsible(false);
-  setSizes({kLeftMinimumWidth, kRest});
-  setStretchFactor(1, 1);
-  setChildrenCollapsible(false);
+  rightTop_ = new CRSS_RightTopContainer(*this, *this, *this, right);
+  rightBottom_ = new CRSS_RightBottomContainer(*this, *this, *this, browserServices_, right);
+  SetPaneSizes(*this, *right);
   setFocusProxy(left_);
   handle(1)->setAccessibleName(SkinText(skin_, kTextColumnDivider));
   right->handle(1)->setAccessibleName(SkinText(skin_, kTextRowDivider));
   connect(rightBottom_, &CRSS_RightBottomContainer::PageShown, this, &CRSS_MainFrame::PageShown);
+  ConnectTree();
   SetUpKeys(*right);
+}
+
+void CRSS_MainFrame::ConnectTree() {
+  connect(left_, &CRSS_LeftContainer::SettingsWanted, this, &CRSS_MainFrame::OpenControlPanel);
+  connect(left_, &CRSS_LeftContainer::NoticeIsDue, this, &CRSS_MainFrame::NotifyOfNewPosts);
+  connect(left_, &CRSS_LeftContainer::SearchWanted, this, [this] { rightTop_->FocusSearch(); });
+  connect(left_, &CRSS_LeftContainer::UnreadPostWanted, this,
+          [this](bool forward) { rightTop_->GoToUnread(forward); });
+}
+
+// Behind the panes.
+
+void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
+  SetPreviewMode();
+  const auto toHere = [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); };
+  arrivals_ = std::make_unique<Arrivals>(*this, *this, *left_, store_, mark, toHere);
+  feedChecker_ = std::make_unique<FeedChecker>(services_, toHere);
+  exchange_ = std::make_unique<SubscriptionExchange>(*this, *this, *this, services_, toHere);
+  refresh_ = std::make_unique<FrameRefresh>(
+      interfaceThread_, services_,
+      [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
+        return OnMessage(number, wParam, lParam);
+      },
+      [this](unsigned number, std::intptr_t, std::intptr_t) {
+        OnRefreshMessage(number);
+        return std::intptr_t{0};
+      });
+  FirstContent start = reading.Finish();
+  for (const std::string& failure : reading.Failures()) status_.ReportFailure(failure);
+  ShowStart(std::move(start));
+}
+
+void CRSS_MainFrame::ShowStart(FirstContent start) {
+  const bool isTreeRead = start.tree.has_value();
+  status_.SetTreeRead(isTreeRead);
+  state_.unreadTotal = state_.announcedTotal = isTreeRead ? start.unread : -1;
+  left_->ShowTree(std::move(start.tree).value_or(TreeContent()));
+  if (!isTreeRead) RetryStart();
+}
+
+void CRSS_MainFrame::RetryStart() {
+  retry_ = std::make_unique<ReadingRetry>(
+      store_, settings_, [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); },
+      [this](FirstContent start) {
+        retry_.reset();
+        status_.ClearFailure();
+        ShowStart(std::move(start));
+      });
 }
 
 void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
@@ -143,7 +168,7 @@ void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
 // Messages of the host and of the refresh.
 
 bool CRSS_MainFrame::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate && isTreeRead_) arrivals_->LookForChanges();
+  if (event->type() == QEvent::WindowActivate && status_.IsTreeRead()) arrivals_->LookForChanges();
   if (event->type() != WindowMessage::kType) return VxSplitter::event(event);
   auto& message = static_cast<WindowMessage&>(*event);
   message.result = OnMessage(message.number, message.wParam, message.lParam);
@@ -167,13 +192,13 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       if (number == kMessageChannelResult && wParam == kRunEnded) SetRefreshBusy(false);
       break;
     case kMessageListImported:
-      OnListImported(wParam == 0);
+      EndImport(wParam == 0);
       break;
     case kMessageShowTextAgain:
-      SendText();
+      status_.Send();
       break;
     case kMessageOpenPanel:
-      left_->OpenSettings();
+      OpenControlPanel();
       break;
     case kMessageRefreshAll:
       left_->RefreshAll();
@@ -223,42 +248,19 @@ void CRSS_MainFrame::ApplyPanelSettings(const Settings& settings) {
 
 void CRSS_MainFrame::SetPreviewMode() { rightBottom_->SetMode(settings_.previewMode == 0 ? 1 : 0); }
 
-// The announced total is set also when nothing is announced. Otherwise posts that arrive after the
-// user has read others would be offset by those and never be announced.
 void CRSS_MainFrame::NotifyOfNewPosts() {
-  if (NewPostCount(state_.unreadTotal, state_.announcedTotal) > 0) {
-    ShowNewPostNotification();
-  } else {
-    state_.announcedTotal = state_.unreadTotal;
-  }
-}
-
-void CRSS_MainFrame::ShowNewPostNotification() {
-  if (announcement_) announcement_->close();
-  announcement_ = new CRSS_AnnounceDlg(skin_, this);
-  connect(announcement_, &CRSS_AnnounceDlg::Clicked, this, [this] {
-    QWidget* const host = window();
+  auto* const window = notice_.Announce(settings_.newFeedMsgTransparency, this);
+  if (window == nullptr) return;
+  connect(window, &CRSS_AnnounceDlg::Clicked, this, [this] {
+    QWidget* const host = this->window();
     host->setWindowState(host->windowState() & ~Qt::WindowMinimized);
     host->raise();
     host->activateWindow();
     left_->ListToday();
   });
-  const int count = NewPostCount(state_.unreadTotal, state_.announcedTotal);
-  state_.announcedTotal = state_.unreadTotal;
-  announcement_->Announce(count, NoticeAlphaValue(settings_.newFeedMsgTransparency));
 }
 
-// The functions of the interface Frame.
-
-void CRSS_MainFrame::ReportMessage(std::string_view text) {
-  isFailureShown_ = false;
-  messageText_ = text;
-  SendText();
-}
-
-void CRSS_MainFrame::SendText() {
-  SendToWindow(parentWidget(), kMessageShowText, reinterpret_cast<std::intptr_t>(&messageText_));
-}
+// What the panes and dialogs ask for.
 
 MsgBoxAnswer CRSS_MainFrame::ShowTextMessage(const char* section, const char* key,
                                              MsgBoxKind kind) {
@@ -305,9 +307,40 @@ void CRSS_MainFrame::ChannelWasMoved(int channelId, int folderId) {
   left_->MoveChannel(channelId, folderId);
 }
 
-void CRSS_MainFrame::ListPosts(ListMode mode, PostList list, FirstShown shown) {
-  state_.listMode = mode;
-  state_.listShowsSelection = mode == ListMode::Selection && !list.wereSearched;
+std::unique_ptr<DirectorySearch> CRSS_MainFrame::MakeDirectorySearch() {
+  return std::make_unique<DirectorySearch>(
+      services_, skin_.GetText(kSectionTexts, kTextDirectoryService),
+      [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); });
+}
+
+std::optional<int> CRSS_MainFrame::ExportOpml(const std::string& path) {
+  if (exchange_ && CanExchange()) return exchange_->Export(path, left_->Subscriptions());
+  ReportExchangeFailure(*this, kTextOpmlExportError, status_.StartFailure());
+  return std::nullopt;
+}
+
+void CRSS_MainFrame::ImportOpml(const ListSource& source) {
+  if (!exchange_) return;
+  if (!CanExchange()) {
+    return ReportExchangeFailure(*this, kTextOpmlNotImported, status_.StartFailure());
+  }
+  exchange_->Import(source,
+                    [this](bool isRead) { OnMessage(kMessageListImported, isRead ? 0 : -1, 0); });
+}
+
+void CRSS_MainFrame::EndImport(bool isRead) {
+  if (isRead) return StartRefresh();
+  ShowTextMessage(kSectionTexts, kTextOpmlError, MsgBoxKind::Notice);
+}
+
+void CRSS_MainFrame::MergeOpml(const std::string& path,
+                               std::function<void(const std::optional<ImportSums>&)> onEnd) {
+  if (!exchange_ || !CanExchange()) return onEnd(std::nullopt);
+  exchange_->Merge(path, std::move(onEnd));
+}
+
+void CRSS_MainFrame::ListPosts(ListMode mode, PostList list, FirstPost shown) {
+  state_.SetListed(mode, list.wereSearched);
   rightTop_->Fill(std::move(list));
   rightTop_->ShowFirst(shown);
 }
@@ -315,37 +348,29 @@ void CRSS_MainFrame::ListPosts(ListMode mode, PostList list, FirstShown shown) {
 void CRSS_MainFrame::RelistPosts(PostList list) {
   // Rows are matched by post id, and saved posts have ids of their own: only a list of the same
   // selection may keep its scroll position.
-  const bool isSameList = std::exchange(state_.listShowsSelection, true);
-  state_.listMode = ListMode::Selection;
+  const bool isSameList = state_.listShowsSelection;
+  state_.SetListed(ListMode::Selection, false);
   isSameList ? rightTop_->Refill(std::move(list)) : rightTop_->Fill(std::move(list));
 }
-
-void CRSS_MainFrame::FocusSearch() { rightTop_->FocusSearch(); }
-
-void CRSS_MainFrame::GoToUnreadPost(bool forward) { rightTop_->GoToUnread(forward); }
-
-void CRSS_MainFrame::ShowPost(const PostRow& post) { rightBottom_->ShowPost(post); }
-
-void CRSS_MainFrame::ShowMainPage() { rightBottom_->ShowMainPage(); }
-
-bool CRSS_MainFrame::ShowsRemoteImages() const {
-  return registry_.ReadDword(kModuleKey, kValueBlockRemoteImages).value_or(0) == 0;
-}
-
-void CRSS_MainFrame::AddChannel(const std::string& address) { left_->AddChannel(address); }
-
-void CRSS_MainFrame::PostIsSaved(int cabinetId) { left_->PostIsSaved(cabinetId); }
-
-void CRSS_MainFrame::PostWasRead(const PostRow& post, bool isScrapPost) {
-  left_->PostWasRead(post, isScrapPost);
-}
-
-void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) { arrivals_->Recount(ofScrapPosts); }
 
 void CRSS_MainFrame::ReloadSelection() {
   if (state_.listShowsSelection) left_->ReloadSelection();
 }
 
+void CRSS_MainFrame::ShowPost(const PostRow& post) { rightBottom_->ShowPost(post); }
+
+void CRSS_MainFrame::ShowMainPage() { rightBottom_->ShowMainPage(); }
+
+void CRSS_MainFrame::AddChannel(const std::string& address) { left_->AddChannel(address); }
+
 void CRSS_MainFrame::GoToUnreadRow(bool forward) { left_->GoToUnreadRow(forward); }
+
+void CRSS_MainFrame::PostWasRead(const PostRow& post, bool isScrapPost) {
+  left_->PostWasRead(post, isScrapPost);
+}
+
+void CRSS_MainFrame::UnreadPostWasSaved(int cabinetId) { left_->UnreadPostWasSaved(cabinetId); }
+
+void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) { arrivals_->Recount(ofScrapPosts); }
 
 }  // namespace feedloom

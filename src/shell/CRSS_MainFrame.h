@@ -1,21 +1,25 @@
-// The main frame: the module's window in its host. It holds the panes, owns what they share, and
-// takes the messages of the host and of the refresh.
+// The main frame: the module's window in its host. It puts the panes together with what works for
+// them, and passes on what they ask for, and the messages of the host and of the refresh.
 #pragma once
 
-#include <QPointer>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "ingest/IngestServices.h"
 #include "shell/ModulePaths.h"
-#include "ui/Frame.h"
+#include "shell/NewPostNotice.h"
+#include "shell/StatusLine.h"
+#include "ui/Desk.h"
+#include "ui/Reading.h"
+#include "ui/Refreshing.h"
+#include "ui/Subscribing.h"
+#include "ui/browser/BrowserServices.h"
 #include "vxctrl/VxSplitter.h"
 
 namespace feedloom {
 
 class Arrivals;
-class CRSS_AnnounceDlg;
 class CRSS_LeftContainer;
 class CRSS_RightBottomContainer;
 class CRSS_RightTopContainer;
@@ -23,16 +27,18 @@ class FeedChecker;
 class FrameRefresh;
 class InterfaceThread;
 class FirstReading;
-class OpmlImporter;
-class StartRetry;
-enum class NameClash;
-struct ImportEnd;
-struct StartContent;
+class ReadingRetry;
+class SubscriptionExchange;
+struct FirstContent;
 struct WriteMark;
 
 // Belongs to the interface thread. `parent` of the constructor owns the frame and receives the
 // status texts; its top-level window receives the messages about the refresh.
-class CRSS_MainFrame : public VxSplitter, public Frame {
+class CRSS_MainFrame : public VxSplitter,
+                       public Desk,
+                       public Refreshing,
+                       public Subscribing,
+                       public Reading {
   Q_OBJECT
 
  public:
@@ -60,46 +66,46 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
   // Makes `settings` the live ones: restarts the timers and redraws the page. Modes become 0 or 1.
   void ApplyPanelSettings(const Settings& settings);
 
-  // Opens a notice window with the number of posts that have arrived since the last notice, in
-  // place of a notice that is still open. NotifyOfNewPosts does so only when there are new posts.
-  void ShowNewPostNotification();
+  // Announces the posts that have arrived since the last announcement; a click on it lists today's.
   void NotifyOfNewPosts();
 
   Store& GetStore() override { return *store_; }
   const Skin& GetSkin() const override { return skin_; }
   SharedState& State() override { return state_; }
-  void ReportMessage(std::string_view text) override;
-  void ReportPage(std::string_view text, bool hasEnded) override;
+  void ReportMessage(std::string_view text) override { status_.Report(text); }
+  void ReportPage(std::string_view text, bool hasEnded) override {
+    status_.ReportPage(text, hasEnded);
+  }
   MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) override;
-  const Actions& GetActions() const override { return actions_; }
+
   bool IsAnyChannelQueued(std::span<const int> channelIds) const override;
   void QueueRefresh(std::vector<RefreshEntry> entries) override;
   void StartRefresh() override;
   void CheckFeed(const std::string& address,
                  std::function<void(const FeedCheckAnswer&)> onAnswer) override;
   void StopFeedCheck() override;
-  std::optional<int> ExportOpml(const std::string& path) override;
-  void ImportOpml(const ListSource& source) override;
-  void MergeOpml(const std::string& path,
-                 std::function<void(const std::optional<ImportSums>&)> onEnd) override;
-  std::unique_ptr<DirectorySearch> MakeDirectorySearch() override;
+
   void FolderWasAdded(const FolderRow& folder) override;
   void CabinetWasAdded(const CabinetRow& cabinet) override;
   void ChannelWasAdded(const ChannelRow& channel) override;
   void ChannelWasMoved(int channelId, int folderId) override;
-  void ListPosts(ListMode mode, PostList list, FirstShown shown) override;
+  void AddChannel(const std::string& address) override;
+  std::unique_ptr<DirectorySearch> MakeDirectorySearch() override;
+  bool CanExchange() const override { return status_.IsTreeRead(); }
+  std::optional<int> ExportOpml(const std::string& path) override;
+  void ImportOpml(const ListSource& source) override;
+  void MergeOpml(const std::string& path,
+                 std::function<void(const std::optional<ImportSums>&)> onEnd) override;
+
+  void ListPosts(ListMode mode, PostList list, FirstPost shown) override;
   void RelistPosts(PostList list) override;
-  void FocusSearch() override;
-  void GoToUnreadPost(bool forward) override;
+  void ReloadSelection() override;
   void ShowPost(const PostRow& post) override;
   void ShowMainPage() override;
-  bool ShowsRemoteImages() const override;
-  void AddChannel(const std::string& address) override;
-  void PostIsSaved(int cabinetId) override;
-  void PostWasRead(const PostRow& post, bool isScrapPost) override;
-  void RecountUnread(bool ofScrapPosts) override;
-  void ReloadSelection() override;
   void GoToUnreadRow(bool forward) override;
+  void PostWasRead(const PostRow& post, bool isScrapPost) override;
+  void UnreadPostWasSaved(int cabinetId) override;
+  void RecountUnread(bool ofScrapPosts) override;
 
  signals:
   // The browser has drawn the page that was requested last.
@@ -111,20 +117,15 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
 
  private:
   void BuildPanes();
+  void ConnectTree();
   void SetUpKeys(VxSplitter& right);
   void BeginLife(FirstReading& reading, const WriteMark& mark);
-  void ShowStart(StartContent start);
+  void ShowStart(FirstContent start);
   void RetryStart();
   void TakeDown();
-  void ReportFailure(std::string_view text);
   void SetPreviewMode();
   void StopRefresh();
-  void SendText();
-  void Import(const ListSource& source, NameClash clash,
-              std::function<void(const ImportEnd&)> onEnd);
-  void ReportImport(const ImportEnd& end);
-  void ReportExchangeFailure(const char* textKey, const std::string& reason);
-  void OnListImported(bool isRead);
+  void EndImport(bool isRead);
   void OnRefreshMessage(unsigned number);
   void SetRefreshBusy(bool busy);
 
@@ -135,16 +136,13 @@ class CRSS_MainFrame : public VxSplitter, public Frame {
   const SharedServices services_;
   Settings settings_;  // stored when the frame was made, or confirmed since
   SharedState state_;
-  Actions actions_;  // without the exchange's until the tree is read
-  bool isTreeRead_ = false;
-  std::string startFailure_;               // why it is not, as the store has told it last
-  std::string messageText_;                // the last status text sent to the host
-  bool isFailureShown_ = false;            // that text is a failure of the store
+  const BrowserServices browserServices_{MakeBrowserServices(*this, registry_, this)};
+  StatusLine status_{*this};
+  NewPostNotice notice_{*this};
   std::unique_ptr<FrameRefresh> refresh_;  // null after StopRefresh, as the next three are
   std::unique_ptr<FeedChecker> feedChecker_;
-  std::unique_ptr<OpmlImporter> importer_;
-  std::unique_ptr<StartRetry> retry_;  // only while the tree is not read
-  QPointer<CRSS_AnnounceDlg> announcement_;
+  std::unique_ptr<SubscriptionExchange> exchange_;
+  std::unique_ptr<ReadingRetry> retry_;  // only while the tree is not read
   bool isPanelOpen_ = false;
   bool hostShowsBusy_ = false;  // the host was told of a refresh's begin and not yet of its end
   std::unique_ptr<Arrivals> arrivals_;

@@ -22,6 +22,12 @@ struct SharedState {
   // `live` must outlive the object.
   explicit SharedState(Settings& live) : liveSettings(live) {}
 
+  // To be called whenever the list is filled, before it is.
+  void SetListed(ListMode mode, bool wereSearched) {
+    listMode = mode;
+    listShowsSelection = mode == ListMode::Selection && !wereSearched;
+  }
+
   // The number of unread posts: counted at the start (-1 when the store could not be read), then
   // raised by new posts and lowered by reading posts and deleting rows.
   int unreadTotal = 0;

@@ -69,7 +69,7 @@ TEST_F(Arrivals, AreCountedTogetherBeforeEachChannelIsTold) {
 TEST_F(Arrivals, AreCountedOnceAlsoOfAWorkerThatWasStopped) {
   CreateFrame();
   const auto begin = [this] { Send(kMessageChannelWorker, 1, 0); };
-  const auto recount = [this] { TheFrame().RecountUnread(false); };
+  const auto recount = [this] { The<Reading>().RecountUnread(false); };
   const auto end = [this] { Send(kMessageChannelResult, kChannelRefreshed, 1); };
   const auto told = [this] {
     const auto isOfA = [](const std::string& text) { return text.find('A') != text.npos; };
@@ -123,7 +123,7 @@ TEST_F(Arrivals, FromOtherProgramsShowUpWhenTheUserComesBackAndAreNotAnnounced) 
   Select("B(2)");
   EXPECT_TRUE(Become("F(5) A(2) B(1) C(2) "));
   QSignalSpy resets(Tree().model(), &QAbstractItemModel::modelReset);
-  const int unannounced = UnreadTotal() - TheFrame().State().announcedTotal;
+  const int unannounced = UnreadTotal() - The<Desk>().State().announcedTotal;
   InsertChannel(store_, "D", "D", "", AddFolder(store_, "G", 5), 1);
   AddPosts(4, 1);
   AddPosts(2, 1);
@@ -141,7 +141,7 @@ TEST_F(Arrivals, FromOtherProgramsShowUpWhenTheUserComesBackAndAreNotAnnounced) 
   EXPECT_TRUE(Become("F(2) B(2) C G(1) D(1) "));
   EXPECT_TRUE(WaitUntil([this] { return Titles().size() == 3; }));
   EXPECT_EQ(Tree().currentIndex().data(), "B(2)");
-  EXPECT_EQ(UnreadTotal() - TheFrame().State().announcedTotal, unannounced);
+  EXPECT_EQ(UnreadTotal() - The<Desk>().State().announcedTotal, unannounced);
   EXPECT_EQ(resets.size(), 0);
   DeleteChannel(store_, 2);
   Send(kMessageChannelResult, kRunEnded);

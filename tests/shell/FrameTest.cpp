@@ -64,11 +64,11 @@ TEST_F(Module, WithoutADatabaseSaysSoOnceKeepsTheOlderCopyAndStandsUntilItCanBeR
   EXPECT_EQ(texts_.back(), "Can't open database") << "though the main page is loaded";
   EXPECT_EQ(Labels(), QStringList{"보관함"});
   EXPECT_EQ(UnreadTotal(), -1);
-  EXPECT_FALSE(TheFrame().GetActions().exportOpml || TheFrame().GetActions().importFile);
-  EXPECT_EQ(TheFrame().ExportOpml(list + "2"), std::nullopt);
+  EXPECT_FALSE(The<Subscribing>().CanExchange());
+  EXPECT_EQ(The<Subscribing>().ExportOpml(list + "2"), std::nullopt);
   EXPECT_FALSE(std::filesystem::exists(list + "2"));
   EXPECT_EQ(texts_.back(), "OPML 파일을 저장하지 못했습니다: Can't open database");
-  TheFrame().ImportOpml({.place = list});
+  The<Subscribing>().ImportOpml({.place = list});
   EXPECT_EQ(texts_.back(), "채널 목록을 가져오지 못했습니다: Can't open database");
   Send(kMessageRefreshAll);
   EXPECT_TRUE(numbers_.empty());
@@ -80,14 +80,14 @@ TEST_F(Module, WithoutADatabaseSaysSoOnceKeepsTheOlderCopyAndStandsUntilItCanBeR
   ASSERT_TRUE(WaitUntil([this] { return Labels().contains("  Feedloom 시작하기(3)"); }));
   EXPECT_EQ(UnreadTotal(), 3);
   EXPECT_EQ(texts_.back(), "");
-  EXPECT_EQ(TheFrame().ExportOpml(list + "2"), 1);
+  EXPECT_EQ(The<Subscribing>().ExportOpml(list + "2"), 1);
   rename(database_, copy_);
   create_directory(database_);
   QSignalSpy shown(frame_, SIGNAL(PageShown()));
   Select("기본 그룹(3)");  // the main page is shown beside an empty list
   ASSERT_TRUE(shown.wait(20'000));
   EXPECT_EQ(texts_.back(), "Can't open database");
-  TheFrame().ShowMainPage();
+  The<Reading>().ShowMainPage();
   EXPECT_TRUE(WaitUntil([this] { return texts_.back() != "Can't open database"; }));
 }
 
@@ -156,7 +156,7 @@ TEST_F(Module, EndsInTheMiddleOfAnImportWhileADialogIsOpen) {
   for (int i = 0; i < 200; ++i) list += NumberedFolder("F" + std::to_string(i), 5);
   CreateFrame();
   answers_.Next([&](QDialog&) {
-    TheFrame().ImportOpml({.place = files.Write("list.opml", OpmlDocument(list))});
+    The<Subscribing>().ImportOpml({.place = files.Write("list.opml", OpmlDocument(list))});
     EXPECT_TRUE(WaitUntil([this] { return Labels().contains("F1"); }));
     Destroy();
   });

@@ -13,7 +13,10 @@
 #include "kit/TestProfile.h"
 #include "shell/Feedloom.h"
 #include "store/Connection.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
+#include "ui/Reading.h"
+#include "ui/Refreshing.h"
+#include "ui/Subscribing.h"
 #include "vxctrl/DialogAnswers.h"
 
 namespace feedloom {
@@ -142,8 +145,12 @@ struct ModuleFixture : QObject, testing::Test {
       return shown->contains(text);
     });
   }
-  int UnreadTotal() { return TheFrame().State().unreadTotal; }
-  Frame& TheFrame() { return dynamic_cast<Frame&>(*frame_); }
+  int UnreadTotal() { return The<Desk>().State().unreadTotal; }
+  // The part of the frame that it is for the panes.
+  template <typename Part>
+  Part& The() {
+    return dynamic_cast<Part&>(*frame_);
+  }
 
   FeedServer server_;
   TestProfile profile_;

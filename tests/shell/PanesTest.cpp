@@ -4,13 +4,14 @@
 #include "kit/FeedDocuments.h"
 #include "kit/ThreadRefusal.h"
 #include "shell/ModuleFixture.h"
+#include "ui/Commands.h"
 
 namespace feedloom {
 
 struct Panes : ModuleFixture {
   // What the windows say that announce new posts.
   QStringList Announced() {
-    TheFrame().GetActions().notifyOfNewPosts();
+    QMetaObject::invokeMethod(Columns().widget(0), "NoticeIsDue");
     QStringList texts;
     for (auto* const label : frame_->findChildren<QLabel*>()) {
       if (!label->window()->inherits("feedloom::CRSS_AnnounceDlg") || !label->isVisible()) continue;
@@ -19,6 +20,16 @@ struct Panes : ModuleFixture {
     }
     texts.sort();
     return texts;
+  }
+
+  // A command of the menu above the tree.
+  void Choose(int command) {
+    QWidget& left = *Columns().widget(0);
+    left.findChild<QAbstractButton*>()->click();
+    for (auto* const action : left.findChild<QMenu*>()->findChildren<QAction*>())
+      if (action->data().toInt() == command) action->trigger();
+    delete left.findChild<QMenu*>();
+    QCoreApplication::processEvents();  // the command comes when the menu has closed
   }
 
   TempFolder files_;
@@ -32,49 +43,50 @@ TEST_F(Panes, WhatOnePaneTellsTheOthersShow) {
   };
   AddPosts(1, 4);
   CreateFrame();
-  Frame& frame = TheFrame();
+  auto& subscribing = The<Subscribing>();
+  auto& reading = The<Reading>();
   Select("Feedloom 시작하기(4)");
   EXPECT_EQ(Titles().size(), 4);
   EXPECT_TRUE(Shows("Text 1"));
-  frame.FolderWasAdded({.name = "Group", .id = 2});
-  frame.CabinetWasAdded({.id = 2, .title = "Cabinet"});
-  frame.ChannelWasAdded({"Daily", "http://b/", 2, 1, 1, 1, 0});
-  frame.ChannelWasMoved(2, 2);
-  frame.PostIsSaved(1);
+  subscribing.FolderWasAdded({.name = "Group", .id = 2});
+  subscribing.CabinetWasAdded({.id = 2, .title = "Cabinet"});
+  subscribing.ChannelWasAdded({"Daily", "http://b/", 2, 1, 1, 1, 0});
+  subscribing.ChannelWasMoved(2, 2);
+  reading.UnreadPostWasSaved(1);
   PostRow read;
   read.ownerId = 1;
-  frame.PostWasRead(read, false);
+  reading.PostWasRead(read, false);
   EXPECT_EQ(Labels(), (QStringList{"기본 그룹(2)", "  Feedloom 시작하기(2)", "Group(1)",
                                    "  Daily(1)", "보관함(1)", "  내 보관함(1)", "  Cabinet"}));
-  frame.GoToUnreadPost(true);
+  Tree().setFocus();
+  Press("N");
   EXPECT_EQ(List().currentIndex().data(), "Post 2");
   const std::vector<PostRow> posts{{0, 3, "", "", "", "", "Found", "", ""}};
-  frame.ListPosts(ListMode::Selection, {posts, false, true});
-  frame.ReloadSelection();
+  reading.ListPosts(ListMode::Selection, {posts, false, true});
+  reading.ReloadSelection();
   EXPECT_EQ(Titles(), QStringList{"Found"});
-  frame.RelistPosts({posts, true});  // another post with this id
+  reading.RelistPosts({posts, true});  // another post with this id
   EXPECT_FALSE(List().selectionModel()->hasSelection());
-  frame.ListPosts(ListMode::Selection, {posts});
-  frame.RelistPosts({posts});
+  reading.ListPosts(ListMode::Selection, {posts});
+  reading.RelistPosts({posts});
   EXPECT_TRUE(List().selectionModel()->hasSelection());
-  frame.ReloadSelection();
+  reading.ReloadSelection();
   EXPECT_EQ(Titles().size(), 4);
-  frame.FocusSearch();
-  Press("W, Return");
+  Tree().setFocus();
+  Press("Ctrl+F, W, Return");
   EXPECT_TRUE(WaitUntil([this] { return server_.Requests("/search") == 1; }));
-  EXPECT_TRUE(frame.ShowsRemoteImages());
-  ASSERT_TRUE(profile_.TheRegistry().WriteDword(kModuleKey, kValueBlockRemoteImages, 1));
-  EXPECT_FALSE(frame.ShowsRemoteImages());
 }
 
 TEST_F(Panes, AChannelIsCheckedAddedAndRefreshedFromTheServerToTheScreen) {
   server_.Serve("/new.xml", NumberedRss("Daily &amp; more", "http://daily.example/post", 2));
   CreateFrame();
   std::string checked;
-  TheFrame().CheckFeed(server_.Url("/new.xml"), [&](const auto& feed) { checked += feed.title; });
+  The<Refreshing>().CheckFeed(server_.Url("/new.xml"),
+                              [&](const auto& feed) { checked += feed.title; });
   EXPECT_TRUE(WaitUntil([&] { return checked == "Daily &amp; more"; })) << checked;
   std::optional<ThreadRefusal> refusal(std::in_place);
-  TheFrame().CheckFeed(server_.Url("/new.xml"), [&](const auto& feed) { checked = feed.title; });
+  The<Refreshing>().CheckFeed(server_.Url("/new.xml"),
+                              [&](const auto& feed) { checked = feed.title; });
   refusal.reset();
   EXPECT_NE(checked, "");  // the dialog is told later, when it waits
   EXPECT_TRUE(WaitUntil([&] { return checked.empty(); }));
@@ -85,7 +97,7 @@ TEST_F(Panes, AChannelIsCheckedAddedAndRefreshedFromTheServerToTheScreen) {
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
   Select("기본 그룹");
-  TheFrame().AddChannel(server_.Url("/new.xml"));
+  The<Subscribing>().AddChannel(server_.Url("/new.xml"));
   ASSERT_TRUE(WaitForRun());
   Select("Daily & more(2)");
   EXPECT_TRUE(Shows("Text 1"));
@@ -111,7 +123,7 @@ TEST_F(Panes, TheControlPanelIsStoredAndAppliedAtOnce) {
   EXPECT_TRUE(Shows("Text 1"));
   answers_.Next([](QDialog& panel) { panel.reject(); });
   Send(kMessageOpenPanel);
-  EXPECT_EQ(TheFrame().State().liveSettings, Settings());
+  EXPECT_EQ(The<Desk>().State().liveSettings, Settings());
   const QStringList choices{"2시간", "새글 알림", "알리지 않음", "원문 페이지로 봅니다."};
   answers_.Next([&](QDialog& panel) {
     Send(kMessageOpenPanel);  // once is enough
@@ -121,7 +133,7 @@ TEST_F(Panes, TheControlPanelIsStoredAndAppliedAtOnce) {
     QTest::keyClick(&panel, Qt::Key_Return);
   });
   Send(kMessageOpenPanel);
-  EXPECT_EQ(TheFrame().State().liveSettings, (Settings{0, 3, 3, 0, 1, 1, 30}));
+  EXPECT_EQ(The<Desk>().State().liveSettings, (Settings{0, 3, 3, 0, 1, 1, 30}));
   const auto slowTimers = [this] {
     const auto timers = Columns().widget(0)->findChildren<QTimer*>();
     return std::ranges::count(timers, 7'200'000, &QTimer::interval);
@@ -131,7 +143,7 @@ TEST_F(Panes, TheControlPanelIsStoredAndAppliedAtOnce) {
   Destroy();
   CreateFrame();
   EXPECT_EQ(slowTimers(), 1) << "of the frame that a host makes in place of the first";
-  TheFrame().State().liveSettings = {};  // the other tests of this program begin with these
+  The<Desk>().State().liveSettings = {};  // the other tests of this program begin with these
 }
 
 TEST_F(Panes, NewPostsAreAnnouncedOnceAndAClickListsTodays) {
@@ -159,26 +171,26 @@ TEST_F(Panes, ListsGoToFilesAndComeFromFilesAndAddresses) {
   server_.Serve("/one", NumberedRss("Feed's own title", "http://one.example/", 2));
   server_.Serve("/mine.opml", OpmlDocument(FeedOutline("two", server_.Url("/two"))));
   CreateFrame();
-  const Actions& actions = TheFrame().GetActions();
   const std::string one = FeedOutline("one", server_.Url("/one"));
   Answer(files_.Write("list", OpmlDocument("<outline text='New'>" + one +
                                            FeedOutline("no", "file:///") + "</outline>")));
-  actions.importFile();
+  Choose(kCommandImportFile);
   ASSERT_TRUE(WaitForRun());
   EXPECT_EQ(std::ranges::count(texts_, "채널 목록을 가져왔습니다: 추가 1, 이미 있음 0, 제외 1"), 1);
   Answer(server_.Url("/mine.opml"));
-  actions.importAddress();
+  Choose(kCommandImportAddress);
   ASSERT_TRUE(WaitForRun());
   EXPECT_EQ(Labels(), (QStringList{"기본 그룹", "  Feedloom 시작하기", "New(2)", "  one(2)", "mine",
                                    "  two", "보관함", "  내 보관함"}));
   Answer(files_.File("out"));
-  actions.exportOpml("a");
+  Choose(kCommandExportOpml);
   EXPECT_EQ(texts_.back(), "채널 3개를 OPML 파일로 저장했습니다.");
   EXPECT_NE(files_.Read("out.xml").find("text=\"one\" title=\"one\""), std::string::npos);
-  EXPECT_EQ(TheFrame().ExportOpml("/no/such/folder/list"), std::nullopt);
+  EXPECT_EQ(The<Subscribing>().ExportOpml("/no/such/folder/list"), std::nullopt);
   EXPECT_TRUE(texts_.back().starts_with("OPML 파일을 저장하지 못했습니다: ")) << texts_.back();
   int present = 0;
-  TheFrame().MergeOpml(files_.File("out.xml"), [&](const auto& sums) { present = sums->present; });
+  The<Subscribing>().MergeOpml(files_.File("out.xml"),
+                               [&](const auto& sums) { present = sums->present; });
   EXPECT_TRUE(WaitUntil([&] { return present == 2; }));
   EXPECT_EQ(Labels().size(), 8);
 }

@@ -7,7 +7,7 @@
 #include <memory>
 #include <optional>
 
-#include "ui/Actions.h"
+#include "ui/Login.h"
 #include "ui/browser/BrowserReport.h"
 #include "ui/browser/Downloads.h"
 #include "ui/browser/FeedLinks.h"

@@ -8,7 +8,9 @@
 #include <map>
 
 #include "skin/Keys.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
+#include "ui/Subscribing.h"
+#include "ui/browser/BrowserServices.h"
 #include "ui/browser/CRSS_HtmlView.h"
 #include "ui/browser/CRSS_RightBottomToolBarWnd.h"
 #include "ui/browser/DisplayedAddress.h"
@@ -45,31 +47,32 @@ bool TellsProgress(BrowserReport report) {
   return HasEnded(report) || report == BrowserReport::Loading || report == BrowserReport::Hovered;
 }
 
-QString FrameText(const Frame& frame, const FrameLink& link) {
+QString FrameText(const Desk& desk, const FrameLink& link) {
   static const std::map<FrameKind, const char*> kKeys = {{FrameKind::Video, kTextFrameVideo},
                                                          {FrameKind::Sound, kTextFrameSound},
                                                          {FrameKind::Map, kTextFrameMap},
                                                          {FrameKind::Page, kTextFramePage}};
-  return SkinText(frame.GetSkin(), kKeys.at(link.kind))
+  return SkinText(desk.GetSkin(), kKeys.at(link.kind))
       .replace("%s", DisplayAddress(link.page).text);
 }
 
-CRSS_HtmlView::Callbacks MakeCallbacks(Frame& frame) {
-  return {.skinDir = [&frame] { return FilePath(frame.GetSkin().Config().GetImageDir()); },
-          .crashPage = [&frame](const QUrl& crashed) { return MakeCrashPage(frame, crashed); },
-          .styleSheet = [&frame] { return StyleSheet(frame.GetSkin()); },
+CRSS_HtmlView::Callbacks MakeCallbacks(Desk& desk, const BrowserServices& services) {
+  return {.skinDir = [&desk] { return FilePath(desk.GetSkin().Config().GetImageDir()); },
+          .crashPage = [&desk](const QUrl& crashed) { return MakeCrashPage(desk, crashed); },
+          .styleSheet = [&desk] { return StyleSheet(desk.GetSkin()); },
+          // Copies, because the services may be deleted while a dialog is open.
           .askSavePath =
-              [&frame](const QString& name, const QString& host) {
-                const auto ask = frame.GetActions().askDownloadPlace;
-                return ask ? ask(name, host) : QString();
+              [&services](const QString& name, const QString& host) {
+                const auto ask = services.askSavePath;
+                return ask(name, host);
               },
           .askLogin =
-              [&frame](const LoginQuestion& question) {
-                const auto ask = frame.GetActions().askLogin;
-                return ask ? ask(question) : std::nullopt;
+              [&services](const LoginQuestion& question) {
+                const auto ask = services.askLogin;
+                return ask(question);
               },
-          .opensOutside = [&frame] { return frame.GetSkin().Config().OpensLinksOutside(); },
-          .frameText = [&frame](const FrameLink& link) { return FrameText(frame, link); }};
+          .opensOutside = [&desk] { return desk.GetSkin().Config().OpensLinksOutside(); },
+          .frameText = [&desk](const FrameLink& link) { return FrameText(desk, link); }};
 }
 
 }  // namespace
@@ -80,16 +83,22 @@ void PrepareBrowser() {
   RegisterPageScheme();
 }
 
-CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* parent)
+CRSS_RightBottomContainer::CRSS_RightBottomContainer(Desk& desk, Subscribing& subscribing,
+                                                     Reading& reading,
+                                                     const BrowserServices& services,
+                                                     QWidget* parent)
     : QWidget(parent),
-      frame_(frame),
-      border_(LoadBrowserPaneFrame(frame.GetSkin())),
-      toolbar_(new CRSS_RightBottomToolBarWnd(frame.GetSkin(), this)),
+      desk_(desk),
+      subscribing_(subscribing),
+      reading_(reading),
+      services_(services),
+      border_(LoadBrowserPaneFrame(desk.GetSkin())),
+      toolbar_(new CRSS_RightBottomToolBarWnd(desk.GetSkin(), this)),
       page_(new QWidget(this)),
-      view_(new CRSS_HtmlView(MakeCallbacks(frame), page_)),
-      findBar_(new FindBar(frame.GetSkin(), page_)),
-      mediaBar_(new MediaBar(frame.GetSkin(), page_)),
-      commands_(std::make_unique<PageCommands>(frame, *view_, *findBar_)) {
+      view_(new CRSS_HtmlView(MakeCallbacks(desk, services_), page_)),
+      findBar_(new FindBar(desk.GetSkin(), page_)),
+      mediaBar_(new MediaBar(desk.GetSkin(), page_)),
+      commands_(std::make_unique<PageCommands>(desk, services_, *view_, *findBar_)) {
   auto* const layout = new QVBoxLayout(page_);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
@@ -97,7 +106,7 @@ CRSS_RightBottomContainer::CRSS_RightBottomContainer(Frame& frame, QWidget* pare
   layout->addWidget(mediaBar_);
   layout->addWidget(findBar_);
   setFocusProxy(view_);
-  view_->setFont(LoadSkinFont(frame.GetSkin(), kSectionFont, kFontDefault));
+  view_->setFont(LoadSkinFont(desk.GetSkin(), kSectionFont, kFontDefault));
   connect(toolbar_, &CRSS_RightBottomToolBarWnd::Commanded, this, &CRSS_RightBottomContainer::Run);
   connect(toolbar_, &CRSS_RightBottomToolBarWnd::AddressLeft, this, [this] {
     view_->setFocus();
@@ -118,18 +127,18 @@ void CRSS_RightBottomContainer::ConnectView() {
   connect(view_, &CRSS_HtmlView::Completed, this, &CRSS_RightBottomContainer::ForgetFeeds);
   connect(view_, &CRSS_HtmlView::FeedsFound, this, &CRSS_RightBottomContainer::KeepFeeds);
   connect(view_, &CRSS_HtmlView::Reported, this, [this](BrowserReport report, const QString& text) {
-    const std::string status = StatusText(frame_.GetSkin(), report, text);
-    TellsProgress(report) ? frame_.ReportPage(status, HasEnded(report))
-                          : frame_.ReportMessage(status);
+    const std::string status = StatusText(desk_.GetSkin(), report, text);
+    TellsProgress(report) ? desk_.ReportPage(status, HasEnded(report))
+                          : desk_.ReportMessage(status);
   });
   connect(view_, &CRSS_HtmlView::DownloadChanged, this,
           [this](DownloadEvent event, const QString& name, const QString& progress) {
-            frame_.ReportMessage(StatusText(frame_.GetSkin(), event, name, progress));
+            desk_.ReportMessage(StatusText(desk_.GetSkin(), event, name, progress));
           });
   connect(view_, &CRSS_HtmlView::OutsideWanted, this,
-          [this](const QUrl& url) { commands_->OpenOutside(url); });
+          [this](const QUrl& url) { commands_->OpenExternally(url); });
   connect(view_, &CRSS_HtmlView::MenuRequested, this, [this](const MenuTarget& target) {
-    ShowMenu(commands_->ContextMenu(target), frame_.GetSkin(), target.place, this,
+    ShowMenu(commands_->ContextMenu(target), desk_.GetSkin(), target.place, this,
              [this, target](int command) { commands_->Run(command, target); });
   });
   connect(view_, &CRSS_HtmlView::ActionClicked, this,
@@ -137,7 +146,7 @@ void CRSS_RightBottomContainer::ConnectView() {
             if (isActing_) return;  // the second click of a double click would ask again
             const QPointer self(this);
             isActing_ = true;
-            RunPageAction(frame_, action, texts);
+            RunPageAction(desk_, subscribing_, reading_, services_, action, texts);
             if (self) isActing_ = false;
           });
 }
@@ -198,20 +207,20 @@ void CRSS_RightBottomContainer::Redraw() {
 void CRSS_RightBottomContainer::ShowMainPage() {
   shownPost_.reset();
   view_->Navigate(
-      SkinFileUrl(FilePath(frame_.GetSkin().GetImagePath(kSectionHtml, kImageMainPage))));
+      SkinFileUrl(FilePath(desk_.GetSkin().GetImagePath(kSectionHtml, kImageMainPage))));
 }
 
 void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
   shownPost_ = ShownPost{.post = post, .mode = mode_};
-  const QString address = ToQString(frame_.GetStore().TextCodePage(), post.link);
+  const QString address = ToQString(desk_.GetStore().TextCodePage(), post.link);
   const QUrl link(address);
   // The link of a hostile post may name a local file, or a button of the previous page.
   const bool hasPage = IsWebAddress(link) && !ParsePageAction(address);
   const bool isPodcast = post.isPodcast == 1;
   if (mode_ == 1 || !hasPage || (OpensOutside() && !isPodcast)) {
-    WritePage(MakePreview(frame_, post));
+    WritePage(MakePreview(desk_, post));
   } else if (isPodcast) {
-    WritePage(MakePlayer(frame_, post));
+    WritePage(MakePlayer(desk_, post));
   } else {
     toolbar_->SetAddress(link);
     view_->Navigate(link);
@@ -220,11 +229,12 @@ void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
 
 // The pane then shows the module's own pages only.
 bool CRSS_RightBottomContainer::OpensOutside() const {
-  return frame_.GetSkin().Config().OpensLinksOutside();
+  return desk_.GetSkin().Config().OpensLinksOutside();
 }
 
-void CRSS_RightBottomContainer::WritePage(const PageToWrite& page) {
+void CRSS_RightBottomContainer::WritePage(PageToWrite page) {
   if (page.html.isEmpty()) return;
+  page.showsRemoteImages = services_.showsRemoteImages();
   shownPost_->isWritten = shownPost_->isKnown = true;
   shownPost_->address = page.source;
   view_->WritePageToBrowser(page);
@@ -261,9 +271,9 @@ void CRSS_RightBottomContainer::Go() {
     view_->Navigate(url);
     view_->setFocus();
   } else if (IsForBrowser(url) || url.scheme() == QLatin1String("mailto")) {
-    commands_->OpenOutside(url);
+    commands_->OpenExternally(url);
   } else {
-    frame_.ReportMessage(StatusText(frame_.GetSkin(), BrowserReport::LinkRefused, typed));
+    desk_.ReportMessage(StatusText(desk_.GetSkin(), BrowserReport::LinkRefused, typed));
   }
 }
 
@@ -283,14 +293,14 @@ void CRSS_RightBottomContainer::UpdateToolBar() {
 // The feeds that the page announces.
 
 void CRSS_RightBottomContainer::ForgetFeeds() {
-  frame_.State().discoveredFeeds.clear();
-  frame_.State().discoveredAtomFeeds.clear();
+  desk_.State().discoveredFeeds.clear();
+  desk_.State().discoveredAtomFeeds.clear();
   toolbar_->Enable(kBrowserFeed, false);
 }
 
 void CRSS_RightBottomContainer::KeepFeeds(const AnnouncedFeeds& feeds) {
-  const CodePage codePage = frame_.GetStore().TextCodePage();
-  SharedState& state = frame_.State();
+  const CodePage codePage = desk_.GetStore().TextCodePage();
+  SharedState& state = desk_.State();
   for (const FeedLink& link : feeds.links) {
     const QString address =
         link.isAtom ? link.resolved : ResolveFeedLink(link.href, feeds.domain, feeds.documentUrl);
@@ -303,10 +313,9 @@ void CRSS_RightBottomContainer::KeepFeeds(const AnnouncedFeeds& feeds) {
 
 void CRSS_RightBottomContainer::OfferFeeds() {
   ShowFeedMenu(
-      {frame_.State().discoveredFeeds, frame_.State().discoveredAtomFeeds},
-      frame_.GetStore().TextCodePage(), frame_.GetActions().addChannel != nullptr,
-      toolbar_->FeedButtonPlace(), this,
-      [this](const std::string& address) { frame_.AddChannel(address); },
+      {desk_.State().discoveredFeeds, desk_.State().discoveredAtomFeeds},
+      desk_.GetStore().TextCodePage(), toolbar_->FeedButtonPlace(), this,
+      [this](const std::string& address) { subscribing_.AddChannel(address); },
       [this] { toolbar_->FocusFeedButton(); });
 }
 

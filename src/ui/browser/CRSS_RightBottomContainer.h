@@ -16,10 +16,13 @@ class CRSS_HtmlView;
 class CRSS_RightBottomToolBarWnd;
 class FindBar;
 class MediaBar;
-class Frame;
+class Desk;
 class PageCommands;
+class Reading;
+class Subscribing;
 enum BrowserCommand : int;
 struct AnnouncedFeeds;
+struct BrowserServices;
 struct PageToWrite;
 
 // Registers the URL scheme of generated pages, and makes the engine show pages to screen readers.
@@ -31,8 +34,9 @@ class CRSS_RightBottomContainer : public QWidget {
   Q_OBJECT
 
  public:
-  // `frame` outlives the pane.
-  CRSS_RightBottomContainer(Frame& frame, QWidget* parent);
+  // All but `parent` outlive the pane.
+  CRSS_RightBottomContainer(Desk& desk, Subscribing& subscribing, Reading& reading,
+                            const BrowserServices& services, QWidget* parent);
   ~CRSS_RightBottomContainer() override;
 
   // How ShowPost shows posts from now on. 1: as generated pages; 0: as their own web pages.
@@ -69,14 +73,17 @@ class CRSS_RightBottomContainer : public QWidget {
   void SetUpKeys();
   void Run(BrowserCommand command);
   void Go();
-  void WritePage(const PageToWrite& page);
+  void WritePage(PageToWrite page);
   void UpdateToolBar();
   void ForgetFeeds();
   void KeepFeeds(const AnnouncedFeeds& feeds);
   void OfferFeeds();
   bool OpensOutside() const;
 
-  Frame& frame_;
+  Desk& desk_;
+  Subscribing& subscribing_;
+  Reading& reading_;
+  const BrowserServices& services_;
   const PaneFrame border_;
   CRSS_RightBottomToolBarWnd* const toolbar_;
   QWidget* const page_;  // the view, and the two bars below it

@@ -24,8 +24,8 @@ QString MenuText(const DiscoveredFeed& feed, CodePage codePage) {
 
 }  // namespace
 
-void ShowFeedMenu(const FeedGroups& groups, CodePage codePage, bool canAdd, const QRect& place,
-                  QWidget* parent, std::function<void(const std::string& address)> onChosen,
+void ShowFeedMenu(const FeedGroups& groups, CodePage codePage, const QRect& place, QWidget* parent,
+                  std::function<void(const std::string& address)> onChosen,
                   std::function<void()> onClosed) {
   std::vector<std::string> addresses;
   auto* const menu = new QMenu(parent);
@@ -34,7 +34,6 @@ void ShowFeedMenu(const FeedGroups& groups, CodePage codePage, bool canAdd, cons
     menu->addSeparator();  // not shown before the first entry, nor behind the last one
     for (const DiscoveredFeed& feed : feeds) {
       QAction* const item = menu->addAction(MenuText(feed, codePage));
-      item->setEnabled(canAdd);
       item->setData(static_cast<int>(addresses.size()));
       addresses.push_back(feed.address);
     }

@@ -20,10 +20,10 @@ using FeedGroups = std::array<std::vector<DiscoveredFeed>, 2>;
 // Shows a menu with the feeds' titles below `place`, a rectangle in screen coordinates, and returns
 // at once; does nothing without feeds. A line stands between the groups. When the user chooses a
 // feed, `onChosen` is called with its address after the menu has closed. `onClosed` is called
-// whenever the menu closes. Neither is called when `parent` has been deleted. All items are
-// disabled unless `canAdd`. Interface thread; texts are in `codePage`.
-void ShowFeedMenu(const FeedGroups& groups, CodePage codePage, bool canAdd, const QRect& place,
-                  QWidget* parent, std::function<void(const std::string& address)> onChosen,
+// whenever the menu closes. Neither is called when `parent` has been deleted. Interface thread;
+// texts are in `codePage`.
+void ShowFeedMenu(const FeedGroups& groups, CodePage codePage, const QRect& place, QWidget* parent,
+                  std::function<void(const std::string& address)> onChosen,
                   std::function<void()> onClosed);
 
 }  // namespace feedloom

@@ -8,11 +8,16 @@
 
 namespace feedloom {
 
-class Frame;
+class Desk;
+class Reading;
+class Subscribing;
+struct BrowserServices;
 
 // Runs `action` with the texts of the elements ElementIds(action), in that order; missing texts
-// count as empty. Shows a dialog; the caller, and `frame` too, may have been deleted when it
+// count as empty. Shows a dialog; the caller, and what it passes too, may have been deleted when it
 // returns. Interface thread.
-void RunPageAction(Frame& frame, const PageAction& action, const QStringList& texts);
+void RunPageAction(Desk& desk, Subscribing& subscribing, Reading& reading,
+                   const BrowserServices& services, const PageAction& action,
+                   const QStringList& texts);
 
 }  // namespace feedloom

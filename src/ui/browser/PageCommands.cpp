@@ -8,7 +8,8 @@
 #include <QSaveFile>
 
 #include "skin/Labels.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
+#include "ui/browser/BrowserServices.h"
 #include "ui/browser/FindBar.h"
 #include "ui/browser/StatusTexts.h"
 
@@ -27,7 +28,7 @@ Menu PageCommands::ContextMenu(const MenuTarget& target) const {
                {kCommandCopyText, &kLabelCopyText, !target.selectedText.isEmpty()},
                separator,
                {kCommandFindInPage, &kLabelFindInPage},
-               {kCommandPrint, &kLabelPrint, frame_.GetActions().choosePrinter != nullptr},
+               {kCommandPrint, &kLabelPrint},
                separator,
                {kCommandZoomIn, &kLabelZoomIn},
                {kCommandZoomOut, &kLabelZoomOut},
@@ -42,7 +43,7 @@ Menu PageCommands::ContextMenu(const MenuTarget& target) const {
 void PageCommands::Run(int command, const MenuTarget& target) {
   switch (command) {
     case kCommandOpenOutside:
-      return OpenOutside(AddressFor(target));
+      return OpenExternally(AddressFor(target));
     case kCommandCopyAddress:
       return QGuiApplication::clipboard()->setText(AddressFor(target).toString(QUrl::FullyEncoded));
     case kCommandCopyText:
@@ -64,30 +65,28 @@ void PageCommands::Run(int command, const MenuTarget& target) {
   }
 }
 
-void PageCommands::OpenOutside(const QUrl& address) {
-  const auto& open = frame_.GetActions().openOutside;
-  if (open && open(ForOtherPrograms(address))) return;
-  frame_.ReportMessage(StatusText(frame_.GetSkin(), BrowserReport::NoOutsideProgram,
-                                  address.toString(QUrl::FullyEncoded)));
+void PageCommands::OpenExternally(const QUrl& address) {
+  if (services_.openExternally(ForOtherPrograms(address))) return;
+  desk_.ReportMessage(StatusText(desk_.GetSkin(), BrowserReport::NoOutsideProgram,
+                                 address.toString(QUrl::FullyEncoded)));
 }
 
 // The system knows its player by a playlist: for the address alone it would start its browser.
 void PageCommands::OpenInPlayer(const QUrl& media) {
-  const std::string folder = frame_.GetSkin().Config().GetWorkDir();
+  const std::string folder = desk_.GetSkin().Config().GetWorkDir();
   QSaveFile list(QFile::decodeName((folder + "/player.m3u").c_str()));
-  const auto& open = frame_.GetActions().openOutside;
   const bool isWritten = !folder.empty() && list.open(QIODevice::WriteOnly) &&
                          list.write(media.toEncoded(QUrl::RemoveUserInfo) + '\n') > 0 &&
                          list.commit();
-  if (isWritten && open && open(QUrl::fromLocalFile(list.fileName()))) return;
-  OpenOutside(media);
+  if (isWritten && services_.openExternally(QUrl::fromLocalFile(list.fileName()))) return;
+  OpenExternally(media);
 }
 
 void PageCommands::Print() {
-  const auto choosePrinter = frame_.GetActions().choosePrinter;
+  const auto choosePrinter = services_.choosePrinter;  // the object may be deleted meanwhile
   const QPointer view(&view_);
   auto printer = std::make_unique<QPrinter>();
-  if (choosePrinter && choosePrinter(*printer) && view) view->Print(std::move(printer));
+  if (choosePrinter(*printer) && view) view->Print(std::move(printer));
 }
 
 }  // namespace feedloom

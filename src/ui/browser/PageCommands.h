@@ -6,14 +6,15 @@
 
 namespace feedloom {
 
+class Desk;
 class FindBar;
-class Frame;
+struct BrowserServices;
 
 class PageCommands {
  public:
   // The arguments outlive the object.
-  PageCommands(Frame& frame, CRSS_HtmlView& view, FindBar& findBar)
-      : frame_(frame), view_(view), findBar_(findBar) {}
+  PageCommands(Desk& desk, const BrowserServices& services, CRSS_HtmlView& view, FindBar& findBar)
+      : desk_(desk), services_(services), view_(view), findBar_(findBar) {}
 
   Menu ContextMenu(const MenuTarget& target) const;
   // Runs a command of the menu that was opened on `target`; a key passes none and means the page.
@@ -21,7 +22,7 @@ class PageCommands {
   void Run(int command, const MenuTarget& target = {});
 
   // Opens the address in another program of the system; reports a failure in the status text.
-  void OpenOutside(const QUrl& address);
+  void OpenExternally(const QUrl& address);
   // Plays the media file at the web address `media` in the system's player.
   void OpenInPlayer(const QUrl& media);
 
@@ -29,7 +30,8 @@ class PageCommands {
   QUrl AddressFor(const MenuTarget& target) const;
   void Print();
 
-  Frame& frame_;
+  Desk& desk_;
+  const BrowserServices& services_;
   CRSS_HtmlView& view_;
   FindBar& findBar_;
 };

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QUrl>
 
-#include "ui/Actions.h"
+#include "ui/Login.h"
 #include "ui/browser/PageLoad.h"
 
 class QEvent;

@@ -2,7 +2,7 @@
 
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
 
 namespace feedloom {
 namespace {
@@ -12,11 +12,11 @@ constexpr NameDialogLook kLook{kTextCabinetDialogTitle, kTextCabinetDialogName, 
 
 }  // namespace
 
-CRSS_CabinetAddDlg::CRSS_CabinetAddDlg(Frame& frame, QWidget* parent)
-    : NameDialog(frame, parent, kLook, kCabinetNameRule, {}) {}
+CRSS_CabinetAddDlg::CRSS_CabinetAddDlg(Desk& desk, QWidget* parent)
+    : NameDialog(desk, parent, kLook, kCabinetNameRule, {}) {}
 
 bool CRSS_CabinetAddDlg::IsTaken(const std::string& name) const {
-  return CabinetTitleExists(GetFrame().GetStore(), name);
+  return CabinetTitleExists(GetDesk().GetStore(), name);
 }
 
 }  // namespace feedloom

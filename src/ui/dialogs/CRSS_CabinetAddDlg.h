@@ -9,7 +9,7 @@ class CRSS_CabinetAddDlg : public NameDialog {
   Q_OBJECT
 
  public:
-  CRSS_CabinetAddDlg(Frame& frame, QWidget* parent);
+  CRSS_CabinetAddDlg(Desk& desk, QWidget* parent);
 
  protected:
   bool IsTaken(const std::string& name) const override;

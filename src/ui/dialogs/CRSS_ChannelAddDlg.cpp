@@ -11,7 +11,9 @@
 #include "skin/Keys.h"
 #include "store/Channels.h"
 #include "store/SqlText.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
+#include "ui/Refreshing.h"
+#include "ui/Subscribing.h"
 #include "ui/dialogs/CRSS_GroupAddDlg.h"
 #include "ui/dialogs/DialogRules.h"
 #include "ui/dialogs/FolderList.h"
@@ -43,38 +45,41 @@ QProgressBar* MakeProgress(const Skin& skin, QWidget* room) {
 }
 
 // Web addresses only: `fromPage` may come from a web page, which must not offer a local file.
-QString AddressToBeginWith(Frame& frame, const std::string& fromPage) {
-  const CodePage codePage = frame.GetStore().TextCodePage();
-  const std::string scheme = frame.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
+QString AddressToBeginWith(Desk& desk, const std::string& fromPage) {
+  const CodePage codePage = desk.GetStore().TextCodePage();
+  const std::string scheme = desk.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
   const bool isWeb = IsWebAddress(CompleteFeedAddress(codePage.ToUtf8(fromPage), scheme));
   return isWeb ? ToQString(codePage, fromPage) : QString();
 }
 
 // Of the announced feed whose address is `address`; empty when the engine resolves it in that way.
-QString OtherResolution(Frame& frame, const std::string& address) {
-  const auto& feeds = frame.State().discoveredFeeds;
+QString OtherResolution(Desk& desk, const std::string& address) {
+  const auto& feeds = desk.State().discoveredFeeds;
   const auto feed = std::ranges::find(feeds, address, &DiscoveredFeed::address);
   if (feed == feeds.end() || feed->resolved == address) return {};
-  return AddressToBeginWith(frame, feed->resolved);
+  return AddressToBeginWith(desk, feed->resolved);
 }
 
 }  // namespace
 
-CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std::string& folderName,
+CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Desk& desk, Refreshing& refreshing, Subscribing& subscribing,
+                                       QWidget* parent, const std::string& folderName,
                                        const std::string& address)
-    : CVxFormDialog(frame.GetSkin(), kTextAddChannelTitle, parent),
-      frame_(frame),
+    : CVxFormDialog(desk.GetSkin(), kTextAddChannelTitle, parent),
+      desk_(desk),
+      refreshing_(refreshing),
+      subscribing_(subscribing),
       check_(*MakeButton(kSectionAddChannel, kButtonAddChannelCheck, kTextAddChannelCheck)),
       address_(*AddEdit(kTextAddChannelAddress, &check_)),
-      progress_(*MakeProgress(frame.GetSkin(), AddBelow())),
+      progress_(*MakeProgress(desk.GetSkin(), AddBelow())),
       title_(*AddEdit(kTextAddChannelName)),
       addFolder_(*MakeButton(kSectionAddChannel, kButtonAddChannelGroup, kTextAddChannelGroup)),
       folders_(*AddComboBox(kTextGroupSelect, &addFolder_)),
       ok_(*AddButtons(kSectionAddChannel, kButtonAddChannelConfirm, kButtonAddChannelCancel)) {
-  address_.setText(AddressToBeginWith(frame, address));
-  otherResolution_ = OtherResolution(frame, address);
-  ListFolders(frame, folders_);
-  const QString folder = ToLine(frame.GetStore().TextCodePage(), folderName);
+  address_.setText(AddressToBeginWith(desk, address));
+  otherResolution_ = OtherResolution(desk, address);
+  ListFolders(desk, folders_);
+  const QString folder = ToLine(desk.GetStore().TextCodePage(), folderName);
   folders_.setCurrentIndex(std::max(folders_.findText(folder), 0));
   Connect();
   SetState(State::Unchecked);
@@ -90,7 +95,7 @@ void CRSS_ChannelAddDlg::Connect() {
 }
 
 std::string CRSS_ChannelAddDlg::TextOf(const CVxEdit& box) const {
-  return FromQString(frame_.GetStore().TextCodePage(), box.TrimmedText());
+  return FromQString(desk_.GetStore().TextCodePage(), box.TrimmedText());
 }
 
 void CRSS_ChannelAddDlg::SetState(State state) {
@@ -113,11 +118,11 @@ void CRSS_ChannelAddDlg::SetState(State state) {
 void CRSS_ChannelAddDlg::Check() {
   const QString typed = address_.TrimmedText();
   if (const char* const fault = CheckAddress(typed.toStdString())) return Refuse(fault, &address_);
-  const std::string scheme = frame_.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
+  const std::string scheme = desk_.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
   const std::string address = CompleteFeedAddress(typed.toStdString(), scheme);
   address_.setText(QString::fromStdString(address));
   SetState(State::Checking);
-  frame_.CheckFeed(address, [self = QPointer(this)](const FeedCheckAnswer& answer) {
+  refreshing_.CheckFeed(address, [self = QPointer(this)](const FeedCheckAnswer& answer) {
     if (self) self->OnChecked(answer);
   });
 }
@@ -128,7 +133,7 @@ void CRSS_ChannelAddDlg::OnChecked(const FeedCheckAnswer& answer) {
   if (!answer.isFeed && !answer.announcedFeed.empty()) return OfferAnnounced(answer.announcedFeed);
   if (!answer.isFeed) return Refuse(kTextAddChannelCheckError, &address_);
   homePage_ = answer.homePage;
-  const CodePage codePage = frame_.GetStore().TextCodePage();
+  const CodePage codePage = desk_.GetStore().TextCodePage();
   const std::string title = UnescapeEntities(answer.title);  // as the store decodes it
   title_.setText(title.empty() ? address_.text() : ToLine(codePage, title));
   title_.setFocus();
@@ -147,7 +152,7 @@ void CRSS_ChannelAddDlg::OfferAnnounced(const std::string& address) {
   address_.setFocus();
   const QPointer self(this);
   const auto answer =
-      frame_.ShowTextMessage(kSectionTexts, kTextAddChannelAnnounced, MsgBoxKind::YesNo);
+      desk_.ShowTextMessage(kSectionTexts, kTextAddChannelAnnounced, MsgBoxKind::YesNo);
   if (!self || answer != MsgBoxAnswer::Consented) return;
   address_.setText(QString::fromStdString(address));
   Check();
@@ -155,10 +160,10 @@ void CRSS_ChannelAddDlg::OfferAnnounced(const std::string& address) {
 
 void CRSS_ChannelAddDlg::AddFolder() {
   const QPointer self(this);
-  auto* const dialog = new CRSS_GroupAddDlg(frame_, this);
+  auto* const dialog = new CRSS_GroupAddDlg(desk_, subscribing_, this);
   RunDialog(dialog, [&] {
     const int folderId = dialog->FolderId();
-    ListFolders(frame_, folders_);
+    ListFolders(desk_, folders_);
     ChooseFolder(folders_, folderId);
   });
   if (self) folders_.setFocus();
@@ -166,11 +171,11 @@ void CRSS_ChannelAddDlg::AddFolder() {
 
 const char* CRSS_ChannelAddDlg::Fault() {
   // Read again: the selected folder may have been deleted meanwhile.
-  if (!ListFolders(frame_, folders_)) return kTextAddChannelError;
+  if (!ListFolders(desk_, folders_)) return kTextAddChannelError;
   return CheckNewChannel(TextOf(title_), ChosenFolder(folders_), [this](int folderId) {
     int id = 0;
     int order = 0;
-    return FindChannelByXmlLink(frame_.GetStore(), TextOf(address_), folderId, id, order);
+    return FindChannelByXmlLink(desk_.GetStore(), TextOf(address_), folderId, id, order);
   });
 }
 
@@ -181,7 +186,7 @@ const char* CRSS_ChannelAddDlg::Add() {
   record.type = RefreshEntry().type;
   record.xmlLink = TextOf(address_);
   record.htmlLink = homePage_;
-  if (!AppendChannelRecord(frame_.GetStore(), record)) return kTextAddChannelError;
+  if (!AppendChannelRecord(desk_.GetStore(), record)) return kTextAddChannelError;
   if (!record.newlyInserted) return kTextAddChannelDuplicate;  // by another program
   Subscribe(record);
   return nullptr;
@@ -189,9 +194,9 @@ const char* CRSS_ChannelAddDlg::Add() {
 
 void CRSS_ChannelAddDlg::Subscribe(const ChannelRecord& record) {
   const ChannelRow row = StoredRow(record);
-  frame_.ChannelWasAdded(row);
-  frame_.QueueRefresh({EntryFor(row)});
-  frame_.StartRefresh();
+  subscribing_.ChannelWasAdded(row);
+  refreshing_.QueueRefresh({EntryFor(row)});
+  refreshing_.StartRefresh();
 }
 
 void CRSS_ChannelAddDlg::accept() {
@@ -204,11 +209,11 @@ void CRSS_ChannelAddDlg::accept() {
 // The dialog may be destroyed while the message is shown; callers must not use it afterwards.
 void CRSS_ChannelAddDlg::Refuse(const char* key, QWidget* field) {
   field->setFocus();
-  frame_.ShowTextMessage(kSectionTexts, key, MsgBoxKind::Notice);
+  desk_.ShowTextMessage(kSectionTexts, key, MsgBoxKind::Notice);
 }
 
 void CRSS_ChannelAddDlg::done(int result) {
-  frame_.StopFeedCheck();
+  refreshing_.StopFeedCheck();
   CVxFormDialog::done(result);
 }
 

@@ -8,7 +8,9 @@ class QProgressBar;
 
 namespace feedloom {
 
-class Frame;
+class Desk;
+class Refreshing;
+class Subscribing;
 struct ChannelRecord;
 struct FeedCheckAnswer;
 
@@ -22,8 +24,8 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   // The dialog starts with the folder `folderName` and the feed address `address`. Both are in the
   // module's code page and may be empty. An address with another scheme than http or https is
   // ignored.
-  CRSS_ChannelAddDlg(Frame& frame, QWidget* parent, const std::string& folderName,
-                     const std::string& address);
+  CRSS_ChannelAddDlg(Desk& desk, Refreshing& refreshing, Subscribing& subscribing, QWidget* parent,
+                     const std::string& folderName, const std::string& address);
 
   void accept() override;
   void done(int result) override;
@@ -46,7 +48,9 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   void Refuse(const char* key, QWidget* field);
   std::string TextOf(const CVxEdit& box) const;
 
-  Frame& frame_;
+  Desk& desk_;
+  Refreshing& refreshing_;
+  Subscribing& subscribing_;
   CButtonEx& check_;
   CVxEdit& address_;
   QProgressBar& progress_;

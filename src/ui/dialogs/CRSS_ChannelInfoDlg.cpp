@@ -1,18 +1,19 @@
 #include "ui/dialogs/CRSS_ChannelInfoDlg.h"
 
 #include "skin/Keys.h"
-#include "ui/Frame.h"
+#include "ui/ChannelFacts.h"
+#include "ui/Desk.h"
 #include "vxctrl/CVxEdit.h"
 #include "vxctrl/QtText.h"
 
 namespace feedloom {
 
-CRSS_ChannelInfoDlg::CRSS_ChannelInfoDlg(Frame& frame, QWidget* parent, const ChannelFacts& channel)
-    : CVxFormDialog(frame.GetSkin(), kTextChannelInfoTitle, parent) {
+CRSS_ChannelInfoDlg::CRSS_ChannelInfoDlg(Desk& desk, QWidget* parent, const ChannelFacts& channel)
+    : CVxFormDialog(desk.GetSkin(), kTextChannelInfoTitle, parent) {
   const auto show = [&](const char* labelKey, const std::string& text) {
     CVxEdit* const box = AddEdit(labelKey);
     box->setReadOnly(true);  // not a label: the text can be copied and scrolled
-    box->setText(ToQString(frame.GetStore().TextCodePage(), text));
+    box->setText(ToQString(desk.GetStore().TextCodePage(), text));
     box->setCursorPosition(0);
   };
   show(kTextChannelInfoName, channel.title);

@@ -4,7 +4,7 @@
 
 namespace feedloom {
 
-class Frame;
+class Desk;
 struct ChannelFacts;
 
 // Shows the title, the feed address and the folder of a channel.
@@ -12,7 +12,7 @@ class CRSS_ChannelInfoDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  CRSS_ChannelInfoDlg(Frame& frame, QWidget* parent, const ChannelFacts& channel);
+  CRSS_ChannelInfoDlg(Desk& desk, QWidget* parent, const ChannelFacts& channel);
 };
 
 }  // namespace feedloom

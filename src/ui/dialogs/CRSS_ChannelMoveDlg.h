@@ -1,18 +1,19 @@
 #pragma once
 
-#include "ui/Actions.h"
+#include "ui/ChannelFacts.h"
 #include "vxctrl/CVxFormDialog.h"
 
 namespace feedloom {
 
-class Frame;
+class Desk;
+class Subscribing;
 
 // Moves a channel to another folder, in the store and in the tree.
 class CRSS_ChannelMoveDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  CRSS_ChannelMoveDlg(Frame& frame, QWidget* parent, ChannelFacts channel);
+  CRSS_ChannelMoveDlg(Desk& desk, Subscribing& subscribing, QWidget* parent, ChannelFacts channel);
 
   void accept() override;
 
@@ -22,7 +23,8 @@ class CRSS_ChannelMoveDlg : public CVxFormDialog {
   const char* Fault();
   const char* Move(int folderId);
 
-  Frame& frame_;
+  Desk& desk_;
+  Subscribing& subscribing_;
   const ChannelFacts channel_;
   CVxComboBox& folders_;
 };

@@ -3,7 +3,7 @@
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
 #include "store/Channels.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
 
 namespace feedloom {
 namespace {
@@ -17,15 +17,15 @@ constexpr NameDialogLook kCabinetLook{kTextRenameCabinetTitle, kTextRenameCabine
 
 }  // namespace
 
-CRSS_ChannelRenameDlg::CRSS_ChannelRenameDlg(Frame& frame, QWidget* parent, Mode mode,
+CRSS_ChannelRenameDlg::CRSS_ChannelRenameDlg(Desk& desk, QWidget* parent, Mode mode,
                                              const std::string& name, int folderId)
-    : NameDialog(frame, parent, mode == Mode::Channel ? kChannelLook : kCabinetLook,
+    : NameDialog(desk, parent, mode == Mode::Channel ? kChannelLook : kCabinetLook,
                  mode == Mode::Channel ? kChannelRenameRule : kCabinetRenameRule, name),
       mode_(mode),
       folderId_(folderId) {}
 
 bool CRSS_ChannelRenameDlg::IsTaken(const std::string& name) const {
-  Store& store = GetFrame().GetStore();
+  Store& store = GetDesk().GetStore();
   return mode_ == Mode::Channel ? ChannelTitleExists(store, name, folderId_)
                                 : CabinetTitleExists(store, name);
 }

@@ -13,7 +13,7 @@ class CRSS_ChannelRenameDlg : public NameDialog {
 
   // `name` is the old name. `folderId` is the channel's folder, in which the new name must be
   // unique; cabinets do not use it.
-  CRSS_ChannelRenameDlg(Frame& frame, QWidget* parent, Mode mode, const std::string& name,
+  CRSS_ChannelRenameDlg(Desk& desk, QWidget* parent, Mode mode, const std::string& name,
                         int folderId = 0);
 
  protected:

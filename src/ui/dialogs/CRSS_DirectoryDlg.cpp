@@ -11,7 +11,8 @@
 #include "ingest/WebAddress.h"
 #include "skin/FilledTexts.h"
 #include "skin/Keys.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
+#include "ui/Subscribing.h"
 #include "ui/dialogs/DirectoryModel.h"
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/CVxEdit.h"
@@ -30,18 +31,19 @@ constexpr int kFeedUrlWidth = 200;
 
 }  // namespace
 
-CRSS_DirectoryDlg::CRSS_DirectoryDlg(Frame& frame, QWidget* parent)
-    : CVxDialog(frame.GetSkin(), kTextDirectoryTitle, parent),
-      frame_(frame),
-      word_(*new CVxEdit(frame.GetSkin(), this)),
+CRSS_DirectoryDlg::CRSS_DirectoryDlg(Desk& desk, Subscribing& subscribing, QWidget* parent)
+    : CVxDialog(desk.GetSkin(), kTextDirectoryTitle, parent),
+      desk_(desk),
+      subscribing_(subscribing),
+      word_(*new CVxEdit(desk.GetSkin(), this)),
       searchButton_(*MakeButton(kSectionDirectory, kButtonDirectorySearch, kTextDirectorySearch)),
-      model_(*new DirectoryModel(frame.GetStore().TextCodePage(),
-                                 SkinText(frame.GetSkin(), kTextDirectoryHeader).split('|'), this)),
+      model_(*new DirectoryModel(desk.GetStore().TextCodePage(),
+                                 SkinText(desk.GetSkin(), kTextDirectoryHeader).split('|'), this)),
       list_(*new CVxListCtrl(this)),
       line_(*new QLabel(this)),
       add_(*MakeButton(kSectionDirectory, kButtonDirectoryAdd, kTextDirectoryAdd)),
       close_(*MakeButton(kSectionDirectory, kButtonDirectoryClose, kTextDirectoryClose)),
-      search_(frame.MakeDirectorySearch()) {
+      search_(subscribing.MakeDirectorySearch()) {
   SetUpList();
   LayOut();
   Connect();
@@ -98,9 +100,9 @@ void CRSS_DirectoryDlg::Connect() {
 }
 
 void CRSS_DirectoryDlg::Search() {
-  const std::string word = FromQString(frame_.GetStore().TextCodePage(), word_.text());
+  const std::string word = FromQString(desk_.GetStore().TextCodePage(), word_.text());
   if (word.empty()) {
-    frame_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
+    desk_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
     return;  // the dialog may be gone
   }
   model_.Clear();
@@ -156,14 +158,14 @@ std::string CRSS_DirectoryDlg::ChosenFeed() const {
 }
 
 void CRSS_DirectoryDlg::UpdateAdd() {
-  const std::string scheme = frame_.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
+  const std::string scheme = desk_.GetSkin().GetText(kSectionTexts, kTextUrlScheme);
   const bool isFeed = IsWebAddress(CompleteFeedAddress(ChosenFeed(), scheme));
   add_.setEnabled(!search_->IsRunning() && isFeed);
 }
 
 // The dialog may be destroyed by AddChannel; callers must not use it afterwards.
 void CRSS_DirectoryDlg::Add() {
-  if (add_.isEnabled()) frame_.AddChannel(ChosenFeed());
+  if (add_.isEnabled()) subscribing_.AddChannel(ChosenFeed());
 }
 
 void CRSS_DirectoryDlg::keyPressEvent(QKeyEvent* event) {

@@ -12,7 +12,8 @@ class CVxEdit;
 class CVxListCtrl;
 class DirectoryModel;
 class DirectorySearch;
-class Frame;
+class Desk;
+class Subscribing;
 struct DirectoryAnswer;
 
 // Searches the web directory for feeds and adds those that the user chooses. Scrolling to the end
@@ -22,7 +23,7 @@ class CRSS_DirectoryDlg : public CVxDialog {
   Q_OBJECT
 
  public:
-  CRSS_DirectoryDlg(Frame& frame, QWidget* parent);
+  CRSS_DirectoryDlg(Desk& desk, Subscribing& subscribing, QWidget* parent);
   ~CRSS_DirectoryDlg() override;
 
  protected:
@@ -46,7 +47,8 @@ class CRSS_DirectoryDlg : public CVxDialog {
   // The feed address of the selected row; empty without a selection.
   std::string ChosenFeed() const;
 
-  Frame& frame_;
+  Desk& desk_;
+  Subscribing& subscribing_;
   CVxEdit& word_;
   CButtonEx& searchButton_;
   DirectoryModel& model_;

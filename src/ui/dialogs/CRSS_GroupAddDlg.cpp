@@ -3,7 +3,8 @@
 #include "skin/Keys.h"
 #include "store/Folders.h"
 #include "store/SqlText.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
+#include "ui/Subscribing.h"
 
 namespace feedloom {
 namespace {
@@ -13,19 +14,19 @@ constexpr NameDialogLook kLook{kTextGroupDialogTitle, kTextGroupDialogName, kSec
 
 }  // namespace
 
-CRSS_GroupAddDlg::CRSS_GroupAddDlg(Frame& frame, QWidget* parent)
-    : NameDialog(frame, parent, kLook, kGroupNameRule, {}) {}
+CRSS_GroupAddDlg::CRSS_GroupAddDlg(Desk& desk, Subscribing& subscribing, QWidget* parent)
+    : NameDialog(desk, parent, kLook, kGroupNameRule, {}), subscribing_(subscribing) {}
 
 bool CRSS_GroupAddDlg::IsTaken(const std::string& name) const {
-  return FolderNameExists(GetFrame().GetStore(), name);
+  return FolderNameExists(GetDesk().GetStore(), name);
 }
 
 const char* CRSS_GroupAddDlg::Keep(const std::string& name) {
   int order = 0;
-  folderId_ = AppendFolder(GetFrame().GetStore(), name, order);
+  folderId_ = AppendFolder(GetDesk().GetStore(), name, order);
   if (folderId_ == 0) return kTextGroupDuplicate;  // by another program
   if (folderId_ < 0) return kTextGroupError;
-  GetFrame().FolderWasAdded({.name = UnescapeEntities(name), .id = folderId_, .order = order});
+  subscribing_.FolderWasAdded({.name = UnescapeEntities(name), .id = folderId_, .order = order});
   return nullptr;
 }
 

@@ -4,12 +4,14 @@
 
 namespace feedloom {
 
+class Subscribing;
+
 // Adds a folder to the store and the tree.
 class CRSS_GroupAddDlg : public NameDialog {
   Q_OBJECT
 
  public:
-  CRSS_GroupAddDlg(Frame& frame, QWidget* parent);
+  CRSS_GroupAddDlg(Desk& desk, Subscribing& subscribing, QWidget* parent);
 
   // The id of the new folder; 0 before it is added.
   int FolderId() const { return folderId_; }
@@ -19,6 +21,7 @@ class CRSS_GroupAddDlg : public NameDialog {
   const char* Keep(const std::string& name) override;
 
  private:
+  Subscribing& subscribing_;
   int folderId_ = 0;
 };
 

@@ -2,7 +2,7 @@
 
 #include "skin/Keys.h"
 #include "store/Folders.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
 
 namespace feedloom {
 namespace {
@@ -12,11 +12,11 @@ constexpr NameDialogLook kLook{kTextRenameGroupTitle, kTextRenameGroupName, kSec
 
 }  // namespace
 
-CRSS_GroupRenameDlg::CRSS_GroupRenameDlg(Frame& frame, QWidget* parent, const std::string& name)
-    : NameDialog(frame, parent, kLook, kGroupNameRule, name) {}
+CRSS_GroupRenameDlg::CRSS_GroupRenameDlg(Desk& desk, QWidget* parent, const std::string& name)
+    : NameDialog(desk, parent, kLook, kGroupNameRule, name) {}
 
 bool CRSS_GroupRenameDlg::IsTaken(const std::string& name) const {
-  return FolderNameExists(GetFrame().GetStore(), name);
+  return FolderNameExists(GetDesk().GetStore(), name);
 }
 
 }  // namespace feedloom

@@ -9,7 +9,7 @@ class CRSS_GroupRenameDlg : public NameDialog {
   Q_OBJECT
 
  public:
-  CRSS_GroupRenameDlg(Frame& frame, QWidget* parent, const std::string& name);
+  CRSS_GroupRenameDlg(Desk& desk, QWidget* parent, const std::string& name);
 
  protected:
   bool IsTaken(const std::string& name) const override;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Actions.h"
+#include "ui/Login.h"
 #include "vxctrl/CVxFormDialog.h"
 
 namespace feedloom {

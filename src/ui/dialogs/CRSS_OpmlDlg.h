@@ -6,7 +6,7 @@
 
 namespace feedloom {
 
-class Frame;
+class Desk;
 
 // Asks for the address of an OPML list. OK with an empty field shows a message and keeps the dialog
 // open.
@@ -14,7 +14,7 @@ class CRSS_OpmlDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  CRSS_OpmlDlg(Frame& frame, QWidget* parent);
+  CRSS_OpmlDlg(Desk& desk, QWidget* parent);
 
   // The typed address, completed with its scheme and in ASCII; empty when only blanks were typed.
   std::string Address() const;
@@ -22,7 +22,7 @@ class CRSS_OpmlDlg : public CVxFormDialog {
   void accept() override;
 
  private:
-  Frame& frame_;
+  Desk& desk_;
   CVxEdit& address_;
 };
 

@@ -2,15 +2,15 @@
 
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
 #include "vxctrl/CVxComboBox.h"
 #include "vxctrl/QtText.h"
 
 namespace feedloom {
 
-CRSS_ScrapDlg::CRSS_ScrapDlg(Frame& frame, QWidget* parent)
-    : CVxFormDialog(frame.GetSkin(), kTextScrapDialogTitle, parent),
-      frame_(frame),
+CRSS_ScrapDlg::CRSS_ScrapDlg(Desk& desk, QWidget* parent)
+    : CVxFormDialog(desk.GetSkin(), kTextScrapDialogTitle, parent),
+      desk_(desk),
       cabinets_(*AddComboBox(kTextScrapDialogLabel)) {
   ListCabinets();
   AddButtons(kSectionScrapDialog, kButtonScrapConfirm, kButtonScrapCancel);
@@ -18,8 +18,8 @@ CRSS_ScrapDlg::CRSS_ScrapDlg(Frame& frame, QWidget* parent)
 
 void CRSS_ScrapDlg::ListCabinets() {
   std::vector<CabinetRow> cabinets;
-  LoadCabinetList(frame_.GetStore(), cabinets);
-  const CodePage codePage = frame_.GetStore().TextCodePage();
+  LoadCabinetList(desk_.GetStore(), cabinets);
+  const CodePage codePage = desk_.GetStore().TextCodePage();
   for (const CabinetRow& cabinet : cabinets) {
     cabinets_.addItem(ToLine(codePage, cabinet.title), cabinet.id);
   }
@@ -31,7 +31,7 @@ int CRSS_ScrapDlg::CabinetId() const { return cabinets_.currentData().toInt(); }
 void CRSS_ScrapDlg::accept() {
   if (cabinets_.currentIndex() >= 0) return CVxFormDialog::accept();
   cabinets_.setFocus();
-  frame_.ShowTextMessage(kSectionTexts, kTextScrapEmpty, MsgBoxKind::Notice);
+  desk_.ShowTextMessage(kSectionTexts, kTextScrapEmpty, MsgBoxKind::Notice);
 }
 
 }  // namespace feedloom

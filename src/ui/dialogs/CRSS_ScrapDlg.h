@@ -4,7 +4,7 @@
 
 namespace feedloom {
 
-class Frame;
+class Desk;
 
 // Asks for the cabinet to save posts to. The only cabinet is selected; with several, none is
 // selected at first, and OK without a selection shows a message and keeps the dialog open.
@@ -13,7 +13,7 @@ class CRSS_ScrapDlg : public CVxFormDialog {
 
  public:
   // Reads the cabinets from the store, which reports a failure; the list is then empty.
-  CRSS_ScrapDlg(Frame& frame, QWidget* parent);
+  CRSS_ScrapDlg(Desk& desk, QWidget* parent);
 
   // The id of the selected cabinet; 0 without a selection.
   int CabinetId() const;
@@ -23,7 +23,7 @@ class CRSS_ScrapDlg : public CVxFormDialog {
  private:
   void ListCabinets();
 
-  Frame& frame_;
+  Desk& desk_;
   CVxComboBox& cabinets_;
 };
 

@@ -1,27 +1,27 @@
 #include "ui/dialogs/CRSS_SearchDlg.h"
 
 #include "skin/Keys.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
 #include "vxctrl/CVxEdit.h"
 #include "vxctrl/QtText.h"
 
 namespace feedloom {
 
-CRSS_SearchDlg::CRSS_SearchDlg(Frame& frame, QWidget* parent)
-    : CVxFormDialog(frame.GetSkin(), kTextSearchDialogTitle, parent),
-      frame_(frame),
+CRSS_SearchDlg::CRSS_SearchDlg(Desk& desk, QWidget* parent)
+    : CVxFormDialog(desk.GetSkin(), kTextSearchDialogTitle, parent),
+      desk_(desk),
       word_(*AddEdit(kTextSearchDialogLabel)) {
   AddButtons(kSectionSearchDialog, kButtonSearchConfirm, kButtonSearchCancel);
 }
 
 std::string CRSS_SearchDlg::Word() const {
-  return FromQString(frame_.GetSkin().Config().GetCodePage(), word_.text());
+  return FromQString(desk_.GetSkin().Config().GetCodePage(), word_.text());
 }
 
 void CRSS_SearchDlg::accept() {
   if (!word_.text().isEmpty()) return CVxFormDialog::accept();
   word_.setFocus();
-  frame_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
+  desk_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
 }
 
 }  // namespace feedloom

@@ -6,7 +6,7 @@
 
 namespace feedloom {
 
-class Frame;
+class Desk;
 
 // Asks for the word to search for. OK with an empty field shows a message and keeps the dialog
 // open.
@@ -14,7 +14,7 @@ class CRSS_SearchDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  CRSS_SearchDlg(Frame& frame, QWidget* parent);
+  CRSS_SearchDlg(Desk& desk, QWidget* parent);
 
   // The typed word with its blanks, in the module's code page.
   std::string Word() const;
@@ -22,7 +22,7 @@ class CRSS_SearchDlg : public CVxFormDialog {
   void accept() override;
 
  private:
-  Frame& frame_;
+  Desk& desk_;
   CVxEdit& word_;
 };
 

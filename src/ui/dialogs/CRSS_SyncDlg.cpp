@@ -8,7 +8,8 @@
 #include "platform/Path.h"
 #include "skin/FilledTexts.h"
 #include "skin/Keys.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
+#include "ui/Subscribing.h"
 #include "vxctrl/CButtonEx.h"
 #include "vxctrl/CVxEdit.h"
 #include "vxctrl/QtText.h"
@@ -50,13 +51,14 @@ QLabel* MakeStatus(QWidget* room) {
 
 }  // namespace
 
-CRSS_SyncDlg::CRSS_SyncDlg(Frame& frame, QWidget* parent)
-    : CVxFormDialog(frame.GetSkin(), kTextSyncTitle, parent),
-      frame_(frame),
+CRSS_SyncDlg::CRSS_SyncDlg(Desk& desk, Subscribing& subscribing, QWidget* parent)
+    : CVxFormDialog(desk.GetSkin(), kTextSyncTitle, parent),
+      desk_(desk),
+      subscribing_(subscribing),
       model_(*AddEdit(kTextSyncModel)) {
-  const std::string model = frame.GetSkin().Config().GetModelName();
+  const std::string model = desk.GetSkin().Config().GetModelName();
   model_.setReadOnly(true);
-  model_.setText(ToQString(frame.GetSkin().Config().GetCodePage(),
+  model_.setText(ToQString(desk.GetSkin().Config().GetCodePage(),
                            model.empty() ? Text(kTextSyncNoModel) : model));
   model_.setCursorPosition(0);
   if (!model.empty()) AddSynchronisation();
@@ -85,16 +87,16 @@ void CRSS_SyncDlg::AddButtonRow() {
 }
 
 std::string CRSS_SyncDlg::Text(const char* key) const {
-  return frame_.GetSkin().GetText(kSectionTexts, key);
+  return desk_.GetSkin().GetText(kSectionTexts, key);
 }
 
 void CRSS_SyncDlg::Synchronise() {
-  const std::string folder = frame_.GetSkin().Config().GetWorkDir();
-  const auto sent = frame_.ExportOpml(JoinPath(folder, kSentList));
+  const std::string folder = desk_.GetSkin().Config().GetWorkDir();
+  const auto sent = subscribing_.ExportOpml(JoinPath(folder, kSentList));
   if (!sent) return Say(Text(kTextSyncError));
-  const auto onEnd = [&frame = frame_, sent = *sent, self = QPointer(this)](const auto& received) {
-    const std::string text = EndText(frame.GetSkin(), sent, received);
-    frame.ReportMessage(text);
+  const auto onEnd = [&desk = desk_, sent = *sent, self = QPointer(this)](const auto& received) {
+    const std::string text = EndText(desk.GetSkin(), sent, received);
+    desk.ReportMessage(text);
     if (!self) return;
     self->SetRunning(false);
     self->Say(text);
@@ -103,7 +105,7 @@ void CRSS_SyncDlg::Synchronise() {
   if (!IsThere(received)) return onEnd(std::optional(ImportSums()));
   SetRunning(true);
   Say(Text(kTextSyncRunning));
-  frame_.MergeOpml(received, onEnd);
+  subscribing_.MergeOpml(received, onEnd);
 }
 
 void CRSS_SyncDlg::SetRunning(bool isRunning) {
@@ -113,7 +115,7 @@ void CRSS_SyncDlg::SetRunning(bool isRunning) {
 }
 
 void CRSS_SyncDlg::Say(const std::string& text) {
-  status_->setText(ToQString(frame_.GetSkin().Config().GetCodePage(), text));
+  status_->setText(ToQString(desk_.GetSkin().Config().GetCodePage(), text));
   model_.setAccessibleDescription(status_->text());  // the field with the focus
 }
 

@@ -8,7 +8,8 @@ class QLabel;
 
 namespace feedloom {
 
-class Frame;
+class Desk;
+class Subscribing;
 
 // Exchanges the list of channels with the connected handset through files in the host's work
 // directory: writes the user's list and imports the list that the handset has written. The dialog
@@ -18,7 +19,7 @@ class CRSS_SyncDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  CRSS_SyncDlg(Frame& frame, QWidget* parent);
+  CRSS_SyncDlg(Desk& desk, Subscribing& subscribing, QWidget* parent);
 
  private:
   void AddSynchronisation();
@@ -28,7 +29,8 @@ class CRSS_SyncDlg : public CVxFormDialog {
   void Say(const std::string& text);
   std::string Text(const char* key) const;
 
-  Frame& frame_;
+  Desk& desk_;
+  Subscribing& subscribing_;
   CVxEdit& model_;
   // Both are null without a handset.
   QLabel* status_ = nullptr;

@@ -3,10 +3,13 @@
 #include <QPointer>
 #include <QPrintDialog>
 
+#include "skin/FilledTexts.h"
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
 #include "store/SqlText.h"
-#include "ui/Frame.h"
+#include "ui/ChannelFacts.h"
+#include "ui/Desk.h"
+#include "ui/Subscribing.h"
 #include "ui/dialogs/CRSS_CabinetAddDlg.h"
 #include "ui/dialogs/CRSS_ChannelAddDlg.h"
 #include "ui/dialogs/CRSS_ChannelInfoDlg.h"
@@ -47,76 +50,101 @@ CabinetRow AppendCabinet(Store& store, const std::string& title) {
 
 }  // namespace
 
-std::optional<std::string> AskSearchWord(Frame& frame, QWidget* parent) {
-  auto* dialog = new CRSS_SearchDlg(frame, parent);
+std::optional<std::string> AskSearchWord(Desk& desk, QWidget* parent) {
+  auto* dialog = new CRSS_SearchDlg(desk, parent);
   std::optional<std::string> word;
   RunDialog(dialog, [&] { word = dialog->Word(); });
   return word;
 }
 
-std::optional<Login> ShowLogin(Frame& frame, QWidget* parent, const LoginQuestion& question) {
-  auto* dialog = new CRSS_LoginDlg(frame.GetSkin(), parent, question);
+std::optional<Login> ShowLogin(Desk& desk, QWidget* parent, const LoginQuestion& question) {
+  auto* dialog = new CRSS_LoginDlg(desk.GetSkin(), parent, question);
   std::optional<Login> login;
   RunDialog(dialog, [&] { login = dialog->Entered(); });
   return login;
 }
 
-std::optional<int> ChooseCabinet(Frame& frame, QWidget* parent) {
-  auto* dialog = new CRSS_ScrapDlg(frame, parent);
+std::optional<int> ChooseCabinet(Desk& desk, QWidget* parent) {
+  auto* dialog = new CRSS_ScrapDlg(desk, parent);
   std::optional<int> cabinetId;
   RunDialog(dialog, [&] { cabinetId = dialog->CabinetId(); });
   return cabinetId;
 }
 
-std::optional<std::string> AskGroupName(Frame& frame, QWidget* parent, const std::string& name) {
-  return AskName(new CRSS_GroupRenameDlg(frame, parent, name));
+std::optional<std::string> AskGroupName(Desk& desk, QWidget* parent, const std::string& name) {
+  return AskName(new CRSS_GroupRenameDlg(desk, parent, name));
 }
 
-std::optional<std::string> AskChannelName(Frame& frame, QWidget* parent,
+std::optional<std::string> AskChannelName(Desk& desk, QWidget* parent,
                                           const ChannelFacts& channel) {
-  return AskName(new CRSS_ChannelRenameDlg(frame, parent, CRSS_ChannelRenameDlg::Mode::Channel,
+  return AskName(new CRSS_ChannelRenameDlg(desk, parent, CRSS_ChannelRenameDlg::Mode::Channel,
                                            channel.title, channel.folderId));
 }
 
-std::optional<std::string> AskCabinetName(Frame& frame, QWidget* parent, const std::string& title) {
+std::optional<std::string> AskCabinetName(Desk& desk, QWidget* parent, const std::string& title) {
   return AskName(
-      new CRSS_ChannelRenameDlg(frame, parent, CRSS_ChannelRenameDlg::Mode::Cabinet, title));
+      new CRSS_ChannelRenameDlg(desk, parent, CRSS_ChannelRenameDlg::Mode::Cabinet, title));
 }
 
-void ShowChannelAdd(Frame& frame, QWidget* parent, const std::string& folderName,
-                    const std::string& address) {
-  Show(new CRSS_ChannelAddDlg(frame, parent, folderName, address));
+void ShowChannelAdd(Desk& desk, Refreshing& refreshing, Subscribing& subscribing, QWidget* parent,
+                    const std::string& folderName, const std::string& address) {
+  Show(new CRSS_ChannelAddDlg(desk, refreshing, subscribing, parent, folderName, address));
 }
 
-void ShowGroupAdd(Frame& frame, QWidget* parent) { Show(new CRSS_GroupAddDlg(frame, parent)); }
+void ShowGroupAdd(Desk& desk, Subscribing& subscribing, QWidget* parent) {
+  Show(new CRSS_GroupAddDlg(desk, subscribing, parent));
+}
 
-void ShowCabinetAdd(Frame& frame, QWidget* parent) {
-  const auto title = AskName(new CRSS_CabinetAddDlg(frame, parent));
+void ShowCabinetAdd(Desk& desk, Subscribing& subscribing, QWidget* parent) {
+  const auto title = AskName(new CRSS_CabinetAddDlg(desk, parent));
   if (!title) return;
-  const CabinetRow cabinet = AppendCabinet(frame.GetStore(), *title);
-  if (cabinet.id > 0) return frame.CabinetWasAdded(cabinet);
-  frame.ShowTextMessage(kSectionTexts, cabinet.id == 0 ? kTextCabinetDuplicate : kTextCabinetError,
-                        MsgBoxKind::Notice);
+  const CabinetRow cabinet = AppendCabinet(desk.GetStore(), *title);
+  if (cabinet.id > 0) return subscribing.CabinetWasAdded(cabinet);
+  desk.ShowTextMessage(kSectionTexts, cabinet.id == 0 ? kTextCabinetDuplicate : kTextCabinetError,
+                       MsgBoxKind::Notice);
 }
 
-void ShowChannelMove(Frame& frame, QWidget* parent, const ChannelFacts& channel) {
-  Show(new CRSS_ChannelMoveDlg(frame, parent, channel));
+void ShowChannelMove(Desk& desk, Subscribing& subscribing, QWidget* parent,
+                     const ChannelFacts& channel) {
+  Show(new CRSS_ChannelMoveDlg(desk, subscribing, parent, channel));
 }
 
-void ShowChannelInfo(Frame& frame, QWidget* parent, const ChannelFacts& channel) {
-  Show(new CRSS_ChannelInfoDlg(frame, parent, channel));
+void ShowChannelInfo(Desk& desk, QWidget* parent, const ChannelFacts& channel) {
+  Show(new CRSS_ChannelInfoDlg(desk, parent, channel));
 }
 
-std::optional<std::string> AskListAddress(Frame& frame, QWidget* parent) {
-  auto* dialog = new CRSS_OpmlDlg(frame, parent);
+std::optional<std::string> AskListAddress(Desk& desk, QWidget* parent) {
+  auto* dialog = new CRSS_OpmlDlg(desk, parent);
   std::optional<std::string> address;
   RunDialog(dialog, [&] { address = dialog->Address(); });
   return address;
 }
 
-void ShowSync(Frame& frame, QWidget* parent) { Show(new CRSS_SyncDlg(frame, parent)); }
+void ImportFile(Desk& desk, Subscribing& subscribing, QWidget* parent) {
+  const std::string path = AskImportFile(desk, parent);
+  if (!path.empty()) subscribing.ImportOpml({.place = path});
+}
 
-void ShowDirectory(Frame& frame, QWidget* parent) { Show(new CRSS_DirectoryDlg(frame, parent)); }
+void ImportAddress(Desk& desk, Subscribing& subscribing, QWidget* parent) {
+  const auto address = AskListAddress(desk, parent);
+  if (address) subscribing.ImportOpml({.place = *address, .isAddress = true});
+}
+
+void ExportFile(Desk& desk, Subscribing& subscribing, QWidget* parent, const std::string& name) {
+  const std::string path = AskExportPlace(desk, parent, name);
+  const auto channels = path.empty() ? std::nullopt : subscribing.ExportOpml(path);
+  if (!channels) return;
+  desk.ReportMessage(
+      WithNumbers(desk.GetSkin().GetText(kSectionTexts, kTextOpmlExported), {*channels}));
+}
+
+void ShowSync(Desk& desk, Subscribing& subscribing, QWidget* parent) {
+  Show(new CRSS_SyncDlg(desk, subscribing, parent));
+}
+
+void ShowDirectory(Desk& desk, Subscribing& subscribing, QWidget* parent) {
+  Show(new CRSS_DirectoryDlg(desk, subscribing, parent));
+}
 
 bool ChoosePrinter(QPrinter& printer, QWidget* parent) {
   const QPointer dialog(new QPrintDialog(&printer, parent));

@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "skin/Keys.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
 #include "ui/dialogs/Dialogs.h"
 #include "ui/dialogs/NameFilters.h"
 #include "vxctrl/QtText.h"
@@ -37,17 +37,17 @@ QString AskFile(QWidget* parent, const QString& title, QStandardPaths::StandardL
 
 }  // namespace
 
-QString AskDownloadPlace(Frame& frame, QWidget* parent, const QString& name, const QString& host) {
-  const QString from = SkinText(frame.GetSkin(), kTextDownloadFrom).replace("%s", host);
-  return AskFile(parent, host.isEmpty() ? SkinText(frame.GetSkin(), kTextDownloadPlace) : from,
+QString AskSavePath(Desk& desk, QWidget* parent, const QString& name, const QString& host) {
+  const QString from = SkinText(desk.GetSkin(), kTextDownloadFrom).replace("%s", host);
+  return AskFile(parent, host.isEmpty() ? SkinText(desk.GetSkin(), kTextDownloadPlace) : from,
                  QStandardPaths::DownloadLocation, [&](QFileDialog& dialog) {
                    dialog.setAcceptMode(QFileDialog::AcceptSave);
                    dialog.selectFile(name);
                  });
 }
 
-std::string AskImportFile(Frame& frame, QWidget* parent) {
-  const QString path = AskFile(parent, SkinText(frame.GetSkin(), kTextOpmlImportPlace),
+std::string AskImportFile(Desk& desk, QWidget* parent) {
+  const QString path = AskFile(parent, SkinText(desk.GetSkin(), kTextOpmlImportPlace),
                                QStandardPaths::DocumentsLocation, [](QFileDialog& dialog) {
                                  dialog.setFileMode(QFileDialog::ExistingFile);
                                  dialog.setNameFilters(NameFilters(kKindsToImport));
@@ -55,14 +55,14 @@ std::string AskImportFile(Frame& frame, QWidget* parent) {
   return QFile::encodeName(path).toStdString();
 }
 
-std::string AskExportPlace(Frame& frame, QWidget* parent, const std::string& name) {
+std::string AskExportPlace(Desk& desk, QWidget* parent, const std::string& name) {
   const QString path =
-      AskFile(parent, SkinText(frame.GetSkin(), kTextOpmlExportPlace),
+      AskFile(parent, SkinText(desk.GetSkin(), kTextOpmlExportPlace),
               QStandardPaths::DocumentsLocation, [&](QFileDialog& dialog) {
                 dialog.setAcceptMode(QFileDialog::AcceptSave);
                 dialog.setNameFilters(NameFilters(kKindsToExport));
                 dialog.setDefaultSuffix(kExportSuffix);
-                dialog.selectFile(ToQString(frame.GetSkin().Config().GetCodePage(), name));
+                dialog.selectFile(ToQString(desk.GetSkin().Config().GetCodePage(), name));
               });
   return QFile::encodeName(path).toStdString();
 }

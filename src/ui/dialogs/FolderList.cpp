@@ -1,19 +1,19 @@
 #include "ui/dialogs/FolderList.h"
 
 #include "store/Folders.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
 #include "vxctrl/CVxComboBox.h"
 #include "vxctrl/QtText.h"
 
 namespace feedloom {
 
-bool ListFolders(Frame& frame, CVxComboBox& box) {
+bool ListFolders(Desk& desk, CVxComboBox& box) {
   const int chosen = ChosenFolder(box);
   std::vector<FolderRow> folders;
-  if (!LoadFolderList(frame.GetStore(), folders)) return false;
+  if (!LoadFolderList(desk.GetStore(), folders)) return false;
   box.clear();
   for (const FolderRow& folder : folders) {
-    box.addItem(ToLine(frame.GetStore().TextCodePage(), folder.name), folder.id);
+    box.addItem(ToLine(desk.GetStore().TextCodePage(), folder.name), folder.id);
   }
   ChooseFolder(box, chosen);
   return true;

@@ -7,7 +7,7 @@
 
 namespace feedloom {
 
-class Frame;
+class Desk;
 
 // The texts and images of one dialog that asks for a name, as keys of Keys.h.
 struct NameDialogLook {
@@ -31,10 +31,10 @@ class NameDialog : public CVxFormDialog {
  protected:
   // The field starts with `name`, the old name or empty, and selects it. `rule` must outlive the
   // dialog.
-  NameDialog(Frame& frame, QWidget* parent, const NameDialogLook& look, const NameRule& rule,
+  NameDialog(Desk& desk, QWidget* parent, const NameDialogLook& look, const NameRule& rule,
              const std::string& name);
 
-  Frame& GetFrame() const { return frame_; }
+  Desk& GetDesk() const { return desk_; }
 
   // True when the store already has this name.
   virtual bool IsTaken(const std::string& name) const = 0;
@@ -43,7 +43,7 @@ class NameDialog : public CVxFormDialog {
   virtual const char* Keep(const std::string& /*name*/) { return nullptr; }
 
  private:
-  Frame& frame_;
+  Desk& desk_;
   const NameRule& rule_;
   const std::string oldName_;
   CVxEdit& box_;

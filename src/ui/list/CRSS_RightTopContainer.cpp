@@ -8,6 +8,7 @@
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "store/Search.h"
+#include "ui/Desk.h"
 #include "ui/list/CRSS_RightTopToolBarWnd.h"
 #include "ui/list/ListViewState.h"
 #include "ui/list/PostDelegate.h"
@@ -20,26 +21,29 @@ namespace {
 
 constexpr int kListId = 3005;
 
-PostListTexts LoadTexts(Frame& frame) {
-  return {.headings = SplitHeadings(frame.GetStore().TextCodePage(),
-                                    GetLabel(frame.GetSkin(), kLabelListHeader)),
-          .read = SkinText(frame.GetSkin(), kTextPostRead),
-          .unread = SkinText(frame.GetSkin(), kTextPostUnread),
-          .ascending = SkinText(frame.GetSkin(), kTextSortedAscending),
-          .descending = SkinText(frame.GetSkin(), kTextSortedDescending)};
+PostListTexts LoadTexts(Desk& desk) {
+  return {.headings = SplitHeadings(desk.GetStore().TextCodePage(),
+                                    GetLabel(desk.GetSkin(), kLabelListHeader)),
+          .read = SkinText(desk.GetSkin(), kTextPostRead),
+          .unread = SkinText(desk.GetSkin(), kTextPostUnread),
+          .ascending = SkinText(desk.GetSkin(), kTextSortedAscending),
+          .descending = SkinText(desk.GetSkin(), kTextSortedDescending)};
 }
 
 }  // namespace
 
-CRSS_RightTopContainer::CRSS_RightTopContainer(Frame& frame, QWidget* parent)
+CRSS_RightTopContainer::CRSS_RightTopContainer(Desk& desk, Reading& reading,
+                                               Subscribing& subscribing, QWidget* parent)
     : QWidget(parent),
-      frame_(frame),
-      border_(LoadPaneFrame(frame.GetSkin())),
-      toolbar_(*new CRSS_RightTopToolBarWnd(frame.GetSkin(), this)),
-      model_(*new PostListModel(frame.GetStore().TextCodePage(), LoadTexts(frame), this)),
+      desk_(desk),
+      reading_(reading),
+      border_(LoadPaneFrame(desk.GetSkin())),
+      toolbar_(*new CRSS_RightTopToolBarWnd(desk.GetSkin(), this)),
+      model_(*new PostListModel(desk.GetStore().TextCodePage(), LoadTexts(desk), this)),
       list_(*new CVxListCtrl(this)),
-      commands_(frame, model_, list_),
-      webSearch_(frame, list_, [this](PostList list) { Append(std::move(list)); }) {
+      commands_(desk, reading, model_, list_),
+      webSearch_(desk, reading, subscribing, list_,
+                 [this](PostList list) { Append(std::move(list)); }) {
   SetUpList();
   SetUpKeys();
   connect(&toolbar_, &CRSS_RightTopToolBarWnd::SearchRequested, this,
@@ -49,7 +53,7 @@ CRSS_RightTopContainer::CRSS_RightTopContainer(Frame& frame, QWidget* parent)
 
 void CRSS_RightTopContainer::SetUpList() {
   list_.setObjectName(QString::number(kListId));
-  list_.setAccessibleName(SkinText(frame_.GetSkin(), kTextListName));
+  list_.setAccessibleName(SkinText(desk_.GetSkin(), kTextListName));
   list_.setFrameShape(QFrame::NoFrame);
   list_.setModel(&model_);
   list_.setItemDelegate(new PostDelegate(&list_));
@@ -111,17 +115,17 @@ void CRSS_RightTopContainer::Refill(PostList list) {
 void CRSS_RightTopContainer::ShowClicked(int row) {
   // Each click counts as one post read, even if the post was read before: the total is used only to
   // announce new posts.
-  --frame_.State().unreadTotal;
+  --desk_.State().unreadTotal;
   Show(row);
 }
 
 void CRSS_RightTopContainer::Show(int index) { commands_.Show(index); }
 
-void CRSS_RightTopContainer::ShowFirst(FirstShown shown) {
+void CRSS_RightTopContainer::ShowFirst(FirstPost shown) {
   const int rows = model_.rowCount();
   int row = -1;
-  if (shown == FirstShown::FirstUnread) row = model_.FindUnread(-1, true);
-  if (shown == FirstShown::LastUnread) row = model_.FindUnread(rows, false);
+  if (shown == FirstPost::FirstUnread) row = model_.FindUnread(-1, true);
+  if (shown == FirstPost::LastUnread) row = model_.FindUnread(rows, false);
   Show(row < 0 && rows > 0 ? 0 : row);
 }
 
@@ -131,7 +135,7 @@ void CRSS_RightTopContainer::GoToUnread(bool forward) {
 
 void CRSS_RightTopContainer::OpenMenu(const QPoint& place) {
   if (const auto menu = commands_.ContextMenu()) {
-    ShowMenu(*menu, frame_.GetSkin(), place, this, [this](int command) { commands_.Run(command); });
+    ShowMenu(*menu, desk_.GetSkin(), place, this, [this](int command) { commands_.Run(command); });
   }
 }
 
@@ -140,7 +144,7 @@ void CRSS_RightTopContainer::FocusSearch() { toolbar_.FocusWord(); }
 void CRSS_RightTopContainer::Search() {
   const std::string word = toolbar_.Word();
   if (word.empty()) {
-    frame_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
+    desk_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
     return;  // the pane may have been deleted
   }
   toolbar_.Scope() == SearchScope::Web ? webSearch_.Begin(word) : SearchStore(word);
@@ -149,8 +153,8 @@ void CRSS_RightTopContainer::Search() {
 void CRSS_RightTopContainer::SearchStore(const std::string& word) {
   PostList found;
   found.wereSearched = true;
-  if (!SearchPosts(frame_.GetStore(), word, found.posts)) return;
-  frame_.ListPosts(ListMode::Selection, std::move(found));
+  if (!SearchPosts(desk_.GetStore(), word, found.posts)) return;
+  reading_.ListPosts(ListMode::Selection, std::move(found));
 }
 
 void CRSS_RightTopContainer::paintEvent(QPaintEvent* /*event*/) {

@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-#include "ui/Frame.h"
+#include "ui/Reading.h"
 #include "ui/list/PostCommands.h"
 #include "ui/list/WebSearch.h"
 #include "vxctrl/PaneFrame.h"
@@ -19,12 +19,12 @@ class CRSS_RightTopContainer : public QWidget {
   Q_OBJECT
 
  public:
-  // `frame` must outlive the pane. The list is the pane's focus proxy.
-  CRSS_RightTopContainer(Frame& frame, QWidget* parent);
+  // The first three must outlive the pane. The list is the pane's focus proxy.
+  CRSS_RightTopContainer(Desk& desk, Reading& reading, Subscribing& subscribing, QWidget* parent);
 
   // Replaces the rows by `list` in its order and scrolls to the first row. Shows the number of
   // posts when a search found them. Cancels a running search of the web directory. The caller sets
-  // the frame's list mode before the call and shows a post after it.
+  // the list mode before the call and shows a post after it.
   void Fill(PostList list);
   // Replaces the rows by a newer version of the same list. Selection, current row and scroll
   // position are restored by the posts' ids; the sorting stays. Shows no post. Does nothing when
@@ -37,9 +37,9 @@ class CRSS_RightTopContainer : public QWidget {
   void Show(int index);
   // Shows the post that `shown` asks for. Shows the first post when none is unread, and the main
   // page when the list is empty.
-  void ShowFirst(FirstShown shown);
+  void ShowFirst(FirstPost shown);
   // Shows the next unread post after the current row, or the previous one. When there is none,
-  // calls Frame::GoToUnreadRow. Does nothing while a search of the web directory runs.
+  // calls Reading::GoToUnreadRow. Does nothing while a search of the web directory runs.
   void GoToUnread(bool forward);
 
   // Moves the keyboard focus to the search box.
@@ -59,7 +59,8 @@ class CRSS_RightTopContainer : public QWidget {
   void Append(PostList list);
   void SearchStore(const std::string& word);
 
-  Frame& frame_;
+  Desk& desk_;
+  Reading& reading_;
   const PaneFrame border_;
   CRSS_RightTopToolBarWnd& toolbar_;
   PostListModel& model_;

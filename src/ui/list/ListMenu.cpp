@@ -24,7 +24,6 @@ void FilterForWebResults(Menu& menu) {
 std::optional<Menu> ListMenu(const ListFacts& list) {
   if (list.rows == 0) return std::nullopt;
   Menu menu = PopUpMenu(PopUp::List);
-  if (!list.canScrap) Disable(menu, kCommandScrap);
   switch (list.mode) {
     case ListMode::Today:
       Disable(menu, kCommandDeleteAll);

@@ -13,8 +13,7 @@ struct ListFacts {
   ListMode mode = ListMode::Selection;
   int rows = 0;
   int selected = 0;
-  bool isRead = false;    // the only selected post is read
-  bool canScrap = false;  // Actions::chooseCabinet is set
+  bool isRead = false;  // the only selected post is read
 };
 
 // Returns nullopt for a list without rows.

@@ -7,6 +7,8 @@
 #include "store/Cabinets.h"
 #include "store/Posts.h"
 #include "store/ReadStatus.h"
+#include "ui/Desk.h"
+#include "ui/dialogs/Dialogs.h"
 #include "ui/list/ListMenu.h"
 #include "ui/list/PostListModel.h"
 #include "vxctrl/CVxListCtrl.h"
@@ -14,13 +16,13 @@
 namespace feedloom {
 
 bool PostCommands::PostsAreStored() const {
-  return frame_.State().listMode != ListMode::WebDirectory;
+  return desk_.State().listMode != ListMode::WebDirectory;
 }
 
 void PostCommands::Show(int row) {
-  if (row < 0 || row >= model_.rowCount()) return frame_.ShowMainPage();
+  if (row < 0 || row >= model_.rowCount()) return reading_.ShowMainPage();
   const PostRow post = model_.At(row);
-  frame_.ShowPost(post);
+  reading_.ShowPost(post);
   if (PostsAreStored()) MarkRead(row, post);
   // The title cell becomes current: screen readers read it, and letter keys search its column.
   list_.selectionModel()->setCurrentIndex(model_.index(row, kTitleColumn),
@@ -30,9 +32,9 @@ void PostCommands::Show(int row) {
 void PostCommands::MarkRead(int row, const PostRow& post) {
   if (post.readStatus != 0) return;
   const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
-  if (!mark(frame_.GetStore(), 1, {&post.id, 1})) return;
+  if (!mark(desk_.GetStore(), 1, {&post.id, 1})) return;
   model_.SetReadStatus({&row, 1}, 1);
-  frame_.PostWasRead(post, model_.AreScrapPosts());
+  reading_.PostWasRead(post, model_.AreScrapPosts());
 }
 
 void PostCommands::ShowOnly(int row) {
@@ -49,7 +51,7 @@ void PostCommands::GoToUnread(bool forward) {
   const QModelIndex current = list_.currentIndex();
   const int beyond = forward ? -1 : model_.rowCount();
   const int unread = model_.FindUnread(current.isValid() ? current.row() : beyond, forward);
-  unread < 0 ? frame_.GoToUnreadRow(forward) : ShowOnly(unread);
+  unread < 0 ? reading_.GoToUnreadRow(forward) : ShowOnly(unread);
 }
 
 void PostCommands::Run(int command) {
@@ -71,26 +73,25 @@ void PostCommands::Run(int command) {
 
 std::optional<Menu> PostCommands::ContextMenu() const {
   const std::vector<int> selected = list_.SelectedRows();
-  return ListMenu({.mode = frame_.State().listMode,
+  return ListMenu({.mode = desk_.State().listMode,
                    .rows = model_.rowCount(),
                    .selected = static_cast<int>(selected.size()),
-                   .isRead = !selected.empty() && model_.IsReadAt(selected.front()),
-                   .canScrap = frame_.GetActions().chooseCabinet != nullptr});
+                   .isRead = !selected.empty() && model_.IsReadAt(selected.front())});
 }
 
 void PostCommands::MarkSelected(int status) {
   const std::vector<int> rows = list_.SelectedRows();
   if (rows.empty() || !PostsAreStored()) return;
   const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
-  if (!mark(frame_.GetStore(), status, model_.IdsOf(rows))) return Reload();
+  if (!mark(desk_.GetStore(), status, model_.IdsOf(rows))) return Reload();
   model_.SetReadStatus(rows, status);
-  frame_.RecountUnread(model_.AreScrapPosts());
+  reading_.RecountUnread(model_.AreScrapPosts());
 }
 
 // Some of several SQL statements may have been executed before one failed.
 void PostCommands::Reload() {
-  frame_.RecountUnread(model_.AreScrapPosts());
-  frame_.ReloadSelection();
+  reading_.RecountUnread(model_.AreScrapPosts());
+  reading_.ReloadSelection();
 }
 
 std::vector<int> PostCommands::AllRows() const {
@@ -104,38 +105,36 @@ void PostCommands::Delete(const std::vector<int>& rows, const char* question) {
   // The ids are taken before the question, as a refresh may add rows while the user is asked.
   const std::vector<int> ids = model_.IdsOf(rows);
   const bool areScrapPosts = model_.AreScrapPosts();
-  const auto answer = frame_.ShowTextMessage(kSectionTexts, question, MsgBoxKind::OkCancel);
+  const auto answer = desk_.ShowTextMessage(kSectionTexts, question, MsgBoxKind::OkCancel);
   if (answer != MsgBoxAnswer::Consented) return;  // the object may have been deleted
   const auto deleteIds = areScrapPosts ? DeleteScrapPosts : DeletePosts;
-  if (!deleteIds(frame_.GetStore(), ids)) return Reload();
+  if (!deleteIds(desk_.GetStore(), ids)) return Reload();
   const std::vector<int> deleted = model_.RowsOf(ids);
   list_.clearSelection();
   model_.Remove(deleted);
-  frame_.RecountUnread(areScrapPosts);
+  reading_.RecountUnread(areScrapPosts);
   if (!deleted.empty()) ShowOnly(std::min(deleted.front(), model_.rowCount() - 1));
 }
 
 void PostCommands::Scrap() {
-  // A copy: the frame and its actions may be deleted while the user chooses.
-  const auto chooseCabinet = frame_.GetActions().chooseCabinet;
-  if (!chooseCabinet || list_.SelectedRows().empty()) return;
-  const std::optional<int> cabinet = chooseCabinet();
+  if (list_.SelectedRows().empty()) return;
+  const std::optional<int> cabinet = ChooseCabinet(desk_, &list_);
   if (!cabinet) return;  // the object may have been deleted
   const std::vector<int> rows = list_.SelectedRows();
   const std::size_t saved = Save(rows, *cabinet);
   if (saved == 0) return;
-  frame_.RecountUnread(true);
-  if (model_.AreScrapPosts()) frame_.ReloadSelection();
+  reading_.RecountUnread(true);
+  if (model_.AreScrapPosts()) reading_.ReloadSelection();
   // This comes last, as the object may be deleted while the message box is open.
   if (saved == rows.size()) {
-    frame_.ShowTextMessage(kSectionTexts, kTextScrapFinished, MsgBoxKind::Notice);
+    desk_.ShowTextMessage(kSectionTexts, kTextScrapFinished, MsgBoxKind::Notice);
   }
 }
 
 std::size_t PostCommands::Save(const std::vector<int>& rows, int cabinetId) {
   const auto failed = std::ranges::find_if(rows, [&](int row) {
     const PostRow post = model_.At(row);
-    return InsertScrapPost(frame_.GetStore(), cabinetId, post.title, post.link, post.published,
+    return InsertScrapPost(desk_.GetStore(), cabinetId, post.title, post.link, post.published,
                            post.description) < 0;
   });
   return static_cast<std::size_t>(failed - rows.begin());

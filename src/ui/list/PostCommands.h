@@ -4,23 +4,24 @@
 #include <optional>
 #include <vector>
 
-#include "ui/Frame.h"
 #include "ui/Menus.h"
+#include "ui/Reading.h"
 
 namespace feedloom {
 
 class CVxListCtrl;
+class Desk;
 class PostListModel;
 
-// A command acts on the selected rows. It does nothing when no row is selected or when its action
-// is not set. Commands that change posts ignore those of the web directory, which are not in the
+// A command acts on the selected rows. It does nothing when no row is selected.
+// Commands that change posts ignore those of the web directory, which are not in the
 // store. When the store fails, which it reports, the list and the counts are read again. The object
 // may have been deleted when a command that asks the user returns. Interface thread only.
 class PostCommands {
  public:
-  // `frame`, `model` and `list` must outlive the object. `list` shows `model`.
-  PostCommands(Frame& frame, PostListModel& model, CVxListCtrl& list)
-      : frame_(frame), model_(model), list_(list) {}
+  // The arguments must outlive the object. `list` shows `model`.
+  PostCommands(Desk& desk, Reading& reading, PostListModel& model, CVxListCtrl& list)
+      : desk_(desk), reading_(reading), model_(model), list_(list) {}
 
   // Shows the post of this row in the browser, marks it read and adds the row to the selection.
   // Shows the main page when there is no such row.
@@ -30,7 +31,7 @@ class PostCommands {
   // Shows the post of the current row; does nothing without one.
   void ShowCurrent();
   // Shows the next unread post after the current row, or the previous one. When there is none,
-  // calls Frame::GoToUnreadRow.
+  // calls Reading::GoToUnreadRow.
   void GoToUnread(bool forward);
 
   // Runs the command with this number of ui/Commands.h.
@@ -49,7 +50,8 @@ class PostCommands {
   // Copies the posts into the cabinet until one fails. Returns the number of copied posts.
   std::size_t Save(const std::vector<int>& rows, int cabinetId);
 
-  Frame& frame_;
+  Desk& desk_;
+  Reading& reading_;
   PostListModel& model_;
   CVxListCtrl& list_;
 };

@@ -6,7 +6,9 @@
 
 #include "exchange/DirectorySearch.h"
 #include "skin/Keys.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
+#include "ui/Reading.h"
+#include "ui/Subscribing.h"
 #include "vxctrl/CVxListCtrl.h"
 
 namespace feedloom {
@@ -18,8 +20,13 @@ PostList ToPostList(DirectoryAnswer answer) {
 
 }  // namespace
 
-WebSearch::WebSearch(Frame& frame, CVxListCtrl& list, std::function<void(PostList)> append)
-    : frame_(frame), list_(list), append_(std::move(append)) {
+WebSearch::WebSearch(Desk& desk, Reading& reading, Subscribing& subscribing, CVxListCtrl& list,
+                     std::function<void(PostList)> append)
+    : desk_(desk),
+      reading_(reading),
+      subscribing_(subscribing),
+      list_(list),
+      append_(std::move(append)) {
   // Queued, because the list must not be disabled while it is still scrolling.
   connect(&list_, &CVxListCtrl::EndReached, this, &WebSearch::LoadNextPage, Qt::QueuedConnection);
 }
@@ -29,7 +36,7 @@ WebSearch::~WebSearch() = default;
 bool WebSearch::IsRunning() const { return search_ && search_->IsRunning(); }
 
 void WebSearch::Begin(const std::string& word) {
-  if (!search_) search_ = frame_.MakeDirectorySearch();
+  if (!search_) search_ = subscribing_.MakeDirectorySearch();
   search_->Begin(word, [this](DirectoryAnswer answer) { OnFirstPage(std::move(answer)); });
   BeginWait();
 }
@@ -37,7 +44,7 @@ void WebSearch::Begin(const std::string& word) {
 // The list shows this search's results as long as the mode is WebDirectory: everything else that
 // fills the list sets another mode.
 void WebSearch::LoadNextPage() {
-  if (frame_.State().listMode != ListMode::WebDirectory || !search_) return;
+  if (desk_.State().listMode != ListMode::WebDirectory || !search_) return;
   if (search_->IsRunning() || !search_->HasMore()) return;
   search_->More([this](DirectoryAnswer answer) { OnNextPage(std::move(answer)); });
   BeginWait();
@@ -46,11 +53,11 @@ void WebSearch::LoadNextPage() {
 void WebSearch::OnFirstPage(DirectoryAnswer answer) {
   EndWait();
   const bool isAnswered = answer.isAnswered;
-  frame_.ListPosts(ListMode::WebDirectory, ToPostList(std::move(answer)));
+  reading_.ListPosts(ListMode::WebDirectory, ToPostList(std::move(answer)));
   if (isAnswered) return;
   // A message box, as the main page would replace a status text. The object may be deleted
   // meanwhile.
-  frame_.ShowTextMessage(kSectionTexts, kTextDirectoryFailed, MsgBoxKind::Notice);
+  desk_.ShowTextMessage(kSectionTexts, kTextDirectoryFailed, MsgBoxKind::Notice);
 }
 
 void WebSearch::OnNextPage(DirectoryAnswer answer) {
@@ -74,11 +81,11 @@ void WebSearch::BeginWait() {
 void WebSearch::EndWait() {
   qApp->removeEventFilter(this);
   list_.SetClosed(false);
-  frame_.ReportMessage("");  // removes the text of BeginWait
+  desk_.ReportMessage("");  // removes the text of BeginWait
 }
 
 void WebSearch::Report(const char* textKey) {
-  frame_.ReportMessage(frame_.GetSkin().GetText(kSectionTexts, textKey));
+  desk_.ReportMessage(desk_.GetSkin().GetText(kSectionTexts, textKey));
 }
 
 // An event filter instead of a shortcut: the browser has a shortcut for Escape, and Qt runs neither

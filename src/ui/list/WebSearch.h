@@ -11,7 +11,9 @@ namespace feedloom {
 
 class CVxListCtrl;
 class DirectorySearch;
-class Frame;
+class Desk;
+class Reading;
+class Subscribing;
 struct DirectoryAnswer;
 
 // The list's search of the web directory. While it waits for an answer, the list takes no input,
@@ -19,13 +21,14 @@ struct DirectoryAnswer;
 // only. No function blocks.
 class WebSearch : public QObject {
  public:
-  // `append` is called with each page after the first and appends it to the list. `frame` and
-  // `list` must outlive the object.
-  WebSearch(Frame& frame, CVxListCtrl& list, std::function<void(PostList)> append);
+  // `append` is called with each page after the first and appends it to the list. The
+  // other arguments must outlive the object.
+  WebSearch(Desk& desk, Reading& reading, Subscribing& subscribing, CVxListCtrl& list,
+            std::function<void(PostList)> append);
   ~WebSearch() override;
 
   // Starts a search for `word`, which is in the module's code page, and cancels a running one. The
-  // first page is passed to Frame::ListPosts, without rows after a failure. The next pages are
+  // first page is passed to Reading::ListPosts, without rows after a failure. The next pages are
   // loaded when the user reaches the end of the list, until the list shows something else.
   void Begin(const std::string& word);
   // Cancels a running search: no more of its pages arrive.
@@ -43,7 +46,9 @@ class WebSearch : public QObject {
   void EndWait();
   void Report(const char* textKey);
 
-  Frame& frame_;
+  Desk& desk_;
+  Reading& reading_;
+  Subscribing& subscribing_;
   CVxListCtrl& list_;
   const std::function<void(PostList)> append_;
   std::unique_ptr<DirectorySearch> search_;  // null before the first search

@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 
 #include "skin/Keys.h"
-#include "ui/Frame.h"
+#include "ui/Desk.h"
 #include "ui/panel/CCtrlPanel01.h"
 #include "ui/panel/CCtrlPanel02.h"
 #include "ui/panel/CCtrlPanel03.h"
@@ -41,9 +41,9 @@ QFont PanelFont(QFont font) {
 
 }  // namespace
 
-CCtrlPanelDlg::CCtrlPanelDlg(Frame& frame, QWidget* parent, const SettingsAccess& access)
-    : CVxDialog(frame.GetSkin(), kTextPanelTitle, parent),
-      frame_(frame),
+CCtrlPanelDlg::CCtrlPanelDlg(Desk& desk, QWidget* parent, const SettingsAccess& access)
+    : CVxDialog(desk.GetSkin(), kTextPanelTitle, parent),
+      desk_(desk),
       access_(access),
       loaded_(access.load()),
       tabs_(new QButtonGroup(this)),
@@ -127,7 +127,7 @@ void CCtrlPanelDlg::accept() {
   if (const char* fault = ValidatePanelSettings(settings)) {
     ShowPage(stack_->indexOf(deletePage_));
     deletePage_->FocusDays();
-    frame_.ShowTextMessage(kSectionTexts, fault, MsgBoxKind::Notice);
+    desk_.ShowTextMessage(kSectionTexts, fault, MsgBoxKind::Notice);
     return;
   }
   if (!access_.save(settings)) {

@@ -12,7 +12,7 @@ namespace feedloom {
 
 class CCtrlPanel04;
 class CtrlPanelPage;
-class Frame;
+class Desk;
 struct SettingsAccess;
 
 // The control panel: a row of tabs, the page of the selected tab, OK and Cancel. The constructor
@@ -24,7 +24,7 @@ class CCtrlPanelDlg : public CVxDialog {
 
  public:
   // `access` must outlive the dialog.
-  CCtrlPanelDlg(Frame& frame, QWidget* parent, const SettingsAccess& access);
+  CCtrlPanelDlg(Desk& desk, QWidget* parent, const SettingsAccess& access);
 
   // The settings as the pages show them.
   Settings Values() const;
@@ -42,7 +42,7 @@ class CCtrlPanelDlg : public CVxDialog {
   // Shows the page `step` pages further, cyclically, and moves the focus to its first control.
   void StepToPage(int step);
 
-  Frame& frame_;
+  Desk& desk_;
   const SettingsAccess& access_;
   const Settings loaded_;
   QButtonGroup* const tabs_;

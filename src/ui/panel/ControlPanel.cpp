@@ -4,8 +4,8 @@
 
 namespace feedloom {
 
-std::optional<Settings> EditSettings(Frame& frame, QWidget* parent, const SettingsAccess& access) {
-  auto* dialog = new CCtrlPanelDlg(frame, parent, access);
+std::optional<Settings> EditSettings(Desk& desk, QWidget* parent, const SettingsAccess& access) {
+  auto* dialog = new CCtrlPanelDlg(desk, parent, access);
   std::optional<Settings> settings;
   RunDialog(dialog, [&] { settings = dialog->Values(); });
   return settings;

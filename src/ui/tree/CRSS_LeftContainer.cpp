@@ -10,6 +10,7 @@
 
 #include "skin/Keys.h"
 #include "store/Posts.h"
+#include "ui/Desk.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftToolBarWnd.h"
 #include "ui/tree/SelectedPosts.h"
@@ -46,24 +47,24 @@ void Restart(QTimer& timer, const std::optional<std::chrono::milliseconds>& peri
 
 }  // namespace
 
-CRSS_LeftContainer::CRSS_LeftContainer(Frame& frame, QWidget* parent)
+CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subscribing& subscribing,
+                                       Reading& reading, QWidget* parent)
     : QWidget(parent),
-      frame_(frame),
-      model_(frame.GetStore().TextCodePage(), LoadRowTexts(frame.GetSkin())),
-      border_(LoadPaneFrame(frame.GetSkin())),
-      toolbar_(new CRSS_LeftToolBarWnd(frame.GetSkin(), this)),
-      tree_(new CRSS_GroupTreeCtrl(frame.GetSkin(), model_, this)),
+      desk_(desk),
+      reading_(reading),
+      model_(desk.GetStore().TextCodePage(), LoadRowTexts(desk.GetSkin())),
+      border_(LoadPaneFrame(desk.GetSkin())),
+      toolbar_(new CRSS_LeftToolBarWnd(desk.GetSkin(), this)),
+      tree_(new CRSS_GroupTreeCtrl(desk.GetSkin(), model_, this)),
       updateTimer_(new QTimer(this)),
       notificationTimer_(new QTimer(this)),
-      commands_(frame, model_, *tree_) {
+      commands_(desk, refreshing, subscribing, reading, model_, *tree_,
+                [this] { emit SettingsWanted(); }) {
   setFocusProxy(tree_);
-  tree_->setAccessibleName(SkinText(frame.GetSkin(), kTextTreeName));
+  tree_->setAccessibleName(SkinText(desk.GetSkin(), kTextTreeName));
   updateTimer_->setSingleShot(true);
   connect(updateTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::RefreshAll);
-  connect(notificationTimer_, &QTimer::timeout, this, [this] {
-    const auto notify = frame_.GetActions().notifyOfNewPosts;
-    if (notify) notify();
-  });
+  connect(notificationTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::NoticeIsDue);
   connect(tree_, &CRSS_GroupTreeCtrl::RowSelected, this, &CRSS_LeftContainer::ListSelectedPosts);
   connect(tree_, &CRSS_GroupTreeCtrl::MenuRequested, this, &CRSS_LeftContainer::ShowRowMenu);
   SetUpToolBar();
@@ -81,9 +82,6 @@ void CRSS_LeftContainer::SetUpToolBar() {
   static constexpr Entry kCommands[] = {{CRSS_LeftToolBarWnd::kUpdate, kCommandRefreshAll},
                                         {CRSS_LeftToolBarWnd::kAddChannel, kCommandAddChannel},
                                         {CRSS_LeftToolBarWnd::kDirectory, kCommandDirectory}};
-  for (const auto& [button, command] : kCommands) {
-    toolbar_->Enable(button, IsAvailable(command, frame_.GetActions()));
-  }
   connect(toolbar_, &CRSS_LeftToolBarWnd::Clicked, this,
           [this](CRSS_LeftToolBarWnd::Button clicked) {
             const auto* const entry = std::ranges::find(kCommands, clicked, &Entry::button);
@@ -100,9 +98,9 @@ void CRSS_LeftContainer::SetUpKeys() {
     connect(shortcut, &QShortcut::activated, this, run);
   };
   onKey(tree_, Qt::Key_Delete, [this] { commands_.Run(kCommandDeleteSelection); });
-  onKey(tree_, Qt::Key_N, [this] { frame_.GoToUnreadPost(true); });
-  onKey(tree_, Qt::Key_P, [this] { frame_.GoToUnreadPost(false); });
-  onKey(this, QKeySequence::Find, [this] { frame_.FocusSearch(); });
+  onKey(tree_, Qt::Key_N, [this] { emit UnreadPostWanted(true); });
+  onKey(tree_, Qt::Key_P, [this] { emit UnreadPostWanted(false); });
+  onKey(this, QKeySequence::Find, [this] { emit SearchWanted(); });
 }
 
 // Marks and states are not read together with what a revision is for.
@@ -119,11 +117,11 @@ void CRSS_LeftContainer::CountChanges() {
 }
 
 void CRSS_LeftContainer::LoadTree() {
-  ShowTree(ReadTree(frame_.GetStore()).value_or(TreeContent()));
+  ShowTree(ReadTree(desk_.GetStore()).value_or(TreeContent()));
 }
 
 void CRSS_LeftContainer::ShowTree(TreeContent content) {
-  content.cabinetTitle = frame_.GetSkin().GetText(kSectionTexts, kTextCabinetTitle);
+  content.cabinetTitle = desk_.GetSkin().GetText(kSectionTexts, kTextCabinetTitle);
   model_.Load(std::move(content));
 }
 
@@ -132,7 +130,7 @@ void CRSS_LeftContainer::UpdateTree(const TreeContent& content) {
   if (selected && !Holds(content, *selected)) {
     // A view whose current row goes would select the next one and so show, and read, its posts.
     tree_->ClearSelection();
-    if (frame_.State().listShowsSelection) frame_.ListPosts(ListMode::Selection, {});
+    if (desk_.State().listShowsSelection) reading_.ListPosts(ListMode::Selection, {});
   }
   model_.Update(content);
 }
@@ -142,11 +140,11 @@ void CRSS_LeftContainer::RefreshAll() { commands_.Run(kCommandRefreshAll); }
 void CRSS_LeftContainer::RefreshSelection() { commands_.Run(kCommandRefreshSelection); }
 
 void CRSS_LeftContainer::RestartUpdateTimer() {
-  Restart(*updateTimer_, UpdatePeriod(frame_.State().liveSettings));
+  Restart(*updateTimer_, UpdatePeriod(desk_.State().liveSettings));
 }
 
 void CRSS_LeftContainer::RestartNotificationTimer() {
-  Restart(*notificationTimer_, NotificationPeriod(frame_.State().liveSettings));
+  Restart(*notificationTimer_, NotificationPeriod(desk_.State().liveSettings));
 }
 
 int CRSS_LeftContainer::SetChannelUnread(int channelId, int count) {
@@ -170,7 +168,7 @@ void CRSS_LeftContainer::SetChannelState(int channelId, int state) {
 void CRSS_LeftContainer::RecountUnread(bool ofScrapPosts) {
   ++revision_;
   const auto recount = ofScrapPosts ? ReadCabinetCounts : ReadChannelCounts;
-  recount(frame_.GetStore(), model_);
+  recount(desk_.GetStore(), model_);
 }
 
 int CRSS_LeftContainer::ChannelUnread(int channelId) const {
@@ -180,19 +178,19 @@ int CRSS_LeftContainer::ChannelUnread(int channelId) const {
 
 void CRSS_LeftContainer::AddStoredChannel(int channelId) {
   if (model_.FindChannel(channelId).isValid()) return;
-  auto channel = ReadChannel(frame_.GetStore(), channelId);
+  auto channel = ReadChannel(desk_.GetStore(), channelId);
   if (!channel) return;
   channel->unreadCount = 0;
   model_.AppendChannel(std::move(*channel));
 }
 
 void CRSS_LeftContainer::AppendChannel(ChannelRow channel) {
-  AppendMissingFolder(frame_.GetStore(), channel.folderId, model_);
+  AppendMissingFolder(desk_.GetStore(), channel.folderId, model_);
   model_.AppendChannel(std::move(channel));
 }
 
 void CRSS_LeftContainer::MoveChannel(int channelId, int folderId) {
-  AppendMissingFolder(frame_.GetStore(), folderId, model_);
+  AppendMissingFolder(desk_.GetStore(), folderId, model_);
   model_.MoveChannel(channelId, folderId);
 }
 
@@ -208,7 +206,7 @@ void CRSS_LeftContainer::AddChannel(const std::string& address) {
   if (tree) tree->viewport()->repaint();
 }
 
-void CRSS_LeftContainer::PostIsSaved(int cabinetId) {
+void CRSS_LeftContainer::UnreadPostWasSaved(int cabinetId) {
   model_.RaiseCabinetUnread(cabinetId);
   tree_->viewport()->repaint();
 }
@@ -217,10 +215,10 @@ void CRSS_LeftContainer::PostIsSaved(int cabinetId) {
 // channels.
 void CRSS_LeftContainer::PostWasRead(const PostRow& post, bool isScrapPost) {
   ++revision_;
-  if (post.ownerId == 0 && isScrapPost) return frame_.RecountUnread(true);
+  if (post.ownerId == 0 && isScrapPost) return reading_.RecountUnread(true);
   if (isScrapPost) return model_.LowerCabinetUnread(post.ownerId);
   std::vector<PostRow> stored;
-  if (post.ownerId == 0) FindPost(frame_.GetStore(), post.id, stored);
+  if (post.ownerId == 0) FindPost(desk_.GetStore(), post.id, stored);
   model_.LowerChannelUnread(stored.empty() ? post.ownerId : stored.front().ownerId);
 }
 
@@ -240,26 +238,26 @@ bool CRSS_LeftContainer::SelectionHolds(int channelId) const {
 }
 
 void CRSS_LeftContainer::ReloadSelection() {
-  if (auto list = PostsOf(frame_.GetStore(), SelectedRow())) {
-    frame_.RelistPosts(std::move(*list));
+  if (auto list = PostsOf(desk_.GetStore(), SelectedRow())) {
+    reading_.RelistPosts(std::move(*list));
   }
 }
 
 void CRSS_LeftContainer::ListSelectedPosts() {
   const auto row = SelectedRow();
   if (row && row->kind == RowKind::Channel) SetChannelsNew({&row->id, 1}, false);
-  auto list = PostsOf(frame_.GetStore(), row);
+  auto list = PostsOf(desk_.GetStore(), row);
   // After a failure the list is emptied: it must not show posts of a row that is no longer
   // selected.
-  frame_.ListPosts(ListMode::Selection, std::move(list).value_or(PostList()), firstShown_);
+  reading_.ListPosts(ListMode::Selection, std::move(list).value_or(PostList()), firstShown_);
 }
 
 void CRSS_LeftContainer::GoToUnreadRow(bool forward) {
   const QModelIndex row = model_.FindUnread(tree_->SelectedRow(), forward);
   if (!row.isValid()) return;
-  firstShown_ = forward ? FirstShown::FirstUnread : FirstShown::LastUnread;
+  firstShown_ = forward ? FirstPost::FirstUnread : FirstPost::LastUnread;
   tree_->setCurrentIndex(row);  // selects the row and so lists its posts
-  firstShown_ = FirstShown::First;
+  firstShown_ = FirstPost::First;
 }
 
 void CRSS_LeftContainer::ShowRowMenu(const QPoint& place) {
@@ -267,7 +265,7 @@ void CRSS_LeftContainer::ShowRowMenu(const QPoint& place) {
 }
 
 void CRSS_LeftContainer::ShowMenuAt(const Menu& menu, const QPoint& place) {
-  ShowMenu(menu, frame_.GetSkin(), place, this, [this](int command) { commands_.Run(command); });
+  ShowMenu(menu, desk_.GetSkin(), place, this, [this](int command) { commands_.Run(command); });
 }
 
 void CRSS_LeftContainer::resizeEvent(QResizeEvent* /*event*/) {

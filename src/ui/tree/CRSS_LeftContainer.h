@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "exchange/Subscriptions.h"
+#include "ui/Reading.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/TreeCommands.h"
 #include "vxctrl/PaneFrame.h"
@@ -20,16 +21,17 @@ namespace feedloom {
 class CRSS_GroupTreeCtrl;
 class CRSS_LeftToolBarWnd;
 
-// When the user selects a row, the pane passes its posts to Frame::ListPosts and clears a channel's
-// new mark. A function does nothing when its channel or cabinet id is not in the tree. Texts are in
-// the module's code page. Interface thread only.
+// When the user selects a row, the pane passes its posts to Reading::ListPosts and clears a
+// channel's new mark. A function does nothing when its channel or cabinet id is not in the tree.
+// Texts are in the module's code page. Interface thread only.
 class CRSS_LeftContainer : public QWidget {
   Q_OBJECT
 
  public:
-  // The pane has no rows until LoadTree or ShowTree. The constructor starts both timers. `frame`
-  // must outlive the pane. The tree is the pane's focus proxy.
-  CRSS_LeftContainer(Frame& frame, QWidget* parent);
+  // The pane has no rows until LoadTree or ShowTree. The constructor starts both timers. What
+  // it takes but `parent` must outlive the pane. The tree is the pane's focus proxy.
+  CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subscribing& subscribing, Reading& reading,
+                     QWidget* parent);
 
   // Reads all rows from the store; afterwards no row is selected. When the store cannot read all,
   // it reports the failure, and there are none but the cabinets' root.
@@ -53,7 +55,7 @@ class CRSS_LeftContainer : public QWidget {
   // settings turn it off. The timer fires once and calls RefreshAll.
   void RestartUpdateTimer();
   // Restarts or stops the notification timer in the same way. The timer fires periodically and
-  // calls Actions::notifyOfNewPosts.
+  // emits NoticeIsDue.
   void RestartNotificationTimer();
 
   // Sets a channel's unread count, and changes its folder's count by the difference. Returns the
@@ -90,8 +92,6 @@ class CRSS_LeftContainer : public QWidget {
   void AppendChannel(ChannelRow channel);
   void MoveChannel(int channelId, int folderId);
 
-  // Opens the control panel. Does nothing without Actions::openSettings.
-  void OpenSettings() { commands_.Run(kCommandSettings); }
   // Lists today's unread posts of all channels.
   void ListToday() { commands_.Run(kCommandToday); }
 
@@ -102,12 +102,11 @@ class CRSS_LeftContainer : public QWidget {
   void SetBusy(bool busy);
 
   // Opens the dialog that adds a channel, with this feed address and the selected folder, and then
-  // repaints the tree. Does nothing without Actions::addChannel. The pane may have been deleted
-  // when the call returns.
+  // repaints the tree. The pane may have been deleted when the call returns.
   void AddChannel(const std::string& address);
   // Adds one to the unread counts of the cabinet and of the cabinet root, and repaints the tree
   // before it returns.
-  void PostIsSaved(int cabinetId);
+  void UnreadPostWasSaved(int cabinetId);
   // Subtracts one from the unread counts of the post's channel or cabinet and of its group.
   void PostWasRead(const PostRow& post, bool isScrapPost);
 
@@ -117,13 +116,20 @@ class CRSS_LeftContainer : public QWidget {
   std::optional<RowKey> SelectedRow() const;
   // True when the channel, or its folder, is selected.
   bool SelectionHolds(int channelId) const;
-  // Passes the posts of the selected row to Frame::RelistPosts. Does nothing when no row is
+  // Passes the posts of the selected row to Reading::RelistPosts. Does nothing when no row is
   // selected or the store cannot read the posts.
   void ReloadSelection();
   // Forward: selects the next row with unread posts after the selected one and shows its first
   // unread post. Otherwise: selects the previous such row and shows its last unread post. Does
   // nothing when there is no such row.
   void GoToUnreadRow(bool forward);
+
+ signals:
+  void SettingsWanted();
+  void NoticeIsDue();
+  void SearchWanted();  // the keyboard is to go to the search box
+  // Shows the next unread post of the list, the previous one when `forward` is false.
+  void UnreadPostWanted(bool forward);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -137,7 +143,8 @@ class CRSS_LeftContainer : public QWidget {
   void ShowRowMenu(const QPoint& place);
   void ShowMenuAt(const Menu& menu, const QPoint& place);
 
-  Frame& frame_;
+  Desk& desk_;
+  Reading& reading_;
   GroupTreeModel model_;
   const PaneFrame border_;
   CRSS_LeftToolBarWnd* const toolbar_;
@@ -146,7 +153,7 @@ class CRSS_LeftContainer : public QWidget {
   QTimer* const notificationTimer_;
   TreeCommands commands_;
   int revision_ = 0;
-  FirstShown firstShown_ = FirstShown::First;  // passed on when the next row is selected
+  FirstPost firstShown_ = FirstPost::First;  // passed on when the next row is selected
 };
 
 }  // namespace feedloom

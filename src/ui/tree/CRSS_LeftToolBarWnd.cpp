@@ -50,10 +50,6 @@ CRSS_LeftToolBarWnd::CRSS_LeftToolBarWnd(const Skin& skin, QWidget* parent)
   }
 }
 
-void CRSS_LeftToolBarWnd::Enable(Button button, bool isEnabled) {
-  buttons_[button]->setEnabled(isEnabled);
-}
-
 QPoint CRSS_LeftToolBarWnd::MenuPosition() const { return kMenuPosition; }
 
 void CRSS_LeftToolBarWnd::paintEvent(QPaintEvent* /*event*/) {

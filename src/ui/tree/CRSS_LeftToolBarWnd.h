@@ -24,9 +24,6 @@ class CRSS_LeftToolBarWnd : public QWidget {
   // The size from the skin in pixels. The width is the smallest that shows all buttons.
   QSize sizeHint() const override { return size_; }
 
-  // All buttons are enabled at first.
-  void Enable(Button button, bool isEnabled);
-
   // Where the menu button's menu opens, in this widget's coordinates.
   QPoint MenuPosition() const;
 

@@ -12,6 +12,11 @@
 #include "store/ReadStatus.h"
 #include "store/Search.h"
 #include "store/SqlText.h"
+#include "ui/Desk.h"
+#include "ui/Reading.h"
+#include "ui/Refreshing.h"
+#include "ui/Subscribing.h"
+#include "ui/dialogs/Dialogs.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/RefreshEntries.h"
@@ -22,18 +27,18 @@ namespace feedloom {
 void TreeCommands::Run(int command) {
   struct Entry {
     int command;
-    void (TreeCommands::*run)(const Actions&);
+    void (TreeCommands::*run)();
   };
   static constexpr Entry kCommands[] = {
       {kCommandAddChannel, &TreeCommands::AddEmptyChannel},
-      {kCommandAddGroup, &TreeCommands::RunAction<&Actions::addGroup>},
-      {kCommandAddCabinet, &TreeCommands::RunAction<&Actions::addCabinet>},
+      {kCommandAddGroup, &TreeCommands::AddGroup},
+      {kCommandAddCabinet, &TreeCommands::AddCabinet},
       {kCommandDeleteGroup, &TreeCommands::DeleteGroup},
       {kCommandRenameGroup, &TreeCommands::RenameGroup},
       {kCommandDeleteChild, &TreeCommands::DeleteChild},
       {kCommandRenameChild, &TreeCommands::RenameChild},
-      {kCommandMoveChannel, &TreeCommands::RunChannelAction<&Actions::moveChannel>},
-      {kCommandChannelInfo, &TreeCommands::RunChannelAction<&Actions::showChannelInfo>},
+      {kCommandMoveChannel, &TreeCommands::MoveChannel},
+      {kCommandChannelInfo, &TreeCommands::ShowInfo},
       {kCommandMarkAllRead, &TreeCommands::Mark<1>},
       {kCommandMarkAllUnread, &TreeCommands::Mark<0>},
       {kCommandRefreshGroup, &TreeCommands::RefreshSelection},
@@ -44,19 +49,18 @@ void TreeCommands::Run(int command) {
       {kCommandSearchChannel, &TreeCommands::Search},
       {kCommandSearchAllCabinets, &TreeCommands::Search},
       {kCommandSearchCabinet, &TreeCommands::Search},
-      {kCommandImportFile, &TreeCommands::RunAction<&Actions::importFile>},
-      {kCommandImportAddress, &TreeCommands::RunAction<&Actions::importAddress>},
+      {kCommandImportFile, &TreeCommands::ImportFromFile},
+      {kCommandImportAddress, &TreeCommands::ImportFromAddress},
       {kCommandExportOpml, &TreeCommands::ExportOpml},
-      {kCommandSynchronise, &TreeCommands::RunAction<&Actions::synchronise>},
-      {kCommandSettings, &TreeCommands::RunAction<&Actions::openSettings>},
+      {kCommandSynchronise, &TreeCommands::Synchronise},
+      {kCommandSettings, &TreeCommands::OpenSettings},
       {kCommandRefreshAll, &TreeCommands::RefreshAll},
       {kCommandRefreshSelection, &TreeCommands::RefreshSelection},
       {kCommandDeleteSelection, &TreeCommands::DeleteSelection},
-      {kCommandDirectory, &TreeCommands::RunAction<&Actions::openDirectory>},
+      {kCommandDirectory, &TreeCommands::OpenDirectory},
   };
-  const Actions actions = frame_.GetActions();  // a copy: the frame may be deleted while one runs
   const auto* const entry = std::ranges::find(kCommands, command, &Entry::command);
-  if (entry != std::end(kCommands) && IsAvailable(command, actions)) (this->*entry->run)(actions);
+  if (entry != std::end(kCommands)) (this->*entry->run)();
 }
 
 // Functions about the selected row.
@@ -94,27 +98,29 @@ std::optional<Menu> TreeCommands::SelectionMenu() const {
   if (!target) return std::nullopt;
   const bool hasUnread = target->row.data(GroupTreeModel::UnreadRole).toInt() > 0;
   const auto hasPosts = [&] {
-    const auto list = PostsOf(frame_.GetStore(), model_.KeyOf(target->row));
+    const auto list = PostsOf(desk_.GetStore(), model_.KeyOf(target->row));
     return list && !list->posts.empty();
   };
   const bool isProtected = target->kind == RowKind::Folder && target->order < 0;
   const std::size_t folders = model_.Groups().size() - 1;  // one group is the cabinet root
-  Menu menu = RowMenu({.kind = target->kind,
-                       .hasPosts = hasUnread || hasPosts(),
-                       .isProtected = isProtected,
-                       .hasOtherFolder = folders > 1});
-  DisableUnavailable(menu, frame_.GetActions());
-  return menu;
+  return RowMenu({.kind = target->kind,
+                  .hasPosts = hasUnread || hasPosts(),
+                  .isProtected = isProtected,
+                  .hasOtherFolder = folders > 1});
 }
 
 Menu TreeCommands::WholeMenu() const {
   Menu menu = PopUpMenu(PopUp::Whole);
-  DisableUnavailable(menu, frame_.GetActions());
+  if (subscribing_.CanExchange()) return menu;
+  for (const int command :
+       {kCommandImportFile, kCommandImportAddress, kCommandExportOpml, kCommandSynchronise}) {
+    Disable(menu, command);
+  }
   return menu;
 }
 
 MsgBoxAnswer TreeCommands::Ask(const char* key, MsgBoxKind kind) const {
-  return frame_.ShowTextMessage(kSectionTexts, key, kind);
+  return desk_.ShowTextMessage(kSectionTexts, key, kind);
 }
 
 // The name of the selected folder, or of the folder of the selected channel; empty without one.
@@ -125,35 +131,49 @@ std::string TreeCommands::SelectedFolderName() const {
 }
 
 void TreeCommands::AddChannel(const std::string& address) {
-  const auto addChannel = frame_.GetActions().addChannel;
-  if (addChannel) addChannel(SelectedFolderName(), address);
+  ShowChannelAdd(desk_, refreshing_, subscribing_, &tree_, SelectedFolderName(), address);
 }
 
-void TreeCommands::AddEmptyChannel(const Actions& /*actions*/) { AddChannel({}); }
+void TreeCommands::AddEmptyChannel() { AddChannel({}); }
 
-void TreeCommands::ExportOpml(const Actions& actions) {
-  actions.exportOpml(FormatLocalTime(frame_.GetStore().GetClock().Now(), "Skyfold_%Y%m%d"));
+void TreeCommands::ExportOpml() {
+  ExportFile(desk_, subscribing_, &tree_,
+             FormatLocalTime(desk_.GetStore().GetClock().Now(), "Skyfold_%Y%m%d"));
 }
 
-template <auto action>
-void TreeCommands::RunAction(const Actions& actions) {
-  (actions.*action)();
+void TreeCommands::AddGroup() { ShowGroupAdd(desk_, subscribing_, &tree_); }
+
+void TreeCommands::AddCabinet() { ShowCabinetAdd(desk_, subscribing_, &tree_); }
+
+void TreeCommands::MoveChannel() {
+  const auto channel = Selected(RowKind::Channel);
+  if (channel) ShowChannelMove(desk_, subscribing_, &tree_, FactsOf(*channel));
 }
 
-template <auto action>
-void TreeCommands::RunChannelAction(const Actions& actions) {
-  if (const auto channel = Selected(RowKind::Channel)) (actions.*action)(FactsOf(*channel));
+void TreeCommands::ShowInfo() {
+  const auto channel = Selected(RowKind::Channel);
+  if (channel) ShowChannelInfo(desk_, &tree_, FactsOf(*channel));
 }
+
+void TreeCommands::ImportFromFile() { ImportFile(desk_, subscribing_, &tree_); }
+
+void TreeCommands::ImportFromAddress() { ImportAddress(desk_, subscribing_, &tree_); }
+
+void TreeCommands::Synchronise() { ShowSync(desk_, subscribing_, &tree_); }
+
+void TreeCommands::OpenSettings() { openSettings_(); }
+
+void TreeCommands::OpenDirectory() { ShowDirectory(desk_, subscribing_, &tree_); }
 
 // Commands that delete and rename.
 
-void TreeCommands::DeleteSelection(const Actions& actions) {
+void TreeCommands::DeleteSelection() {
   const auto target = Selected();
   if (!target || target->kind == RowKind::CabinetRoot) return;
-  IsGroup(target->kind) ? DeleteGroup(actions) : DeleteChild(actions);
+  IsGroup(target->kind) ? DeleteGroup() : DeleteChild();
 }
 
-void TreeCommands::DeleteChild(const Actions& /*actions*/) {
+void TreeCommands::DeleteChild() {
   const auto child = SelectedChild();
   if (!child) {
     Ask(kTextDeleteChildError, MsgBoxKind::Notice);
@@ -162,12 +182,12 @@ void TreeCommands::DeleteChild(const Actions& /*actions*/) {
   const bool isChannel = child->kind == RowKind::Channel;
   const char* const question = isChannel ? kTextDeleteChannel : kTextDeleteCabinet;
   if (Ask(question, MsgBoxKind::YesNo) != MsgBoxAnswer::Consented) return;
-  if (isChannel && frame_.IsAnyChannelQueued({&child->id, 1})) {
+  if (isChannel && refreshing_.IsAnyChannelQueued({&child->id, 1})) {
     Ask(kTextDeleteBusyError, MsgBoxKind::Notice);
     return;
   }
-  isChannel ? DeleteChannel(frame_.GetStore(), child->id)
-            : DeleteCabinet(frame_.GetStore(), child->id);
+  isChannel ? DeleteChannel(desk_.GetStore(), child->id)
+            : DeleteCabinet(desk_.GetStore(), child->id);
   RemoveRow(child->row);
 }
 
@@ -177,10 +197,10 @@ bool TreeCommands::IsFolderQueued(const Target& folder) const {
   if (group == nullptr) return false;
   std::vector<int> channelIds;
   for (const ChildRow& channel : group->children) channelIds.push_back(channel.id);
-  return frame_.IsAnyChannelQueued(channelIds);
+  return refreshing_.IsAnyChannelQueued(channelIds);
 }
 
-void TreeCommands::DeleteGroup(const Actions& /*actions*/) {
+void TreeCommands::DeleteGroup() {
   const auto folder = Selected(RowKind::Folder);
   if (!folder || folder->order < 0) {
     Ask(folder ? kTextDeleteProtectedError : kTextDeleteGroupError, MsgBoxKind::Notice);
@@ -192,37 +212,37 @@ void TreeCommands::DeleteGroup(const Actions& /*actions*/) {
     Ask(kTextDeleteBusyError, MsgBoxKind::Notice);
     return;
   }
-  DeleteFolder(frame_.GetStore(), folder->id);
+  DeleteFolder(desk_.GetStore(), folder->id);
   RemoveRow(folder->row);
 }
 
 void TreeCommands::RemoveRow(const QPersistentModelIndex& row) {
-  frame_.ListPosts(ListMode::Selection, {});
+  reading_.ListPosts(ListMode::Selection, {});
   tree_.ClearSelection();
-  frame_.State().unreadTotal -= model_.Remove(row);
+  desk_.State().unreadTotal -= model_.Remove(row);
 }
 
-void TreeCommands::RenameGroup(const Actions& actions) {
+void TreeCommands::RenameGroup() {
   const auto folder = Selected(RowKind::Folder);
   if (!folder || folder->order < 0) return;
-  const auto name = actions.askGroupName(folder->name);
+  const auto name = AskGroupName(desk_, &tree_, folder->name);
   if (!name) return;
-  if (RenameFolder(frame_.GetStore(), folder->id, *name)) {
+  if (RenameFolder(desk_.GetStore(), folder->id, *name)) {
     model_.Rename(folder->row, UnescapeEntities(*name));  // the form in which it is stored
   } else {
     Ask(kTextRenameGroupError, MsgBoxKind::Notice);
   }
 }
 
-void TreeCommands::RenameChild(const Actions& actions) {
+void TreeCommands::RenameChild() {
   const auto child = SelectedChild();
   if (!child) return;
   const bool isChannel = child->kind == RowKind::Channel;
-  const auto name =
-      isChannel ? actions.askChannelName(FactsOf(*child)) : actions.askCabinetName(child->name);
+  const auto name = isChannel ? AskChannelName(desk_, &tree_, FactsOf(*child))
+                              : AskCabinetName(desk_, &tree_, child->name);
   if (!name) return;
   const auto rename = isChannel ? RenameChannel : RenameCabinet;
-  if (rename(frame_.GetStore(), child->id, *name)) {
+  if (rename(desk_.GetStore(), child->id, *name)) {
     model_.Rename(child->row, UnescapeEntities(*name));
   } else {
     Ask(kTextRenameChildError, MsgBoxKind::Notice);
@@ -232,7 +252,7 @@ void TreeCommands::RenameChild(const Actions& actions) {
 // Commands that mark, refresh and list.
 
 bool TreeCommands::MarkPosts(const Target& target, int status) {
-  Store& store = frame_.GetStore();
+  Store& store = desk_.GetStore();
   switch (target.kind) {
     case RowKind::Folder:
       return MarkFoldersRead(store, status, {&target.id, 1});
@@ -247,29 +267,27 @@ bool TreeCommands::MarkPosts(const Target& target, int status) {
 }
 
 template <int status>
-void TreeCommands::Mark(const Actions& /*actions*/) {
+void TreeCommands::Mark() {
   const auto target = Selected();
   if (!target) return;
   if (!MarkPosts(*target, status)) {
     Ask(kTextReadStatusError, MsgBoxKind::Notice);
     return;
   }
-  frame_.RecountUnread(target->kind == RowKind::CabinetRoot || target->kind == RowKind::Cabinet);
-  if (auto list = PostsOf(frame_.GetStore(), model_.KeyOf(target->row))) {
-    frame_.RelistPosts(std::move(*list));
+  reading_.RecountUnread(target->kind == RowKind::CabinetRoot || target->kind == RowKind::Cabinet);
+  if (auto list = PostsOf(desk_.GetStore(), model_.KeyOf(target->row))) {
+    reading_.RelistPosts(std::move(*list));
   }
 }
 
 void TreeCommands::Refresh(std::vector<RefreshEntry> entries) {
-  frame_.QueueRefresh(std::move(entries));
-  frame_.StartRefresh();
+  refreshing_.QueueRefresh(std::move(entries));
+  refreshing_.StartRefresh();
 }
 
-void TreeCommands::RefreshAll(const Actions& /*actions*/) {
-  Refresh(RefreshEntriesOf(model_.Groups()));
-}
+void TreeCommands::RefreshAll() { Refresh(RefreshEntriesOf(model_.Groups())); }
 
-void TreeCommands::RefreshSelection(const Actions& /*actions*/) {
+void TreeCommands::RefreshSelection() {
   const QModelIndex row = tree_.SelectedRow();
   if (const GroupRow* const group = model_.GroupAt(row)) {
     Refresh(RefreshEntriesOf(*group));
@@ -278,27 +296,27 @@ void TreeCommands::RefreshSelection(const Actions& /*actions*/) {
   }
 }
 
-void TreeCommands::ListToday(const Actions& /*actions*/) {
+void TreeCommands::ListToday() {
   PostList list;
-  if (LoadTodayUnread(frame_.GetStore(), list.posts)) {
-    frame_.ListPosts(ListMode::Today, std::move(list));
+  if (LoadTodayUnread(desk_.GetStore(), list.posts)) {
+    reading_.ListPosts(ListMode::Today, std::move(list));
   }
 }
 
-void TreeCommands::ListTodayOfGroup(const Actions& /*actions*/) {
+void TreeCommands::ListTodayOfGroup() {
   const auto folder = Selected(RowKind::Folder);
   PostList list;
-  if (folder && LoadFolderTodayUnread(frame_.GetStore(), folder->id, list.posts)) {
-    frame_.ListPosts(ListMode::Today, std::move(list));
+  if (folder && LoadFolderTodayUnread(desk_.GetStore(), folder->id, list.posts)) {
+    reading_.ListPosts(ListMode::Today, std::move(list));
   }
 }
 
-void TreeCommands::Search(const Actions& actions) {
+void TreeCommands::Search() {
   const auto target = Selected();
   if (!target) return;
-  const auto word = actions.askSearchWord();
+  const auto word = AskSearchWord(desk_, &tree_);
   if (!word) return;
-  Store& store = frame_.GetStore();
+  Store& store = desk_.GetStore();
   PostList list;
   list.wereSearched = true;
   const auto found = [&] {
@@ -315,7 +333,7 @@ void TreeCommands::Search(const Actions& actions) {
     return false;
   };
   list.areScrapPosts = target->kind == RowKind::CabinetRoot || target->kind == RowKind::Cabinet;
-  if (found()) frame_.ListPosts(ListMode::Selection, std::move(list));
+  if (found()) reading_.ListPosts(ListMode::Selection, std::move(list));
 }
 
 }  // namespace feedloom

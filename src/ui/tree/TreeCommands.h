@@ -2,26 +2,41 @@
 #pragma once
 
 #include <QPersistentModelIndex>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "ui/Frame.h"
+#include "ingest/RefreshQueue.h"
+#include "ui/ChannelFacts.h"
 #include "ui/tree/TreeMenu.h"
+#include "vxctrl/CMsgBox.h"
 
 namespace feedloom {
 
 class CRSS_GroupTreeCtrl;
+class Desk;
 class GroupTreeModel;
+class Reading;
+class Refreshing;
+class Subscribing;
 
-// A command acts on the selected row. It does nothing when the row is of another kind, or when the
-// command's action is not set. The object may have been deleted when a command that opens a dialog
-// returns. Interface thread only.
+// A command acts on the selected row. It does nothing when the row is of another kind. The
+// object may have been deleted when a command that opens a dialog returns. Interface thread only.
 class TreeCommands {
  public:
-  // `frame`, `model` and `tree` must outlive the object. `tree` shows `model`.
-  TreeCommands(Frame& frame, GroupTreeModel& model, CRSS_GroupTreeCtrl& tree)
-      : frame_(frame), model_(model), tree_(tree) {}
+  // All that is passed by reference must outlive the object. `tree` shows `model`, and the dialogs
+  // stand over it. `openSettings` shows the control panel.
+  TreeCommands(Desk& desk, Refreshing& refreshing, Subscribing& subscribing, Reading& reading,
+               GroupTreeModel& model, CRSS_GroupTreeCtrl& tree, std::function<void()> openSettings)
+      : desk_(desk),
+        refreshing_(refreshing),
+        subscribing_(subscribing),
+        reading_(reading),
+        model_(model),
+        tree_(tree),
+        openSettings_(std::move(openSettings)) {}
 
   // Runs the command with this number of ui/Commands.h.
   void Run(int command);
@@ -58,28 +73,37 @@ class TreeCommands {
   void Refresh(std::vector<RefreshEntry> entries);
 
   // Each runs one command.
-  void AddEmptyChannel(const Actions& actions);
-  void ExportOpml(const Actions& actions);
-  template <auto action>
-  void RunAction(const Actions& actions);
-  template <auto action>
-  void RunChannelAction(const Actions& actions);
-  void DeleteSelection(const Actions& actions);
-  void DeleteChild(const Actions& actions);
-  void DeleteGroup(const Actions& actions);
-  void RenameGroup(const Actions& actions);
-  void RenameChild(const Actions& actions);
+  void AddEmptyChannel();
+  void ExportOpml();
+  void AddGroup();
+  void AddCabinet();
+  void MoveChannel();
+  void ShowInfo();
+  void ImportFromFile();
+  void ImportFromAddress();
+  void Synchronise();
+  void OpenSettings();
+  void OpenDirectory();
+  void DeleteSelection();
+  void DeleteChild();
+  void DeleteGroup();
+  void RenameGroup();
+  void RenameChild();
   template <int status>
-  void Mark(const Actions& actions);
-  void RefreshAll(const Actions& actions);
-  void RefreshSelection(const Actions& actions);
-  void ListToday(const Actions& actions);
-  void ListTodayOfGroup(const Actions& actions);
-  void Search(const Actions& actions);
+  void Mark();
+  void RefreshAll();
+  void RefreshSelection();
+  void ListToday();
+  void ListTodayOfGroup();
+  void Search();
 
-  Frame& frame_;
+  Desk& desk_;
+  Refreshing& refreshing_;
+  Subscribing& subscribing_;
+  Reading& reading_;
   GroupTreeModel& model_;
   CRSS_GroupTreeCtrl& tree_;
+  const std::function<void()> openSettings_;
 };
 
 }  // namespace feedloom

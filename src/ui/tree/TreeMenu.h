@@ -6,8 +6,6 @@
 
 namespace feedloom {
 
-struct Actions;
-
 // The properties of a row that its menu depends on.
 struct RowFacts {
   RowKind kind = RowKind::Folder;
@@ -18,10 +16,5 @@ struct RowFacts {
 
 // The context menu of a row. Commands that the row does not allow are disabled.
 Menu RowMenu(const RowFacts& row);
-
-// Disables the commands whose action is not set, in sub-menus too.
-void DisableUnavailable(Menu& menu, const Actions& actions);
-// False for a command that needs an action which is not set.
-bool IsAvailable(int command, const Actions& actions);
 
 }  // namespace feedloom

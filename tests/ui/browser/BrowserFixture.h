@@ -7,7 +7,8 @@
 #include <QtWidgets>
 
 #include "kit/FeedServer.h"
-#include "ui/FakeFrame.h"
+#include "ui/Fakes.h"
+#include "ui/browser/BrowserServices.h"
 #include "ui/browser/CRSS_HtmlView.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
 #include "ui/browser/CRSS_RightBottomToolBarWnd.h"
@@ -35,11 +36,23 @@ inline QVariant Ask(QWebEnginePage& page, const QString& script) {
   return answer->value_or(QVariant());
 }
 
+struct BrowserFrame : FakeDesk, FakeSubscribing, FakeReading {
+  BrowserFrame() : FakeSubscribing(static_cast<FakeDesk&>(*this)), FakeReading(state) {}
+  Registry registry{workFolder.File("registry.reg")};
+  BrowserServices services{
+      .showsRemoteImages = MakeBrowserServices(*this, registry, nullptr).showsRemoteImages,
+      .chooseCabinet = [] { return std::nullopt; },
+      .askSavePath = [](auto&, auto&) { return QString(); },
+      .askLogin = [](auto&) { return std::nullopt; },
+      .choosePrinter = [](auto&) { return false; },
+      .openExternally = [](auto&) { return false; }};
+};
+
 struct BrowserFixture : testing::Test {
   static void SetUpTestSuite() { PrepareBrowser(); }
 
   BrowserFixture() {
-    frame_.actions.askDownloadPlace = [this](auto& name, auto&) { return FilePath(name); };
+    frame_.services.askSavePath = [this](auto& name, auto&) { return FilePath(name); };
     pane_.resize(640, 400);
     pane_.show();
     pane_.activateWindow();
@@ -125,8 +138,8 @@ struct BrowserFixture : testing::Test {
 
   FeedServer server_;
   TempFolder folder_;  // of downloads
-  FakeFrame frame_;
-  CRSS_RightBottomContainer pane_{frame_, nullptr};
+  BrowserFrame frame_;
+  CRSS_RightBottomContainer pane_{frame_, frame_, frame_, frame_.services, nullptr};
   CRSS_HtmlView& view_ = *pane_.findChild<CRSS_HtmlView*>();
   CRSS_RightBottomToolBarWnd& toolbar_ = *pane_.findChild<CRSS_RightBottomToolBarWnd*>();
 };

@@ -31,7 +31,7 @@ TEST_F(BrowserPane, TheMainPageAndAPostAreGeneratedAndTheFeedIsShownOnlyInTheWeb
   EXPECT_EQ(Evaluate("document.getElementById('rsspath-0')"), QVariant());
   EXPECT_EQ(server_.Requests("/post") + std::ssize(frame_.messages), 0);
   frame_.state.listMode = ListMode::WebDirectory;
-  frame_.showsRemoteImages = false;
+  ASSERT_TRUE(frame_.registry.WriteDword(kModuleKey, kValueBlockRemoteImages, 1));
   Show(post);
   EXPECT_EQ(Evaluate("document.getElementById('rsspath-0').title"), "http://feed.example/");
   EXPECT_TRUE(Evaluate("document.head.innerHTML").toString().contains("img-src feedloom: data:\""));
@@ -166,7 +166,7 @@ TEST_F(BrowserPane, APagesOwnDialogsAreToldNo) {
 TEST_F(BrowserPane, AWindowOfAPagesOwnOpensInItsPlaceWhenTheUserClicks) {
   server_.Serve("/next", "the next page", "text/html");
   std::vector<QUrl> outside;
-  frame_.actions.openOutside = [&](const QUrl& url) { return outside.push_back(url), true; };
+  frame_.services.openExternally = [&](const QUrl& url) { return outside.push_back(url), true; };
   Visit("/web",
         "<a id=l onclick=\"window.open('/next')\">x</a><a id=e onclick=\"window.open('')\">y</a>"
         "<a id=m onclick=\"window.open('mailto:a@h')\">z</a><script>window.open('/next')</script>");

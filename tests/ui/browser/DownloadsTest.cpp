@@ -14,9 +14,7 @@ const std::string kLong(32 << 20, 'x');  // not here at once
 
 struct DownloadsTest : BrowserFixture {
   DownloadsTest() {
-    frame_.actions.askDownloadPlace = [this](auto& name, auto&) {
-      return asked_ << name, place_();
-    };
+    frame_.services.askSavePath = [this](auto& name, auto&) { return asked_ << name, place_(); };
     Write("a page");
   }
   void Download(const char* path) {
@@ -113,7 +111,8 @@ TEST_F(DownloadsTest, APlaceThatCannotBeWrittenFails) {
 }
 
 TEST_F(DownloadsTest, ThePaneMayGoMeanwhileAndLeavesNothing) {
-  auto pane = std::make_unique<CRSS_RightBottomContainer>(frame_, nullptr);
+  auto pane =
+      std::make_unique<CRSS_RightBottomContainer>(frame_, frame_, frame_, frame_.services, nullptr);
   server_.Endless("/slow.bin");
   pane->findChild<CRSS_HtmlView*>()->Navigate(Url("/slow.bin"));
   EXPECT_TRUE(ComesTrue([&] { return !folder_.Names().empty(); }));

@@ -11,7 +11,9 @@ namespace {
 class Links : public BrowserFixture {
  protected:
   Links() {
-    frame_.actions.openOutside = [this](const QUrl& url) { return outside_.push_back(url), true; };
+    frame_.services.openExternally = [this](const QUrl& url) {
+      return outside_.push_back(url), true;
+    };
   }
   PostRow WithLink(const std::string& href) const {
     return Post("post", "/a/b.html?p=1", "<a id=l href='" + href + "'>link</a><p id=part>.");
@@ -70,7 +72,7 @@ TEST_F(Links, RelativePicturesOfAPostComeFromItsServerUnlessTheUserWantsNone) {
   for (const char* path : {"/a/x.css", "/a/x.js", "/a/x.html"})
     EXPECT_EQ(server_.Requests(path), 0) << path;
   const int requests = server_.Requests("/a/near.gif");
-  frame_.showsRemoteImages = false;
+  ASSERT_TRUE(frame_.registry.WriteDword(kModuleKey, kValueBlockRemoteImages, 1));
   Show(Post("post", "/a/b.html", html));
   LetEngineFinish();
   Visit("/settled", "the server has seen all that was asked before");

@@ -18,11 +18,11 @@ using Texts = std::vector<std::string>;
 
 struct PageCommandsTest : BrowserFixture {
   PageCommandsTest() {
-    frame_.actions.chooseCabinet = [this] {
+    frame_.services.chooseCabinet = [this] {
       if (++asked_; whileAsked_) whileAsked_();
       return cabinet_;
     };
-    frame_.actions.openOutside = [this](const QUrl& url) {
+    frame_.services.openExternally = [this](const QUrl& url) {
       outside_.push_back(url.toString().toStdString());
       return opens_;
     };
@@ -158,7 +158,7 @@ TEST_F(PageCommandsTest, FindsInThePage) {
 
 TEST_F(PageCommandsTest, PrintsThePageAsItStandsOrSaysThatItCannot) {
   QString file;
-  frame_.actions.choosePrinter = [&](QPrinter& printer) {
+  frame_.services.choosePrinter = [&](QPrinter& printer) {
     printer.setOutputFileName(file);
     return true;
   };

@@ -21,10 +21,10 @@ struct PlainPage : QWebEnginePage {
 class Traps : public BrowserFixture {
  protected:
   Traps() {
-    frame_.actions.askDownloadPlace = [this](auto& name, auto& host) {
+    frame_.services.askSavePath = [this](auto& name, auto& host) {
       return saves_ << name + " of " + host, FilePath(name);
     };
-    frame_.actions.askLogin = [this](const LoginQuestion& question) {
+    frame_.services.askLogin = [this](const LoginQuestion& question) {
       logins_ << question.host + (question.isProxy ? " proxy " : " ") + question.realm;
       return login_;
     };

@@ -1,7 +1,9 @@
 // A dialog of the module over a parent, as a user meets it, and what every user needs of one.
 #pragma once
 
-#include "ui/FakeFrame.h"
+#include "ui/ChannelFacts.h"
+#include "ui/Fakes.h"
+#include "ui/Login.h"
 #include "ui/dialogs/Dialogs.h"
 #include "vxctrl/AccessibleTree.h"
 #include "vxctrl/CButtonEx.h"
@@ -50,6 +52,10 @@ inline void ExpectRoomIn(const QWidget& in) {
   }
 }
 
+struct DialogFrame : FakeDesk, FakeRefreshing, FakeSubscribing {
+  DialogFrame() : FakeSubscribing(static_cast<FakeDesk&>(*this)) {}
+};
+
 struct DialogFixture : testing::Test {
   using Keys = std::vector<std::string>;
   using Action = std::function<void()>;
@@ -80,7 +86,7 @@ struct DialogFixture : testing::Test {
   }
   QLineEdit& Box(int box = 0) { return *dialog->findChildren<QLineEdit*>()[box]; }
 
-  FakeFrame frame;
+  DialogFrame frame;
   std::unique_ptr<QWidget> parent = std::make_unique<QWidget>();
   DialogAnswers answers;
   QDialog* dialog = nullptr;  // that waits for the user

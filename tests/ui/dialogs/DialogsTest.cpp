@@ -13,7 +13,7 @@ const FeedCheckAnswer kPage{.announcedFeed = "http://home/rss"};
 struct Dialogs : DialogFixture {
   void Add(const std::string& folder, const char* address, Action action) {
     WhenShown(std::move(action));
-    ShowChannelAdd(frame, parent.get(), folder, address);
+    ShowChannelAdd(frame, frame, frame, parent.get(), folder, address);
   }
   Keys Check(const FeedCheckAnswer& answer) {
     Click("주소 확인");
@@ -35,8 +35,8 @@ struct Dialogs : DialogFixture {
 
 TEST_F(Dialogs, QuestionsArePutAgainUntilTheAnswerWillDo) {
   const auto ask = [&](int question) -> std::optional<std::string> {
-    if (question == 0) return ShowGroupAdd(frame, parent.get()), "";
-    if (question == 1) return ShowCabinetAdd(frame, parent.get()), "";
+    if (question == 0) return ShowGroupAdd(frame, frame, parent.get()), "";
+    if (question == 1) return ShowCabinetAdd(frame, frame, parent.get()), "";
     if (question == 2) return AskGroupName(frame, parent.get(), "&lt;b");
     if (question == 3) return AskChannelName(frame, parent.get(), channel_);
     if (question == 4) return AskCabinetName(frame, parent.get(), "Old");
@@ -100,10 +100,10 @@ TEST_F(Dialogs, ACabinetIsChosenFromAllInTheirOrder) {
 TEST_F(Dialogs, ANameThatCannotBeStoredIsReported) {
   frame.db.Sql("drop table TB_SCRAP_POST; drop table TB_FOLDER");
   WhenShown([&] { Try("Shelf"); });
-  ShowCabinetAdd(frame, parent.get());
+  ShowCabinetAdd(frame, frame, parent.get());
   EXPECT_EQ(Messages(), Keys{kTextCabinetError});
   WhenShown([&] { EXPECT_EQ(Try("Group"), Keys{kTextGroupError}); });
-  ShowGroupAdd(frame, parent.get());
+  ShowGroupAdd(frame, frame, parent.get());
 }
 
 TEST_F(Dialogs, AFeedIsCheckedAndThenStoredShownAndRefreshed) {
@@ -122,7 +122,7 @@ TEST_F(Dialogs, AFeedIsCheckedAndThenStoredShownAndRefreshed) {
     EXPECT_EQ(Look(*dialog), "채널 추가; 주소 확인; >채널 주소=http://daily/a%20b; 취소");
     Box().setText("http://example.com/Daily");
     Press(Qt::Key_Return);  // checks
-    EXPECT_EQ(frame.asked, (Keys{"http://daily/a%20b", "http://example.com/Daily"}));
+    EXPECT_EQ(frame.checked, (Keys{"http://daily/a%20b", "http://example.com/Daily"}));
     frame.answerCheck(kFeed);
     EXPECT_EQ(
         Look(*dialog),
@@ -152,7 +152,7 @@ TEST_F(Dialogs, AnAnnouncedAddressThatIsNoFeedIsReadAsTheBrowserReadsIt) {
       if (isEdited) QTest::keyClicks(&Box(), "2");
       EXPECT_EQ(Check({}), isEdited ? Keys{kTextAddChannelCheckError} : Keys{});
       if (isEdited) return;
-      EXPECT_EQ(frame.asked.back(), "http://h:8080/x.xml");
+      EXPECT_EQ(frame.checked.back(), "http://h:8080/x.xml");
       std::function(frame.answerCheck)({});
       EXPECT_EQ(Messages(), Keys{kTextAddChannelCheckError});
     });
@@ -208,7 +208,7 @@ TEST_F(Dialogs, AChannelIsShownAndGoesToAFolderThatHasNotItsAddress) {
     EXPECT_EQ(ChooseWhileLocked("운동"), Keys{kTextMoveError});
     Press(Qt::Key_Return);
   });
-  ShowChannelMove(frame, parent.get(), channel_);
+  ShowChannelMove(frame, frame, parent.get(), channel_);
   EXPECT_EQ(frame.moves, (std::vector<std::pair<int, int>>{{daily_, gone + 1}}));
   EXPECT_EQ(frame.db.Count("TB_CHANNEL where channel_folderID = 3"), 1);
 }
@@ -217,7 +217,7 @@ TEST_F(Dialogs, ListsGoToTheHandsetAndBackAndTheHostHearsOfIt) {
   frame.skin.SetHostValue(kValueWorkDir, frame.workFolder.Path());
   const std::string look = "핸드셋과 동기화; >연결된 핸드셋: ";
   WhenShown([&] { EXPECT_EQ(Look(*dialog), look + "연결된 핸드셋이 없습니다.; 닫기"); });
-  ShowSync(frame, parent.get());
+  ShowSync(frame, frame, parent.get());
   frame.skin.SetHostValue(kValueModelName, "H3");
   WhenShown([&] {
     const auto press = [&](const std::string& text, const std::string& buttons) {
@@ -233,13 +233,13 @@ TEST_F(Dialogs, ListsGoToTheHandsetAndBackAndTheHostHearsOfIt) {
     press("핸드셋과 동기화했습니다: 보낸 채널 12, 받은 채널 0", "; 동기화");
     press("동기화하는 중입니다.", "");  // Enter does nothing now
     const std::string sent = frame.workFolder.File("Skyfold_pc.opml");
-    EXPECT_EQ(frame.asked, (Keys{sent, sent, sent, received}));
+    EXPECT_EQ(frame.exchanged, (Keys{sent, sent, sent, received}));
     frame.endMerge({});
     press("채널 12개를 핸드셋에 보냈지만, 핸드셋이 남긴 목록은 가져오지 못했습니다.", "; 동기화");
     Click("닫기");
     EXPECT_FALSE(dialog->isVisible());
   });
-  ShowSync(frame, parent.get());
+  ShowSync(frame, frame, parent.get());
   frame.endMerge(ImportSums{.added = 2});  // after the dialog was closed
   EXPECT_EQ(frame.messages.back(), Korean("핸드셋과 동기화했습니다: 보낸 채널 12, 받은 채널 2"));
 }
@@ -281,7 +281,7 @@ TEST_F(Dialogs, AFileIsAskedForWithTheSuggestedNameInTheUsersFolder) {
     });
   };
   enter("h.example에서 받는 파일 저장; " + folder + "; All Files (*); tone.wav; save", "kept.wav");
-  EXPECT_TRUE(AskDownloadPlace(frame, parent.get(), "tone.wav", "h.example").endsWith("/kept.wav"));
+  EXPECT_TRUE(AskSavePath(frame, parent.get(), "tone.wav", "h.example").endsWith("/kept.wav"));
   const std::string list = home.Write("목록.xml", "");
   const QString import = "OPML 파일 가져오기; " + folder + "; OPML File (*.xml *.opml); ; open";
   enter(import, "목록.xml");

@@ -11,7 +11,7 @@ struct DirectoryDlg : DialogFixture {
   void Show(Action action) {
     frame.directoryService = service.Address();
     WhenShown(std::move(action));
-    ShowDirectory(frame, parent.get());
+    ShowDirectory(frame, frame, parent.get());
   }
   CVxListCtrl& Found() { return *dialog->findChild<CVxListCtrl*>(); }
   std::string Line() { return dialog->findChildren<QLabel*>()[0]->text().toStdString(); }

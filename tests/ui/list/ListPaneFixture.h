@@ -4,7 +4,7 @@
 #include <QTest>
 #include <QtWidgets>
 
-#include "ui/FakeFrame.h"
+#include "ui/Fakes.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/list/CRSS_RightTopToolBarWnd.h"
 #include "ui/list/PostListModel.h"
@@ -16,9 +16,10 @@ namespace feedloom {
 using Strings = std::vector<std::string>;
 
 // Lists in a pane, as the frame itself does.
-struct ListingFrame : FakeFrame {
-  void ListPosts(ListMode mode, PostList list, FirstShown first) override {
-    FakeFrame::ListPosts(mode, list, first);
+struct ListingFrame : FakeDesk, FakeReading, FakeSubscribing {
+  ListingFrame() : FakeReading(state), FakeSubscribing(static_cast<FakeDesk&>(*this)) {}
+  void ListPosts(ListMode mode, PostList list, FirstPost first) override {
+    FakeReading::ListPosts(mode, list, first);
     pane->Fill(std::move(list));
     pane->ShowFirst(first);
   }
@@ -76,7 +77,7 @@ struct PostListPane : testing::Test {
   }
 
   ListingFrame frame_;
-  CRSS_RightTopContainer pane_{frame_, nullptr};
+  CRSS_RightTopContainer pane_{frame_, frame_, frame_, nullptr};
   CVxListCtrl& list_ = *pane_.findChild<CVxListCtrl*>();
   CRSS_RightTopToolBarWnd& bar_ = *pane_.findChild<CRSS_RightTopToolBarWnd*>();
   QLineEdit& word_ = *bar_.findChild<QLineEdit*>();

@@ -65,7 +65,7 @@ TEST_F(SearchTest, TheWebsFirstPageIsListedAndFurtherOnesAtTheEndOfTheList) {
   EXPECT_EQ(bar_.accessibleDescription(), "검색결과 : 73건");
   button_.click();
   EXPECT_TRUE(GetsRows(50));
-  frame_.ListPosts(ListMode::Selection, NumberedPosts(60), FirstShown::First);
+  frame_.ListPosts(ListMode::Selection, NumberedPosts(60), FirstPost::First);
   PressEnd();
   EXPECT_TRUE(list_.isEnabled()) << "these are not the directory's rows";
 }
@@ -109,7 +109,7 @@ TEST_F(SearchTest, APaneThatGoesWhileTheUserIsAskedOrASearchRunsIsNotTouched) {
   frame_.nextAnswer = MsgBoxAnswer::Declined;
   service_.Hang(1);
   for (const QString word : {"", "word"}) {
-    pane = std::make_unique<CRSS_RightTopContainer>(frame_, nullptr);
+    pane = std::make_unique<CRSS_RightTopContainer>(frame_, frame_, frame_, nullptr);
     pane->findChild<QLineEdit*>()->setText(word);
     pane->findChild<QAbstractButton*>()->click();
     EXPECT_EQ(pane == nullptr, word.isEmpty());

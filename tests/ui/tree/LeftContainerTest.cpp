@@ -66,6 +66,8 @@ TEST_F(LeftContainerTest, EachClickListsOnce) {
 }
 
 TEST_F(LeftContainerTest, EachKeySelectsAndListsOnce) {
+  QSignalSpy unread(pane.get(), &CRSS_LeftContainer::UnreadPostWanted);
+  QSignalSpy search(pane.get(), &CRSS_LeftContainer::SearchWanted);
   const std::pair<Qt::Key, const char*> cases[] = {
       {Qt::Key_End, "Later 1"},    {Qt::Key_Up, "Keep(1) 2"},    {Qt::Key_Home, "News(3) 3"},
       {Qt::Key_Home, "News(3) 3"}, {Qt::Key_Enter, "News(3) 4"}, {Qt::Key_Return, "News(3) 5"},
@@ -74,9 +76,9 @@ TEST_F(LeftContainerTest, EachKeySelectsAndListsOnce) {
     Press(key);
     EXPECT_EQ(Selection(), selection);  // no letter seeks a name
   }
-  EXPECT_EQ(frame.unreadPostsAsked, (std::vector<bool>{true, false}));
+  EXPECT_EQ(unread, (QList<QVariantList>{{true}, {false}}));
   QTest::keyClick(tree, Qt::Key_F, Qt::ControlModifier);
-  EXPECT_EQ(frame.searchFocuses, 1);
+  EXPECT_EQ(search.count(), 1);
 }
 
 TEST_F(LeftContainerTest, GoesToTheNextOrPreviousRowWithUnreadPosts) {
@@ -92,11 +94,11 @@ TEST_F(LeftContainerTest, GoesToTheNextOrPreviousRowWithUnreadPosts) {
       EXPECT_EQ(tree->SelectedRow().data(), forward ? next : previous) << from;
     }
   }
-  using enum FirstShown;
-  frame.firstShowns.clear();
+  using enum FirstPost;
+  frame.firstPosts.clear();
   for (const bool forward : {true, false}) pane->GoToUnreadRow(forward);
   Click(PlaceOf("News"));
-  EXPECT_EQ(frame.firstShowns, (std::vector{FirstUnread, LastUnread, First}));
+  EXPECT_EQ(frame.firstPosts, (std::vector{FirstUnread, LastUnread, First}));
 }
 
 TEST_F(LeftContainerTest, AGroupsCountFollowsItsRowsAndNoneGoesBelowZero) {
@@ -106,7 +108,8 @@ TEST_F(LeftContainerTest, AGroupsCountFollowsItsRowsAndNoneGoesBelowZero) {
   for (int i = 0; i < 3; ++i) ReadPost(weekly, false);
   for (const int owner : {keep, 999}) ReadPost(owner, true);
   EXPECT_EQ(Rows(), "News(5) Daily(5) Weekly Sports 보관함 Keep Later");
-  for (const int cabinet : {keep, 999}) pane->PostIsSaved(cabinet);  // one of another program
+  for (const int cabinet : {keep, 999})
+    pane->UnreadPostWasSaved(cabinet);  // one of another program
   pane->SetChannelUnread(weekly, 2);
   ReadPost(0, false, 3);  // the weekly one, found by a search
   EXPECT_EQ(Rows(), "News(6) Daily(5) Weekly(1) Sports 보관함(2) Keep(1) Later");
@@ -123,7 +126,7 @@ TEST_F(LeftContainerTest, AGroupsCountFollowsItsRowsAndNoneGoesBelowZero) {
   EXPECT_EQ(Rows(), "F X G(1) Y(3) 보관함 B");
   pane->SetChannelUnread(6, 0);  // more than its folder has
   for (const int channel : {5, 6}) pane->SetChannelUnread(channel, 2);
-  pane->PostIsSaved(6);
+  pane->UnreadPostWasSaved(6);
   EXPECT_EQ(Rows(), "F(2) X(2) G(2) Y(2) 보관함(1) B(1)");
 }
 
@@ -251,23 +254,28 @@ TEST_F(LeftContainerTest, RowsAreDrawnAlsoWithoutTheSkinsImages) {
 }
 
 TEST_F(LeftContainerTest, AChannelIsAddedToTheSelectedFolder) {
-  Strings asked;
-  frame.actions.addChannel = [&](const std::string& folder, const std::string& address) {
-    asked.push_back(folder + " " + address);
-  };
+  QStringList asked;
+  DialogAnswers answers;
+  for (int i = 0; i < 2; ++i) {
+    answers.Next([&](QDialog& dialog) {
+      asked << dialog.findChild<QComboBox*>()->currentText()
+            << dialog.findChild<QLineEdit*>()->text();
+    });
+  }
+  frame.db.AddChannelWithPosts(sports, "Ball", 1);
   Open();
-  Click(PlaceOf("Weekly"));
+  Click(PlaceOf("Ball"));
   buttons[CRSS_LeftToolBarWnd::kAddChannel]->click();
   Click(PlaceOf("보관함"));
   pane->AddChannel("http://feed.example/");
-  EXPECT_EQ(asked, (Strings{"News ", " http://feed.example/"}));
-  frame.actions.addChannel = [&](const std::string&, const std::string&) { pane.reset(); };
+  EXPECT_EQ(asked, (QStringList{"Sports", "", "News", "http://feed.example/"}));
+  answers.Next([&](QDialog&) { pane.reset(); });
   pane->AddChannel("");  // the pane may go while the dialog is open
 }
 
 TEST_F(LeftContainerTest, TheTimersFollowTheLiveSettings) {
   int notices = 0;
-  frame.actions.notifyOfNewPosts = [&] { ++notices; };
+  QObject::connect(pane.get(), &CRSS_LeftContainer::NoticeIsDue, [&] { ++notices; });
   const auto timers = pane->findChildren<QTimer*>(Qt::FindDirectChildrenOnly);
   const int cases[][5] = {{0, 0, 0, 15, 15}, {0, 1, 1, 30, 30}, {0, 2, 2, 60, 60},
                           {0, 3, 3, 120, 0}, {0, 4, -1, 0, 0},  {1, 0, 1, 0, 30}};

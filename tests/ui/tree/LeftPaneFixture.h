@@ -6,10 +6,11 @@
 
 #include "store/Cabinets.h"
 #include "store/Folders.h"
-#include "ui/FakeFrame.h"
+#include "ui/Fakes.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 #include "ui/tree/CRSS_LeftToolBarWnd.h"
+#include "vxctrl/DialogAnswers.h"
 
 namespace feedloom {
 
@@ -22,7 +23,7 @@ struct LeftPaneFixture : testing::Test {
     frame.onRecount = [this](bool scrap) { pane->RecountUnread(scrap); };
   }
   void Open() {
-    pane = std::make_unique<CRSS_LeftContainer>(frame, nullptr);
+    pane = std::make_unique<CRSS_LeftContainer>(frame, frame, frame, frame, nullptr);
     tree = pane->findChild<CRSS_GroupTreeCtrl*>();
     buttons = pane->findChildren<QAbstractButton*>();
     using Tester = QAbstractItemModelTester;

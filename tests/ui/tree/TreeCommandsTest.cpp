@@ -5,28 +5,19 @@
 namespace feedloom {
 
 struct TreeCommandsTest : LeftPaneFixture {
-  // Actions that note what they are told, and answer with `answer`.
-  void GiveActions() {
-    Actions& to = frame.actions;
-    const auto note = [this](const std::string& text) { return told += text, answer; };
-    const auto noteFacts = [=](const ChannelFacts& channel) {
-      return note(channel.title + " of " + channel.folderName + " at " + channel.xmlLink);
-    };
-    to.askSearchWord = [this] { return answer; };
-    to.exportOpml = to.askGroupName = to.askCabinetName = note;
-    to.moveChannel = to.showChannelInfo = to.askChannelName = noteFacts;
-    to.addChannel = [=](const std::string& folder, const std::string&) { note(folder); };
-    int number = 0;
-    for (auto* const open : {&to.addGroup, &to.addCabinet, &to.importFile, &to.importAddress,
-                             &to.synchronise, &to.openSettings, &to.openDirectory}) {
-      *open = [=, n = ++number] { note(std::to_string(n)); };
-    }
-  }
-  // What actions were told, what was listed and queued, and the rows when they changed.
+  // The dialog that was shown, and answered with `answer`; what was listed and queued; the rows
+  // when they changed.
   std::string After(const QString& label, int command) {
     Click(PlaceOf(label.isEmpty() ? "News" : label));
     const std::string before = Rows();
-    told.clear();
+    std::string told;
+    DialogAnswers answers;
+    answers.Next([&](QDialog& dialog) {
+      told = QString(dialog.metaObject()->className()).section(':', -1).toStdString();
+      if (!answer) return;
+      dialog.findChild<QLineEdit*>()->setText(QString::fromStdString(*answer));
+      QTest::keyClick(&dialog, Qt::Key_Return);
+    });
     frame.lists.clear();
     Choose(label, command);
     if (!frame.lists.empty()) told += Listed();
@@ -46,38 +37,33 @@ struct TreeCommandsTest : LeftPaneFixture {
     return grey;
   }
 
-  std::string told;
   std::optional<std::string> answer;
 };
 
 TEST_F(TreeCommandsTest, EachDoesWhatItIsCalledToTheSelectedRow) {
-  GiveActions();
   frame.db.Clock().Set(NoonOf(2008, 5, 1));  // the day of all posts
   frame.db.AddChannelWithPosts(sports, "Ball", 1);
   Open();
-  const std::string facts = "Weekly of News at http://example.com/Weekly";
   const struct {
     const char* label;
     int command;
     const char* answer;
     std::string outcome;
   } cases[] = {
-      {"Weekly", kCommandMoveChannel, "", facts},
-      {"Weekly", kCommandChannelInfo, "", facts},
-      {"", kCommandAddGroup, "", "1"},
-      {"", kCommandAddCabinet, "", "2"},
-      {"", kCommandImportFile, "", "3"},
-      {"", kCommandImportAddress, "", "4"},
-      {"", kCommandSynchronise, "", "5"},
-      {"", kCommandSettings, "", "6"},
-      {"", kCommandExportOpml, "", "Skyfold_20080501"},
+      {"Weekly", kCommandMoveChannel, nullptr, "CRSS_ChannelMoveDlg"},
+      {"Weekly", kCommandChannelInfo, nullptr, "CRSS_ChannelInfoDlg"},
+      {"", kCommandAddGroup, nullptr, "CRSS_GroupAddDlg"},
+      {"", kCommandAddCabinet, nullptr, "CRSS_CabinetAddDlg"},
+      {"", kCommandImportFile, nullptr, "QFileDialog"},
+      {"", kCommandImportAddress, nullptr, "CRSS_OpmlDlg"},
+      {"", kCommandSynchronise, nullptr, "CRSS_SyncDlg"},
       {"", kCommandToday, "", "Daily Post 2, Daily Post 1, Weekly Post 1, Ball Post 1, today"},
       {"Sports", kCommandTodayInGroup, "", "Ball Post 1, today"},
-      {"News", kCommandSearchGroup, "1", "Daily Post 1, Weekly Post 1, "},
-      {"Weekly", kCommandSearchChannel, "Post", "Weekly Post 1, "},
-      {"Later", kCommandSearchCabinet, "ave", "+"},
-      {"보관함", kCommandSearchAllCabinets, "ave", "+Keep Saved, "},
-      {"News", kCommandSearchGroup, nullptr, ""},
+      {"News", kCommandSearchGroup, "1", "CRSS_SearchDlgDaily Post 1, Weekly Post 1, "},
+      {"Weekly", kCommandSearchChannel, "Post", "CRSS_SearchDlgWeekly Post 1, "},
+      {"Later", kCommandSearchCabinet, "ave", "CRSS_SearchDlg+"},
+      {"보관함", kCommandSearchAllCabinets, "ave", "CRSS_SearchDlg+Keep Saved, "},
+      {"News", kCommandSearchGroup, nullptr, "CRSS_SearchDlg"},
       {"Weekly", kCommandRefreshChannel, "", "Weekly "},
       {"News", kCommandRefreshGroup, "", "Daily "},
       {"Daily", kCommandMarkAllRead, "",
@@ -88,17 +74,27 @@ TEST_F(TreeCommandsTest, EachDoesWhatItIsCalledToTheSelectedRow) {
       {"Keep", kCommandMarkAllUnread, "",
        "News Daily Weekly Sports(1) Ball(1) 보관함(1) [Keep(1)] Later"},
       {"Weekly", kCommandRenameChild, "R&amp;D",
-       facts + "News Daily [R&D] Sports(1) Ball(1) 보관함(1) Keep(1) Later"},
+       "CRSS_ChannelRenameDlgNews Daily [R&D] Sports(1) Ball(1) 보관함(1) Keep(1) Later"},
       {"Sports", kCommandRenameGroup, "It's",
-       "SportsNews Daily R&D [It's(1)] Ball(1) 보관함(1) Keep(1) Later"},
+       "CRSS_GroupRenameDlgNews Daily R&D [It's(1)] Ball(1) 보관함(1) Keep(1) Later"},
       {"Later", kCommandRenameChild, "Box",
-       "LaterNews Daily R&D It's(1) Ball(1) 보관함(1) Keep(1) [Box]"},
+       "CRSS_ChannelRenameDlgNews Daily R&D It's(1) Ball(1) 보관함(1) Keep(1) [Box]"},
   };
   for (const auto& [label, command, word, outcome] : cases) {
     answer = word ? std::optional<std::string>(word) : std::nullopt;
     EXPECT_EQ(After(label, command), outcome) << label << " " << command;
   }
   EXPECT_EQ(frame.relists.size(), 4U) << "one for each mark";
+  DialogAnswers answers;
+  QString file;
+  answers.Next([&](QDialog& dialog) {
+    file = dynamic_cast<QFileDialog&>(dialog).selectedFiles()[0].section('/', -1);
+  });
+  Choose("", kCommandExportOpml);
+  EXPECT_EQ(file, "Skyfold_20080501.xml");
+  QSignalSpy settings(pane.get(), &CRSS_LeftContainer::SettingsWanted);
+  Choose("", kCommandSettings);
+  EXPECT_EQ(settings.count(), 1);
   frame.db.Sql("alter table TB_POST rename to TB_GONE");
   Choose("Ball", kCommandMarkAllRead);
   EXPECT_EQ(frame.questions, Strings{kTextReadStatusError});
@@ -156,8 +152,8 @@ TEST_F(TreeCommandsTest, DeletingAsksFirstAndSparesWhatARefreshOrTheHostNeeds) {
 
 TEST_F(TreeCommandsTest, APaneThatGoesWhileAQuestionStandsIsLeftAlone) {
   frame.whileAsking = [this] { pane.reset(); };
-  frame.actions.askSearchWord = [this] { return pane.reset(), std::nullopt; };
-  frame.actions.askGroupName = [this](const std::string&) { return pane.reset(), std::nullopt; };
+  DialogAnswers answers;
+  for (int i = 0; i < 2; ++i) answers.Next([this](QDialog&) { pane.reset(); });
   for (const int command : {kCommandDeleteGroup, kCommandSearchGroup, kCommandRenameGroup}) {
     Open();
     Choose("News", command);
@@ -165,18 +161,14 @@ TEST_F(TreeCommandsTest, APaneThatGoesWhileAQuestionStandsIsLeftAlone) {
   }
 }
 
-TEST_F(TreeCommandsTest, MenusGreyWhatTheRowOrAMissingActionDoesNotAllow) {
+TEST_F(TreeCommandsTest, MenusGreyWhatTheRowDoesNotAllowAndListsUntilTheTreeIsRead) {
   Open();
   using Commands = std::set<int>;
-  EXPECT_EQ(Grey({"News", "Daily", "보관함", "Keep", ""}),
-            (Commands{kCommandAddChannel, kCommandAddGroup, kCommandAddCabinet, kCommandRenameGroup,
-                      kCommandRenameChild, kCommandMoveChannel, kCommandChannelInfo,
-                      kCommandSearchGroup, kCommandSearchChannel, kCommandSearchCabinet,
-                      kCommandSearchAllCabinets, kCommandImportFile, kCommandImportAddress,
-                      kCommandExportOpml, kCommandSynchronise, kCommandSettings}));
-  GiveActions();
   EXPECT_EQ(Grey({"Sports", "Later"}), (Commands{kCommandMarkAllRead, kCommandMarkAllUnread}));
-  EXPECT_EQ(Grey({"Daily", "Keep"}), Commands());
+  EXPECT_EQ(Grey({"Daily", "Keep", ""}), Commands());
+  frame.nextExport.reset();
+  EXPECT_EQ(Grey({""}), (Commands{kCommandImportFile, kCommandImportAddress, kCommandExportOpml,
+                                  kCommandSynchronise}));
   frame.db.Sql("delete from TB_FOLDER where folder_name = 'Sports'");
   frame.db.Sql("update TB_FOLDER set folder_order = -1");
   pane->LoadTree();

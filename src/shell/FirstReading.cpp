@@ -1,4 +1,4 @@
-#include "shell/StartContent.h"
+#include "shell/FirstReading.h"
 
 #include <string_view>
 #include <utility>
@@ -11,8 +11,6 @@
 
 namespace feedloom {
 namespace {
-
-constexpr std::chrono::milliseconds kRetryPeriod{500};
 
 bool DeletesOldPosts(const Settings& settings) {
   return settings.feedDeleteMode == 0 && settings.feedDeleteDate > 0;
@@ -29,26 +27,26 @@ std::optional<TreeContent> ReadTree(Store& rows, Store& folders) {
   return tree;
 }
 
-StartContent ReadBeforeDeletion(Store& rows, Store& folders, const Settings& settings) {
-  StartContent content{.unread = CountUnreadPosts(rows), .tree = std::nullopt};
+FirstContent ReadBeforeDeletion(Store& rows, Store& folders, const Settings& settings) {
+  FirstContent content{.unread = CountUnreadPosts(rows), .tree = std::nullopt};
   if (content.unread >= 0 && !DeletesOldPosts(settings)) content.tree = ReadTree(rows, folders);
   return content;
 }
 
 // Old posts that cannot be deleted stay in the tree; the store reports the failure.
-StartContent DeleteAndRead(Store& rows, Store& folders, const Settings& settings,
-                           StartContent content) {
+FirstContent DeleteAndRead(Store& rows, Store& folders, const Settings& settings,
+                           FirstContent content) {
   if (content.unread < 0 || !DeletesOldPosts(settings)) return content;
   DeleteOldPosts(rows, settings.feedDeleteDate);
   content.tree = ReadTree(rows, folders);
   return content;
 }
 
-StartContent ReadAll(Store& store, const Settings& settings) {
+}  // namespace
+
+FirstContent ReadFirstContent(Store& store, const Settings& settings) {
   return DeleteAndRead(store, store, settings, ReadBeforeDeletion(store, store, settings));
 }
-
-}  // namespace
 
 CollectingStore::CollectingStore(const Store& other)
     : store(other.DbPath(), other.TextCodePage(), SystemClock(),
@@ -59,7 +57,7 @@ FirstReading::FirstReading(const Store& store, const Settings& settings)
         return ReadBeforeDeletion(rows_.store, folders_.store, settings_);
       })) {}
 
-StartContent FirstReading::Finish() {
+FirstContent FirstReading::Finish() {
   return DeleteAndRead(rows_.store, folders_.store, settings_, first_.get());
 }
 
@@ -67,33 +65,6 @@ std::vector<std::string> FirstReading::Failures() const {
   std::vector<std::string> all = rows_.failures;
   all.insert(all.end(), folders_.failures.begin(), folders_.failures.end());
   return all;
-}
-
-StartRetry::StartRetry(std::shared_ptr<Store> store, const Settings& settings,
-                       BackgroundJobs::Post toOwner, OnRead onRead)
-    : store_(std::move(store)),
-      settings_(settings),
-      onRead_(std::move(onRead)),
-      jobs_(std::move(toOwner)) {
-  timer_.setSingleShot(true);
-  timer_.callOnTimeout([this] { ReadNow(); });
-  timer_.start(kRetryPeriod);
-}
-
-void StartRetry::ReadNow() {
-  timer_.stop();
-  jobs_.StopAll();
-  const auto job = [this, store = store_, settings = settings_](const std::stop_token& /*stop*/,
-                                                                const BackgroundJobs::Tell& tell) {
-    tell([this, content = ReadAll(*store, settings)] { Take(content); });
-  };
-  jobs_.Start(job, [this] { Take(ReadAll(*store_, settings_)); });
-}
-
-void StartRetry::Take(StartContent content) {
-  if (!content.tree) return timer_.start(kRetryPeriod);
-  const OnRead onRead = onRead_;  // outlives this object, which it may destroy
-  onRead(std::move(content));
 }
 
 }  // namespace feedloom

@@ -1,26 +1,24 @@
-// What the frame reads of the store at its start: first while the panes are built, and again until
-// it can be read.
 #pragma once
 
-#include <QTimer>
-#include <functional>
 #include <future>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "platform/BackgroundJobs.h"
 #include "store/Store.h"
 #include "ui/Settings.h"
 #include "ui/tree/GroupTreeModel.h"
 
 namespace feedloom {
 
-struct StartContent {
+// What the frame shows of the store at its start.
+struct FirstContent {
   int unread = -1;                  // unread posts before old ones are deleted
-  std::optional<TreeContent> tree;  // none when a part of the start's content cannot be read
+  std::optional<TreeContent> tree;  // none when a part of the content cannot be read
 };
+
+// Reads the content, after the old posts have been deleted when `settings` want it. Any thread.
+FirstContent ReadFirstContent(Store& store, const Settings& settings);
 
 // A store that keeps its failure messages.
 struct CollectingStore {
@@ -45,7 +43,7 @@ class FirstReading {
 
   // To be called once, when the panes stand: deletes old posts when the settings want it, and
   // returns the content.
-  StartContent Finish();
+  FirstContent Finish();
   // The store's messages after Finish, in its code page.
   std::vector<std::string> Failures() const;
 
@@ -53,31 +51,7 @@ class FirstReading {
   const Settings settings_;
   CollectingStore rows_;
   CollectingStore folders_;
-  std::future<StartContent> first_;  // behind the stores, which its thread uses
-};
-
-// Reads the start's content every half second on a background thread, until it can be read.
-// Interface thread only.
-class StartRetry {
- public:
-  using OnRead = std::function<void(StartContent content)>;
-
-  // Begins half a second later. `toOwner` queues work for the interface thread. `onRead` is called
-  // once, with a tree, and may destroy the object. `store` reports each failure.
-  StartRetry(std::shared_ptr<Store> store, const Settings& settings, BackgroundJobs::Post toOwner,
-             OnRead onRead);
-
-  // Reads at once. What is being read is dropped: it may lack a row that has been stored since.
-  void ReadNow();
-
- private:
-  void Take(StartContent content);
-
-  const std::shared_ptr<Store> store_;
-  const Settings settings_;
-  const OnRead onRead_;
-  QTimer timer_;
-  BackgroundJobs jobs_;
+  std::future<FirstContent> first_;  // behind the stores, which its thread uses
 };
 
 }  // namespace feedloom

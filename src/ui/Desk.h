@@ -1,0 +1,33 @@
+// What every pane and dialog needs of the frame that contains it.
+#pragma once
+
+#include <string_view>
+
+#include "skin/Skin.h"
+#include "store/Store.h"
+#include "ui/SharedState.h"
+#include "vxctrl/CMsgBox.h"
+
+namespace feedloom {
+
+// Interface thread only. Texts are in the module's code page.
+class Desk {
+ public:
+  virtual ~Desk() = default;
+
+  virtual Store& GetStore() = 0;
+  virtual const Skin& GetSkin() const = 0;
+  virtual SharedState& State() = 0;
+
+  // Passes a status text to the host, which shows it.
+  virtual void ReportMessage(std::string_view text) = 0;
+  // Passes a status text that tells how far a page has come, the last one of a page with
+  // `hasEnded`. It does not replace a failure of the store: that stays on display until the page
+  // has ended, or as long as the tree cannot be read.
+  virtual void ReportPage(std::string_view text, bool hasEnded) = 0;
+  // Shows the host's text with this section and key in a message box and waits for the answer. The
+  // frame may be destroyed meanwhile; the answer is then Declined.
+  virtual MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) = 0;
+};
+
+}  // namespace feedloom

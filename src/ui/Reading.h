@@ -1,0 +1,44 @@
+// The reading of posts: the list, the page, and what is still unread.
+#pragma once
+
+#include "store/Rows.h"
+#include "ui/PostList.h"
+#include "ui/SharedState.h"
+
+namespace feedloom {
+
+// Which post of a new list is shown first.
+enum class FirstPost { First, FirstUnread, LastUnread };
+
+// Interface thread only.
+class Reading {
+ public:
+  virtual ~Reading() = default;
+
+  // Fills the post list and sets its mode. Shows the post that `shown` tells, or the main page when
+  // there is no such post.
+  virtual void ListPosts(ListMode mode, PostList list, FirstPost shown = FirstPost::First) = 0;
+  // Updates the post list with the posts of the tree's selection, read again from the store. The
+  // list keeps its scroll position and the browser its page.
+  virtual void RelistPosts(PostList list) = 0;
+  // Reads the posts of the tree's selection again when the list shows them; otherwise does nothing.
+  virtual void ReloadSelection() = 0;
+
+  // Show a post, or the main page, in the browser.
+  virtual void ShowPost(const PostRow& post) = 0;
+  virtual void ShowMainPage() = 0;
+
+  // Selects the next row of the tree with unread posts and shows its first unread post. When
+  // `forward` is false, it is the previous row and its last unread post. Without such a row,
+  // nothing happens.
+  virtual void GoToUnreadRow(bool forward) = 0;
+  // Call this when an unread post was marked read: the tree updates its counts.
+  virtual void PostWasRead(const PostRow& post, bool isScrapPost) = 0;
+  // Call this when an unread post is being saved to the cabinet: the tree updates its count.
+  virtual void UnreadPostWasSaved(int cabinetId) = 0;
+  // Call this when posts, or their read status, have changed: the tree reads its unread counts
+  // again from the store. SharedState::unreadTotal is not changed.
+  virtual void RecountUnread(bool ofScrapPosts) = 0;
+};
+
+}  // namespace feedloom

@@ -1,0 +1,35 @@
+// The refresh of channels, and the check of an address that may become one.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "ingest/RefreshQueue.h"
+
+namespace feedloom {
+
+struct FeedCheckAnswer;
+
+// Interface thread only.
+class Refreshing {
+ public:
+  virtual ~Refreshing() = default;
+
+  // True when at least one of the channels waits for a refresh or is being refreshed.
+  virtual bool IsAnyChannelQueued(std::span<const int> channelIds) const = 0;
+  // Appends the channels to the refresh queue. Channels that are already in it are skipped.
+  virtual void QueueRefresh(std::vector<RefreshEntry> entries) = 0;
+  // Starts refreshing the queued channels; does nothing when the queue is empty.
+  virtual void StartRefresh() = 0;
+
+  // Checks on another thread whether `address` leads to a feed, and calls `onAnswer` with the
+  // result on the interface thread. At most one check runs: `onAnswer` is not called after the
+  // next CheckFeed, after StopFeedCheck, or once the frame is closing.
+  virtual void CheckFeed(const std::string& address,
+                         std::function<void(const FeedCheckAnswer&)> onAnswer) = 0;
+  virtual void StopFeedCheck() = 0;
+};
+
+}  // namespace feedloom
