@@ -5,8 +5,8 @@
 #include "fuzz/FuzzKit.h"
 #include "platform/Text.h"
 #include "skin/Colors.h"
-#include "skin/FilledTexts.h"
 #include "skin/Skin.h"
+#include "skin/TextPlaceholders.h"
 
 namespace feedloom {
 namespace {

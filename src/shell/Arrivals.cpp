@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "platform/Messages.h"
-#include "skin/FilledTexts.h"
 #include "skin/Keys.h"
+#include "skin/TextPlaceholders.h"
 #include "ui/Desk.h"
 #include "ui/Reading.h"
 #include "ui/tree/CRSS_LeftContainer.h"

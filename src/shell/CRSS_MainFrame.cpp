@@ -16,8 +16,8 @@
 #include "shell/ReadingRetry.h"
 #include "shell/SettingsStore.h"
 #include "shell/SubscriptionExchange.h"
-#include "skin/FilledTexts.h"
 #include "skin/Keys.h"
+#include "skin/TextPlaceholders.h"
 #include "store/Backup.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
 #include "ui/browser/EngineProxy.h"
@@ -340,7 +340,7 @@ void CRSS_MainFrame::MergeOpml(const std::string& path,
 }
 
 void CRSS_MainFrame::ListPosts(ListMode mode, PostList list, FirstPost shown) {
-  state_.SetListed(mode, list.wereSearched);
+  state_.SetListed(mode, list.areSearchResults);
   rightTop_->Fill(std::move(list));
   rightTop_->ShowFirst(shown);
 }

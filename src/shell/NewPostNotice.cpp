@@ -4,7 +4,7 @@
 
 #include "ui/Desk.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
-#include "ui/notice/NoticeMotion.h"
+#include "ui/notice/NoticeAnimation.h"
 
 namespace feedloom {
 

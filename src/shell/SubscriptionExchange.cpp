@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "exchange/OpmlExport.h"
-#include "skin/FilledTexts.h"
 #include "skin/Keys.h"
+#include "skin/TextPlaceholders.h"
 #include "ui/Desk.h"
 #include "ui/Refreshing.h"
 #include "ui/Subscribing.h"

@@ -23,9 +23,9 @@ struct SharedState {
   explicit SharedState(Settings& live) : liveSettings(live) {}
 
   // To be called whenever the list is filled, before it is.
-  void SetListed(ListMode mode, bool wereSearched) {
+  void SetListed(ListMode mode, bool areSearchResults) {
     listMode = mode;
-    listShowsSelection = mode == ListMode::Selection && !wereSearched;
+    listShowsSelection = mode == ListMode::Selection && !areSearchResults;
   }
 
   // The number of unread posts: counted at the start (-1 when the store could not be read), then

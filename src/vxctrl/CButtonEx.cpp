@@ -11,7 +11,7 @@
 #include <algorithm>
 
 #include "skin/Skin.h"
-#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinDrawing.h"
 #include "vxctrl/SkinText.h"
 
 namespace feedloom {

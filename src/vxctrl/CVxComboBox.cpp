@@ -3,7 +3,7 @@
 #include <QPainter>
 
 #include "skin/Keys.h"
-#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinDrawing.h"
 
 namespace feedloom {
 namespace {

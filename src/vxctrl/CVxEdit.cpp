@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "skin/Keys.h"
-#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinDrawing.h"
 
 namespace feedloom {
 namespace {

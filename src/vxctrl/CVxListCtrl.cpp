@@ -9,7 +9,7 @@
 #include <algorithm>
 
 #include "vxctrl/AccessibleRole.h"
-#include "vxctrl/RowAccess.h"
+#include "vxctrl/RowAccessibility.h"
 #include "vxctrl/VxListHeader.h"
 
 namespace feedloom {
@@ -107,9 +107,9 @@ bool CVxListCtrl::IsAtEnd() const {
   return verticalScrollBar()->sliderPosition() == verticalScrollBar()->maximum();
 }
 
-void CVxListCtrl::SetClosed(bool isClosed) {
-  if (isClosed != isEnabled()) return;
-  if (isClosed) {
+void CVxListCtrl::SetInputBlocked(bool isBlocked) {
+  if (isBlocked != isEnabled()) return;
+  if (isBlocked) {
     Cover()->show();
     QWidget* const focus = window()->focusWidget();
     if (focus == this || isAncestorOf(focus)) cover_->setFocus();

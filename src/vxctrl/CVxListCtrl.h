@@ -46,7 +46,7 @@ class CVxListCtrl : public QTreeView {
 
   // Disables the list and shows the wait cursor over it, or ends that. If the list has the focus, a
   // cover over the list keeps it meanwhile.
-  void SetClosed(bool isClosed);
+  void SetInputBlocked(bool isBlocked);
 
  signals:
   // The left mouse button was pressed on a row; the selection has changed already. A double click

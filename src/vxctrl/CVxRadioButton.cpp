@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinDrawing.h"
 
 namespace feedloom {
 namespace {

@@ -5,7 +5,7 @@
 #include <QStyle>
 
 #include "skin/Keys.h"
-#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinDrawing.h"
 
 namespace feedloom {
 

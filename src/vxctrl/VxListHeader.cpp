@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "vxctrl/AccessibleRole.h"
-#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinDrawing.h"
 
 namespace feedloom {
 namespace {

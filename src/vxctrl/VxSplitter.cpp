@@ -4,7 +4,7 @@
 #include <QPainter>
 
 #include "vxctrl/AccessibleRole.h"
-#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinDrawing.h"
 
 namespace feedloom {
 namespace {

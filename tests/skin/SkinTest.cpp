@@ -1,10 +1,10 @@
 
 #include "kit/TempFolder.h"
 #include "skin/Colors.h"
-#include "skin/FilledTexts.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "skin/Skin.h"
+#include "skin/TextPlaceholders.h"
 
 namespace feedloom {
 
@@ -59,7 +59,7 @@ TEST_F(SkinTest, ARectangleHasUpToFourNumbersAndTheRestIsZero) {
   EXPECT_EQ(RectOf(mute_), SkinRect());
 }
 
-TEST(FilledTexts, BreaksTitlesAndNumbersAreFilledInOnceAndInTheirOrder) {
+TEST(TextPlaceholders, BreaksTitlesAndNumbersAreFilledInOnceAndInTheirOrder) {
   EXPECT_EQ(WithLineBreaks("First line$Second line$"), "First line\r\nSecond line\r\n");
   EXPECT_EQ(WithTitle("%s: %s", "100%s"), "100%s: %s");
   EXPECT_EQ(WithTitle("done", "title"), "done");

@@ -98,7 +98,7 @@ struct FakeSubscribing : Subscribing {
 struct FakeReading : Reading {
   explicit FakeReading(SharedState& theState) : shared(theState) {}
   void ListPosts(ListMode mode, PostList list, FirstPost first) override {
-    shared.SetListed(mode, list.wereSearched);
+    shared.SetListed(mode, list.areSearchResults);
     lists.push_back(std::move(list));
     firstPosts.push_back(first);
   }

@@ -9,8 +9,8 @@
 
 #include "exchange/DirectorySearch.h"
 #include "ingest/WebAddress.h"
-#include "skin/FilledTexts.h"
 #include "skin/Keys.h"
+#include "skin/TextPlaceholders.h"
 #include "ui/Desk.h"
 #include "ui/Subscribing.h"
 #include "ui/dialogs/DirectoryModel.h"
@@ -117,7 +117,7 @@ void CRSS_DirectoryDlg::More() {
 }
 
 void CRSS_DirectoryDlg::Wait() {
-  list_.SetClosed(true);
+  list_.SetInputBlocked(true);
   Say(SkinText(GetSkin(), kTextDirectorySearching));
   UpdateAdd();
 }
@@ -142,7 +142,7 @@ void CRSS_DirectoryDlg::ShowResult() {
 }
 
 void CRSS_DirectoryDlg::EndWait(const QString& line) {
-  list_.SetClosed(false);
+  list_.SetInputBlocked(false);
   Say(line);
   UpdateAdd();
 }

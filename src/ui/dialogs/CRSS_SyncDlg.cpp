@@ -6,8 +6,8 @@
 #include <filesystem>
 
 #include "platform/Path.h"
-#include "skin/FilledTexts.h"
 #include "skin/Keys.h"
+#include "skin/TextPlaceholders.h"
 #include "ui/Desk.h"
 #include "ui/Subscribing.h"
 #include "vxctrl/CButtonEx.h"

@@ -3,8 +3,8 @@
 #include <QPointer>
 #include <QPrintDialog>
 
-#include "skin/FilledTexts.h"
 #include "skin/Keys.h"
+#include "skin/TextPlaceholders.h"
 #include "store/Cabinets.h"
 #include "store/SqlText.h"
 #include "ui/ChannelFacts.h"

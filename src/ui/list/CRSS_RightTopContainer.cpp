@@ -92,7 +92,7 @@ void CRSS_RightTopContainer::SetUpKeys() {
 
 void CRSS_RightTopContainer::Fill(PostList list) {
   webSearch_.Cancel();
-  const bool wasSearched = list.wereSearched;
+  const bool wasSearched = list.areSearchResults;
   model_.Fill(std::move(list));
   list_.ClearSorting();
   list_.scrollToTop();
@@ -100,7 +100,7 @@ void CRSS_RightTopContainer::Fill(PostList list) {
 }
 
 void CRSS_RightTopContainer::Append(PostList list) {
-  const bool wasSearched = list.wereSearched;
+  const bool wasSearched = list.areSearchResults;
   AppendKeepingPosition(list_, model_, std::move(list));
   toolbar_.SetResultCount(wasSearched ? model_.rowCount() : -1);
 }
@@ -152,7 +152,7 @@ void CRSS_RightTopContainer::Search() {
 
 void CRSS_RightTopContainer::SearchStore(const std::string& word) {
   PostList found;
-  found.wereSearched = true;
+  found.areSearchResults = true;
   if (!SearchPosts(desk_.GetStore(), word, found.posts)) return;
   reading_.ListPosts(ListMode::Selection, std::move(found));
 }

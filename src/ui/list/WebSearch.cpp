@@ -15,7 +15,7 @@ namespace feedloom {
 namespace {
 
 PostList ToPostList(DirectoryAnswer answer) {
-  return {.posts = std::move(answer.rows), .wereSearched = true};
+  return {.posts = std::move(answer.rows), .areSearchResults = true};
 }
 
 }  // namespace
@@ -73,14 +73,14 @@ void WebSearch::Cancel() {
 }
 
 void WebSearch::BeginWait() {
-  list_.SetClosed(true);
+  list_.SetInputBlocked(true);
   qApp->installEventFilter(this);
   Report(kTextDirectorySearching);
 }
 
 void WebSearch::EndWait() {
   qApp->removeEventFilter(this);
-  list_.SetClosed(false);
+  list_.SetInputBlocked(false);
   desk_.ReportMessage("");  // removes the text of BeginWait
 }
 

@@ -5,7 +5,7 @@
 #include <QBasicTimer>
 #include <map>
 
-#include "ui/notice/NoticeMotion.h"
+#include "ui/notice/NoticeAnimation.h"
 #include "vxctrl/CVxDialog.h"
 
 class QLabel;
@@ -50,7 +50,7 @@ class CRSS_AnnounceDlg : public CVxDialog, private NoticeTimers {
   const bool hasImage_;
   QLabel* const count_;
   std::map<int, QBasicTimer> timers_;
-  NoticeMotion motion_{*this};
+  NoticeAnimation motion_{*this};
   bool isPressed_ = false;
 };
 

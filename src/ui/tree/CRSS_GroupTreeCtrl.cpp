@@ -11,7 +11,7 @@
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/NewPostAnimation.h"
 #include "ui/tree/TreeRowDelegate.h"
-#include "vxctrl/RowAccess.h"
+#include "vxctrl/RowAccessibility.h"
 #include "vxctrl/SkinFont.h"
 #include "vxctrl/SkinPalette.h"
 

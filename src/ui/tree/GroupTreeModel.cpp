@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "platform/Messages.h"
-#include "skin/FilledTexts.h"
+#include "skin/TextPlaceholders.h"
 #include "ui/tree/RowLabel.h"
 #include "vxctrl/QtText.h"
 

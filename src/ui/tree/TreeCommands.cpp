@@ -318,7 +318,7 @@ void TreeCommands::Search() {
   if (!word) return;
   Store& store = desk_.GetStore();
   PostList list;
-  list.wereSearched = true;
+  list.areSearchResults = true;
   const auto found = [&] {
     switch (target->kind) {
       case RowKind::Folder:

@@ -6,7 +6,7 @@
 
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/NewPostAnimation.h"
-#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinDrawing.h"
 
 namespace feedloom {
 namespace {

@@ -18,14 +18,14 @@ struct FakeTimers : NoticeTimers {
   Timers running;
 };
 
-TEST(NoticeMotionTest, SlidesUpInTheScreensCornerStaysFiveSecondsAndFadesOut) {
+TEST(NoticeAnimationTest, SlidesUpInTheScreensCornerStaysFiveSecondsAndFadesOut) {
   const struct {
     int alphaValue, ticksToHide, ticksToClose;
   } cases[] = {{0, 25, 26}, {5, 25, 25}, {100, 15, 16}, {245, 1, 1}, {250, 1, 1}};
   for (const auto& [alphaValue, ticksToHide, ticksToClose] : cases) {
     SCOPED_TRACE(alphaValue);
     FakeTimers timers;
-    NoticeMotion motion(timers);
+    NoticeAnimation motion(timers);
     motion.Begin(QRect(-1280, 200, 1280, 1024), alphaValue);
     for (int tick = 0; tick < 20; ++tick, motion.OnTimer(0x500)) {
       EXPECT_EQ(motion.Geometry(), QRect(-201, 1171 - 5 * tick, 201, 5 * tick));
@@ -45,7 +45,7 @@ TEST(NoticeMotionTest, SlidesUpInTheScreensCornerStaysFiveSecondsAndFadesOut) {
   }
 }
 
-TEST(NoticeMotionTest, BeginsAsTransparentAsTheSettingSaysWithACountOfZeroOrMore) {
+TEST(NoticeAnimationTest, BeginsAsTransparentAsTheSettingSaysWithACountOfZeroOrMore) {
   const int alphas[][2] = {{0, 0},     {1, 2},  {40, 100},  {99, 247},
                            {100, 250}, {-1, 0}, {101, 250}, {2'000'000'000, 250}};
   for (const auto& [setting, value] : alphas) EXPECT_EQ(NoticeAlphaValue(setting), value);

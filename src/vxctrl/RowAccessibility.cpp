@@ -1,4 +1,4 @@
-#include "vxctrl/RowAccess.h"
+#include "vxctrl/RowAccessibility.h"
 
 #include <QAccessible>
 #include <QHeaderView>
@@ -8,7 +8,7 @@
 #include <QToolTip>
 #include <QTreeView>
 
-#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinDrawing.h"
 
 namespace feedloom {
 namespace {

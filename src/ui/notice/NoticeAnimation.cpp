@@ -1,4 +1,4 @@
-#include "ui/notice/NoticeMotion.h"
+#include "ui/notice/NoticeAnimation.h"
 
 #include <algorithm>
 
@@ -30,7 +30,7 @@ int NewPostCount(int unreadTotal, int announcedTotal) {
   return std::max(0, unreadTotal - announcedTotal);
 }
 
-void NoticeMotion::Begin(const QRect& screen, int alphaValue) {
+void NoticeAnimation::Begin(const QRect& screen, int alphaValue) {
   const int right = screen.x() + screen.width();
   const int bottom = screen.y() + screen.height();
   geometry_ = QRect(right - kNoticeWidth, bottom - kBottomMargin, kNoticeWidth, 0);
@@ -39,7 +39,7 @@ void NoticeMotion::Begin(const QRect& screen, int alphaValue) {
   timers_.Start(kTimerSlide, kSlidePeriod);
 }
 
-void NoticeMotion::OnTimer(int id) {
+void NoticeAnimation::OnTimer(int id) {
   switch (id) {
     case kTimerSlide:
       return Slide();
@@ -53,7 +53,7 @@ void NoticeMotion::OnTimer(int id) {
 }
 
 // The right and the lower edge keep their positions.
-void NoticeMotion::Slide() {
+void NoticeAnimation::Slide() {
   geometry_.adjust(-StepTowards(kNoticeWidth, geometry_.width()),
                    -StepTowards(kNoticeHeight, geometry_.height()), 0, 0);
   if (geometry_.height() < kNoticeHeight) return;
@@ -62,12 +62,12 @@ void NoticeMotion::Slide() {
   timers_.Start(kTimerDisplay, kDisplayTime);
 }
 
-void NoticeMotion::StartFadeOut() {
+void NoticeAnimation::StartFadeOut() {
   timers_.Stop(kTimerDisplay);
   timers_.Start(kTimerFadeOut, kFadePeriod);
 }
 
-void NoticeMotion::FadeOut() {
+void NoticeAnimation::FadeOut() {
   timers_.Stop(kTimerDisplay);
   if (fadeLevel_ <= kInvisible) fadeLevel_ += kFadeStep;
   if (fadeLevel_ >= kInvisible) isVisible_ = false;
@@ -76,7 +76,7 @@ void NoticeMotion::FadeOut() {
   timers_.Stop(kTimerFadeOut);
 }
 
-void NoticeMotion::FadeIn() {
+void NoticeAnimation::FadeIn() {
   if (fadeLevel_ > kFadeStep) fadeLevel_ -= kFadeStep;
 }
 

@@ -12,7 +12,7 @@ inline constexpr int kNoticeHeight = 98;
 
 // The ids of the window's timers.
 enum NoticeTimer {
-  kTimerFadeIn = 1,  // never started by NoticeMotion
+  kTimerFadeIn = 1,  // never started by NoticeAnimation
   kTimerFadeOut = 2,
   kTimerDisplay = 3,
   kTimerSlide = 0x500,
@@ -37,10 +37,10 @@ int NoticeAlphaValue(int transparencySetting);
 int NewPostCount(int unreadTotal, int announcedTotal);
 
 // The state of the animation.
-class NoticeMotion {
+class NoticeAnimation {
  public:
   // `timers` must outlive the object.
-  explicit NoticeMotion(NoticeTimers& timers) : timers_(timers) {}
+  explicit NoticeAnimation(NoticeTimers& timers) : timers_(timers) {}
 
   // Starts to slide up in the lower right corner of `screen`, from height 0. `alphaValue` is the
   // transparency until the window fades out, from 0 to kInvisible.

@@ -1,4 +1,4 @@
-#include "vxctrl/SkinLook.h"
+#include "vxctrl/SkinDrawing.h"
 
 #include <QPainter>
 #include <QWidget>

@@ -1,4 +1,4 @@
-#include "skin/FilledTexts.h"
+#include "skin/TextPlaceholders.h"
 
 #include "platform/Text.h"
 
