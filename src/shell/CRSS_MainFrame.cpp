@@ -5,13 +5,11 @@
 #include <utility>
 
 #include "exchange/DirectorySearch.h"
-#include "ingest/FeedChecker.h"
 #include "ingest/FeedMemory.h"
 #include "shell/Arrivals.h"
 #include "shell/Feedloom.h"
 #include "shell/FirstReading.h"
 #include "shell/FrameKeys.h"
-#include "shell/FrameRefresh.h"
 #include "shell/PaneSizes.h"
 #include "shell/ReadingRetry.h"
 #include "shell/SettingsStore.h"
@@ -77,10 +75,9 @@ void CRSS_MainFrame::TakeDown() {
 void CRSS_MainFrame::StopRefresh() {
   interfaceThread_->Close();
   if (arrivals_) arrivals_->Stop();
-  feedChecker_.reset();
   exchange_.reset();
   retry_.reset();
-  refresh_.reset();
+  refresh_.Stop();
 }
 
 void CRSS_MainFrame::EndRefresh() {
@@ -91,7 +88,7 @@ void CRSS_MainFrame::EndRefresh() {
 void CRSS_MainFrame::BuildPanes() {
   setPalette(LoadSkinPalette(skin_));
   UseProxyInEngine(ReadProxySettings(registry_));
-  left_ = new CRSS_LeftContainer(*this, *this, *this, *this, this);
+  left_ = new CRSS_LeftContainer(*this, refresh_, *this, *this, this);
   auto* const right = new VxSplitter(Qt::Vertical, this);
   rightTop_ = new CRSS_RightTopContainer(*this, *this, *this, right);
   rightBottom_ = new CRSS_RightBottomContainer(*this, *this, *this, browserServices_, right);
@@ -106,7 +103,7 @@ void CRSS_MainFrame::BuildPanes() {
 
 void CRSS_MainFrame::ConnectTree() {
   connect(left_, &CRSS_LeftContainer::SettingsWanted, this, &CRSS_MainFrame::OpenControlPanel);
-  connect(left_, &CRSS_LeftContainer::NoticeIsDue, this, &CRSS_MainFrame::NotifyOfNewPosts);
+  connect(left_, &CRSS_LeftContainer::NoticeIsDue, this, &CRSS_MainFrame::ShowNewPostNotification);
   connect(left_, &CRSS_LeftContainer::SearchWanted, this, [this] { rightTop_->FocusSearch(); });
   connect(left_, &CRSS_LeftContainer::UnreadPostWanted, this,
           [this](bool forward) { rightTop_->GoToUnread(forward); });
@@ -118,17 +115,7 @@ void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
   SetPreviewMode();
   const auto toHere = [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); };
   arrivals_ = std::make_unique<Arrivals>(*this, *this, *left_, store_, mark, toHere);
-  feedChecker_ = std::make_unique<FeedChecker>(services_, toHere);
-  exchange_ = std::make_unique<SubscriptionExchange>(*this, *this, *this, services_, toHere);
-  refresh_ = std::make_unique<FrameRefresh>(
-      interfaceThread_, services_,
-      [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
-        return OnMessage(number, wParam, lParam);
-      },
-      [this](unsigned number, std::intptr_t, std::intptr_t) {
-        OnRefreshMessage(number);
-        return std::intptr_t{0};
-      });
+  exchange_ = std::make_unique<SubscriptionExchange>(*this, refresh_, *this, services_, toHere);
   FirstContent start = reading.Finish();
   for (const std::string& failure : reading.Failures()) status_.ReportFailure(failure);
   ShowStart(std::move(start));
@@ -248,7 +235,7 @@ void CRSS_MainFrame::ApplyPanelSettings(const Settings& settings) {
 
 void CRSS_MainFrame::SetPreviewMode() { rightBottom_->SetMode(settings_.previewMode == 0 ? 1 : 0); }
 
-void CRSS_MainFrame::NotifyOfNewPosts() {
+void CRSS_MainFrame::ShowNewPostNotification() {
   auto* const window = notice_.Announce(settings_.newFeedMsgTransparency, this);
   if (window == nullptr) return;
   connect(window, &CRSS_AnnounceDlg::Clicked, this, [this] {
@@ -266,27 +253,6 @@ MsgBoxAnswer CRSS_MainFrame::ShowTextMessage(const char* section, const char* ke
                                              MsgBoxKind kind) {
   const std::string text = WithLineBreaks(skin_.GetText(section, key));
   return ShowMsgBox(skin_, ToQString(store_->TextCodePage(), text), kind, this);
-}
-
-bool CRSS_MainFrame::IsAnyChannelQueued(std::span<const int> channelIds) const {
-  return refresh_ && refresh_->Engine().IsAnyChannelQueued(channelIds);
-}
-
-void CRSS_MainFrame::QueueRefresh(std::vector<RefreshEntry> entries) {
-  if (refresh_) refresh_->Engine().EnqueueAll(std::move(entries));
-}
-
-void CRSS_MainFrame::StartRefresh() {
-  if (refresh_) refresh_->Engine().StartRefresh();
-}
-
-void CRSS_MainFrame::CheckFeed(const std::string& address,
-                               std::function<void(const FeedCheckAnswer&)> onAnswer) {
-  if (feedChecker_) feedChecker_->Start(address, std::move(onAnswer));
-}
-
-void CRSS_MainFrame::StopFeedCheck() {
-  if (feedChecker_) feedChecker_->Stop();
 }
 
 // While the tree is not read, a new row comes into it by the reading.
@@ -329,7 +295,7 @@ void CRSS_MainFrame::ImportOpml(const ListSource& source) {
 }
 
 void CRSS_MainFrame::EndImport(bool isRead) {
-  if (isRead) return StartRefresh();
+  if (isRead) return refresh_.StartRefresh();
   ShowTextMessage(kSectionTexts, kTextOpmlError, MsgBoxKind::Notice);
 }
 

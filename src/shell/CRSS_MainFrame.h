@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "ingest/IngestServices.h"
+#include "shell/FrameRefresh.h"
 #include "shell/ModulePaths.h"
 #include "shell/NewPostNotice.h"
 #include "shell/StatusLine.h"
 #include "ui/Desk.h"
 #include "ui/Reading.h"
-#include "ui/Refreshing.h"
 #include "ui/Subscribing.h"
 #include "ui/browser/BrowserServices.h"
 #include "vxctrl/VxSplitter.h"
@@ -23,9 +23,6 @@ class Arrivals;
 class CRSS_LeftContainer;
 class CRSS_RightBottomContainer;
 class CRSS_RightTopContainer;
-class FeedChecker;
-class FrameRefresh;
-class InterfaceThread;
 class FirstReading;
 class ReadingRetry;
 class SubscriptionExchange;
@@ -34,11 +31,7 @@ struct WriteMark;
 
 // Belongs to the interface thread. `parent` of the constructor owns the frame and receives the
 // status texts; its top-level window receives the messages about the refresh.
-class CRSS_MainFrame : public VxSplitter,
-                       public Desk,
-                       public Refreshing,
-                       public Subscribing,
-                       public Reading {
+class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, public Reading {
   Q_OBJECT
 
  public:
@@ -67,7 +60,7 @@ class CRSS_MainFrame : public VxSplitter,
   void ApplyPanelSettings(const Settings& settings);
 
   // Announces the posts that have arrived since the last announcement; a click on it lists today's.
-  void NotifyOfNewPosts();
+  void ShowNewPostNotification();
 
   Store& GetStore() override { return *store_; }
   const Skin& GetSkin() const override { return skin_; }
@@ -77,13 +70,6 @@ class CRSS_MainFrame : public VxSplitter,
     status_.ReportPage(text, hasEnded);
   }
   MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) override;
-
-  bool IsAnyChannelQueued(std::span<const int> channelIds) const override;
-  void QueueRefresh(std::vector<RefreshEntry> entries) override;
-  void StartRefresh() override;
-  void CheckFeed(const std::string& address,
-                 std::function<void(const FeedCheckAnswer&)> onAnswer) override;
-  void StopFeedCheck() override;
 
   void FolderWasAdded(const FolderRow& folder) override;
   void CabinetWasAdded(const CabinetRow& cabinet) override;
@@ -139,10 +125,16 @@ class CRSS_MainFrame : public VxSplitter,
   const BrowserServices browserServices_{MakeBrowserServices(*this, registry_, this)};
   StatusLine status_{*this};
   NewPostNotice notice_{*this};
-  std::unique_ptr<FrameRefresh> refresh_;  // null after StopRefresh, as the next three are
-  std::unique_ptr<FeedChecker> feedChecker_;
-  std::unique_ptr<SubscriptionExchange> exchange_;
-  std::unique_ptr<ReadingRetry> retry_;  // only while the tree is not read
+  FrameRefresh refresh_{interfaceThread_, services_,
+                        [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
+                          return OnMessage(number, wParam, lParam);
+                        },
+                        [this](unsigned number, std::intptr_t, std::intptr_t) {
+                          OnRefreshMessage(number);
+                          return std::intptr_t{0};
+                        }};
+  std::unique_ptr<SubscriptionExchange> exchange_;  // null after StopRefresh, as the next
+  std::unique_ptr<ReadingRetry> retry_;             // only while the tree is not read
   bool isPanelOpen_ = false;
   bool hostShowsBusy_ = false;  // the host was told of a refresh's begin and not yet of its end
   std::unique_ptr<Arrivals> arrivals_;

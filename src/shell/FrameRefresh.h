@@ -1,30 +1,39 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
+#include "ingest/FeedChecker.h"
 #include "ingest/RefreshEngine.h"
 #include "ui/InterfaceThread.h"
+#include "ui/Refreshing.h"
 
 namespace feedloom {
 
-// The refresh engine, with its messages handed over to the interface thread. Constructed and
-// destroyed on the interface thread.
-class FrameRefresh {
+// The refresh engine and the feed check, with their messages and answers handed over to the
+// interface thread. Interface thread only.
+class FrameRefresh : public Refreshing {
  public:
-  // `toFrame` and `toHost` are called with the messages on the interface thread until `thread` is
-  // closed. `thread` must be closed before this object is destroyed.
+  // `toFrame` and `toHost` are called with the engine's messages on the interface thread until
+  // `thread` is closed. `thread` must be closed before Stop.
   FrameRefresh(const std::shared_ptr<InterfaceThread>& thread, SharedServices services,
-               InterfaceTarget::Handler toFrame, InterfaceTarget::Handler toHost)
-      : frame_(thread, std::move(toFrame)),
-        host_(thread, std::move(toHost)),
-        engine_(std::move(services), frame_, host_) {}
+               InterfaceTarget::Handler toFrame, InterfaceTarget::Handler toHost);
 
-  RefreshEngine& Engine() { return engine_; }
+  // Ends the refresh and the feed check for good: nothing is queued, refreshed or checked any more.
+  void Stop();
+
+  bool IsAnyChannelQueued(std::span<const int> channelIds) const override;
+  void QueueRefresh(std::vector<RefreshEntry> entries) override;
+  void StartRefresh() override;
+  void CheckFeed(const std::string& address,
+                 std::function<void(const FeedCheckAnswer&)> onAnswer) override;
+  void StopFeedCheck() override;
 
  private:
   InterfaceTarget frame_;
   InterfaceTarget host_;
-  RefreshEngine engine_;
+  std::optional<FeedChecker> checker_;  // none after Stop, as the engine
+  std::optional<RefreshEngine> engine_;
 };
 
 }  // namespace feedloom

@@ -15,7 +15,6 @@
 #include "store/Connection.h"
 #include "ui/Desk.h"
 #include "ui/Reading.h"
-#include "ui/Refreshing.h"
 #include "ui/Subscribing.h"
 #include "vxctrl/DialogAnswers.h"
 

@@ -2,7 +2,6 @@
 
 #include "ingest/FeedCheckAnswer.h"
 #include "kit/FeedDocuments.h"
-#include "kit/ThreadRefusal.h"
 #include "shell/ModuleFixture.h"
 #include "ui/Commands.h"
 
@@ -80,16 +79,6 @@ TEST_F(Panes, WhatOnePaneTellsTheOthersShow) {
 TEST_F(Panes, AChannelIsCheckedAddedAndRefreshedFromTheServerToTheScreen) {
   server_.Serve("/new.xml", NumberedRss("Daily &amp; more", "http://daily.example/post", 2));
   CreateFrame();
-  std::string checked;
-  The<Refreshing>().CheckFeed(server_.Url("/new.xml"),
-                              [&](const auto& feed) { checked += feed.title; });
-  EXPECT_TRUE(WaitUntil([&] { return checked == "Daily &amp; more"; })) << checked;
-  std::optional<ThreadRefusal> refusal(std::in_place);
-  The<Refreshing>().CheckFeed(server_.Url("/new.xml"),
-                              [&](const auto& feed) { checked = feed.title; });
-  refusal.reset();
-  EXPECT_NE(checked, "");  // the dialog is told later, when it waits
-  EXPECT_TRUE(WaitUntil([&] { return checked.empty(); }));
   answers_.Next([](QDialog& dialog) {
     QTest::keyClick(&dialog, Qt::Key_Return);
     const auto boxes = dialog.findChildren<QLineEdit*>();

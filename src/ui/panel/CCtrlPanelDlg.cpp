@@ -131,7 +131,7 @@ void CCtrlPanelDlg::accept() {
     return;
   }
   if (!access_.save(settings)) {
-    frame_.ShowTextMessage(kSectionTexts, kTextSettingsNotSaved, MsgBoxKind::Notice);
+    desk_.ShowTextMessage(kSectionTexts, kTextSettingsNotSaved, MsgBoxKind::Notice);
     return;
   }
   CVxDialog::accept();

@@ -1,0 +1,40 @@
+#include "shell/FrameRefresh.h"
+
+#include <utility>
+
+namespace feedloom {
+
+FrameRefresh::FrameRefresh(const std::shared_ptr<InterfaceThread>& thread, SharedServices services,
+                           InterfaceTarget::Handler toFrame, InterfaceTarget::Handler toHost)
+    : frame_(thread, std::move(toFrame)),
+      host_(thread, std::move(toHost)),
+      checker_(std::in_place, services, [thread](auto work) { thread->Queue(std::move(work)); }),
+      engine_(std::in_place, services, frame_, host_) {}
+
+void FrameRefresh::Stop() {
+  checker_.reset();
+  engine_.reset();
+}
+
+bool FrameRefresh::IsAnyChannelQueued(std::span<const int> channelIds) const {
+  return engine_ && engine_->IsAnyChannelQueued(channelIds);
+}
+
+void FrameRefresh::QueueRefresh(std::vector<RefreshEntry> entries) {
+  if (engine_) engine_->EnqueueAll(std::move(entries));
+}
+
+void FrameRefresh::StartRefresh() {
+  if (engine_) engine_->StartRefresh();
+}
+
+void FrameRefresh::CheckFeed(const std::string& address,
+                             std::function<void(const FeedCheckAnswer&)> onAnswer) {
+  if (checker_) checker_->Start(address, std::move(onAnswer));
+}
+
+void FrameRefresh::StopFeedCheck() {
+  if (checker_) checker_->Stop();
+}
+
+}  // namespace feedloom
