@@ -7,7 +7,7 @@
 #include <string>
 
 #include "bench/Goals.h"
-#include "ingest/FeedDate.h"
+#include "feed/FeedDate.h"
 
 namespace {
 

@@ -57,8 +57,8 @@ Import ImportList(int folders, int channels) {
   QApplication::processEvents();
   const std::string path = frame.workFolder.File("list.xml");
   if (WriteOpml(frame.GetStore(), path, MakeList(folders, channels))) return {};
-  const auto services = std::make_shared<IngestServices>(
-      IngestServices{frame.db.Shared(), Registry(""), frame.db.Clock(), frame.workFolder.Path()});
+  const auto services = std::make_shared<FetchServices>(
+      FetchServices{frame.db.Shared(), Registry(""), frame.db.Clock(), frame.workFolder.Path()});
 
   Import result;
   auto last = steady_clock::now();

@@ -14,7 +14,7 @@
 
 #include "kit/FeedDocuments.h"
 #include "kit/FeedServer.h"
-#include "platform/Text.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "bench/Goals.h"
-#include "ingest/FeedParser.h"
+#include "feed/FeedParser.h"
 #include "kit/FeedDocuments.h"
 #include "kit/TempFolder.h"
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "bench/Goals.h"
-#include "ingest/RefreshQueue.h"
+#include "refresh/RefreshQueue.h"
 
 namespace {
 

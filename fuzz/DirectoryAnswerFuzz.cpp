@@ -4,8 +4,8 @@
 
 #include "exchange/FeedDirectory.h"
 #include "fuzz/FuzzKit.h"
-#include "platform/Text.h"
 #include "store/SqlText.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

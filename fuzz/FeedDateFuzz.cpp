@@ -6,9 +6,9 @@
 #include <ctime>
 #include <optional>
 
+#include "feed/FeedDate.h"
 #include "fuzz/FuzzKit.h"
-#include "ingest/FeedDate.h"
-#include "platform/Text.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

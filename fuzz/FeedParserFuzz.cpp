@@ -1,8 +1,8 @@
 // Parses any bytes as a feed. Whatever is parsed can be stored.
+#include "feed/FeedDate.h"
+#include "feed/FeedParser.h"
 #include "fuzz/FuzzKit.h"
-#include "ingest/FeedDate.h"
-#include "ingest/FeedParser.h"
-#include "platform/Text.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

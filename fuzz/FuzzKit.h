@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Clock.h"
-#include "platform/CodePage.h"
+#include "text/CodePage.h"
+#include "threads/Clock.h"
 
 namespace feedloom {
 

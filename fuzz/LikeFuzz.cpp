@@ -2,8 +2,8 @@
 #include <vector>
 
 #include "fuzz/FuzzKit.h"
-#include "platform/Text.h"
 #include "store/Like.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -5,7 +5,7 @@
 #include "exchange/ImportPlan.h"
 #include "exchange/OpmlText.h"
 #include "fuzz/FuzzKit.h"
-#include "platform/Text.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include "feed/WebAddress.h"
 #include "fuzz/FuzzKit.h"
-#include "ingest/WebAddress.h"
-#include "platform/Url.h"
+#include "net/Url.h"
 #include "ui/browser/DownloadFiles.h"
 #include "ui/browser/FeedLinks.h"
 #include "ui/browser/NavigationRules.h"

@@ -6,11 +6,11 @@
 #include <map>
 #include <sstream>
 
+#include "files/Registry.h"
+#include "files/RegistryFile.h"
 #include "fuzz/FuzzKit.h"
-#include "platform/Registry.h"
-#include "platform/RegistryFile.h"
-#include "platform/Text.h"
 #include "profile/IniFile.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

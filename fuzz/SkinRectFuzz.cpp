@@ -3,10 +3,10 @@
 #include <vector>
 
 #include "fuzz/FuzzKit.h"
-#include "platform/Text.h"
 #include "skin/Colors.h"
 #include "skin/Skin.h"
 #include "skin/TextPlaceholders.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

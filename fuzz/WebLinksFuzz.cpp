@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "feed/WebAddress.h"
 #include "fuzz/FuzzKit.h"
-#include "ingest/WebAddress.h"
-#include "platform/HtmlLinks.h"
-#include "platform/Url.h"
+#include "net/Url.h"
+#include "xml/HtmlLinks.h"
 
 namespace feedloom {
 namespace {

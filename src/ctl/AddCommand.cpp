@@ -6,8 +6,8 @@
 #include "ctl/FileOrWebAddress.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
-#include "ingest/FeedParser.h"
-#include "ingest/RefreshQueue.h"
+#include "feed/FeedParser.h"
+#include "refresh/RefreshQueue.h"
 #include "store/Channels.h"
 #include "store/Folders.h"
 

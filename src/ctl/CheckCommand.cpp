@@ -4,8 +4,8 @@
 #include "ctl/FileOrWebAddress.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
-#include "ingest/FeedDate.h"
-#include "ingest/FeedParser.h"
+#include "feed/FeedDate.h"
+#include "feed/FeedParser.h"
 #include "profile/Files.h"
 
 namespace feedloom {

@@ -5,7 +5,7 @@
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "exchange/FeedDirectory.h"
-#include "ingest/TimeLimit.h"
+#include "fetch/TimeLimit.h"
 #include "skin/Keys.h"
 
 namespace feedloom {

@@ -1,7 +1,7 @@
 #include "ctl/FetchOnce.h"
 
-#include "ingest/RefreshRun.h"
-#include "ingest/TimeLimit.h"
+#include "fetch/TimeLimit.h"
+#include "refresh/RefreshRun.h"
 
 namespace feedloom {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "ctl/Session.h"
-#include "ingest/FeedFetch.h"
+#include "fetch/FeedFetch.h"
 
 namespace feedloom {
 

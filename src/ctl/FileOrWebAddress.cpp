@@ -1,6 +1,6 @@
 #include "ctl/FileOrWebAddress.h"
 
-#include "ingest/WebAddress.h"
+#include "feed/WebAddress.h"
 #include "profile/Files.h"
 #include "skin/Keys.h"
 

@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-#include "platform/Messages.h"
+#include "threads/Messages.h"
 
 namespace feedloom {
 namespace {

@@ -3,7 +3,7 @@
 #include "ctl/RefreshProgress.h"
 #include "ctl/Selection.h"
 #include "ctl/Session.h"
-#include "ingest/RefreshEngine.h"
+#include "refresh/RefreshEngine.h"
 #include "store/Channels.h"
 #include "store/Folders.h"
 

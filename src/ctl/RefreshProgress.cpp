@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "ctl/Session.h"
-#include "platform/Messages.h"
+#include "threads/Messages.h"
 
 namespace feedloom {
 namespace {

@@ -7,10 +7,10 @@
 #include <string_view>
 
 #include "ctl/Output.h"
-#include "platform/MessageTarget.h"
-#include "platform/Mutex.h"
 #include "store/Rows.h"
 #include "store/Store.h"
+#include "threads/MessageTarget.h"
+#include "threads/Mutex.h"
 
 namespace feedloom {
 

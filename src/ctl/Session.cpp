@@ -3,10 +3,10 @@
 #include <fmt/core.h>
 
 #include "ctl/Output.h"
-#include "ingest/FeedMemory.h"
-#include "platform/Clock.h"
+#include "fetch/FeedMemory.h"
 #include "profile/HostTexts.h"
 #include "profile/ProfileDefaults.h"
+#include "threads/Clock.h"
 
 namespace feedloom {
 namespace {
@@ -87,7 +87,7 @@ SharedServices Session::Services() {
     PrintError(fmt::format("cannot make a folder in {}", config_.GetWorkDir()));
     return nullptr;
   }
-  return std::make_shared<IngestServices>(IngestServices{
+  return std::make_shared<FetchServices>(FetchServices{
       store_, registry_, SystemClock(), workFolder_->Path(), FeedMemoryPath(config_.GetWorkDir())});
 }
 

@@ -7,7 +7,7 @@
 
 #include "ctl/Commands.h"
 #include "ctl/WorkFolder.h"
-#include "ingest/IngestServices.h"
+#include "fetch/FetchServices.h"
 #include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
 #include "skin/Skin.h"

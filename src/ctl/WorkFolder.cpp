@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "platform/Path.h"
+#include "files/Path.h"
 #include "profile/Files.h"
 
 namespace feedloom {

@@ -2,12 +2,12 @@
 
 #include <utility>
 
-#include "ingest/TimeLimit.h"
+#include "fetch/TimeLimit.h"
 
 namespace feedloom {
 namespace {
 
-DirectoryAnswer RequestPage(const IngestServices& services, const std::string& service,
+DirectoryAnswer RequestPage(const FetchServices& services, const std::string& service,
                             const std::string& word, int number, const std::stop_token& stop) {
   HttpClient client(services.registry);
   const TimeLimit limit(services.clock, kDirectoryTimeLimit, stop);

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "exchange/FeedDirectory.h"
-#include "ingest/IngestServices.h"
-#include "platform/BackgroundJobs.h"
+#include "fetch/FetchServices.h"
+#include "threads/BackgroundJobs.h"
 
 namespace feedloom {
 

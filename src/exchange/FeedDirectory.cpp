@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/Text.h"
 #include "store/SqlText.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ingest/HttpClient.h"
+#include "net/HttpClient.h"
 #include "store/Rows.h"
 
 namespace feedloom {

@@ -2,9 +2,9 @@
 
 #include <filesystem>
 
-#include "ingest/WebAddress.h"
-#include "platform/Text.h"
-#include "platform/Url.h"
+#include "feed/WebAddress.h"
+#include "net/Url.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "exchange/Subscriptions.h"
-#include "platform/WholeFile.h"
+#include "files/WholeFile.h"
 #include "store/Store.h"
 
 namespace feedloom {

@@ -9,17 +9,17 @@
 #include <unordered_set>
 #include <utility>
 
-#include "ingest/FeedFetch.h"
-#include "ingest/RefreshRun.h"
-#include "ingest/TimeLimit.h"
-#include "platform/TempFile.h"
-#include "platform/UrlDownload.h"
-#include "platform/XmlDom.h"
+#include "fetch/FeedFetch.h"
+#include "fetch/TimeLimit.h"
+#include "files/TempFile.h"
+#include "net/UrlDownload.h"
+#include "refresh/RefreshRun.h"
 #include "store/ChannelAdder.h"
 #include "store/Channels.h"
 #include "store/Connection.h"
 #include "store/Folders.h"
 #include "store/SqlText.h"
+#include "xml/XmlDom.h"
 
 namespace feedloom {
 namespace {
@@ -58,7 +58,7 @@ ReadList ReadListFile(const std::string& path, CodePage codePage, const std::sto
   return ReadDocument(path, codePage.FromUtf8(ListName(path)), codePage, stop);
 }
 
-ReadList DownloadList(const std::string& address, const IngestServices& services,
+ReadList DownloadList(const std::string& address, const FetchServices& services,
                       std::stop_token stop) {
   const CodePage codePage = services.TextCodePage();
   const TempFile file(ListFilePath(services.workDir));
@@ -188,7 +188,7 @@ class Import {
 
 }  // namespace
 
-ReadList ReadSubscriptions(const IngestServices& services, const ListSource& source,
+ReadList ReadSubscriptions(const FetchServices& services, const ListSource& source,
                            std::stop_token stop) {
   return source.isAddress ? DownloadList(source.place, services, std::move(stop))
                           : ReadListFile(source.place, services.TextCodePage(), std::move(stop));

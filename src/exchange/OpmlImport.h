@@ -8,7 +8,7 @@
 
 #include "exchange/ImportPlan.h"
 #include "exchange/ImportValues.h"
-#include "ingest/IngestServices.h"
+#include "fetch/FetchServices.h"
 #include "store/Rows.h"
 
 namespace feedloom {
@@ -22,7 +22,7 @@ struct ReadList {
 // of a feed's download. Returns no plan, but an error, when the list cannot be read, the download
 // takes too long, the document is not OPML, or `stop` is requested. Does not change the store.
 // Blocks the calling thread; only one thread at a time may read an address.
-[[nodiscard]] ReadList ReadSubscriptions(const IngestServices& services, const ListSource& source,
+[[nodiscard]] ReadList ReadSubscriptions(const FetchServices& services, const ListSource& source,
                                          std::stop_token stop);
 
 // What to do with a folder whose name is taken: Rename adds it under another name ("News-1"), Merge

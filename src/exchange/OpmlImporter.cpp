@@ -1,6 +1,6 @@
 #include "exchange/OpmlImporter.h"
 
-#include "platform/ThreadPriority.h"
+#include "threads/ThreadPriority.h"
 
 namespace feedloom {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "exchange/OpmlImport.h"
-#include "platform/BackgroundJobs.h"
+#include "threads/BackgroundJobs.h"
 
 namespace feedloom {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "ingest/ParseCode.h"
-#include "ingest/WebAddress.h"
-#include "platform/Text.h"
+#include "feed/ParseCode.h"
+#include "feed/WebAddress.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/CodePage.h"
-#include "platform/XmlDom.h"
+#include "text/CodePage.h"
+#include "xml/XmlDom.h"
 
 namespace feedloom {
 

@@ -1,6 +1,6 @@
 #include "exchange/OpmlText.h"
 
-#include "platform/Text.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

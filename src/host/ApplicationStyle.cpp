@@ -5,11 +5,11 @@
 #include <QLocale>
 #include <QToolTip>
 
-#include "platform/Text.h"
+#include "look/SkinFont.h"
+#include "look/SkinPalette.h"
 #include "skin/Keys.h"
 #include "skin/Skin.h"
-#include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinPalette.h"
+#include "text/Text.h"
 
 namespace feedloom {
 

@@ -9,12 +9,12 @@
 #include <string_view>
 #include <system_error>
 
+#include "files/Registry.h"
 #include "host/CommandLine.h"
-#include "platform/Registry.h"
-#include "platform/Text.h"
 #include "profile/ProfileDefaults.h"
 #include "skin/HostConfig.h"
 #include "skin/Keys.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/CodePage.h"
 #include "skin/HostLookup.h"
+#include "text/CodePage.h"
 
 namespace feedloom {
 

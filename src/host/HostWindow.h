@@ -43,7 +43,7 @@ class HostWindow : public QMainWindow {
   // still owns it.
   void SetFrame(QWidget* frame);
 
-  // Sends the frame a message (platform/Messages.h) and returns its result; 0 without a frame.
+  // Sends the frame a message (threads/Messages.h) and returns its result; 0 without a frame.
   std::intptr_t SendToFrame(unsigned message);
 
  signals:

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include "platform/Path.h"
+#include "files/Path.h"
 
 namespace feedloom {
 

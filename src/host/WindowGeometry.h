@@ -2,7 +2,7 @@
 
 #include <QRect>
 
-#include "platform/Registry.h"
+#include "files/Registry.h"
 
 class QWidget;
 

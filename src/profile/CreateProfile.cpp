@@ -7,9 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Path.h"
-#include "platform/RegistryFile.h"
-#include "platform/Text.h"
+#include "files/Path.h"
+#include "files/RegistryFile.h"
 #include "profile/IniFile.h"
 #include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
@@ -17,6 +16,7 @@
 #include "profile/SharePaths.h"
 #include "skin/HostConfig.h"
 #include "skin/Keys.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/WholeFile.h"
+#include "files/WholeFile.h"
 
 namespace feedloom {
 

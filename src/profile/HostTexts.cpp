@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Path.h"
+#include "files/Path.h"
 #include "profile/IniFile.h"
 #include "profile/SharePaths.h"
 

@@ -1,7 +1,7 @@
 #include "profile/IniFile.h"
 
-#include "platform/Text.h"
 #include "profile/Files.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "platform/Path.h"
+#include "files/Path.h"
 #include "profile/Files.h"
 
 namespace feedloom {

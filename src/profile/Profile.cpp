@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/Path.h"
+#include "files/Path.h"
 
 namespace feedloom {
 namespace {

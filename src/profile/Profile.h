@@ -12,8 +12,8 @@
 
 #include <string>
 
-#include "platform/CodePage.h"
 #include "profile/Files.h"
+#include "text/CodePage.h"
 
 namespace feedloom {
 

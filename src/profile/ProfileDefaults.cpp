@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/Text.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

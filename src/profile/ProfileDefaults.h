@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/CodePage.h"
+#include "text/CodePage.h"
 
 namespace feedloom {
 

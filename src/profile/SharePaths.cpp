@@ -6,8 +6,8 @@
 #include <system_error>
 #include <tuple>
 
-#include "platform/Path.h"
-#include "platform/Registry.h"
+#include "files/Path.h"
+#include "files/Registry.h"
 #include "profile/Profile.h"
 #include "skin/HostConfig.h"
 #include "skin/Keys.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/RegistryFile.h"
+#include "files/RegistryFile.h"
 #include "profile/Files.h"
 
 namespace feedloom {

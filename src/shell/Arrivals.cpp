@@ -5,9 +5,9 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/Messages.h"
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
+#include "threads/Messages.h"
 #include "ui/Desk.h"
 #include "ui/Reading.h"
 #include "ui/tree/CRSS_LeftContainer.h"

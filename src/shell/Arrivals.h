@@ -6,9 +6,9 @@
 #include <unordered_set>
 #include <vector>
 
-#include "platform/BackgroundJobs.h"
 #include "store/Counts.h"
 #include "store/WriteMark.h"
+#include "threads/BackgroundJobs.h"
 #include "ui/tree/GroupTreeModel.h"
 
 namespace feedloom {

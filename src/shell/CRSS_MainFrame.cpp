@@ -5,7 +5,10 @@
 #include <utility>
 
 #include "exchange/DirectorySearch.h"
-#include "ingest/FeedMemory.h"
+#include "fetch/FeedMemory.h"
+#include "look/QtText.h"
+#include "look/SkinPalette.h"
+#include "look/SkinText.h"
 #include "shell/Arrivals.h"
 #include "shell/Feedloom.h"
 #include "shell/FirstReading.h"
@@ -23,9 +26,6 @@
 #include "ui/notice/CRSS_AnnounceDlg.h"
 #include "ui/panel/ControlPanel.h"
 #include "ui/tree/CRSS_LeftContainer.h"
-#include "vxctrl/QtText.h"
-#include "vxctrl/SkinPalette.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 
@@ -41,9 +41,9 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Sett
             thread->Run([this, copy = std::string(text)] { status_.ReportFailure(copy); });
           },
           std::this_thread::get_id())),
-      services_(std::make_shared<IngestServices>(
-          IngestServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir(),
-                         FeedMemoryPath(skin_.Config().GetWorkDir())})),
+      services_(std::make_shared<FetchServices>(
+          FetchServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir(),
+                        FeedMemoryPath(skin_.Config().GetWorkDir())})),
       state_(liveSettings) {
   settings_ = LoadFrameSettings(registry_);
   try {

@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "ingest/IngestServices.h"
+#include "controls/VxSplitter.h"
+#include "fetch/FetchServices.h"
 #include "shell/FrameRefresh.h"
 #include "shell/ModulePaths.h"
 #include "shell/NewPostNotice.h"
@@ -15,7 +16,6 @@
 #include "ui/Reading.h"
 #include "ui/Subscribing.h"
 #include "ui/browser/BrowserServices.h"
-#include "vxctrl/VxSplitter.h"
 
 namespace feedloom {
 

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/Messages.h"
+#include "threads/Messages.h"
 
 class QWidget;
 

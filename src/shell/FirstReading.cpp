@@ -3,10 +3,10 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/Clock.h"
 #include "store/Counts.h"
 #include "store/Folders.h"
 #include "store/Posts.h"
+#include "threads/Clock.h"
 #include "ui/tree/TreeLoader.h"
 
 namespace feedloom {

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "vxctrl/VxSplitter.h"
+#include "controls/VxSplitter.h"
 
 namespace feedloom {
 namespace {

@@ -3,8 +3,8 @@
 #include <memory>
 #include <optional>
 
-#include "ingest/FeedChecker.h"
-#include "ingest/RefreshEngine.h"
+#include "check/FeedChecker.h"
+#include "refresh/RefreshEngine.h"
 #include "ui/InterfaceThread.h"
 #include "ui/Refreshing.h"
 

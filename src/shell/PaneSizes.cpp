@@ -1,6 +1,6 @@
 #include "shell/PaneSizes.h"
 
-#include "vxctrl/VxSplitter.h"
+#include "controls/VxSplitter.h"
 
 namespace feedloom {
 namespace {

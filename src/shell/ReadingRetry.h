@@ -4,8 +4,8 @@
 #include <functional>
 #include <memory>
 
-#include "platform/BackgroundJobs.h"
 #include "shell/FirstReading.h"
+#include "threads/BackgroundJobs.h"
 
 namespace feedloom {
 

@@ -3,8 +3,8 @@
 #include <span>
 #include <string>
 
-#include "platform/RegistryKeys.h"
-#include "platform/Text.h"
+#include "files/RegistryKeys.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

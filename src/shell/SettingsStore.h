@@ -3,7 +3,7 @@
 // back. Any thread may call these functions.
 #pragma once
 
-#include "platform/Registry.h"
+#include "files/Registry.h"
 #include "ui/Settings.h"
 
 namespace feedloom {

@@ -1,8 +1,8 @@
 #include "skin/HostConfig.h"
 
-#include "platform/Path.h"
-#include "platform/Text.h"
+#include "files/Path.h"
 #include "skin/Keys.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <string>
 
-#include "platform/CodePage.h"
-#include "platform/Registry.h"
+#include "files/Registry.h"
+#include "text/CodePage.h"
 
 namespace feedloom {
 

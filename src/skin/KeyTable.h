@@ -9,7 +9,7 @@ enum class SkinValueKind {
   File,           // the path of a file, relative to the image directory
   Image,          // the path of an image file
   ImageWithoutF,  // the path of an image file without its last letter, "f"
-  Button,         // the path of an image file, beside those of other states (vxctrl/ButtonImages.h)
+  Button,         // the path of an image file, beside those of other states (look/ButtonImages.h)
   Number,
   Rect,  // "left,top,right,bottom" in pixels
   Font,  // "family,size in pixels"

@@ -2,7 +2,7 @@
 // .def files.
 #pragma once
 
-#include "platform/RegistryKeys.h"
+#include "files/RegistryKeys.h"
 
 namespace feedloom {
 

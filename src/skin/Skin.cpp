@@ -1,7 +1,7 @@
 #include "skin/Skin.h"
 
-#include "platform/Path.h"
-#include "platform/Text.h"
+#include "files/Path.h"
+#include "text/Text.h"
 
 namespace feedloom {
 

@@ -1,6 +1,6 @@
 #include "skin/TextPlaceholders.h"
 
-#include "platform/Text.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

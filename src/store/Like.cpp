@@ -1,6 +1,6 @@
 #include "store/Like.h"
 
-#include "platform/Text.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

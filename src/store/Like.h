@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/CodePage.h"
+#include "text/CodePage.h"
 
 namespace feedloom {
 

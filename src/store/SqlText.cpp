@@ -3,7 +3,7 @@
 #include <fmt/args.h>
 #include <fmt/printf.h>
 
-#include "platform/Text.h"
+#include "text/Text.h"
 
 namespace feedloom {
 namespace {

@@ -1,6 +1,6 @@
 #include "store/Store.h"
 
-#include "platform/Path.h"
+#include "files/Path.h"
 
 namespace feedloom {
 namespace {

@@ -18,9 +18,9 @@
 #include <string_view>
 #include <thread>
 
-#include "platform/Clock.h"
-#include "platform/CodePage.h"
-#include "platform/Mutex.h"
+#include "text/CodePage.h"
+#include "threads/Clock.h"
+#include "threads/Mutex.h"
 
 namespace feedloom {
 

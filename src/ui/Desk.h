@@ -3,10 +3,10 @@
 
 #include <string_view>
 
+#include "controls/CMsgBox.h"
 #include "skin/Skin.h"
 #include "store/Store.h"
 #include "ui/SharedState.h"
-#include "vxctrl/CMsgBox.h"
 
 namespace feedloom {
 

@@ -5,8 +5,8 @@
 #include <functional>
 #include <memory>
 
-#include "platform/MessageTarget.h"
-#include "platform/Mutex.h"
+#include "threads/MessageTarget.h"
+#include "threads/Mutex.h"
 
 class QObject;
 

@@ -3,7 +3,7 @@
 #include <QMenu>
 #include <utility>
 
-#include "vxctrl/SkinText.h"
+#include "look/SkinText.h"
 
 namespace feedloom {
 namespace {

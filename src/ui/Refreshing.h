@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "ingest/RefreshQueue.h"
+#include "refresh/RefreshQueue.h"
 
 namespace feedloom {
 

@@ -2,7 +2,7 @@
 #include <future>
 
 #include "ctl/CtlFixture.h"
-#include "platform/CodePage.h"
+#include "text/CodePage.h"
 
 namespace feedloom {
 

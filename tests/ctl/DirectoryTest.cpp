@@ -2,7 +2,7 @@
 #include <signal.h>
 
 #include "ctl/CtlFixture.h"
-#include "platform/Registry.h"
+#include "files/Registry.h"
 #include "profile/Profile.h"
 #include "skin/Keys.h"
 

@@ -2,9 +2,9 @@
 #include <fmt/core.h>
 
 #include "exchange/DirectorySearch.h"
-#include "ingest/IngestKit.h"
 #include "kit/DirectoryService.h"
 #include "kit/Inbox.h"
+#include "refresh/RefreshKit.h"
 
 namespace feedloom {
 
@@ -62,7 +62,7 @@ struct Searching : testing::Test {
   std::string AfterBegin() { return search_->Begin("word", receiver_), Heard(); }
   std::string AfterMore() { return search_->More(receiver_), Heard(); }
 
-  IngestKit kit_;
+  RefreshKit kit_;
   DirectoryService service_;
   CheckClock clock_{kDirectoryTimeLimit};
   Inbox inbox_;

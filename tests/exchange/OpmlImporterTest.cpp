@@ -2,11 +2,11 @@
 #include <fmt/core.h>
 
 #include "exchange/OpmlImporter.h"
-#include "ingest/IngestKit.h"
-#include "ingest/RefreshEngine.h"
 #include "kit/FeedDocuments.h"
 #include "kit/Inbox.h"
 #include "kit/ThreadRefusal.h"
+#include "refresh/RefreshEngine.h"
+#include "refresh/RefreshKit.h"
 
 namespace feedloom {
 
@@ -22,7 +22,7 @@ struct Importer : testing::Test {
     importer_->Start({.place = files_.Write(name, bytes)}, NameClash::Rename, {rows, onEnd});
   }
 
-  IngestKit kit_;
+  RefreshKit kit_;
   TempFolder files_;
   Inbox inbox_;
   std::string news_;

@@ -4,8 +4,8 @@
 #include "exchange/OpmlExport.h"
 #include "exchange/OpmlImport.h"
 #include "exchange/OpmlText.h"
-#include "ingest/IngestKit.h"
 #include "kit/FeedDocuments.h"
+#include "refresh/RefreshKit.h"
 
 namespace feedloom {
 
@@ -46,7 +46,7 @@ struct Opml : testing::Test {
         "line from TB_FOLDER order by folder_order, folder_id)");
   }
 
-  IngestKit kit_;
+  RefreshKit kit_;
   CheckClock clock_;
   TempFolder files_;
   std::stop_source stop_;

@@ -5,8 +5,8 @@
 #include <QImage>
 #include <QProcess>
 
+#include "files/Registry.h"
 #include "kit/TempFolder.h"
-#include "platform/Registry.h"
 #include "profile/Profile.h"
 #include "skin/Keys.h"
 

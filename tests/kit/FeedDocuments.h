@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "platform/Clock.h"
-#include "platform/Text.h"
+#include "text/Text.h"
+#include "threads/Clock.h"
 
 namespace feedloom {
 

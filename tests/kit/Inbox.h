@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Mutex.h"
+#include "threads/Mutex.h"
 
 namespace feedloom {
 

@@ -7,7 +7,7 @@
 #include <functional>
 #include <stop_token>
 
-#include "platform/Clock.h"
+#include "threads/Clock.h"
 
 namespace feedloom {
 

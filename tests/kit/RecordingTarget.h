@@ -7,7 +7,7 @@
 #include <mutex>
 #include <vector>
 
-#include "platform/MessageTarget.h"
+#include "threads/MessageTarget.h"
 
 namespace feedloom {
 

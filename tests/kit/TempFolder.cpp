@@ -6,7 +6,7 @@
 #include <fstream>
 #include <system_error>
 
-#include "platform/Path.h"
+#include "files/Path.h"
 
 namespace feedloom {
 

@@ -2,7 +2,7 @@
 #include <stdlib.h>
 
 #include "kit/TempFolder.h"
-#include "platform/UrlDownload.h"
+#include "net/UrlDownload.h"
 #include "profile/HostTexts.h"
 #include "profile/IniFile.h"
 #include "profile/KeptDatabase.h"

@@ -2,10 +2,10 @@
 #include <random>
 #include <set>
 
+#include "controls/AccessibleTree.h"
 #include "kit/FeedDocuments.h"
 #include "kit/ThreadRefusal.h"
 #include "shell/ModuleFixture.h"
-#include "vxctrl/AccessibleTree.h"
 
 namespace feedloom {
 

@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QWebEngineView>
 
+#include "controls/DialogAnswers.h"
 #include "kit/FeedServer.h"
 #include "kit/ManualClock.h"
 #include "kit/TestProfile.h"
@@ -16,7 +17,6 @@
 #include "ui/Desk.h"
 #include "ui/Reading.h"
 #include "ui/Subscribing.h"
-#include "vxctrl/DialogAnswers.h"
 
 namespace feedloom {
 

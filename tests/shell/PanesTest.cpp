@@ -1,6 +1,6 @@
 // What the frame leads from one pane to another and out of the panes: dialogs, files and notices.
 
-#include "ingest/FeedCheckAnswer.h"
+#include "check/FeedCheckAnswer.h"
 #include "kit/FeedDocuments.h"
 #include "shell/ModuleFixture.h"
 #include "ui/Commands.h"

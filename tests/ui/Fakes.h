@@ -67,10 +67,10 @@ struct FakeSubscribing : Subscribing {
   void ChannelWasMoved(int channel, int folder) override { moves.emplace_back(channel, folder); }
   void AddChannel(const std::string& address) override { addedAddresses.push_back(address); }
   std::unique_ptr<DirectorySearch> MakeDirectorySearch() override {
-    IngestServices services{desk.db.Shared(), Registry(workFolder.File("registry.reg")),
-                            SystemClock(), workFolder.Path()};
+    FetchServices services{desk.db.Shared(), Registry(workFolder.File("registry.reg")),
+                           SystemClock(), workFolder.Path()};
     return std::make_unique<DirectorySearch>(
-        std::make_shared<IngestServices>(std::move(services)), directoryService,
+        std::make_shared<FetchServices>(std::move(services)), directoryService,
         [thread = interfaceThread](auto work) { thread->Queue(std::move(work)); });
   }
   bool CanExchange() const override { return nextExport.has_value(); }

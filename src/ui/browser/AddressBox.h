@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/CVxEdit.h"
 #include "ui/browser/DisplayedAddress.h"
-#include "vxctrl/CVxEdit.h"
 
 namespace feedloom {
 

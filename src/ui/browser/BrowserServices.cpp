@@ -2,7 +2,7 @@
 
 #include <QDesktopServices>
 
-#include "platform/Registry.h"
+#include "files/Registry.h"
 #include "skin/Keys.h"
 #include "ui/dialogs/Dialogs.h"
 

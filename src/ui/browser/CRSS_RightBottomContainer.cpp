@@ -7,6 +7,9 @@
 #include <QVBoxLayout>
 #include <map>
 
+#include "look/QtText.h"
+#include "look/SkinFont.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "ui/Desk.h"
 #include "ui/Subscribing.h"
@@ -22,9 +25,6 @@
 #include "ui/browser/PageScheme.h"
 #include "ui/browser/PostPages.h"
 #include "ui/browser/StatusTexts.h"
-#include "vxctrl/QtText.h"
-#include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

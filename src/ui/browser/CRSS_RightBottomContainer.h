@@ -7,8 +7,8 @@
 #include <memory>
 #include <optional>
 
+#include "look/PaneFrame.h"
 #include "store/Rows.h"
-#include "vxctrl/PaneFrame.h"
 
 namespace feedloom {
 

@@ -6,12 +6,12 @@
 #include <cassert>
 #include <iterator>
 
+#include "controls/AccessibleRole.h"
+#include "controls/CButtonEx.h"
+#include "look/SkinFont.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "ui/browser/AddressBox.h"
-#include "vxctrl/AccessibleRole.h"
-#include "vxctrl/CButtonEx.h"
-#include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

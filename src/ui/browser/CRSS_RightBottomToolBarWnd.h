@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "vxctrl/SkinPieces.h"
+#include "look/SkinPieces.h"
 
 class QAbstractButton;
 class QUrl;

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "platform/ProxySettings.h"
+#include "net/ProxySettings.h"
 
 namespace feedloom {
 namespace {

@@ -7,7 +7,7 @@ namespace feedloom {
 struct ProxySettings;
 
 // The command line options with which the browser engine uses the proxy of `settings`, as
-// transfers do (platform/ProxySettings.h); "" without a proxy, when the engine keeps its own
+// transfers do (net/ProxySettings.h); "" without a proxy, when the engine keeps its own
 // choice. Parts with characters that no address has are left out. Pure.
 std::string EngineProxyOptions(const ProxySettings& settings);
 

@@ -3,8 +3,8 @@
 #include <QMenu>
 #include <utility>
 
+#include "look/QtText.h"
 #include "ui/SharedState.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 namespace {

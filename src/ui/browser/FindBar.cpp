@@ -7,11 +7,11 @@
 #include <QPainter>
 #include <QToolButton>
 
+#include "controls/AccessibleRole.h"
+#include "controls/CVxEdit.h"
+#include "look/SkinFont.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
-#include "vxctrl/AccessibleRole.h"
-#include "vxctrl/CVxEdit.h"
-#include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "vxctrl/SkinPieces.h"
+#include "look/SkinPieces.h"
 
 class QLabel;
 

@@ -5,11 +5,11 @@
 #include <QPainter>
 #include <QToolButton>
 
+#include "controls/AccessibleRole.h"
+#include "look/SkinFont.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "ui/browser/DisplayedAddress.h"
-#include "vxctrl/AccessibleRole.h"
-#include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <optional>
 
-#include "vxctrl/SkinPieces.h"
+#include "look/SkinPieces.h"
 
 class QLabel;
 

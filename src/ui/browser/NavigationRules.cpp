@@ -2,7 +2,7 @@
 
 #include <QUrlQuery>
 
-#include "platform/Text.h"
+#include "text/Text.h"
 #include "ui/browser/PageRules.h"
 
 namespace feedloom {

@@ -1,12 +1,12 @@
 #include "ui/browser/PageButtons.h"
 
+#include "look/QtText.h"
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
 #include "ui/Desk.h"
 #include "ui/Reading.h"
 #include "ui/Subscribing.h"
 #include "ui/browser/BrowserServices.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 namespace {

@@ -1,10 +1,10 @@
 #include "ui/browser/PostPages.h"
 
+#include "look/QtText.h"
 #include "skin/Keys.h"
 #include "store/Rows.h"
 #include "ui/Desk.h"
 #include "ui/page/Pages.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 namespace {

@@ -1,10 +1,10 @@
 #include "ui/browser/StatusTexts.h"
 
+#include "look/QtText.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "skin/Skin.h"
 #include "ui/browser/DisplayedAddress.h"
-#include "vxctrl/QtText.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

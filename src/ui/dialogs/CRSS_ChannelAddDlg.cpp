@@ -6,8 +6,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "ingest/FeedCheckAnswer.h"
-#include "ingest/WebAddress.h"
+#include "check/FeedCheckAnswer.h"
+#include "controls/CButtonEx.h"
+#include "controls/CVxComboBox.h"
+#include "controls/CVxEdit.h"
+#include "feed/WebAddress.h"
+#include "look/QtText.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "store/Channels.h"
 #include "store/SqlText.h"
@@ -17,11 +22,6 @@
 #include "ui/dialogs/CRSS_GroupAddDlg.h"
 #include "ui/dialogs/DialogRules.h"
 #include "ui/dialogs/FolderList.h"
-#include "vxctrl/CButtonEx.h"
-#include "vxctrl/CVxComboBox.h"
-#include "vxctrl/CVxEdit.h"
-#include "vxctrl/QtText.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

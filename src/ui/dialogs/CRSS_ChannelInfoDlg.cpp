@@ -1,10 +1,10 @@
 #include "ui/dialogs/CRSS_ChannelInfoDlg.h"
 
+#include "controls/CVxEdit.h"
+#include "look/QtText.h"
 #include "skin/Keys.h"
 #include "ui/ChannelFacts.h"
 #include "ui/Desk.h"
-#include "vxctrl/CVxEdit.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 

@@ -2,13 +2,13 @@
 
 #include <utility>
 
+#include "controls/CVxComboBox.h"
 #include "skin/Keys.h"
 #include "store/Channels.h"
 #include "ui/Desk.h"
 #include "ui/Subscribing.h"
 #include "ui/dialogs/DialogRules.h"
 #include "ui/dialogs/FolderList.h"
-#include "vxctrl/CVxComboBox.h"
 
 namespace feedloom {
 

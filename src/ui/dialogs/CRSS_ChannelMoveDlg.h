@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/CVxFormDialog.h"
 #include "ui/ChannelFacts.h"
-#include "vxctrl/CVxFormDialog.h"
 
 namespace feedloom {
 

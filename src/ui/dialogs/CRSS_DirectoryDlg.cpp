@@ -7,18 +7,18 @@
 #include <algorithm>
 #include <string>
 
+#include "controls/CButtonEx.h"
+#include "controls/CVxEdit.h"
+#include "controls/CVxListCtrl.h"
 #include "exchange/DirectorySearch.h"
-#include "ingest/WebAddress.h"
+#include "feed/WebAddress.h"
+#include "look/QtText.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
 #include "ui/Desk.h"
 #include "ui/Subscribing.h"
 #include "ui/dialogs/DirectoryModel.h"
-#include "vxctrl/CButtonEx.h"
-#include "vxctrl/CVxEdit.h"
-#include "vxctrl/CVxListCtrl.h"
-#include "vxctrl/QtText.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

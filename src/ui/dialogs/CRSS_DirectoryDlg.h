@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "vxctrl/CVxDialog.h"
+#include "controls/CVxDialog.h"
 
 class QLabel;
 

@@ -1,7 +1,7 @@
 #include "ui/dialogs/CRSS_LoginDlg.h"
 
+#include "controls/CVxEdit.h"
 #include "skin/Keys.h"
-#include "vxctrl/CVxEdit.h"
 
 namespace feedloom {
 

@@ -1,9 +1,9 @@
 #include "ui/dialogs/CRSS_OpmlDlg.h"
 
-#include "ingest/WebAddress.h"
+#include "controls/CVxEdit.h"
+#include "feed/WebAddress.h"
 #include "skin/Keys.h"
 #include "ui/Desk.h"
-#include "vxctrl/CVxEdit.h"
 
 namespace feedloom {
 

@@ -1,10 +1,10 @@
 #include "ui/dialogs/CRSS_ScrapDlg.h"
 
+#include "controls/CVxComboBox.h"
+#include "look/QtText.h"
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
 #include "ui/Desk.h"
-#include "vxctrl/CVxComboBox.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 

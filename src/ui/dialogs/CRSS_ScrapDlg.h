@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vxctrl/CVxFormDialog.h"
+#include "controls/CVxFormDialog.h"
 
 namespace feedloom {
 

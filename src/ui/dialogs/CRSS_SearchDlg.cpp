@@ -1,9 +1,9 @@
 #include "ui/dialogs/CRSS_SearchDlg.h"
 
+#include "controls/CVxEdit.h"
+#include "look/QtText.h"
 #include "skin/Keys.h"
 #include "ui/Desk.h"
-#include "vxctrl/CVxEdit.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 

@@ -5,14 +5,14 @@
 #include <QPointer>
 #include <filesystem>
 
-#include "platform/Path.h"
+#include "controls/CButtonEx.h"
+#include "controls/CVxEdit.h"
+#include "files/Path.h"
+#include "look/QtText.h"
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
 #include "ui/Desk.h"
 #include "ui/Subscribing.h"
-#include "vxctrl/CButtonEx.h"
-#include "vxctrl/CVxEdit.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "vxctrl/CVxFormDialog.h"
+#include "controls/CVxFormDialog.h"
 
 class QLabel;
 

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <utility>
 
-#include "vxctrl/QtText.h"
+#include "look/QtText.h"
 
 namespace feedloom {
 namespace {

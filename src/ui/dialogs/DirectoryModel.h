@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/CodePage.h"
 #include "store/Rows.h"
+#include "text/CodePage.h"
 
 namespace feedloom {
 

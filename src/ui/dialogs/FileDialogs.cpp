@@ -6,12 +6,12 @@
 #include <QStandardPaths>
 #include <functional>
 
+#include "look/QtText.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "ui/Desk.h"
 #include "ui/dialogs/Dialogs.h"
 #include "ui/dialogs/NameFilters.h"
-#include "vxctrl/QtText.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

@@ -1,9 +1,9 @@
 #include "ui/dialogs/FolderList.h"
 
+#include "controls/CVxComboBox.h"
+#include "look/QtText.h"
 #include "store/Folders.h"
 #include "ui/Desk.h"
-#include "vxctrl/CVxComboBox.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 

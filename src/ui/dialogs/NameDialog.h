@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "controls/CVxFormDialog.h"
 #include "ui/dialogs/DialogRules.h"
-#include "vxctrl/CVxFormDialog.h"
 
 namespace feedloom {
 

@@ -5,6 +5,8 @@
 #include <functional>
 #include <utility>
 
+#include "controls/CVxListCtrl.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "store/Search.h"
@@ -13,8 +15,6 @@
 #include "ui/list/ListViewState.h"
 #include "ui/list/PostDelegate.h"
 #include "ui/list/PostListModel.h"
-#include "vxctrl/CVxListCtrl.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

@@ -4,10 +4,10 @@
 
 #include <QWidget>
 
+#include "look/PaneFrame.h"
 #include "ui/Reading.h"
 #include "ui/list/PostCommands.h"
 #include "ui/list/WebSearch.h"
-#include "vxctrl/PaneFrame.h"
 
 namespace feedloom {
 

@@ -5,16 +5,16 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "controls/AccessibleRole.h"
+#include "controls/CButtonEx.h"
+#include "controls/CVxComboBox.h"
+#include "controls/CVxEdit.h"
+#include "look/QtText.h"
+#include "look/SkinFont.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "skin/Skin.h"
-#include "vxctrl/AccessibleRole.h"
-#include "vxctrl/CButtonEx.h"
-#include "vxctrl/CVxComboBox.h"
-#include "vxctrl/CVxEdit.h"
-#include "vxctrl/QtText.h"
-#include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

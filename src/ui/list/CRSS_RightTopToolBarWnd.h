@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <string>
 
-#include "platform/CodePage.h"
-#include "vxctrl/SkinPieces.h"
+#include "look/SkinPieces.h"
+#include "text/CodePage.h"
 
 class QAbstractButton;
 

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <string>
 
-#include "vxctrl/QtText.h"
+#include "look/QtText.h"
 
 namespace feedloom {
 

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <string_view>
 
-#include "platform/CodePage.h"
+#include "text/CodePage.h"
 
 namespace feedloom {
 

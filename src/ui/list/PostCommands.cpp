@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "controls/CVxListCtrl.h"
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
 #include "store/Posts.h"
@@ -11,7 +12,6 @@
 #include "ui/dialogs/Dialogs.h"
 #include "ui/list/ListMenu.h"
 #include "ui/list/PostListModel.h"
-#include "vxctrl/CVxListCtrl.h"
 
 namespace feedloom {
 

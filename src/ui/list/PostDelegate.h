@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vxctrl/CVxListCtrl.h"
+#include "controls/CVxListCtrl.h"
 
 namespace feedloom {
 

@@ -7,8 +7,8 @@
 #include <unordered_set>
 #include <utility>
 
+#include "look/QtText.h"
 #include "ui/PostList.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 

@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/CodePage.h"
+#include "text/CodePage.h"
 #include "ui/list/PackedPost.h"
 #include "ui/list/PostCells.h"
 #include "ui/list/PostOrder.h"

@@ -8,8 +8,8 @@
 #include <numeric>
 #include <unordered_map>
 
+#include "look/QtText.h"
 #include "ui/list/PostCells.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 namespace {

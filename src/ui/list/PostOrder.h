@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/CodePage.h"
+#include "text/CodePage.h"
 #include "ui/list/PackedPost.h"
 
 namespace feedloom {

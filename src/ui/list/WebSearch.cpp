@@ -4,12 +4,12 @@
 #include <QKeyEvent>
 #include <utility>
 
+#include "controls/CVxListCtrl.h"
 #include "exchange/DirectorySearch.h"
 #include "skin/Keys.h"
 #include "ui/Desk.h"
 #include "ui/Reading.h"
 #include "ui/Subscribing.h"
-#include "vxctrl/CVxListCtrl.h"
 
 namespace feedloom {
 namespace {

@@ -9,14 +9,14 @@
 #include <string>
 #include <utility>
 
-#include "platform/Path.h"
+#include "controls/AccessibleRole.h"
+#include "controls/CButtonEx.h"
+#include "files/Path.h"
+#include "look/SkinPieces.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "skin/Skin.h"
-#include "vxctrl/AccessibleRole.h"
-#include "vxctrl/CButtonEx.h"
-#include "vxctrl/SkinPieces.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

@@ -5,8 +5,8 @@
 #include <QBasicTimer>
 #include <map>
 
+#include "controls/CVxDialog.h"
 #include "ui/notice/NoticeAnimation.h"
-#include "vxctrl/CVxDialog.h"
 
 class QLabel;
 

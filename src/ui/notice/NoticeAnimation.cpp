@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "vxctrl/CVxDialog.h"
+#include "controls/CVxDialog.h"
 
 namespace feedloom {
 namespace {

@@ -1,6 +1,6 @@
 #include <fmt/format.h>
 
-#include "platform/Text.h"
+#include "text/Text.h"
 #include "ui/page/Pages.h"
 
 namespace feedloom {

@@ -13,7 +13,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/CodePage.h"
+#include "text/CodePage.h"
 #include "ui/page/PageSkin.h"
 
 namespace feedloom {

@@ -3,8 +3,8 @@
 #include <QButtonGroup>
 #include <QLabel>
 
+#include "controls/CVxRadioButton.h"
 #include "skin/Keys.h"
-#include "vxctrl/CVxRadioButton.h"
 
 namespace feedloom {
 namespace {

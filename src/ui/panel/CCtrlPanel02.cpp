@@ -4,9 +4,9 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include "controls/CVxSlider.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
-#include "vxctrl/CVxSlider.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

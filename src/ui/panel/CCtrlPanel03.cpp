@@ -4,9 +4,9 @@
 #include <QLabel>
 #include <QMouseEvent>
 
+#include "controls/CVxRadioButton.h"
+#include "look/SkinPieces.h"
 #include "skin/Keys.h"
-#include "vxctrl/CVxRadioButton.h"
-#include "vxctrl/SkinPieces.h"
 
 namespace feedloom {
 namespace {

@@ -3,11 +3,11 @@
 #include <QButtonGroup>
 #include <QLabel>
 
-#include "platform/Text.h"
+#include "controls/CVxEdit.h"
+#include "controls/CVxRadioButton.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
-#include "vxctrl/CVxEdit.h"
-#include "vxctrl/CVxRadioButton.h"
-#include "vxctrl/SkinText.h"
+#include "text/Text.h"
 
 namespace feedloom {
 

@@ -7,6 +7,8 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include "controls/CButtonEx.h"
+#include "look/SkinPieces.h"
 #include "skin/Keys.h"
 #include "ui/Desk.h"
 #include "ui/panel/CCtrlPanel01.h"
@@ -15,8 +17,6 @@
 #include "ui/panel/CCtrlPanel04.h"
 #include "ui/panel/ControlPanel.h"
 #include "ui/panel/PanelRules.h"
-#include "vxctrl/CButtonEx.h"
-#include "vxctrl/SkinPieces.h"
 
 namespace feedloom {
 namespace {

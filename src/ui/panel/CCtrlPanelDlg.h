@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "controls/CVxDialog.h"
 #include "ui/Settings.h"
-#include "vxctrl/CVxDialog.h"
 
 class QButtonGroup;
 class QStackedWidget;

@@ -5,10 +5,10 @@
 #include <QLabel>
 #include <QLayoutItem>
 
+#include "controls/CVxRadioButton.h"
+#include "look/SkinPieces.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
-#include "vxctrl/CVxRadioButton.h"
-#include "vxctrl/SkinPieces.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

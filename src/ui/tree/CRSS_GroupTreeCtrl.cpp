@@ -6,14 +6,14 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/RowAccessibility.h"
+#include "look/SkinFont.h"
+#include "look/SkinPalette.h"
 #include "skin/Colors.h"
 #include "skin/Keys.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/NewPostAnimation.h"
 #include "ui/tree/TreeRowDelegate.h"
-#include "vxctrl/RowAccessibility.h"
-#include "vxctrl/SkinFont.h"
-#include "vxctrl/SkinPalette.h"
 
 namespace feedloom {
 namespace {

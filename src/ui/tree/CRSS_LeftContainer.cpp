@@ -8,6 +8,7 @@
 #include <iterator>
 #include <utility>
 
+#include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "store/Posts.h"
 #include "ui/Desk.h"
@@ -16,7 +17,6 @@
 #include "ui/tree/SelectedPosts.h"
 #include "ui/tree/TimerPeriods.h"
 #include "ui/tree/TreeLoader.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

@@ -9,10 +9,10 @@
 #include <utility>
 
 #include "exchange/Subscriptions.h"
+#include "look/PaneFrame.h"
 #include "ui/Reading.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/TreeCommands.h"
-#include "vxctrl/PaneFrame.h"
 
 class QTimer;
 

@@ -2,10 +2,10 @@
 
 #include <QPainter>
 
+#include "controls/AccessibleRole.h"
+#include "controls/CButtonEx.h"
+#include "look/SkinText.h"
 #include "skin/Keys.h"
-#include "vxctrl/AccessibleRole.h"
-#include "vxctrl/CButtonEx.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 namespace {

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <array>
 
-#include "vxctrl/SkinPieces.h"
+#include "look/SkinPieces.h"
 
 class QAbstractButton;
 

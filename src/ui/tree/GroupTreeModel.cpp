@@ -7,10 +7,10 @@
 #include <unordered_set>
 #include <utility>
 
-#include "platform/Messages.h"
+#include "look/QtText.h"
 #include "skin/TextPlaceholders.h"
+#include "threads/Messages.h"
 #include "ui/tree/RowLabel.h"
-#include "vxctrl/QtText.h"
 
 namespace feedloom {
 namespace {

@@ -7,8 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/CodePage.h"
 #include "store/Rows.h"
+#include "text/CodePage.h"
 #include "ui/tree/TreeRows.h"
 
 namespace feedloom {

@@ -5,9 +5,9 @@
 #include <initializer_list>
 #include <string>
 
-#include "platform/Path.h"
+#include "files/Path.h"
+#include "look/SkinPieces.h"
 #include "skin/Skin.h"
-#include "vxctrl/SkinPieces.h"
 
 namespace feedloom {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "ingest/RefreshQueue.h"
+#include "refresh/RefreshQueue.h"
 #include "ui/tree/TreeRows.h"
 
 namespace feedloom {

@@ -8,10 +8,10 @@
 #include <utility>
 #include <vector>
 
-#include "ingest/RefreshQueue.h"
+#include "controls/CMsgBox.h"
+#include "refresh/RefreshQueue.h"
 #include "ui/ChannelFacts.h"
 #include "ui/tree/TreeMenu.h"
-#include "vxctrl/CMsgBox.h"
 
 namespace feedloom {
 

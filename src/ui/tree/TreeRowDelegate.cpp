@@ -4,9 +4,9 @@
 #include <QPainterPath>
 #include <utility>
 
+#include "look/SkinDrawing.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/NewPostAnimation.h"
-#include "vxctrl/SkinDrawing.h"
 
 namespace feedloom {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <QPainter>
 
+#include "look/SkinPalette.h"
 #include "skin/Colors.h"
 #include "skin/Keys.h"
-#include "vxctrl/SkinPalette.h"
 
 namespace feedloom {
 namespace {

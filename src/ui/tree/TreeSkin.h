@@ -3,7 +3,7 @@
 #include <QCursor>
 #include <QPixmap>
 
-#include "vxctrl/SkinPieces.h"
+#include "look/SkinPieces.h"
 
 namespace feedloom {
 

@@ -7,13 +7,13 @@
 #include <QtWidgets>
 
 #include "kit/FeedServer.h"
+#include "look/QtText.h"
+#include "look/SkinText.h"
 #include "ui/Fakes.h"
 #include "ui/browser/BrowserServices.h"
 #include "ui/browser/CRSS_HtmlView.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
 #include "ui/browser/CRSS_RightBottomToolBarWnd.h"
-#include "vxctrl/QtText.h"
-#include "vxctrl/SkinText.h"
 
 namespace feedloom {
 

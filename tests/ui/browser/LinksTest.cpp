@@ -1,7 +1,7 @@
 // Where the links and pictures of posts lead, and how the pane says it.
 #include <QLabel>
 
-#include "platform/ProxySettings.h"
+#include "net/ProxySettings.h"
 #include "ui/browser/BrowserFixture.h"
 #include "ui/browser/LinkStrip.h"
 

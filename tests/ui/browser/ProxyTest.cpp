@@ -1,6 +1,6 @@
 // The browser behind a proxy. The engine takes it once in a process, so this is a program of its
 // own.
-#include "platform/ProxySettings.h"
+#include "net/ProxySettings.h"
 #include "ui/browser/BrowserFixture.h"
 #include "ui/browser/EngineProxy.h"
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "kit/ShippedSkin.h"
-#include "platform/ProxySettings.h"
+#include "net/ProxySettings.h"
 #include "ui/browser/DisplayedAddress.h"
 #include "ui/browser/EngineProxy.h"
 #include "ui/browser/FrameLinks.h"

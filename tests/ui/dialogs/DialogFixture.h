@@ -1,14 +1,14 @@
 // A dialog of the module over a parent, as a user meets it, and what every user needs of one.
 #pragma once
 
+#include "controls/AccessibleTree.h"
+#include "controls/CButtonEx.h"
+#include "controls/CVxDialog.h"
+#include "controls/DialogAnswers.h"
 #include "ui/ChannelFacts.h"
 #include "ui/Fakes.h"
 #include "ui/Login.h"
 #include "ui/dialogs/Dialogs.h"
-#include "vxctrl/AccessibleTree.h"
-#include "vxctrl/CButtonEx.h"
-#include "vxctrl/CVxDialog.h"
-#include "vxctrl/DialogAnswers.h"
 
 namespace feedloom {
 

@@ -1,6 +1,6 @@
 // All dialogs but that of the web directory, with a real store.
 
-#include "ingest/FeedCheckAnswer.h"
+#include "check/FeedCheckAnswer.h"
 #include "store/Cabinets.h"
 #include "store/Folders.h"
 #include "ui/dialogs/DialogFixture.h"

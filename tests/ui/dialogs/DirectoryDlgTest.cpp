@@ -1,9 +1,9 @@
 // The dialog that searches the web directory, with a real service.
 
+#include "controls/CVxListCtrl.h"
 #include "kit/DirectoryService.h"
 #include "ui/dialogs/DialogFixture.h"
 #include "ui/dialogs/DirectoryModel.h"
-#include "vxctrl/CVxListCtrl.h"
 
 namespace feedloom {
 

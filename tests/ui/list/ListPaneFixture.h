@@ -4,12 +4,12 @@
 #include <QTest>
 #include <QtWidgets>
 
+#include "controls/CVxComboBox.h"
+#include "controls/CVxListCtrl.h"
 #include "ui/Fakes.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/list/CRSS_RightTopToolBarWnd.h"
 #include "ui/list/PostListModel.h"
-#include "vxctrl/CVxComboBox.h"
-#include "vxctrl/CVxListCtrl.h"
 
 namespace feedloom {
 

@@ -1,7 +1,7 @@
 // Rows on the screen: what clicks, keys and the menu do to the store, the rows and the frame.
+#include "controls/DialogAnswers.h"
 #include "store/Cabinets.h"
 #include "ui/list/ListPaneFixture.h"
-#include "vxctrl/DialogAnswers.h"
 
 namespace feedloom {
 

@@ -3,9 +3,9 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "controls/CButtonEx.h"
 #include "kit/ShippedSkin.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
-#include "vxctrl/CButtonEx.h"
 
 namespace feedloom {
 

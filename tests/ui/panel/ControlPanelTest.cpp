@@ -1,7 +1,7 @@
 
+#include "controls/CVxRadioButton.h"
 #include "ui/dialogs/DialogFixture.h"
 #include "ui/panel/ControlPanel.h"
-#include "vxctrl/CVxRadioButton.h"
 
 namespace feedloom {
 

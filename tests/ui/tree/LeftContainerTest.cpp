@@ -1,6 +1,6 @@
 // The rows, their counts and marks, what clicks and keys select, the buttons and the timers.
 
-#include "platform/Messages.h"
+#include "threads/Messages.h"
 #include "ui/tree/LeftPaneFixture.h"
 #include "ui/tree/RowLabel.h"
 

@@ -4,13 +4,13 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "controls/DialogAnswers.h"
 #include "store/Cabinets.h"
 #include "store/Folders.h"
 #include "ui/Fakes.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 #include "ui/tree/CRSS_LeftToolBarWnd.h"
-#include "vxctrl/DialogAnswers.h"
 
 namespace feedloom {
 

@@ -1,0 +1,53 @@
+#include "check/FeedCheck.h"
+
+#include <array>
+
+#include "feed/WebAddress.h"
+#include "fetch/FeedFetch.h"
+#include "fetch/TimeLimit.h"
+#include "files/TempFile.h"
+#include "refresh/RefreshRun.h"
+#include "xml/HtmlLinks.h"
+
+namespace feedloom {
+namespace {
+
+// Returns the first feed that the HTML page in the file `path` announces with a http or https
+// address, escaped. The page's own address does not count.
+std::string AnnouncedFeed(const std::string& path, const std::string& pageAddress) {
+  constexpr std::array<std::string_view, 2> kTypes = {"application/rss+xml",
+                                                      "application/atom+xml"};
+  for (const std::string& link : AlternateLinks(path, pageAddress, kTypes)) {
+    if (IsWebAddress(link) && link != pageAddress) return EscapedAddress(link);
+  }
+  return "";
+}
+
+FeedCheckAnswer Examine(const FetchServices& services, const std::string& address,
+                        const TempFile& file, std::stop_token stop) {
+  FeedParser parser(services.TextCodePage());
+  const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
+  const FetchOutcome outcome =
+      FetchFeedFile({address, file.Path()}, services, limit.Token(), parser);
+  if (outcome.result == kChannelRefreshed) {
+    return {true, parser.GetChannelTitle(), parser.GetChannelLink()};
+  }
+  const bool mayBePage =
+      outcome.result == kDocumentRefused && parser.GetFormat() == FeedFormat::Unknown;
+  if (!mayBePage) return {};
+  return {.announcedFeed = AnnouncedFeed(file.Path(), outcome.address)};
+}
+
+}  // namespace
+
+FeedCheckAnswer CheckFeed(const FetchServices& services, const std::string& address,
+                          std::stop_token stop) {
+  constexpr std::chrono::milliseconds kWait{1000};
+  const TempFile file(CheckFilePath(services.workDir));
+  file.Remove();
+  services.clock.Pause(kWait, stop);
+  if (stop.stop_requested()) return {};
+  return Examine(services, address, file, std::move(stop));
+}
+
+}  // namespace feedloom

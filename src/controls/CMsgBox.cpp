@@ -1,0 +1,144 @@
+#include "controls/CMsgBox.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <span>
+
+#include "controls/AccessibleRole.h"
+#include "controls/CButtonEx.h"
+#include "look/QtText.h"
+#include "look/SkinFont.h"
+#include "look/SkinPalette.h"
+#include "look/SkinText.h"
+#include "skin/Keys.h"
+#include "skin/Skin.h"
+
+namespace feedloom {
+namespace {
+
+struct Choice {
+  const char* imageKey;
+  const char* textKey;
+  bool consents;
+};
+
+constexpr Choice kYesNo[] = {{kButtonYes, kTextYes, true}, {kButtonNo, kTextNo, false}};
+constexpr Choice kOkCancel[] = {{kButtonOk, kTextOk, true}, {kButtonCancel, kTextCancel, false}};
+constexpr Choice kNotice[] = {{kButtonOk, kTextOk, true}};
+
+std::span<const Choice> ChoicesOf(MsgBoxKind kind) {
+  switch (kind) {
+    case MsgBoxKind::YesNo:
+      return kYesNo;
+    case MsgBoxKind::OkCancel:
+      return kOkCancel;
+    case MsgBoxKind::Notice:
+      break;
+  }
+  return kNotice;
+}
+
+constexpr int kMargin = 20;
+constexpr int kButtonGap = 8;
+constexpr QSize kSmallestText(220, 32);
+constexpr int kWidestText = 420;
+
+// The size of the text area: that of the text wrapped at kWidestText, but at most two thirds of the
+// screen, plus a scroll bar then.
+QSize TextAreaSize(const QLabel& label, const QSize& screen) {
+  const QSize limit = screen * 2 / 3;
+  const int oneLine = label.fontMetrics().size(0, label.text()).width();
+  const int width = std::min(std::clamp(oneLine, kSmallestText.width(), kWidestText),
+                             std::max(limit.width(), kSmallestText.width()));
+  const int height = std::max(label.heightForWidth(width), kSmallestText.height());
+  if (height <= limit.height()) return {width, height};
+  return {width + label.style()->pixelMetric(QStyle::PM_ScrollBarExtent), limit.height()};
+}
+
+}  // namespace
+
+CMsgBox::CMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent)
+    : QDialog(parent) {
+  SetAccessibleRole(*this, QAccessible::AlertMessage);
+  setAccessibleDescription(text);
+  setWindowTitle(ToQString(skin.Config().GetCodePage(), skin.Config().GetAppTitle()));
+  setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
+  setPalette(LoadSkinPalette(skin));
+
+  auto* column = new QVBoxLayout(this);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(kMargin);
+  column->addWidget(MakeTextArea(text));
+  column->addWidget(MakeButtonRow(skin, kind));
+  consent_->setFocus();
+}
+
+QWidget* CMsgBox::MakeTextArea(const QString& text) {
+  auto* area = new QScrollArea(this);
+  auto* label = new QLabel(area);
+  label->setTextFormat(Qt::PlainText);
+  label->setText(text);
+  label->setWordWrap(true);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setWidgetResizable(true);
+  area->setFixedSize(TextAreaSize(*label, screen()->availableSize()));
+  area->setWidget(label);
+  area->setAccessibleName(text);
+  if (label->heightForWidth(area->width()) <= area->height()) {
+    area->setFocusPolicy(Qt::NoFocus);  // the focus is needed for scrolling only
+    // The scroll area lays a wrapped text out narrower at first, and would keep a bar for that.
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  }
+  return area;
+}
+
+QWidget* CMsgBox::MakeButtonRow(const Skin& skin, MsgBoxKind kind) {
+  auto* row = new QWidget(this);
+  auto* layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(kButtonGap);
+  layout->addStretch();
+  for (const Choice& choice : ChoicesOf(kind)) {
+    auto* button = new CButtonEx(skin.GetImagePath(kSectionMsgBox, choice.imageKey), row);
+    button->setText(SkinText(skin, choice.textKey));
+    button->setAccessibleName(button->text());
+    connect(button, &QAbstractButton::clicked, this,
+            choice.consents ? &QDialog::accept : &QDialog::reject);
+    layout->addWidget(button);
+    if (choice.consents) consent_ = button;
+  }
+  layout->addStretch();
+  return row;
+}
+
+void CMsgBox::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+void CMsgBox::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool isEscape = event->key() == Qt::Key_Escape;
+  if (event->isAutoRepeat() && (isEnter || isEscape)) return;
+  if (!isEnter) return QDialog::keyPressEvent(event);
+  consent_->click();
+}
+
+MsgBoxAnswer ShowMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent) {
+  auto* box = new CMsgBox(skin, text, kind, parent);
+  // With this attribute exec() deletes the box itself, and also works when the parent has deleted
+  // it.
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  return box->exec() == QDialog::Accepted ? MsgBoxAnswer::Consented : MsgBoxAnswer::Declined;
+}
+
+}  // namespace feedloom

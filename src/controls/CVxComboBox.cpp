@@ -1,0 +1,48 @@
+#include "controls/CVxComboBox.h"
+
+#include <QPainter>
+
+#include "look/SkinDrawing.h"
+#include "skin/Keys.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kTextMargin = 2;  // between the text and the outer pieces, as in an edit box
+
+ThreePieces LoadPieces(const Skin& skin, ComboLook look) {
+  if (look == ComboLook::Toolbar) {
+    return LoadThreePieces(skin, kSectionControls, kImageComboLeft, kImageComboMiddle,
+                           kImageComboRight);
+  }
+  return LoadThreePieces(skin, kSectionControls, kImagePopUpComboLeft, kImagePopUpComboMiddle,
+                         kImagePopUpComboRight);
+}
+
+}  // namespace
+
+CVxComboBox::CVxComboBox(const Skin& skin, ComboLook look, QWidget* parent)
+    : QComboBox(parent), pieces_(LoadPieces(skin, look)) {
+  setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+}
+
+QSize CVxComboBox::sizeHint() const {
+  return QComboBox::sizeHint().expandedTo({0, SizeOf(pieces_.middle).height()});
+}
+
+QSize CVxComboBox::minimumSizeHint() const {
+  return QComboBox::minimumSizeHint().expandedTo({0, SizeOf(pieces_.middle).height()});
+}
+
+void CVxComboBox::paintEvent(QPaintEvent* event) {
+  if (pieces_.middle.isNull()) return QComboBox::paintEvent(event);
+  QPainter painter(this);
+  DrawSkinField(painter, *this, pieces_);
+  const QRect area = rect().adjusted(SizeOf(pieces_.left).width() + kTextMargin, 0,
+                                     -SizeOf(pieces_.right).width() - kTextMargin, 0);
+  painter.setPen(palette().color(QPalette::Text));
+  painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   fontMetrics().elidedText(currentText(), Qt::ElideRight, area.width()));
+}
+
+}  // namespace feedloom

@@ -1,0 +1,79 @@
+#include "controls/CVxFormDialog.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "controls/CButtonEx.h"
+#include "controls/CVxComboBox.h"
+#include "controls/CVxEdit.h"
+#include "look/SkinText.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kMargin = 20;
+constexpr int kRowGap = 8;
+constexpr int kLabelGap = 12;
+constexpr int kButtonGap = 8;
+constexpr int kFieldWidth = 240;
+
+}  // namespace
+
+CVxFormDialog::CVxFormDialog(const Skin& skin, const char* titleKey, QWidget* parent)
+    : CVxDialog(skin, titleKey, parent), column_(new QVBoxLayout(this)), rows_(new QFormLayout) {
+  column_->setSizeConstraint(QLayout::SetFixedSize);
+  column_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column_->setSpacing(kMargin);
+  column_->addLayout(rows_);
+  rows_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  rows_->setRowWrapPolicy(QFormLayout::DontWrapRows);
+  rows_->setLabelAlignment(Qt::AlignLeft);
+  rows_->setHorizontalSpacing(kLabelGap);
+  rows_->setVerticalSpacing(kRowGap);
+}
+
+void CVxFormDialog::AddRow(const char* labelKey, QWidget* field, CButtonEx* beside) {
+  field->setMinimumWidth(kFieldWidth);
+  if (rows_->rowCount() == 0) field->setFocus();
+  auto* const label = new QLabel(SkinText(GetSkin(), labelKey), this);
+  label->setBuddy(field);  // also gives the field its accessible name
+  stops_.push_back(field);
+  if (beside == nullptr) return rows_->addRow(label, field);
+  stops_.push_back(beside);
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(kButtonGap);
+  row->addWidget(field, 1);
+  row->addWidget(beside);
+  rows_->addRow(label, row);
+}
+
+QWidget* CVxFormDialog::AddBelow() {
+  auto* const field = new QWidget(this);
+  rows_->addRow(QString(), field);
+  return field;
+}
+
+CVxEdit* CVxFormDialog::AddEdit(const char* labelKey, CButtonEx* beside) {
+  auto* edit = new CVxEdit(GetSkin(), this);
+  AddRow(labelKey, edit, beside);
+  return edit;
+}
+
+CVxComboBox* CVxFormDialog::AddComboBox(const char* labelKey, CButtonEx* beside) {
+  auto* box = new CVxComboBox(GetSkin(), ComboLook::Dialog, this);
+  AddRow(labelKey, box, beside);
+  return box;
+}
+
+CButtonEx* CVxFormDialog::AddButtons(const char* section, const char* confirmKey,
+                                     const char* cancelKey) {
+  column_->addLayout(MakeButtonRow(section, confirmKey, cancelKey));
+  // The default tab order is that of creation, and a button beside a field is created before it.
+  stops_.push_back(ConfirmButton());
+  for (std::size_t i = 1; i < stops_.size(); ++i) setTabOrder(stops_[i - 1], stops_[i]);
+  return ConfirmButton();
+}
+
+}  // namespace feedloom

@@ -1,0 +1,149 @@
+#include "feed/FeedDocument.h"
+
+#include <array>
+#include <optional>
+
+namespace feedloom {
+namespace {
+
+ParseCode DetectAtom(const std::optional<std::string>& version, FeedVariants& variants) {
+  if (version && *version != "0.3") return kVersionRefused;
+  variants.atom = version ? FeedVariants::kAtom03 : FeedVariants::kAtom10;
+  return kParsed;
+}
+
+// Converts a document's texts into the module's code page. A missing element or attribute reads as
+// an empty text.
+class TextSource {
+ public:
+  explicit TextSource(CodePage codePage) : codePage_(codePage) {}
+
+  std::string Text(const XmlElement& element) const {
+    return element ? codePage_.FromUtf8(element.Text()) : std::string();
+  }
+  std::string Attribute(const XmlElement& element, std::string_view name) const {
+    return element ? codePage_.FromUtf8(element.Attribute(name).value_or("")) : std::string();
+  }
+
+ private:
+  const CodePage codePage_;
+};
+
+enum RssField { kTitle, kLink, kDescription, kPubDate, kDcDate, kEnclosure, kRssFieldCount };
+constexpr std::array<std::string_view, kRssFieldCount> kRssNames = {
+    "title", "link", "description", "pubDate", "dc:date", "enclosure"};
+
+using RssElements = std::array<XmlElement, kRssFieldCount>;
+
+ParseCode ReadRssDate(const RssElements& found, const TextSource& source, FeedItem& item) {
+  switch (item.variants.rss) {
+    case FeedVariants::kRss09:
+    case FeedVariants::kRss20:
+      item.date = source.Text(found[kPubDate]);
+      if (item.date.empty()) item.date = source.Text(found[kDcDate]);
+      return kParsed;
+    case FeedVariants::kRss10:
+      item.date = source.Text(found[kDcDate]);
+      return kParsed;
+    default:
+      return kUnknownVariant;
+  }
+}
+
+ParseCode ReadRssItem(const XmlElement& element, const TextSource& source, FeedItem& item) {
+  RssElements found;
+  element.FirstDescendants(kRssNames, found);
+  item.title = source.Text(found[kTitle]);
+  item.description = source.Text(found[kDescription]);
+  item.link = source.Text(found[kLink]);
+  if (item.variants.rss == FeedVariants::kRss20 && found[kEnclosure]) {
+    // The link of a podcast's post is its media file, even when the enclosure has no address.
+    item.link = source.Attribute(found[kEnclosure], "url");
+    item.enclosureType = source.Attribute(found[kEnclosure], "type");
+    item.isPodcast = 1;
+  }
+  return ReadRssDate(found, source, item);
+}
+
+void ReadAtomEntry(const XmlElement& element, const TextSource& source, FeedItem& item) {
+  constexpr std::array<std::string_view, 3> kNames = {"title", "link", "issued"};
+  std::array<XmlElement, kNames.size()> found;
+  element.FirstDescendants(kNames, found);
+  item.title = source.Text(found[0]);
+  item.link = source.Attribute(found[1], "href");
+  item.date = source.Text(found[2]);
+}
+
+ParseCode ReadItemList(const std::vector<XmlElement>& elements, const FeedVariants& variants,
+                       CodePage codePage, const std::stop_token& stop,
+                       std::vector<FeedItem>& items) {
+  if (variants.NoneSet()) return kItemListContradiction;
+  for (const XmlElement& element : elements) {
+    if (stop.stop_requested()) return kParseStopped;
+    FeedItem item;
+    item.variants = variants;
+    const ParseCode code = ReadFeedItem(element, codePage, item);
+    if (code == kItemIncomplete) continue;
+    if (code < 0) return code;
+    items.push_back(std::move(item));
+  }
+  return kParsed;
+}
+
+}  // namespace
+
+ParseCode DetectFormat(const XmlElement& root, FeedFormat& format, FeedVariants& variants) {
+  const std::optional<std::string> version = root.Attribute("version");
+  if (root.HasName("rss")) {
+    if (!version) return kVersionRefused;
+    format = FeedFormat::Rss;
+    variants.rss = *version == "2.0" ? FeedVariants::kRss20 : FeedVariants::kRss09;
+    return kParsed;
+  }
+  if (root.HasName("rdf:RDF")) {
+    format = FeedFormat::Rss;
+    variants.rss = FeedVariants::kRss10;
+    return kParsed;
+  }
+  if (root.HasName("feed")) {
+    format = FeedFormat::Atom;
+    return DetectAtom(version, variants);
+  }
+  if (root.HasName("opml")) {
+    format = FeedFormat::Opml;
+    return kParsed;
+  }
+  return kUnknownRoot;
+}
+
+ParseCode ReadFeedHeader(const XmlElement& root, CodePage codePage, FeedHeader& header) {
+  if (header.variants.BothSet()) return kHeaderContradiction;
+  constexpr std::array<std::string_view, 2> kNames = {"title", "link"};
+  std::array<XmlElement, kNames.size()> found;
+  root.FirstDescendants(kNames, found);
+  const TextSource source(codePage);
+  header.title = source.Text(found[0]);
+  header.link = header.variants.atom == FeedVariants::kNone ? source.Text(found[1])
+                                                            : source.Attribute(found[1], "href");
+  return kParsed;
+}
+
+ParseCode ReadFeedItems(const XmlElement& root, const FeedVariants& variants, CodePage codePage,
+                        std::stop_token stop, std::vector<FeedItem>& items) {
+  if (variants.BothSet()) return kFormatContradiction;
+  const bool isAtom = variants.atom != FeedVariants::kNone;
+  return ReadItemList(root.Descendants(isAtom ? "entry" : "item"), variants, codePage, stop, items);
+}
+
+ParseCode ReadFeedItem(const XmlElement& element, CodePage codePage, FeedItem& item) {
+  if (item.variants.BothSet()) return kItemContradiction;
+  const TextSource source(codePage);
+  if (item.variants.atom != FeedVariants::kNone) {
+    ReadAtomEntry(element, source, item);
+  } else if (const ParseCode code = ReadRssItem(element, source, item); code < 0) {
+    return code;
+  }
+  return item.title.empty() || item.link.empty() ? kItemIncomplete : kParsed;
+}
+
+}  // namespace feedloom

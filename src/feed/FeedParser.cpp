@@ -1,0 +1,20 @@
+#include "feed/FeedParser.h"
+
+namespace feedloom {
+int FeedParser::Parse(const std::string& path, std::stop_token stop) {
+  XmlDocument document;
+  const XmlDocument::LoadStatus status = document.Load(path, stop, limits_);
+  if (stop.stop_requested()) return kParseStopped;
+  if (status == XmlDocument::LoadStatus::OutOfMemory) return kDocumentNotCreated;
+  if (status != XmlDocument::LoadStatus::Loaded) return kDocumentUnreadable;
+  const XmlElement root = document.Root();
+  if (!root) return kNoDocumentElement;
+  ParseCode code = DetectFormat(root, format_, header_.variants);
+  if (code < 0) return code;
+  if (format_ == FeedFormat::Opml) return kParsed;
+  code = ReadFeedHeader(root, codePage_, header_);
+  if (code < 0) return code;
+  return ReadFeedItems(root, header_.variants, codePage_, std::move(stop), items_);
+}
+
+}  // namespace feedloom

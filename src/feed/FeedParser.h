@@ -1,0 +1,41 @@
+// Parses one downloaded document into a channel's header and items.
+#pragma once
+
+#include <stop_token>
+#include <string>
+#include <vector>
+
+#include "feed/FeedDocument.h"
+
+namespace feedloom {
+
+// Parses one document. Each object is used once, by one thread. Texts are in the code page that the
+// constructor was given.
+class FeedParser {
+ public:
+  explicit FeedParser(CodePage codePage, XmlLimits limits = {})
+      : codePage_(codePage), limits_(std::move(limits)) {}
+
+  // Parses the file at `path`: RSS, RDF or Atom into the header and the items; of OPML only
+  // the format is read. Returns kParsed or a negative ParseCode. After a failure the items are
+  // incomplete.
+  [[nodiscard]] int Parse(const std::string& path, std::stop_token stop = {});
+
+  // The document's format; Unknown when Parse has not recognised the root element.
+  FeedFormat GetFormat() const { return format_; }
+  bool IsFeed() const { return format_ == FeedFormat::Rss || format_ == FeedFormat::Atom; }
+  const FeedVariants& Variants() const { return header_.variants; }
+  const std::string& GetChannelTitle() const { return header_.title; }
+  const std::string& GetChannelLink() const { return header_.link; }
+  const std::vector<FeedItem>& Items() const { return items_; }
+  std::vector<FeedItem> TakeItems() { return std::move(items_); }
+
+ private:
+  const CodePage codePage_;
+  const XmlLimits limits_;
+  FeedFormat format_ = FeedFormat::Unknown;
+  FeedHeader header_;
+  std::vector<FeedItem> items_;
+};
+
+}  // namespace feedloom

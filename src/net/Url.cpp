@@ -1,0 +1,47 @@
+#include "net/Url.h"
+
+#include "net/UrlHandle.h"
+
+namespace feedloom {
+namespace {
+
+std::string Part(const UrlHandle& url, CURLUPart part, unsigned flags = 0) {
+  char* text = nullptr;
+  if (curl_url_get(url.get(), part, &text, flags) != CURLUE_OK) return "";
+  std::string result = text;
+  curl_free(text);
+  return result;
+}
+
+std::string PartOf(const std::string& address, CURLUPart part, unsigned flags = 0) {
+  const UrlHandle url(curl_url());
+  if (curl_url_set(url.get(), CURLUPART_URL, address.c_str(), CURLU_GUESS_SCHEME) != CURLUE_OK) {
+    return "";
+  }
+  return Part(url, part, flags);
+}
+
+}  // namespace
+
+std::string UrlScheme(const std::string& address) { return PartOf(address, CURLUPART_SCHEME); }
+
+std::string UrlHost(const std::string& address) { return PartOf(address, CURLUPART_HOST); }
+
+std::string UrlPath(const std::string& address) {
+  return PartOf(address, CURLUPART_PATH, CURLU_URLDECODE);
+}
+
+std::string ResolveUrl(const std::string& base, const std::string& reference) {
+  if (reference.empty() || reference.front() == '#') return "";
+  const UrlHandle url(curl_url());
+  curl_url_set(url.get(), CURLUPART_URL, base.c_str(), CURLU_URLENCODE);
+  // The library resolves a relative reference against the address that the handle holds.
+  if (curl_url_set(url.get(), CURLUPART_URL, reference.c_str(), CURLU_URLENCODE) != CURLUE_OK) {
+    return "";
+  }
+  const std::string address = Part(url, CURLUPART_URL);
+  // The library composes some addresses that it cannot parse, "file:a" for instance.
+  return UrlScheme(address).empty() ? "" : address;
+}
+
+}  // namespace feedloom

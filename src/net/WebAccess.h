@@ -1,0 +1,22 @@
+// The user's settings for access to the web.
+#pragma once
+
+#include <string>
+
+#include "net/ProxySettings.h"
+
+namespace feedloom {
+
+// The value of the header User-Agent when the user has not chosen another; ASCII.
+const std::string& DefaultUserAgent();
+
+struct WebAccess {
+  ProxySettings proxy = {};
+  std::string userAgent = DefaultUserAgent();
+};
+
+// The current proxy, and the value UserAgent of the module's registry key. DefaultUserAgent() when
+// that value is missing, empty, or contains a control character. Any thread may call it.
+WebAccess ReadWebAccess(const Registry& registry);
+
+}  // namespace feedloom

@@ -1,0 +1,21 @@
+#include "refresh/RefreshRun.h"
+
+namespace feedloom {
+
+void RefreshRun::GiveUp() {
+  {
+    const MutexLock guard(lock);
+    queue.RemoveWaiting();
+  }
+  services->store->ReportStoreError("The refresh ends: the system refuses another thread");
+}
+
+void RefreshRun::Reap() {
+  std::erase_if(jobs, [](const SharedJob& job) {
+    // The thread has released the lock for the last time, so joining it under the lock is safe.
+    if (job->threadEnded && job->thread.joinable()) job->thread.join();
+    return job->threadEnded;
+  });
+}
+
+}  // namespace feedloom

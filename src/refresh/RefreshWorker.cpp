@@ -1,0 +1,139 @@
+#include "refresh/RefreshWorker.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "feed/FeedDate.h"
+#include "feed/FeedParser.h"
+#include "fetch/FeedFetch.h"
+#include "store/Channels.h"
+#include "store/Connection.h"
+#include "store/Posts.h"
+
+namespace feedloom {
+namespace {
+
+constexpr std::chrono::hours kLongestWait{24};  // the longest "Retry-After" that is obeyed
+
+// Memory limits, in bytes, while five workers run. A worker whose document or posts exceed one
+// waits for its turn (LargeDocuments). An INSERT needs about five copies of its text.
+constexpr std::size_t kCommonDocument = 2u << 20;  // the parsed document
+constexpr std::size_t kCommonPosts = 4u << 20;     // all posts of a channel
+constexpr std::size_t kCommonPost = 256u << 10;    // one post
+
+NewPost ToNewPost(FeedItem item) {
+  NormalizeFeedDate(item.date);
+  return {std::move(item.title), std::move(item.link), std::move(item.date),
+          std::move(item.description), item.isPodcast};
+}
+
+XmlLimits LimitsFor(LargeDocuments::Turn& turn, const std::stop_token& stop) {
+  return {.atOnce = kCommonDocument, .askForMore = [&turn, stop] { return turn.Acquire(stop); }};
+}
+
+std::size_t SizeOf(const NewPost& post) {
+  return post.title.size() + post.link.size() + post.description.size();
+}
+
+bool IsLarge(const ChannelRecord& record) {
+  std::size_t sum = 0;
+  for (const NewPost& post : record.posts) {
+    sum += SizeOf(post);
+    if (SizeOf(post) > kCommonPost) return true;
+  }
+  return sum > kCommonPosts;
+}
+
+// Returns the channel of `entry` with the title, home page and posts of its document. Without a
+// title in the document the entry's title stays.
+ChannelRecord ToRecord(const RefreshEntry& entry, FeedParser& parser) {
+  ChannelRecord record;
+  record.id = entry.channelId;
+  record.folderId = entry.folderId;
+  record.title = parser.GetChannelTitle().empty() ? entry.title : parser.GetChannelTitle();
+  record.type = entry.type;
+  record.xmlLink = entry.xmlLink;
+  record.htmlLink = parser.GetChannelLink();
+  record.order = entry.order;
+  std::vector<FeedItem> items = parser.TakeItems();
+  record.posts.reserve(items.size());
+  for (FeedItem& item : items) record.posts.push_back(ToNewPost(std::move(item)));
+  return record;
+}
+
+// Inserts the channel, if it is not in the store, its new posts, and the state of a channel that
+// was refreshed, as one operation of the store.
+Changes StoreInOneOperation(Connection& connection, ChannelRecord& record, WorkerReport& report,
+                            const std::stop_token& stop) {
+  const Connection::Operation operation(connection);
+  if (record.id < 0) {
+    if (!AddChannelRecord(connection, record)) {
+      return {.failed = static_cast<int>(record.posts.size())};
+    }
+    report.Stored(record.id, record.newlyInserted);
+  }
+  const Changes posts = InsertChannelPosts(connection, record, stop);
+  if (!stop.stop_requested()) SetChannelState(connection, record.id, kChannelRefreshed);
+  return posts;
+}
+
+// Returns whether all posts of `record` are in the store now.
+bool StoreChannel(ChannelRecord& record, Store& store, WorkerReport& report,
+                  const std::stop_token& stop) {
+  Changes posts{.failed = static_cast<int>(record.posts.size())};
+  if (!stop.stop_requested()) {
+    Connection connection(store);
+    if (connection) posts = StoreInOneOperation(connection, record, report, stop);
+  }
+  report.Inserted(posts.rows, posts.failed);
+  return posts.failed == 0;
+}
+
+// Returns whether the server has asked for a longer wait. A wait of more than kLongestWait means
+// that the clock was set back; it is ignored.
+bool MustWait(const FeedVisit& last, std::chrono::system_clock::time_point now) {
+  return now < last.notBefore && last.notBefore <= now + kLongestWait;
+}
+
+void RememberWait(const RefreshEntry& entry, FeedVisit last, const FetchOutcome& outcome,
+                  const Clock& clock, FeedMemory& memory) {
+  const auto wait = std::min<std::chrono::seconds>(outcome.retryAfter, kLongestWait);
+  if (wait.count() <= 0 || entry.channelId < 0) return;
+  last.notBefore = std::chrono::floor<std::chrono::seconds>(clock.Now() + wait);
+  memory.Remember(entry.channelId, std::move(last));
+}
+
+}  // namespace
+
+void RefreshChannel(const RefreshEntry& entry, bool holdsPosts, const FetchServices& services,
+                    RefreshResources& resources, WorkerReport& report, std::stop_token stop) {
+  const FeedVisit last = resources.memory.Last(entry.channelId, entry.xmlLink);
+  if (MustWait(last, services.clock.Now())) return report.Ended(kDownloadFailed);
+  LargeDocuments::Turn turn(resources.largeDocuments);
+  FeedParser parser(services.TextCodePage(), LimitsFor(turn, stop));
+  const FetchOutcome outcome = FetchFeed({.address = entry.xmlLink,
+                                          .path = WorkerFilePath(services.workDir, entry.channelId),
+                                          .known = holdsPosts ? last.validators : Validators(),
+                                          .pool = &resources.pool},
+                                         services, stop, parser);
+  if (!outcome.isNew) return report.Unchanged();
+  if (outcome.result == kChannelRefreshed) {
+    report.Fetched();
+    ChannelRecord record = ToRecord(entry, parser);
+    if (IsLarge(record)) {
+      turn.Acquire(stop);
+    } else {
+      turn.Release();
+    }
+    // Without validators the next request is for the whole document, with the posts that are
+    // missing.
+    const bool isStored = StoreChannel(record, *services.store, report, stop);
+    const Validators known = isStored ? outcome.validators : Validators();
+    if (record.id >= 0) resources.memory.Remember(record.id, {entry.xmlLink, known});
+  } else {
+    RememberWait(entry, last, outcome, services.clock, resources.memory);
+  }
+  report.Ended(outcome.result);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,85 @@
+// A read-only XML document tree. Names are compared as the document spells them, with their prefix
+// ("dc:date"). All texts are UTF-8, whatever encoding the document declares.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <stop_token>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "xml/XmlLimits.h"
+
+struct _xmlDoc;   // NOLINT(bugprone-reserved-identifier): the XML library's names
+struct _xmlNode;  // NOLINT(bugprone-reserved-identifier)
+
+namespace feedloom {
+
+// A reference to one element, or to none (null). Valid as long as its document exists and loads no
+// other file.
+class XmlElement {
+ public:
+  XmlElement() = default;
+  explicit XmlElement(const _xmlNode* node) : node_(node) {}
+
+  explicit operator bool() const { return node_ != nullptr; }
+
+  // The functions below must not be called on a null element.
+
+  // The name as the document spells it, with its prefix.
+  std::string Name() const;
+  bool HasName(std::string_view qualifiedName) const;
+
+  // The attribute's value with references resolved; nullopt when the attribute is absent.
+  std::optional<std::string> Attribute(std::string_view qualifiedName) const;
+
+  // All text and CDATA below the element, joined and trimmed of white space at both ends. Comments
+  // and processing instructions are left out.
+  std::string Text() const;
+
+  // The elements of that name below this one, at any depth, in document order; the first one is
+  // null when there is none.
+  XmlElement FirstDescendant(std::string_view qualifiedName) const;
+  std::vector<XmlElement> Descendants(std::string_view qualifiedName) const;
+  // Finds the first descendant for each of `names` in one walk: found[i] becomes that of names[i].
+  // Both spans have the same length, and all of `found` must be null at first.
+  void FirstDescendants(std::span<const std::string_view> names, std::span<XmlElement> found) const;
+
+  // The elements of that name directly below this one, in document order.
+  std::vector<XmlElement> Children(std::string_view qualifiedName) const;
+
+ private:
+  const _xmlNode* node_ = nullptr;
+};
+
+class XmlDocument {
+ public:
+  XmlDocument();
+  ~XmlDocument();
+  XmlDocument(XmlDocument&&) noexcept;
+  XmlDocument& operator=(XmlDocument&&) noexcept;
+
+  enum class LoadStatus { Loaded, OutOfMemory, Unreadable, TooLarge };
+
+  // Loads the file `path` (the file system's bytes) in place of what was loaded before. TooLarge:
+  // it exceeds `limits`, or has more than 256 KiB without an element or a text. Unreadable: it
+  // cannot be opened, is not well-formed, exceeds the XML library's limits on depth or entity
+  // growth, or `stop` was requested before its end was read. External entities and document types
+  // are never loaded; an external entity counts as empty. A prefix needs no declaration. EUC-KR is
+  // read as CP949. Any thread may call it.
+  [[nodiscard]] LoadStatus Load(const std::string& path, std::stop_token stop = {},
+                                const XmlLimits& limits = {});
+
+  // The document element; null unless the last load succeeded.
+  XmlElement Root() const;
+
+ private:
+  struct Free {
+    void operator()(_xmlDoc* document) const;
+  };
+  std::unique_ptr<_xmlDoc, Free> document_;
+};
+
+}  // namespace feedloom
