@@ -6,7 +6,7 @@
 #include "ctl/Output.h"
 #include "ctl/Selection.h"
 #include "ctl/Session.h"
-#include "store/Posts.h"
+#include "store/PostLists.h"
 #include "store/Search.h"
 
 namespace feedloom {
@@ -14,46 +14,30 @@ namespace {
 
 using PostRows = std::vector<PostRow>;
 
-// Sets `out` to the posts of the container `id`, which `load` reads. Returns false after a failure.
-template <typename Container>
-bool TakePosts(Store& store, bool (*load)(Store&, int, Container&), int id, PostRows& out) {
-  Container container;
-  const bool loaded = load(store, id, container);
-  out = std::move(container.posts);
-  return loaded;
+bool LoadRow(Store& store, const RowKey& row, const std::optional<std::string>& word,
+             PostRows& out) {
+  return word ? SearchPosts(store, row, *word, out) : LoadPosts(store, row, out);
 }
 
-bool LoadChannel(Session& session, int id, const std::optional<std::string>& word, PostRows& out) {
-  Store& store = session.GetStore();
-  if (!FindChannel(store, id)) return false;
-  if (word) return SearchChannelPosts(store, id, *word, out);
-  return TakePosts(store, LoadChannelWithPosts, id, out);
-}
-
-bool LoadFolder(Session& session, int id, bool today, const std::optional<std::string>& word,
+bool LoadFolder(Store& store, int id, bool today, const std::optional<std::string>& word,
                 PostRows& out) {
-  Store& store = session.GetStore();
   if (!FindFolder(store, id)) return false;
-  if (today) return LoadFolderTodayUnread(store, id, out);
-  if (word) return SearchFolderPosts(store, id, *word, out);
-  return TakePosts(store, LoadFolderWithPosts, id, out);
-}
-
-bool LoadCabinet(Session& session, int id, const std::optional<std::string>& word, PostRows& out) {
-  Store& store = session.GetStore();
-  if (!FindCabinet(store, id)) return false;
-  if (word) return SearchCabinetPosts(store, id, *word, out);
-  return TakePosts(store, LoadCabinetWithPosts, id, out);
+  return today ? LoadFolderTodayUnread(store, id, out)
+               : LoadRow(store, {RowKind::Folder, id}, word, out);
 }
 
 bool Load(Session& session, const PostsOptions& options, PostRows& out) {
+  Store& store = session.GetStore();
   std::optional<std::string> word;
   if (options.word) word = session.Text(*options.word);
-  if (options.channel) return LoadChannel(session, *options.channel, word, out);
-  if (options.folder) return LoadFolder(session, *options.folder, options.today, word, out);
-  if (options.cabinet) return LoadCabinet(session, *options.cabinet, word, out);
-  if (options.today) return LoadTodayUnread(session.GetStore(), out);
-  return SearchPosts(session.GetStore(), word.value_or(""), out);
+  if (const auto id = options.channel) {
+    return FindChannel(store, *id) && LoadRow(store, {RowKind::Channel, *id}, word, out);
+  }
+  if (options.folder) return LoadFolder(store, *options.folder, options.today, word, out);
+  if (const auto id = options.cabinet) {
+    return FindCabinet(store, *id) && LoadRow(store, {RowKind::Cabinet, *id}, word, out);
+  }
+  return options.today ? LoadTodayUnread(store, out) : SearchPosts(store, word.value_or(""), out);
 }
 
 Json PostJson(const Session& session, const PostRow& post) {

@@ -6,8 +6,8 @@
 #include "controls/CVxListCtrl.h"
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
+#include "store/PostLists.h"
 #include "store/Posts.h"
-#include "store/ReadStatus.h"
 #include "ui/Desk.h"
 #include "ui/dialogs/Dialogs.h"
 #include "ui/list/ListMenu.h"
@@ -31,8 +31,7 @@ void PostCommands::Show(int row) {
 
 void PostCommands::MarkRead(int row, const PostRow& post) {
   if (post.readStatus != 0) return;
-  const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
-  if (!mark(desk_.GetStore(), 1, {&post.id, 1})) return;
+  if (!feedloom::MarkRead(desk_.GetStore(), {&post.id, 1}, model_.AreScrapPosts(), 1)) return;
   model_.SetReadStatus({&row, 1}, 1);
   reading_.PostWasRead(post, model_.AreScrapPosts());
 }
@@ -82,8 +81,8 @@ std::optional<Menu> PostCommands::ContextMenu() const {
 void PostCommands::MarkSelected(int status) {
   const std::vector<int> rows = list_.SelectedRows();
   if (rows.empty() || !PostsAreStored()) return;
-  const auto mark = model_.AreScrapPosts() ? MarkScrapPostsRead : MarkPostsRead;
-  if (!mark(desk_.GetStore(), status, model_.IdsOf(rows))) return Reload();
+  const std::vector<int> ids = model_.IdsOf(rows);
+  if (!feedloom::MarkRead(desk_.GetStore(), ids, model_.AreScrapPosts(), status)) return Reload();
   model_.SetReadStatus(rows, status);
   reading_.RecountUnread(model_.AreScrapPosts());
 }

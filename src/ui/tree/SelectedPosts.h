@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "store/RowKey.h"
 #include "ui/PostList.h"
-#include "ui/tree/TreeRows.h"
 
 namespace feedloom {
 

@@ -9,7 +9,7 @@
 #include "store/Cabinets.h"
 #include "store/Channels.h"
 #include "store/Folders.h"
-#include "store/ReadStatus.h"
+#include "store/PostLists.h"
 #include "store/Search.h"
 #include "store/SqlText.h"
 #include "ui/Desk.h"
@@ -251,30 +251,15 @@ void TreeCommands::RenameChild() {
 
 // Commands that mark, refresh and list.
 
-bool TreeCommands::MarkPosts(const Target& target, int status) {
-  Store& store = desk_.GetStore();
-  switch (target.kind) {
-    case RowKind::Folder:
-      return MarkFoldersRead(store, status, {&target.id, 1});
-    case RowKind::Channel:
-      return MarkChannelsRead(store, status, {&target.id, 1});
-    case RowKind::CabinetRoot:
-      return MarkAllScrapPostsRead(store, status);
-    case RowKind::Cabinet:
-      return MarkCabinetsRead(store, status, {&target.id, 1});
-  }
-  return false;
-}
-
 template <int status>
 void TreeCommands::Mark() {
   const auto target = Selected();
   if (!target) return;
-  if (!MarkPosts(*target, status)) {
+  if (!MarkRead(frame_.GetStore(), {target->kind, target->id}, status)) {
     Ask(kTextReadStatusError, MsgBoxKind::Notice);
     return;
   }
-  reading_.RecountUnread(target->kind == RowKind::CabinetRoot || target->kind == RowKind::Cabinet);
+  reading_.RecountUnread(HoldsScrapPosts(target->kind));
   if (auto list = PostsOf(desk_.GetStore(), model_.KeyOf(target->row))) {
     reading_.RelistPosts(std::move(*list));
   }
@@ -316,24 +301,12 @@ void TreeCommands::Search() {
   if (!target) return;
   const auto word = AskSearchWord(desk_, &tree_);
   if (!word) return;
-  Store& store = desk_.GetStore();
   PostList list;
+  list.areScrapPosts = HoldsScrapPosts(target->kind);
   list.areSearchResults = true;
-  const auto found = [&] {
-    switch (target->kind) {
-      case RowKind::Folder:
-        return SearchFolderPosts(store, target->id, *word, list.posts);
-      case RowKind::Channel:
-        return SearchChannelPosts(store, target->id, *word, list.posts);
-      case RowKind::CabinetRoot:
-        return SearchScrapPosts(store, *word, list.posts);
-      case RowKind::Cabinet:
-        return SearchCabinetPosts(store, target->id, *word, list.posts);
-    }
-    return false;
-  };
-  list.areScrapPosts = target->kind == RowKind::CabinetRoot || target->kind == RowKind::Cabinet;
-  if (found()) reading_.ListPosts(ListMode::Selection, std::move(list));
+  if (SearchPosts(desk_.GetStore(), {target->kind, target->id}, *word, list.posts)) {
+    reading_.ListPosts(ListMode::Selection, std::move(list));
+  }
 }
 
 }  // namespace feedloom

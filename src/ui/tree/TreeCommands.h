@@ -69,7 +69,6 @@ class TreeCommands {
   std::string SelectedFolderName() const;
   bool IsFolderQueued(const Target& folder) const;
   void RemoveRow(const QPersistentModelIndex& row);
-  bool MarkPosts(const Target& target, int status);
   void Refresh(std::vector<RefreshEntry> entries);
 
   // Each runs one command.

@@ -6,26 +6,13 @@
 #include <vector>
 
 #include "exchange/Subscriptions.h"
+#include "store/RowKey.h"
 
 namespace feedloom {
 
 struct CabinetRow;
 struct ChannelRow;
 struct FolderRow;
-
-enum class RowKind { Folder, CabinetRoot, Channel, Cabinet };
-
-constexpr bool IsGroup(RowKind kind) {
-  return kind == RowKind::Folder || kind == RowKind::CabinetRoot;
-}
-
-// What a row stands for. The id of the cabinet root is 0.
-struct RowKey {
-  RowKind kind = RowKind::Folder;
-  int id = 0;
-
-  bool operator==(const RowKey&) const = default;
-};
 
 // A channel of a folder, or a cabinet of the cabinet root.
 struct ChildRow {
