@@ -8,7 +8,7 @@
 #include "ctl/Session.h"
 #include "feed/FeedParser.h"
 #include "refresh/RefreshQueue.h"
-#include "store/Channels.h"
+#include "store/ChannelAdder.h"
 #include "store/Folders.h"
 
 namespace feedloom {

@@ -15,7 +15,6 @@
 #include "net/UrlDownload.h"
 #include "refresh/RefreshRun.h"
 #include "store/ChannelAdder.h"
-#include "store/Channels.h"
 #include "store/Connection.h"
 #include "store/Folders.h"
 #include "store/SqlText.h"

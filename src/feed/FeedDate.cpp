@@ -40,8 +40,6 @@ constexpr ZoneName kZoneNames[] = {{"UT", 0},   {"Z", 0},    {"GMT", 0},  {"EST"
 constexpr std::array<std::string_view, 12> kMonths = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
                                                       "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool AllDigits(std::string_view text) { return std::ranges::all_of(text, IsDigit); }
 
 int TwoCharsAt(std::string_view text, std::size_t at) {

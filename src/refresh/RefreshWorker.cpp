@@ -4,8 +4,9 @@
 #include <chrono>
 
 #include "feed/FeedDate.h"
-#include "feed/FeedParser.h"
 #include "fetch/FeedFetch.h"
+#include "feed/FeedParser.h"
+#include "store/ChannelAdder.h"
 #include "store/Channels.h"
 #include "store/Connection.h"
 #include "store/Posts.h"

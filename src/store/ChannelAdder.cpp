@@ -4,18 +4,66 @@
 #include <unordered_set>
 
 #include "store/Connection.h"
+#include "store/Folders.h"
 #include "store/SqlText.h"
 
 namespace feedloom {
+namespace {
+
+constexpr std::string_view kInsert =
+    "Insert Into TB_CHANNEL(channel_title, channel_type, channel_xmllink, channel_htmllink, "
+    "channel_folderID, channel_order) values ";
+
+std::string ValuesOf(const ChannelRecord& record, int folderId, int order) {
+  return FormatSql("('%s', '%s', '%s', '%s', %d, %d)", record.title, record.type, record.xmlLink,
+                   record.htmlLink, folderId, order);
+}
+
+}  // namespace
+
+bool AddChannelRecord(Connection& connection, ChannelRecord& record) {
+  const std::optional<int> order =
+      record.order < 0 ? HighestOrder(connection, record.folderId) : record.order;
+  if (!order) return false;
+  const auto present = connection.Query(FormatSql(
+      "Select channel_id From TB_CHANNEL Where channel_xmllink = '%s' and channel_folderID = %d",
+      record.xmlLink, record.folderId));
+  if (!present) return false;
+  if (present->Rows() > 0) {
+    record.id = present->Int(0, 0);
+    return true;
+  }
+  const auto id = QueryNumber(connection, std::string(kInsert)
+                                              .append(ValuesOf(record, record.folderId, *order))
+                                              .append(";select last_insert_rowid()"));
+  if (!id) return false;
+  record.id = *id;
+  record.order = *order;
+  record.newlyInserted = true;
+  return true;
+}
+
+bool AppendChannelRecord(Store& store, ChannelRecord& record) {
+  record.order = GetMaxOrder(store, false, record.folderId) + 1;
+  Connection connection(store);
+  return connection && AddChannelRecord(connection, record);
+}
+
+ChannelRow StoredRow(const ChannelRecord& record) {
+  ChannelRow row;
+  row.title = UnescapeEntities(record.title);
+  row.xmlLink = UnescapeEntities(record.xmlLink);
+  row.id = record.id;
+  row.folderId = record.folderId;
+  row.order = record.order;
+  return row;
+}
 
 bool ChannelAdder::Add(std::span<ChannelRecord> records) {
   const std::string rows = NewRows(records);
   const int lastBefore = lastId_;
   if (!rows.empty()) {
-    const std::string insert =
-        "Insert Into TB_CHANNEL(channel_title, channel_type, channel_xmllink, channel_htmllink, "
-        "channel_folderID, channel_order) values ";
-    if (!connection_.Execute(insert + rows) || !Load()) return false;
+    if (!connection_.Execute(std::string(kInsert) + rows) || !Load()) return false;
   }
   std::unordered_set<int> seen;
   for (ChannelRecord& record : records) {
@@ -34,9 +82,7 @@ std::string ChannelAdder::NewRows(std::span<const ChannelRecord> records) const 
   for (const ChannelRecord& record : records) {
     const std::string address = UnescapeEntities(record.xmlLink);
     if (ids_.contains(address) || !added.insert(address).second) continue;
-    rows.append(rows.empty() ? "" : ", ")
-        .append(FormatSql("('%s', '%s', '%s', '%s', %d, %d)", record.title, record.type,
-                          record.xmlLink, record.htmlLink, folderId_, order_));
+    rows.append(rows.empty() ? "" : ", ").append(ValuesOf(record, folderId_, order_));
   }
   return rows;
 }

@@ -1,3 +1,5 @@
+// The rule of adding channels: a folder holds each feed address once. Texts are in the module's
+// code page. Failures are reported (Store.h).
 #pragma once
 
 #include <span>
@@ -5,10 +7,25 @@
 #include <unordered_map>
 
 #include "store/Rows.h"
+#include "store/Store.h"
 
 namespace feedloom {
 
 class Connection;
+
+// Adds `record` as a channel, unless its folder holds a channel with this feed address already.
+// Sets the record's `id` in both cases; for a new channel also `order` and `newlyInserted`. A
+// negative order stands for the folder's highest order, which the new channel then shares. Returns
+// false after a failure; the record is unchanged then. Any thread.
+bool AddChannelRecord(Connection& connection, ChannelRecord& record);
+
+// Adds `record` as AddChannelRecord does, through a connection of its own and with the order behind
+// the folder's highest.
+bool AppendChannelRecord(Store& store, ChannelRecord& record);
+
+// The row that LoadChannelList would give for a channel that was just added: texts with entities
+// decoded, as they are stored, and no unread posts. Pure.
+ChannelRow StoredRow(const ChannelRecord& record);
 
 // Adds many channels to one folder with two statements a batch: one statement for each channel
 // would wait for the disk each time. An object belongs to one thread.

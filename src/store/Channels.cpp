@@ -1,24 +1,10 @@
 #include "store/Channels.h"
 
-#include <optional>
-
 #include "store/Connection.h"
-#include "store/Folders.h"
 #include "store/SqlText.h"
 
 namespace feedloom {
 namespace {
-
-// The folder's highest order, for a channel that brings none: 0 in an empty folder. None after a
-// failure.
-std::optional<int> SharedOrder(Connection& connection, int folderId) {
-  const auto table = connection.Query(
-      FormatSql("Select Max(channel_order) From TB_CHANNEL Where channel_folderID = %d Group By "
-                "channel_folderID",
-                folderId));
-  if (!table) return std::nullopt;
-  return table->Rows() > 0 ? table->Int(0, 0) : 0;
-}
 
 std::string StateStatement(int channelId, int state) {
   return FormatSql("Update TB_CHANNEL Set channel_state = %d Where channel_id = %d", state,
@@ -66,46 +52,6 @@ int GetChannelFolderId(Store& store, int channelId) {
   return QueryNumber(
       store, FormatSql("select channel_folderID from tb_channel where channel_id = %d", channelId),
       -1);
-}
-
-bool AddChannelRecord(Connection& connection, ChannelRecord& record) {
-  const std::optional<int> order =
-      record.order < 0 ? SharedOrder(connection, record.folderId) : record.order;
-  if (!order) return false;
-  const auto present = connection.Query(FormatSql(
-      "Select channel_id From TB_CHANNEL Where channel_xmllink = '%s' and channel_folderID = %d",
-      record.xmlLink, record.folderId));
-  if (!present) return false;
-  if (present->Rows() > 0) {
-    record.id = present->Int(0, 0);
-    return true;
-  }
-  const auto inserted = connection.Query(FormatSql(
-      "Insert Into TB_CHANNEL(channel_title, channel_type, channel_xmllink, "
-      "channel_htmllink, channel_folderID, channel_order) values ('%s', '%s', '%s', "
-      "'%s', %d, %d);select last_insert_rowid()",
-      record.title, record.type, record.xmlLink, record.htmlLink, record.folderId, *order));
-  if (!inserted) return false;
-  record.id = inserted->Int(0, 0);
-  record.order = *order;
-  record.newlyInserted = true;
-  return true;
-}
-
-bool AppendChannelRecord(Store& store, ChannelRecord& record) {
-  record.order = GetMaxOrder(store, false, record.folderId) + 1;
-  Connection connection(store);
-  return connection && AddChannelRecord(connection, record);
-}
-
-ChannelRow StoredRow(const ChannelRecord& record) {
-  ChannelRow row;
-  row.title = UnescapeEntities(record.title);
-  row.xmlLink = UnescapeEntities(record.xmlLink);
-  row.id = record.id;
-  row.folderId = record.folderId;
-  row.order = record.order;
-  return row;
 }
 
 int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,

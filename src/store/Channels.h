@@ -28,20 +28,6 @@ bool ChannelTitleExists(Store& store, std::string_view title, int folderId);
 // failure.
 int GetChannelFolderId(Store& store, int channelId);
 
-// Adds `record` as a channel, unless its folder holds a channel with this feed address already.
-// Sets the record's `id` in both cases; for a new channel also `order` and `newlyInserted`. A
-// negative order stands for the folder's highest order, which the new channel then shares. Returns
-// false after a failure; the record is unchanged then.
-bool AddChannelRecord(Connection& connection, ChannelRecord& record);
-
-// Adds `record` as AddChannelRecord does, through a connection of its own and with the order behind
-// the folder's highest.
-bool AppendChannelRecord(Store& store, ChannelRecord& record);
-
-// The row that LoadChannelList would give for a channel that was just added: texts with entities
-// decoded, as they are stored, and no unread posts. Pure.
-ChannelRow StoredRow(const ChannelRecord& record);
-
 // Adds a channel even when the folder holds its address already. Returns the new channel's id, -1
 // after a failure.
 int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,

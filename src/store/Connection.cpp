@@ -174,10 +174,16 @@ bool ExecuteEach(Store& store, std::initializer_list<std::string> statements) {
   return all;
 }
 
-int QueryNumber(Store& store, const std::string& sql, int failure) {
-  const auto table = QueryOnce(store, sql);
-  if (!table) return failure;
+std::optional<int> QueryNumber(Connection& connection, const std::string& sql) {
+  if (!connection) return std::nullopt;
+  const auto table = connection.Query(sql);
+  if (!table) return std::nullopt;
   return table->Rows() > 0 ? table->Int(0, 0) : 0;
+}
+
+int QueryNumber(Store& store, const std::string& sql, int failure) {
+  Connection connection(store);
+  return QueryNumber(connection, sql).value_or(failure);
 }
 
 }  // namespace feedloom

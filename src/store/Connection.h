@@ -108,8 +108,11 @@ bool HasRows(Store& store, const std::string& sql);
 // succeeded.
 bool ExecuteEach(Store& store, std::initializer_list<std::string> statements);
 
-// Runs `sql` on a connection of its own and returns the first cell of the first row as a number: 0
-// without a row, `failure` after a failure.
+// Runs `sql` and returns the first cell of the first row as a number: 0 without a row, none after a
+// failure.
+std::optional<int> QueryNumber(Connection& connection, const std::string& sql);
+
+// Runs `sql` so on a connection of its own; returns `failure` after a failure.
 int QueryNumber(Store& store, const std::string& sql, int failure);
 
 }  // namespace feedloom

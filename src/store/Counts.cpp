@@ -38,14 +38,9 @@ int CountUnreadInItem(Store& store, int id, bool isCabinet) {
           : "select count(post_id) a_cnt from tb_channel left join tb_post on channel_id = "
             "post_channelID where post_readStatus = 0 and channel_id = %d group by channel_id";
   Connection connection(store);
-  if (!connection) {
-    // The connection has reported it before: this count reports it twice (Counts.h).
-    store.ReportStoreError("Can't open database");
-    return -1;
-  }
-  const auto table = connection.Query(FormatSql(statement, id));
-  if (!table) return -1;
-  return table->Rows() > 0 ? table->Int(0, 0) : 0;
+  // The connection has reported it before: this count reports it twice (Counts.h).
+  if (!connection) store.ReportStoreError("Can't open database");
+  return QueryNumber(connection, FormatSql(statement, id)).value_or(-1);
 }
 
 std::optional<ChannelCounts> CountUnreadInChannels(Store& store, std::span<const int> channelIds) {

@@ -36,13 +36,17 @@ bool FolderNameExists(Store& store, std::string_view name) {
 }
 
 int GetMaxOrder(Store& store, bool isFolder, int folderId) {
-  constexpr int kFailure = -2;
-  if (isFolder) return QueryNumber(store, "Select Max(folder_order) From TB_FOLDER", kFailure);
-  return QueryNumber(store,
+  Connection connection(store);
+  const auto highest = isFolder ? QueryNumber(connection, "Select Max(folder_order) From TB_FOLDER")
+                                : HighestOrder(connection, folderId);
+  return highest.value_or(-2);
+}
+
+std::optional<int> HighestOrder(Connection& connection, int folderId) {
+  return QueryNumber(connection,
                      FormatSql("Select Max(channel_order) From TB_CHANNEL Where channel_folderID = "
                                "%d Group By channel_folderID",
-                               folderId),
-                     kFailure);
+                               folderId));
 }
 
 int AddFolder(Store& store, std::string_view name, int order) {

@@ -3,6 +3,7 @@
 // failures (Store.h).
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -10,6 +11,8 @@
 #include "store/Store.h"
 
 namespace feedloom {
+
+class Connection;
 
 // Appends every folder to `out`, sorted by order, with its number of unread posts. Returns false
 // after a failure.
@@ -24,6 +27,9 @@ bool FolderNameExists(Store& store, std::string_view name);
 // when there are none, -2 after a failure. A folder or channel that is added at the end gets the
 // result plus one.
 int GetMaxOrder(Store& store, bool isFolder, int folderId);
+// The highest order of the channels in `folderId`, asked through `connection`: 0 when there are
+// none, nullopt after a failure.
+std::optional<int> HighestOrder(Connection& connection, int folderId);
 
 // Returns the new folder's id, 0 when the name is taken (nothing is inserted), -1 after a failure.
 int AddFolder(Store& store, std::string_view name, int order);

@@ -8,6 +8,12 @@
 #include "store/PostColumns.h"
 #include "store/SqlText.h"
 
+// The columns that ReadChannelFields and ReadCabinetFields read.
+#define CHANNEL_DETAILS                                                                     \
+  "channel_createDate, channel_htmllink, channel_title, channel_type, channel_updateDate, " \
+  "channel_xmllink"
+#define CABINET_DETAILS "scrap_channel_createDate, scrap_channel_title, scrap_channel_updateDate"
+
 namespace feedloom {
 namespace {
 
@@ -90,15 +96,13 @@ struct Slice {
 bool LoadChannelWithPosts(Store& store, int channelId, ChannelWithPosts& out) {
   const bool loaded = LoadContainer(
       store,
-      FormatSql("Select channel_folderID, channel_createDate, channel_htmllink, channel_title, "
-                "channel_type, channel_updateDate, channel_xmllink From TB_CHANNEL Where "
-                "channel_id = %d",
+      FormatSql("Select channel_folderID, " CHANNEL_DETAILS
+                " From TB_CHANNEL Where channel_id = %d",
                 channelId),
       [&](const ResultTable& table) { ReadChannelFields(table, 0, out); },
-      FormatSql("Select post_readStatus, post_id, post_createDate, post_desc, post_link, "
-                "post_pubDate, post_title, post_updateDate, channel_title, post_ispodcast From "
-                "TB_POST Join TB_CHANNEL On TB_POST.post_channelID = TB_CHANNEL.channel_id Where "
-                "post_channelId = %d Order By channel_order Asc, post_pubDate desc, post_title Asc",
+      FormatSql("Select " POST_COLUMNS " From TB_POST " JOIN_CHANNELS
+                " Where post_channelId = %d Order By channel_order Asc, post_pubDate desc, "
+                "post_title Asc",
                 channelId),
       {.podcast = 9}, out.posts);
   for (PostRow& post : out.posts) post.ownerId = channelId;
@@ -108,16 +112,13 @@ bool LoadChannelWithPosts(Store& store, int channelId, ChannelWithPosts& out) {
 bool LoadFolderWithPosts(Store& store, int folderId, ChannelWithPosts& out) {
   return LoadContainer(
       store,
-      FormatSql("Select channel_id, channel_folderID, channel_createDate, channel_htmllink, "
-                "channel_title, channel_type, channel_updateDate, channel_xmllink From TB_CHANNEL "
-                "Where channel_folderID = %d  Order By channel_order",
+      FormatSql("Select channel_id, channel_folderID, " CHANNEL_DETAILS
+                " From TB_CHANNEL Where channel_folderID = %d  Order By channel_order",
                 folderId),
       [&](const ResultTable& table) { ReadChannelFields(table, 1, out); },
-      FormatSql("Select channel_id, post_readStatus, post_id, post_createDate, post_desc, "
-                "post_link, post_pubDate, post_title, post_updateDate, channel_title, "
-                "post_ispodcast From TB_POST Join TB_CHANNEL On TB_POST.post_channelID = "
-                "TB_CHANNEL.channel_id Where channel_folderID = %d Order By channel_order Asc, "
-                "post_pubDate Desc, post_title Asc",
+      FormatSql("Select channel_id, " POST_COLUMNS " From TB_POST " JOIN_CHANNELS
+                " Where channel_folderID = %d Order By channel_order Asc, post_pubDate Desc, "
+                "post_title Asc",
                 folderId),
       {.first = 1, .podcast = 10, .ownerId = 0}, out.posts);
 }
@@ -125,19 +126,16 @@ bool LoadFolderWithPosts(Store& store, int folderId, ChannelWithPosts& out) {
 bool LoadCabinetWithPosts(Store& store, int cabinetId, CabinetWithPosts& out) {
   const bool loaded = LoadContainer(
       store,
-      FormatSql("Select scrap_channel_createDate, scrap_channel_title, scrap_channel_updateDate, "
-                "scrap_channel_order From TB_SCRAP_CHANNEL Where scrap_channel_id = %d",
+      FormatSql("Select " CABINET_DETAILS
+                ", scrap_channel_order From TB_SCRAP_CHANNEL Where scrap_channel_id = %d",
                 cabinetId),
       [&](const ResultTable& table) {
         ReadCabinetFields(table, 0, out);
         if (table.Rows() > 0) out.order = table.Int(0, 3);
       },
-      FormatSql("Select scrap_post_readStatus, scrap_post_id, scrap_post_createDate, "
-                "scrap_post_desc, scrap_post_link, scrap_post_pubDate, scrap_post_title, "
-                "scrap_post_updateDate, scrap_channel_title From TB_SCRAP_POST Join "
-                "TB_SCRAP_CHANNEL On TB_SCRAP_POST.scrap_post_scrapChannelID = "
-                "TB_SCRAP_CHANNEL.scrap_channel_id Where scrap_post_scrapChannelId = %d Order By "
-                "scrap_channel_order Asc, scrap_post_pubDate desc, scrap_post_title Asc",
+      FormatSql("Select " SCRAP_POST_COLUMNS " From TB_SCRAP_POST " JOIN_CABINETS
+                " Where scrap_post_scrapChannelId = %d Order By scrap_channel_order Asc, "
+                "scrap_post_pubDate desc, scrap_post_title Asc",
                 cabinetId),
       {}, out.posts);
   for (PostRow& post : out.posts) post.ownerId = cabinetId;
@@ -147,25 +145,19 @@ bool LoadCabinetWithPosts(Store& store, int cabinetId, CabinetWithPosts& out) {
 bool LoadAllCabinetsWithPosts(Store& store, CabinetWithPosts& out) {
   return LoadContainer(
       store,
-      "Select scrap_channel_id, scrap_channel_createDate, scrap_channel_title, "
-      "scrap_channel_updateDate From TB_SCRAP_CHANNEL Order By scrap_channel_order",
+      "Select scrap_channel_id, " CABINET_DETAILS
+      " From TB_SCRAP_CHANNEL Order By scrap_channel_order",
       [&](const ResultTable& table) { ReadCabinetFields(table, 1, out); },
-      "Select scrap_channel_id, scrap_post_readStatus, scrap_post_id, scrap_post_createDate, "
-      "scrap_post_desc, scrap_post_link, scrap_post_pubDate, scrap_post_title, "
-      "scrap_post_updateDate, scrap_channel_title From TB_SCRAP_POST Join TB_SCRAP_CHANNEL On "
-      "TB_SCRAP_POST.scrap_post_scrapChannelID = TB_SCRAP_CHANNEL.scrap_channel_id Order By "
-      "scrap_channel_order Asc, scrap_post_pubDate Desc, scrap_post_title Asc",
+      "Select scrap_channel_id, " SCRAP_POST_COLUMNS " From TB_SCRAP_POST " JOIN_CABINETS
+      " Order By scrap_channel_order Asc, scrap_post_pubDate Desc, scrap_post_title Asc",
       {.first = 1, .ownerId = 0}, out.posts);
 }
 
 bool FindPost(Store& store, int postId, std::vector<PostRow>& out) {
   const auto table = QueryOnce(
-      store,
-      FormatSql("Select post_readStatus, post_id, post_createDate, post_desc, post_link, "
-                "post_pubDate, post_title, post_updateDate, channel_title, post_ispodcast, "
-                "post_channelID From TB_POST Inner Join TB_CHANNEL On TB_POST.post_channelID = "
-                "TB_CHANNEL.channel_id Where post_id = %d",
-                postId));
+      store, FormatSql("Select " POST_COLUMNS ", post_channelID From TB_POST Inner " JOIN_CHANNELS
+                       " Where post_id = %d",
+                       postId));
   if (table) AppendPosts(*table, {.podcast = 9, .ownerId = 10}, out);
   return table.has_value();
 }

@@ -9,8 +9,6 @@ constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
 
 char UpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 }  // namespace
 
 std::string_view Trim(std::string_view text) {

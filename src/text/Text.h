@@ -7,6 +7,8 @@
 
 namespace feedloom {
 
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
 // `text` without the ASCII white space at both ends. The result is a view into `text`.
 std::string_view Trim(std::string_view text);
 

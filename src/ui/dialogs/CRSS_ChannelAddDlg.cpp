@@ -14,6 +14,7 @@
 #include "look/QtText.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
+#include "store/ChannelAdder.h"
 #include "store/Channels.h"
 #include "store/SqlText.h"
 #include "ui/Desk.h"

@@ -255,7 +255,7 @@ template <int status>
 void TreeCommands::Mark() {
   const auto target = Selected();
   if (!target) return;
-  if (!MarkRead(frame_.GetStore(), {target->kind, target->id}, status)) {
+  if (!MarkRead(desk_.GetStore(), {target->kind, target->id}, status)) {
     Ask(kTextReadStatusError, MsgBoxKind::Notice);
     return;
   }
