@@ -27,8 +27,9 @@ SubscriptionList MakeList(int folders, int channels) {
   for (int f = 0; f < folders; ++f) list.push_back({fmt::format("Folder {} & more", f)});
   for (int c = 0; c < channels; ++c) {
     list[static_cast<std::size_t>(c % folders)].channels.push_back(
-        {fmt::format("Channel {} of the village by the river", c),
-         fmt::format("https://site{}.example/feeds/posts/default?alt=rss&page={}", c, c)});
+        {.title = fmt::format("Channel {} of the village by the river", c),
+         .xmlLink =
+             fmt::format("https://site{}.example/feeds/posts/default?alt=rss&page={}", c, c)});
   }
   return list;
 }
@@ -78,7 +79,7 @@ Import ImportList(int folders, int channels) {
                            .onChannel =
                                [&](const ChannelRow& row) {
                                  pane.AppendChannel(row);
-                                 frame.QueueRefresh({EntryFor(row)});
+                                 frame.QueueRefresh({row});
                                  ++result.rows;
                                }},
                   .onEnd = [&](const auto&) { isOver = true; }});

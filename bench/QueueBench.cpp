@@ -8,7 +8,7 @@
 
 namespace {
 
-using feedloom::RefreshEntry;
+using feedloom::Channel;
 
 struct Case {
   const char* name;
@@ -19,11 +19,11 @@ struct Case {
 constexpr Case kCases[] = {{"Append twice, 1,000 channels", 1'000, 20},
                            {"Append twice, 10,000 channels", 10'000, 20}};
 
-std::vector<RefreshEntry> Channels(int count) {
-  std::vector<RefreshEntry> channels(static_cast<size_t>(count));
+std::vector<Channel> Channels(int count) {
+  std::vector<Channel> channels(static_cast<size_t>(count));
   for (int i = 0; i < count; ++i) {
-    RefreshEntry& entry = channels[static_cast<size_t>(i)];
-    entry.channelId = i;
+    Channel& entry = channels[static_cast<size_t>(i)];
+    entry.id = i;
     entry.folderId = i / 20;
     entry.title = "A channel with a title, number " + std::to_string(i);
     entry.xmlLink = "http://feeds.example.org/channel/" + std::to_string(i) + "/rss.xml";
@@ -32,14 +32,14 @@ std::vector<RefreshEntry> Channels(int count) {
 }
 
 // Includes copying the entries, which the interface does for each request.
-int AppendAll(feedloom::RefreshQueue& queue, const std::vector<RefreshEntry>& channels) {
+int AppendAll(feedloom::RefreshQueue& queue, const std::vector<Channel>& channels) {
   int appended = 0;
-  for (const RefreshEntry& entry : channels) appended += queue.Append(entry) ? 1 : 0;
+  for (const Channel& entry : channels) appended += queue.Append(entry) ? 1 : 0;
   return appended;
 }
 
 void AppendTwice(benchmark::State& state, int count) {
-  const std::vector<RefreshEntry> channels = Channels(count);
+  const std::vector<Channel> channels = Channels(count);
   for (auto _ : state) {
     feedloom::RefreshQueue queue;
     if (AppendAll(queue, channels) != count) state.SkipWithError("a channel was not queued");

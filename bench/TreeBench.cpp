@@ -54,7 +54,7 @@ void UpdateTwice(benchmark::State& state, Pane& full) {
   }
   int queued = 0;
   while (const auto entry = full.frame.queue.Claim()) {
-    full.frame.queue.Remove(entry->channelId);
+    full.frame.queue.Remove(entry->id);
     ++queued;
   }
   if (queued != 1'000) state.SkipWithError("not each channel was queued once");

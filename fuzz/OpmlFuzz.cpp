@@ -46,7 +46,7 @@ int CountEntries(const std::vector<OpmlOutline>& outlines) {
   return count;
 }
 
-void CheckChannel(const Subscription& channel, CodePage codePage) {
+void CheckChannel(const Channel& channel, CodePage codePage) {
   const std::string address = ToUpperAscii(channel.xmlLink);
   Require(address.starts_with("HTTP://") || address.starts_with("HTTPS://"),
           "only addresses of the web are taken");
@@ -63,8 +63,7 @@ bool IsKept(const std::string& text) {
 
 bool IsKept(const SubscriptionList& list) {
   return std::ranges::all_of(list, [](const SubscriptionFolder& folder) {
-    return IsKept(folder.name) &&
-           std::ranges::all_of(folder.channels, [](const Subscription& channel) {
+    return IsKept(folder.name) && std::ranges::all_of(folder.channels, [](const Channel& channel) {
              return IsKept(channel.title) && IsKept(channel.xmlLink);
            });
   });
@@ -94,7 +93,7 @@ void CheckInput(FuzzInput input) {
           "each feed is taken or left out");
   for (const SubscriptionFolder& folder : plan->folders) {
     Require(!folder.name.empty(), "a folder has a name");
-    for (const Subscription& channel : folder.channels) CheckChannel(channel, codePage);
+    for (const Channel& channel : folder.channels) CheckChannel(channel, codePage);
   }
   CheckExport(plan->folders, codePage);
 }

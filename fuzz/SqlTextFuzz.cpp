@@ -100,8 +100,8 @@ bool AddChannels(Store& store, const Texts& texts) {
 
 void ExpectChannels(StoredRows& rows, const Texts& texts) {
   const std::string a = Kept(texts.a), b = Kept(texts.b), c = Kept(texts.c);
-  Add(rows, "TB_CHANNEL", {"2", a, b, c, "", "0", "0"});
-  if (a != b) Add(rows, "TB_CHANNEL", {"2", b, a, c, "", "0", "0"});
+  Add(rows, "TB_CHANNEL", {"2", a, b, c, "rss", "0", "0"});
+  if (a != b) Add(rows, "TB_CHANNEL", {"2", b, a, c, "rss", "0", "0"});
 }
 
 // Operations on posts.

@@ -7,7 +7,6 @@
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "feed/FeedParser.h"
-#include "refresh/RefreshQueue.h"
 #include "store/ChannelAdder.h"
 #include "store/Folders.h"
 
@@ -48,7 +47,6 @@ std::optional<ChannelRecord> ReadChannel(Session& session, const std::string& ad
   }
   ChannelRecord record;
   record.title = parser.GetChannelTitle();
-  record.type = RefreshEntry().type;
   record.xmlLink = session.Text(address);
   record.htmlLink = parser.GetChannelLink();
   if (record.title.empty()) record.title = record.xmlLink;

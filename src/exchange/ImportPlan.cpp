@@ -52,8 +52,9 @@ class Planner {
   void AddChannel(const OpmlOutline& outline, SubscriptionFolder& folder) {
     // A list from somewhere else must not make the program read local files or run scripts.
     if (!IsWebAddress(outline.xmlUrl)) return CountLeftOut(1);
-    folder.channels.push_back(
-        {NameOf(outline, outline.xmlUrl), outline.xmlUrl, std::string(Trim(outline.htmlUrl))});
+    folder.channels.push_back({.title = NameOf(outline, outline.xmlUrl),
+                               .xmlLink = outline.xmlUrl,
+                               .htmlLink = std::string(Trim(outline.htmlUrl))});
   }
 
   const std::string& listName_;

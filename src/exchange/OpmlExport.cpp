@@ -22,7 +22,7 @@ std::optional<SubscriptionList> StoredSubscriptions(Store& store) {
   for (ChannelRow& channel : channels) {
     const auto folder = indexById.find(channel.folderId);
     if (folder == indexById.end()) continue;  // not shown in the tree either
-    list[folder->second].channels.push_back({std::move(channel.title), std::move(channel.xmlLink)});
+    list[folder->second].channels.push_back(std::move(channel));
   }
   return list;
 }

@@ -107,15 +107,6 @@ class FolderNames {
   std::unordered_map<std::string, int> lastNumbers_;
 };
 
-ChannelRecord RecordFor(const Subscription& channel) {
-  ChannelRecord record;
-  record.title = channel.title;
-  record.type = RefreshEntry().type;
-  record.xmlLink = channel.xmlLink;
-  record.htmlLink = channel.htmlLink;
-  return record;
-}
-
 class Import {
  public:
   Import(Store& store, NameClash clash, const ImportListener& news, std::stop_token stop)
@@ -166,9 +157,10 @@ class Import {
     return id;
   }
 
-  bool AddChannels(ChannelAdder& adder, std::span<const Subscription> channels) {
+  bool AddChannels(ChannelAdder& adder, std::span<const Channel> channels) {
     std::vector<ChannelRecord> records(channels.size());
-    std::ranges::transform(channels, records.begin(), RecordFor);
+    std::ranges::transform(channels, records.begin(),
+                           [](const Channel& channel) { return ChannelRecord{channel}; });
     if (!adder.Add(records)) return false;
     for (const ChannelRecord& record : records) {
       ++(record.newlyInserted ? sums_.added : sums_.present);

@@ -7,7 +7,7 @@ namespace {
 
 std::string Escaped(const std::string& text) { return ReplaceAll(text, "&", "&amp;"); }
 
-void AppendChannel(const Subscription& channel, std::string& opml) {
+void AppendChannel(const Channel& channel, std::string& opml) {
   const std::string title = Escaped(channel.title);
   opml.append(R"(<outline type="rss" text=")").append(title);
   opml.append(R"(" title=")").append(title);
@@ -16,7 +16,7 @@ void AppendChannel(const Subscription& channel, std::string& opml) {
 
 void AppendFolder(const SubscriptionFolder& folder, std::string& opml) {
   opml.append(R"(<outline text=")").append(Escaped(folder.name)).append(R"(">)");
-  for (const Subscription& channel : folder.channels) AppendChannel(channel, opml);
+  for (const Channel& channel : folder.channels) AppendChannel(channel, opml);
   opml.append("</outline>");
 }
 

@@ -4,17 +4,13 @@
 #include <string>
 #include <vector>
 
-namespace feedloom {
+#include "store/Rows.h"
 
-struct Subscription {
-  std::string title;
-  std::string xmlLink;        // the feed's address
-  std::string htmlLink = {};  // the site's home page
-};
+namespace feedloom {
 
 struct SubscriptionFolder {
   std::string name;
-  std::vector<Subscription> channels = {};
+  std::vector<Channel> channels = {};
 };
 
 using SubscriptionList = std::vector<SubscriptionFolder>;  // in display order

@@ -53,7 +53,7 @@ RefreshEngine::RefreshEngine(SharedServices services, MessageTarget& frame, Mess
 
 RefreshEngine::~RefreshEngine() { Stop(); }
 
-bool RefreshEngine::Enqueue(RefreshEntry entry) {
+bool RefreshEngine::Enqueue(Channel entry) {
   const MutexLock lock(run_->lock);
   const bool appended = run_->queue.Append(std::move(entry));
   run_->contentsAreFresh = false;
@@ -61,9 +61,9 @@ bool RefreshEngine::Enqueue(RefreshEntry entry) {
   return appended;
 }
 
-void RefreshEngine::EnqueueAll(std::vector<RefreshEntry> entries) {
+void RefreshEngine::EnqueueAll(std::vector<Channel> entries) {
   const MutexLock lock(run_->lock);
-  for (RefreshEntry& entry : entries) run_->queue.Append(std::move(entry));
+  for (Channel& entry : entries) run_->queue.Append(std::move(entry));
   run_->contentsAreFresh = false;
   run_->changed.notify_all();
 }

@@ -34,9 +34,9 @@ class RefreshEngine {
 
   // Appends `entry` to the queue. Returns false, and appends nothing, when its channel is queued or
   // being refreshed already.
-  bool Enqueue(RefreshEntry entry);
+  bool Enqueue(Channel entry);
   // Enqueues those of `entries` whose channels are not queued, taking the lock once.
-  void EnqueueAll(std::vector<RefreshEntry> entries);
+  void EnqueueAll(std::vector<Channel> entries);
 
   // Starts a run for the queued channels. During a run does nothing: that run takes them. Does
   // nothing either when the queue is empty, or after Stop. A run goes on with fewer workers when

@@ -22,8 +22,8 @@ class JobReport : public WorkerReport {
   JobReport(RefreshRun& run, RefreshJob& job) : run_(run), job_(job) {}
 
   void Began() {
-    if (job_.entry.channelId < 0 || !Begin()) return;
-    run_.frame.Send(kMessageChannelWorker, job_.entry.channelId, 0);
+    if (job_.entry.id < 0 || !Begin()) return;
+    run_.frame.Send(kMessageChannelWorker, job_.entry.id, 0);
     Finish(Phase::Working);
   }
 
@@ -131,7 +131,7 @@ SharedJob ClaimJob(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   auto entry = run.queue.Claim();
   if (!entry) return nullptr;
   auto job = std::make_shared<RefreshJob>();
-  job->channelId = entry->channelId;
+  job->channelId = entry->id;
   job->entry = *std::move(entry);
   const auto stored = run.contents.find(job->channelId);
   if (stored != run.contents.end()) job->stored = stored->second;

@@ -2,38 +2,26 @@
 
 #include <utility>
 
-#include "store/Rows.h"
-
 namespace feedloom {
 namespace {
 
-std::string AddressIn(const RefreshEntry& entry) {
+std::string AddressIn(const Channel& entry) {
   return std::to_string(entry.folderId) + ' ' + entry.xmlLink;
 }
 
 }  // namespace
 
-RefreshEntry EntryFor(const ChannelRow& channel) {
-  RefreshEntry entry;
-  entry.channelId = channel.id;
-  entry.folderId = channel.folderId;
-  entry.title = channel.title;
-  entry.xmlLink = channel.xmlLink;
-  entry.order = channel.order;
-  return entry;
-}
-
-bool RefreshQueue::Append(RefreshEntry entry) {
-  const bool isStored = entry.channelId >= 0;
-  if (isStored ? Contains(entry.channelId) : addresses_.contains(AddressIn(entry))) return false;
-  if (!isStored) entry.channelId = --lastUnstoredId_;
+bool RefreshQueue::Append(Channel entry) {
+  const bool isStored = entry.id >= 0;
+  if (isStored ? Contains(entry.id) : addresses_.contains(AddressIn(entry))) return false;
+  if (!isStored) entry.id = --lastUnstoredId_;
   const Place place = entries_.insert(entries_.end(), std::move(entry));
   if (!HasWaiting()) firstWaiting_ = place;
   Index(place);
   return true;
 }
 
-std::optional<RefreshEntry> RefreshQueue::Claim() {
+std::optional<Channel> RefreshQueue::Claim() {
   if (!HasWaiting()) return std::nullopt;
   return *firstWaiting_++;
 }
@@ -41,7 +29,7 @@ std::optional<RefreshEntry> RefreshQueue::Claim() {
 void RefreshQueue::Renumber(int channelId, int newId) {
   if (newId == channelId) return;
   while (auto indexed = byId_.extract(channelId)) {
-    indexed.mapped()->channelId = newId;
+    indexed.mapped()->id = newId;
     indexed.key() = newId;
     byId_.insert(std::move(indexed));
   }
@@ -60,7 +48,7 @@ void RefreshQueue::RemoveWaiting() {
 }
 
 void RefreshQueue::Index(Place place) {
-  byId_.emplace(place->channelId, place);
+  byId_.emplace(place->id, place);
   addresses_.insert(AddressIn(*place));
 }
 

@@ -7,22 +7,9 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "store/Rows.h"
+
 namespace feedloom {
-
-struct ChannelRow;
-
-struct RefreshEntry {
-  int channelId = -1;  // negative: not in the store yet
-  int folderId = 0;
-  std::string title;
-  std::string xmlLink;   // the feed's address
-  std::string htmlLink;  // the site's home page
-  std::string type = "rss";
-  int order = -1;
-};
-
-// Returns the entry for a channel of the store. Texts are in the module's code page.
-RefreshEntry EntryFor(const ChannelRow& channel);
 
 // The queue. It has no lock of its own: callers on several threads need one. Every function except
 // RemoveWaiting takes constant time.
@@ -35,10 +22,10 @@ class RefreshQueue {
   // Appends `entry`, or returns false when its channel is in the queue already. A channel that is
   // not in the store (a negative id) counts as queued when its folder and address are: two workers
   // would both insert it. It gets a negative id of its own.
-  bool Append(RefreshEntry entry);
+  bool Append(Channel entry);
 
   // Returns the first entry that waits, or nothing. The entry stays in the queue until Remove.
-  std::optional<RefreshEntry> Claim();
+  std::optional<Channel> Claim();
 
   // Lets the entry that Claim has returned last, and that is still in the queue, wait again.
   void Unclaim() { --firstWaiting_; }
@@ -53,7 +40,7 @@ class RefreshQueue {
   void RemoveWaiting();
 
  private:
-  using Entries = std::list<RefreshEntry>;
+  using Entries = std::list<Channel>;
   using Place = Entries::iterator;
 
   void Index(Place place);

@@ -41,7 +41,7 @@ struct RefreshJob {
     Dropped,  // was stopped: sends no further message
   };
 
-  RefreshEntry entry;
+  Channel entry;
   ChannelContents stored;  // the channel's state before the refresh; without posts when unknown
   std::stop_source stop;
   std::chrono::steady_clock::time_point started;

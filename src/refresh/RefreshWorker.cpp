@@ -47,15 +47,10 @@ bool IsLarge(const ChannelRecord& record) {
 
 // Returns the channel of `entry` with the title, home page and posts of its document. Without a
 // title in the document the entry's title stays.
-ChannelRecord ToRecord(const RefreshEntry& entry, FeedParser& parser) {
-  ChannelRecord record;
-  record.id = entry.channelId;
-  record.folderId = entry.folderId;
-  record.title = parser.GetChannelTitle().empty() ? entry.title : parser.GetChannelTitle();
-  record.type = entry.type;
-  record.xmlLink = entry.xmlLink;
+ChannelRecord ToRecord(const Channel& entry, FeedParser& parser) {
+  ChannelRecord record{entry};
+  if (!parser.GetChannelTitle().empty()) record.title = parser.GetChannelTitle();
   record.htmlLink = parser.GetChannelLink();
-  record.order = entry.order;
   std::vector<FeedItem> items = parser.TakeItems();
   record.posts.reserve(items.size());
   for (FeedItem& item : items) record.posts.push_back(ToNewPost(std::move(item)));
@@ -96,24 +91,24 @@ bool MustWait(const FeedVisit& last, std::chrono::system_clock::time_point now) 
   return now < last.notBefore && last.notBefore <= now + kLongestWait;
 }
 
-void RememberWait(const RefreshEntry& entry, FeedVisit last, const FetchOutcome& outcome,
+void RememberWait(const Channel& entry, FeedVisit last, const FetchOutcome& outcome,
                   const Clock& clock, FeedMemory& memory) {
   const auto wait = std::min<std::chrono::seconds>(outcome.retryAfter, kLongestWait);
-  if (wait.count() <= 0 || entry.channelId < 0) return;
+  if (wait.count() <= 0 || entry.id < 0) return;
   last.notBefore = std::chrono::floor<std::chrono::seconds>(clock.Now() + wait);
-  memory.Remember(entry.channelId, std::move(last));
+  memory.Remember(entry.id, std::move(last));
 }
 
 }  // namespace
 
-void RefreshChannel(const RefreshEntry& entry, bool holdsPosts, const FetchServices& services,
+void RefreshChannel(const Channel& entry, bool holdsPosts, const FetchServices& services,
                     RefreshResources& resources, WorkerReport& report, std::stop_token stop) {
-  const FeedVisit last = resources.memory.Last(entry.channelId, entry.xmlLink);
+  const FeedVisit last = resources.memory.Last(entry.id, entry.xmlLink);
   if (MustWait(last, services.clock.Now())) return report.Ended(kDownloadFailed);
   LargeDocuments::Turn turn(resources.largeDocuments);
   FeedParser parser(services.TextCodePage(), LimitsFor(turn, stop));
   const FetchOutcome outcome = FetchFeed({.address = entry.xmlLink,
-                                          .path = WorkerFilePath(services.workDir, entry.channelId),
+                                          .path = WorkerFilePath(services.workDir, entry.id),
                                           .known = holdsPosts ? last.validators : Validators(),
                                           .pool = &resources.pool},
                                          services, stop, parser);

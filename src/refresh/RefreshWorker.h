@@ -41,7 +41,7 @@ struct RefreshResources {
 // `holdsPosts`. While a server's "Retry-After" lasts, ends with kDownloadFailed without a request.
 // Blocks the calling worker thread. Ends within 100 ms of `stop`, or behind the SQL statement under
 // way.
-void RefreshChannel(const RefreshEntry& entry, bool holdsPosts, const FetchServices& services,
+void RefreshChannel(const Channel& entry, bool holdsPosts, const FetchServices& services,
                     RefreshResources& resources, WorkerReport& report, std::stop_token stop);
 
 }  // namespace feedloom

@@ -20,7 +20,7 @@ bool FrameRefresh::IsAnyChannelQueued(std::span<const int> channelIds) const {
   return engine_ && engine_->IsAnyChannelQueued(channelIds);
 }
 
-void FrameRefresh::QueueRefresh(std::vector<RefreshEntry> entries) {
+void FrameRefresh::QueueRefresh(std::vector<Channel> entries) {
   if (engine_) engine_->EnqueueAll(std::move(entries));
 }
 

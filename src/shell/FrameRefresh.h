@@ -23,7 +23,7 @@ class FrameRefresh : public Refreshing {
   void Stop();
 
   bool IsAnyChannelQueued(std::span<const int> channelIds) const override;
-  void QueueRefresh(std::vector<RefreshEntry> entries) override;
+  void QueueRefresh(std::vector<Channel> entries) override;
   void StartRefresh() override;
   void CheckFeed(const std::string& address,
                  std::function<void(const FeedCheckAnswer&)> onAnswer) override;

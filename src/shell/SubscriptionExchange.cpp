@@ -63,7 +63,7 @@ void SubscriptionExchange::Start(const ListSource& source, NameClash clash,
                 .onChannel =
                     [this](const ChannelRow& channel) {
                       subscribing_.ChannelWasAdded(channel);
-                      refreshing_.QueueRefresh({EntryFor(channel)});
+                      refreshing_.QueueRefresh({channel});
                     }},
        .onEnd = std::move(onEnd)});
 }

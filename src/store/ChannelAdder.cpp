@@ -50,13 +50,11 @@ bool AppendChannelRecord(Store& store, ChannelRecord& record) {
 }
 
 ChannelRow StoredRow(const ChannelRecord& record) {
-  ChannelRow row;
-  row.title = UnescapeEntities(record.title);
-  row.xmlLink = UnescapeEntities(record.xmlLink);
-  row.id = record.id;
-  row.folderId = record.folderId;
-  row.order = record.order;
-  return row;
+  return {{.id = record.id,
+           .folderId = record.folderId,
+           .order = record.order,
+           .title = UnescapeEntities(record.title),
+           .xmlLink = UnescapeEntities(record.xmlLink)}};
 }
 
 bool ChannelAdder::Add(std::span<ChannelRecord> records) {

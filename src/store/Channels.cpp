@@ -23,8 +23,13 @@ bool LoadChannelList(Store& store, std::vector<ChannelRow>& out) {
       "post_readStatus = 0 group by channel_id) on channel_id = a_id order by channel_order");
   if (!table) return false;
   for (int row = 0; row < table->Rows(); ++row) {
-    out.push_back({table->Text(row, 0), table->Text(row, 1), table->Int(row, 2), table->Int(row, 3),
-                   table->Int(row, 4), table->Int(row, 5), table->Int(row, 6)});
+    out.push_back({{.id = table->Int(row, 2),
+                    .folderId = table->Int(row, 3),
+                    .order = table->Int(row, 4),
+                    .title = table->Text(row, 0),
+                    .xmlLink = table->Text(row, 1)},
+                   table->Int(row, 5),
+                   table->Int(row, 6)});
   }
   return true;
 }

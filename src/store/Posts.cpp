@@ -99,7 +99,10 @@ bool LoadChannelWithPosts(Store& store, int channelId, ChannelWithPosts& out) {
       FormatSql("Select channel_folderID, " CHANNEL_DETAILS
                 " From TB_CHANNEL Where channel_id = %d",
                 channelId),
-      [&](const ResultTable& table) { ReadChannelFields(table, 0, out); },
+      [&](const ResultTable& table) {
+        out.id = channelId;
+        ReadChannelFields(table, 0, out);
+      },
       FormatSql("Select " POST_COLUMNS " From TB_POST " JOIN_CHANNELS
                 " Where post_channelId = %d Order By channel_order Asc, post_pubDate desc, "
                 "post_title Asc",

@@ -14,12 +14,18 @@ struct FolderRow {
   int unreadCount = 0;
 };
 
-struct ChannelRow {
-  std::string title;
-  std::string xmlLink;  // the feed's address
-  int id = 0;
+// A subscribed feed. An operation sets what it reads.
+struct Channel {
+  int id = -1;  // negative: not in the store yet
   int folderId = 0;
-  int order = 0;
+  int order = -1;  // negative: the store chooses one
+  std::string title = {};
+  std::string xmlLink = {};   // the feed's address
+  std::string htmlLink = {};  // the site's home page
+  std::string type = "rss";   // the kind of the feed
+};
+
+struct ChannelRow : Channel {
   int unreadCount = 0;
   int state = 0;  // of the last refresh: 0 done, negative after a failure (ChannelResult)
 };
@@ -47,14 +53,9 @@ struct PostRow {
   std::string feedUrl = {};  // results of the web directory only: the feed that the post stands for
 };
 
-struct ChannelWithPosts {
-  int folderId = 0;
+struct ChannelWithPosts : Channel {
   std::string created;
-  std::string htmlLink;  // the site's home page
-  std::string title;
-  std::string type;
   std::string updated;
-  std::string xmlLink;
   std::vector<PostRow> posts;
 };
 
@@ -76,14 +77,7 @@ struct NewPost {
 };
 
 // A channel to be added to the store, with the posts of its feed.
-struct ChannelRecord {
-  int id = -1;
-  int folderId = 0;
-  std::string title = {};
-  std::string type = {};
-  std::string xmlLink = {};
-  std::string htmlLink = {};
-  int order = -1;  // negative: the operation chooses one
+struct ChannelRecord : Channel {
   bool newlyInserted = false;
   std::vector<NewPost> posts = {};
 };

@@ -20,7 +20,7 @@ class Refreshing {
   // True when at least one of the channels waits for a refresh or is being refreshed.
   virtual bool IsAnyChannelQueued(std::span<const int> channelIds) const = 0;
   // Appends the channels to the refresh queue. Channels that are already in it are skipped.
-  virtual void QueueRefresh(std::vector<RefreshEntry> entries) = 0;
+  virtual void QueueRefresh(std::vector<Channel> entries) = 0;
   // Starts refreshing the queued channels; does nothing when the queue is empty.
   virtual void StartRefresh() = 0;
 

@@ -33,9 +33,9 @@ struct Refresh : testing::Test {
                     });
   }
 
-  RefreshEntry Entry(int id, const std::string& path) const {
+  Channel Entry(int id, const std::string& path) const {
     const std::string url = kit_.server.Url(path);
-    return {.channelId = id, .folderId = 1, .title = "its own", .xmlLink = url, .htmlLink = ""};
+    return {.id = id, .folderId = 1, .title = "its own", .xmlLink = url};
   }
 
   // Stores a channel, the first as channel 1, with the feed at `path` and queues it.
@@ -305,18 +305,18 @@ static std::string Answers(const std::string& script) {
   std::istringstream words(script);
   std::string answers;
   for (std::string word; words >> word;) {
-    RefreshEntry entry;
+    Channel entry;
     int newId = 0;
-    std::sscanf(word.c_str(), "%*c%d>%d", &entry.channelId, &newId);
+    std::sscanf(word.c_str(), "%*c%d>%d", &entry.id, &newId);
     entry.folderId = word.back() == 'A' ? 2 : 1;
     entry.xmlLink = word.back() == 'A' ? 'a' : word.back();
-    if (word[0] == 'r') queue.Renumber(entry.channelId, newId);
-    if (word[0] == '-') queue.Remove(entry.channelId);
+    if (word[0] == 'r') queue.Renumber(entry.id, newId);
+    if (word[0] == '-') queue.Remove(entry.id);
     if (word[0] == 'w') queue.RemoveWaiting();
     if (word[0] == '+' && !queue.Append(entry)) answers += "refused ";
     if (word[0] != 'c') continue;
     const auto claimed = queue.Claim();
-    answers += claimed ? std::to_string(claimed->channelId) + " " : "none ";
+    answers += claimed ? std::to_string(claimed->id) + " " : "none ";
   }
   return answers;
 }

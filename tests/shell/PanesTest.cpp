@@ -49,7 +49,7 @@ TEST_F(Panes, WhatOnePaneTellsTheOthersShow) {
   EXPECT_TRUE(Shows("Text 1"));
   subscribing.FolderWasAdded({.name = "Group", .id = 2});
   subscribing.CabinetWasAdded({.id = 2, .title = "Cabinet"});
-  subscribing.ChannelWasAdded({"Daily", "http://b/", 2, 1, 1, 1, 0});
+  subscribing.ChannelWasAdded({{2, 1, 1, "Daily", "http://b/"}, 1});
   subscribing.ChannelWasMoved(2, 2);
   reading.UnreadPostWasSaved(1);
   PostRow read;

@@ -22,8 +22,6 @@ namespace {
 using Strings = std::vector<std::string>;
 using Ids = std::vector<int>;
 using Posts = std::vector<PostRow>;
-using Channel = ChannelWithPosts;
-using Cabinet = CabinetWithPosts;
 
 template <typename... Fields>
 std::string Line(const Fields&... fields) {
@@ -51,11 +49,13 @@ std::string Text(const Posts& posts) {
   for (const PostRow& post : posts) text += text.empty() ? Text(post) : Line(post.id);
   return text;
 }
-std::string Text(const Channel& c) {
+std::string Text(const ChannelWithPosts& c) {
   return Line(c.folderId, c.created, c.htmlLink, c.title, c.type, c.updated, c.xmlLink,
               Text(c.posts));
 }
-std::string Text(const Cabinet& c) { return Line(c.created, c.title, c.order, Text(c.posts)); }
+std::string Text(const CabinetWithPosts& c) {
+  return Line(c.created, c.title, c.order, Text(c.posts));
+}
 
 struct StoreTest : testing::Test {
   // Rows that no list shows in the order of their ids.
@@ -91,7 +91,7 @@ struct StoreTest : testing::Test {
 
   Changes Insert(int channelId, std::vector<NewPost> posts, std::stop_token stop = {}) {
     Connection connection(store_);
-    return InsertChannelPosts(connection, {.id = channelId, .posts = std::move(posts)}, stop);
+    return InsertChannelPosts(connection, {{.id = channelId}, false, std::move(posts)}, stop);
   }
 
   // The ids of the unread posts, and of the unread saved ones, after an operation that succeeded.
@@ -118,7 +118,7 @@ struct StoreTest : testing::Test {
     ChannelRecord record;
     EXPECT_FALSE(AppendChannelRecord(store_, record) || record.id != -1 || record.folderId != 0);
     EXPECT_EQ(Folders() + Channels() + Cabinets() + Found(FindFolderByName, "f") +
-                  Loaded<Channel>(LoadChannelWithPosts, 1),
+                  Loaded<ChannelWithPosts>(LoadChannelWithPosts, 1),
               "none none none none none ");
     EXPECT_EQ(
         Line(CountUnreadPosts(store_), CountUnreadInFolder(store_, 1, true),
@@ -160,11 +160,14 @@ TEST_F(SoundStore, ListsAreOrderedAndCountTheUnreadAndThoseOfTheLocalDate) {
 
 TEST_F(SoundStore, PostsAreLoadedWithAllFieldsFromTheNewestToTheOldestThenByTitle) {
   Fill();
-  EXPECT_EQ(Loaded<Channel>(LoadChannelWithPosts, 1), "1 c h B y u x 3 1 c d l p3 t u B 1 1 2 1  ");
-  EXPECT_EQ(Loaded<Channel>(LoadFolderWithPosts, 1),
+  EXPECT_EQ(Loaded<ChannelWithPosts>(LoadChannelWithPosts, 1),
+            "1 c h B y u x 3 1 c d l p3 t u B 1 1 2 1  ");
+  EXPECT_EQ(Loaded<ChannelWithPosts>(LoadFolderWithPosts, 1),
             "1 c h A y u x 4 0 c d l p2 t u A 5 2 3 2 1  ");
-  EXPECT_EQ(Loaded<Cabinet>(LoadCabinetWithPosts, 1), "c B 5 3 1 c d l p3 t u B 0 1 2 1  ");
-  EXPECT_EQ(Loaded<Cabinet>(LoadAllCabinetsWithPosts), "c A 0 4 0 c d l p2 t u A 0 2 3 2 1  ");
+  EXPECT_EQ(Loaded<CabinetWithPosts>(LoadCabinetWithPosts, 1),
+            "c B 5 3 1 c d l p3 t u B 0 1 2 1  ");
+  EXPECT_EQ(Loaded<CabinetWithPosts>(LoadAllCabinetsWithPosts),
+            "c A 0 4 0 c d l p2 t u A 0 2 3 2 1  ");
   EXPECT_EQ(Loaded<Posts>(SearchPosts, "T"), "3 1 c d l p3 t u B 1 0 4 2 1 ");
   EXPECT_EQ(Loaded<Posts>(SearchChannelPosts, 2, "T"), "4 0 c d l p2 t u A 5 0 ");
   EXPECT_EQ(Loaded<Posts>(SearchFolderPosts, 1, "T"), "3 1 c d l p3 t u B 1 0 4 2 1 ");
@@ -195,7 +198,7 @@ TEST_F(SoundStore, AChannelIsAddedFoundRenamedMovedAndKeepsItsState) {
   EXPECT_TRUE(ChannelTitleExists(store_, Korean("똠방각하"), 1) &&
               !ChannelTitleExists(store_, Korean("똠방각하"), 2));
   EXPECT_EQ(Line(GetChannelFolderId(store_, 1), GetChannelFolderId(store_, 999)), "1 0 ");
-  ChannelRecord record{.folderId = 1, .title = "&lt;", .xmlLink = "&amp;"};
+  ChannelRecord record{{.folderId = 1, .title = "&lt;", .xmlLink = "&amp;"}};
   EXPECT_TRUE(AppendChannelRecord(store_, record));
   EXPECT_EQ(Text(StoredRow(record)), "2 < & 1 3 0 0 ");
   EXPECT_TRUE(RenameChannel(store_, 1, "X") && MoveChannel(store_, 1, 2) &&
@@ -208,9 +211,9 @@ TEST_F(SoundStore, RecordsShareTheHighestOrderAndEachAddressIsAddedOnce) {
   db_.Sql(
       "insert into TB_CHANNEL(channel_folderID, channel_order) values(2, 9), (1, -5), (1, -3), "
       "(1, -4)");
-  ChannelRecord one{.folderId = 1, .xmlLink = "0"};
+  ChannelRecord one{{.folderId = 1, .xmlLink = "0"}};
   EXPECT_TRUE(AddChannelRecord(connection, one) && AddChannelRecord(connection, one));
-  std::vector<ChannelRecord> many(4, {.title = "it's", .xmlLink = "'b'"});
+  std::vector<ChannelRecord> many(4, {{.title = "it's", .xmlLink = "'b'"}});
   many[0].xmlLink = "'a'/?x&amp;y";
   many[1].xmlLink = "'a'/?x&y";
   many[2].xmlLink = "0";
@@ -247,7 +250,7 @@ TEST_F(SoundStore, AChannelsPostsAreOneOperationAndThoseThatAreKnownCostOneLook)
   {
     Connection connection(store_);
     const Connection::Operation operation(connection);
-    const ChannelRecord record{.id = 1, .posts = posts};
+    const ChannelRecord record{{.id = 1}, false, posts};
     EXPECT_EQ(InsertChannelPosts(connection, record).rows, 120);
     EXPECT_TRUE(SetChannelState(connection, 1, 0));
     const StatementLog log;

@@ -41,8 +41,8 @@ struct FakeRefreshing : Refreshing {
   bool IsAnyChannelQueued(std::span<const int> ids) const override {
     return std::ranges::any_of(ids, [&](int id) { return queue.Contains(id); });
   }
-  void QueueRefresh(std::vector<RefreshEntry> entries) override {
-    for (RefreshEntry& entry : entries) queue.Append(std::move(entry));
+  void QueueRefresh(std::vector<Channel> entries) override {
+    for (Channel& entry : entries) queue.Append(std::move(entry));
   }
   void StartRefresh() override { ++refreshes; }
   void CheckFeed(const std::string& address, CheckEnd onAnswer) override {

@@ -184,7 +184,6 @@ const char* CRSS_ChannelAddDlg::Add() {
   ChannelRecord record;
   record.folderId = ChosenFolder(folders_);
   record.title = TextOf(title_);
-  record.type = RefreshEntry().type;
   record.xmlLink = TextOf(address_);
   record.htmlLink = homePage_;
   if (!AppendChannelRecord(desk_.GetStore(), record)) return kTextAddChannelError;
@@ -196,7 +195,7 @@ const char* CRSS_ChannelAddDlg::Add() {
 void CRSS_ChannelAddDlg::Subscribe(const ChannelRecord& record) {
   const ChannelRow row = StoredRow(record);
   subscribing_.ChannelWasAdded(row);
-  refreshing_.QueueRefresh({EntryFor(row)});
+  refreshing_.QueueRefresh({row});
   refreshing_.StartRefresh();
 }
 

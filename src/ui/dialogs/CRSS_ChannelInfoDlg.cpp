@@ -3,12 +3,12 @@
 #include "controls/CVxEdit.h"
 #include "look/QtText.h"
 #include "skin/Keys.h"
-#include "ui/ChannelFacts.h"
+#include "ui/ChannelDetails.h"
 #include "ui/Desk.h"
 
 namespace feedloom {
 
-CRSS_ChannelInfoDlg::CRSS_ChannelInfoDlg(Desk& desk, QWidget* parent, const ChannelFacts& channel)
+CRSS_ChannelInfoDlg::CRSS_ChannelInfoDlg(Desk& desk, QWidget* parent, const ChannelDetails& channel)
     : CVxFormDialog(desk.GetSkin(), kTextChannelInfoTitle, parent) {
   const auto show = [&](const char* labelKey, const std::string& text) {
     CVxEdit* const box = AddEdit(labelKey);

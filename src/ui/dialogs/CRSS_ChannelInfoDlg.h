@@ -5,14 +5,14 @@
 namespace feedloom {
 
 class Desk;
-struct ChannelFacts;
+struct ChannelDetails;
 
 // Shows the title, the feed address and the folder of a channel.
 class CRSS_ChannelInfoDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  CRSS_ChannelInfoDlg(Desk& desk, QWidget* parent, const ChannelFacts& channel);
+  CRSS_ChannelInfoDlg(Desk& desk, QWidget* parent, const ChannelDetails& channel);
 };
 
 }  // namespace feedloom

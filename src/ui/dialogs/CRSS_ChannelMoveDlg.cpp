@@ -13,7 +13,7 @@
 namespace feedloom {
 
 CRSS_ChannelMoveDlg::CRSS_ChannelMoveDlg(Desk& desk, Subscribing& subscribing, QWidget* parent,
-                                         ChannelFacts channel)
+                                         ChannelDetails channel)
     : CVxFormDialog(desk.GetSkin(), kTextGroupDialogTitle, parent),
       desk_(desk),
       subscribing_(subscribing),

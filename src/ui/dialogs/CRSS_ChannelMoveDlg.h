@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/CVxFormDialog.h"
-#include "ui/ChannelFacts.h"
+#include "ui/ChannelDetails.h"
 
 namespace feedloom {
 
@@ -13,7 +13,7 @@ class CRSS_ChannelMoveDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  CRSS_ChannelMoveDlg(Desk& desk, Subscribing& subscribing, QWidget* parent, ChannelFacts channel);
+  CRSS_ChannelMoveDlg(Desk& desk, Subscribing& subscribing, QWidget* parent, ChannelDetails channel);
 
   void accept() override;
 
@@ -25,7 +25,7 @@ class CRSS_ChannelMoveDlg : public CVxFormDialog {
 
   Desk& desk_;
   Subscribing& subscribing_;
-  const ChannelFacts channel_;
+  const ChannelDetails channel_;
   CVxComboBox& folders_;
 };
 

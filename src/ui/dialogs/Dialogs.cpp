@@ -7,7 +7,7 @@
 #include "skin/TextPlaceholders.h"
 #include "store/Cabinets.h"
 #include "store/SqlText.h"
-#include "ui/ChannelFacts.h"
+#include "ui/ChannelDetails.h"
 #include "ui/Desk.h"
 #include "ui/Subscribing.h"
 #include "ui/dialogs/CRSS_CabinetAddDlg.h"
@@ -76,7 +76,7 @@ std::optional<std::string> AskGroupName(Desk& desk, QWidget* parent, const std::
 }
 
 std::optional<std::string> AskChannelName(Desk& desk, QWidget* parent,
-                                          const ChannelFacts& channel) {
+                                          const ChannelDetails& channel) {
   return AskName(new CRSS_ChannelRenameDlg(desk, parent, CRSS_ChannelRenameDlg::Mode::Channel,
                                            channel.title, channel.folderId));
 }
@@ -105,11 +105,11 @@ void ShowCabinetAdd(Desk& desk, Subscribing& subscribing, QWidget* parent) {
 }
 
 void ShowChannelMove(Desk& desk, Subscribing& subscribing, QWidget* parent,
-                     const ChannelFacts& channel) {
+                     const ChannelDetails& channel) {
   Show(new CRSS_ChannelMoveDlg(desk, subscribing, parent, channel));
 }
 
-void ShowChannelInfo(Desk& desk, QWidget* parent, const ChannelFacts& channel) {
+void ShowChannelInfo(Desk& desk, QWidget* parent, const ChannelDetails& channel) {
   Show(new CRSS_ChannelInfoDlg(desk, parent, channel));
 }
 

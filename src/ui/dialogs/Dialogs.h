@@ -16,7 +16,7 @@ namespace feedloom {
 class Desk;
 class Refreshing;
 class Subscribing;
-struct ChannelFacts;
+struct ChannelDetails;
 struct Login;
 struct LoginQuestion;
 
@@ -28,7 +28,7 @@ std::optional<int> ChooseCabinet(Desk& desk, QWidget* parent);
 
 // Return a new, unique name, which the caller stores. The dialogs start with the old name.
 std::optional<std::string> AskGroupName(Desk& desk, QWidget* parent, const std::string& name);
-std::optional<std::string> AskChannelName(Desk& desk, QWidget* parent, const ChannelFacts& channel);
+std::optional<std::string> AskChannelName(Desk& desk, QWidget* parent, const ChannelDetails& channel);
 std::optional<std::string> AskCabinetName(Desk& desk, QWidget* parent, const std::string& title);
 
 // These store what the user adds or moves, and tell the desk. The dialog of ShowChannelAdd starts
@@ -38,9 +38,9 @@ void ShowChannelAdd(Desk& desk, Refreshing& refreshing, Subscribing& subscribing
 void ShowGroupAdd(Desk& desk, Subscribing& subscribing, QWidget* parent);
 void ShowCabinetAdd(Desk& desk, Subscribing& subscribing, QWidget* parent);
 void ShowChannelMove(Desk& desk, Subscribing& subscribing, QWidget* parent,
-                     const ChannelFacts& channel);
+                     const ChannelDetails& channel);
 
-void ShowChannelInfo(Desk& desk, QWidget* parent, const ChannelFacts& channel);
+void ShowChannelInfo(Desk& desk, QWidget* parent, const ChannelDetails& channel);
 
 // Returns the path to save a download to. `name` is the suggested file name, without a directory.
 // The dialog names `host`, where the file comes from, unless it is empty, and asks before it

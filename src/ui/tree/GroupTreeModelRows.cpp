@@ -65,6 +65,7 @@ bool GroupTreeModel::MoveChannel(int channelId, int folderId) {
   beginMoveRows(IndexOf(*from), channel.row(), channel.row(), IndexOf(*to),
                 static_cast<int>(place - to->children.begin()));
   const int unreadCount = moved->unreadCount;
+  moved->folderId = folderId;
   to->children.insert(place, std::move(*moved));
   from->children.erase(moved);
   ReindexChannels(*from);

@@ -19,7 +19,6 @@
 #include "ui/dialogs/Dialogs.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/GroupTreeModel.h"
-#include "ui/tree/RefreshEntries.h"
 #include "ui/tree/SelectedPosts.h"
 
 namespace feedloom {
@@ -88,9 +87,8 @@ std::optional<TreeCommands::Target> TreeCommands::SelectedChild() const {
   return target;
 }
 
-ChannelFacts TreeCommands::FactsOf(const Target& channel) const {
-  const GroupRow& folder = *model_.GroupAt(channel.row.parent());
-  return {channel.id, channel.name, model_.ChildAt(channel.row)->xmlLink, folder.id, folder.name};
+ChannelDetails TreeCommands::DetailsOf(const Target& channel) const {
+  return {*model_.ChildAt(channel.row), model_.GroupAt(channel.row.parent())->name};
 }
 
 std::optional<Menu> TreeCommands::SelectionMenu() const {
@@ -125,7 +123,7 @@ MsgBoxAnswer TreeCommands::Ask(const char* key, MsgBoxKind kind) const {
 
 // The name of the selected folder, or of the folder of the selected channel; empty without one.
 std::string TreeCommands::SelectedFolderName() const {
-  if (const auto channel = Selected(RowKind::Channel)) return FactsOf(*channel).folderName;
+  if (const auto channel = Selected(RowKind::Channel)) return DetailsOf(*channel).folderName;
   const auto folder = Selected(RowKind::Folder);
   return folder ? folder->name : std::string();
 }
@@ -147,12 +145,12 @@ void TreeCommands::AddCabinet() { ShowCabinetAdd(desk_, subscribing_, &tree_); }
 
 void TreeCommands::MoveChannel() {
   const auto channel = Selected(RowKind::Channel);
-  if (channel) ShowChannelMove(desk_, subscribing_, &tree_, FactsOf(*channel));
+  if (channel) ShowChannelMove(desk_, subscribing_, &tree_, DetailsOf(*channel));
 }
 
 void TreeCommands::ShowInfo() {
   const auto channel = Selected(RowKind::Channel);
-  if (channel) ShowChannelInfo(desk_, &tree_, FactsOf(*channel));
+  if (channel) ShowChannelInfo(desk_, &tree_, DetailsOf(*channel));
 }
 
 void TreeCommands::ImportFromFile() { ImportFile(desk_, subscribing_, &tree_); }
@@ -238,7 +236,7 @@ void TreeCommands::RenameChild() {
   const auto child = SelectedChild();
   if (!child) return;
   const bool isChannel = child->kind == RowKind::Channel;
-  const auto name = isChannel ? AskChannelName(desk_, &tree_, FactsOf(*child))
+  const auto name = isChannel ? AskChannelName(desk_, &tree_, DetailsOf(*child))
                               : AskCabinetName(desk_, &tree_, child->name);
   if (!name) return;
   const auto rename = isChannel ? RenameChannel : RenameCabinet;
@@ -265,19 +263,19 @@ void TreeCommands::Mark() {
   }
 }
 
-void TreeCommands::Refresh(std::vector<RefreshEntry> entries) {
-  refreshing_.QueueRefresh(std::move(entries));
+void TreeCommands::Refresh(std::vector<Channel> channels) {
+  refreshing_.QueueRefresh(std::move(channels));
   refreshing_.StartRefresh();
 }
 
-void TreeCommands::RefreshAll() { Refresh(RefreshEntriesOf(model_.Groups())); }
+void TreeCommands::RefreshAll() { Refresh(ChannelsOf(model_.Groups())); }
 
 void TreeCommands::RefreshSelection() {
   const QModelIndex row = tree_.SelectedRow();
   if (const GroupRow* const group = model_.GroupAt(row)) {
-    Refresh(RefreshEntriesOf(*group));
+    Refresh(ChannelsOf(*group));
   } else if (const auto channel = Selected(RowKind::Channel)) {
-    Refresh({RefreshEntryOf(*model_.ChildAt(row), model_.GroupAt(row.parent())->id)});
+    Refresh({*model_.ChildAt(row)});
   }
 }
 

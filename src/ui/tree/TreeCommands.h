@@ -10,7 +10,7 @@
 
 #include "controls/CMsgBox.h"
 #include "refresh/RefreshQueue.h"
-#include "ui/ChannelFacts.h"
+#include "ui/ChannelDetails.h"
 #include "ui/tree/TreeMenu.h"
 
 namespace feedloom {
@@ -63,13 +63,13 @@ class TreeCommands {
   std::optional<Target> Selected() const;
   std::optional<Target> Selected(RowKind kind) const;
   std::optional<Target> SelectedChild() const;
-  ChannelFacts FactsOf(const Target& channel) const;
+  ChannelDetails DetailsOf(const Target& channel) const;
   MsgBoxAnswer Ask(const char* key, MsgBoxKind kind) const;
 
   std::string SelectedFolderName() const;
   bool IsFolderQueued(const Target& folder) const;
   void RemoveRow(const QPersistentModelIndex& row);
-  void Refresh(std::vector<RefreshEntry> entries);
+  void Refresh(std::vector<Channel> channels);
 
   // Each runs one command.
   void AddEmptyChannel();

@@ -1,28 +1,22 @@
 #include "ui/tree/TreeRows.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
-
-#include "store/Rows.h"
 
 namespace feedloom {
 
 ChildRow ToRow(ChannelRow channel) {
-  return {.kind = RowKind::Channel,
-          .id = channel.id,
-          .order = channel.order,
-          .unreadCount = std::max(channel.unreadCount, 0),
-          .state = channel.state,
-          .title = std::move(channel.title),
-          .xmlLink = std::move(channel.xmlLink)};
+  channel.unreadCount = std::max(channel.unreadCount, 0);
+  return {std::move(channel)};
 }
 
 ChildRow ToRow(CabinetRow cabinet) {
-  return {.kind = RowKind::Cabinet,
-          .id = cabinet.id,
-          .order = cabinet.order,
-          .unreadCount = std::max(cabinet.unreadCount, 0),
-          .title = std::move(cabinet.title)};
+  ChildRow row = ToRow(
+      ChannelRow{{.id = cabinet.id, .order = cabinet.order, .title = std::move(cabinet.title)},
+                 cabinet.unreadCount});
+  row.kind = RowKind::Cabinet;
+  return row;
 }
 
 std::unique_ptr<GroupRow> ToRow(FolderRow folder) {
@@ -37,13 +31,20 @@ SubscriptionList SubscriptionsOf(const GroupRows& groups) {
   SubscriptionList list;
   for (const auto& group : groups) {
     if (group->kind == RowKind::CabinetRoot) break;
-    SubscriptionFolder& folder = list.emplace_back();
-    folder.name = group->name;
-    for (const ChildRow& channel : group->children) {
-      folder.channels.push_back({channel.title, channel.xmlLink});
-    }
+    list.push_back({group->name, ChannelsOf(*group)});
   }
   return list;
+}
+
+std::vector<Channel> ChannelsOf(const GroupRow& group) {
+  if (group.kind != RowKind::Folder) return {};
+  return {group.children.begin(), group.children.end()};
+}
+
+std::vector<Channel> ChannelsOf(const GroupRows& groups) {
+  std::vector<Channel> all;
+  for (const auto& group : groups) std::ranges::move(ChannelsOf(*group), std::back_inserter(all));
+  return all;
 }
 
 }  // namespace feedloom

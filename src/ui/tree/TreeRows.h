@@ -7,24 +7,16 @@
 
 #include "exchange/Subscriptions.h"
 #include "store/RowKey.h"
+#include "store/Rows.h"
 
 namespace feedloom {
 
-struct CabinetRow;
-struct ChannelRow;
-struct FolderRow;
-
-// A channel of a folder, or a cabinet of the cabinet root.
-struct ChildRow {
+// A channel of a folder, or a cabinet of the cabinet root, which has a title and no addresses.
+struct ChildRow : ChannelRow {
   RowKind kind = RowKind::Channel;
-  int id = 0;
-  int order = 0;
-  int unreadCount = 0;
-  int state = 0;       // of a channel: the last ChannelResult, negative after a failed refresh
-  bool isNew = false;  // of a channel: posts arrived since the user last selected it
-  bool isAnimatedByMessage = false;  // of a channel: the mark is NewPostAnimation::kByMessage
-  std::string title = {};
-  std::string xmlLink = {};  // of a channel: the feed's address
+  // Of a channel:
+  bool isNew = false;                // posts arrived since the user last selected it
+  bool isAnimatedByMessage = false;  // the mark is NewPostAnimation::kByMessage
 };
 
 struct GroupRow {
@@ -47,5 +39,9 @@ std::unique_ptr<GroupRow> ToRow(FolderRow folder);
 // The folders with their channels in the order of the rows, without the cabinet root and any group
 // behind it.
 SubscriptionList SubscriptionsOf(const GroupRows& groups);
+
+// The channels of all groups, or of one group, in the order of the rows. The cabinet root has none.
+std::vector<Channel> ChannelsOf(const GroupRows& groups);
+std::vector<Channel> ChannelsOf(const GroupRow& group);
 
 }  // namespace feedloom

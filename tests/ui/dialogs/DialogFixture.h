@@ -5,7 +5,7 @@
 #include "controls/CButtonEx.h"
 #include "controls/CVxDialog.h"
 #include "controls/DialogAnswers.h"
-#include "ui/ChannelFacts.h"
+#include "ui/ChannelDetails.h"
 #include "ui/Fakes.h"
 #include "ui/Login.h"
 #include "ui/dialogs/Dialogs.h"

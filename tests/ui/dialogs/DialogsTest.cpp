@@ -30,7 +30,11 @@ struct Dialogs : DialogFixture {
   int news_ = AddFolder(frame.GetStore(), "News", 4);
   int daily_ = frame.db.AddChannelWithPosts(news_, "Daily", 1);
   int keep_ = AddCabinet(frame.GetStore(), "Keep", 7);
-  ChannelFacts channel_{daily_, Korean("똠방각하"), "http://example.com/Daily", news_, "News"};
+  ChannelDetails channel_{{.id = daily_,
+                         .folderId = news_,
+                         .title = Korean("똠방각하"),
+                         .xmlLink = "http://example.com/Daily"},
+                        "News"};
 };
 
 TEST_F(Dialogs, QuestionsArePutAgainUntilTheAnswerWillDo) {

@@ -12,7 +12,7 @@ struct LeftContainerTest : LeftPaneFixture {
     pane->PostWasRead({0, id, "", "", "", "", "", "", "", 0, ownerId}, isScrapPost);
   }
   static ChannelRow Channel(int id, int folderId, const std::string& title, int unread = 0) {
-    return {title, "", id, folderId, 0, unread};
+    return {{.id = id, .folderId = folderId, .order = 0, .title = title}, unread};
   }
   // The selected row, and how often posts were listed so far.
   std::string Selection() const {

@@ -107,7 +107,7 @@ TEST_F(TreeCommandsTest, TheUpdateButtonQueuesEachChannelOnceAsItIsStored) {
   buttons[CRSS_LeftToolBarWnd::kUpdate]->click();
   EXPECT_EQ(frame.refreshes, 2);
   const auto entry = frame.queue.Claim();
-  EXPECT_EQ(std::tie(entry->channelId, entry->folderId, entry->title, entry->type, entry->order),
+  EXPECT_EQ(std::tie(entry->id, entry->folderId, entry->title, entry->type, entry->order),
             std::tuple(weekly, news, "Weekly", "rss", 1));
   EXPECT_EQ(entry->xmlLink, "http://example.com/Weekly");
   EXPECT_EQ(frame.queue.Claim()->title, "Daily");
