@@ -54,7 +54,7 @@ Import ImportList(int folders, int channels) {
   CRSS_LeftContainer pane(frame, frame, frame, frame, nullptr);
   pane.resize(251, 700);
   pane.show();
-  pane.LoadTree();
+  pane.ShowTree({});
   QApplication::processEvents();
   const std::string path = frame.workFolder.File("list.xml");
   if (WriteOpml(frame.GetStore(), path, MakeList(folders, channels))) return {};

@@ -13,6 +13,7 @@
 #include "ui/Fakes.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftContainer.h"
+#include "ui/tree/TreeLoader.h"
 
 namespace feedloom {
 namespace {
@@ -28,10 +29,11 @@ struct Pane {
     frame.onRecount = [this](bool scrap) { pane->RecountUnread(scrap); };
     pane->resize(251, 700);
     pane->show();
-    pane->LoadTree();
+    ReadAndShow();
     QApplication::processEvents();
   }
 
+  void ReadAndShow() { pane->ShowTree(ReadTree(frame.GetStore()).value()); }
   QTreeView& View() { return *pane->findChild<QTreeView*>(); }
 
   FakeFrame frame;
@@ -40,7 +42,7 @@ struct Pane {
 
 void LoadAndPaint(benchmark::State& state, Pane& full) {
   for (auto _ : state) {
-    full.pane->LoadTree();
+    full.ReadAndShow();
     full.View().viewport()->grab();
   }
   if (full.View().model()->rowCount() != 501) state.SkipWithError("the tree was not loaded");

@@ -45,7 +45,7 @@ int RunRefresh(Session& session, const RefreshOptions& options) {
     RefreshEngine engine(services, progress, host, {}, [&](int channelId, int stored, int missing) {
       progress.CountPosts(channelId, stored, missing);
     });
-    for (const ChannelRow& channel : *channels) engine.Enqueue(channel);
+    engine.Enqueue({channels->begin(), channels->end()});
     engine.StartRefresh();
     progress.Wait();
   }

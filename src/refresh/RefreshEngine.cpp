@@ -53,15 +53,7 @@ RefreshEngine::RefreshEngine(SharedServices services, MessageTarget& frame, Mess
 
 RefreshEngine::~RefreshEngine() { Stop(); }
 
-bool RefreshEngine::Enqueue(Channel entry) {
-  const MutexLock lock(run_->lock);
-  const bool appended = run_->queue.Append(std::move(entry));
-  run_->contentsAreFresh = false;
-  run_->changed.notify_all();
-  return appended;
-}
-
-void RefreshEngine::EnqueueAll(std::vector<Channel> entries) {
+void RefreshEngine::Enqueue(std::vector<Channel> entries) {
   const MutexLock lock(run_->lock);
   for (Channel& entry : entries) run_->queue.Append(std::move(entry));
   run_->contentsAreFresh = false;

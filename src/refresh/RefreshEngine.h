@@ -14,8 +14,8 @@
 namespace feedloom {
 
 // A process has at most one engine for a work folder. Only the thread that constructed the engine,
-// its owner, may call its functions, except IsChannelQueued, IsAnyChannelQueued, Enqueue and
-// EnqueueAll, which any thread may call.
+// its owner, may call its functions, except IsChannelQueued, IsAnyChannelQueued and
+// Enqueue, which any thread may call.
 //
 // The engine sends `frame` kMessageChannelWorker (when a worker begins, and when one is stopped at
 // the time limit), kMessageChannelInserted and kMessageChannelResult. It sends `host`
@@ -32,11 +32,8 @@ class RefreshEngine {
   RefreshEngine(const RefreshEngine&) = delete;
   RefreshEngine& operator=(const RefreshEngine&) = delete;
 
-  // Appends `entry` to the queue. Returns false, and appends nothing, when its channel is queued or
-  // being refreshed already.
-  bool Enqueue(Channel entry);
-  // Enqueues those of `entries` whose channels are not queued, taking the lock once.
-  void EnqueueAll(std::vector<Channel> entries);
+  // Appends those of `entries` to the queue whose channels are not queued or being refreshed.
+  void Enqueue(std::vector<Channel> entries);
 
   // Starts a run for the queued channels. During a run does nothing: that run takes them. Does
   // nothing either when the queue is empty, or after Stop. A run goes on with fewer workers when

@@ -19,17 +19,18 @@ bool DeletesOldPosts(const Settings& settings) {
 // The folders are read in parallel: their unread counts take as long as those of the channels. The
 // launch policy is the default one, which keeps the work on this thread when the system refuses
 // another.
-std::optional<TreeContent> ReadTree(Store& rows, Store& folders) {
+std::optional<TreeContent> ReadTreeInParallel(Store& rows, Store& folders) {
   TreeContent tree;
   auto reading = std::async([&] { return LoadFolderList(folders, tree.folders); });
-  const bool areRowsRead = ReadTreeBelowFolders(rows, tree);
+  const bool areRowsRead = ReadTreeWithoutFolders(rows, tree);
   if (!reading.get() || !areRowsRead) return std::nullopt;
   return tree;
 }
 
 FirstContent ReadBeforeDeletion(Store& rows, Store& folders, const Settings& settings) {
   FirstContent content{.unread = CountUnreadPosts(rows), .tree = std::nullopt};
-  if (content.unread >= 0 && !DeletesOldPosts(settings)) content.tree = ReadTree(rows, folders);
+  const bool isTreeRead = content.unread >= 0 && !DeletesOldPosts(settings);
+  if (isTreeRead) content.tree = ReadTreeInParallel(rows, folders);
   return content;
 }
 
@@ -38,7 +39,7 @@ FirstContent DeleteAndRead(Store& rows, Store& folders, const Settings& settings
                            FirstContent content) {
   if (content.unread < 0 || !DeletesOldPosts(settings)) return content;
   DeleteOldPosts(rows, settings.feedDeleteDate);
-  content.tree = ReadTree(rows, folders);
+  content.tree = ReadTreeInParallel(rows, folders);
   return content;
 }
 

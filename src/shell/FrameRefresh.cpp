@@ -21,7 +21,7 @@ bool FrameRefresh::IsAnyChannelQueued(std::span<const int> channelIds) const {
 }
 
 void FrameRefresh::QueueRefresh(std::vector<Channel> entries) {
-  if (engine_) engine_->EnqueueAll(std::move(entries));
+  if (engine_) engine_->Enqueue(std::move(entries));
 }
 
 void FrameRefresh::StartRefresh() {

@@ -37,7 +37,8 @@ TEST_F(Importer, TellsEachRowAndTheEndOneImportAfterTheOtherWhileARefreshAddsPos
   RefreshEngine engine(kit_.Services(), frame, host);
   kit_.server.Serve("/feed", NumberedRss("feed", "http://posts/", 100));
   const int id = kit_.db.AddChannelWithPosts(99, "feed", 0);
-  engine.Enqueue({.id = id, .folderId = 99, .title = "feed", .xmlLink = kit_.server.Url("/feed")});
+  engine.Enqueue(
+      {{.id = id, .folderId = 99, .title = "feed", .xmlLink = kit_.server.Url("/feed")}});
   Start("a", OpmlDocument(NumberedFolder("A", 2)));
   ASSERT_TRUE(inbox_.WaitForWork());
   EXPECT_GE(ThreadsInTheBackground(), 1);

@@ -40,7 +40,7 @@ struct Refresh : testing::Test {
 
   // Stores a channel, the first as channel 1, with the feed at `path` and queues it.
   void Queue(const std::string& path) {
-    engine_->Enqueue(Entry(kit_.db.AddChannelWithPosts(1, path.substr(1), 0), path));
+    engine_->Enqueue({Entry(kit_.db.AddChannelWithPosts(1, path.substr(1), 0), path)});
   }
 
   // Begins to refresh `channels` channels whose server does not answer.
@@ -54,7 +54,7 @@ struct Refresh : testing::Test {
   // Lets the time limit of all workers run out.
   void RunOut() {
     kit_.db.Clock().Set(kit_.db.Clock().Now() + RefreshLimits().timeLimit);
-    engine_->EnqueueAll({});  // wakes the monitor
+    engine_->Enqueue({});  // wakes the monitor
   }
 
   // Runs the queue to its end. Says what the frame was told: a letter and the two parameters of
@@ -78,7 +78,7 @@ struct Refresh : testing::Test {
   // Runs `sql` and refreshes channel 1 from `path`.
   std::string Again(const std::string& path, const std::string& sql = "") {
     kit_.db.Sql(sql);
-    engine_->EnqueueAll({Entry(1, path)});
+    engine_->Enqueue({Entry(1, path)});
     return Run();
   }
 
@@ -124,7 +124,7 @@ TEST_F(Refresh, InsertsAChannelWithoutAnId) {
                                    {"/new", "R0,1 R1,0 0"},
                                    {"/bare", "I2,1 R0,2 R1,0 0,0"},
                                    {"/absent", "R-2,-4 R1,0 0,0"}}) {
-    EXPECT_TRUE(engine_->Enqueue(Entry(-1, path)) && !engine_->Enqueue(Entry(-1, path)));
+    engine_->Enqueue({Entry(-1, path), Entry(-1, path)});
     EXPECT_EQ(Run(), said);
   }
   EXPECT_EQ(kit_.db.Value("select group_concat(channel_folderID||channel_title||channel_type) "
@@ -135,7 +135,7 @@ TEST_F(Refresh, InsertsAChannelWithoutAnId) {
 TEST_F(Refresh, RunsFiveDownloadsAtOnceAndStoresLargePostsOneChannelAfterTheOther) {
   onMessage_ = [&](auto& sent) {
     const bool isEnd = sent == SentMessage{kMessageChannelResult, kRunEnded, 0};
-    if (isEnd && host_.Count(kMessageRefreshEnded) == 0) engine_->Enqueue(Entry(1, "/quick"));
+    if (isEnd && host_.Count(kMessageRefreshEnded) == 0) engine_->Enqueue({Entry(1, "/quick")});
   };
   auto items = NumberedItems("http://l/", 20);
   items.back().description.assign(300u << 10, 'x');
@@ -143,7 +143,7 @@ TEST_F(Refresh, RunsFiveDownloadsAtOnceAndStoresLargePostsOneChannelAfterTheOthe
   kit_.server.Serve("/quick", NumberedRss("c", "http://l/", 1));
   BeginToHang(5);
   for (int i = 0; i < 10; ++i) Queue("/quick");
-  EXPECT_FALSE(engine_->Enqueue(Entry(1, "/hang")));
+  engine_->Enqueue({Entry(1, "/hang")});
   engine_->StartRefresh();  // does nothing: a run is under way
   EXPECT_EQ(kit_.server.Requests("/quick"), 0);
   kit_.server.Serve("/hang", RssDocument("c", items));
@@ -162,7 +162,7 @@ TEST_F(Refresh, StopsAWorkerAtTheTimeLimitAndKeepsWhatItStored) {
   kit_.server.Serve("/slow", NumberedRss("c", "http://l/", 300));
   BeginToHang(1);
   EXPECT_EQ(Run([&] { RunOut(); }), "W1,0 R1,0 -2");
-  engine_->Enqueue(Entry(-1, "/hang"));
+  engine_->Enqueue({Entry(-1, "/hang")});
   const auto runOutAtServer = [&] {
     EXPECT_TRUE(kit_.server.WaitForRequest("/hang", 20s, 2));
     RunOut();
@@ -172,7 +172,7 @@ TEST_F(Refresh, StopsAWorkerAtTheTimeLimitAndKeepsWhatItStored) {
   kit_.db.Sql(
       "create trigger slow after insert on TB_POST begin select (with recursive n(i) as (select 1 "
       "union all select i + 1 from n where i < 60000) select count(*) from n); end");
-  engine_->Enqueue(Entry(1, "/slow"));
+  engine_->Enqueue({Entry(1, "/slow")});
   StatementLog log;
   const std::string said = Run([&] {
     for (std::size_t inserts = 0; inserts < 100; inserts += log.Take().size())
@@ -275,7 +275,7 @@ TEST_F(Refresh, DoesNotReadWhatIsNotNewUnlessPostsMayBeMissing) {
   EXPECT_EQ(Again("/dated") + Again("/dated"), same + same);
   EXPECT_EQ(kit_.server.Unchanged(), 3);
   kit_.db.Sql("delete from TB_POST");
-  engine_->Enqueue(Entry(1, "/dated"));
+  engine_->Enqueue({Entry(1, "/dated")});
   EXPECT_EQ(Run(), "W1,0 N1,2 R0,1 R1,0 0");
 }
 

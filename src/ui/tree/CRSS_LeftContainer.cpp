@@ -116,10 +116,6 @@ void CRSS_LeftContainer::CountChanges() {
           });
 }
 
-void CRSS_LeftContainer::LoadTree() {
-  ShowTree(ReadTree(desk_.GetStore()).value_or(TreeContent()));
-}
-
 void CRSS_LeftContainer::ShowTree(TreeContent content) {
   content.cabinetTitle = desk_.GetSkin().GetText(kSectionTexts, kTextCabinetTitle);
   model_.Load(std::move(content));

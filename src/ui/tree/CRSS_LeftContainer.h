@@ -28,14 +28,11 @@ class CRSS_LeftContainer : public QWidget {
   Q_OBJECT
 
  public:
-  // The pane has no rows until LoadTree or ShowTree. The constructor starts both timers. What
+  // The pane has no rows until ShowTree. The constructor starts both timers. What
   // it takes but `parent` must outlive the pane. The tree is the pane's focus proxy.
   CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subscribing& subscribing, Reading& reading,
                      QWidget* parent);
 
-  // Reads all rows from the store; afterwards no row is selected. When the store cannot read all,
-  // it reports the failure, and there are none but the cabinets' root.
-  void LoadTree();
   // Replaces all rows by `content`, except that the cabinet root is named by the skin. Afterwards
   // no row is selected.
   void ShowTree(TreeContent content);

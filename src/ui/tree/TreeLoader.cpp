@@ -13,11 +13,11 @@ namespace feedloom {
 std::optional<TreeContent> ReadTree(Store& store) {
   TreeContent content;
   const bool areFoldersRead = LoadFolderList(store, content.folders);
-  if (!areFoldersRead || !ReadTreeBelowFolders(store, content)) return std::nullopt;
+  if (!areFoldersRead || !ReadTreeWithoutFolders(store, content)) return std::nullopt;
   return content;
 }
 
-bool ReadTreeBelowFolders(Store& store, TreeContent& content) {
+bool ReadTreeWithoutFolders(Store& store, TreeContent& content) {
   const bool areChannelsRead = LoadChannelList(store, content.channels);
   content.unreadInCabinets = CountUnreadInFolder(store, 0, true);
   const bool areCabinetsRead = LoadCabinetList(store, content.cabinets);

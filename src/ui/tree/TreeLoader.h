@@ -13,7 +13,7 @@ class Store;
 std::optional<TreeContent> ReadTree(Store& store);
 // Reads into `content` all rows except the folders. False when the store cannot read some. Any
 // thread.
-bool ReadTreeBelowFolders(Store& store, TreeContent& content);
+bool ReadTreeWithoutFolders(Store& store, TreeContent& content);
 
 // A stored channel; nullopt when there is none or the store cannot read it.
 std::optional<ChannelRow> ReadChannel(Store& store, int channelId);

@@ -155,7 +155,7 @@ TEST_F(LeftContainerTest, RowsComeAndMoveWithTheirCountsAndTheSelectionStaysInSi
 
 TEST_F(LeftContainerTest, ANewerReadingChangesOnlyWhatIsOther) {
   const int ball = frame.db.AddChannelWithPosts(sports, "C", 4);
-  pane->LoadTree();
+  pane->ShowTree(ReadTree(store).value());
   pane->SetChannelsNew({&daily, 1}, true);
   tree->collapse(Row("Sports"));
   Click(PlaceOf("Daily"));

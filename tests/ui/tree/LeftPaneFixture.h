@@ -11,6 +11,7 @@
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 #include "ui/tree/CRSS_LeftToolBarWnd.h"
+#include "ui/tree/TreeLoader.h"
 
 namespace feedloom {
 
@@ -28,7 +29,7 @@ struct LeftPaneFixture : testing::Test {
     buttons = pane->findChildren<QAbstractButton*>();
     using Tester = QAbstractItemModelTester;
     new Tester(tree->model(), Tester::FailureReportingMode::Fatal, pane.get());
-    pane->LoadTree();
+    pane->ShowTree(ReadTree(store).value());
     pane->resize(251, 400);
     pane->show();
     pane->activateWindow();

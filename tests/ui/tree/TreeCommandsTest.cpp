@@ -171,7 +171,7 @@ TEST_F(TreeCommandsTest, MenusGreyWhatTheRowDoesNotAllowAndListsUntilTheTreeIsRe
                                   kCommandSynchronise}));
   frame.db.Sql("delete from TB_FOLDER where folder_name = 'Sports'");
   frame.db.Sql("update TB_FOLDER set folder_order = -1");
-  pane->LoadTree();
+  pane->ShowTree(ReadTree(store).value());
   EXPECT_EQ(Grey({"Daily", "News"}),
             (Commands{kCommandMoveChannel, kCommandDeleteGroup, kCommandRenameGroup}));
 }
