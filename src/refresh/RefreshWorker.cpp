@@ -4,8 +4,8 @@
 #include <chrono>
 
 #include "feed/FeedDate.h"
-#include "fetch/FeedFetch.h"
 #include "feed/FeedParser.h"
+#include "fetch/FeedFetch.h"
 #include "store/ChannelAdder.h"
 #include "store/Channels.h"
 #include "store/Connection.h"

@@ -69,9 +69,10 @@ PageLoad Arrived(PageLoad load, const QUrl& address) {
 }
 
 PageLoad Ended(PageLoad load, bool isComplete) {
+  const bool hasPage = isComplete && load.phase == LoadPhase::Arrived;
   load.phase = LoadPhase::Ended;
   load.reportsStatus = false;
-  if (isComplete) load.given.clear();
+  if (hasPage) load.given.clear();
   return load;
 }
 

@@ -52,8 +52,8 @@ PageLoad Begun(const PageLoad& load, const Navigation& navigation, bool isUsers)
 PageLoad FrameBegun(PageLoad load, const QUrl& target);
 // The page on display has got the address `address`.
 PageLoad Arrived(PageLoad load, const QUrl& address);
-// `isComplete`: the page is complete. Otherwise the load has failed, was stopped, or becomes a
-// download, which may come later.
+// `isComplete`: the page is complete, when it has come. Otherwise the load has failed, was stopped,
+// or becomes a download, which may come later; or it was the end of the load before.
 PageLoad Ended(PageLoad load, bool isComplete);
 PageLoad Drawn(PageLoad load);
 // The user has clicked or typed in the page.

@@ -13,7 +13,8 @@ class CRSS_ChannelMoveDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  CRSS_ChannelMoveDlg(Desk& desk, Subscribing& subscribing, QWidget* parent, ChannelDetails channel);
+  CRSS_ChannelMoveDlg(Desk& desk, Subscribing& subscribing, QWidget* parent,
+                      ChannelDetails channel);
 
   void accept() override;
 

@@ -28,7 +28,8 @@ std::optional<int> ChooseCabinet(Desk& desk, QWidget* parent);
 
 // Return a new, unique name, which the caller stores. The dialogs start with the old name.
 std::optional<std::string> AskGroupName(Desk& desk, QWidget* parent, const std::string& name);
-std::optional<std::string> AskChannelName(Desk& desk, QWidget* parent, const ChannelDetails& channel);
+std::optional<std::string> AskChannelName(Desk& desk, QWidget* parent,
+                                          const ChannelDetails& channel);
 std::optional<std::string> AskCabinetName(Desk& desk, QWidget* parent, const std::string& title);
 
 // These store what the user adds or moves, and tell the desk. The dialog of ShowChannelAdd starts

@@ -85,6 +85,7 @@ TEST(PageLoad, GoesFromPhaseToPhaseAndThePageAsksForWhatTheUserDid) {
       // Downloads: of the address given, wherever servers redirect it, or once a gesture.
       {"save=http://h/z save=http://h/z", "Dtn"},
       {"user=http://a/z broken save=http://a/z save=http://a/z", "Eyt"},
+      {"user=http://a/z whole save=http://a/z", "Ey"},  // the end of the load before
       {"user=http://a/z#part server=http://b/z broken save=http://b/z", "Ey"},
       {"user=http://a/z save=http://h/z", "R+t"},
       {"user=http://a/ at=http://a/ save=http://a/", "At"},

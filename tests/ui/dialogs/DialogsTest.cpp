@@ -31,10 +31,10 @@ struct Dialogs : DialogFixture {
   int daily_ = frame.db.AddChannelWithPosts(news_, "Daily", 1);
   int keep_ = AddCabinet(frame.GetStore(), "Keep", 7);
   ChannelDetails channel_{{.id = daily_,
-                         .folderId = news_,
-                         .title = Korean("똠방각하"),
-                         .xmlLink = "http://example.com/Daily"},
-                        "News"};
+                           .folderId = news_,
+                           .title = Korean("똠방각하"),
+                           .xmlLink = "http://example.com/Daily"},
+                          "News"};
 };
 
 TEST_F(Dialogs, QuestionsArePutAgainUntilTheAnswerWillDo) {
