@@ -57,6 +57,17 @@ ChannelRow StoredRow(const ChannelRecord& record) {
            .xmlLink = UnescapeEntities(record.xmlLink)}};
 }
 
+int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,
+                  std::string_view htmlLink, int folderId, int order) {
+  return QueryNumber(
+      store,
+      FormatSql("insert into TB_CHANNEL(channel_title, channel_xmllink, channel_htmllink, "
+                "channel_folderID, channel_order) values('%s', '%s', '%s', %d, %d)"
+                ";select last_insert_rowid()",
+                title, xmlLink, htmlLink, folderId, order),
+      -1);
+}
+
 bool ChannelAdder::Add(std::span<ChannelRecord> records) {
   const std::string rows = NewRows(records);
   const int lastBefore = lastId_;

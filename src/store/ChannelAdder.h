@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "store/Rows.h"
@@ -26,6 +27,11 @@ bool AppendChannelRecord(Store& store, ChannelRecord& record);
 // The row that LoadChannelList would give for a channel that was just added: texts with entities
 // decoded, as they are stored, and no unread posts. Pure.
 ChannelRow StoredRow(const ChannelRecord& record);
+
+// Adds a channel even when the folder holds its address already. Returns the new channel's id, -1
+// after a failure.
+int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,
+                  std::string_view htmlLink, int folderId, int order);
 
 // Adds many channels to one folder with two statements a batch: one statement for each channel
 // would wait for the disk each time. An object belongs to one thread.

@@ -59,17 +59,6 @@ int GetChannelFolderId(Store& store, int channelId) {
       -1);
 }
 
-int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,
-                  std::string_view htmlLink, int folderId, int order) {
-  return QueryNumber(
-      store,
-      FormatSql("insert into TB_CHANNEL(channel_title, channel_xmllink, channel_htmllink, "
-                "channel_folderID, channel_order) values('%s', '%s', '%s', %d, %d)"
-                ";select last_insert_rowid()",
-                title, xmlLink, htmlLink, folderId, order),
-      -1);
-}
-
 bool RenameChannel(Store& store, int channelId, std::string_view title) {
   return ExecuteOnce(
       store, FormatSql("Update TB_CHANNEL Set channel_title = '%s' Where channel_id = %d;", title,

@@ -28,11 +28,6 @@ bool ChannelTitleExists(Store& store, std::string_view title, int folderId);
 // failure.
 int GetChannelFolderId(Store& store, int channelId);
 
-// Adds a channel even when the folder holds its address already. Returns the new channel's id, -1
-// after a failure.
-int InsertChannel(Store& store, std::string_view title, std::string_view xmlLink,
-                  std::string_view htmlLink, int folderId, int order);
-
 // What a refresh needs to know of a channel before it begins.
 struct ChannelContents {
   int id = 0;

@@ -1,5 +1,6 @@
 // What comes into the window without its user: from a refresh, and from other programs.
 #include "shell/ModuleFixture.h"
+#include "store/ChannelAdder.h"
 #include "store/Channels.h"
 #include "store/Folders.h"
 #include "store/ReadStatus.h"

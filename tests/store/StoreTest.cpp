@@ -20,6 +20,8 @@ namespace {
 using Strings = std::vector<std::string>;
 using Ids = std::vector<int>;
 using Posts = std::vector<PostRow>;
+using Feed = ChannelWithPosts;
+using Cabinet = CabinetWithPosts;
 
 template <typename... Fields>
 std::string Line(const Fields&... fields) {
@@ -47,13 +49,11 @@ std::string Text(const Posts& posts) {
   for (const PostRow& post : posts) text += text.empty() ? Text(post) : Line(post.id);
   return text;
 }
-std::string Text(const ChannelWithPosts& c) {
+std::string Text(const Feed& c) {
   return Line(c.folderId, c.created, c.htmlLink, c.title, c.type, c.updated, c.xmlLink,
               Text(c.posts));
 }
-std::string Text(const CabinetWithPosts& c) {
-  return Line(c.created, c.title, c.order, Text(c.posts));
-}
+std::string Text(const Cabinet& c) { return Line(c.created, c.title, c.order, Text(c.posts)); }
 
 struct StoreTest : testing::Test {
   // Rows that no list shows in the order of their ids.
@@ -116,7 +116,7 @@ struct StoreTest : testing::Test {
     ChannelRecord record;
     EXPECT_FALSE(AppendChannelRecord(store_, record) || record.id != -1 || record.folderId != 0);
     EXPECT_EQ(Folders() + Channels() + Cabinets() + Found(FindFolderByName, "f") +
-                  Loaded<ChannelWithPosts>(LoadChannelWithPosts, 1),
+                  Loaded<Feed>(LoadChannelWithPosts, 1),
               "none none none none none ");
     EXPECT_EQ(
         Line(CountUnreadPosts(store_), CountUnreadInFolder(store_, 1, true),
@@ -158,14 +158,10 @@ TEST_F(SoundStore, ListsAreOrderedAndCountTheUnreadAndThoseOfTheLocalDate) {
 
 TEST_F(SoundStore, PostsAreLoadedWithAllFieldsFromTheNewestToTheOldestThenByTitle) {
   Fill();
-  EXPECT_EQ(Loaded<ChannelWithPosts>(LoadChannelWithPosts, 1),
-            "1 c h B y u x 3 1 c d l p3 t u B 1 1 2 1  ");
-  EXPECT_EQ(Loaded<ChannelWithPosts>(LoadFolderWithPosts, 1),
-            "1 c h A y u x 4 0 c d l p2 t u A 5 2 3 2 1  ");
-  EXPECT_EQ(Loaded<CabinetWithPosts>(LoadCabinetWithPosts, 1),
-            "c B 5 3 1 c d l p3 t u B 0 1 2 1  ");
-  EXPECT_EQ(Loaded<CabinetWithPosts>(LoadAllCabinetsWithPosts),
-            "c A 0 4 0 c d l p2 t u A 0 2 3 2 1  ");
+  EXPECT_EQ(Loaded<Feed>(LoadChannelWithPosts, 1), "1 c h B y u x 3 1 c d l p3 t u B 1 1 2 1  ");
+  EXPECT_EQ(Loaded<Feed>(LoadFolderWithPosts, 1), "1 c h A y u x 4 0 c d l p2 t u A 5 2 3 2 1  ");
+  EXPECT_EQ(Loaded<Cabinet>(LoadCabinetWithPosts, 1), "c B 5 3 1 c d l p3 t u B 0 1 2 1  ");
+  EXPECT_EQ(Loaded<Cabinet>(LoadAllCabinetsWithPosts), "c A 0 4 0 c d l p2 t u A 0 2 3 2 1  ");
   EXPECT_EQ(Loaded<Posts>(SearchPosts, "T"), "3 1 c d l p3 t u B 1 0 4 2 1 ");
   EXPECT_EQ(Loaded<Posts>(SearchChannelPosts, 2, "T"), "4 0 c d l p2 t u A 5 0 ");
   EXPECT_EQ(Loaded<Posts>(SearchFolderPosts, 1, "T"), "3 1 c d l p3 t u B 1 0 4 2 1 ");
