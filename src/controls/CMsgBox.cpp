@@ -1,7 +1,6 @@
 #include "controls/CMsgBox.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QScreen>
 #include <QScrollArea>
@@ -12,12 +11,7 @@
 
 #include "controls/AccessibleRole.h"
 #include "controls/CButtonEx.h"
-#include "look/QtText.h"
-#include "look/SkinFont.h"
-#include "look/SkinPalette.h"
-#include "look/SkinText.h"
 #include "skin/Keys.h"
-#include "skin/Skin.h"
 
 namespace feedloom {
 namespace {
@@ -64,20 +58,17 @@ QSize TextAreaSize(const QLabel& label, const QSize& screen) {
 }  // namespace
 
 CMsgBox::CMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent)
-    : QDialog(parent) {
+    : CVxDialog(skin, nullptr, parent) {
   SetAccessibleRole(*this, QAccessible::AlertMessage);
   setAccessibleDescription(text);
-  setWindowTitle(ToQString(skin.Config().GetCodePage(), skin.Config().GetAppTitle()));
-  setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
-  setPalette(LoadSkinPalette(skin));
 
   auto* column = new QVBoxLayout(this);
   column->setSizeConstraint(QLayout::SetFixedSize);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->setSpacing(kMargin);
   column->addWidget(MakeTextArea(text));
-  column->addWidget(MakeButtonRow(skin, kind));
-  consent_->setFocus();
+  column->addLayout(MakeChoiceRow(kind));
+  ConfirmButton()->setFocus();
 }
 
 QWidget* CMsgBox::MakeTextArea(const QString& text) {
@@ -100,37 +91,25 @@ QWidget* CMsgBox::MakeTextArea(const QString& text) {
   return area;
 }
 
-QWidget* CMsgBox::MakeButtonRow(const Skin& skin, MsgBoxKind kind) {
-  auto* row = new QWidget(this);
-  auto* layout = new QHBoxLayout(row);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(kButtonGap);
-  layout->addStretch();
+QHBoxLayout* CMsgBox::MakeChoiceRow(MsgBoxKind kind) {
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(kButtonGap);
+  row->addStretch();
   for (const Choice& choice : ChoicesOf(kind)) {
-    auto* button = new CButtonEx(skin.GetImagePath(kSectionMsgBox, choice.imageKey), row);
-    button->setText(SkinText(skin, choice.textKey));
-    button->setAccessibleName(button->text());
+    CButtonEx* const button = MakeButton(kSectionMsgBox, choice.imageKey, choice.textKey);
     connect(button, &QAbstractButton::clicked, this,
             choice.consents ? &QDialog::accept : &QDialog::reject);
-    layout->addWidget(button);
-    if (choice.consents) consent_ = button;
+    row->addWidget(button);
+    if (choice.consents) SetConfirmButton(button);
   }
-  layout->addStretch();
+  row->addStretch();
   return row;
 }
 
 void CMsgBox::showEvent(QShowEvent* event) {
-  QDialog::showEvent(event);
+  CVxDialog::showEvent(event);
   QAccessibleEvent alert(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
-}
-
-void CMsgBox::keyPressEvent(QKeyEvent* event) {
-  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  const bool isEscape = event->key() == Qt::Key_Escape;
-  if (event->isAutoRepeat() && (isEnter || isEscape)) return;
-  if (!isEnter) return QDialog::keyPressEvent(event);
-  consent_->click();
 }
 
 MsgBoxAnswer ShowMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent) {

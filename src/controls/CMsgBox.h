@@ -1,13 +1,9 @@
 // The module's message box: a text and the buttons of its kind.
 #pragma once
 
-#include <QDialog>
-
-class QAbstractButton;
+#include "controls/CVxDialog.h"
 
 namespace feedloom {
-
-class Skin;
 
 enum class MsgBoxKind { YesNo = 0, OkCancel = 1, Notice = 2 };
 
@@ -16,7 +12,7 @@ enum class MsgBoxAnswer { Declined, Consented };
 
 // A modal dialog for exec(); ShowMsgBox does both. Enter presses the focused button, which at first
 // is the consenting one. Screen readers announce the text as an alert.
-class CMsgBox : public QDialog {
+class CMsgBox : public CVxDialog {
   Q_OBJECT
 
  public:
@@ -27,13 +23,10 @@ class CMsgBox : public QDialog {
 
  protected:
   void showEvent(QShowEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QWidget* MakeTextArea(const QString& text);
-  QWidget* MakeButtonRow(const Skin& skin, MsgBoxKind kind);
-
-  QAbstractButton* consent_ = nullptr;  // the Yes or OK button, a child
+  QHBoxLayout* MakeChoiceRow(MsgBoxKind kind);
 };
 
 // Shows a message box over `parent` and returns the user's answer. When `parent` is destroyed

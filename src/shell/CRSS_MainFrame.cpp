@@ -1,9 +1,9 @@
 #include "shell/CRSS_MainFrame.h"
 
-#include <QShortcut>
 #include <thread>
 #include <utility>
 
+#include "controls/OnKey.h"
 #include "exchange/DirectorySearch.h"
 #include "fetch/FeedMemory.h"
 #include "look/QtText.h"
@@ -140,13 +140,8 @@ void CRSS_MainFrame::RetryStart() {
 }
 
 void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
-  const auto onKey = [this](const QKeySequence& key, auto run) {
-    auto* const shortcut = new QShortcut(key, this);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, this, run);
-  };
-  onKey(Qt::Key_F5, [this] { left_->RefreshSelection(); });
-  onKey(Qt::SHIFT | Qt::Key_F5, [this] { left_->RefreshAll(); });
+  OnKey(*this, Qt::Key_F5, [this] { left_->RefreshSelection(); });
+  OnKey(*this, Qt::SHIFT | Qt::Key_F5, [this] { left_->RefreshAll(); });
   auto* const keys = new FrameKeys(*this, {left_, rightTop_, rightBottom_}, {this, &right});
   keys->AddMenuKey(*left_);
   keys->AddMenuKey(*rightTop_);

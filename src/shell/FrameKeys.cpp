@@ -2,21 +2,14 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QShortcut>
 #include <algorithm>
 #include <utility>
 
+#include "controls/OnKey.h"
 #include "controls/VxSplitter.h"
 
 namespace feedloom {
 namespace {
-
-template <typename Run>
-void OnKey(QWidget& widget, const QKeySequence& key, QObject* context, Run run) {
-  auto* const shortcut = new QShortcut(key, &widget);
-  shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-  QObject::connect(shortcut, &QShortcut::activated, context, run);
-}
 
 bool HasKeyboard(const QWidget* widget) {
   const QWidget* const focus = QApplication::focusWidget();
@@ -51,17 +44,15 @@ QWidget* NextTabStop(const QWidget& frame) {
 FrameKeys::FrameKeys(QWidget& frame, std::vector<QWidget*> panes,
                      std::vector<VxSplitter*> splitters)
     : QObject(&frame), panes_(std::move(panes)), splitters_(std::move(splitters)) {
-  OnKey(frame, Qt::Key_F6, this, [this] { GoToPane(1); });
-  OnKey(frame, Qt::SHIFT | Qt::Key_F6, this, [this] { GoToPane(-1); });
-  OnKey(frame, Qt::Key_F8, this, [this] { GoToDivider(); });
+  OnKey(frame, Qt::Key_F6, [this] { GoToPane(1); });
+  OnKey(frame, Qt::SHIFT | Qt::Key_F6, [this] { GoToPane(-1); });
+  OnKey(frame, Qt::Key_F8, [this] { GoToDivider(); });
   for (const VxSplitter* splitter : splitters_) {
     connect(splitter, &VxSplitter::HandleLeft, this, &FrameKeys::GoBack);
   }
 }
 
-void FrameKeys::AddMenuKey(QWidget& pane) {
-  OnKey(pane, Qt::SHIFT | Qt::Key_F10, this, AskForMenu);
-}
+void FrameKeys::AddMenuKey(QWidget& pane) { OnKey(pane, Qt::SHIFT | Qt::Key_F10, AskForMenu); }
 
 // A pane whose view is disabled at the moment is skipped.
 void FrameKeys::GoToPane(int step) {

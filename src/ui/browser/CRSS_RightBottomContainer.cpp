@@ -3,10 +3,10 @@
 #include <QFile>
 #include <QPainter>
 #include <QPointer>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <map>
 
+#include "controls/OnKey.h"
 #include "look/QtText.h"
 #include "look/SkinFont.h"
 #include "look/SkinText.h"
@@ -160,25 +160,19 @@ void CRSS_RightBottomContainer::ConnectBars() {
 }
 
 void CRSS_RightBottomContainer::SetUpKeys() {
-  const auto onKeys = [this](QWidget* widget, const QList<QKeySequence>& keys, auto run) {
-    for (const QKeySequence& key : keys) {
-      auto* const shortcut = new QShortcut(key, widget);
-      shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-      connect(shortcut, &QShortcut::activated, this, run);
-    }
-  };
-  const auto onCommand = [&](QKeySequence::StandardKey key, int command) {
-    onKeys(this, QKeySequence::keyBindings(key), [this, command] { commands_->Run(command); });
+  const auto onCommand = [this](QKeySequence::StandardKey standard, int command) {
+    for (const QKeySequence& key : QKeySequence::keyBindings(standard))
+      OnKey(*this, key, [this, command] { commands_->Run(command); });
   };
   onCommand(QKeySequence::Find, kCommandFindInPage);
   onCommand(QKeySequence::Print, kCommandPrint);
   onCommand(QKeySequence::ZoomIn, kCommandZoomIn);
   onCommand(QKeySequence::ZoomOut, kCommandZoomOut);
-  onKeys(this, {Qt::CTRL | Qt::Key_0}, [this] { commands_->Run(kCommandZoomNormal); });
-  onKeys(this, {Qt::CTRL | Qt::Key_L}, [this] { toolbar_->FocusAddress(); });
-  onKeys(this, {Qt::ALT | Qt::Key_Left}, [this] { view_->GoBack(); });
-  onKeys(this, {Qt::ALT | Qt::Key_Right}, [this] { view_->GoForward(); });
-  onKeys(view_, {Qt::Key_Escape}, [this] {
+  OnKey(*this, Qt::CTRL | Qt::Key_0, [this] { commands_->Run(kCommandZoomNormal); });
+  OnKey(*this, Qt::CTRL | Qt::Key_L, [this] { toolbar_->FocusAddress(); });
+  OnKey(*this, Qt::ALT | Qt::Key_Left, [this] { view_->GoBack(); });
+  OnKey(*this, Qt::ALT | Qt::Key_Right, [this] { view_->GoForward(); });
+  OnKey(*view_, Qt::Key_Escape, [this] {
     if (view_->IsLoading()) view_->Stop();  // the key belongs to the page: downloads continue
   });
 }

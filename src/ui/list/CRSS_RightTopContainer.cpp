@@ -1,11 +1,11 @@
 #include "ui/list/CRSS_RightTopContainer.h"
 
 #include <QPainter>
-#include <QShortcut>
 #include <functional>
 #include <utility>
 
 #include "controls/CVxListCtrl.h"
+#include "controls/OnKey.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
@@ -68,26 +68,16 @@ void CRSS_RightTopContainer::SetUpList() {
 
 // These are shortcuts because the view would use a letter key to search for a title.
 void CRSS_RightTopContainer::SetUpKeys() {
-  struct Key {
-    QKeySequence key;
-    QWidget* widget;
-    Qt::ShortcutContext context;
-    std::function<void()> run;
+  const auto onListKey = [this](const QKeySequence& key, auto run) {
+    OnKey(list_, key, run, Qt::WidgetShortcut);
   };
-  const Key keys[] = {
-      {Qt::Key_Return, &list_, Qt::WidgetShortcut, [this] { commands_.ShowCurrent(); }},
-      {Qt::Key_Enter, &list_, Qt::WidgetShortcut, [this] { commands_.ShowCurrent(); }},
-      {Qt::Key_Delete, &list_, Qt::WidgetShortcut, [this] { commands_.Run(kCommandDelete); }},
-      {Qt::Key_N, &list_, Qt::WidgetShortcut, [this] { GoToUnread(true); }},
-      {Qt::Key_P, &list_, Qt::WidgetShortcut, [this] { GoToUnread(false); }},
-      {QKeySequence::SelectAll, &list_, Qt::WidgetShortcut, [this] { list_.selectAll(); }},
-      {QKeySequence::Find, this, Qt::WidgetWithChildrenShortcut, [this] { FocusSearch(); }},
-  };
-  for (const Key& key : keys) {
-    auto* const shortcut = new QShortcut(key.key, key.widget);
-    shortcut->setContext(key.context);
-    connect(shortcut, &QShortcut::activated, this, key.run);
-  }
+  onListKey(Qt::Key_Return, [this] { commands_.ShowCurrent(); });
+  onListKey(Qt::Key_Enter, [this] { commands_.ShowCurrent(); });
+  onListKey(Qt::Key_Delete, [this] { commands_.Run(kCommandDelete); });
+  onListKey(Qt::Key_N, [this] { GoToUnread(true); });
+  onListKey(Qt::Key_P, [this] { GoToUnread(false); });
+  onListKey(QKeySequence::SelectAll, [this] { list_.selectAll(); });
+  OnKey(*this, QKeySequence::Find, [this] { FocusSearch(); });
 }
 
 void CRSS_RightTopContainer::Fill(PostList list) {

@@ -3,11 +3,11 @@
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QScreen>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include "controls/CButtonEx.h"
+#include "controls/OnKey.h"
 #include "look/SkinPieces.h"
 #include "skin/Keys.h"
 #include "ui/Desk.h"
@@ -93,8 +93,8 @@ void CCtrlPanelDlg::AddPages() {
 
 void CCtrlPanelDlg::AddPageKeys(const QList<QKeySequence>& keys, int step) {
   for (const QKeySequence& key : keys) {
-    connect(new QShortcut(key, this), &QShortcut::activated, this,
-            [this, step] { StepToPage(step); });
+    OnKey(
+        *this, key, [this, step] { StepToPage(step); }, Qt::WindowShortcut);
   }
 }
 

@@ -2,12 +2,13 @@
 
 #include <QPainter>
 #include <QPointer>
-#include <QShortcut>
+#include <QSignalBlocker>
 #include <QTimer>
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
+#include "controls/OnKey.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "store/Posts.h"
@@ -65,7 +66,8 @@ CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subsc
   updateTimer_->setSingleShot(true);
   connect(updateTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::RefreshAll);
   connect(notificationTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::NoticeIsDue);
-  connect(tree_, &CRSS_GroupTreeCtrl::RowSelected, this, &CRSS_LeftContainer::ListSelectedPosts);
+  connect(tree_, &CRSS_GroupTreeCtrl::RowSelected, this,
+          [this] { ListSelectedPosts(FirstPost::First); });
   connect(tree_, &CRSS_GroupTreeCtrl::MenuRequested, this, &CRSS_LeftContainer::ShowRowMenu);
   SetUpToolBar();
   SetUpKeys();
@@ -92,15 +94,10 @@ void CRSS_LeftContainer::SetUpToolBar() {
 
 // These are shortcuts because the tree would use a letter key to search for a name.
 void CRSS_LeftContainer::SetUpKeys() {
-  const auto onKey = [this](QWidget* widget, const QKeySequence& key, auto run) {
-    auto* const shortcut = new QShortcut(key, widget);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, this, run);
-  };
-  onKey(tree_, Qt::Key_Delete, [this] { commands_.Run(kCommandDeleteSelection); });
-  onKey(tree_, Qt::Key_N, [this] { emit UnreadPostWanted(true); });
-  onKey(tree_, Qt::Key_P, [this] { emit UnreadPostWanted(false); });
-  onKey(this, QKeySequence::Find, [this] { emit SearchWanted(); });
+  OnKey(*tree_, Qt::Key_Delete, [this] { commands_.Run(kCommandDeleteSelection); });
+  OnKey(*tree_, Qt::Key_N, [this] { emit UnreadPostWanted(true); });
+  OnKey(*tree_, Qt::Key_P, [this] { emit UnreadPostWanted(false); });
+  OnKey(*this, QKeySequence::Find, [this] { emit SearchWanted(); });
 }
 
 // Marks and states are not read together with what a revision is for.
@@ -239,21 +236,23 @@ void CRSS_LeftContainer::ReloadSelection() {
   }
 }
 
-void CRSS_LeftContainer::ListSelectedPosts() {
+void CRSS_LeftContainer::ListSelectedPosts(FirstPost shown) {
   const auto row = SelectedRow();
   if (row && row->kind == RowKind::Channel) SetChannelsNew({&row->id, 1}, false);
   auto list = PostsOf(desk_.GetStore(), row);
   // After a failure the list is emptied: it must not show posts of a row that is no longer
   // selected.
-  reading_.ListPosts(ListMode::Selection, std::move(list).value_or(PostList()), firstShown_);
+  reading_.ListPosts(ListMode::Selection, std::move(list).value_or(PostList()), shown);
 }
 
 void CRSS_LeftContainer::GoToUnreadRow(bool forward) {
   const QModelIndex row = model_.FindUnread(tree_->SelectedRow(), forward);
   if (!row.isValid()) return;
-  firstShown_ = forward ? FirstPost::FirstUnread : FirstPost::LastUnread;
-  tree_->setCurrentIndex(row);  // selects the row and so lists its posts
-  firstShown_ = FirstPost::First;
+  {
+    const QSignalBlocker blocker(tree_);  // or the first post would be shown
+    tree_->setCurrentIndex(row);
+  }
+  ListSelectedPosts(forward ? FirstPost::FirstUnread : FirstPost::LastUnread);
 }
 
 void CRSS_LeftContainer::ShowRowMenu(const QPoint& place) {

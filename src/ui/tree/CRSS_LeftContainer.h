@@ -136,7 +136,7 @@ class CRSS_LeftContainer : public QWidget {
   void SetUpToolBar();
   void SetUpKeys();
   void CountChanges();
-  void ListSelectedPosts();
+  void ListSelectedPosts(FirstPost shown);
   void ShowRowMenu(const QPoint& place);
   void ShowMenuAt(const Menu& menu, const QPoint& place);
 
@@ -150,7 +150,6 @@ class CRSS_LeftContainer : public QWidget {
   QTimer* const notificationTimer_;
   TreeCommands commands_;
   int revision_ = 0;
-  FirstPost firstShown_ = FirstPost::First;  // passed on when the next row is selected
 };
 
 }  // namespace feedloom
