@@ -40,6 +40,11 @@ bool IsAbandonedBy(const PageLoad& load, const Navigation& navigation) {
   return IsUnderWay(load) && navigation.cause != NavigationCause::Server;
 }
 
+bool IsEndOf(const PageLoad& load, const QUrl& address) {
+  const bool isOther = !load.abandoned.isEmpty() && address == load.abandoned;
+  return IsUnderWay(load) && (address == load.target || !isOther);
+}
+
 PageLoad Begun(const PageLoad& load, const Navigation& navigation, bool isUsers) {
   PageLoad begun = load;
   const bool isGiven = IsGivenByUser(load, navigation, isUsers);
@@ -49,7 +54,10 @@ PageLoad Begun(const PageLoad& load, const Navigation& navigation, bool isUsers)
   begun.target = navigation.to;
   begun.given = isGiven ? navigation.to : QUrl();
   if (navigation.cause == NavigationCause::Command) begun.isOrdered = false;
-  if (navigation.cause != NavigationCause::Server) begun.loginHosts.clear();
+  if (navigation.cause != NavigationCause::Server) {
+    begun.loginHosts.clear();
+    begun.abandoned = IsUnderWay(load) ? load.target : QUrl();
+  }
   if (isGiven) begun.isRefusalTold = false;
   begun.reportsStatus = MayReport(begun, navigation.to);
   return begun;

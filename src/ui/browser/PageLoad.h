@@ -22,6 +22,7 @@ struct PageLoad {
   LoadPhase phase = LoadPhase::Drawn;
   NavigationCause cause = NavigationCause::Page;
   QUrl target;
+  QUrl abandoned = {};  // the target of the load that this one has replaced before it ended
   // The address that the user gave, by typing, by a button or by a click, after all redirects of
   // servers so far. Empty when the page itself has chosen its target, and once the page has come
   // or a question about it was asked.
@@ -41,6 +42,10 @@ bool IsUnderWay(const PageLoad& load);
 
 // Whether `navigation`, which was accepted, ends a load that is under way.
 bool IsAbandonedBy(const PageLoad& load, const Navigation& navigation);
+
+// Whether the end of a load of `address` is that of this load, and not of the one that it has
+// replaced: the engine may report that one's end later.
+bool IsEndOf(const PageLoad& load, const QUrl& address);
 
 // Each returns the value after the event.
 

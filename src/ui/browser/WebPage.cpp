@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 #include <QTimer>
 #include <QUuid>
+#include <QWebEngineHistory>
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineScript>
 #include <QWebEngineScriptCollection>
@@ -94,6 +95,7 @@ QUrl WebPage::Meant(const QUrl& link) const {
 // Navigations.
 
 bool WebPage::acceptNavigationRequest(const QUrl& target, NavigationType type, bool isMainFrame) {
+  NoteArrival();
   const auto page = Generated();
   const bool isPlayer = page && page->kind == PageKind::Player;
   const bool isCrash = page && page->kind == PageKind::Crash;
@@ -280,8 +282,12 @@ void WebPage::Answer(const QUrl& address, const LoginQuestion& question, QAuthen
 
 // Loads.
 
-void WebPage::OnUrl(const QUrl& address) {
-  load_ = Arrived(load_, address);
+// The engine may tell the address of a page that has not come; the history has only those that
+// have.
+void WebPage::NoteArrival() { load_ = Arrived(load_, history()->currentItem().url()); }
+
+void WebPage::OnUrl() {
+  NoteArrival();
   emit Changed();
 }
 
@@ -289,7 +295,8 @@ void WebPage::OnUrl(const QUrl& address) {
 // is loading at the time.
 void WebPage::OnLoading(const QWebEngineLoadingInfo& loading) {
   const bool hasEnded = loading.status() != QWebEngineLoadingInfo::LoadStartedStatus;
-  if (!hasEnded || !IsUnderWay(load_)) return;
+  NoteArrival();
+  if (!hasEnded || !IsEndOf(load_, loading.url())) return;
   EndLoad(loading.status());
   emit Changed();
 }

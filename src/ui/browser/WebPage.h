@@ -100,7 +100,8 @@ class WebPage : public QWebEnginePage {
   bool AreScriptsAllowed() const;
   void AllowScripts(bool allow);
   void Answer(const QUrl& address, const LoginQuestion& question, QAuthenticator& answer);
-  void OnUrl(const QUrl& address);
+  void NoteArrival();
+  void OnUrl();
   void OnLoading(const QWebEngineLoadingInfo& loading);
   void EndLoad(QWebEngineLoadingInfo::LoadStatus status);
   void FindFeeds();

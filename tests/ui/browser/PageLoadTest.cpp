@@ -23,8 +23,8 @@ class Story {
     if (parts[0] == "page") Begin(NavigationCause::Page, to, false);
     if (parts[0] == "server") Begin(NavigationCause::Server, to, false);
     if (parts[0] == "at") load_ = Arrived(load_, shown_ = to);
-    if (parts[0] == "whole") load_ = Ended(load_, true);
-    if (parts[0] == "broken") load_ = Ended(load_, false);
+    if (parts[0] == "whole" && IsEndOf(load_, to)) load_ = Ended(load_, true);
+    if (parts[0] == "broken" && IsEndOf(load_, to)) load_ = Ended(load_, false);
     if (parts[0] == "drawn") load_ = Drawn(load_);
     if (parts[0] == "touch") load_ = Touched(load_);
     if (parts[0] == "save") Save(to);
@@ -81,6 +81,7 @@ TEST(PageLoad, GoesFromPhaseToPhaseAndThePageAsksForWhatTheUserDid) {
       {"touch at=http://h/part", "D!"},  // the same page still
       {"at=feedloom://page/1 link=http://a/", "R+"},
       {"user=http://a/ server=http://b/", "R+"},
+      {"user=http://a/ user=http://b/ broken=http://a/ server=http://c/", "R+"},
       {"page=http://a/ server=http://b/", "R"},
       // Downloads: of the address given, wherever servers redirect it, or once a gesture.
       {"save=http://h/z save=http://h/z", "Dtn"},

@@ -132,7 +132,7 @@ TEST_F(Traps, AnAddressOfTheUsersIsSavedWhereverItLeads) {
   server_.Redirect("/moved", "/zip");
   for (const char* const path : {"/zip", "/moved"}) {
     Go(Url(path));
-    EXPECT_TRUE(ComesTrue([&] { return !saves_.isEmpty(); }));
+    ASSERT_TRUE(ComesTrue([&] { return !saves_.isEmpty(); }));
     EXPECT_EQ(saves_.takeFirst(), "zip of " + Host());
   }
   // A page that comes again as a file asks for nobody.
@@ -141,6 +141,7 @@ TEST_F(Traps, AnAddressOfTheUsersIsSavedWhereverItLeads) {
   server_.Serve("/again", "PK", "application/zip");
   EXPECT_TRUE(ComesTrue([&] { return IsLastMessageWith(Refusal()); }));
   EXPECT_EQ(saves_.size(), 0);
+  WaitForPage([&] { pane_.ShowMainPage(); });
 }
 
 TEST_F(Traps, AServerAsksForAPasswordOnceAndOnlyForThePageThatTheUserOpens) {
