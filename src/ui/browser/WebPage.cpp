@@ -92,8 +92,6 @@ QUrl WebPage::Meant(const QUrl& link) const {
              : link;
 }
 
-// Navigations.
-
 bool WebPage::acceptNavigationRequest(const QUrl& target, NavigationType type, bool isMainFrame) {
   NoteArrival();
   const auto page = Generated();
@@ -251,8 +249,6 @@ void WebPage::AllowScripts(bool allow) {
   settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, allow);
 }
 
-// Questions.
-
 void WebPage::Touch() { load_ = Touched(load_); }
 
 bool WebPage::MayDownload(const QUrl& address) {
@@ -279,8 +275,6 @@ void WebPage::Answer(const QUrl& address, const LoginQuestion& question, QAuthen
   answer.setUser(login->name);
   answer.setPassword(login->password);
 }
-
-// Loads.
 
 // The engine may tell the address of a page that has not come; the history has only those that
 // have.
