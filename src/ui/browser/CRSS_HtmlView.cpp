@@ -48,7 +48,7 @@ class CRSS_HtmlView::Engine {
  public:
   explicit Engine(Callbacks callbacks)
       : crashPage(std::move(callbacks.crashPage)),
-        styleSheet(std::move(callbacks.styleSheet)),
+        style(std::move(callbacks.style)),
         frameText(std::move(callbacks.frameText)),
         scheme(std::move(callbacks.skinDir), nullptr),
         askSavePath(std::move(callbacks.askSavePath)),
@@ -75,7 +75,7 @@ class CRSS_HtmlView::Engine {
   }
 
   const std::function<QByteArray(const QUrl& crashed)> crashPage;
-  const std::function<QString()> styleSheet;
+  const std::function<PageStyle()> style;
   const std::function<QString(const FrameLink& link)> frameText;
   std::unique_ptr<QPrinter> printer;  // null when no print is in progress
   PageSchemeHandler scheme;
@@ -146,9 +146,10 @@ void CRSS_HtmlView::Navigate(const QUrl& url) {
 
 void CRSS_HtmlView::WritePageToBrowser(const PageToWrite& page) {
   if (page.html.isEmpty()) return;
-  const GeneratedPage generated = {
-      WithHead(page.html, page.kind, page.showsRemoteImages, engine_->styleSheet()), page.kind,
-      page.source, page.title};
+  PageStyle style = engine_->style();
+  style.source = page.channel;
+  const GeneratedPage generated = {WithHead(page.html, page.kind, page.showsRemoteImages, style),
+                                   page.kind, page.source, page.title};
   // A large page gets a renderer process of its own, so that going back does not wait for it.
   if (IsLarge(generated)) ++engine_->host;
   Navigate(PageUrlFor(engine_->scheme.Pages().Add(generated), page.source));

@@ -26,7 +26,8 @@ struct PageToWrite {
   PageKind kind = PageKind::Post;
   QUrl source = {};  // the address of the post, or of its media file
   bool showsRemoteImages = true;
-  QString title = {};  // of the post
+  QString title = {};    // of the post
+  QString channel = {};  // or cabinet, where the post is listed
 };
 
 // What is at the point where the user has opened the context menu.
@@ -47,8 +48,8 @@ class CRSS_HtmlView : public QWidget {
     // Returns the page to show when the renderer process of `crashed` has ended unexpectedly: HTML
     // in UTF-8, with a link to `crashed`.
     std::function<QByteArray(const QUrl& crashed)> crashPage;
-    // Returns the path of the style sheet for generated pages, a file in skinDir; empty for none.
-    std::function<QString()> styleSheet = [] { return QString(); };
+    // Returns the style of generated pages without a source; its sheet is a file in skinDir.
+    std::function<PageStyle()> style = [] { return PageStyle(); };
     // Asks where to save the file `name`, which comes from `host`; empty when the user cancels.
     std::function<QString(const QString& name, const QString& host)> askSavePath;
     // Asks for a name and a password; std::nullopt when the user gives up.

@@ -33,9 +33,11 @@ QString FilePath(const std::string& path) {
   return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
-QString StyleSheet(const Skin& skin) {
+PageStyle Style(const Skin& skin) {
   if (skin.GetSkinValue(kSectionHtml, kFilePageStyle).empty()) return {};
-  return FilePath(skin.GetImagePath(kSectionHtml, kFilePageStyle));
+  const QFont font = LoadSkinFont(skin, kSectionFont, kFontDefault);
+  return {.sheet = FilePath(skin.GetImagePath(kSectionHtml, kFilePageStyle)),
+          .font = QFontInfo(font).family()};
 }
 
 bool HasEnded(BrowserReport report) {
@@ -59,7 +61,7 @@ QString FrameText(const Desk& desk, const FrameLink& link) {
 CRSS_HtmlView::Callbacks MakeCallbacks(Desk& desk, const BrowserServices& services) {
   return {.skinDir = [&desk] { return FilePath(desk.GetSkin().Config().GetImageDir()); },
           .crashPage = [&desk](const QUrl& crashed) { return MakeCrashPage(desk, crashed); },
-          .styleSheet = [&desk] { return StyleSheet(desk.GetSkin()); },
+          .style = [&desk] { return Style(desk.GetSkin()); },
           // Copies, because the services may be deleted while a dialog is open.
           .askSavePath =
               [&services](const QString& name, const QString& host) {

@@ -1,8 +1,10 @@
 #include "ui/browser/PageRules.h"
 
+#include <QCryptographicHash>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QUrlQuery>
+#include <cctype>
 
 namespace feedloom {
 namespace {
@@ -18,16 +20,38 @@ QRegularExpressionMatch MatchNumber(const QUrl& url) {
   return number.match(url.path(QUrl::FullyEncoded));
 }
 
-// The common part of all policies; the images and media of the kind follow. Inline styles are
-// allowed.
+// The common part of all policies; the images and media of the kind follow. An element may have a
+// style, but a sheet in a post would style the whole page.
 constexpr char kPolicy[] =
     "default-src 'none'; base-uri 'none'; form-action 'none'; "
-    "style-src 'unsafe-inline' feedloom:; ";
+    "style-src-attr 'unsafe-inline'; style-src-elem feedloom:";
 constexpr char kAnyImages[] = "img-src feedloom: http: https: data:";
 constexpr char kOwnImages[] = "img-src feedloom: data:";
 // The player embeds its media file as an object, which the engine loads in a frame.
 constexpr char kMedia[] =
     "img-src feedloom:; media-src http: https:; object-src http: https:; frame-src http: https:";
+
+// As a text of a style sheet. Letters and digits of ASCII mean themselves.
+QByteArray Quoted(const QString& text) {
+  QByteArray quoted = "\"";
+  for (const char32_t c : text.toUcs4()) {
+    const bool isPlain = c < 0x80 && std::isalnum(static_cast<int>(c)) != 0;
+    quoted +=
+        isPlain ? QByteArray(1, static_cast<char>(c)) : '\\' + QByteArray::number(c, 16) + ' ';
+  }
+  return quoted + '"';
+}
+
+// What the style sheet refers to, as a sheet of its own.
+QByteArray Properties(const PageStyle& style) {
+  const QString separator = style.source.isEmpty() ? QString() : QStringLiteral(" \u00B7 ");
+  return ":root{--interface:" + Quoted(style.font) + ";--separator:" + Quoted(separator) +
+         ";--source:" + Quoted(style.source) + "}";
+}
+
+QByteArray Hash(const QByteArray& sheet) {
+  return QCryptographicHash::hash(sheet, QCryptographicHash::Sha256).toBase64();
+}
 
 }  // namespace
 
@@ -84,16 +108,19 @@ QString SkinFile(const QUrl& url, const QString& skinDir) {
 }
 
 QByteArray WithHead(const QByteArray& html, PageKind kind, bool showsRemoteImages,
-                    const QString& styleSheet) {
+                    const PageStyle& style) {
   const QByteArray head = "<head>";
   const qsizetype begin = html.indexOf(head);
   const qsizetype at = begin < 0 ? 0 : begin + head.size();
   const char* const images = showsRemoteImages ? kAnyImages : kOwnImages;
-  const QByteArray policy = QByteArray(kPolicy) + (kind == PageKind::Player ? kMedia : images);
+  const bool isStyled = kind != PageKind::Player && !style.sheet.isEmpty();
+  const QByteArray properties = Properties(style);
+  const QByteArray policy = kPolicy + (isStyled ? " 'sha256-" + Hash(properties) + "'; " : "; ") +
+                            (kind == PageKind::Player ? kMedia : images);
   QByteArray added = "<meta http-equiv=\"Content-Security-Policy\" content=\"" + policy + "\">";
-  if (kind != PageKind::Player && !styleSheet.isEmpty()) {
-    const QByteArray path = SkinFileUrl(styleSheet).path(QUrl::FullyEncoded).toUtf8();
-    added += "<link rel=\"stylesheet\" href=\"" + path + "\">";
+  if (isStyled) {
+    const QByteArray path = SkinFileUrl(style.sheet).path(QUrl::FullyEncoded).toUtf8();
+    added += "<style>" + properties + "</style><link rel=\"stylesheet\" href=\"" + path + "\">";
   }
   return QByteArray(html).insert(at, added);
 }

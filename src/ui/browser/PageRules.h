@@ -47,12 +47,19 @@ QString SkinFile(const QUrl& url, const QString& skinDir);
 // a file. Crash: replaces a page whose renderer process has ended.
 enum class PageKind { Post, Podcast, Player, Crash };
 
+// How a page of a post looks.
+struct PageStyle {
+  QString sheet = {};   // the absolute path of a style sheet; empty for none
+  QString font = {};    // the family of the window's texts: `var(--interface)` in the sheet
+  QString source = {};  // the channel or cabinet of the post: `var(--source)`
+};
+
 // `html` with the Content Security Policy of its kind as the first element of the head, or at the
 // beginning when there is no "<head>". The policy is needed although scripts are disabled, because
 // they are enabled again while a navigation to a web page is pending. Unless `showsRemoteImages`,
-// only the skin's images are shown, since a remote image tells its author who reads. A link to the
-// style sheet `styleSheet` (an absolute path; empty for none) follows, except in the player's page.
+// only the skin's images are shown, since a remote image tells its author who reads. The style
+// follows, except in the player's page; no other style sheet counts.
 QByteArray WithHead(const QByteArray& html, PageKind kind, bool showsRemoteImages,
-                    const QString& styleSheet);
+                    const PageStyle& style);
 
 }  // namespace feedloom

@@ -14,7 +14,8 @@ PageToWrite ToWrite(Desk& desk, const PostRow& post, const std::string& html, Pa
   return {.html = QByteArray::fromStdString(codePage.ToUtf8(html)),
           .kind = kind,
           .source = QUrl(ToQString(codePage, post.link)),
-          .title = ToLine(codePage, post.title)};
+          .title = ToLine(codePage, post.title),
+          .channel = ToLine(codePage, post.ownerTitle)};
 }
 
 }  // namespace

@@ -23,6 +23,23 @@ struct BrowserPane : BrowserFixture {
   }
 };
 
+TEST_F(BrowserPane, APostCanNeitherStyleThePageNorPushItAsideNorCoverItsHeading) {
+  PostRow post = Post("post", "/post");
+  post.ownerTitle = "A \"channel\"";
+  post.description =
+      "<style>td{display:none}</style><div style='width:9000px'>wide</div><pre>" +
+      std::string(9000, 'x') +
+      "</pre><div id='cover' style='position:fixed;top:0;left:0;width:100%;height:100%'></div>";
+  Show(post);
+  EXPECT_EQ(Evaluate("document.documentElement.scrollWidth <= innerWidth"), true);
+  EXPECT_EQ(Evaluate("getComputedStyle(document.querySelector('td')).display"), "table-cell");
+  EXPECT_EQ(Evaluate("(t => document.elementFromPoint(t.x, t.y).closest('[id]').id)"
+                     "(document.getElementById('title-0').getBoundingClientRect())"),
+            "title-0");
+  EXPECT_EQ(Evaluate("getComputedStyle(document.getElementById('pubdate-0'), '::after').content"),
+            R"("2008-05-01 10:00:00 · A \"channel\"")");
+}
+
 TEST_F(BrowserPane, TheMainPageAndAPostAreGeneratedAndTheFeedIsShownOnlyInTheWebDirectory) {
   PostRow post = Post(Korean("한글 똠방각하"), "/post");
   post.feedUrl = "http://feed.example/";

@@ -182,14 +182,21 @@ TEST(EngineProxy, HoldsForTheSameAddressesAsTransfers) {
 TEST(PageRules, ThePolicyStandsFirstInTheHeadWithTheStyleBehindIt) {
   const QByteArray policy =
       "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; base-uri 'none'; "
-      "form-action 'none'; style-src 'unsafe-inline' feedloom:; img-src feedloom:";
-  EXPECT_EQ(WithHead("<html><head><title>", PageKind::Post, true, ""),
-            "<html><head>" + policy + " http: https: data:\"><title>");
-  EXPECT_EQ(WithHead("no head", PageKind::Crash, false, "/skin dir/\"/page.css"),
-            policy + " data:\"><link rel=\"stylesheet\" href=\"/skin%20dir/%22/page.css\">no head");
+      "form-action 'none'; style-src-attr 'unsafe-inline'; style-src-elem feedloom:";
+  EXPECT_EQ(WithHead("<html><head><title>", PageKind::Post, true, {}),
+            "<html><head>" + policy + "; img-src feedloom: http: https: data:\"><title>");
   EXPECT_EQ(
-      WithHead("", PageKind::Player, true, "/page.css"),
-      policy + "; media-src http: https:; object-src http: https:; frame-src http: https:\">");
+      WithHead("no head", PageKind::Crash, false, {"/skin dir/\"/page.css", "A'", "</\u00e9"}),
+      policy +
+          " 'sha256-PchZKLsbA6WxHTZzLHoZ1epCR2MlG70f5Qz5wsvS9yQ='; img-src feedloom: "
+          "data:\"><style>:root{--interface:\"A\\27 \";"
+          "--separator:\"\\20 \\b7 \\20 \";--source:\"\\3c \\2f \\e9 \"}</style><link "
+          "rel=\"stylesheet\" "
+          "href=\"/skin%20dir/%22/page.css\">no head");
+  EXPECT_EQ(WithHead("", PageKind::Player, true, {"/page.css"}),
+            policy +
+                "; img-src feedloom:; media-src http: https:; object-src http: https:; frame-src "
+                "http: https:\">");
 }
 
 TEST(GeneratedPages, AreKeptUntilThereAreTooManyOrTheyAreTooLarge) {
