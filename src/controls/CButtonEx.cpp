@@ -122,4 +122,13 @@ CButtonEx* MakeToolButton(const Skin& skin, const char* section, const char* ima
   return button;
 }
 
+void EnableToolButton(QAbstractButton& button, bool isEnabled, const Skin& skin,
+                      const char* reasonKey) {
+  if (button.isEnabled() == isEnabled) return;
+  const QString reason = isEnabled ? QString() : SkinText(skin, reasonKey);
+  button.setEnabled(isEnabled);
+  button.setToolTip(reason.isEmpty() ? button.accessibleName() : reason);
+  button.setAccessibleDescription(reason);
+}
+
 }  // namespace feedloom

@@ -45,4 +45,9 @@ class CButtonEx : public QAbstractButton {
 CButtonEx* MakeToolButton(const Skin& skin, const char* section, const char* imageKey,
                           const char* tooltipKey, QWidget* parent);
 
+// Enables or disables a button of MakeToolButton. While it is disabled, the text under `reasonKey`,
+// if the host has one, tells why in place of its tool tip.
+void EnableToolButton(QAbstractButton& button, bool isEnabled, const Skin& skin,
+                      const char* reasonKey);
+
 }  // namespace feedloom

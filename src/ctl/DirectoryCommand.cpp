@@ -24,7 +24,7 @@ std::string NoAnswerText(const Session& session, const std::string& service, boo
 std::optional<DirectoryAnswer> Search(Session& session, const DirectoryOptions& options) {
   const std::string service = session.GetSkin().GetText(kSectionTexts, kTextDirectoryService);
   if (service.empty()) {
-    PrintError("the string file names no web directory");
+    PrintError("no web directory has been set up");
     return std::nullopt;
   }
   const SharedServices services = session.Services();

@@ -73,7 +73,7 @@ Session::Session(const GlobalOptions& global, const ProfilePaths& paths)
       json_(global.json),
       registry_(paths.registry),
       config_(registry_),
-      skin_(ReadHostTexts(config_), config_),
+      skin_(ReadHostTexts(config_, paths.texts), config_),
       storeFailed_(std::make_shared<std::atomic<bool>>(false)),
       store_(std::make_shared<Store>(ReadableDatabase(paths.database), config_.GetCodePage(),
                                      SystemClock(), [failed = storeFailed_](std::string_view text) {

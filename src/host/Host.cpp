@@ -149,7 +149,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
                 const TerminationSignals& terminationSignals, bool refreshes) {
   const Registry registry(profile.paths.registry);
   const HostConfig config(registry);
-  const HostLookup tables = ReadHostTexts(config);
+  const HostLookup tables = ReadHostTexts(config, profile.paths.texts);
   SetHostTables(tables, config.GetCodePage());
   ApplicationStyle look(Skin(tables, config));
   HostWindow window(FromModuleText(config.GetAppTitle()),

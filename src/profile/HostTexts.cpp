@@ -31,8 +31,8 @@ auto AnswersFrom(const HostConfig& config, std::initializer_list<std::string> pa
 
 }  // namespace
 
-HostLookup ReadHostTexts(const HostConfig& config) {
-  return {.HostGetText = AnswersFrom(config, {config.GetStringIniPath()}),
+HostLookup ReadHostTexts(const HostConfig& config, const std::string& ownTexts) {
+  return {.HostGetText = AnswersFrom(config, {ownTexts, config.GetStringIniPath()}),
           .HostGetSkinValue = AnswersFrom(
               config, {JoinPath(config.GetImageDir(), kSkinIni), config.GetImageIniPath()})};
 }

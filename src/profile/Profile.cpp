@@ -21,6 +21,7 @@ std::string EnvironmentValue(const char* name) {
 ProfilePaths::ProfilePaths(const std::string& profileDir)
     : dir(profileDir),
       registry(JoinPath(dir, "registry.reg")),
+      texts(JoinPath(dir, "string.ini")),
       sampleFeed(JoinPath(dir, "sample.xml")),
       moduleDir(JoinPath(dir, "module")),
       module(JoinPath(moduleDir, "feedloom.so")),

@@ -1,6 +1,7 @@
 // A profile: the directory in which a user's registry and database live.
 //
 //   registry.reg        the host's registry; a profile exists when this file does
+//   string.ini          the user's own texts and addresses, if there are any
 //   sample.xml          the sample channel's feed
 //   module/feedloom.so  the installed module, linked by the host program
 //   module/rssdb        the database, beside the module, with parts in rssdb-wal
@@ -22,6 +23,7 @@ struct ProfilePaths {
 
   std::string dir;
   std::string registry;
+  std::string texts;
   std::string sampleFeed;
   std::string moduleDir;
   std::string module;

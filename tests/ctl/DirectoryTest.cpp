@@ -1,8 +1,9 @@
 // directory, asking the service of tools/feedloom-directory.
 #include <signal.h>
 
+#include <fstream>
+
 #include "ctl/CtlFixture.h"
-#include "files/Registry.h"
 #include "profile/Profile.h"
 #include "skin/Keys.h"
 
@@ -11,7 +12,7 @@ namespace feedloom {
 struct Directory : CtlFixture {
   ~Directory() override { EXPECT_EQ(Stop(), 0); }
 
-  // A service with two feeds and 60 weblogs, and a profile whose string file names it.
+  // A service with two feeds and 60 weblogs, and a profile whose own texts name it.
   void Prepare(const std::string& codePage) {
     std::string opml = R"(<?xml version="1.0" encoding="EUC-KR"?><opml><body><outline text="깊이">
         <outline text="한겨레 신문" xmlUrl="http://news/rss"/></outline>
@@ -36,10 +37,8 @@ struct Directory : CtlFixture {
     return pclose(std::exchange(service_, nullptr));
   }
   void PointTo(const char* address) {
-    folder_.Write("string.ini",
-                  fmt::format("[{}]\n{}={}\n", kSectionTexts, kTextDirectoryService, address));
-    const Registry registry(ProfilePaths(profile_).registry);
-    ASSERT_TRUE(registry.WriteString(kHostKey, kValueIniDir, folder_.Path()));
+    std::ofstream(ProfilePaths(profile_).texts) << "[FEEDLOOM]\n"
+                                                << kTextDirectoryService << '=' << address;
   }
 
   FILE* service_ = nullptr;
@@ -66,7 +65,7 @@ TEST_F(Directory, FindsWordsOfAnyKindAPageAtATimeAndSaysWhenThereIsNoAnswer) {
   EXPECT_EQ(Stop(), 0);
   ExpectRefused("directory log", fmt::format("feedloomctl: {} gave no answer\n", address_));
   PointTo("");
-  ExpectRefused("directory log", "feedloomctl: the string file names no web directory\n");
+  ExpectRefused("directory log", "feedloomctl: no web directory has been set up\n");
 }
 
 }  // namespace feedloom

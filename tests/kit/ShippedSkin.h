@@ -11,13 +11,17 @@
 namespace feedloom {
 
 // Has the skin written down in a registry of its own, in `language` ("KOR", "ENG"), with texts in
-// the Korean code page, and the images and colours of one of the skins.
+// the Korean code page, the images and colours of one of the skins, and a web directory, which is
+// searched in the tests that say so only.
 class ShippedSkin {
  public:
-  explicit ShippedSkin(const std::string& language = "KOR", const std::string& skin = kLightSkin) {
+  explicit ShippedSkin(const std::string& language = "KOR", const std::string& skin = kLightSkin,
+                       const std::string& directory = "http://directory.example/") {
     EXPECT_TRUE(registry_.Write(SharePathsIn(ShareDir(), skin)));
     SetHostValue(kValueLanguage, language);
-    skin_.emplace(ReadHostTexts(HostConfig(registry_)), HostConfig(registry_));
+    const std::string texts = folder_.File("string.ini");
+    folder_.Write("string.ini", "[FEEDLOOM]\nRSS_SEARCH_URL=" + directory);
+    skin_.emplace(ReadHostTexts(HostConfig(registry_), texts), HostConfig(registry_));
   }
 
   const Skin& Get() const { return *skin_; }

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QStandardItemModel>
 #include <algorithm>
 
 #include "controls/AccessibleRole.h"
@@ -15,6 +16,7 @@
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "skin/Skin.h"
+#include "ui/WebDirectory.h"
 
 namespace feedloom {
 namespace {
@@ -27,15 +29,26 @@ constexpr int kScopeWidth = 84;
 constexpr int kMinScopeWidth = 40;
 constexpr int kWordWidth = 172;
 constexpr int kMinWordWidth = 40;
+constexpr int kMinWordWidthBesideResult = 80;
 
 constexpr QPoint kResultPlace(312, 13);
 constexpr int kResultPixels = 12;
+
+// Leaves the scope at the posts of the store.
+void DisableWeb(CVxComboBox& scope, const QString& reason) {
+  constexpr int kWeb = static_cast<int>(SearchScope::Web);
+  qobject_cast<QStandardItemModel*>(scope.model())->item(kWeb)->setEnabled(false);
+  scope.setItemData(kWeb, reason, Qt::ToolTipRole);
+  scope.setItemData(kWeb, reason, Qt::AccessibleDescriptionRole);
+  scope.setCurrentIndex(static_cast<int>(SearchScope::Local));
+}
 
 CVxComboBox* MakeScopeBox(const Skin& skin, QWidget* parent) {
   auto* scope = new CVxComboBox(skin, ComboLook::Toolbar, parent);
   scope->addItem(SkinText(skin, kLabelScopeWeb));
   scope->addItem(SkinText(skin, kLabelScopeLocal));
   scope->setToolTip(SkinText(skin, kTextSearchScope));
+  if (!HasWebDirectory(skin)) DisableWeb(*scope, SkinText(skin, kTextDirectoryMissing));
   // Qt's accessible name of a combo box is its current text, so the hidden label carries the name.
   auto* const label = new QLabel(scope->toolTip(), parent);
   label->setBuddy(scope);
@@ -47,6 +60,12 @@ CVxEdit* MakeWordBox(const Skin& skin, QWidget* parent) {
   auto* word = new CVxEdit(skin, parent);
   word->setAccessibleName(SkinText(skin, kTextSearchWord));
   return word;
+}
+
+QString ResultText(const Skin& skin, int count) {
+  if (count < 0) return {};
+  if (count == 0) return SkinText(skin, kTextSearchNothing);
+  return SkinText(skin, kLabelSearchResult).replace("%d", QString::number(count));
 }
 
 QFont ResultFont() {
@@ -86,11 +105,10 @@ SearchScope CRSS_RightTopToolBarWnd::Scope() const {
 }
 
 void CRSS_RightTopToolBarWnd::SetResultCount(int count) {
-  resultText_ = count < 1
-                    ? QString()
-                    : SkinText(skin_, kLabelSearchResult).replace("%d", QString::number(count));
+  resultText_ = ResultText(skin_, count);
   setAccessibleDescription(resultText_);
   word_.setAccessibleDescription(resultText_);
+  LayOut();
   update();
 }
 
@@ -102,21 +120,32 @@ void CRSS_RightTopToolBarWnd::FocusWord() {
 void CRSS_RightTopToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   DrawThreePieces(painter, rect(), background_);
-  if (resultText_.isEmpty()) return;
+  if (!isResultShown_) return;
   painter.setFont(ResultFont());
   painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(QRect(kResultPlace, rect().bottomRight()), Qt::AlignLeft | Qt::AlignTop,
-                   resultText_);
+  const int left = std::min(kResultPlace.x(), width() - kEdge - ResultWidth());
+  painter.drawText(QRect(QPoint(left, kResultPlace.y()), rect().bottomRight()),
+                   Qt::AlignLeft | Qt::AlignTop, resultText_);
 }
 
-void CRSS_RightTopToolBarWnd::resizeEvent(QResizeEvent* /*event*/) {
+void CRSS_RightTopToolBarWnd::resizeEvent(QResizeEvent* /*event*/) { LayOut(); }
+
+int CRSS_RightTopToolBarWnd::ResultWidth() const {
+  return QFontMetrics(ResultFont()).horizontalAdvance(resultText_) + kGap;
+}
+
+void CRSS_RightTopToolBarWnd::LayOut() {
   const QSize button = button_.sizeHint();
   const int needed = 2 * kEdge + kScopeWidth + kWordWidth + button.width() + 2 * kGap;
   const int missing = std::max(needed - width(), 0);
+  const int missingForResult = needed + ResultWidth() - width();
+  isResultShown_ =
+      !resultText_.isEmpty() && missingForResult <= kWordWidth - kMinWordWidthBesideResult;
   // The word box shrinks first, then the scope box. If both are at their minimum, the button is
   // cut.
-  const int fromWord = std::min(missing, kWordWidth - kMinWordWidth);
-  const int fromScope = std::min(missing - fromWord, kScopeWidth - kMinScopeWidth);
+  const int fromWord = std::min(isResultShown_ ? std::max(missing, missingForResult) : missing,
+                                kWordWidth - kMinWordWidth);
+  const int fromScope = std::clamp(missing - fromWord, 0, kScopeWidth - kMinScopeWidth);
 
   int left = kEdge;
   const auto place = [&](QWidget& control, QSize size) {

@@ -34,7 +34,8 @@ class CRSS_RightTopToolBarWnd : public QWidget {
   std::string Word() const;
   SearchScope Scope() const;
 
-  // Shows the number of posts found. A count of 0 or less is not shown.
+  // Shows the number of posts that a search has found, or that it has found none. A negative count
+  // shows nothing.
   void SetResultCount(int count);
   // Moves the keyboard focus to the word and selects it.
   void FocusWord();
@@ -51,13 +52,18 @@ class CRSS_RightTopToolBarWnd : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void LayOut();
+  // The room that the result needs, in pixels.
+  int ResultWidth() const;
+
   const Skin& skin_;
   const QSize size_;
   const ThreePieces background_;
   CVxComboBox& scope_;
   CVxEdit& word_;
   QAbstractButton& button_;
-  QString resultText_;  // empty without a count
+  QString resultText_;          // empty without a count
+  bool isResultShown_ = false;  // as a whole: a part of a number would be another number
 };
 
 }  // namespace feedloom

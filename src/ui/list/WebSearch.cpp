@@ -15,7 +15,7 @@ namespace feedloom {
 namespace {
 
 PostList ToPostList(DirectoryAnswer answer) {
-  return {.posts = std::move(answer.rows), .areSearchResults = true};
+  return {.posts = std::move(answer.rows), .areSearchResults = answer.isAnswered};
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "controls/CButtonEx.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
+#include "ui/WebDirectory.h"
 
 namespace feedloom {
 namespace {
@@ -48,6 +49,7 @@ CRSS_LeftToolBarWnd::CRSS_LeftToolBarWnd(const Skin& skin, QWidget* parent)
     connect(buttons_[static_cast<std::size_t>(button)], &QAbstractButton::clicked, this,
             [this, button] { emit Clicked(static_cast<Button>(button)); });
   }
+  EnableToolButton(*buttons_[kDirectory], HasWebDirectory(skin), skin, kTextDirectoryMissing);
 }
 
 QPoint CRSS_LeftToolBarWnd::MenuPosition() const { return kMenuPosition; }

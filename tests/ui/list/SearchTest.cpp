@@ -2,6 +2,7 @@
 #include <QShortcut>
 
 #include "kit/DirectoryService.h"
+#include "look/SkinText.h"
 #include "ui/list/ListPaneFixture.h"
 
 namespace feedloom {
@@ -90,6 +91,32 @@ TEST_F(SearchTest, TheListIsClosedUntilTheAnswerOrEscapeOrAnotherList) {
   EXPECT_EQ(frame_.shown, Strings());
   pane_.GoToUnread(true);
   EXPECT_EQ(frame_.shown, Strings{"Post 60"});
+}
+
+TEST_F(SearchTest, ASearchWithoutAHitSaysSoAndANarrowPaneShowsACountAsAWholeOrNotAtAll) {
+  bar_.SetResultCount(0);
+  EXPECT_EQ(bar_.accessibleDescription(), "검색 결과가 없습니다.");
+  const auto look = [&](int count, const QRect& area) {
+    bar_.SetResultCount(count);
+    return bar_.grab(area).toImage();
+  };
+  for (const auto& [width, isShown] : {std::pair(560, true), {400, true}, {220, false}}) {
+    pane_.resize(width, 240);
+    EXPECT_EQ(look(1234, bar_.rect()) != look(-1, bar_.rect()), isShown) << width;
+    const QRect edge(bar_.width() - 8, 0, 8, bar_.height());
+    EXPECT_EQ(look(1234, edge), look(-1, edge)) << width << ": it ends before the edge";
+  }
+}
+
+TEST_F(SearchTest, WithoutAWebDirectoryThePostsAreSearchedAndTheWebSaysWhyItIsNot) {
+  const ShippedSkin bare("KOR", kLightSkin, "");
+  frame_.shownSkin = &bare.Get();
+  CRSS_RightTopContainer pane(frame_, frame_, frame_, nullptr);
+  auto& scope = *pane.findChild<QComboBox*>();
+  EXPECT_EQ(scope.currentIndex(), 1);
+  QTest::keyClick(&scope, Qt::Key_Up);
+  EXPECT_EQ(scope.currentIndex(), 1);
+  EXPECT_EQ(scope.itemData(0, Qt::ToolTipRole), SkinText(bare.Get(), kTextDirectoryMissing));
 }
 
 TEST_F(SearchTest, InANarrowPaneTheWordGetsLessRoomAndThenTheScope) {

@@ -100,6 +100,15 @@ TEST_F(TreeCommandsTest, EachDoesWhatItIsCalledToTheSelectedRow) {
   EXPECT_EQ(frame.questions, Strings{kTextReadStatusError});
 }
 
+TEST_F(TreeCommandsTest, WithoutAWebDirectoryItsButtonIsGreyAndSaysWhy) {
+  const ShippedSkin bare("ENG", kLightSkin, "");
+  CRSS_LeftToolBarWnd toolbar(bare.Get(), nullptr);
+  const auto* const button = toolbar.findChildren<QAbstractButton*>().back();
+  EXPECT_FALSE(button->isEnabled());
+  EXPECT_EQ(button->toolTip(), "No channel directory has been set up.");
+  EXPECT_EQ(button->accessibleName(), "Channel directory");
+}
+
 TEST_F(TreeCommandsTest, TheUpdateButtonQueuesEachChannelOnceAsItIsStored) {
   Open();
   Click(PlaceOf("Weekly"));
