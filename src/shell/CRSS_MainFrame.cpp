@@ -3,7 +3,6 @@
 #include <thread>
 #include <utility>
 
-#include "controls/OnKey.h"
 #include "exchange/DirectorySearch.h"
 #include "fetch/FeedMemory.h"
 #include "look/QtText.h"
@@ -20,6 +19,7 @@
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
 #include "store/Backup.h"
+#include "ui/CommandKeys.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
 #include "ui/browser/EngineProxy.h"
 #include "ui/list/CRSS_RightTopContainer.h"
@@ -140,8 +140,8 @@ void CRSS_MainFrame::RetryStart() {
 }
 
 void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
-  OnKey(*this, Qt::Key_F5, [this] { left_->RefreshSelection(); });
-  OnKey(*this, Qt::SHIFT | Qt::Key_F5, [this] { left_->RefreshAll(); });
+  OnKeysOf(kCommandRefreshSelection, *this, [this] { left_->RefreshSelection(); });
+  OnKeysOf(kCommandRefreshAll, *this, [this] { left_->RefreshAll(); });
   auto* const keys = new FrameKeys(*this, {left_, rightTop_, rightBottom_}, {this, &right});
   keys->AddMenuKey(*left_);
   keys->AddMenuKey(*rightTop_);

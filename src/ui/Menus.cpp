@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "look/SkinText.h"
+#include "ui/CommandKeys.h"
 
 namespace feedloom {
 namespace {
@@ -102,6 +103,13 @@ QString MenuText(const Skin& skin, const Label& label) {
   return SkinText(skin, label).replace("&", "&&");
 }
 
+// The key only stands there: the pane listens to it, also while no menu is open.
+void ShowKey(QAction& action) {
+  action.setShortcut(KeysOf(action.data().toInt()).value(0));
+  action.setShortcutContext(Qt::WidgetShortcut);
+  action.setShortcutVisibleInContextMenu(true);
+}
+
 void AddItems(QMenu& target, const Menu& menu, const Skin& skin) {
   for (const MenuItem& item : menu) {
     if (item.label == nullptr) {
@@ -112,6 +120,7 @@ void AddItems(QMenu& target, const Menu& menu, const Skin& skin) {
       QAction* const action = target.addAction(MenuText(skin, *item.label));
       action->setData(item.command);
       action->setEnabled(item.isEnabled);
+      ShowKey(*action);
     }
   }
 }

@@ -6,13 +6,14 @@
 
 namespace feedloom {
 
-// Each item's text and command, from 0x8000 on; sub-menus in brackets, ";" for a separator.
+// Each item's text, key and command, from 0x8000 on; sub-menus in brackets, ";" for a separator.
 static std::string Text(const QMenu& menu) {
   QStringList items;
   for (const QAction* item : menu.actions()) {
     const auto number = QString::number(item->data().toInt() - 0x8000, 16).toStdString();
     const auto rest = item->menu() ? "[" + Text(*item->menu()) + "]" : number;
-    items << item->text() + " " + rest.c_str();
+    const QString key = item->shortcut().isEmpty() ? "" : " " + item->shortcut().toString();
+    items << item->text() + key + " " + rest.c_str();
   }
   const QString marks = "Mark all as read e, Mark all as unread f";
   return items.join(", ").replace(",  -8000, ", "; ").replace(marks, "(marks)").toStdString();
@@ -20,16 +21,18 @@ static std::string Text(const QMenu& menu) {
 
 TEST(Menus, ShowTheirItemsInOrderAndHandOverTheChosenCommand) {
   const char* const menus[] = {
-      "Add [Add channel 6, Add folder 7]; Delete folder 9, Rename folder a; Get new posts of this "
-      "folder 1d, Today's new posts of this folder c, Search in this folder d; (marks)",
-      "Add channel 6, Delete channel 11, Move channel 12, Rename channel 13; Get new posts of this "
-      "channel 14, Search in this channel 15; (marks); Channel information 16",
+      "Add [Add channel 6, Add folder 7]; Delete folder Del 9, Rename folder a; Get new posts of "
+      "this "
+      "folder F5 1d, Today's new posts of this folder c, Search in this folder d; (marks)",
+      "Add channel 6, Delete channel Del 11, Move channel 12, Rename channel 13; Get new posts of "
+      "this "
+      "channel F5 14, Search in this channel 15; (marks); Channel information 16",
       "Add cabinet 2e; Search all saved posts 18; (marks)",
-      "Delete cabinet 11, Rename cabinet 13; Search in this cabinet 1a; (marks)",
+      "Delete cabinet Del 11, Rename cabinet 13; Search in this cabinet 1a; (marks)",
       "Add [Add channel 6, Add folder 7, Add cabinet 2e]; Today's new posts 35; Import OPML [From "
       "this computer 27, From a URL 28], Export OPML 2b; Synchronise with the handset 2a; "
       "Settings 2d",
-      "Mark as read 2f, Mark as unread 30, Delete 31, Delete all 32, Save to a cabinet 36"};
+      "Mark as read 2f, Mark as unread 30, Delete Del 31, Delete all 32, Save to a cabinet 36"};
   const ShippedSkin english("ENG");
   for (int i = 0; i < 6; ++i) {
     QWidget parent;

@@ -11,6 +11,7 @@
 #include "look/SkinFont.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
+#include "ui/CommandKeys.h"
 #include "ui/Desk.h"
 #include "ui/Subscribing.h"
 #include "ui/browser/BrowserServices.h"
@@ -162,15 +163,10 @@ void CRSS_RightBottomContainer::ConnectBars() {
 }
 
 void CRSS_RightBottomContainer::SetUpKeys() {
-  const auto onCommand = [this](QKeySequence::StandardKey standard, int command) {
-    for (const QKeySequence& key : QKeySequence::keyBindings(standard))
-      OnKey(*this, key, [this, command] { commands_->Run(command); });
-  };
-  onCommand(QKeySequence::Find, kCommandFindInPage);
-  onCommand(QKeySequence::Print, kCommandPrint);
-  onCommand(QKeySequence::ZoomIn, kCommandZoomIn);
-  onCommand(QKeySequence::ZoomOut, kCommandZoomOut);
-  OnKey(*this, Qt::CTRL | Qt::Key_0, [this] { commands_->Run(kCommandZoomNormal); });
+  for (const int command :
+       {kCommandFindInPage, kCommandPrint, kCommandZoomIn, kCommandZoomOut, kCommandZoomNormal}) {
+    OnKeysOf(command, *this, [this, command] { commands_->Run(command); });
+  }
   OnKey(*this, Qt::CTRL | Qt::Key_L, [this] { toolbar_->FocusAddress(); });
   OnKey(*this, Qt::ALT | Qt::Key_Left, [this] { view_->GoBack(); });
   OnKey(*this, Qt::ALT | Qt::Key_Right, [this] { view_->GoForward(); });

@@ -10,6 +10,7 @@
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "store/Search.h"
+#include "ui/CommandKeys.h"
 #include "ui/Desk.h"
 #include "ui/list/CRSS_RightTopToolBarWnd.h"
 #include "ui/list/ListViewState.h"
@@ -73,7 +74,8 @@ void CRSS_RightTopContainer::SetUpKeys() {
   };
   onListKey(Qt::Key_Return, [this] { commands_.ShowCurrent(); });
   onListKey(Qt::Key_Enter, [this] { commands_.ShowCurrent(); });
-  onListKey(Qt::Key_Delete, [this] { commands_.Run(kCommandDelete); });
+  OnKeysOf(
+      kCommandDelete, list_, [this] { commands_.Run(kCommandDelete); }, Qt::WidgetShortcut);
   onListKey(Qt::Key_N, [this] { GoToUnread(true); });
   onListKey(Qt::Key_P, [this] { GoToUnread(false); });
   onListKey(QKeySequence::SelectAll, [this] { list_.selectAll(); });

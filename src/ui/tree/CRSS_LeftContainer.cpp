@@ -12,6 +12,7 @@
 #include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "store/Posts.h"
+#include "ui/CommandKeys.h"
 #include "ui/Desk.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftToolBarWnd.h"
@@ -94,7 +95,7 @@ void CRSS_LeftContainer::SetUpToolBar() {
 
 // These are shortcuts because the tree would use a letter key to search for a name.
 void CRSS_LeftContainer::SetUpKeys() {
-  OnKey(*tree_, Qt::Key_Delete, [this] { commands_.Run(kCommandDeleteSelection); });
+  OnKeysOf(kCommandDeleteSelection, *tree_, [this] { commands_.Run(kCommandDeleteSelection); });
   OnKey(*tree_, Qt::Key_N, [this] { emit UnreadPostWanted(true); });
   OnKey(*tree_, Qt::Key_P, [this] { emit UnreadPostWanted(false); });
   OnKey(*this, QKeySequence::Find, [this] { emit SearchWanted(); });
