@@ -26,18 +26,25 @@ struct ButtonKeys {
   BrowserCommand command;
   const char* image;
   const char* tooltip;
+  const char* whyNot = "";  // the tip while there is nothing to do; no text when there always is
 };
 
 // From left to right.
 constexpr ButtonKeys kButtons[] = {
-    {kBrowserBack, kButtonBack, kTextBackTooltip},
-    {kBrowserNext, kButtonNext, kTextNextTooltip},
-    {kBrowserStop, kButtonStop, kTextStopTooltip},
+    {kBrowserBack, kButtonBack, kTextBackTooltip, kTextNoBack},
+    {kBrowserNext, kButtonNext, kTextNextTooltip, kTextNoNext},
+    {kBrowserStop, kButtonStop, kTextStopTooltip, kTextNoStop},
     {kBrowserRefresh, kButtonRefresh, kTextRefreshTooltip},
     {kBrowserGo, kButtonGo, kTextGoTooltip},
-    {kBrowserFeed, kButtonFeed, kTextAddTooltip},
+    {kBrowserFeed, kButtonFeed, kTextAddTooltip, kTextNoFeed},
 };
 constexpr BrowserCommand kFirstBehindAddress = kBrowserGo;
+
+const ButtonKeys& KeysOf(BrowserCommand command) {
+  const auto* const keys = std::ranges::find(kButtons, command, &ButtonKeys::command);
+  assert(keys != std::end(kButtons));
+  return *keys;
+}
 
 AddressBox* MakeAddress(const Skin& skin, QWidget* parent) {
   auto* address = new AddressBox(skin, parent);
@@ -50,6 +57,7 @@ AddressBox* MakeAddress(const Skin& skin, QWidget* parent) {
 // The Tab key follows the order in which the controls are made.
 CRSS_RightBottomToolBarWnd::CRSS_RightBottomToolBarWnd(const Skin& skin, QWidget* parent)
     : QWidget(parent),
+      skin_(skin),
       size_(LoadSkinSize(skin, kSectionRightBottom, kRightBottomToolbarWidth,
                          kRightBottomToolbarHeight, kDefaultSize)),
       background_(LoadThreePieces(skin, kSectionRightBottom, kImageRightBottomLeft,
@@ -71,13 +79,11 @@ void CRSS_RightBottomToolBarWnd::AddButton(BrowserCommand command, QAbstractButt
 }
 
 QAbstractButton& CRSS_RightBottomToolBarWnd::ButtonOf(BrowserCommand command) const {
-  const auto* const keys = std::ranges::find(kButtons, command, &ButtonKeys::command);
-  assert(keys != std::end(kButtons));
-  return *buttons_[static_cast<std::size_t>(keys - kButtons)];
+  return *buttons_[static_cast<std::size_t>(&KeysOf(command) - kButtons)];
 }
 
 void CRSS_RightBottomToolBarWnd::Enable(BrowserCommand command, bool isEnabled) {
-  ButtonOf(command).setEnabled(isEnabled);
+  EnableToolButton(ButtonOf(command), isEnabled, skin_, KeysOf(command).whyNot);
 }
 
 QString CRSS_RightBottomToolBarWnd::Address() const { return address_->text(); }

@@ -30,13 +30,15 @@ class CRSS_RightBottomToolBarWnd : public QWidget {
   Q_OBJECT
 
  public:
+  // `skin` must outlive the toolbar.
   CRSS_RightBottomToolBarWnd(const Skin& skin, QWidget* parent);
 
   // The size that the skin specifies, in pixels.
   QSize sizeHint() const override { return size_; }
   int Height() const { return size_.height(); }
 
-  // Enables or disables the button of `command`. All buttons are enabled at first.
+  // Enables or disables the button of `command`. All buttons are enabled at first. A disabled one
+  // tells why in its tip.
   void Enable(BrowserCommand command, bool isEnabled);
 
   // The text in the address box; may be empty.
@@ -67,6 +69,7 @@ class CRSS_RightBottomToolBarWnd : public QWidget {
   QAbstractButton& ButtonOf(BrowserCommand command) const;
   bool HasAddressKeyboard() const;
 
+  const Skin& skin_;
   const QSize size_;
   const ThreePieces background_;
   std::vector<QAbstractButton*> buttons_;  // from left to right

@@ -118,7 +118,7 @@ struct BrowserFixture : testing::Test {
   // By the key of its tooltip.
   QAbstractButton& Button(const char* key) const {
     const auto buttons = toolbar_.findChildren<QAbstractButton*>();
-    return **std::ranges::find(buttons, SkinText(frame_.GetSkin(), key), &QWidget::toolTip);
+    return **std::ranges::find(buttons, SkinText(frame_.GetSkin(), key), &QWidget::accessibleName);
   }
   QLineEdit& Address() const { return *toolbar_.findChild<QLineEdit*>(); }
   void Go(const QString& typed) {

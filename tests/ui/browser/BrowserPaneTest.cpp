@@ -143,6 +143,15 @@ TEST_F(BrowserPane, KeysDoWhatTheButtonsDo) {
   EXPECT_EQ(frame_.messages.back(), "");
 }
 
+TEST_F(BrowserPane, AButtonWithNothingToDoSaysWhyUntilThereIsSomething) {
+  auto& feed = Button(kTextAddTooltip);
+  toolbar_.Enable(kBrowserFeed, false);
+  EXPECT_EQ(feed.toolTip() + feed.accessibleName(),
+            "이 페이지가 알리는 채널이 없습니다.이 채널 추가");
+  toolbar_.Enable(kBrowserFeed, true);
+  EXPECT_EQ(feed.toolTip() + feed.accessibleDescription(), "이 채널 추가");
+}
+
 TEST_F(BrowserPane, TabWalksTheBarInReadingOrderAndAHeldKeyDoesNothingInTheAddress) {
   for (const auto button : {kBrowserBack, kBrowserNext, kBrowserStop, kBrowserFeed})
     toolbar_.Enable(button, true);
