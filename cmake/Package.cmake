@@ -28,7 +28,9 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # the toolkit's own Korean texts.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-nanum, ca-certificates, qt6-translations-l10n")
-# tools/feedloom-directory is a script; a Wayland desktop need not have an X server; the icon is SVG.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "python3, qt6-wayland, libqt6svg6")
+# tools/feedloom-directory is a script; a Wayland desktop need not have an X server; the icon is SVG;
+# posts have emoji, and Chinese and Japanese texts.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "python3, qt6-wayland, libqt6svg6, fonts-noto-color-emoji, fonts-noto-cjk")
 
 include(CPack)
