@@ -91,7 +91,8 @@ TEST_F(HalvixTest, MakesAProfileAndRefreshesItsChannelsOnce) {
 
 TEST_F(HalvixTest, ItsMenuCommandsTheModuleAndShowsItAnewInAnotherLook) {
   UseModule();
-  qputenv("FAKE_MODULE", "환경 설정(&S);마지막 메시지 보기(&M);모두 새로 고침(&R);어두운 화면(&D)");
+  qputenv("FAKE_MODULE",
+          "환경 설정(&S)…;마지막 메시지 보기(&M);모든 채널 새로 고침(&R);어두운 화면(&D)");
   Program halvix(HALVIX, Arguments({"--lang", "KOR", "--code-page", "UTF-8"}));
   qunsetenv("FAKE_MODULE");
   ASSERT_TRUE(halvix.WaitForLine("loaded early", 2));

@@ -55,7 +55,7 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   for (const auto* action : window_->findChildren<QAction*>())
     all << action->text() + (action->isChecked() ? "*" : "") + action->shortcut().toString();
   EXPECT_EQ(all.join(' ').toStdString(),
-            "파일(&F) 모두 새로 고침(&R)Ctrl+R 마지막 메시지 보기(&M) 환경 설정(&S)  "
+            "파일(&F) 모든 채널 새로 고침(&R)Ctrl+R 마지막 메시지 보기(&M) 환경 설정(&S)…  "
             "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E)  "
             "링크를 시스템 브라우저로 열기(&S) "
             "도움말(&H) Feedloom 정보(&A) ");

@@ -83,7 +83,7 @@ TEST_F(ProfileTest, TheRegistryNamesPlacesLanguageTextsAndWhatIsDeletedWhen) {
   EXPECT_EQ(Registry(paths_.registry).ReadDword(kModuleKey, "FeedDeleteMode"), 1u);
   EXPECT_EQ(Registry(paths_.registry).ReadString(kModuleKey, "FeedDeleteDateStr"), "30");
   const auto [text, value] = ReadHostTexts(Config());
-  EXPECT_EQ(text(kSectionTexts, kTextScrapTooltip), "Save to a cabinet");
+  EXPECT_EQ(text(kSectionTexts, kTextScrapTooltip), "Clip to a cabinet");
   EXPECT_EQ(value(kSectionHtml, kImageMainPage), "rss_html/main_ENG.html");
   EXPECT_EQ(value(kSectionColors, "COLOR_TEXT"), "#2B3A40") << "the skin's own";
 }

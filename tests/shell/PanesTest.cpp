@@ -113,7 +113,7 @@ TEST_F(Panes, TheControlPanelIsStoredAndAppliedAtOnce) {
   answers_.Next([](QDialog& panel) { panel.reject(); });
   Send(kMessageOpenPanel);
   EXPECT_EQ(The<Desk>().State().liveSettings, Settings());
-  const QStringList choices{"2시간", "새글 알림", "알리지 않음", "원문 페이지로 봅니다."};
+  const QStringList choices{"2시간", "새 글 알림", "알리지 않음", "원문 페이지"};
   answers_.Next([&](QDialog& panel) {
     Send(kMessageOpenPanel);  // once is enough
     for (auto* const button : panel.findChildren<QAbstractButton*>())

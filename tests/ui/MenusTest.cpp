@@ -21,18 +21,17 @@ static std::string Text(const QMenu& menu) {
 
 TEST(Menus, ShowTheirItemsInOrderAndHandOverTheChosenCommand) {
   const char* const menus[] = {
-      "Add [Add channel 6, Add folder 7]; Delete folder Del 9, Rename folder a; Get new posts of "
-      "this "
-      "folder F5 1d, Today's new posts of this folder c, Search in this folder d; (marks)",
-      "Add channel 6, Delete channel Del 11, Move channel 12, Rename channel 13; Get new posts of "
-      "this "
-      "channel F5 14, Search in this channel 15; (marks); Channel information 16",
-      "Add cabinet 2e; Search all saved posts 18; (marks)",
-      "Delete cabinet Del 11, Rename cabinet 13; Search in this cabinet 1a; (marks)",
-      "Add [Add channel 6, Add folder 7, Add cabinet 2e]; Today's new posts 35; Import OPML [From "
-      "this computer 27, From a URL 28], Export OPML 2b; Synchronise with the handset 2a; "
-      "Settings 2d",
-      "Mark as read 2f, Mark as unread 30, Delete Del 31, Delete all 32, Save to a cabinet 36"};
+      "Add [Add channel… 6, Add folder… 7]; Delete folder Del 9, Rename folder… a; Refresh folder "
+      "F5 1d, Today's new posts in this folder c, Search in this folder… d; (marks)",
+      "Add channel… 6, Delete channel Del 11, Move channel… 12, Rename channel… 13; Refresh "
+      "channel "
+      "F5 14, Search in this channel… 15; (marks); Channel information… 16",
+      "Add cabinet… 2e; Search in all cabinets… 18; (marks)",
+      "Delete cabinet Del 11, Rename cabinet… 13; Search in this cabinet… 1a; (marks)",
+      "Add [Add channel… 6, Add folder… 7, Add cabinet… 2e]; Today's new posts 35; Import OPML "
+      "[From a file… 27, From an address… 28], Export OPML… 2b; Synchronise with the handset… 2a; "
+      "Settings… 2d",
+      "Mark as read 2f, Mark as unread 30, Delete Del 31, Delete all 32, Clip to a cabinet… 36"};
   const ShippedSkin english("ENG");
   for (int i = 0; i < 6; ++i) {
     QWidget parent;

@@ -31,24 +31,23 @@ struct ControlPanel : DialogFixture {
 
 TEST_F(ControlPanel, ShowsEachSettingAndSavesWhatIsNotTouchedAsItWas) {
   Edit({}, [&] {
-    EXPECT_EQ(
-        Look(*dialog),
-        "환경 설정; *자동 업데이트; 새글 알림; 글 보기; 글 정리; 새글 받기; >*자동으로 받습니다.; "
-        "자동으로 받지 않습니다.; 받는 간격; *15분; 30분; 1시간; 2시간; 확인; 취소");
+    EXPECT_EQ(Look(*dialog),
+              "환경 설정; *자동 받기; 새 글 알림; 글 보기; 글 정리; 새 글 받기; >*자동으로 받기; "
+              "직접 새로 고칠 때만 받기; 받는 간격; *15분; 30분; 1시간; 2시간; 확인; 취소");
     EXPECT_EQ(Open(1),
-              "새글을 알리는 간격; *15분; 30분; 1시간; 알리지 않음; 알림 창의 투명도; 알림 창의 "
+              "새 글을 알리는 간격; *15분; 30분; 1시간; 알리지 않음; 알림 창의 투명도; 알림 창의 "
               "투명도=0; 불투명; 투명");
-    EXPECT_EQ(Open(2), "*미리 보기로 봅니다.; 원문 페이지로 봅니다.");
+    EXPECT_EQ(Open(2), "*미리 보기; 원문 페이지");
     EXPECT_EQ(Open(3),
-              "*오래된 글을 자동으로 삭제합니다.; 글을 남겨 둘 일수=0; 일이 지난 글 삭제; "
-              "프로그램을 시작할 때 한 번 삭제합니다.\n보관함에 저장한 글은 삭제하지 않습니다.; "
-              "글을 자동으로 삭제하지 않습니다.");
+              "*오래된 글을 자동으로 삭제하기; 글을 남겨 둘 일수=0; 일이 지난 글 삭제; "
+              "Feedloom을 시작할 때마다 삭제합니다.\n보관함에 스크랩한 글은 남습니다.; "
+              "자동으로 삭제하지 않기");
     Click("취소");
   });
   // What no control stands for is kept until another is chosen.
   const Settings odd{5, 7, -1, 180, 9, 1, 3}, kept{1, 7, -1, 100, 1, 1, 3};
   Edit(odd, [&] {
-    EXPECT_EQ(Open(0), "새글 받기; 자동으로 받습니다.; *자동으로 받지 않습니다.; 받는 간격");
+    EXPECT_EQ(Open(0), "새 글 받기; 자동으로 받기; *직접 새로 고칠 때만 받기; 받는 간격");
     EXPECT_EQ(Open(1).find("*"), std::string::npos);
     EXPECT_EQ(Open(3).find("일수"), std::string::npos);
     Press(Qt::Key_Return);

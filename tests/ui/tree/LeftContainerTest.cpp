@@ -299,7 +299,7 @@ TEST_F(LeftContainerTest, AMarkMovesBesideAChannelWithNewPostsUntilItIsSelected)
     EXPECT_TRUE(QTest::qWaitFor([&] { return Mark() != first; }));
   }
   EXPECT_EQ(Row("Daily").data(Qt::AccessibleTextRole),
-            "Daily, 읽지 않은 글 2개, 새글 있음, 지난번 새로 고침 실패");
+            "Daily, 읽지 않은 글 2개, 새 글 있음, 지난번 새로 고침 실패");
   Click(PlaceOf("Daily"));  // whoever looks at the posts turns it off
   Click(PlaceOf("News"));
   EXPECT_EQ(Mark(), noMark);
