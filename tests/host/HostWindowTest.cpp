@@ -57,7 +57,7 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   EXPECT_EQ(all.join(' ').toStdString(),
             "파일(&F) 모든 채널 새로 고침(&R)Ctrl+R 마지막 메시지 보기(&M) 환경 설정(&S)…  "
             "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E)  "
-            "링크를 시스템 브라우저로 열기(&S) "
+            "링크를 시스템 브라우저에서 열기(&S) "
             "도움말(&H) Feedloom 정보(&A) ");
   QObject::connect(window_.get(), &HostWindow::Closing, [&] { told << "closing"; });
   QObject::connect(window_.get(), &HostWindow::AppearanceChosen, [&](const Appearance& chosen) {
@@ -65,7 +65,7 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   });
   QObject::connect(window_.get(), &HostWindow::LinksOutsideChosen,
                    [&](bool outside) { told << (outside ? "outside" : "inside"); });
-  for (const char* entry : {"링크를 시스템 브라우저로 열기(&S)", "어두운 화면(&D)", "한국어(&K)",
+  for (const char* entry : {"링크를 시스템 브라우저에서 열기(&S)", "어두운 화면(&D)", "한국어(&K)",
                             "밝은 화면(&L)", "English(&E)", "끝내기(&Q)"}) {
     for (auto* action : window_->findChildren<QAction*>())
       if (action->text() == entry) action->trigger();

@@ -33,6 +33,7 @@ constexpr int kMinWordWidthBesideResult = 80;
 
 constexpr QPoint kResultPlace(312, 13);
 constexpr int kResultPixels = 12;
+constexpr int kResultGap = 8;  // between the button and the result, at least
 
 // Leaves the scope at the posts of the store.
 void DisableWeb(CVxComboBox& scope, const QString& reason) {
@@ -123,7 +124,7 @@ void CRSS_RightTopToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
   if (!isResultShown_) return;
   painter.setFont(ResultFont());
   painter.setPen(palette().color(QPalette::WindowText));
-  const int left = std::min(kResultPlace.x(), width() - kEdge - ResultWidth());
+  const int left = std::min(kResultPlace.x(), width() - kEdge - ResultWidth() + kResultGap);
   painter.drawText(QRect(QPoint(left, kResultPlace.y()), rect().bottomRight()),
                    Qt::AlignLeft | Qt::AlignTop, resultText_);
 }
@@ -131,7 +132,7 @@ void CRSS_RightTopToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
 void CRSS_RightTopToolBarWnd::resizeEvent(QResizeEvent* /*event*/) { LayOut(); }
 
 int CRSS_RightTopToolBarWnd::ResultWidth() const {
-  return QFontMetrics(ResultFont()).horizontalAdvance(resultText_) + kGap;
+  return QFontMetrics(ResultFont()).horizontalAdvance(resultText_) + kResultGap;
 }
 
 void CRSS_RightTopToolBarWnd::LayOut() {

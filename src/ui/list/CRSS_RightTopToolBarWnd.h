@@ -53,7 +53,7 @@ class CRSS_RightTopToolBarWnd : public QWidget {
 
  private:
   void LayOut();
-  // The room that the result needs, in pixels.
+  // The room that the result needs beside the button, in pixels.
   int ResultWidth() const;
 
   const Skin& skin_;
