@@ -77,6 +77,26 @@ void CVxListCtrl::SetColumnWidths(std::initializer_list<int> widths) {
   for (const int width : widths) setColumnWidth(column++, width);
 }
 
+void CVxListCtrl::SetOneColumn(std::optional<int> column) {
+  const std::vector<int> widths = ColumnWidths();
+  widthsBefore_ = column ? widths : std::vector<int>();
+  setHeaderHidden(column.has_value());
+  for (int i = 0; i < header()->count(); ++i) {
+    setColumnHidden(i, column && i != *column);
+    header()->setSectionResizeMode(i,
+                                   column == i ? QHeaderView::Stretch : QHeaderView::Interactive);
+    if (!column) setColumnWidth(i, widths[static_cast<std::size_t>(i)]);
+  }
+  doItemsLayout();
+}
+
+std::vector<int> CVxListCtrl::ColumnWidths() const {
+  if (!widthsBefore_.empty()) return widthsBefore_;
+  std::vector<int> widths;
+  for (int i = 0; i < header()->count(); ++i) widths.push_back(columnWidth(i));
+  return widths;
+}
+
 std::vector<int> CVxListCtrl::SelectedRows() const {
   std::vector<int> rows;
   for (const QItemSelectionRange& range : selectionModel()->selection()) {

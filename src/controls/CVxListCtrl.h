@@ -5,6 +5,7 @@
 #include <QStyledItemDelegate>
 #include <QTreeView>
 #include <initializer_list>
+#include <optional>
 #include <vector>
 
 namespace feedloom {
@@ -34,6 +35,12 @@ class CVxListCtrl : public QTreeView {
   // Sets the widths of the first columns, in pixels. Other columns have kFurtherColumnWidth. Set
   // the model before.
   void SetColumnWidths(std::initializer_list<int> widths);
+
+  // Shows one column only, as wide as the list and without a heading, or all columns with headings.
+  void SetOneColumn(std::optional<int> column);
+
+  // The widths of the columns, in pixels, as they are when all are shown.
+  std::vector<int> ColumnWidths() const;
 
   // The numbers of the selected rows, in ascending order. Set the model before.
   std::vector<int> SelectedRows() const;
@@ -77,7 +84,8 @@ class CVxListCtrl : public QTreeView {
   QWidget* Cover();
   void PlaceCover();
 
-  QPersistentModelIndex anchor_;  // invalid: the base class's anchor is used
+  std::vector<int> widthsBefore_;  // empty while all columns are shown
+  QPersistentModelIndex anchor_;   // invalid: the base class's anchor is used
   // The widget over the closed list. A disabled widget can have neither a cursor nor the focus.
   QPointer<QWidget> cover_;
 };

@@ -21,11 +21,16 @@ inline constexpr char kValueOsType[] = "CORVANE_OSTYPE";
 inline constexpr char kValueDebugMode[] = "Debug Mode";
 inline constexpr char kValueCodePage[] = "CODEPAGE";
 inline constexpr char kValuePostLinks[] = "POST_LINKS";            // kLinksInPane, kLinksOutside
+inline constexpr char kValueListPlace[] = "LIST_PLACE";            // kListAbove, kListBeside
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
 // The values of kValuePostLinks.
 inline constexpr char kLinksInPane[] = "PANE";
 inline constexpr char kLinksOutside[] = "SYSTEM";
+
+// The values of kValueListPlace; anything else is the default.
+inline constexpr char kListAbove[] = "ABOVE";
+inline constexpr char kListBeside[] = "BESIDE";
 
 // The values of the module's registry key. The first seven are the user's settings, which stand
 // there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.

@@ -96,6 +96,17 @@ void KeepLinksChoice(HostWindow& window, const Registry& registry) {
                    });
 }
 
+void KeepListPlace(HostWindow& window, const Registry& registry) {
+  QObject::connect(
+      &window, &HostWindow::ListPlaceChosen, &window, [&window, registry](ListPlace place) {
+        const char* const value = place == ListPlace::Beside ? kListBeside : kListAbove;
+        if (!registry.WriteString(kHostKey, kValueListPlace, value)) {
+          ReportError("Cannot remember where the list stands.");
+        }
+        window.SendToFrame(kMessageViewChanged);
+      });
+}
+
 // Runs the event loop of a window with the module's frame in it.
 class Show {
  public:
@@ -153,7 +164,8 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   SetHostTables(tables, config.GetCodePage());
   ApplicationStyle look(Skin(tables, config));
   HostWindow window(FromModuleText(config.GetAppTitle()),
-                    {SkinName(config), config.GetHostLanguage()}, config.OpensLinksOutside());
+                    {SkinName(config), config.GetHostLanguage()},
+                    {config.OpensLinksOutside(), config.GetListPlace()});
   QObject::connect(&terminationSignals, &TerminationSignals::Requested, &window, &QWidget::close);
   if (options.screenshot) {
     window.resize(kInitialWidth, kInitialHeight);
@@ -163,6 +175,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   QuitOnClose(window, registry, options.screenshot.has_value());
   RestartOnAppearanceChoice(window, profile);
   KeepLinksChoice(window, registry);
+  KeepListPlace(window, registry);
   LogTiming("window made");
   return Show(options, module, window, refreshes).Run();
 }

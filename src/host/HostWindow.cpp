@@ -30,7 +30,7 @@ void ShowStatus(QLabel& label, const QString& text) {
 
 }  // namespace
 
-HostWindow::HostWindow(const QString& caption, Appearance appearance, bool opensLinksOutside)
+HostWindow::HostWindow(const QString& caption, Appearance appearance, ViewChoices view)
     : appearance_(std::move(appearance)),
       pane_(new ModulePane(this)),
       status_(new QLabel(this)),
@@ -38,7 +38,7 @@ HostWindow::HostWindow(const QString& caption, Appearance appearance, bool opens
   setWindowTitle(caption);
   setWindowIcon(QIcon::fromTheme(QStringLiteral("halvix")));
   setCentralWidget(pane_);
-  MakeMenu(opensLinksOutside);
+  MakeMenu(view);
   MakeStatusBar();
 }
 
@@ -76,7 +76,7 @@ void HostWindow::closeEvent(QCloseEvent* event) {
   QMainWindow::closeEvent(event);
 }
 
-void HostWindow::MakeMenu(bool opensLinksOutside) {
+void HostWindow::MakeMenu(const ViewChoices& view) {
   QMenu& file = *menuBar()->addMenu(HostText(kHostTextMenuFile));
   AddEntry(file, kHostTextMenuRefreshAll, [this] {
     SendToFrame(kMessageRefreshAll);
@@ -85,7 +85,7 @@ void HostWindow::MakeMenu(bool opensLinksOutside) {
   AddEntry(file, kHostTextMenuSettings, [this] { SendToFrame(kMessageOpenPanel); });
   file.addSeparator();
   AddEntry(file, kHostTextMenuQuit, [this] { close(); }).setShortcut(Qt::CTRL | Qt::Key_Q);
-  MakeViewMenu(opensLinksOutside);
+  MakeViewMenu(view);
   QMenu& help = *menuBar()->addMenu(HostText(kHostTextMenuHelp));
   AddEntry(help, kHostTextMenuAbout, [this] { ShowAbout(); });
 }
@@ -98,7 +98,7 @@ QAction& HostWindow::AddEntry(QMenu& menu, const char* textKey, const std::funct
   return action;
 }
 
-void HostWindow::MakeViewMenu(bool opensLinksOutside) {
+void HostWindow::MakeViewMenu(const ViewChoices& choices) {
   QMenu& view = *menuBar()->addMenu(HostText(kHostTextMenuView));
   auto& skins = *new QActionGroup(this);
   AddAppearance(view, skins, kHostTextMenuLightSkin, {kLightSkin, appearance_.language});
@@ -108,9 +108,15 @@ void HostWindow::MakeViewMenu(bool opensLinksOutside) {
   AddAppearance(view, languages, kHostTextMenuKorean, {appearance_.skin, "KOR"});
   AddAppearance(view, languages, kHostTextMenuEnglish, {appearance_.skin, "ENG"});
   view.addSeparator();
+  auto& places = *new QActionGroup(this);
+  AddListPlace(view, places, kHostTextMenuListAbove, ListPlace::Above,
+               choices.listPlace == ListPlace::Above);
+  AddListPlace(view, places, kHostTextMenuListBeside, ListPlace::Beside,
+               choices.listPlace == ListPlace::Beside);
+  view.addSeparator();
   QAction& outside = *view.addAction(HostText(kHostTextMenuLinksOutside));
   outside.setCheckable(true);
-  outside.setChecked(opensLinksOutside);
+  outside.setChecked(choices.opensLinksOutside);
   connect(&outside, &QAction::toggled, this, &HostWindow::LinksOutsideChosen);
 }
 
@@ -122,6 +128,14 @@ void HostWindow::AddAppearance(QMenu& menu, QActionGroup& group, const char* tex
   group.addAction(&action);
   action.setCheckable(true);
   action.setChecked(appearance == appearance_);
+}
+
+void HostWindow::AddListPlace(QMenu& menu, QActionGroup& group, const char* textKey,
+                              ListPlace place, bool isChosen) {
+  QAction& action = AddEntry(menu, textKey, [this, place] { emit ListPlaceChosen(place); });
+  group.addAction(&action);
+  action.setCheckable(true);
+  action.setChecked(isChosen);
 }
 
 void HostWindow::MakeStatusBar() {

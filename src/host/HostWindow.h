@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "skin/HostConfig.h"
+
 class QAction;
 class QActionGroup;
 class QLabel;
@@ -25,15 +27,20 @@ struct Appearance {
   bool operator==(const Appearance&) const = default;
 };
 
+// What else the view menu offers.
+struct ViewChoices {
+  bool opensLinksOutside = false;
+  ListPlace listPlace = ListPlace::Default;
+};
+
 // The main window: a menu, the module's frame and a status bar. Its texts come from the host's
 // tables, which must be set (SetHostTables). Interface thread.
 class HostWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  // `opensLinksOutside` is what the view menu shows at first.
-  explicit HostWindow(const QString& caption, Appearance appearance = {},
-                      bool opensLinksOutside = false);
+  // `view` is what the view menu shows at first.
+  explicit HostWindow(const QString& caption, Appearance appearance = {}, ViewChoices view = {});
 
   // The widget to hand to the module's Create as parent. The window owns it, and shows the texts
   // that the module sends to it in the status bar.
@@ -53,18 +60,22 @@ class HostWindow : public QMainWindow {
   void AppearanceChosen(const feedloom::Appearance& appearance);
   // The user has chosen where links of posts open: in the system's browser, or in the pane.
   void LinksOutsideChosen(bool opensOutside);
+  // The user has chosen where the list stands.
+  void ListPlaceChosen(feedloom::ListPlace place);
 
  protected:
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void MakeMenu(bool opensLinksOutside);
-  void MakeViewMenu(bool opensLinksOutside);
+  void MakeMenu(const ViewChoices& view);
+  void MakeViewMenu(const ViewChoices& view);
   QAction& AddEntry(QMenu& menu, const char* textKey, const std::function<void()>& run);
   // Adds an entry to the view menu that chooses `appearance`; `group` makes it exclusive.
   void AddAppearance(QMenu& menu, QActionGroup& group, const char* textKey,
                      const Appearance& appearance);
+  void AddListPlace(QMenu& menu, QActionGroup& group, const char* textKey, ListPlace place,
+                    bool isChosen);
   void MakeStatusBar();
   void ShowAbout();
 

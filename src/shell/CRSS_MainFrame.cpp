@@ -89,16 +89,23 @@ void CRSS_MainFrame::BuildPanes() {
   setPalette(LoadSkinPalette(skin_));
   UseProxyInEngine(ReadProxySettings(registry_));
   left_ = new CRSS_LeftContainer(*this, refresh_, *this, *this, this);
-  auto* const right = new VxSplitter(Qt::Vertical, this);
-  rightTop_ = new CRSS_RightTopContainer(*this, *this, *this, right);
-  rightBottom_ = new CRSS_RightBottomContainer(*this, *this, *this, browserServices_, right);
-  SetPaneSizes(*this, *right);
+  right_ = new VxSplitter(Qt::Vertical, this);
+  rightTop_ = new CRSS_RightTopContainer(*this, *this, *this, right_);
+  rightBottom_ = new CRSS_RightBottomContainer(*this, *this, *this, browserServices_, right_);
+  SetPaneSizes(*this, *right_);
   setFocusProxy(left_);
   handle(1)->setAccessibleName(SkinText(skin_, kTextColumnDivider));
-  right->handle(1)->setAccessibleName(SkinText(skin_, kTextRowDivider));
+  right_->handle(1)->setAccessibleName(SkinText(skin_, kTextRowDivider));
   connect(rightBottom_, &CRSS_RightBottomContainer::PageShown, this, &CRSS_MainFrame::PageShown);
   ConnectTree();
-  SetUpKeys(*right);
+  SetUpKeys(*right_);
+}
+
+void CRSS_MainFrame::PlaceList() {
+  const ListPlace place = PlaceInWidth(skin_.Config().GetListPlace(), width());
+  if (std::exchange(listPlace_, place) == place) return;
+  feedloom::PlaceList(*right_, place);
+  rightTop_->SetTwoLines(place == ListPlace::Beside);
 }
 
 void CRSS_MainFrame::ConnectTree() {
@@ -157,6 +164,11 @@ bool CRSS_MainFrame::event(QEvent* event) {
   return true;
 }
 
+void CRSS_MainFrame::resizeEvent(QResizeEvent* event) {
+  VxSplitter::resizeEvent(event);
+  if (right_ != nullptr) PlaceList();
+}
+
 bool CRSS_MainFrame::focusNextPrevChild(bool next) {
   QWidget* const stop = next ? NextTabStop(*this) : nullptr;
   if (stop == nullptr) return VxSplitter::focusNextPrevChild(next);
@@ -181,6 +193,9 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       break;
     case kMessageOpenPanel:
       OpenControlPanel();
+      break;
+    case kMessageViewChanged:
+      PlaceList();
       break;
     case kMessageRefreshAll:
       left_->RefreshAll();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -99,10 +100,12 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
 
  protected:
   bool event(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
   void BuildPanes();
+  void PlaceList();
   void ConnectTree();
   void SetUpKeys(VxSplitter& right);
   void BeginLife(FirstReading& reading, const WriteMark& mark);
@@ -142,6 +145,8 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   CRSS_LeftContainer* left_ = nullptr;
   CRSS_RightTopContainer* rightTop_ = nullptr;
   CRSS_RightBottomContainer* rightBottom_ = nullptr;
+  VxSplitter* right_ = nullptr;  // the list and the browser
+  std::optional<ListPlace> listPlace_;
 };
 
 }  // namespace feedloom

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "skin/HostConfig.h"
+
 namespace feedloom {
 
 class VxSplitter;
@@ -8,5 +10,12 @@ class VxSplitter;
 // the tree and `rows`, which holds the list and the browser. What the window has more goes to the
 // browser. Interface thread only.
 void SetPaneSizes(VxSplitter& columns, VxSplitter& rows);
+
+// Where the list stands in a frame that is `width` pixels wide: beside the page only where both
+// have room.
+ListPlace PlaceInWidth(ListPlace wanted, int width);
+
+// Puts the list above or beside the page, with the share that belongs to it there at first.
+void PlaceList(VxSplitter& rows, ListPlace place);
 
 }  // namespace feedloom

@@ -64,6 +64,12 @@ bool HostConfig::OpensLinksOutside() const {
   return value && EqualsIgnoringAsciiCase(*value, kLinksOutside);
 }
 
+ListPlace HostConfig::GetListPlace() const {
+  const std::string value = registry_.ReadString(kHostKey, kValueListPlace).value_or("");
+  if (EqualsIgnoringAsciiCase(value, kListBeside)) return ListPlace::Beside;
+  return EqualsIgnoringAsciiCase(value, kListAbove) ? ListPlace::Above : ListPlace::Default;
+}
+
 std::string HostConfig::GetIniDir() const { return WithTrailingSeparator(Path(kValueIniDir)); }
 std::string HostConfig::GetImageIniPath() const { return JoinPath(GetIniDir(), "image.ini"); }
 std::string HostConfig::GetStringIniPath() const { return JoinPath(GetIniDir(), "string.ini"); }

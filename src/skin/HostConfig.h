@@ -16,6 +16,10 @@ inline constexpr std::size_t kMaxHostText = 127;
 
 inline constexpr char kDefaultAppTitle[] = "Halvix 3.0";
 
+// Where the host wants the list: above the page with a height in pixels, or with a share of the
+// window, or beside the page with rows of two lines.
+enum class ListPlace { Default, Above, Beside };
+
 // Each getter reads its value from the registry at every call, and returns an empty string when it
 // is missing. Paths are the file system's bytes, texts are in the module's code page. Any thread.
 class HostConfig {
@@ -39,6 +43,7 @@ class HostConfig {
 
   // Whether links of posts open in the system's browser, and the pane shows no web pages.
   bool OpensLinksOutside() const;
+  ListPlace GetListPlace() const;
 
   // The directory of the host's ini files, with a separator at the end, and the paths of its files.
   std::string GetIniDir() const;

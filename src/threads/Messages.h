@@ -26,6 +26,7 @@ enum Message : unsigned {
   kMessageShowTextAgain = 0x3079,
   kMessageOpenPanel = 0x307B,
   kMessageRefreshAll = 0x307C,
+  kMessageViewChanged = 0x307D,
 };
 
 // The wParam of kMessageChannelResult.

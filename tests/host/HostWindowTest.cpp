@@ -15,7 +15,8 @@ namespace feedloom {
 struct HostWindowTest : testing::Test {
   HostWindowTest() {
     SetHostTables(ReadHostTexts(skin_.Get().Config()), CodePage::Korean());
-    window_ = std::make_unique<HostWindow>("Halvix", Appearance{"dark", "KOR"});
+    window_ = std::make_unique<HostWindow>("Halvix", Appearance{"dark", "KOR"},
+                                           ViewChoices{false, ListPlace::Beside});
     window_->SetFrame(new QWidget(window_->ModuleParent()));
     window_->resize(400, 300);
     window_->show();
@@ -57,7 +58,7 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   EXPECT_EQ(all.join(' ').toStdString(),
             "파일(&F) 모든 채널 새로 고침(&R)Ctrl+R 마지막 메시지 보기(&M) 환경 설정(&S)…  "
             "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E)  "
-            "링크를 시스템 브라우저에서 열기(&S) "
+            "목록을 글 위에(&T) 목록을 글 옆에(&B)*  링크를 시스템 브라우저에서 열기(&S) "
             "도움말(&H) Feedloom 정보(&A) ");
   QObject::connect(window_.get(), &HostWindow::Closing, [&] { told << "closing"; });
   QObject::connect(window_.get(), &HostWindow::AppearanceChosen, [&](const Appearance& chosen) {
@@ -65,13 +66,17 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   });
   QObject::connect(window_.get(), &HostWindow::LinksOutsideChosen,
                    [&](bool outside) { told << (outside ? "outside" : "inside"); });
-  for (const char* entry : {"링크를 시스템 브라우저에서 열기(&S)", "어두운 화면(&D)", "한국어(&K)",
-                            "밝은 화면(&L)", "English(&E)", "끝내기(&Q)"}) {
+  QObject::connect(window_.get(), &HostWindow::ListPlaceChosen, [&](ListPlace place) {
+    told << (place == ListPlace::Above ? "above" : "beside");
+  });
+  for (const char* entry :
+       {"목록을 글 위에(&T)", "링크를 시스템 브라우저에서 열기(&S)", "어두운 화면(&D)",
+        "한국어(&K)", "밝은 화면(&L)", "English(&E)", "끝내기(&Q)"}) {
     for (auto* action : window_->findChildren<QAction*>())
       if (action->text() == entry) action->trigger();
   }
   QCoreApplication::processEvents();
-  EXPECT_EQ(told, QStringList({"outside", "light KOR", "dark ENG", "closing"}));
+  EXPECT_EQ(told, QStringList({"outside", "above", "light KOR", "dark ENG", "closing"}));
 }
 
 TEST(CommandLine, GivesTheOptionsOrTheStatusToLeaveWith) {

@@ -4,6 +4,7 @@
 #include "kit/FeedDocuments.h"
 #include "shell/ModuleFixture.h"
 #include "ui/Commands.h"
+#include "ui/list/PostCells.h"
 
 namespace feedloom {
 
@@ -34,6 +35,30 @@ struct Panes : ModuleFixture {
   TempFolder files_;
   QPointer<QWidget> announcement_;
 };
+
+TEST_F(Panes, TheListStandsWhereTheHostWantsItWhileItKeepsSelectionAndSort) {
+  AddPosts(1, 4);
+  CreateFrame();
+  const auto& rows = dynamic_cast<QSplitter&>(*Columns().widget(1));
+  Select("Feedloom 시작하기(4)");
+  List().header()->setSortIndicator(kTitleColumn, Qt::DescendingOrder);
+  const auto place = [&](const char* value, QSize size) {
+    EXPECT_TRUE(Registry(profile_.Paths().registry).WriteString(kHostKey, kValueListPlace, value));
+    frame_->resize(size);
+    Send(kMessageViewChanged);
+    EXPECT_EQ(Titles().join(','), "Post 4,Post 3,Post 2,Post 1");
+    EXPECT_EQ(List().currentIndex().data(), "Post 1");
+    return QRect(rows.widget(0)->geometry());
+  };
+  EXPECT_EQ(place("", {1000, 700}).height(), 200);
+  EXPECT_NEAR(place("above", {1000, 690}).height(), 230, 5);
+  EXPECT_EQ(place("beside", {1300, 700}).height(), 700);
+  EXPECT_TRUE(List().isHeaderHidden() && List().columnWidth(kTitleColumn) > 300);
+  EXPECT_EQ(List().visualRect(List().currentIndex()).height(), 44);
+  EXPECT_LT(place("beside", {640, 480}).height(), 200) << "no room for three columns";
+  EXPECT_EQ(frame_->width(), 640);
+  EXPECT_EQ(List().columnWidth(kTitleColumn), 278);
+}
 
 TEST_F(Panes, WhatOnePaneTellsTheOthersShow) {
   server_.Serve("/search", "[TO]0[QK]");

@@ -45,6 +45,16 @@ TEST_F(HostConfigTest, TheCodePageIsKoreanAndLinksOpenInThePaneUnlessTheHostSays
   }
 }
 
+TEST_F(HostConfigTest, TheListStandsWhereTheHostWantsIt) {
+  EXPECT_EQ(config_.GetListPlace(), ListPlace::Default);
+  for (const auto& [value, place] : {std::pair{"above", ListPlace::Above},
+                                     {"BESIDE", ListPlace::Beside},
+                                     {"LEFT", ListPlace::Default}}) {
+    Set("LIST_PLACE", value);
+    EXPECT_EQ(config_.GetListPlace(), place);
+  }
+}
+
 TEST_F(HostConfigTest, PathsAreBytesAndImagesAndIniFilesHaveTheirDirectorysSeparator) {
   EXPECT_EQ(config_.GetImageDir() + config_.GetIniDir() + config_.GetCurrentPath(), "");
   for (const auto& [dir, withSeparator] :

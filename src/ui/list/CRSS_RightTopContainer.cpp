@@ -16,6 +16,7 @@
 #include "ui/list/ListViewState.h"
 #include "ui/list/PostDelegate.h"
 #include "ui/list/PostListModel.h"
+#include "ui/list/TwoLineDelegate.h"
 
 namespace feedloom {
 namespace {
@@ -65,6 +66,16 @@ void CRSS_RightTopContainer::SetUpList() {
   connect(&list_, &CVxListCtrl::SortRequested, this, [this](int column, Qt::SortOrder order) {
     SortKeepingPosition(list_, model_, column, order);
   });
+}
+
+void CRSS_RightTopContainer::SetTwoLines(bool areTwo) {
+  const ListViewState place = SaveViewState(list_, model_);
+  model_.SetTwoLines(areTwo);
+  delete list_.itemDelegate();
+  list_.setItemDelegate(areTwo ? static_cast<QAbstractItemDelegate*>(new TwoLineDelegate(&list_))
+                               : new PostDelegate(&list_));
+  list_.SetOneColumn(areTwo ? std::optional(kTitleColumn) : std::nullopt);
+  RestoreViewState(list_, model_, place);
 }
 
 // These are shortcuts because the view would use a letter key to search for a title.

@@ -42,6 +42,9 @@ class CRSS_RightTopContainer : public QWidget {
   // calls Reading::GoToUnreadRow. Does nothing while a search of the web directory runs.
   void GoToUnread(bool forward);
 
+  // Shows the rows on two lines each, without columns and headings, or in columns.
+  void SetTwoLines(bool areTwo);
+
   // Moves the keyboard focus to the search box.
   void FocusSearch();
 

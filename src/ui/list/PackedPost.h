@@ -31,6 +31,7 @@ class PackedPost {
   std::string_view Title() const;
   std::string_view Published() const;
   std::string_view OwnerTitle() const;
+  std::string_view Description() const { return description_; }
 
  private:
   static constexpr std::size_t kTextCount = 7;

@@ -17,12 +17,6 @@ QColor TextColour(const QStyleOptionViewItem& option) {
   return option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
 }
 
-void PaintUnreadMark(QPainter& painter, const QPointF& centre, const QColor& colour) {
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(colour);
-  painter.drawEllipse(centre, 3.5, 3.5);
-}
-
 void PaintReadMark(QPainter& painter, const QPointF& centre, const QColor& colour) {
   const QPointF check[] = {centre + QPointF(-3.5, 0), centre + QPointF(-1, 2.5),
                            centre + QPointF(3.5, -3)};
@@ -31,6 +25,12 @@ void PaintReadMark(QPainter& painter, const QPointF& centre, const QColor& colou
 }
 
 }  // namespace
+
+void DrawUnreadMark(QPainter& painter, const QPointF& centre, const QColor& colour) {
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(colour);
+  painter.drawEllipse(centre, 3.5, 3.5);
+}
 
 void PostDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   VxListDelegate::initStyleOption(option, index);
@@ -44,7 +44,7 @@ void PostDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (index.column() != kReadColumn) return;
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  const auto paintMark = IsRead(index) ? PaintReadMark : PaintUnreadMark;
+  const auto paintMark = IsRead(index) ? PaintReadMark : DrawUnreadMark;
   paintMark(*painter, QRectF(option.rect).center(), TextColour(option));
   painter->restore();
 }

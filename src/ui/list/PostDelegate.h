@@ -17,4 +17,7 @@ class PostDelegate : public VxListDelegate {
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 };
 
+// Draws the dot of an unread post around `centre`.
+void DrawUnreadMark(QPainter& painter, const QPointF& centre, const QColor& colour);
+
 }  // namespace feedloom

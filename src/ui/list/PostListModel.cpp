@@ -9,6 +9,7 @@
 
 #include "look/QtText.h"
 #include "ui/PostList.h"
+#include "ui/list/FirstWords.h"
 
 namespace feedloom {
 
@@ -183,6 +184,8 @@ QVariant PostListModel::data(const QModelIndex& index, int role) const {
       return AccessibleText(post, index.column());
     case kIsReadRole:
       return post.IsRead();
+    case kFirstWordsRole:
+      return FirstWords(codePage_, post.Description());
     default:
       return {};
   }
@@ -207,7 +210,11 @@ QString PostListModel::CellText(const PackedPost& post, int column) const {
 QVariant PostListModel::AccessibleText(const PackedPost& post, int column) const {
   const QString& status = post.IsRead() ? texts_.read : texts_.unread;
   if (column == kReadColumn) return status;
-  return column == kTitleColumn ? CellText(post, column) + ", " + status : QVariant();
+  if (column != kTitleColumn) return {};
+  QStringList told{CellText(post, column), status};
+  if (hasTwoLines_) told << CellText(post, kOwnerColumn) << CellText(post, kDateColumn);
+  told.removeAll(QString());
+  return told.join(", ");
 }
 
 QString PostListModel::AccessibleHeading(int section) const {

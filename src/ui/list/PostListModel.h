@@ -29,7 +29,10 @@ struct PostListTexts {
 // Interface thread only.
 class PostListModel : public QAbstractTableModel {
  public:
-  enum Role { kIsReadRole = Qt::UserRole };
+  enum Role {
+    kIsReadRole = Qt::UserRole,
+    kFirstWordsRole,  // QString: what the post's text begins with
+  };
 
   // `codePage` is the encoding of the posts' texts. Each heading beyond those of PostColumn adds an
   // empty column.
@@ -61,6 +64,9 @@ class PostListModel : public QAbstractTableModel {
   // Removes rows. `rows` must be in ascending order.
   void Remove(std::span<const int> rows);
 
+  // Whether a title tells screen readers the channel and the date, too, as its row shows all three.
+  void SetTwoLines(bool areTwo) { hasTwoLines_ = areTwo; }
+
   // Sorts by a column; column -1 restores the store's order.
   void sort(int column, Qt::SortOrder order) override;
 
@@ -88,6 +94,7 @@ class PostListModel : public QAbstractTableModel {
   std::vector<PostRow> packed_;  // rows that were packed and are still to be freed
   Sorting sorting_;
   bool areScrapPosts_ = false;
+  bool hasTwoLines_ = false;
 };
 
 }  // namespace feedloom

@@ -6,6 +6,7 @@
 #include "kit/ThreadRefusal.h"
 #include "store/StoreKit.h"
 #include "ui/PostList.h"
+#include "ui/list/FirstWords.h"
 #include "ui/list/PostListModel.h"
 
 namespace feedloom {
@@ -46,9 +47,21 @@ TEST_F(PostListModelTest, KeepsAllOfAPostAndTellsStatusTitleDayAndOwner) {
   for (const char* day : {"", "2008-13-01", "2008-00-01", "2008-05-00", "2008-05-32", "1969-12-31"})
     EXPECT_EQ(DateCell(day), "") << day;
   EXPECT_EQ(Text(1, 1, Qt::AccessibleTextRole), "읽은 글, read");
+  model_.SetTwoLines(true);
+  EXPECT_EQ(Text(1, 1, Qt::AccessibleTextRole), "읽은 글, read, 똠방각하 소식, 2008-05-01");
   const QSignalSpy changes(&model_, &QAbstractItemModel::dataChanged);
   model_.SetReadStatus(Ids{0}, 1);
   EXPECT_EQ(changes.at(0)[1].toModelIndex(), model_.index(0, 4)) << "the whole row";
+}
+
+TEST(FirstWords, AreTheTextWithoutMarkUpOnOneLine) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"", ""},
+      {"<style>p{}</style><p>One&nbsp;&amp; <b>two</b></p>\n<p>three<img src='a'></p>",
+       "One & two three"},
+      {"<p>" + std::string(9'000, 'x'), std::string(200, 'x')}};
+  for (const auto& [html, words] : cases)
+    EXPECT_EQ(FirstWords(CodePage::Utf8(), html).toStdString(), words);
 }
 
 TEST_F(PostListModelTest, SortsByEachColumnAndBack) {

@@ -1,0 +1,69 @@
+#include "ui/list/TwoLineDelegate.h"
+
+#include <QApplication>
+#include <QPainter>
+
+#include "ui/list/PostDelegate.h"
+#include "ui/list/PostListModel.h"
+
+namespace feedloom {
+namespace {
+
+constexpr int kMark = 24;  // the width of the unread mark's place, in pixels
+constexpr int kEnd = 12;   // to the right of the texts
+constexpr int kTitleTop = 4;
+constexpr int kDetailsTop = 24;
+constexpr int kLine = 18;
+
+// "Channel, 2008-05-01, First words"; a part that is missing is left out.
+QString Details(const QModelIndex& index) {
+  QStringList parts;
+  for (const int column : {kOwnerColumn, kDateColumn}) {
+    parts += index.siblingAtColumn(column).data().toString();
+  }
+  parts += index.data(PostListModel::kFirstWordsRole).toString();
+  parts.removeAll(QString());
+  return parts.join(QStringLiteral(" \u00B7 "));
+}
+
+void DrawLine(QPainter& painter, const QFont& font, const QRect& line, const QString& text) {
+  painter.setFont(font);
+  const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, line.width());
+  painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+}  // namespace
+
+QSize TwoLineDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
+                                const QModelIndex& /*index*/) const {
+  return {CVxListCtrl::kFurtherColumnWidth, kRowHeight};
+}
+
+void TwoLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const {
+  QStyleOptionViewItem row = option;
+  initStyleOption(&row, index);
+  row.text.clear();
+  QApplication::style()->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+  const bool isRead = index.data(PostListModel::kIsReadRole).toBool();
+  const bool isSelected = row.state.testFlag(QStyle::State_Selected);
+  const QColor text = row.palette.color(QPalette::Text);
+  const QRect line = row.rect.adjusted(kMark, 0, -kEnd, 0);
+  QFont font = row.font;
+  font.setBold(!isRead);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(text);
+  DrawLine(*painter, font, {line.left(), line.top() + kTitleTop, line.width(), kLine},
+           index.data().toString());
+  painter->setPen(row.palette.color(isSelected ? QPalette::Text : QPalette::PlaceholderText));
+  DrawLine(*painter, row.font, {line.left(), line.top() + kDetailsTop, line.width(), kLine},
+           Details(index));
+  if (!isRead)
+    DrawUnreadMark(*painter,
+                   QPointF(row.rect.left() + kMark / 2.0, row.rect.top() + kTitleTop + kLine / 2.0),
+                   text);
+  painter->restore();
+}
+
+}  // namespace feedloom
