@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <QToolButton>
 #include <utility>
 
 #include "host/HostTables.h"
@@ -34,7 +35,8 @@ HostWindow::HostWindow(const QString& caption, Appearance appearance, ViewChoice
     : appearance_(std::move(appearance)),
       pane_(new ModulePane(this)),
       status_(new QLabel(this)),
-      busy_(new QProgressBar(this)) {
+      busy_(new QProgressBar(this)),
+      stop_(new QToolButton(this)) {
   setWindowTitle(caption);
   setWindowIcon(QIcon::fromTheme(QStringLiteral("halvix")));
   setCentralWidget(pane_);
@@ -59,12 +61,14 @@ std::intptr_t HostWindow::SendToFrame(unsigned message) {
 
 bool HostWindow::event(QEvent* event) {
   if (event->type() != WindowMessage::kType) return QMainWindow::event(event);
-  switch (static_cast<WindowMessage*>(event)->number) {
+  const auto& message = *static_cast<WindowMessage*>(event);
+  switch (message.number) {
     case kMessageRefreshBegan:
-      busy_->show();
-      return true;
     case kMessageRefreshEnded:
-      busy_->hide();
+      ShowRefresh(message.number == kMessageRefreshBegan);
+      return true;
+    case kMessageRefreshProgress:
+      ShowProgress(static_cast<int>(message.wParam), static_cast<int>(message.lParam));
       return true;
     default:
       return false;
@@ -81,6 +85,7 @@ void HostWindow::MakeMenu(const ViewChoices& view) {
   AddEntry(file, kHostTextMenuRefreshAll, [this] {
     SendToFrame(kMessageRefreshAll);
   }).setShortcut(Qt::CTRL | Qt::Key_R);
+  MakeStopEntry(file);
   AddEntry(file, kHostTextMenuShowMessage, [this] { SendToFrame(kMessageShowTextAgain); });
   AddEntry(file, kHostTextMenuSettings, [this] { SendToFrame(kMessageOpenPanel); });
   file.addSeparator();
@@ -88,6 +93,16 @@ void HostWindow::MakeMenu(const ViewChoices& view) {
   MakeViewMenu(view);
   QMenu& help = *menuBar()->addMenu(HostText(kHostTextMenuHelp));
   AddEntry(help, kHostTextMenuAbout, [this] { ShowAbout(); });
+}
+
+// It is grey from the click on until another refresh begins.
+void HostWindow::MakeStopEntry(QMenu& menu) {
+  menu.setToolTipsVisible(true);
+  stopRefresh_ = menu.addAction(HostText(kHostTextMenuStopRefresh));
+  connect(stopRefresh_, &QAction::triggered, this, [this] {
+    stopRefresh_->setEnabled(false);
+    SendToFrame(kMessageStopRefresh);
+  });
 }
 
 // `run` is queued: it may open a dialog, and a screen reader that triggers the entry would wait
@@ -143,15 +158,33 @@ void HostWindow::MakeStatusBar() {
   status_->setTextFormat(Qt::PlainText);
   // A long text must not widen the window.
   status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  busy_->setRange(0, 0);
   busy_->setFixedWidth(kBusyWidth);
+  busy_->setFormat(HostText(kHostTextProgress));
   busy_->setToolTip(HostText(kHostTextBusy));
   busy_->setAccessibleName(HostText(kHostTextBusy));
-  busy_->hide();
+  stop_->setDefaultAction(stopRefresh_);
+  stop_->setAutoRaise(true);
+  stop_->setFocusPolicy(Qt::TabFocus);
+  ShowRefresh(false);
   statusBar()->addWidget(status_, 1);
   statusBar()->addPermanentWidget(busy_);
+  statusBar()->addPermanentWidget(stop_);
   connect(pane_, &ModulePane::TextReported, status_,
           [label = status_](const QString& text) { ShowStatus(*label, text); });
+}
+
+// Until the first progress comes, the bar only moves.
+void HostWindow::ShowRefresh(bool isRunning) {
+  busy_->setRange(0, 0);
+  busy_->setVisible(isRunning);
+  stop_->setVisible(isRunning);
+  stopRefresh_->setEnabled(isRunning);
+  stopRefresh_->setToolTip(isRunning ? "" : HostText(kHostTextNoRefresh));
+}
+
+void HostWindow::ShowProgress(int done, int total) {
+  busy_->setRange(0, total);
+  busy_->setValue(done);
 }
 
 void HostWindow::ShowAbout() {

@@ -13,6 +13,7 @@ class QActionGroup;
 class QLabel;
 class QMenu;
 class QProgressBar;
+class QToolButton;
 
 namespace feedloom {
 
@@ -76,13 +77,19 @@ class HostWindow : public QMainWindow {
                      const Appearance& appearance);
   void AddListPlace(QMenu& menu, QActionGroup& group, const char* textKey, ListPlace place,
                     bool isChosen);
+  void MakeStopEntry(QMenu& menu);
   void MakeStatusBar();
+  // `isRunning` tells whether a refresh runs.
+  void ShowRefresh(bool isRunning);
+  void ShowProgress(int done, int total);
   void ShowAbout();
 
   const Appearance appearance_;
   ModulePane* const pane_;
   QLabel* const status_;
   QProgressBar* const busy_;
+  QToolButton* const stop_;
+  QAction* stopRefresh_ = nullptr;  // the menu's entry, and what the button does
   QPointer<QWidget> frame_;
 };
 

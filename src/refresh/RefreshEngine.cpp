@@ -9,7 +9,9 @@
 namespace feedloom {
 namespace {
 
-using Phase = RefreshJob::Phase;
+void AskToStop(const std::vector<SharedJob>& jobs) {
+  for (const SharedJob& job : jobs) job->stop.request_stop();
+}
 
 // Stops all workers. From now on none begins to send a message; one that is being sent is finished.
 void StopJobs(RefreshRun& run) {
@@ -17,13 +19,9 @@ void StopJobs(RefreshRun& run) {
   {
     const MutexLock lock(run.lock);
     run.stopping = true;
-    jobs = run.jobs;
-    for (const SharedJob& job : jobs) {
-      if (job->phase == Phase::Working) job->phase = Phase::Dropped;
-    }
-    run.changed.notify_all();
+    jobs = run.DropJobs();
   }
-  for (const SharedJob& job : jobs) job->stop.request_stop();
+  AskToStop(jobs);
 }
 
 bool IsReporting(const SharedJob& job) { return job->isReporting; }
@@ -55,7 +53,9 @@ RefreshEngine::~RefreshEngine() { Stop(); }
 
 void RefreshEngine::Enqueue(std::vector<Channel> entries) {
   const MutexLock lock(run_->lock);
+  const int before = run_->queue.Size();
   for (Channel& entry : entries) run_->queue.Append(std::move(entry));
+  if (!run_->sums.wasStopped) run_->sums.total += run_->queue.Size() - before;
   run_->contentsAreFresh = false;
   run_->changed.notify_all();
 }
@@ -65,6 +65,7 @@ void RefreshEngine::StartRefresh() {
     const MutexLock lock(run_->lock);
     if (run_->stopping || run_->monitorRuns || !run_->queue.HasWaiting()) return;
     run_->monitorRuns = true;
+    run_->BeginCount();
   }
   if (monitor_.joinable()) monitor_.join();
   if (StartThread(monitor_, [run = run_] { RunRefreshMonitor(run); })) return;
@@ -85,6 +86,25 @@ bool RefreshEngine::IsAnyChannelQueued(std::span<const int> channelIds) const {
     if (run_->queue.Contains(channelId)) return true;
   }
   return false;
+}
+
+// A channel that is at work leaves the queue at once: it may be queued again for the next run.
+void RefreshEngine::StopRun() {
+  std::vector<SharedJob> jobs;
+  {
+    const MutexLock lock(run_->lock);
+    if (!run_->monitorRuns || run_->stopping) return;
+    run_->sums.wasStopped = true;
+    run_->queue.RemoveWaiting();
+    jobs = run_->DropJobs();
+    for (const SharedJob& job : jobs) run_->queue.Remove(job->channelId);
+  }
+  AskToStop(jobs);
+}
+
+RefreshSums RefreshEngine::Sums() const {
+  const MutexLock lock(run_->lock);
+  return run_->sums;
 }
 
 void RefreshEngine::Stop() {

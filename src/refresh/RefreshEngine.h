@@ -14,14 +14,14 @@
 namespace feedloom {
 
 // A process has at most one engine for a work folder. Only the thread that constructed the engine,
-// its owner, may call its functions, except IsChannelQueued, IsAnyChannelQueued and
+// its owner, may call its functions, except IsChannelQueued, IsAnyChannelQueued, Sums and
 // Enqueue, which any thread may call.
 //
 // The engine sends `frame` kMessageChannelWorker (when a worker begins, and when one is stopped at
 // the time limit), kMessageChannelInserted and kMessageChannelResult. It sends `host`
-// kMessageRefreshBegan and kMessageRefreshEnded. Messages come from the engine's threads. A target
-// that passes them on to the owner's thread must answer at once while the owner is inside Stop,
-// which waits for the sender.
+// kMessageRefreshBegan, kMessageRefreshProgress and kMessageRefreshEnded. Messages come from the
+// engine's threads. A target that passes them on to the owner's thread must answer at once while
+// the owner is inside Stop, which waits for the sender.
 class RefreshEngine {
  public:
   // Removes the temporary files that a crash has left in the work folder. The targets must outlive
@@ -45,6 +45,15 @@ class RefreshEngine {
   bool IsChannelQueued(int channelId) const;
   // Returns whether IsChannelQueued holds for one of `channelIds`, taking the lock once.
   bool IsAnyChannelQueued(std::span<const int> channelIds) const;
+
+  // Ends the run under way and returns at once: drops the entries that wait, and asks the workers
+  // to stop. Posts stored so far stay. A channel that was stopped keeps the state of its last
+  // refresh. The run's end is announced when the workers that store posts have ended; what is
+  // queued meanwhile is refreshed by a run of its own behind it. Without a run does nothing.
+  void StopRun();
+
+  // What the run under way, or the latest one, has done. At kRunEnded it is the run's result.
+  RefreshSums Sums() const;
 
   // Ends the run and refuses further ones: discards the entries that wait, stops the workers, and
   // waits for them until RefreshLimits::stopTimeout, or as long as a message is being sent.

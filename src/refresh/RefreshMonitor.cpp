@@ -44,9 +44,14 @@ class JobReport : public WorkerReport {
     }
   }
 
-  void Inserted(int stored, int missing) override {
-    if (!run_.newPosts || stored + missing == 0 || !Begin(true)) return;
-    run_.newPosts(job_.channelId, stored, missing);
+  void Inserted(const Changes& posts) override {
+    {
+      const MutexLock lock(run_.lock);
+      auto& all = run_.sums.posts;
+      all.insert(all.end(), posts.inserted.begin(), posts.inserted.end());
+    }
+    if (!run_.newPosts || posts.rows + posts.failed == 0 || !Begin(true)) return;
+    run_.newPosts(job_.channelId, posts.rows, posts.failed);
     Finish(Phase::Working);
   }
 
@@ -63,11 +68,10 @@ class JobReport : public WorkerReport {
     if (!Begin()) return;
     if (storesState) SetChannelState(*run_.services->store, job_.channelId, result);
     run_.frame.Send(kMessageChannelResult, result, job_.channelId);
-    Finish(Phase::Ended);
+    Finish(Phase::Ended, result != kChannelRefreshed);
   }
 
-  // Returns whether the worker may report. One that was dropped at the time limit may only when
-  // `evenDropped`.
+  // Returns whether the worker may report. One that was dropped may only when `evenDropped`.
   bool Begin(bool evenDropped = false) {
     const MutexLock lock(run_.lock);
     const bool isDropped = job_.phase == Phase::Dropped;
@@ -75,12 +79,14 @@ class JobReport : public WorkerReport {
     return job_.isReporting;
   }
 
-  void Finish(Phase next) {
+  // The entry of a dropped worker has gone: one of the same channel waits for the next run.
+  void Finish(Phase next, bool hasFailed = false) {
     const MutexLock lock(run_.lock);
     job_.isReporting = false;
-    if (job_.phase != Phase::Dropped) job_.phase = next;
-    if (next == Phase::Ended) run_.queue.Remove(job_.channelId);
     run_.changed.notify_all();
+    if (job_.phase == Phase::Dropped) return;
+    job_.phase = next;
+    if (next == Phase::Ended) run_.Leave(job_.channelId, hasFailed);
   }
 
   RefreshRun& run_;
@@ -99,7 +105,7 @@ void RunWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job) {
 
 // The monitor's next action: chosen under the lock, done without it.
 struct Step {
-  enum class Kind { LoadContents, Start, Stop, Finish } kind = Kind::Finish;
+  enum class Kind { Tell, LoadContents, Start, Stop, Finish } kind = Kind::Finish;
   SharedJob job;
   // Of a job to stop:
   int channelId = 0;
@@ -122,7 +128,7 @@ SharedJob DropOverdue(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   });
   if (overdue == run.jobs.rend()) return nullptr;
   (*overdue)->phase = Phase::Dropped;
-  run.queue.Remove((*overdue)->channelId);
+  run.Leave((*overdue)->channelId, (*overdue)->resultIfStopped != kChannelRefreshed);
   return *overdue;
 }
 
@@ -155,11 +161,32 @@ void WaitForChange(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
   }
 }
 
-Step NextStep(RefreshRun& run) {
+// Waits for the workers of a run that was stopped: as long as they store posts or send a message,
+// for the others until the stop timeout. So none of them meets the next run.
+void AwaitStopped(RefreshRun& run) FEEDLOOM_REQUIRES(run.lock) {
+  const auto until = std::chrono::steady_clock::now() + run.limits.stopTimeout;
+  const auto isAwaited = [](const SharedJob& job) { return IsRunning(job) || job->isReporting; };
+  for (run.Reap(); !run.jobs.empty() && !run.stopping; run.Reap()) {
+    if (std::ranges::any_of(run.jobs, isAwaited)) {
+      run.changed.wait(run.lock);
+    } else if (run.changed.wait_until(run.lock, until) == std::cv_status::timeout) {
+      return;
+    }
+  }
+}
+
+// How many channels have ended, and of how many.
+using Progress = std::pair<int, int>;
+
+// `told` is what the host was told, and is told with Step::Kind::Tell.
+Step NextStep(RefreshRun& run, Progress& told) {
   const MutexLock lock(run.lock);
   for (;;) {
     run.Reap();
-    if (run.stopping) return {};
+    if (run.sums.wasStopped) AwaitStopped(run);
+    if (run.stopping || run.sums.wasStopped) return {};
+    const Progress progress(run.sums.done, run.sums.total);
+    if (std::exchange(told, progress) != progress) return {Step::Kind::Tell, nullptr};
     if (const SharedJob overdue = DropOverdue(run)) {
       return {Step::Kind::Stop, overdue, overdue->channelId, overdue->resultIfStopped};
     }
@@ -187,7 +214,7 @@ void StartWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job) {
     const MutexLock lock(run->lock);
     if (StartThread(job->thread, [run, job] { RunWorker(run, job); })) return;
     std::erase(run->jobs, job);
-    run->queue.Unclaim();
+    if (job->phase != Phase::Dropped) run->queue.Unclaim();
     run->workers = std::ranges::count_if(run->jobs, IsRunning);
     if (run->workers > 0) return;
   }
@@ -205,8 +232,13 @@ void ProcessQueue(const std::shared_ptr<RefreshRun>& run) {
     const MutexLock lock(run->lock);
     run->workers = run->limits.workers;
   }
-  for (Step step = NextStep(*run); step.kind != Step::Kind::Finish; step = NextStep(*run)) {
+  Progress told;
+  for (Step step = NextStep(*run, told); step.kind != Step::Kind::Finish;
+       step = NextStep(*run, told)) {
     switch (step.kind) {
+      case Step::Kind::Tell:
+        run->host.Send(kMessageRefreshProgress, told.first, told.second);
+        break;
       case Step::Kind::LoadContents:
         LoadStoredContents(*run);
         break;
@@ -234,6 +266,7 @@ bool TryEndRun(RefreshRun& run) {
   const MutexLock lock(run.lock);
   if (run.stopping) run.queue.RemoveWaiting();
   run.monitorRuns = run.queue.HasWaiting();
+  if (run.monitorRuns) run.BeginCount();
   return !run.monitorRuns;
 }
 

@@ -31,6 +31,8 @@ class RefreshQueue {
   void Unclaim() { --firstWaiting_; }
 
   bool HasWaiting() const { return firstWaiting_ != entries_.end(); }
+  // The number of entries, waiting or not.
+  int Size() const { return static_cast<int>(entries_.size()); }
   bool Contains(int channelId) const { return byId_.contains(channelId); }
 
   // Gives the entries of `channelId` the id `newId`, after the channel was inserted into the store.

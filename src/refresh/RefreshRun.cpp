@@ -2,6 +2,21 @@
 
 namespace feedloom {
 
+void RefreshRun::Leave(int channelId, bool hasFailed) {
+  const int before = queue.Size();
+  queue.Remove(channelId);
+  sums.done += before - queue.Size();
+  if (hasFailed) ++sums.failed;
+}
+
+std::vector<SharedJob> RefreshRun::DropJobs() {
+  for (const SharedJob& job : jobs) {
+    if (job->phase == RefreshJob::Phase::Working) job->phase = RefreshJob::Phase::Dropped;
+  }
+  changed.notify_all();
+  return jobs;
+}
+
 void RefreshRun::GiveUp() {
   {
     const MutexLock guard(lock);

@@ -13,6 +13,7 @@
 
 #include "fetch/FetchServices.h"
 #include "refresh/RefreshQueue.h"
+#include "refresh/RefreshSums.h"
 #include "refresh/RefreshWorker.h"
 #include "store/Channels.h"
 #include "threads/MessageTarget.h"
@@ -38,7 +39,7 @@ struct RefreshJob {
   enum class Phase {
     Working,  // may be stopped
     Ended,    // has sent its result
-    Dropped,  // was stopped: sends no further message
+    Dropped,  // was stopped, and its entry removed: sends no further message
   };
 
   Channel entry;
@@ -83,8 +84,19 @@ struct RefreshRun {
   bool contentsAreFresh FEEDLOOM_GUARDED_BY(lock) = false;
   // How many workers may run: fewer than the limit after the system has refused a thread.
   std::ptrdiff_t workers FEEDLOOM_GUARDED_BY(lock) = limits.workers;
+  RefreshSums sums FEEDLOOM_GUARDED_BY(lock);
   bool monitorRuns FEEDLOOM_GUARDED_BY(lock) = false;
   bool stopping FEEDLOOM_GUARDED_BY(lock) = false;
+
+  // Begins to count for a run over the entries in the queue.
+  void BeginCount() FEEDLOOM_REQUIRES(lock) { sums = {.total = queue.Size()}; }
+
+  // Removes the entries of a channel that has ended, and counts them.
+  void Leave(int channelId, bool hasFailed) FEEDLOOM_REQUIRES(lock);
+
+  // Drops the workers that have not ended, and returns all of them. They are to be asked to stop
+  // without the lock.
+  std::vector<SharedJob> DropJobs() FEEDLOOM_REQUIRES(lock);
 
   // Drops the entries that wait, because the system has refused a thread, and reports that.
   void GiveUp() FEEDLOOM_EXCLUDES(lock);

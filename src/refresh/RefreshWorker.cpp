@@ -81,7 +81,7 @@ bool StoreChannel(ChannelRecord& record, Store& store, WorkerReport& report,
     Connection connection(store);
     if (connection) posts = StoreInOneOperation(connection, record, report, stop);
   }
-  report.Inserted(posts.rows, posts.failed);
+  report.Inserted(posts);
   return posts.failed == 0;
 }
 

@@ -8,6 +8,7 @@
 #include "fetch/LargeDocuments.h"
 #include "net/TransferPool.h"
 #include "refresh/RefreshQueue.h"
+#include "store/Connection.h"
 #include "threads/Messages.h"
 
 namespace feedloom {
@@ -20,9 +21,9 @@ class WorkerReport {
   virtual void Fetched() = 0;
   // A channel with a negative id has become `channelId`: inserted now, or found in the store.
   virtual void Stored(int channelId, bool newlyInserted) = 0;
-  // `stored` new posts were inserted, and `missing` ones could not be. Comes also when the worker
-  // was stopped at its time limit.
-  virtual void Inserted(int stored, int missing) = 0;
+  // New posts were inserted, or could not be (InsertChannelPosts). Comes also when the worker was
+  // stopped.
+  virtual void Inserted(const Changes& posts) = 0;
   // The server has answered that the document has not changed. No call follows.
   virtual void Unchanged() = 0;
   // The refresh has ended with `result`. No call follows.

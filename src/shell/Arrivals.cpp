@@ -61,6 +61,7 @@ void Arrivals::OnMessage(unsigned number, int first, int second) {
     case kMessageChannelWorker:
       return OnWorker(first, second != 0);
     case kMessageChannelInserted:
+      atWork_.insert(first);
       return left_.AddStoredChannel(first);
     default:
       return;
@@ -81,8 +82,8 @@ void Arrivals::OnResult(int result, int channelId) {
       TellOf(kTextRefreshError, channelId);
       break;
     case kRunEnded:
-      atWork_.clear();
       CountNow();
+      EndWork();
       LookForChanges();
       break;
     default:
@@ -97,6 +98,13 @@ void Arrivals::OnWorker(int channelId, bool isNew) {
   if (isNew || atWork_.insert(channelId).second) return;
   Recount(false);
   atWork_.erase(channelId);
+}
+
+// Workers that have begun and not reported were stopped with the run. They may have stored posts.
+void Arrivals::EndWork() {
+  if (atWork_.empty()) return;
+  CountArrivedBy([&] { left_.RecountUnread(false); });
+  atWork_.clear();
 }
 
 void Arrivals::Recount(bool ofScrapPosts) {
@@ -247,6 +255,8 @@ void Arrivals::TellOf(const char* textKey, int channelId) {
 
 void Arrivals::TellReceived() {
   for (const int id : std::exchange(counted_, {})) TellOf(kTextReceivedChannel, id);
+  // A failure of the store that came last says more.
+  if (waiting_.empty() && !endText_.empty()) desk_.ReportPage(std::exchange(endText_, {}), false);
 }
 
 }  // namespace feedloom

@@ -3,7 +3,9 @@
 #include <QTimer>
 #include <memory>
 #include <optional>
+#include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "store/Counts.h"
@@ -41,6 +43,10 @@ class Arrivals {
   // the run's end what waits is counted before the call returns.
   void OnMessage(unsigned number, int first, int second);
 
+  // `text` is the status text of a run that ends; it is told behind those of its channels. An empty
+  // one is not told. To be called before the message of the run's end.
+  void TellAtEnd(std::string text) { endText_ = std::move(text); }
+
   // As Reading::RecountUnread. Posts that workers have stored, and that are not counted yet, are
   // added to the unread total.
   void Recount(bool ofScrapPosts);
@@ -58,6 +64,7 @@ class Arrivals {
 
   void OnResult(int result, int channelId);
   void OnWorker(int channelId, bool isNew);
+  void EndWork();
   template <typename Read, typename Take>
   void ReadBehind(Read read, Take take);
   void ReadNext();
@@ -90,6 +97,7 @@ class Arrivals {
   std::unordered_set<int> atWork_;  // channels whose workers have begun and not reported yet
   std::vector<int> waiting_;        // channels that were refreshed and are not counted yet
   std::vector<int> counted_;        // channels whose status texts are due
+  std::string endText_;             // due behind them
 };
 
 }  // namespace feedloom

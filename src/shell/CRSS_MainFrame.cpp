@@ -14,6 +14,7 @@
 #include "shell/FrameKeys.h"
 #include "shell/PaneSizes.h"
 #include "shell/ReadingRetry.h"
+#include "shell/RefreshTexts.h"
 #include "shell/SettingsStore.h"
 #include "shell/SubscriptionExchange.h"
 #include "skin/Keys.h"
@@ -82,7 +83,7 @@ void CRSS_MainFrame::StopRefresh() {
 
 void CRSS_MainFrame::EndRefresh() {
   StopRefresh();
-  if (hostShowsBusy_) OnRefreshMessage(kMessageRefreshEnded);
+  if (hostShowsBusy_) TellHost(kMessageRefreshEnded, 0, 0);
 }
 
 void CRSS_MainFrame::BuildPanes() {
@@ -182,8 +183,8 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
     case kMessageChannelResult:
     case kMessageChannelWorker:
     case kMessageChannelInserted:
+      if (number == kMessageChannelResult && wParam == kRunEnded) OnRunEnded();
       arrivals_->OnMessage(number, static_cast<int>(wParam), static_cast<int>(lParam));
-      if (number == kMessageChannelResult && wParam == kRunEnded) SetRefreshBusy(false);
       break;
     case kMessageListImported:
       EndImport(wParam == 0);
@@ -200,16 +201,24 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
     case kMessageRefreshAll:
       left_->RefreshAll();
       break;
+    case kMessageStopRefresh:
+      refresh_.StopRun();
+      break;
     default:
       break;
   }
   return 0;
 }
 
-void CRSS_MainFrame::OnRefreshMessage(unsigned number) {
-  hostShowsBusy_ = number == kMessageRefreshBegan;
-  if (hostShowsBusy_) SetRefreshBusy(true);
-  SendToWindow(window(), number, 0);
+void CRSS_MainFrame::OnRunEnded() {
+  arrivals_->TellAtEnd(RefreshSumsText(skin_, refresh_.Sums()));
+  SetRefreshBusy(false);
+}
+
+void CRSS_MainFrame::TellHost(unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
+  hostShowsBusy_ = number != kMessageRefreshEnded;
+  if (number == kMessageRefreshBegan) SetRefreshBusy(true);
+  SendToWindow(window(), number, wParam, lParam);
 }
 
 void CRSS_MainFrame::SetRefreshBusy(bool busy) {

@@ -115,7 +115,8 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   void SetPreviewMode();
   void StopRefresh();
   void EndImport(bool isRead);
-  void OnRefreshMessage(unsigned number);
+  void OnRunEnded();
+  void TellHost(unsigned number, std::intptr_t wParam, std::intptr_t lParam);
   void SetRefreshBusy(bool busy);
 
   const std::shared_ptr<InterfaceThread> interfaceThread_;
@@ -132,8 +133,8 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
                         [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
                           return OnMessage(number, wParam, lParam);
                         },
-                        [this](unsigned number, std::intptr_t, std::intptr_t) {
-                          OnRefreshMessage(number);
+                        [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
+                          TellHost(number, wParam, lParam);
                           return std::intptr_t{0};
                         }};
   std::unique_ptr<SubscriptionExchange> exchange_;  // null after StopRefresh, as the next

@@ -16,6 +16,12 @@ void FrameRefresh::Stop() {
   engine_.reset();
 }
 
+void FrameRefresh::StopRun() {
+  if (engine_) engine_->StopRun();
+}
+
+RefreshSums FrameRefresh::Sums() const { return engine_ ? engine_->Sums() : RefreshSums(); }
+
 bool FrameRefresh::IsAnyChannelQueued(std::span<const int> channelIds) const {
   return engine_ && engine_->IsAnyChannelQueued(channelIds);
 }

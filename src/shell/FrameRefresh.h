@@ -22,6 +22,10 @@ class FrameRefresh : public Refreshing {
   // Ends the refresh and the feed check for good: nothing is queued, refreshed or checked any more.
   void Stop();
 
+  // As RefreshEngine::StopRun and RefreshEngine::Sums.
+  void StopRun();
+  RefreshSums Sums() const;
+
   bool IsAnyChannelQueued(std::span<const int> channelIds) const override;
   void QueueRefresh(std::vector<Channel> entries) override;
   void StartRefresh() override;

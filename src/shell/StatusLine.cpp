@@ -8,8 +8,8 @@
 
 namespace feedloom {
 
-void SendToWindow(QWidget* window, unsigned number, std::intptr_t lParam) {
-  WindowMessage message(number, 0, lParam);
+void SendToWindow(QWidget* window, unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
+  WindowMessage message(number, wParam, lParam);
   if (window != nullptr) QCoreApplication::sendEvent(window, &message);
 }
 
@@ -35,7 +35,7 @@ void StatusLine::ClearFailure() {
 }
 
 void StatusLine::Send() {
-  SendToWindow(frame_.parentWidget(), kMessageShowText, reinterpret_cast<std::intptr_t>(&text_));
+  SendToWindow(frame_.parentWidget(), kMessageShowText, 0, reinterpret_cast<std::intptr_t>(&text_));
 }
 
 }  // namespace feedloom

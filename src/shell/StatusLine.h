@@ -9,7 +9,7 @@ class QWidget;
 namespace feedloom {
 
 // Sends a message to a window of the host; does nothing without one. Interface thread.
-void SendToWindow(QWidget* window, unsigned number, std::intptr_t lParam);
+void SendToWindow(QWidget* window, unsigned number, std::intptr_t wParam, std::intptr_t lParam);
 
 // The status text that the host shows, and which texts may replace a failure of the store. Texts
 // are in the module's code page. Interface thread only.

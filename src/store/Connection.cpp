@@ -133,6 +133,9 @@ Changes Connection::Transact(std::span<const std::string> statements,
     }
     if (Step(sql.c_str(), failures)) {
       changes.rows += sqlite3_changes(handle_);
+      if (sqlite3_changes(handle_) == 1) {
+        changes.inserted.push_back(static_cast<int>(sqlite3_last_insert_rowid(handle_)));
+      }
     } else {
       ++changes.failed;
     }

@@ -42,6 +42,7 @@ class ResultTable {
 struct Changes {
   int rows = 0;    // inserted, updated or deleted, and committed
   int failed = 0;  // statements that failed or were not run, or whose rows were lost again
+  std::vector<int> inserted{};  // when the statements insert one row each: the ids of those rows
 };
 
 // A connection to the database. An object belongs to one thread.

@@ -173,7 +173,9 @@ Changes InsertChannelPosts(Connection& connection, const ChannelRecord& record,
   Slice slice;
   const auto store = [&] {
     const Changes changes = connection.ExecuteTogether(std::exchange(slice, {}).statements);
-    all = {all.rows + changes.rows, all.failed + changes.failed};
+    all.rows += changes.rows;
+    all.failed += changes.failed;
+    all.inserted.insert(all.inserted.end(), changes.inserted.begin(), changes.inserted.end());
   };
   for (const NewPost& post : record.posts) {
     if (!known->insert(UnescapeEntities(post.link)).second) continue;

@@ -21,12 +21,14 @@ enum Message : unsigned {
   kMessageShowText = 0x3063,  // lParam a const std::string*, in the module's code page
   kMessageRefreshBegan = 0x5601,
   kMessageRefreshEnded = 0x5602,
+  kMessageRefreshProgress = 0x5603,  // wParam and lParam: so many channels are done, of so many
 
   // From the host to the frame. The parameters are ignored; the answer is 0.
   kMessageShowTextAgain = 0x3079,
   kMessageOpenPanel = 0x307B,
   kMessageRefreshAll = 0x307C,
   kMessageViewChanged = 0x307D,
+  kMessageStopRefresh = 0x307E,
 };
 
 // The wParam of kMessageChannelResult.

@@ -12,12 +12,14 @@
 
 namespace feedloom {
 
-struct HostWindowTest : testing::Test {
+struct HostWindowTest : QObject, testing::Test {
   HostWindowTest() {
     SetHostTables(ReadHostTexts(skin_.Get().Config()), CodePage::Korean());
     window_ = std::make_unique<HostWindow>("Halvix", Appearance{"dark", "KOR"},
                                            ViewChoices{false, ListPlace::Beside});
-    window_->SetFrame(new QWidget(window_->ModuleParent()));
+    auto* const frame = new QWidget(window_->ModuleParent());
+    frame->installEventFilter(this);
+    window_->SetFrame(frame);
     window_->resize(400, 300);
     window_->show();
   }
@@ -28,11 +30,18 @@ struct HostWindowTest : testing::Test {
     QCoreApplication::processEvents();
   }
 
+  bool eventFilter(QObject* /*frame*/, QEvent* event) override {
+    if (event->type() != WindowMessage::kType) return false;
+    told_.push_back(static_cast<WindowMessage*>(event)->number);
+    return true;
+  }
+
   const ShippedSkin skin_;
+  std::vector<unsigned> told_;  // to the frame
   std::unique_ptr<HostWindow> window_;
 };
 
-TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAreAndIsBusyWhileItRefreshes) {
+TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAre) {
   const auto& status = *window_->statusBar()->findChild<QLabel*>();
   const std::string bytes = CodePage::Korean().FromUtf8("똠방각하 <b>새</b>\r\n글 ");
   const std::string text = bytes + std::string(5000, 'x');
@@ -43,11 +52,23 @@ TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAreAndIsBusyWhileItRef
   EXPECT_EQ(window_->width(), 400);
   EXPECT_TRUE(status.toolTip().startsWith("<p>똠방각하 &lt;b&gt;새&lt;/b&gt;\r\n글 "));
   EXPECT_TRUE(status.accessibleDescription().startsWith("똠방각하 <b>"));
+}
 
+TEST_F(HostWindowTest, ShowsHowFarARefreshIsAndStopsIt) {
   const auto& busy = *window_->statusBar()->findChild<QProgressBar*>();
+  auto& stop = *window_->statusBar()->findChild<QToolButton*>();
   for (const unsigned message : {kMessageRefreshBegan, kMessageRefreshEnded}) {
     Send(window_.get(), message);
-    EXPECT_EQ(busy.isVisible(), message == kMessageRefreshBegan);
+    const bool isRunning = message == kMessageRefreshBegan;
+    EXPECT_TRUE(busy.isVisible() == isRunning && stop.isVisible() == isRunning);
+    EXPECT_TRUE(busy.text().isEmpty() && stop.defaultAction()->isEnabled() == isRunning);
+    if (!isRunning) break;
+    WindowMessage progress(kMessageRefreshProgress, 12, 35);
+    QCoreApplication::sendEvent(window_.get(), &progress);
+    EXPECT_EQ(busy.text(), "12/35");
+    stop.click();
+    EXPECT_EQ(told_, std::vector<unsigned>{kMessageStopRefresh});
+    EXPECT_FALSE(stop.isEnabled());
   }
 }
 
@@ -56,7 +77,8 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   for (const auto* action : window_->findChildren<QAction*>())
     all << action->text() + (action->isChecked() ? "*" : "") + action->shortcut().toString();
   EXPECT_EQ(all.join(' ').toStdString(),
-            "파일(&F) 모든 채널 새로 고침(&R)Ctrl+R 마지막 메시지 보기(&M) 환경 설정(&S)…  "
+            "파일(&F) 모든 채널 새로 고침(&R)Ctrl+R 새로 고침 멈춤(&T) 마지막 메시지 보기(&M) 환경 "
+            "설정(&S)…  "
             "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E)  "
             "목록을 글 위에(&T) 목록을 글 옆에(&B)*  링크를 시스템 브라우저에서 열기(&S) "
             "도움말(&H) Feedloom 정보(&A) ");

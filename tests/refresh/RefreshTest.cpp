@@ -172,18 +172,47 @@ TEST_F(Refresh, StopsAWorkerAtTheTimeLimitAndKeepsWhatItStored) {
   kit_.db.Sql(
       "create trigger slow after insert on TB_POST begin select (with recursive n(i) as (select 1 "
       "union all select i + 1 from n where i < 60000) select count(*) from n); end");
-  engine_->Enqueue({Entry(1, "/slow")});
-  StatementLog log;
-  const std::string said = Run([&] {
-    for (std::size_t inserts = 0; inserts < 100; inserts += log.Take().size())
-      std::this_thread::yield();
-    RunOut();
-  });
-  EXPECT_TRUE(said.ends_with("R1,0 0")) << "its document was there";
-  EXPECT_EQ(std::ranges::count(said, 'W'), 2);
-  const int counted = Posts() + 1000 * (300 - Posts());
-  EXPECT_NE(said.find(fmt::format("N1,{} ", counted)), std::string::npos) << said;
-  EXPECT_TRUE(Posts() > 0 && Posts() < 300) << Posts();
+  for (const bool byUser : {false, true}) {
+    kit_.db.Sql("delete from TB_POST");
+    engine_->Enqueue({Entry(1, "/slow")});
+    StatementLog log;
+    const std::string said = Run([&] {
+      for (std::size_t inserts = 0; inserts < 100; inserts += log.Take().size())
+        std::this_thread::yield();
+      byUser ? engine_->StopRun() : RunOut();
+    });
+    EXPECT_TRUE(said.ends_with("R1,0 0")) << "its document was there";
+    EXPECT_EQ(std::ranges::count(said, 'W'), byUser ? 1 : 2);
+    const int counted = Posts() + 1000 * (300 - Posts());
+    EXPECT_NE(said.find(fmt::format("N1,{} ", counted)), std::string::npos) << said;
+    EXPECT_TRUE(Posts() > 0 && Posts() < 300) << Posts();
+    EXPECT_EQ(static_cast<int>(engine_->Sums().posts.size()), Posts());
+  }
+}
+
+TEST_F(Refresh, TellsHowFarItIsAndWhenItIsStoppedLosesNothingThatIsAskedForThen) {
+  std::string sums;
+  onMessage_ = [&](auto& sent) {
+    if (sent != SentMessage{kMessageChannelResult, kRunEnded, 0}) return;
+    const RefreshSums sum = engine_->Sums();
+    sums += fmt::format("{}/{} {} failed, {} posts{} ", sum.done, sum.total, sum.failed,
+                        sum.posts.size(), sum.wasStopped ? ", stopped" : "");
+  };
+  kit_.server.Serve("/a", NumberedRss("c", "http://l/", 2));
+  for (const char* path : {"/a", "/absent"}) Queue(path);
+  BeginToHang(6);
+  EXPECT_EQ(host_.All().back(), (SentMessage{kMessageRefreshProgress, 2, 8}));
+  Queue("/a");
+  kit_.server.Serve("/hang", NumberedRss("c", "http://l/", 2));
+  engine_->StopRun();
+  engine_->Enqueue({Entry(3, "/a")});  // one that is being stopped
+  engine_->StartRefresh();
+  for (int run = 0; run < 2; ++run) RunEnds();
+  EXPECT_EQ(sums, "2/9 1 failed, 2 posts, stopped 1/1 0 failed, 2 posts ");
+  EXPECT_EQ(host_.All()[host_.All().size() - 2], (SentMessage{kMessageRefreshProgress, 1, 1}));
+  EXPECT_EQ(kit_.db.Count("TB_CHANNEL where channel_state = 0"), 8);
+  engine_->StopRun();  // does nothing: no run is under way
+  EXPECT_EQ(Again("/a", "delete from TB_POST").substr(0, 17), "W1,0 N1,2 R0,1 R1");
 }
 
 TEST_F(Refresh, AStopWaitsForNoServerAndLeavesNothingBehind) {
@@ -204,7 +233,8 @@ TEST_F(Refresh, AStopWaitsForNoServerAndLeavesNothingBehind) {
   engine_->Stop();
   EXPECT_EQ(frame_.All().back(), (SentMessage{kMessageChannelResult, kRunEnded, 0}));
   EXPECT_EQ(host_.All(),
-            (std::vector<SentMessage>{{kMessageRefreshBegan}, {kMessageRefreshEnded}}));
+            (std::vector<SentMessage>{
+                {kMessageRefreshBegan}, {kMessageRefreshProgress, 0, 8}, {kMessageRefreshEnded}}));
 }
 
 TEST_F(Refresh, AWorkerStoppedInTheMiddleOfAMessageEndsItAndSaysNothingMore) {

@@ -82,10 +82,10 @@ TEST_F(Arrivals, AreCountedOnceAlsoOfAWorkerThatWasStopped) {
       {{recount}, 2, "F(2) A(2)* B C "},
       {{end, told}, 3, "F(3) A(3)* B C "},
       {{recount}, 3, "F(4) A(4)* B C "},              // no worker has the channel now
-      {{begin, endRun}, 4, "F(5) A(5) B C "},         // another program's
+      {{begin, endRun}, 4, "F(5) A(5)* B C "},        // stopped with the run
       {{begin, end, recount}, 5, "F(6) A(6)* B C "},  // before the batch is counted
-      {{endRun, begin}, 6, "F(7) A(7) B C "},
-      {{begin}, 7, "F(8) A(8)* B C "}};  // stopped
+      {{endRun, begin}, 6, "F(7) A(7) B C "},         // another program's
+      {{begin}, 7, "F(8) A(8)* B C "}};               // stopped
   for (const auto& [acts, total, rows] : steps) {
     AddPosts(1, 1);
     for (const auto& act : acts) act();

@@ -150,6 +150,28 @@ TEST_F(Module, EndsAtAnyMomentOfARefreshKeepsWhatWasStoredAndTellsAHostThatIsThe
   }
 }
 
+TEST_F(Module, TellsBehindARefreshWhatItHasBroughtAlsoWhenTheHostStopsIt) {
+  server_.Serve("/1", NumberedRss("Feed", "http://example.com/", 3));
+  server_.Hang("/2");
+  Sql("delete from TB_CHANNEL");
+  Sql("insert into TB_CHANNEL(channel_title, channel_xmllink, channel_folderID, channel_order) "
+      "select value, '" +
+      server_.Url("/") + "' || value, 1, value from json_each('[1,2,3]')");
+  CreateFrame();
+  Send(kMessageRefreshAll);
+  const std::string failed = "채널을 새로 고치지 못했습니다: 3";
+  EXPECT_TRUE(
+      WaitUntil([&] { return Labels().contains("  1(3)") && server_.Requests("/2") == 1; }));
+  EXPECT_TRUE(WaitUntil([&] { return std::ranges::count(texts_, failed) == 1; }));
+  Send(kMessageStopRefresh);
+  EXPECT_TRUE(WaitForRun());
+  EXPECT_EQ(texts_.back(), "멈춤: 채널 2/3개, 새 글 3개, 채널 1개 실패");
+  server_.Serve("/2", NumberedRss("Feed", "http://example.org/", 1));
+  Send(kMessageRefreshAll);
+  EXPECT_TRUE(WaitForRun());
+  EXPECT_TRUE(WaitUntil([&] { return texts_.back() == "새 글 1개, 채널 1개 실패"; }));
+}
+
 TEST_F(Module, EndsInTheMiddleOfAnImportWhileADialogIsOpen) {
   const TempFolder files;
   std::string list;
