@@ -1,6 +1,5 @@
 #include "controls/CVxDialog.h"
 
-#include <QBitmap>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
@@ -8,10 +7,10 @@
 #include <memory>
 
 #include "controls/CButtonEx.h"
+#include "controls/CutShape.h"
 #include "look/QtText.h"
 #include "look/SkinFont.h"
 #include "look/SkinPalette.h"
-#include "look/SkinPieces.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "skin/Skin.h"
@@ -41,9 +40,9 @@ void CVxDialog::SetColorKey(const QColor& color) {
 // A mask works on every desktop. A translucent background would be black without a compositor.
 void CVxDialog::CutOut() {
   if (background_.isNull() || !colorKey_.isValid()) return;
-  QPixmap ground = background_.scaled(SizeOf(background_));  // a mask has device-independent pixels
-  ground.setDevicePixelRatio(1);
-  setMask(ground.createMaskFromColor(colorKey_));
+  const QImage image = background_.toImage().convertToFormat(QImage::Format_RGB32);
+  setMask(ShapeWithout(image, colorKey_, devicePixelRatio()));
+  background_ = QPixmap::fromImage(FilledWithout(image, colorKey_));
 }
 
 CButtonEx* CVxDialog::MakeButton(const char* section, const char* imageKey, const char* textKey) {
@@ -83,7 +82,9 @@ void CVxDialog::keyPressEvent(QKeyEvent* event) {
 
 void CVxDialog::paintEvent(QPaintEvent* event) {
   QDialog::paintEvent(event);
-  if (!background_.isNull()) QPainter(this).drawPixmap(0, 0, background_);
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  if (!background_.isNull()) painter.drawPixmap(0, 0, background_);
 }
 
 bool RunDialog(CVxDialog* dialog, const std::function<void()>& read) {

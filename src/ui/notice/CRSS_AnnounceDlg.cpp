@@ -28,6 +28,9 @@ constexpr QColor kColorKey(0xFF, 0x00, 0xFF);
 constexpr QColor kTextOnLightBackground(0x1F, 0x2D, 0x36);
 constexpr QColor kTextOnDarkBackground(0xF0, 0xF5, 0xF7);
 
+// As long as it takes clicks, the window can be seen: it is never fainter than at 80 per cent.
+constexpr int kFaintest = kInvisible * 80 / 100;
+
 constexpr int kCaptionPixels = 12;
 constexpr int kCountPixels = 24;
 
@@ -113,7 +116,7 @@ void CRSS_AnnounceDlg::ApplyMotion() {
     return;
   }
   setGeometry(motion_.Geometry());
-  SetAlphaValue(std::min(motion_.FadeLevel(), kInvisible));
+  SetAlphaValue(std::min(motion_.FadeLevel(), kFaintest));
   setVisible(motion_.IsVisible());
 }
 

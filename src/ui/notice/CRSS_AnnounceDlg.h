@@ -22,7 +22,7 @@ class CRSS_AnnounceDlg : public CVxDialog, private NoticeTimers {
   CRSS_AnnounceDlg(const Skin& skin, QWidget* owner);
 
   // Shows the number of new posts on the owner's screen. `alphaValue` is the result of
-  // NoticeAlphaValue. Call it once.
+  // NoticeAlphaValue; what is above four fifths of kInvisible is shown as that. Call it once.
   void Announce(int count, int alphaValue);
 
  signals:

@@ -4,6 +4,7 @@
 #include <QtWidgets>
 
 #include "controls/CButtonEx.h"
+#include "controls/CutShape.h"
 #include "kit/ShippedSkin.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
 
@@ -53,6 +54,33 @@ TEST(NoticeAnimationTest, BeginsAsTransparentAsTheSettingSaysWithACountOfZeroOrM
   for (const auto& [total, last, count] : counts) EXPECT_EQ(NewPostCount(total, last), count);
 }
 
+// Its border is whole at each scale, and nothing shows the colour that is no part of it.
+TEST(CutShape, LosesCornersOnly) {
+  const QColor key(255, 0, 255);
+  for (const int pixels : {1, 2}) {
+    QImage image(201 * pixels, 98 * pixels, QImage::Format_RGB32);
+    image.fill(key);
+    QPainter painter(&image);
+    painter.setBrush(Qt::blue);
+    painter.setPen(Qt::blue);
+    painter.drawRoundedRect(image.rect().adjusted(0, 0, -1, -1), 7 * pixels, 7 * pixels);
+    painter.end();
+    image.setDevicePixelRatio(pixels);
+    for (const qreal scale : {1., 1.25, 1.5, 1.75, 2.}) {
+      const QRect all(0, 0, static_cast<int>(201 * scale), static_cast<int>(98 * scale));
+      QRegion shape;  // as the toolkit hands it to the screen
+      for (const QRect& part : ShapeWithout(image, key, scale))
+        shape += QRect(part.topLeft() * scale, part.size() * scale);
+      EXPECT_TRUE((QRegion(all.adjusted(14, 0, -14, 0)) - shape).isEmpty()) << scale;
+      EXPECT_TRUE((QRegion(all.adjusted(0, 14, 0, -14)) - shape).isEmpty()) << scale;
+      EXPECT_EQ(shape.contains(QPoint(0, 0)), scale == 1.25 || scale == 1.75) << scale;
+    }
+    QImage blue = image;
+    blue.fill(Qt::blue);
+    EXPECT_EQ(FilledWithout(image, key), blue);
+  }
+}
+
 struct AnnounceDlgTest : testing::Test {
   void Announce(int alphaValue) {
     owner.show();
@@ -68,6 +96,8 @@ struct AnnounceDlgTest : testing::Test {
 };
 
 TEST_F(AnnounceDlgTest, TellsTheCountThenFadesOutAndDeletesItself) {
+  Announce(kInvisible);
+  EXPECT_NEAR(notice->windowOpacity(), 0.2, 0.01) << "it takes clicks";
   Announce(100);
   EXPECT_NEAR(notice->windowOpacity(), 0.6, 0.01);
   EXPECT_EQ(notice->accessibleName(), "업데이트된 새글의 수");
