@@ -22,6 +22,7 @@ inline constexpr char kValueDebugMode[] = "Debug Mode";
 inline constexpr char kValueCodePage[] = "CODEPAGE";
 inline constexpr char kValuePostLinks[] = "POST_LINKS";            // kLinksInPane, kLinksOutside
 inline constexpr char kValueListPlace[] = "LIST_PLACE";            // kListAbove, kListBeside
+inline constexpr char kValueNotice[] = "NOTICE";                   // kNoticeChannels
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
 // The values of kValuePostLinks.
@@ -31,6 +32,9 @@ inline constexpr char kLinksOutside[] = "SYSTEM";
 // The values of kValueListPlace; anything else is the default.
 inline constexpr char kListAbove[] = "ABOVE";
 inline constexpr char kListBeside[] = "BESIDE";
+
+// The value of kValueNotice; anything else is the default.
+inline constexpr char kNoticeChannels[] = "CHANNELS";
 
 // The values of the module's registry key. The first seven are the user's settings, which stand
 // there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.

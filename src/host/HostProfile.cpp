@@ -11,6 +11,7 @@
 
 #include "files/Registry.h"
 #include "host/CommandLine.h"
+#include "profile/HostWishes.h"
 #include "profile/ProfileDefaults.h"
 #include "skin/HostConfig.h"
 #include "skin/Keys.h"
@@ -89,6 +90,7 @@ Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
   if (auto failure = CheckWritable(paths)) return failure;
   if (auto failure = profile.lock.Take(paths.dir)) return failure;
   if (auto failure = RepairSharePaths(paths.dir, ShareDir())) return failure;
+  if (auto failure = StoreHostWishes(paths.dir)) return failure;
   profile.database = KeepDatabase(paths.database, ShareDir(), kPatience);
   return SetLanguage(paths, options.language.value_or(""));
 }

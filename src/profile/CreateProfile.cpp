@@ -9,6 +9,7 @@
 
 #include "files/Path.h"
 #include "files/RegistryFile.h"
+#include "profile/HostWishes.h"
 #include "profile/IniFile.h"
 #include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
@@ -69,6 +70,7 @@ std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir,
       {kHostKey, kValueLanguage, language},
       {kHostKey, kValueCodePage, std::string(codePage.DeclaredName())}};
   std::ranges::move(SharePathsIn(shareDir, kLightSkin), std::back_inserter(entries));
+  std::ranges::move(HostWishes(), std::back_inserter(entries));
   // Without these values the settings would show an age of 0 days, which they do not accept.
   for (const auto& [name, value] : {std::pair{kValueFeedDeleteMode, kNeverDelete},
                                     std::pair{kValueFeedDeleteDate, kDaysToKeep}}) {

@@ -9,6 +9,7 @@
 #include "look/SkinPalette.h"
 #include "look/SkinText.h"
 #include "shell/Arrivals.h"
+#include "shell/ChannelNotice.h"
 #include "shell/Feedloom.h"
 #include "shell/FirstReading.h"
 #include "shell/FrameKeys.h"
@@ -123,6 +124,9 @@ void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
   SetPreviewMode();
   const auto toHere = [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); };
   arrivals_ = std::make_unique<Arrivals>(*this, *this, *left_, store_, mark, toHere);
+  if (skin_.Config().AnnouncesChannels()) {
+    channelNotice_ = std::make_unique<ChannelNotice>(*this, *this, settings_, *this);
+  }
   exchange_ = std::make_unique<SubscriptionExchange>(*this, refresh_, *this, services_, toHere);
   FirstContent start = reading.Finish();
   for (const std::string& failure : reading.Failures()) status_.ReportFailure(failure);
@@ -183,7 +187,7 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
     case kMessageChannelResult:
     case kMessageChannelWorker:
     case kMessageChannelInserted:
-      if (number == kMessageChannelResult && wParam == kRunEnded) OnRunEnded();
+      if (number == kMessageChannelResult && wParam == kRunEnded) return OnRunEnded(), 0;
       arrivals_->OnMessage(number, static_cast<int>(wParam), static_cast<int>(lParam));
       break;
     case kMessageListImported:
@@ -211,23 +215,23 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
 }
 
 void CRSS_MainFrame::OnRunEnded() {
-  arrivals_->TellAtEnd(RefreshSumsText(skin_, refresh_.Sums()));
+  const RefreshSums sums = refresh_.Sums();
+  arrivals_->TellAtEnd(RefreshSumsText(skin_, sums));
+  arrivals_->OnMessage(kMessageChannelResult, kRunEnded, 0);
   SetRefreshBusy(false);
+  if (channelNotice_) channelNotice_->OnRunEnded(sums.posts);
 }
 
 void CRSS_MainFrame::TellHost(unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
   hostShowsBusy_ = number != kMessageRefreshEnded;
   if (number == kMessageRefreshBegan) SetRefreshBusy(true);
+  if (number == kMessageRefreshBegan && channelNotice_) channelNotice_->OnRunBegan();
   SendToWindow(window(), number, wParam, lParam);
 }
 
 void CRSS_MainFrame::SetRefreshBusy(bool busy) {
   left_->SetBusy(busy);
-  if (busy) {
-    setCursor(Qt::WaitCursor);
-  } else {
-    unsetCursor();
-  }
+  busy ? setCursor(Qt::WaitCursor) : unsetCursor();
 }
 
 // The control panel and the announcement of new posts.
@@ -255,13 +259,11 @@ void CRSS_MainFrame::ApplyPanelSettings(const Settings& settings) {
 void CRSS_MainFrame::SetPreviewMode() { rightBottom_->SetMode(settings_.previewMode == 0 ? 1 : 0); }
 
 void CRSS_MainFrame::ShowNewPostNotification() {
-  auto* const window = notice_.Announce(settings_.newFeedMsgTransparency, this);
-  if (window == nullptr) return;
-  connect(window, &CRSS_AnnounceDlg::Clicked, this, [this] {
-    QWidget* const host = this->window();
-    host->setWindowState(host->windowState() & ~Qt::WindowMinimized);
-    host->raise();
-    host->activateWindow();
+  if (channelNotice_) return;
+  auto* const notice = notice_.Announce(settings_.newFeedMsgTransparency, this);
+  if (notice == nullptr) return;
+  connect(notice, &CRSS_AnnounceDlg::Clicked, this, [this] {
+    BringUp(*window());
     left_->ListToday();
   });
 }

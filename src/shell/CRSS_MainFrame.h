@@ -21,6 +21,7 @@
 namespace feedloom {
 
 class Arrivals;
+class ChannelNotice;
 class CRSS_LeftContainer;
 class CRSS_RightBottomContainer;
 class CRSS_RightTopContainer;
@@ -61,6 +62,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   void ApplyPanelSettings(const Settings& settings);
 
   // Announces the posts that have arrived since the last announcement; a click on it lists today's.
+  // Does nothing in a host that has them announced by their channels (HostConfig).
   void ShowNewPostNotification();
 
   Store& GetStore() override { return *store_; }
@@ -142,6 +144,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   bool isPanelOpen_ = false;
   bool hostShowsBusy_ = false;  // the host was told of a refresh's begin and not yet of its end
   std::unique_ptr<Arrivals> arrivals_;
+  std::unique_ptr<ChannelNotice> channelNotice_;  // null unless the host asks for it
 
   CRSS_LeftContainer* left_ = nullptr;
   CRSS_RightTopContainer* rightTop_ = nullptr;

@@ -8,6 +8,12 @@
 
 namespace feedloom {
 
+void BringUp(QWidget& window) {
+  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+  window.raise();
+  window.activateWindow();
+}
+
 // The announced total is set also when nothing is announced. Otherwise posts that arrive after the
 // user has read others would be offset by those and never be announced.
 CRSS_AnnounceDlg* NewPostNotice::Announce(int transparency, QWidget* parent) {

@@ -9,6 +9,9 @@ namespace feedloom {
 class CRSS_AnnounceDlg;
 class Desk;
 
+// Makes a window visible, above others and active.
+void BringUp(QWidget& window);
+
 // Announces the posts that have arrived since the last announcement, in a window that takes the
 // place of one still open. Interface thread only.
 class NewPostNotice {

@@ -70,6 +70,11 @@ ListPlace HostConfig::GetListPlace() const {
   return EqualsIgnoringAsciiCase(value, kListAbove) ? ListPlace::Above : ListPlace::Default;
 }
 
+bool HostConfig::AnnouncesChannels() const {
+  const auto value = registry_.ReadString(kHostKey, kValueNotice);
+  return value && EqualsIgnoringAsciiCase(*value, kNoticeChannels);
+}
+
 std::string HostConfig::GetIniDir() const { return WithTrailingSeparator(Path(kValueIniDir)); }
 std::string HostConfig::GetImageIniPath() const { return JoinPath(GetIniDir(), "image.ini"); }
 std::string HostConfig::GetStringIniPath() const { return JoinPath(GetIniDir(), "string.ini"); }

@@ -45,6 +45,10 @@ class HostConfig {
   bool OpensLinksOutside() const;
   ListPlace GetListPlace() const;
 
+  // Whether new posts are announced by their channels, when the refresh that brought them has
+  // ended, and not by their number, when the notice's period is over.
+  bool AnnouncesChannels() const;
+
   // The directory of the host's ini files, with a separator at the end, and the paths of its files.
   std::string GetIniDir() const;
   std::string GetImageIniPath() const;

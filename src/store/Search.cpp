@@ -1,5 +1,7 @@
 #include "store/Search.h"
 
+#include <fmt/ranges.h>
+
 #include <string>
 
 #include "store/Connection.h"
@@ -29,6 +31,10 @@ constexpr PostLayout kOwnedPostLayout{.podcast = 9, .ownerId = 10};
 
 std::string Today(const Store& store) {
   return FormatLocalTime(store.GetClock().Now(), "%Y-%m-%d");
+}
+
+std::string HasOneOf(std::span<const int> ids) {
+  return fmt::format("post_id in ({})", fmt::join(ids, ","));
 }
 
 }  // namespace
@@ -87,6 +93,24 @@ bool LoadFolderTodayUnread(Store& store, int folderId, std::vector<PostRow>& out
                             "post_readStatus = 0" NEWEST_FIRST,
                 folderId, Today(store)),
       kOwnedPostLayout, out);
+}
+
+bool LoadPostsWithIds(Store& store, std::span<const int> ids, std::vector<PostRow>& out) {
+  return AppendResult(store, OWNED_POSTS + HasOneOf(ids) + NEWEST_FIRST, kOwnedPostLayout, out);
+}
+
+bool FindUnreadPosts(Store& store, std::span<const int> ids, std::vector<PostRow>& out) {
+  const auto table = QueryOnce(
+      store, "Select post_id, post_channelID, channel_title From TB_POST Inner " JOIN_CHANNELS
+             " Where post_readStatus = 0 and " +
+                 HasOneOf(ids) + NEWEST_FIRST);
+  for (int row = 0; table && row < table->Rows(); ++row) {
+    PostRow& post = out.emplace_back();
+    post.id = table->Int(row, 0);
+    post.ownerId = table->Int(row, 1);
+    post.ownerTitle = table->Text(row, 2);
+  }
+  return table.has_value();
 }
 
 }  // namespace feedloom

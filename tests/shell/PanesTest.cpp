@@ -12,6 +12,9 @@ struct Panes : ModuleFixture {
   // What the windows say that announce new posts.
   QStringList Announced() {
     QMetaObject::invokeMethod(Columns().widget(0), "NoticeIsDue");
+    return OnNotice();
+  }
+  QStringList OnNotice() {
     QStringList texts;
     for (auto* const label : frame_->findChildren<QLabel*>()) {
       if (!label->window()->inherits("feedloom::CRSS_AnnounceDlg") || !label->isVisible()) continue;
@@ -161,6 +164,7 @@ TEST_F(Panes, TheControlPanelIsStoredAndAppliedAtOnce) {
 }
 
 TEST_F(Panes, NewPostsAreAnnouncedOnceAndAClickListsTodays) {
+  ASSERT_TRUE(Registry(profile_.Paths().registry).WriteString(kHostKey, kValueNotice, ""));
   CreateFrame();
   EXPECT_EQ(Announced(), QStringList());
   for (const char* count : {"3 개", "1 개"}) {
@@ -179,6 +183,30 @@ TEST_F(Panes, NewPostsAreAnnouncedOnceAndAClickListsTodays) {
   AddPosts(1, 1);
   Refresh({1});
   EXPECT_EQ(Announced().front(), "1 개");  // as many are unread as at the last time
+}
+
+TEST_F(Panes, NewPostsAreAnnouncedBehindTheirRefreshByChannelAndAClickListsJustThose) {
+  Sql("delete from TB_CHANNEL");
+  for (const std::string id : {"1", "2", "3", "4"}) {
+    server_.Serve("/" + id, NumberedRss("Feed", "http://" + id + "/", 1));
+    Sql("insert into TB_CHANNEL(channel_title, channel_xmllink, channel_folderID, channel_order) "
+        "values ('C" +
+        id + "', '" + server_.Url("/" + id) + "', 1, " + id + ")");
+    AddPosts(std::stoi(id), 1);
+  }
+  server_.Serve("/3", NumberedRss("Feed", "http://3/", 20));
+  CreateFrame();
+  Send(kMessageRefreshAll);
+  EXPECT_TRUE(WaitForRun());
+  const QStringList told{"1", "1", "20", "C1", "C2", "C3", "새 글 23개", "외 채널 1개"};
+  EXPECT_EQ(OnNotice(), told);
+  ASSERT_TRUE(WaitUntil([this] { return announcement_->height() == 98; }));
+  QTest::mouseClick(announcement_, Qt::LeftButton, {}, {100, 90});
+  EXPECT_EQ(Titles().size(), 23) << "the four older ones are unread, too";
+  server_.Serve("/1", NumberedRss("Feed", "http://1/", 2));
+  Send(kMessageRefreshAll);
+  EXPECT_TRUE(WaitForRun());
+  EXPECT_EQ(Announced(), QStringList()) << "the period is not over";
 }
 
 TEST_F(Panes, ListsGoToFilesAndComeFromFilesAndAddresses) {

@@ -34,11 +34,13 @@ TEST_F(HostConfigTest, EachTextIsReadAfreshAndCutBetweenCharacters) {
   }
 }
 
-TEST_F(HostConfigTest, TheCodePageIsKoreanAndLinksOpenInThePaneUnlessTheHostSaysSo) {
+TEST_F(HostConfigTest, WhatAHostMayAskForIsOffUnlessItSaysSo) {
   EXPECT_EQ(config_.GetCodePage(), CodePage::Korean());
   Set("CODEPAGE", "utf-8");
   EXPECT_EQ(config_.GetCodePage(), CodePage::Utf8());
-  EXPECT_FALSE(config_.OpensLinksOutside());
+  EXPECT_FALSE(config_.OpensLinksOutside() || config_.AnnouncesChannels());
+  Set("NOTICE", "channels");
+  EXPECT_TRUE(config_.AnnouncesChannels());
   for (const auto& [value, isOutside] : {std::pair{"system", true}, {"PANE", false}}) {
     Set("POST_LINKS", value);
     EXPECT_EQ(config_.OpensLinksOutside(), isOutside);

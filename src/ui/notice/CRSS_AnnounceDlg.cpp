@@ -12,6 +12,7 @@
 #include "controls/AccessibleRole.h"
 #include "controls/CButtonEx.h"
 #include "files/Path.h"
+#include "look/QtText.h"
 #include "look/SkinPieces.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
@@ -61,12 +62,12 @@ QColor TextColorFor(const QColor& ground) {
 CRSS_AnnounceDlg::CRSS_AnnounceDlg(const Skin& skin, QWidget* owner)
     : CVxDialog(skin, nullptr, owner, kFlags),
       hasImage_(LoadBackground()),
+      caption_(AddLabel(kPlaceAnnounceCaption, MakeFont(kCaptionPixels), Qt::AlignLeft)),
       count_(AddLabel(kPlaceAnnounceCount, MakeFont(kCountPixels), Qt::AlignCenter)) {
   SetAccessibleRole(*this, QAccessible::AlertMessage);
   setAttribute(Qt::WA_DeleteOnClose);
   setAttribute(Qt::WA_ShowWithoutActivating);
-  AddLabel(kPlaceAnnounceCaption, MakeFont(kCaptionPixels), Qt::AlignLeft | Qt::AlignVCenter)
-      ->setText(SkinText(skin, kLabelAnnounceCaption));
+  caption_->setText(SkinText(skin, kLabelAnnounceCaption));
   AddCloseButton();
 }
 
@@ -84,12 +85,7 @@ bool CRSS_AnnounceDlg::LoadBackground() {
 
 QLabel* CRSS_AnnounceDlg::AddLabel(const char* placeKey, const QFont& font,
                                    Qt::Alignment alignment) {
-  auto* label = new QLabel(this);
-  label->setTextFormat(Qt::PlainText);
-  label->setFont(font);
-  label->setAlignment(alignment);
-  label->setGeometry(LoadSkinPlace(GetSkin(), kSectionAnnounce, placeKey));
-  return label;
+  return AddLine(LoadSkinPlace(GetSkin(), kSectionAnnounce, placeKey), {}, font, alignment);
 }
 
 void CRSS_AnnounceDlg::AddCloseButton() {
@@ -102,8 +98,58 @@ void CRSS_AnnounceDlg::AddCloseButton() {
 
 void CRSS_AnnounceDlg::Announce(int count, int alphaValue) {
   count_->setText(SkinText(GetSkin(), kLabelAnnounceCount).replace("%d", QString::number(count)));
-  setAccessibleName(SkinText(GetSkin(), kLabelAnnounceCaption));
-  setAccessibleDescription(count_->text());
+  Begin(count_->text(), alphaValue);
+}
+
+// The rows stand in the number's place, with as much above them as below.
+void CRSS_AnnounceDlg::AnnounceChannels(const std::string& caption,
+                                        std::span<const ChannelCount> channels, int alphaValue) {
+  constexpr std::size_t kNamed = 3;
+  const auto named = channels.first(std::min(channels.size(), kNamed));
+  const auto more = static_cast<int>(channels.size() - named.size());
+  const int rows = static_cast<int>(named.size()) + (more > 0 ? 1 : 0);
+  const QRect place = count_->geometry();
+  const int height = QFontMetrics(caption_->font()).height();
+  QRect row(place.left(), place.center().y() + 1 - rows * height / 2, place.width(), height);
+  count_->hide();
+  caption_->setText(ToQString(GetSkin().Config().GetCodePage(), caption));
+  QStringList told;
+  for (const ChannelCount& channel : named) {
+    told << AddChannel(row, channel);
+    row.translate(0, height);
+  }
+  if (more > 0) {
+    told << SkinText(GetSkin(), kLabelAnnounceMore).replace("%d", QString::number(more));
+    AddLine(row, told.back(), caption_->font(), Qt::AlignLeft);
+  }
+  Begin(told.join(", "), alphaValue);
+}
+
+// Returns what the row says. A long title is cut, its number never.
+QString CRSS_AnnounceDlg::AddChannel(const QRect& row, const ChannelCount& channel) {
+  const QString title = ToQString(GetSkin().Config().GetCodePage(), channel.title);
+  const QString posts = QString::number(channel.posts);
+  const QFontMetrics metrics(caption_->font());
+  const QRect left = row.adjusted(0, 0, -metrics.horizontalAdvance(posts + ' '), 0);
+  AddLine(row, posts, caption_->font(), Qt::AlignRight);
+  AddLine(left, metrics.elidedText(title.simplified(), Qt::ElideRight, left.width()),
+          caption_->font(), Qt::AlignLeft);
+  return title + ' ' + posts;
+}
+
+QLabel* CRSS_AnnounceDlg::AddLine(const QRect& place, const QString& text, const QFont& font,
+                                  Qt::Alignment alignment) {
+  auto* label = new QLabel(text, this);
+  label->setTextFormat(Qt::PlainText);
+  label->setFont(font);
+  label->setAlignment(alignment | Qt::AlignVCenter);
+  label->setGeometry(place);
+  return label;
+}
+
+void CRSS_AnnounceDlg::Begin(const QString& told, int alphaValue) {
+  setAccessibleName(caption_->text());
+  setAccessibleDescription(told);
   motion_.Begin(parentWidget()->window()->screen()->geometry(), alphaValue);
   ApplyMotion();
   QAccessibleEvent alert(this, QAccessible::Alert);

@@ -4,6 +4,8 @@
 
 #include <QBasicTimer>
 #include <map>
+#include <span>
+#include <string>
 
 #include "controls/CVxDialog.h"
 #include "ui/notice/NoticeAnimation.h"
@@ -11,6 +13,12 @@
 class QLabel;
 
 namespace feedloom {
+
+// A channel with new posts; the title is in the module's code page.
+struct ChannelCount {
+  std::string title;
+  int posts = 0;
+};
 
 // Create it with new, for one announcement; it deletes itself when it closes. It stays on top and
 // never takes the keyboard focus. It stays opaque when the desktop has no compositing.
@@ -24,6 +32,10 @@ class CRSS_AnnounceDlg : public CVxDialog, private NoticeTimers {
   // Shows the number of new posts on the owner's screen. `alphaValue` is the result of
   // NoticeAlphaValue; what is above four fifths of kInvisible is shown as that. Call it once.
   void Announce(int count, int alphaValue);
+  // As Announce, but shows the first three of `channels` with their numbers, and how many more
+  // there are, below `caption`, in the module's code page.
+  void AnnounceChannels(const std::string& caption, std::span<const ChannelCount> channels,
+                        int alphaValue);
 
  signals:
   // The user clicked on the window, but not on its close button. The window is closed by then; the
@@ -42,12 +54,18 @@ class CRSS_AnnounceDlg : public CVxDialog, private NoticeTimers {
   // Adds a label in the rectangle that the skin has for `placeKey`. The window owns it.
   QLabel* AddLabel(const char* placeKey, const QFont& font, Qt::Alignment alignment);
   void AddCloseButton();
+  QString AddChannel(const QRect& row, const ChannelCount& channel);
+  // Adds a label. The window owns it.
+  QLabel* AddLine(const QRect& place, const QString& text, const QFont& font,
+                  Qt::Alignment alignment);
+  void Begin(const QString& told, int alphaValue);
   void ApplyMotion();
 
   void Start(int id, std::chrono::milliseconds period) override;
   void Stop(int id) override;
 
   const bool hasImage_;
+  QLabel* const caption_;
   QLabel* const count_;
   std::map<int, QBasicTimer> timers_;
   NoticeAnimation motion_{*this};

@@ -1,0 +1,26 @@
+#include "profile/HostWishes.h"
+
+#include <fmt/core.h>
+
+#include "files/Registry.h"
+#include "files/RegistryKeys.h"
+#include "profile/Profile.h"
+
+namespace feedloom {
+
+std::vector<RegistryEntry> HostWishes() {
+  return {{kHostKey, kValueListPlace, kListAbove}, {kHostKey, kValueNotice, kNoticeChannels}};
+}
+
+Failure StoreHostWishes(const std::string& dir) {
+  const ProfilePaths paths(dir);
+  const Registry registry(paths.registry);
+  std::vector<RegistryEntry> missing = HostWishes();
+  std::erase_if(missing, [&](const RegistryEntry& wish) {
+    return registry.ReadString(wish.key, wish.name).has_value();
+  });
+  if (missing.empty() || registry.Write(missing)) return {};
+  return fmt::format("Cannot write the registry file '{}'.", paths.registry);
+}
+
+}  // namespace feedloom

@@ -1,0 +1,19 @@
+// What the reader asks of the module beyond the defaults that hold for every host.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "files/RegistryFile.h"
+#include "profile/Files.h"
+
+namespace feedloom {
+
+// The registry values that ask for it.
+std::vector<RegistryEntry> HostWishes();
+
+// Writes those that the registry of the profile in `dir` lacks; a value that stands there stays.
+// Fails, with a message (UTF-8), when the registry cannot be written.
+[[nodiscard]] Failure StoreHostWishes(const std::string& dir);
+
+}  // namespace feedloom
