@@ -6,6 +6,8 @@ namespace feedloom {
 inline constexpr char kHostKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0";
 // The module's own settings.
 inline constexpr char kModuleKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold";
+// What the module's window remembers of itself.
+inline constexpr char kViewKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold\\View";
 
 // The values of the host's registry key.
 inline constexpr char kValueImageDir[] = "IMAGEDIR";
@@ -23,6 +25,7 @@ inline constexpr char kValueCodePage[] = "CODEPAGE";
 inline constexpr char kValuePostLinks[] = "POST_LINKS";            // kLinksInPane, kLinksOutside
 inline constexpr char kValueListPlace[] = "LIST_PLACE";            // kListAbove, kListBeside
 inline constexpr char kValueNotice[] = "NOTICE";                   // kNoticeChannels
+inline constexpr char kValueStart[] = "START";                     // kStartLast
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
 // The values of kValuePostLinks.
@@ -36,6 +39,9 @@ inline constexpr char kListBeside[] = "BESIDE";
 // The value of kValueNotice; anything else is the default.
 inline constexpr char kNoticeChannels[] = "CHANNELS";
 
+// The value of kValueStart that asks for more than the main page.
+inline constexpr char kStartLast[] = "LAST";
+
 // The values of the module's registry key. The first seven are the user's settings, which stand
 // there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.
 inline constexpr char kValueNewFeedMode[] = "NewFeedMode";
@@ -48,5 +54,15 @@ inline constexpr char kValueFeedDeleteDate[] = "FeedDeleteDate";
 inline constexpr char kTextSuffix[] = "Str";
 inline constexpr char kValueBlockRemoteImages[] = "BlockRemoteImages";
 inline constexpr char kValueUserAgent[] = "UserAgent";
+
+// The values of the window's memory, texts of numbers.
+inline constexpr char kValuePanes[] = "Panes";        // the tree's width, the list's height
+inline constexpr char kValueColumns[] = "Columns";    // the widths of the list's columns
+inline constexpr char kValueSorting[] = "Sorting";    // the list's column, 1 when descending
+inline constexpr char kValueScope[] = "SearchScope";  // SearchScope
+inline constexpr char kValueZoom[] = "Zoom";          // steps from the normal size of pages
+inline constexpr char kValueClosed[] = "Closed";      // RowKind and id, of each closed group
+inline constexpr char kValueSelected[] = "Selected";  // RowKind and id of the tree's row
+inline constexpr char kValuePosts[] = "Posts";        // ids: current, on the first line, shown
 
 }  // namespace feedloom

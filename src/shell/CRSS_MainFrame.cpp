@@ -13,6 +13,7 @@
 #include "shell/Feedloom.h"
 #include "shell/FirstReading.h"
 #include "shell/FrameKeys.h"
+#include "shell/FrameMemory.h"
 #include "shell/PaneSizes.h"
 #include "shell/ReadingRetry.h"
 #include "shell/RefreshTexts.h"
@@ -32,7 +33,7 @@
 namespace feedloom {
 
 CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Settings& liveSettings,
-                               QWidget* parent)
+                               std::optional<KeptView>& kept, QWidget* parent)
     : VxSplitter(Qt::Horizontal, parent),
       interfaceThread_(std::make_shared<InterfaceThread>()),
       registry_(paths.registry),
@@ -46,7 +47,8 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Sett
       services_(std::make_shared<FetchServices>(
           FetchServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir(),
                         FeedMemoryPath(skin_.Config().GetWorkDir())})),
-      state_(liveSettings) {
+      state_(liveSettings),
+      kept_(kept) {
   settings_ = LoadFrameSettings(registry_);
   try {
     const WriteMark mark = ReadWriteMark(*store_);
@@ -61,6 +63,8 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Sett
 }
 
 CRSS_MainFrame::~CRSS_MainFrame() {
+  StopRefresh();
+  kept_ = memory_->Leave();
   TakeDown();
   BackupDatabase(*store_);
 }
@@ -94,7 +98,10 @@ void CRSS_MainFrame::BuildPanes() {
   right_ = new VxSplitter(Qt::Vertical, this);
   rightTop_ = new CRSS_RightTopContainer(*this, *this, *this, right_);
   rightBottom_ = new CRSS_RightBottomContainer(*this, *this, *this, browserServices_, right_);
-  SetPaneSizes(*this, *right_);
+  sizes_ = std::make_unique<PaneSizes>(*this, *right_);
+  memory_ = std::make_unique<FrameMemory>(FramePanes{*sizes_, *left_, *rightTop_, *rightBottom_},
+                                          *this, *this, registry_, kept_);
+  PlaceList();
   setFocusProxy(left_);
   handle(1)->setAccessibleName(SkinText(skin_, kTextColumnDivider));
   right_->handle(1)->setAccessibleName(SkinText(skin_, kTextRowDivider));
@@ -104,10 +111,7 @@ void CRSS_MainFrame::BuildPanes() {
 }
 
 void CRSS_MainFrame::PlaceList() {
-  const ListPlace place = PlaceInWidth(skin_.Config().GetListPlace(), width());
-  if (std::exchange(listPlace_, place) == place) return;
-  feedloom::PlaceList(*right_, place);
-  rightTop_->SetTwoLines(place == ListPlace::Beside);
+  rightTop_->SetTwoLines(sizes_->PlaceList(skin_.Config().GetListPlace()));
 }
 
 void CRSS_MainFrame::ConnectTree() {
@@ -138,7 +142,7 @@ void CRSS_MainFrame::ShowStart(FirstContent start) {
   status_.SetTreeRead(isTreeRead);
   state_.unreadTotal = state_.announcedTotal = isTreeRead ? start.unread : -1;
   left_->ShowTree(std::move(start.tree).value_or(TreeContent()));
-  if (!isTreeRead) RetryStart();
+  isTreeRead ? memory_->TakeUp() : RetryStart();
 }
 
 void CRSS_MainFrame::RetryStart() {
@@ -171,7 +175,7 @@ bool CRSS_MainFrame::event(QEvent* event) {
 
 void CRSS_MainFrame::resizeEvent(QResizeEvent* event) {
   VxSplitter::resizeEvent(event);
-  if (right_ != nullptr) PlaceList();
+  if (sizes_) rightTop_->SetTwoLines(sizes_->Fit());
 }
 
 bool CRSS_MainFrame::focusNextPrevChild(bool next) {

@@ -26,9 +26,12 @@ class CRSS_LeftContainer;
 class CRSS_RightBottomContainer;
 class CRSS_RightTopContainer;
 class FirstReading;
+class FrameMemory;
+class PaneSizes;
 class ReadingRetry;
 class SubscriptionExchange;
 struct FirstContent;
+struct KeptView;
 struct WriteMark;
 
 // Belongs to the interface thread. `parent` of the constructor owns the frame and receives the
@@ -41,9 +44,11 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   // the tree and shows the main page. A store that cannot be read is reported to the host; the tree
   // is filled when it can be. An exception leaves no pane, and no post was deleted when it came
   // before the panes stood.
-  // `liveSettings`, which become SharedState's, must outlive the frame.
+  // `liveSettings`, which become SharedState's, and `kept` must outlive the frame. `kept` is what
+  // the frame before has shown, and is shown again; at its end the frame leaves there what it has
+  // shown itself.
   CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Settings& liveSettings,
-                 QWidget* parent);
+                 std::optional<KeptView>& kept, QWidget* parent);
 
   // Stops the refresh, the import and the feed check, and backs the database up.
   ~CRSS_MainFrame() override;
@@ -141,6 +146,9 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
                         }};
   std::unique_ptr<SubscriptionExchange> exchange_;  // null after StopRefresh, as the next
   std::unique_ptr<ReadingRetry> retry_;             // only while the tree is not read
+  std::optional<KeptView>& kept_;
+  std::unique_ptr<PaneSizes> sizes_;  // null until the panes stand, as the next
+  std::unique_ptr<FrameMemory> memory_;
   bool isPanelOpen_ = false;
   bool hostShowsBusy_ = false;  // the host was told of a refresh's begin and not yet of its end
   std::unique_ptr<Arrivals> arrivals_;
@@ -150,7 +158,6 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   CRSS_RightTopContainer* rightTop_ = nullptr;
   CRSS_RightBottomContainer* rightBottom_ = nullptr;
   VxSplitter* right_ = nullptr;  // the list and the browser
-  std::optional<ListPlace> listPlace_;
 };
 
 }  // namespace feedloom

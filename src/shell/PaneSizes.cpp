@@ -1,5 +1,7 @@
 #include "shell/PaneSizes.h"
 
+#include <utility>
+
 #include "controls/VxSplitter.h"
 
 namespace feedloom {
@@ -10,42 +12,64 @@ constexpr int kTopHeight = 200;
 // The smallest sizes that leave room for the toolbar's controls and a few rows.
 constexpr QSize kSmallestList(330, 130);
 constexpr QSize kSmallestBrowser(330, 150);
+// Beside each other, list and page must not keep the window from becoming too narrow for that.
 constexpr int kSmallestBeside = 150;
-constexpr int kRest = 1 << 16;  // more than any window has: the splitter cuts it down
 // Narrower, the page beside the list would have lines of a few words.
 constexpr int kRoomForThreeColumns = 980;
+constexpr int kRest = 1 << 16;  // more than any window has: the splitter cuts it down
 
-void Share(VxSplitter& splitter, int first) {
-  splitter.setSizes({first, kRest});
+// The parts' shares of what the splitter has, and of what it gets more.
+void Share(VxSplitter& splitter, int first, int second) {
+  splitter.setStretchFactor(0, first);
+  splitter.setStretchFactor(1, second);
+  splitter.setSizes({first * kRest, second * kRest});
+}
+
+void GiveFirst(VxSplitter& splitter, int pixels) {
+  splitter.setStretchFactor(0, 0);
   splitter.setStretchFactor(1, 1);
-  splitter.setChildrenCollapsible(false);
+  splitter.setSizes({pixels, kRest});
 }
 
 }  // namespace
 
-void SetPaneSizes(VxSplitter& columns, VxSplitter& rows) {
-  columns.widget(0)->setMinimumWidth(kLeftMinimumWidth);
-  rows.widget(0)->setMinimumSize(kSmallestList);
-  rows.widget(1)->setMinimumSize(kSmallestBrowser);
+PaneSizes::PaneSizes(VxSplitter& columns, VxSplitter& rows) : columns_(columns), rows_(rows) {
+  columns.setChildrenCollapsible(false);
   rows.setChildrenCollapsible(false);
-  Share(columns, kLeftMinimumWidth);
+  columns.widget(0)->setMinimumWidth(kLeftMinimumWidth);
+  FollowDividers();
 }
 
-ListPlace PlaceInWidth(ListPlace wanted, int width) {
-  const bool isTooNarrow = wanted == ListPlace::Beside && width < kRoomForThreeColumns;
-  return isTooNarrow ? ListPlace::Above : wanted;
+void PaneSizes::FollowDividers() {
+  connect(&columns_, &QSplitter::splitterMoved, this,
+          [this] { wished_.leftWidth = columns_.sizes().front(); });
+  connect(&rows_, &QSplitter::splitterMoved, this, [this] {
+    (place_ == ListPlace::Beside ? wished_.listWidth : wished_.listHeight) = rows_.sizes().front();
+  });
 }
 
-void PlaceList(VxSplitter& rows, ListPlace place) {
-  if (place == ListPlace::Default) return Share(rows, kTopHeight);
+void PaneSizes::Recall(const PaneMemory& memory) {
+  wished_ = memory;
+  GiveFirst(columns_, memory.leftWidth > 0 ? memory.leftWidth : kLeftMinimumWidth);
+}
+
+bool PaneSizes::PlaceList(ListPlace wanted) {
+  wanted_ = wanted;
+  const bool isTooNarrow = columns_.width() < kRoomForThreeColumns;
+  const auto place = wanted == ListPlace::Beside && isTooNarrow ? ListPlace::Above : wanted;
+  if (std::exchange(place_, place) != place) Place(place);
+  return place == ListPlace::Beside;
+}
+
+void PaneSizes::Place(ListPlace place) {
   const bool isBeside = place == ListPlace::Beside;
-  // Beside each other they must not keep the window from becoming so narrow that they change.
-  rows.widget(0)->setMinimumWidth(isBeside ? kSmallestBeside : kSmallestList.width());
-  rows.widget(1)->setMinimumWidth(isBeside ? kSmallestBeside : kSmallestBrowser.width());
-  rows.setOrientation(isBeside ? Qt::Horizontal : Qt::Vertical);
-  rows.setStretchFactor(0, 1);
-  rows.setStretchFactor(1, 2);
-  rows.setSizes(isBeside ? QList<int>{2 * kRest, 3 * kRest} : QList<int>{kRest, 2 * kRest});
+  rows_.widget(0)->setMinimumSize(isBeside ? QSize(kSmallestBeside, 0) : kSmallestList);
+  rows_.widget(1)->setMinimumSize(isBeside ? QSize(kSmallestBeside, 0) : kSmallestBrowser);
+  rows_.setOrientation(isBeside ? Qt::Horizontal : Qt::Vertical);
+  const int wished = isBeside ? wished_.listWidth : wished_.listHeight;
+  if (wished > 0) return GiveFirst(rows_, wished);
+  if (place == ListPlace::Default) return GiveFirst(rows_, kTopHeight);
+  isBeside ? Share(rows_, 2, 3) : Share(rows_, 1, 2);
 }
 
 }  // namespace feedloom

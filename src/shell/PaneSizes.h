@@ -1,21 +1,42 @@
 #pragma once
 
+#include <QObject>
+
 #include "skin/HostConfig.h"
+#include "ui/ViewMemory.h"
 
 namespace feedloom {
 
 class VxSplitter;
 
-// Sets how small the panes may become, and their sizes at first, when all stand: `columns` holds
-// the tree and `rows`, which holds the list and the browser. What the window has more goes to the
-// browser. Interface thread only.
-void SetPaneSizes(VxSplitter& columns, VxSplitter& rows);
+// How the frame's panes share its room. Interface thread only.
+class PaneSizes : public QObject {
+ public:
+  // `columns` holds the tree and `rows`, which holds the list and the browser; all stand and
+  // outlive the object. Sets how small they may become. What the window has more goes to the
+  // browser.
+  PaneSizes(VxSplitter& columns, VxSplitter& rows);
 
-// Where the list stands in a frame that is `width` pixels wide: beside the page only where both
-// have room.
-ListPlace PlaceInWidth(ListPlace wanted, int width);
+  // The sizes that the user has chosen: what a small window leaves of the panes is no wish.
+  const PaneMemory& Memory() const { return wished_; }
+  // Gives the tree this width, and remembers the others for Fit. A size of 0 is the usual one.
+  void Recall(const PaneMemory& memory);
 
-// Puts the list above or beside the page, with the share that belongs to it there at first.
-void PlaceList(VxSplitter& rows, ListPlace place);
+  // Puts the list where the host wants it. Beside the page it stands only in a frame in which both
+  // have room. Returns whether it stands there now.
+  bool PlaceList(ListPlace wanted);
+  // The same again, when the frame has another width.
+  bool Fit() { return PlaceList(wanted_); }
+
+ private:
+  void FollowDividers();
+  void Place(ListPlace place);
+
+  VxSplitter& columns_;
+  VxSplitter& rows_;
+  PaneMemory wished_;
+  ListPlace wanted_ = ListPlace::Default;
+  std::optional<ListPlace> place_;
+};
 
 }  // namespace feedloom

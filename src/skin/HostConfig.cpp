@@ -59,20 +59,17 @@ bool HostConfig::IsDebugMode() const {
   return registry_.ReadDword(kHostKey, kValueDebugMode).value_or(0) > 0;
 }
 
-bool HostConfig::OpensLinksOutside() const {
-  const auto value = registry_.ReadString(kHostKey, kValuePostLinks);
-  return value && EqualsIgnoringAsciiCase(*value, kLinksOutside);
+bool HostConfig::Is(const char* name, const char* value) const {
+  return EqualsIgnoringAsciiCase(registry_.ReadString(kHostKey, name).value_or(""), value);
 }
+
+bool HostConfig::OpensLinksOutside() const { return Is(kValuePostLinks, kLinksOutside); }
+bool HostConfig::AnnouncesChannels() const { return Is(kValueNotice, kNoticeChannels); }
+bool HostConfig::StartsWithLast() const { return Is(kValueStart, kStartLast); }
 
 ListPlace HostConfig::GetListPlace() const {
-  const std::string value = registry_.ReadString(kHostKey, kValueListPlace).value_or("");
-  if (EqualsIgnoringAsciiCase(value, kListBeside)) return ListPlace::Beside;
-  return EqualsIgnoringAsciiCase(value, kListAbove) ? ListPlace::Above : ListPlace::Default;
-}
-
-bool HostConfig::AnnouncesChannels() const {
-  const auto value = registry_.ReadString(kHostKey, kValueNotice);
-  return value && EqualsIgnoringAsciiCase(*value, kNoticeChannels);
+  if (Is(kValueListPlace, kListBeside)) return ListPlace::Beside;
+  return Is(kValueListPlace, kListAbove) ? ListPlace::Above : ListPlace::Default;
 }
 
 std::string HostConfig::GetIniDir() const { return WithTrailingSeparator(Path(kValueIniDir)); }

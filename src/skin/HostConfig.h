@@ -49,6 +49,9 @@ class HostConfig {
   // ended, and not by their number, when the notice's period is over.
   bool AnnouncesChannels() const;
 
+  // Whether the window begins with what it showed last, and not with the main page alone.
+  bool StartsWithLast() const;
+
   // The directory of the host's ini files, with a separator at the end, and the paths of its files.
   std::string GetIniDir() const;
   std::string GetImageIniPath() const;
@@ -60,6 +63,7 @@ class HostConfig {
  private:
   std::string Path(const char* name) const;
   std::string Text(const char* name) const;
+  bool Is(const char* name, const char* value) const;
 
   Registry registry_;
 };

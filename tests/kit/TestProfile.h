@@ -1,7 +1,8 @@
-// A real profile in a folder of its own, as a new user gets it.
+// A real profile in a folder of its own, whose host asks for nothing beyond the defaults.
 #pragma once
 
 #include "kit/ShippedSkin.h"
+#include "profile/HostWishes.h"
 
 namespace feedloom {
 
@@ -10,6 +11,9 @@ class TestProfile {
   explicit TestProfile(CodePage codePage = CodePage::Korean(),
                        const std::string& language = "KOR") {
     EXPECT_EQ(CreateProfile(paths_.dir, ShareDir(), codePage, language), Failure());
+    std::vector<RegistryEntry> wishes = HostWishes();
+    for (RegistryEntry& wish : wishes) wish.value = "";
+    EXPECT_TRUE(TheRegistry().Write(wishes));
   }
 
   const ProfilePaths& Paths() const { return paths_; }

@@ -225,7 +225,7 @@ TEST_F(Module, EachPartHasItsNameAndItsPlace) {
       "채널 디렉터리 121 4 32 32; 채널과 보관함 6 41 239 653; 채널 영역의 너비 251 0 4 700; ");
   EXPECT_EQ(frame_->minimumSizeHint(), QSize(585, 284));
   for (const QLineEdit* box : frame_->findChildren<QLineEdit*>())
-    EXPECT_EQ(box->font().toString().section(',', 0, 2), "NanumGothic,-1,12");
+    EXPECT_EQ(box->font().toString().section(',', 0, 2), "NanumGothic,-1,13");
   Press("F8");
   const QImage divider = QApplication::focusWidget()->grab().toImage();
   EXPECT_EQ(divider.pixelColor(0, 99), frame_->palette().color(QPalette::Link));

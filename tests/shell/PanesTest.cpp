@@ -186,6 +186,7 @@ TEST_F(Panes, NewPostsAreAnnouncedOnceAndAClickListsTodays) {
 }
 
 TEST_F(Panes, NewPostsAreAnnouncedBehindTheirRefreshByChannelAndAClickListsJustThose) {
+  ASSERT_TRUE(profile_.TheRegistry().WriteString(kHostKey, kValueNotice, kNoticeChannels));
   Sql("delete from TB_CHANNEL");
   for (const std::string id : {"1", "2", "3", "4"}) {
     server_.Serve("/" + id, NumberedRss("Feed", "http://" + id + "/", 1));

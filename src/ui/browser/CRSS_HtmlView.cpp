@@ -11,6 +11,7 @@
 #include <QWebEngineScript>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "ui/browser/LinkStrip.h"
 #include "ui/browser/PageScheme.h"
@@ -103,6 +104,7 @@ CRSS_HtmlView::~CRSS_HtmlView() { engine_->view.setParent(nullptr); }
 
 void CRSS_HtmlView::Connect() {
   WebPage* const page = &engine_->page;
+  connect(page, &WebPage::Painted, this, &CRSS_HtmlView::ScrollShown);
   connect(page, &WebPage::Painted, this, &CRSS_HtmlView::PageShown);
   connect(page, &WebPage::Changed, this, &CRSS_HtmlView::ApplyZoom);
   connect(page, &WebPage::Changed, this, &CRSS_HtmlView::Changed);
@@ -139,6 +141,7 @@ void CRSS_HtmlView::Connect() {
 }
 
 void CRSS_HtmlView::Navigate(const QUrl& url) {
+  placeWhenShown_ = {};
   // A renderer process that is busy with a large page would delay other pages of its host.
   if (IsRenderingLargePage()) ++engine_->host;
   engine_->page.load(IsGenerated(url) ? AtHost(url, engine_->host) : url);
@@ -239,6 +242,19 @@ void CRSS_HtmlView::Zoom(int steps) {
 void CRSS_HtmlView::ApplyZoom() {
   const double factor = kZoomFactors[static_cast<std::size_t>(kNormalSize + zoomSteps_)];
   if (engine_->page.zoomFactor() != factor) engine_->page.setZoomFactor(factor);
+}
+
+// The engine counts in enlarged pixels.
+QPointF CRSS_HtmlView::Scrolled() const {
+  return engine_->page.scrollPosition() / engine_->page.zoomFactor();
+}
+
+void CRSS_HtmlView::ScrollWhenShown(const QPointF& place) { placeWhenShown_ = place; }
+
+void CRSS_HtmlView::ScrollShown() {
+  const QPointF place = std::exchange(placeWhenShown_, {});
+  if (!place.isNull())
+    engine_->page.runJavaScript(ScrollScript(place), QWebEngineScript::ApplicationWorld);
 }
 
 void CRSS_HtmlView::Find(const QString& text, bool backward) {

@@ -95,6 +95,12 @@ class CRSS_HtmlView : public QWidget {
   // Enlarges all pages from now on by `steps`, or reduces them when it is negative, within the
   // sizes from 25% to 500%; 0 restores the normal size.
   void Zoom(int steps);
+  // The size by which all pages are enlarged, in steps from the normal one.
+  int ZoomSteps() const { return zoomSteps_; }
+  // How far the page on display is scrolled, in its own pixels. ScrollWhenShown scrolls the page
+  // that was requested last, when it is drawn, unless another one is requested before.
+  QPointF Scrolled() const;
+  void ScrollWhenShown(const QPointF& place);
   // Highlights all matches of `text`, scrolls to the next one, or the previous one with `backward`,
   // and emits FoundInPage. An empty text ends the search.
   void Find(const QString& text, bool backward);
@@ -129,10 +135,12 @@ class CRSS_HtmlView : public QWidget {
   void ShowCrash();
   void ReplaceFrames(const QStringList& frames);
   void ApplyZoom();
+  void ScrollShown();
   bool IsRenderingLargePage() const;
 
   const std::unique_ptr<Engine> engine_;
   int zoomSteps_ = 0;
+  QPointF placeWhenShown_;  // where the next page is to be scrolled to; null for nowhere
 };
 
 }  // namespace feedloom

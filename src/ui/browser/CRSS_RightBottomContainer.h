@@ -9,6 +9,7 @@
 
 #include "look/PaneFrame.h"
 #include "store/Rows.h"
+#include "ui/ViewMemory.h"
 
 namespace feedloom {
 
@@ -46,6 +47,14 @@ class CRSS_RightBottomContainer : public QWidget {
 
   void ShowMainPage();
   void ShowPost(const PostRow& post);
+
+  // What is to be remembered of the pane, and its taking up, which shows no post.
+  PageMemory Memory() const;
+  void Recall(const PageMemory& memory);
+  // What is on display, and showing it again at the same place of the page. Of a web page the
+  // address is kept, and not what the user has done in it.
+  PageContent Content() const;
+  void Show(const PageContent& content);
 
  signals:
   // The page that was requested last is loaded, or has failed to load, and is drawn. Its images may

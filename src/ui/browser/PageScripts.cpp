@@ -148,6 +148,12 @@ QString ReplaceFramesScript(const QList<FrameLine>& lines) {
 
 QString FindPicturesScript() { return kFindPictures; }
 
+QString ScrollScript(const QPointF& place) {
+  return QStringLiteral("window.scrollTo({left: %1, top: %2, behavior: 'instant'})")
+      .arg(place.x())
+      .arg(place.y());
+}
+
 QString RemoveFramesScript() {
   return QStringLiteral(
       "Document.prototype.querySelectorAll.call(document, 'embed,object,iframe,frame,audio,video')"

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QList>
+#include <QPointF>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
@@ -56,6 +57,9 @@ QString ReplaceFramesScript(const QList<FrameLine>& lines);
 
 // Writes `mark` to the page's console when the page has been drawn.
 QString TellWhenDrawnScript(const QString& mark);
+
+// Scrolls the page to this place, in its own pixels.
+QString ScrollScript(const QPointF& place);
 
 // Removes all frames and media elements of the page.
 QString RemoveFramesScript();

@@ -1,5 +1,6 @@
 #include "ui/list/CRSS_RightTopContainer.h"
 
+#include <QHeaderView>
 #include <QPainter>
 #include <functional>
 #include <utility>
@@ -69,6 +70,7 @@ void CRSS_RightTopContainer::SetUpList() {
 }
 
 void CRSS_RightTopContainer::SetTwoLines(bool areTwo) {
+  if (list_.isHeaderHidden() == areTwo) return;
   const ListViewState place = SaveViewState(list_, model_);
   model_.SetTwoLines(areTwo);
   delete list_.itemDelegate();
@@ -95,11 +97,15 @@ void CRSS_RightTopContainer::SetUpKeys() {
 
 void CRSS_RightTopContainer::Fill(PostList list) {
   webSearch_.Cancel();
-  const bool wasSearched = list.areSearchResults;
+  NoteFilled(list);
   model_.Fill(std::move(list));
   list_.ClearSorting();
   list_.scrollToTop();
-  toolbar_.SetResultCount(wasSearched ? model_.rowCount() : -1);
+  toolbar_.SetResultCount(filled_.areSearchResults ? model_.rowCount() : -1);
+}
+
+void CRSS_RightTopContainer::NoteFilled(const PostList& list) {
+  filled_ = {.areScrapPosts = list.areScrapPosts, .areSearchResults = list.areSearchResults};
 }
 
 void CRSS_RightTopContainer::Append(PostList list) {
@@ -110,9 +116,51 @@ void CRSS_RightTopContainer::Append(PostList list) {
 
 void CRSS_RightTopContainer::Refill(PostList list) {
   if (model_.Shows(list)) return;
+  NoteFilled(list);
   const ListViewState place = SaveViewState(list_, model_);
   model_.Refill(std::move(list));
   RestoreViewState(list_, model_, place);
+}
+
+ListMemory CRSS_RightTopContainer::Memory() const {
+  ListMemory memory{.columnWidths = list_.ColumnWidths(),
+                    .scope = static_cast<int>(toolbar_.Scope()),
+                    .sortColumn = model_.SortedBy().column,
+                    .isDescending = model_.SortedBy().order == Qt::DescendingOrder};
+  const QModelIndex top = list_.indexAt({0, 0});
+  if (top.isValid()) memory.top = model_.IdAt(top.row());
+  if (list_.currentIndex().isValid()) memory.current = model_.IdAt(list_.currentIndex().row());
+  return memory;
+}
+
+void CRSS_RightTopContainer::Recall(const ListMemory& memory) {
+  const int columns = std::min(model_.columnCount(), static_cast<int>(memory.columnWidths.size()));
+  for (int column = 0; column < columns; ++column) {
+    const int width = memory.columnWidths[static_cast<std::size_t>(column)];
+    if (width > 0) list_.setColumnWidth(column, width);
+  }
+  toolbar_.SetScope(memory.scope);
+}
+
+void CRSS_RightTopContainer::RecallPlace(const ListMemory& memory) {
+  if (memory.sortColumn >= 0) {
+    list_.header()->setSortIndicator(
+        memory.sortColumn, memory.isDescending ? Qt::DescendingOrder : Qt::AscendingOrder);
+  }
+  RestoreViewState(
+      list_, model_,
+      {.selected = {memory.current}, .visible = {memory.top}, .current = memory.current});
+}
+
+PostList CRSS_RightTopContainer::Take() {
+  PostList list = filled_;
+  list.posts = model_.Take();
+  return list;
+}
+
+std::optional<PostRow> CRSS_RightTopContainer::Find(int postId) const {
+  const std::vector<int> rows = model_.RowsOf({&postId, 1});
+  return rows.empty() ? std::nullopt : std::optional(model_.At(rows.front()));
 }
 
 void CRSS_RightTopContainer::ShowClicked(int row) {

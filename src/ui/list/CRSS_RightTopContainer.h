@@ -6,6 +6,7 @@
 
 #include "look/PaneFrame.h"
 #include "ui/Reading.h"
+#include "ui/ViewMemory.h"
 #include "ui/list/PostCommands.h"
 #include "ui/list/WebSearch.h"
 
@@ -45,6 +46,18 @@ class CRSS_RightTopContainer : public QWidget {
   // Shows the rows on two lines each, without columns and headings, or in columns.
   void SetTwoLines(bool areTwo);
 
+  // What is to be remembered of the pane.
+  ListMemory Memory() const;
+  // Take the remembered up: Recall the widths and the scope, RecallPlace the order of the posts and
+  // the current and topmost one, when the list has been filled with the same posts. No post is
+  // shown.
+  void Recall(const ListMemory& memory);
+  void RecallPlace(const ListMemory& memory);
+  // Empties the list and returns its content as Fill takes it.
+  PostList Take();
+  // The listed post with this id; nullopt when there is none.
+  std::optional<PostRow> Find(int postId) const;
+
   // Moves the keyboard focus to the search box.
   void FocusSearch();
 
@@ -56,6 +69,7 @@ class CRSS_RightTopContainer : public QWidget {
   void SetUpList();
   void SetUpKeys();
   void ShowClicked(int row);
+  void NoteFilled(const PostList& list);
   void OpenMenu(const QPoint& place);
   void Search();
   // Appends rows of the same kind. Scroll position, selection and sorting stay.
@@ -70,6 +84,7 @@ class CRSS_RightTopContainer : public QWidget {
   CVxListCtrl& list_;
   PostCommands commands_;
   WebSearch webSearch_;
+  PostList filled_;  // what the list was filled with last, without its posts
 };
 
 }  // namespace feedloom

@@ -105,6 +105,10 @@ SearchScope CRSS_RightTopToolBarWnd::Scope() const {
   return static_cast<SearchScope>(scope_.currentIndex());
 }
 
+void CRSS_RightTopToolBarWnd::SetScope(int scope) {
+  if (scope >= 0 && scope < scope_.count()) scope_.setCurrentIndex(scope);
+}
+
 void CRSS_RightTopToolBarWnd::SetResultCount(int count) {
   resultText_ = ResultText(skin_, count);
   setAccessibleDescription(resultText_);

@@ -34,9 +34,20 @@ PackedPost::PackedPost(PostRow&& post, int storeIndex)
 }
 
 PostRow PackedPost::Unpack() const {
+  PostRow post = UnpackShort();
+  post.description = description_;
+  return post;
+}
+
+PostRow PackedPost::Release() {
+  PostRow post = UnpackShort();
+  post.description = std::move(description_);
+  return post;
+}
+
+PostRow PackedPost::UnpackShort() const {
   PostRow post;
   for (std::size_t number = 0; number < kTextCount; ++number) post.*kTexts[number] = Text(number);
-  post.description = description_;
   post.readStatus = readStatus_;
   post.id = id_;
   post.isPodcast = isPodcast_;

@@ -21,6 +21,8 @@ class PackedPost {
   PackedPost(PostRow&& post, int storeIndex);
 
   PostRow Unpack() const;
+  // As Unpack, but moves the description out, which the post has no longer.
+  PostRow Release();
 
   int Id() const { return id_; }
   int StoreIndex() const { return storeIndex_; }
@@ -36,6 +38,7 @@ class PackedPost {
  private:
   static constexpr std::size_t kTextCount = 7;
 
+  PostRow UnpackShort() const;  // without the description
   std::string_view Text(std::size_t number) const;
 
   std::string description_;

@@ -39,6 +39,17 @@ void PostListModel::Refill(PostList list) {
   endResetModel();
 }
 
+std::vector<PostRow> PostListModel::Take() {
+  beginResetModel();
+  std::vector<PackedPost> posts = std::exchange(posts_, {});
+  endResetModel();
+  std::ranges::sort(posts, {}, &PackedPost::StoreIndex);
+  std::vector<PostRow> rows;
+  rows.reserve(posts.size());
+  for (PackedPost& post : posts) rows.push_back(post.Release());
+  return rows;
+}
+
 bool PostListModel::Shows(const PostList& list) const {
   if (list.areScrapPosts != areScrapPosts_ || list.posts.size() != posts_.size()) return false;
   std::unordered_map<int, const PackedPost*> shown;

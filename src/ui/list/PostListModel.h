@@ -45,9 +45,15 @@ class PostListModel : public QAbstractTableModel {
   // Replaces all rows; the sorting stays.
   void Refill(PostList list);
 
+  // Removes all rows and returns their posts, in the store's order.
+  std::vector<PostRow> Take();
+
   // Whether the rows are the posts of `list`, in any order, with the same texts in the
   // cells.
   bool Shows(const PostList& list) const;
+
+  // The order of the rows; column -1 for the store's.
+  const Sorting& SortedBy() const { return sorting_; }
 
   bool AreScrapPosts() const { return areScrapPosts_; }
   PostRow At(int row) const;

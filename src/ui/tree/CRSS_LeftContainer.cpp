@@ -19,6 +19,7 @@
 #include "ui/tree/SelectedPosts.h"
 #include "ui/tree/TimerPeriods.h"
 #include "ui/tree/TreeLoader.h"
+#include "ui/tree/TreeMemory.h"
 
 namespace feedloom {
 namespace {
@@ -248,12 +249,25 @@ void CRSS_LeftContainer::ListSelectedPosts(FirstPost shown) {
 
 void CRSS_LeftContainer::GoToUnreadRow(bool forward) {
   const QModelIndex row = model_.FindUnread(tree_->SelectedRow(), forward);
-  if (!row.isValid()) return;
-  {
-    const QSignalBlocker blocker(tree_);  // or the first post would be shown
-    tree_->setCurrentIndex(row);
+  if (SelectQuietly(row)) {
+    ListSelectedPosts(forward ? FirstPost::FirstUnread : FirstPost::LastUnread);
   }
-  ListSelectedPosts(forward ? FirstPost::FirstUnread : FirstPost::LastUnread);
+}
+
+bool CRSS_LeftContainer::SelectQuietly(const QModelIndex& row) {
+  const QSignalBlocker blocker(tree_);  // or the first post would be shown
+  if (row.isValid()) tree_->setCurrentIndex(row);
+  return row.isValid();
+}
+
+bool CRSS_LeftContainer::Select(const RowKey& row) { return SelectQuietly(FindRow(model_, row)); }
+
+bool CRSS_LeftContainer::SelectUnreadFolder() { return SelectQuietly(FindUnreadFolder(model_)); }
+
+TreeMemory CRSS_LeftContainer::Memory() const { return ReadTreeMemory(*tree_, model_); }
+
+void CRSS_LeftContainer::Close(const std::vector<RowKey>& groups) {
+  for (const RowKey& group : groups) tree_->collapse(FindRow(model_, group));
 }
 
 void CRSS_LeftContainer::ShowRowMenu(const QPoint& place) {

@@ -11,6 +11,7 @@
 #include "exchange/Subscriptions.h"
 #include "look/PaneFrame.h"
 #include "ui/Reading.h"
+#include "ui/ViewMemory.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/TreeCommands.h"
 
@@ -109,6 +110,14 @@ class CRSS_LeftContainer : public QWidget {
 
   // A channel's title without its count; empty when there is no such channel.
   std::string ChannelTitle(int channelId) const;
+  // What is to be remembered of the rows on display.
+  TreeMemory Memory() const;
+  // Closes these groups. Rows that are gone are ignored.
+  void Close(const std::vector<RowKey>& groups);
+  // Select a row without listing its posts: this one, or the first folder with unread posts. False,
+  // and nothing is selected, when there is no such row.
+  bool Select(const RowKey& row);
+  bool SelectUnreadFolder();
   // The selected row; nullopt when no row is selected.
   std::optional<RowKey> SelectedRow() const;
   // True when the channel, or its folder, is selected.
@@ -137,6 +146,7 @@ class CRSS_LeftContainer : public QWidget {
   void SetUpKeys();
   void CountChanges();
   void ListSelectedPosts(FirstPost shown);
+  bool SelectQuietly(const QModelIndex& row);
   void ShowRowMenu(const QPoint& place);
   void ShowMenuAt(const Menu& menu, const QPoint& place);
 
