@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -16,6 +17,7 @@ namespace feedloom {
 namespace {
 
 constexpr int kNarrowestColumn = 16;
+constexpr int kEmptyMargin = 12;  // pixels beside the text of an empty list
 
 }  // namespace
 
@@ -127,6 +129,12 @@ bool CVxListCtrl::IsAtEnd() const {
   return verticalScrollBar()->sliderPosition() == verticalScrollBar()->maximum();
 }
 
+void CVxListCtrl::SetEmptyText(const QString& text) {
+  emptyText_ = text;
+  setAccessibleDescription(text);
+  viewport()->update();
+}
+
 void CVxListCtrl::SetInputBlocked(bool isBlocked) {
   if (isBlocked != isEnabled()) return;
   if (isBlocked) {
@@ -185,6 +193,11 @@ void CVxListCtrl::dataChanged(const QModelIndex& topLeft, const QModelIndex& bot
 void CVxListCtrl::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
   DrawFocusWithoutRow(*this);
+  if (emptyText_.isEmpty()) return;
+  QPainter painter(viewport());
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  const QRect place = viewport()->rect().adjusted(kEmptyMargin, 0, -kEmptyMargin, 0);
+  painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }
 
 void CVxListCtrl::mousePressEvent(QMouseEvent* event) {

@@ -51,6 +51,10 @@ class CVxListCtrl : public QTreeView {
   // Removes the sort indicator from the header.
   void ClearSorting();
 
+  // Shows `text` in the middle of the list, in which there are no rows, and tells it to screen
+  // readers; an empty one ends that.
+  void SetEmptyText(const QString& text);
+
   // Disables the list and shows the wait cursor over it, or ends that. If the list has the focus, a
   // cover over the list keeps it meanwhile.
   void SetInputBlocked(bool isBlocked);
@@ -85,7 +89,8 @@ class CVxListCtrl : public QTreeView {
   void PlaceCover();
 
   std::vector<int> widthsBefore_;  // empty while all columns are shown
-  QPersistentModelIndex anchor_;   // invalid: the base class's anchor is used
+  QString emptyText_;
+  QPersistentModelIndex anchor_;  // invalid: the base class's anchor is used
   // The widget over the closed list. A disabled widget can have neither a cursor nor the focus.
   QPointer<QWidget> cover_;
 };

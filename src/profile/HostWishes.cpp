@@ -9,7 +9,10 @@
 namespace feedloom {
 
 std::vector<RegistryEntry> HostWishes() {
-  return {{kHostKey, kValueListPlace, kListAbove}, {kHostKey, kValueNotice, kNoticeChannels}};
+  return {{kHostKey, kValueEmptyList, kEmptyListLine},
+          {kHostKey, kValueListPlace, kListAbove},
+          {kHostKey, kValueNotice, kNoticeChannels},
+          {kHostKey, kValueStart, kStartLast}};
 }
 
 Failure StoreHostWishes(const std::string& dir) {

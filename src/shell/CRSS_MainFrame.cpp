@@ -350,7 +350,9 @@ void CRSS_MainFrame::ReloadSelection() {
 
 void CRSS_MainFrame::ShowPost(const PostRow& post) { rightBottom_->ShowPost(post); }
 
-void CRSS_MainFrame::ShowMainPage() { rightBottom_->ShowMainPage(); }
+void CRSS_MainFrame::ShowMainPage() {
+  rightTop_->SaysEmpty() ? rightBottom_->ShowEmptyPage() : rightBottom_->ShowMainPage();
+}
 
 void CRSS_MainFrame::AddChannel(const std::string& address) { left_->AddChannel(address); }
 

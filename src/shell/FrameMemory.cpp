@@ -47,7 +47,7 @@ void FrameMemory::ShowKept(KeptView kept) {
     panes_.left.ReloadSelection();
   }
   panes_.list.RecallPlace(kept.view.list);
-  panes_.page.Show(kept.page);
+  kept.page.IsMainPage() ? reading_.ShowMainPage() : panes_.page.Show(kept.page);
 }
 
 void FrameMemory::TakeUpLast() {
@@ -57,7 +57,8 @@ void FrameMemory::TakeUpLast() {
   panes_.left.ReloadSelection();
   if (!isThere) return;
   panes_.list.RecallPlace(stored_.list);
-  if (const auto post = panes_.list.Find(stored_.page.post)) reading_.ShowPost(*post);
+  const auto post = panes_.list.Find(stored_.page.post);
+  post ? reading_.ShowPost(*post) : reading_.ShowMainPage();
 }
 
 ViewMemory FrameMemory::Look() const {

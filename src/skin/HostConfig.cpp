@@ -66,6 +66,7 @@ bool HostConfig::Is(const char* name, const char* value) const {
 bool HostConfig::OpensLinksOutside() const { return Is(kValuePostLinks, kLinksOutside); }
 bool HostConfig::AnnouncesChannels() const { return Is(kValueNotice, kNoticeChannels); }
 bool HostConfig::StartsWithLast() const { return Is(kValueStart, kStartLast); }
+bool HostConfig::SaysEmptyLists() const { return Is(kValueEmptyList, kEmptyListLine); }
 
 ListPlace HostConfig::GetListPlace() const {
   if (Is(kValueListPlace, kListBeside)) return ListPlace::Beside;

@@ -51,6 +51,8 @@ class HostConfig {
 
   // Whether the window begins with what it showed last, and not with the main page alone.
   bool StartsWithLast() const;
+  // Whether a list without posts says so itself, beside an empty page in place of the main page.
+  bool SaysEmptyLists() const;
 
   // The directory of the host's ini files, with a separator at the end, and the paths of its files.
   std::string GetIniDir() const;

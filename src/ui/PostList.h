@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "store/Rows.h"
@@ -11,6 +12,10 @@ struct PostList {
   std::vector<PostRow> posts = {};  // in display order
   bool areScrapPosts = false;       // saved posts
   bool areSearchResults = false;    // results of a search; the list shows their number
+  // The key of the text that the list shows if there are no posts, null for none, and the word that
+  // stands for "%s" in it.
+  const char* whenEmpty = nullptr;
+  std::string word = {};
 };
 
 }  // namespace feedloom

@@ -24,7 +24,8 @@ class Reading {
   // Reads the posts of the tree's selection again when the list shows them; otherwise does nothing.
   virtual void ReloadSelection() = 0;
 
-  // Show a post, or the main page, in the browser.
+  // Show a post, or the main page, in the browser. While the list says itself that it has no posts,
+  // an empty page stands for the main page.
   virtual void ShowPost(const PostRow& post) = 0;
   virtual void ShowMainPage() = 0;
 

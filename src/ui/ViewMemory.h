@@ -59,8 +59,10 @@ struct ViewMemory {
   bool operator==(const ViewMemory&) const = default;
 };
 
-// What the browser shows: a post; otherwise a web page; otherwise the main page.
+// What the browser shows: a post; otherwise a web page; otherwise the main page, or an empty one.
 struct PageContent {
+  bool IsMainPage() const { return !post && address.isEmpty(); }
+
   std::optional<PostRow> post = {};
   QUrl address = {};
   QPointF scrolled = {};  // how far, in the page's pixels

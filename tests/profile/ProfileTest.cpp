@@ -4,6 +4,7 @@
 #include "kit/TempFolder.h"
 #include "net/UrlDownload.h"
 #include "profile/HostTexts.h"
+#include "profile/HostWishes.h"
 #include "profile/IniFile.h"
 #include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
@@ -222,6 +223,15 @@ TEST(IniFileTest, AValueIsWhatFollowsTheFirstEqualsSignOfItsKey) {
   EXPECT_EQ(file.Value("one", "empty"), "");
   EXPECT_EQ(file.Value("TWO", "last"), "\"quoted\"");
   for (const char* none : {";off", "last"}) EXPECT_EQ(file.Value("ONE", none), std::nullopt);
+}
+
+TEST_F(ProfileTest, AsksTheModuleForMoreUnlessTheProfileSaysOtherwise) {
+  EXPECT_EQ(Create(), "");
+  EXPECT_TRUE(Config().StartsWithLast() && Config().SaysEmptyLists());
+  std::filesystem::remove(paths_.registry);  // an older profile has no such values
+  ASSERT_TRUE(Registry(paths_.registry).WriteString(kHostKey, kValueStart, "MAIN"));
+  EXPECT_EQ(StoreHostWishes(paths_.dir), Failure());
+  EXPECT_TRUE(!Config().StartsWithLast() && Config().SaysEmptyLists());
 }
 
 }  // namespace feedloom

@@ -129,4 +129,31 @@ TEST_F(Memory, AStartAsTheLastShowsThePostAgainOrAFolderWithUnreadPostsWhenItIsG
   EXPECT_EQ(Unread(), unread);
 }
 
+TEST_F(Memory, AnEmptyListSaysSoBesideAnEmptyPageIfTheHostWantsThat) {
+  CreateFrame();
+  const auto says = [this](const QString& text, bool isWritten) {
+    return WaitUntil([&, this] {
+      const QString page = frame_->findChild<QWebEngineView*>()->url().path();
+      return List().accessibleDescription() == text && page.contains("/page:") == isWritten;
+    });
+  };
+  Select("내 보관함");
+  EXPECT_TRUE(says("", false));
+  ASSERT_TRUE(profile_.TheRegistry().WriteString(kHostKey, kValueEmptyList, kEmptyListLine));
+  Select("기본 그룹");
+  EXPECT_TRUE(says("이 그룹에는 글이 없습니다.", true));
+  Select("보관함");
+  EXPECT_TRUE(says("보관함이 비어 있습니다.", true));
+  AddPosts(1, 1);
+  Select("Feedloom 시작하기");
+  EXPECT_TRUE(Shows("Text 1") && says("", true));
+  List().setFocus();
+  answers_.Next([](QDialog& question) {
+    for (auto* const button : question.findChildren<QAbstractButton*>())
+      if (button->accessibleName() == "확인") button->click();
+  });
+  Press("Del");
+  EXPECT_TRUE(Titles().isEmpty() && says("이 채널에는 글이 없습니다.", true));
+}
+
 }  // namespace feedloom

@@ -20,9 +20,7 @@ PageContent CRSS_RightBottomContainer::Content() const {
 }
 
 void CRSS_RightBottomContainer::Show(const PageContent& content) {
-  if (!content.post && content.address.isEmpty()) return ShowMainPage();
-  if (content.post) ShowPost(*content.post);
-  if (!content.post) view_->Navigate(content.address);
+  content.post ? ShowPost(*content.post) : view_->Navigate(content.address);
   view_->ScrollWhenShown(content.scrolled);
 }
 

@@ -202,6 +202,11 @@ void CRSS_RightBottomContainer::ShowMainPage() {
       SkinFileUrl(FilePath(desk_.GetSkin().GetImagePath(kSectionHtml, kImageMainPage))));
 }
 
+void CRSS_RightBottomContainer::ShowEmptyPage() {
+  shownPost_.reset();
+  view_->WritePageToBrowser({.html = "<html><head></head><body></body></html>"});
+}
+
 void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
   shownPost_ = ShownPost{.post = post, .mode = mode_};
   const QString address = ToQString(desk_.GetStore().TextCodePage(), post.link);

@@ -46,13 +46,14 @@ class CRSS_RightBottomContainer : public QWidget {
   void Redraw();
 
   void ShowMainPage();
+  void ShowEmptyPage();
   void ShowPost(const PostRow& post);
 
   // What is to be remembered of the pane, and its taking up, which shows no post.
   PageMemory Memory() const;
   void Recall(const PageMemory& memory);
   // What is on display, and showing it again at the same place of the page. Of a web page the
-  // address is kept, and not what the user has done in it.
+  // address is kept, and not what the user has done in it. There must be one.
   PageContent Content() const;
   void Show(const PageContent& content);
 

@@ -7,6 +7,7 @@
 
 #include "controls/CVxListCtrl.h"
 #include "controls/OnKey.h"
+#include "look/QtText.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
@@ -61,6 +62,10 @@ void CRSS_RightTopContainer::SetUpList() {
   list_.setModel(&model_);
   list_.setItemDelegate(new PostDelegate(&list_));
   list_.SetColumnWidths({30, 278, 100, 100});
+  const auto tellEmpty = [this] { list_.SetEmptyText(EmptyText()); };
+  connect(&model_, &QAbstractItemModel::modelReset, this, tellEmpty);
+  connect(&model_, &QAbstractItemModel::rowsRemoved, this, tellEmpty);
+  connect(&model_, &QAbstractItemModel::rowsInserted, this, tellEmpty);
   setFocusProxy(&list_);
   connect(&list_, &CVxListCtrl::RowClicked, this, &CRSS_RightTopContainer::ShowClicked);
   connect(&list_, &CVxListCtrl::MenuRequested, this, &CRSS_RightTopContainer::OpenMenu);
@@ -105,7 +110,18 @@ void CRSS_RightTopContainer::Fill(PostList list) {
 }
 
 void CRSS_RightTopContainer::NoteFilled(const PostList& list) {
-  filled_ = {.areScrapPosts = list.areScrapPosts, .areSearchResults = list.areSearchResults};
+  filled_ = {.areScrapPosts = list.areScrapPosts,
+             .areSearchResults = list.areSearchResults,
+             .whenEmpty = list.whenEmpty,
+             .word = list.word};
+}
+
+QString CRSS_RightTopContainer::EmptyText() const {
+  const bool isSaid = model_.rowCount() == 0 && filled_.whenEmpty != nullptr &&
+                      desk_.GetSkin().Config().SaysEmptyLists();
+  if (!isSaid) return {};
+  return SkinText(desk_.GetSkin(), filled_.whenEmpty)
+      .replace("%s", ToLine(desk_.GetStore().TextCodePage(), filled_.word));
 }
 
 void CRSS_RightTopContainer::Append(PostList list) {
@@ -202,8 +218,7 @@ void CRSS_RightTopContainer::Search() {
 }
 
 void CRSS_RightTopContainer::SearchStore(const std::string& word) {
-  PostList found;
-  found.areSearchResults = true;
+  PostList found{.areSearchResults = true, .whenEmpty = kTextNothingFound, .word = word};
   if (!SearchPosts(desk_.GetStore(), word, found.posts)) return;
   reading_.ListPosts(ListMode::Selection, std::move(found));
 }

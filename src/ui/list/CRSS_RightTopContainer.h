@@ -58,6 +58,9 @@ class CRSS_RightTopContainer : public QWidget {
   // The listed post with this id; nullopt when there is none.
   std::optional<PostRow> Find(int postId) const;
 
+  // Whether the list has no rows and says so itself, as some hosts want.
+  bool SaysEmpty() const { return !EmptyText().isEmpty(); }
+
   // Moves the keyboard focus to the search box.
   void FocusSearch();
 
@@ -70,6 +73,7 @@ class CRSS_RightTopContainer : public QWidget {
   void SetUpKeys();
   void ShowClicked(int row);
   void NoteFilled(const PostList& list);
+  QString EmptyText() const;
   void OpenMenu(const QPoint& place);
   void Search();
   // Appends rows of the same kind. Scroll position, selection and sorting stay.

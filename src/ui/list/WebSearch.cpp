@@ -37,7 +37,8 @@ bool WebSearch::IsRunning() const { return search_ && search_->IsRunning(); }
 
 void WebSearch::Begin(const std::string& word) {
   if (!search_) search_ = subscribing_.MakeDirectorySearch();
-  search_->Begin(word, [this](DirectoryAnswer answer) { OnFirstPage(std::move(answer)); });
+  search_->Begin(word,
+                 [this, word](DirectoryAnswer answer) { OnFirstPage(std::move(answer), word); });
   BeginWait();
 }
 
@@ -50,10 +51,13 @@ void WebSearch::LoadNextPage() {
   BeginWait();
 }
 
-void WebSearch::OnFirstPage(DirectoryAnswer answer) {
+void WebSearch::OnFirstPage(DirectoryAnswer answer, const std::string& word) {
   EndWait();
   const bool isAnswered = answer.isAnswered;
-  reading_.ListPosts(ListMode::WebDirectory, ToPostList(std::move(answer)));
+  PostList list = ToPostList(std::move(answer));
+  if (isAnswered) list.whenEmpty = kTextNothingFound;
+  list.word = word;
+  reading_.ListPosts(ListMode::WebDirectory, std::move(list));
   if (isAnswered) return;
   // A message box, as the main page would replace a status text. The object may be deleted
   // meanwhile.

@@ -40,7 +40,7 @@ class WebSearch : public QObject {
 
  private:
   void LoadNextPage();
-  void OnFirstPage(DirectoryAnswer answer);
+  void OnFirstPage(DirectoryAnswer answer, const std::string& word);
   void OnNextPage(DirectoryAnswer answer);
   void BeginWait();
   void EndWait();

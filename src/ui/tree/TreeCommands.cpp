@@ -280,7 +280,7 @@ void TreeCommands::RefreshSelection() {
 }
 
 void TreeCommands::ListToday() {
-  PostList list;
+  PostList list{.whenEmpty = kTextNoPostsToday};
   if (LoadTodayUnread(desk_.GetStore(), list.posts)) {
     reading_.ListPosts(ListMode::Today, std::move(list));
   }
@@ -288,7 +288,7 @@ void TreeCommands::ListToday() {
 
 void TreeCommands::ListTodayOfGroup() {
   const auto folder = Selected(RowKind::Folder);
-  PostList list;
+  PostList list{.whenEmpty = kTextNoPostsToday};
   if (folder && LoadFolderTodayUnread(desk_.GetStore(), folder->id, list.posts)) {
     reading_.ListPosts(ListMode::Today, std::move(list));
   }
@@ -299,9 +299,10 @@ void TreeCommands::Search() {
   if (!target) return;
   const auto word = AskSearchWord(desk_, &tree_);
   if (!word) return;
-  PostList list;
-  list.areScrapPosts = HoldsScrapPosts(target->kind);
-  list.areSearchResults = true;
+  PostList list{.areScrapPosts = HoldsScrapPosts(target->kind),
+                .areSearchResults = true,
+                .whenEmpty = kTextNothingFound,
+                .word = *word};
   if (SearchPosts(desk_.GetStore(), {target->kind, target->id}, *word, list.posts)) {
     reading_.ListPosts(ListMode::Selection, std::move(list));
   }
