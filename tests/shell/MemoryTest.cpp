@@ -1,6 +1,7 @@
 // What the window remembers when its host makes another frame, or the program starts again.
 #include <QComboBox>
 
+#include "kit/DirectoryService.h"
 #include "shell/ModuleFixture.h"
 
 namespace feedloom {
@@ -45,6 +46,13 @@ struct Memory : ModuleFixture {
     Press("F6, Ctrl++");
     EXPECT_TRUE(WaitUntil([this] { return Look().find("zoom 1.1") != std::string::npos; }));
   }
+  // Into the toolbar of this name.
+  void Type(const QString& toolbar, const QString& text) {
+    auto* const box = frame_->findChild<QWidget*>(toolbar)->findChild<QLineEdit*>();
+    box->setText(text);
+    box->setFocus();
+    Press("Return");
+  }
   // A frame that could not read the store, as the last one of the process, keeps nothing.
   void StartAgain() {
     Destroy();
@@ -83,19 +91,11 @@ TEST_F(Memory, AFrameInPlaceOfAnotherShowsTheSameAndMarksNothingRead) {
 TEST_F(Memory, ItKeepsASearchAndAWebPageWithItsPlaceToo) {
   server_.Serve("/tall", "<html><body style='height: 5000px'>Tall</body></html>", "text/html");
   Choose();
-  auto* const box = Columns().widget(1)->findChild<QWidget*>("RSS_RightTopToolBar");
-  auto* const word = box->findChild<QLineEdit*>();
-  word->setText("Post 2");
-  word->setFocus();
-  Press("Return");
+  Type("RSS_RightTopToolBar", "Post 2");
   const QStringList found = Titles();
   EXPECT_EQ(found.size(), 11);
   const auto page = [this] { return frame_->findChild<QWebEngineView*>()->page(); };
-  auto* const address =
-      frame_->findChild<QWidget*>("RSS_RightBottomToolBar")->findChild<QLineEdit*>();
-  address->setText(QString::fromStdString(server_.Url("/tall")));
-  address->setFocus();
-  Press("Return");
+  Type("RSS_RightBottomToolBar", QString::fromStdString(server_.Url("/tall")));
   ASSERT_TRUE(Shows("Tall"));
   page()->runJavaScript("scrollTo(0, 1000)");
   ASSERT_TRUE(WaitUntil([&] { return page()->scrollPosition().y() > 900; }));
@@ -105,6 +105,25 @@ TEST_F(Memory, ItKeepsASearchAndAWebPageWithItsPlaceToo) {
   EXPECT_EQ(Titles(), found);
   EXPECT_TRUE(Shows("Tall"));
   EXPECT_TRUE(WaitUntil([&] { return page()->scrollPosition() == place; }));
+}
+
+TEST_F(Memory, ItKeepsThePlaceInResultsOfTheWebDirectory) {
+  DirectoryService directory;
+  directory.ServeTwoPages();
+  lookup_.HostGetText = [&, texts = lookup_.HostGetText](const char* section, const char* key) {
+    return key == std::string(kTextDirectoryService) ? directory.Address() : texts(section, key);
+  };
+  CreateFrame();
+  Type("RSS_RightTopToolBar", "word");
+  ASSERT_TRUE(Shows("About 1"));
+  List().setFocus();
+  Press("Down, Down, Return");
+  ASSERT_TRUE(Shows("About 3"));
+  Destroy();
+  CreateFrame();
+  EXPECT_TRUE(Shows("About 3"));
+  EXPECT_EQ(Place(), ": 50 by -1, at Title 3, first Title 1");
+  EXPECT_EQ(List().selectionModel()->selectedRows().size(), 1);
 }
 
 TEST_F(Memory, AStartShowsTheMainPageInTheOldSizesUnlessTheHostAsksForMore) {

@@ -106,7 +106,8 @@ SearchScope CRSS_RightTopToolBarWnd::Scope() const {
 }
 
 void CRSS_RightTopToolBarWnd::SetScope(int scope) {
-  if (scope >= 0 && scope < scope_.count()) scope_.setCurrentIndex(scope);
+  const QModelIndex entry = scope_.model()->index(scope, 0);
+  if (entry.flags().testFlag(Qt::ItemIsEnabled)) scope_.setCurrentIndex(scope);
 }
 
 void CRSS_RightTopToolBarWnd::SetResultCount(int count) {

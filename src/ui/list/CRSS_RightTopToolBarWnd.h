@@ -33,7 +33,7 @@ class CRSS_RightTopToolBarWnd : public QWidget {
   // The search word in the module's code page; may be empty.
   std::string Word() const;
   SearchScope Scope() const;
-  // Chooses a scope; does nothing when `scope` is none.
+  // Chooses a scope; does nothing when `scope` is none, or cannot be chosen.
   void SetScope(int scope);
 
   // Shows the number of posts that a search has found, or that it has found none. A negative count

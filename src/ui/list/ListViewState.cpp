@@ -92,8 +92,10 @@ ListViewState SaveViewState(const QTreeView& view, const PostListModel& model) {
 
 void RestoreViewState(QTreeView& view, const PostListModel& model, const ListViewState& state) {
   const FoundRows rows = FindRows(model, state);
+  view.setAutoScroll(false);  // or a hidden view would scroll to the current row when it is shown
   view.selectionModel()->setCurrentIndex(model.index(rows.current, kTitleColumn),
                                          QItemSelectionModel::NoUpdate);
+  view.setAutoScroll(true);
   view.selectionModel()->select(rows.selected, QItemSelectionModel::ClearAndSelect);
   if (rows.top < 0) return;
   view.doItemsLayout();  // updates the scroll bar's range for the new rows

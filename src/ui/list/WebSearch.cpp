@@ -12,14 +12,6 @@
 #include "ui/Subscribing.h"
 
 namespace feedloom {
-namespace {
-
-PostList ToPostList(DirectoryAnswer answer) {
-  return {.posts = std::move(answer.rows), .areSearchResults = answer.isAnswered};
-}
-
-}  // namespace
-
 WebSearch::WebSearch(Desk& desk, Reading& reading, Subscribing& subscribing, CVxListCtrl& list,
                      std::function<void(PostList)> append)
     : desk_(desk),
@@ -62,6 +54,12 @@ void WebSearch::OnFirstPage(DirectoryAnswer answer, const std::string& word) {
   // A message box, as the main page would replace a status text. The object may be deleted
   // meanwhile.
   desk_.ShowTextMessage(kSectionTexts, kTextDirectoryFailed, MsgBoxKind::Notice);
+}
+
+// The list tells its rows apart by ids: these are below those of the store.
+PostList WebSearch::ToPostList(DirectoryAnswer answer) {
+  for (PostRow& row : answer.rows) row.id = --lastId_;
+  return {.posts = std::move(answer.rows), .areSearchResults = answer.isAnswered};
 }
 
 void WebSearch::OnNextPage(DirectoryAnswer answer) {

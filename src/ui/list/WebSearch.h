@@ -42,6 +42,7 @@ class WebSearch : public QObject {
   void LoadNextPage();
   void OnFirstPage(DirectoryAnswer answer, const std::string& word);
   void OnNextPage(DirectoryAnswer answer);
+  PostList ToPostList(DirectoryAnswer answer);
   void BeginWait();
   void EndWait();
   void Report(const char* textKey);
@@ -51,6 +52,7 @@ class WebSearch : public QObject {
   Subscribing& subscribing_;
   CVxListCtrl& list_;
   const std::function<void(PostList)> append_;
+  int lastId_ = 0;
   std::unique_ptr<DirectorySearch> search_;  // null before the first search
 };
 
