@@ -1,5 +1,6 @@
 #include "controls/CMsgBox.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScreen>
@@ -29,6 +30,7 @@ constexpr Choice kNotice[] = {{kButtonOk, kTextOk, true}};
 std::span<const Choice> ChoicesOf(MsgBoxKind kind) {
   switch (kind) {
     case MsgBoxKind::YesNo:
+    case MsgBoxKind::Offer:
       return kYesNo;
     case MsgBoxKind::OkCancel:
       return kOkCancel;
@@ -36,6 +38,20 @@ std::span<const Choice> ChoicesOf(MsgBoxKind kind) {
       break;
   }
   return kNotice;
+}
+
+// What the user agrees to in a hurry must not be what cannot be taken back.
+bool AsksForCare(MsgBoxKind kind) {
+  return kind == MsgBoxKind::YesNo || kind == MsgBoxKind::OkCancel;
+}
+
+// The modal dialog that belongs to `parent`; `parent` itself without one.
+QWidget* WaitingWindow(QWidget* parent) {
+  QWidget* const dialog = QApplication::activeModalWidget();
+  for (const QObject* above = dialog; above && parent; above = above->parent()) {
+    if (above == parent) return dialog;
+  }
+  return parent;
 }
 
 constexpr int kMargin = 20;
@@ -68,7 +84,6 @@ CMsgBox::CMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget
   column->setSpacing(kMargin);
   column->addWidget(MakeTextArea(text));
   column->addLayout(MakeChoiceRow(kind));
-  ConfirmButton()->setFocus();
 }
 
 QWidget* CMsgBox::MakeTextArea(const QString& text) {
@@ -100,9 +115,10 @@ QHBoxLayout* CMsgBox::MakeChoiceRow(MsgBoxKind kind) {
     connect(button, &QAbstractButton::clicked, this,
             choice.consents ? &QDialog::accept : &QDialog::reject);
     row->addWidget(button);
-    if (choice.consents) SetConfirmButton(button);
+    if (choice.consents != AsksForCare(kind)) SetConfirmButton(button);
   }
   row->addStretch();
+  ConfirmButton()->setFocus();
   return row;
 }
 
@@ -113,7 +129,7 @@ void CMsgBox::showEvent(QShowEvent* event) {
 }
 
 MsgBoxAnswer ShowMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent) {
-  auto* box = new CMsgBox(skin, text, kind, parent);
+  auto* box = new CMsgBox(skin, text, kind, WaitingWindow(parent));
   // With this attribute exec() deletes the box itself, and also works when the parent has deleted
   // it.
   box->setAttribute(Qt::WA_DeleteOnClose);

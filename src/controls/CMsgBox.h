@@ -5,13 +5,15 @@
 
 namespace feedloom {
 
-enum class MsgBoxKind { YesNo = 0, OkCancel = 1, Notice = 2 };
+// An offer is a question whose consent costs nothing.
+enum class MsgBoxKind { YesNo = 0, OkCancel = 1, Notice = 2, Offer = 3 };
 
 // Yes and OK consent. No, Cancel, Escape and closing the box decline.
 enum class MsgBoxAnswer { Declined, Consented };
 
-// A modal dialog for exec(); ShowMsgBox does both. Enter presses the focused button, which at first
-// is the consenting one. Screen readers announce the text as an alert.
+// A modal dialog for exec(); ShowMsgBox does both. Enter presses the focused button. At first that
+// is the one that changes nothing, and in a notice and an offer the consenting one. Screen readers
+// announce the text as an alert.
 class CMsgBox : public CVxDialog {
   Q_OBJECT
 
@@ -29,8 +31,9 @@ class CMsgBox : public CVxDialog {
   QHBoxLayout* MakeChoiceRow(MsgBoxKind kind);
 };
 
-// Shows a message box over `parent` and returns the user's answer. When `parent` is destroyed
-// meanwhile, the box goes with it and the answer is Declined.
+// Shows a message box over `parent`, or over the dialog of it that waits for the user, and returns
+// the user's answer. When that window is destroyed meanwhile, the box goes with it and the answer
+// is Declined.
 MsgBoxAnswer ShowMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget* parent);
 
 }  // namespace feedloom

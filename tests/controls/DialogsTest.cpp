@@ -66,19 +66,21 @@ struct Dialogs : testing::Test {
   DialogAnswers answers_;
 };
 
-TEST_F(Dialogs, AMessageBoxHasTheButtonsOfItsKindAndOnlyTheFirstConsents) {
+TEST_F(Dialogs, AMessageBoxHasTheButtonsOfItsKindAndEnterConsentsToWhatIsHarmless) {
   for (const auto& [kind, names] : {std::pair(MsgBoxKind::YesNo, QStringList{"Yes", "No"}),
                                     {MsgBoxKind::OkCancel, {"OK", "Cancel"}},
+                                    {MsgBoxKind::Offer, {"Yes", "No"}},
                                     {MsgBoxKind::Notice, {"OK"}}}) {
     CMsgBox box(skin_.Get(), "<b>bold</b>", kind, nullptr);
     EXPECT_EQ(box.findChild<QLabel*>()->textFormat(), Qt::PlainText);
     EXPECT_EQ(box.findChildren<CButtonEx*>().size(), names.size());
     for (const QString& name : names) EXPECT_EQ(Consents(kind, Click(name)), name == names[0]);
-    for (const char* keys : {"\r", "\x1B"}) EXPECT_EQ(Consents(kind, Type(keys)), *keys == '\r');
+    EXPECT_EQ(Consents(kind, Type("\r")), kind >= MsgBoxKind::Notice);
+    EXPECT_FALSE(Consents(kind, Type("\x1B")));
     EXPECT_FALSE(Consents(kind, &QDialog::close));
   }
-  EXPECT_FALSE(Consents(MsgBoxKind::YesNo, Type("\t\r")));
-  EXPECT_TRUE(Consents(MsgBoxKind::YesNo, Type("\t\t\r"))) << "a short text is no stop";
+  EXPECT_TRUE(Consents(MsgBoxKind::YesNo, Type("\t\r")));
+  EXPECT_FALSE(Consents(MsgBoxKind::YesNo, Type("\t\t\r"))) << "a short text is no stop";
 }
 
 TEST_F(Dialogs, ShowTheirPartsAtEvenDistances) {
@@ -125,6 +127,16 @@ TEST_F(Dialogs, AKeyThatIsHeldFromBeforeEndsNothing) {
   };
   EXPECT_EQ(Ask(hold), "(none)");
   EXPECT_FALSE(Consents(MsgBoxKind::OkCancel, hold));
+}
+
+TEST_F(Dialogs, AMessageStandsOverTheDialogThatBringsIt) {
+  Ask([&](QDialog& asking) {
+    Consents(MsgBoxKind::Notice, [&](QDialog& box) {
+      EXPECT_EQ(box.parentWidget(), &asking);
+      box.close();
+    });
+    asking.close();
+  });
 }
 
 TEST_F(Dialogs, AParentThatGoesTakesItsDialogAlong) {

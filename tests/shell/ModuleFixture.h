@@ -98,11 +98,11 @@ struct ModuleFixture : QObject, testing::Test {
       QTest::keySequence(QApplication::focusWidget(), QKeySequence(key));
     }
   }
-  // Answers the next dialog, or message box, with a text, if any, and Enter.
+  // Consents to the next dialog, or message box, with a text, if any.
   void Answer(const std::string& text = "") {
     answers_.Next([text](QDialog& dialog) {
       if (!text.empty()) dialog.findChild<QLineEdit*>()->setText(QString::fromStdString(text));
-      QTest::keyClick(&dialog, Qt::Key_Return);
+      dialog.accept();
     });
   }
 

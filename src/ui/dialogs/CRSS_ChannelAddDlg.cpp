@@ -153,7 +153,7 @@ void CRSS_ChannelAddDlg::OfferAnnounced(const std::string& address) {
   address_.setFocus();
   const QPointer self(this);
   const auto answer =
-      desk_.ShowTextMessage(kSectionTexts, kTextAddChannelAnnounced, MsgBoxKind::YesNo);
+      desk_.ShowTextMessage(kSectionTexts, kTextAddChannelAnnounced, MsgBoxKind::Offer);
   if (!self || answer != MsgBoxAnswer::Consented) return;
   address_.setText(QString::fromStdString(address));
   Check();
