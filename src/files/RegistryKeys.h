@@ -27,6 +27,7 @@ inline constexpr char kValueListPlace[] = "LIST_PLACE";            // kListAbove
 inline constexpr char kValueNotice[] = "NOTICE";                   // kNoticeChannels
 inline constexpr char kValueStart[] = "START";                     // kStartLast
 inline constexpr char kValueEmptyList[] = "EMPTY_LIST";            // kEmptyListLine
+inline constexpr char kValueDialogs[] = "DIALOGS";                 // kDialogsHelpful
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
 // The values of kValuePostLinks.
@@ -42,8 +43,12 @@ inline constexpr char kNoticeChannels[] = "CHANNELS";
 
 // The value of kValueStart that asks for more than the main page.
 inline constexpr char kStartLast[] = "LAST";
+
 // The value of kValueEmptyList that asks for a line in place of the main page.
 inline constexpr char kEmptyListLine[] = "LINE";
+
+// The value of kValueDialogs; anything else is the default.
+inline constexpr char kDialogsHelpful[] = "HELPFUL";
 
 // The values of the module's registry key. The first seven are the user's settings, which stand
 // there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.

@@ -9,7 +9,8 @@
 namespace feedloom {
 
 std::vector<RegistryEntry> HostWishes() {
-  return {{kHostKey, kValueEmptyList, kEmptyListLine},
+  return {{kHostKey, kValueDialogs, kDialogsHelpful},
+          {kHostKey, kValueEmptyList, kEmptyListLine},
           {kHostKey, kValueListPlace, kListAbove},
           {kHostKey, kValueNotice, kNoticeChannels},
           {kHostKey, kValueStart, kStartLast}};

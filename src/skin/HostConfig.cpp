@@ -73,6 +73,11 @@ ListPlace HostConfig::GetListPlace() const {
   return Is(kValueListPlace, kListAbove) ? ListPlace::Above : ListPlace::Default;
 }
 
+bool HostConfig::HasHelpfulDialogs() const {
+  const auto value = registry_.ReadString(kHostKey, kValueDialogs);
+  return value && EqualsIgnoringAsciiCase(*value, kDialogsHelpful);
+}
+
 std::string HostConfig::GetIniDir() const { return WithTrailingSeparator(Path(kValueIniDir)); }
 std::string HostConfig::GetImageIniPath() const { return JoinPath(GetIniDir(), "image.ini"); }
 std::string HostConfig::GetStringIniPath() const { return JoinPath(GetIniDir(), "string.ini"); }

@@ -51,8 +51,13 @@ class HostConfig {
 
   // Whether the window begins with what it showed last, and not with the main page alone.
   bool StartsWithLast() const;
+
   // Whether a list without posts says so itself, beside an empty page in place of the main page.
   bool SaysEmptyLists() const;
+
+  // Whether a new folder and a channel's move have dialogs with titles of their own, and a rename
+  // to the same name is none.
+  bool HasHelpfulDialogs() const;
 
   // The directory of the host's ini files, with a separator at the end, and the paths of its files.
   std::string GetIniDir() const;

@@ -39,8 +39,10 @@ TEST_F(HostConfigTest, WhatAHostMayAskForIsOffUnlessItSaysSo) {
   Set("CODEPAGE", "utf-8");
   EXPECT_EQ(config_.GetCodePage(), CodePage::Utf8());
   EXPECT_FALSE(config_.OpensLinksOutside() || config_.AnnouncesChannels());
+  EXPECT_FALSE(config_.HasHelpfulDialogs());
   Set("NOTICE", "channels");
-  EXPECT_TRUE(config_.AnnouncesChannels());
+  Set("DIALOGS", "helpful");
+  EXPECT_TRUE(config_.AnnouncesChannels() && config_.HasHelpfulDialogs());
   for (const auto& [value, isOutside] : {std::pair{"system", true}, {"PANE", false}}) {
     Set("POST_LINKS", value);
     EXPECT_EQ(config_.OpensLinksOutside(), isOutside);

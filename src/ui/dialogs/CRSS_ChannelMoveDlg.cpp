@@ -14,7 +14,8 @@ namespace feedloom {
 
 CRSS_ChannelMoveDlg::CRSS_ChannelMoveDlg(Desk& desk, Subscribing& subscribing, QWidget* parent,
                                          ChannelDetails channel)
-    : CVxFormDialog(desk.GetSkin(), kTextGroupDialogTitle, parent),
+    : CVxFormDialog(desk.GetSkin(), TitleKey(desk.GetSkin(), kTextGroupDialogTitle, kTextMoveTitle),
+                    parent),
       desk_(desk),
       subscribing_(subscribing),
       channel_(std::move(channel)),

@@ -5,17 +5,21 @@
 #include "store/SqlText.h"
 #include "ui/Desk.h"
 #include "ui/Subscribing.h"
+#include "ui/dialogs/DialogRules.h"
 
 namespace feedloom {
 namespace {
 
-constexpr NameDialogLook kLook{kTextGroupDialogTitle, kTextGroupDialogName, kSectionAddGroup,
-                               kButtonAddGroupConfirm, kButtonAddGroupCancel};
+NameDialogLook LookOf(const Skin& skin) {
+  return {TitleKey(skin, kTextGroupDialogTitle, kTextAddGroupTitle), kTextGroupDialogName,
+          kSectionAddGroup, kButtonAddGroupConfirm, kButtonAddGroupCancel};
+}
 
 }  // namespace
 
 CRSS_GroupAddDlg::CRSS_GroupAddDlg(Desk& desk, Subscribing& subscribing, QWidget* parent)
-    : NameDialog(desk, parent, kLook, kGroupNameRule, {}), subscribing_(subscribing) {}
+    : NameDialog(desk, parent, LookOf(desk.GetSkin()), kGroupNameRule, {}),
+      subscribing_(subscribing) {}
 
 bool CRSS_GroupAddDlg::IsTaken(const std::string& name) const {
   return FolderNameExists(GetDesk().GetStore(), name);

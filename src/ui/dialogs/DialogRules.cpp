@@ -1,6 +1,7 @@
 #include "ui/dialogs/DialogRules.h"
 
 #include "skin/Keys.h"
+#include "skin/Skin.h"
 #include "store/SqlText.h"
 
 namespace feedloom {
@@ -30,6 +31,11 @@ const char* CheckFolder(int folderId, const std::function<bool(int folderId)>& i
 const char* CheckNewChannel(const std::string& title, int folderId,
                             const std::function<bool(int folderId)>& isTaken) {
   return title.empty() ? kTextAddChannelEmpty : CheckFolder(folderId, isTaken);
+}
+
+const char* TitleKey(const Skin& skin, const char* key, const char* helpfulKey) {
+  const bool isHelpful = skin.Config().HasHelpfulDialogs();
+  return isHelpful && !skin.GetText(kSectionTexts, helpfulKey).empty() ? helpfulKey : key;
 }
 
 }  // namespace feedloom

@@ -1,12 +1,14 @@
-// Validation of the dialogs' fields. Each function is pure and returns the text key of an error
-// message, null when the values are valid. Texts are in the module's code page, without leading or
-// trailing blanks.
+// Rules of the dialogs, without a widget. Validation of the fields: each function is pure and
+// returns the text key of an error message, null when the values are valid. Texts are in the
+// module's code page, without leading or trailing blanks.
 #pragma once
 
 #include <functional>
 #include <string>
 
 namespace feedloom {
+
+class Skin;
 
 // How one kind of name is validated.
 struct NameRule {
@@ -32,5 +34,9 @@ const char* CheckAddress(const std::string& address);
 const char* CheckFolder(int folderId, const std::function<bool(int folderId)>& isTaken);
 const char* CheckNewChannel(const std::string& title, int folderId,
                             const std::function<bool(int folderId)>& isTaken);
+
+// The key of a dialog's title: `helpfulKey` when the host asks for helpful dialogs and has that
+// text.
+const char* TitleKey(const Skin& skin, const char* key, const char* helpfulKey);
 
 }  // namespace feedloom

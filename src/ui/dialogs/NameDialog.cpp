@@ -25,6 +25,8 @@ std::string NameDialog::Name() const {
 
 void NameDialog::accept() {
   const std::string name = Name();
+  const bool isSame = !name.empty() && name == oldName_;
+  if (isSame && desk_.GetSkin().Config().HasHelpfulDialogs()) return reject();  // nothing to do
   const std::string cabinetRoot = desk_.GetSkin().GetText(kSectionTexts, kTextCabinetTitle);
   // The old name is in use. It is not looked up, because the store would decode its entities again.
   const char* fault = CheckName(rule_, name, cabinetRoot, [this](const std::string& wanted) {

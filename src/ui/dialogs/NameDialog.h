@@ -18,7 +18,8 @@ struct NameDialogLook {
   const char* cancelKey;
 };
 
-// Asks for one name. OK with an invalid name shows a message and keeps the dialog open.
+// Asks for one name. OK with an invalid name shows a message and keeps the dialog open. The old
+// name is invalid, or cancels the dialog, as the host wishes.
 class NameDialog : public CVxFormDialog {
   Q_OBJECT
 
