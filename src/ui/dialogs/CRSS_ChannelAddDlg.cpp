@@ -64,8 +64,7 @@ QString OtherResolution(Desk& desk, const std::string& address) {
 }  // namespace
 
 CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Desk& desk, Refreshing& refreshing, Subscribing& subscribing,
-                                       QWidget* parent, const std::string& folderName,
-                                       const std::string& address)
+                                       QWidget* parent, int folderId, const std::string& address)
     : CVxFormDialog(desk.GetSkin(), kTextAddChannelTitle, parent),
       desk_(desk),
       refreshing_(refreshing),
@@ -80,8 +79,8 @@ CRSS_ChannelAddDlg::CRSS_ChannelAddDlg(Desk& desk, Refreshing& refreshing, Subsc
   address_.setText(AddressToBeginWith(desk, address));
   otherResolution_ = OtherResolution(desk, address);
   ListFolders(desk, folders_);
-  const QString folder = ToLine(desk.GetStore().TextCodePage(), folderName);
-  folders_.setCurrentIndex(std::max(folders_.findText(folder), 0));
+  ChooseFolder(folders_, folderId);
+  if (ChosenFolder(folders_) == 0) folders_.setCurrentIndex(0);
   Connect();
   SetState(State::Unchecked);
 }
@@ -203,7 +202,14 @@ void CRSS_ChannelAddDlg::accept() {
   const char* fault = Fault();
   if (fault == nullptr) fault = Add();
   if (fault == nullptr) return CVxFormDialog::accept();
-  Refuse(fault, ChosenFolder(folders_) == 0 ? static_cast<QWidget*>(&folders_) : &title_);
+  Refuse(fault, FieldOf(fault));
+}
+
+// What the user has to change; OK, to try again, when the store has failed.
+QWidget* CRSS_ChannelAddDlg::FieldOf(const std::string& fault) const {
+  if (fault == kTextAddChannelError) return &ok_;
+  if (TextOf(title_).empty()) return &title_;
+  return &folders_;
 }
 
 // The dialog may be destroyed while the message is shown; callers must not use it afterwards.

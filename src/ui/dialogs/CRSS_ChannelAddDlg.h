@@ -21,11 +21,11 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   Q_OBJECT
 
  public:
-  // The dialog starts with the folder `folderName` and the feed address `address`. Both are in the
-  // module's code page and may be empty. An address with another scheme than http or https is
-  // ignored.
+  // The dialog starts with the folder `folderId`, or the first one when there is none of that id,
+  // and with the feed address `address`, which is in the module's code page and may be empty. An
+  // address with another scheme than http or https is ignored.
   CRSS_ChannelAddDlg(Desk& desk, Refreshing& refreshing, Subscribing& subscribing, QWidget* parent,
-                     const std::string& folderName, const std::string& address);
+                     int folderId, const std::string& address);
 
   void accept() override;
   void done(int result) override;
@@ -45,6 +45,7 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   const char* Fault();
   const char* Add();
   void Subscribe(const ChannelRecord& record);
+  QWidget* FieldOf(const std::string& fault) const;
   void Refuse(const char* key, QWidget* field);
   std::string TextOf(const CVxEdit& box) const;
 

@@ -87,8 +87,8 @@ std::optional<std::string> AskCabinetName(Desk& desk, QWidget* parent, const std
 }
 
 void ShowChannelAdd(Desk& desk, Refreshing& refreshing, Subscribing& subscribing, QWidget* parent,
-                    const std::string& folderName, const std::string& address) {
-  Show(new CRSS_ChannelAddDlg(desk, refreshing, subscribing, parent, folderName, address));
+                    int folderId, const std::string& address) {
+  Show(new CRSS_ChannelAddDlg(desk, refreshing, subscribing, parent, folderId, address));
 }
 
 void ShowGroupAdd(Desk& desk, Subscribing& subscribing, QWidget* parent) {

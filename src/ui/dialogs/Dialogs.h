@@ -33,9 +33,10 @@ std::optional<std::string> AskChannelName(Desk& desk, QWidget* parent,
 std::optional<std::string> AskCabinetName(Desk& desk, QWidget* parent, const std::string& title);
 
 // These store what the user adds or moves, and tell the desk. The dialog of ShowChannelAdd starts
-// with this folder and this feed address; both may be empty.
+// with this folder, or the first one when there is none with this id, and with this feed address,
+// which may be empty.
 void ShowChannelAdd(Desk& desk, Refreshing& refreshing, Subscribing& subscribing, QWidget* parent,
-                    const std::string& folderName, const std::string& address);
+                    int folderId, const std::string& address);
 void ShowGroupAdd(Desk& desk, Subscribing& subscribing, QWidget* parent);
 void ShowCabinetAdd(Desk& desk, Subscribing& subscribing, QWidget* parent);
 void ShowChannelMove(Desk& desk, Subscribing& subscribing, QWidget* parent,

@@ -121,15 +121,15 @@ MsgBoxAnswer TreeCommands::Ask(const char* key, MsgBoxKind kind) const {
   return desk_.ShowTextMessage(kSectionTexts, key, kind);
 }
 
-// The name of the selected folder, or of the folder of the selected channel; empty without one.
-std::string TreeCommands::SelectedFolderName() const {
-  if (const auto channel = Selected(RowKind::Channel)) return DetailsOf(*channel).folderName;
+// The selected folder, or that of the selected channel; 0 without one.
+int TreeCommands::SelectedFolderId() const {
+  if (const auto channel = Selected(RowKind::Channel)) return DetailsOf(*channel).folderId;
   const auto folder = Selected(RowKind::Folder);
-  return folder ? folder->name : std::string();
+  return folder ? folder->id : 0;
 }
 
 void TreeCommands::AddChannel(const std::string& address) {
-  ShowChannelAdd(desk_, refreshing_, subscribing_, &tree_, SelectedFolderName(), address);
+  ShowChannelAdd(desk_, refreshing_, subscribing_, &tree_, SelectedFolderId(), address);
 }
 
 void TreeCommands::AddEmptyChannel() { AddChannel({}); }

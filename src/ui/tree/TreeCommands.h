@@ -66,7 +66,7 @@ class TreeCommands {
   ChannelDetails DetailsOf(const Target& channel) const;
   MsgBoxAnswer Ask(const char* key, MsgBoxKind kind) const;
 
-  std::string SelectedFolderName() const;
+  int SelectedFolderId() const;
   bool IsFolderQueued(const Target& folder) const;
   void RemoveRow(const QPersistentModelIndex& row);
   void Refresh(std::vector<Channel> channels);

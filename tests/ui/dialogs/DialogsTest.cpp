@@ -11,7 +11,7 @@ const FeedCheckAnswer kFeed{.isFeed = true, .title = "A &amp; \nB", .homePage = 
 const FeedCheckAnswer kPage{.announcedFeed = "http://home/rss"};
 
 struct Dialogs : DialogFixture {
-  void Add(const std::string& folder, const char* address, Action action) {
+  void Add(int folder, const char* address, Action action) {
     WhenShown(std::move(action));
     ShowChannelAdd(frame, frame, frame, parent.get(), folder, address);
   }
@@ -82,6 +82,16 @@ TEST_F(Dialogs, QuestionsArePutAgainUntilTheAnswerWillDo) {
             (std::vector<std::pair<std::string, int>>{{"Tom & Jerry's (%s)", 5}, {"It's <", 8}}));
 }
 
+TEST_F(Dialogs, HelpWhereTheHostAsksForIt) {
+  frame.skin.SetHostValue(kValueDialogs, kDialogsHelpful);
+  WhenShown([&] { EXPECT_TRUE(Click().empty() && !dialog->isVisible()); });
+  EXPECT_EQ(AskCabinetName(frame, parent.get(), "Old"), std::nullopt);
+  WhenShown([&] { EXPECT_EQ(dialog->windowTitle(), "그룹 추가"); });
+  ShowGroupAdd(frame, frame, parent.get());
+  WhenShown([&] { EXPECT_EQ(dialog->windowTitle(), "채널 이동"); });
+  ShowChannelMove(frame, frame, parent.get(), channel_);
+}
+
 TEST_F(Dialogs, ACabinetIsChosenFromAllInTheirOrder) {
   const auto choose = [&](const std::vector<Qt::Key>& keys) {
     WhenShown([&] {
@@ -111,8 +121,7 @@ TEST_F(Dialogs, ANameThatCannotBeStoredIsReported) {
 }
 
 TEST_F(Dialogs, AFeedIsCheckedAndThenStoredShownAndRefreshed) {
-  AddFolder(frame.GetStore(), Korean("운동"), 5);
-  Add(Korean("운동"), "file:///etc/hostname", [&] {
+  Add(AddFolder(frame.GetStore(), Korean("운동"), 5), "file:///etc/hostname", [&] {
     EXPECT_EQ(Look(*dialog), "채널 추가; 주소 확인; >채널 주소=; 취소");
     EXPECT_EQ(Try(" ", "주소 확인"), Keys{kTextAddChannelEmpty});
     Try(" daily/a b ", "주소 확인");
@@ -133,9 +142,11 @@ TEST_F(Dialogs, AFeedIsCheckedAndThenStoredShownAndRefreshed) {
         "채널 추가; 주소 확인; 채널 주소=http://example.com/Daily; >채널 이름=A & B; 그룹 추가; "
         "그룹 선택=운동|News|운동; 확인; 취소");
     EXPECT_EQ(Try(" "), Keys{kTextAddChannelEmpty});
+    EXPECT_EQ(dialog->focusWidget(), &Box(1));
     Box(1).setText("Mine");
     EXPECT_EQ(ChooseWhileLocked("News"), Keys{kTextAddChannelError});
     EXPECT_EQ(Choose("News"), Keys{kTextAddChannelDuplicate});
+    EXPECT_EQ(dialog->focusWidget(), &List());
     Box().setText("http://other/");
     EXPECT_EQ(Look(*dialog), "채널 추가; 주소 확인; 채널 주소=http://other/; >취소");
     Check(kFeed);
@@ -152,7 +163,7 @@ TEST_F(Dialogs, AFeedIsCheckedAndThenStoredShownAndRefreshed) {
 TEST_F(Dialogs, AnAnnouncedAddressThatIsNoFeedIsReadAsTheBrowserReadsIt) {
   frame.state.discoveredFeeds = {{"Feed", "http://h/x.xml", "http://h:8080/x.xml"}};
   for (const bool isEdited : {false, true}) {
-    Add("News", "http://h/x.xml", [&] {
+    Add(news_, "http://h/x.xml", [&] {
       if (isEdited) QTest::keyClicks(&Box(), "2");
       EXPECT_EQ(Check({}), isEdited ? Keys{kTextAddChannelCheckError} : Keys{});
       if (isEdited) return;
@@ -164,7 +175,7 @@ TEST_F(Dialogs, AnAnnouncedAddressThatIsNoFeedIsReadAsTheBrowserReadsIt) {
 }
 
 TEST_F(Dialogs, AWebPageOffersItsFeedAndAFolderCanBeAddedOnTheWay) {
-  Add("Gone", "page/", [&] {
+  Add(99, "page/", [&] {
     EXPECT_EQ(Check(kPage), Keys{kTextAddChannelAnnounced});  // declined
     EXPECT_EQ(Look(*dialog), "채널 추가; 주소 확인; >채널 주소=http://page/; 취소");
     frame.nextAnswer = MsgBoxAnswer::Consented;
@@ -182,12 +193,12 @@ TEST_F(Dialogs, AWebPageOffersItsFeedAndAFolderCanBeAddedOnTheWay) {
   });
   parent = std::make_unique<QWidget>();
   frame.whileAsking = [&] { parent.reset(); };
-  Add("", "http://page/", [&] { Check(kPage); });
+  Add(0, "http://page/", [&] { Check(kPage); });
 }
 
 TEST_F(Dialogs, CancelEndsTheCheckAndALateAnswerIsDropped) {
   std::function<void(const FeedCheckAnswer&)> late;
-  Add("", "http://page/", [&] {
+  Add(0, "http://page/", [&] {
     Click("주소 확인");
     late = frame.answerCheck;
     Press(Qt::Key_Escape);
