@@ -5,11 +5,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QMessageBox>
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <algorithm>
 
+#include "controls/MissingImages.h"
 #include "look/SkinDrawing.h"
 #include "look/SkinText.h"
 #include "skin/Skin.h"
@@ -50,18 +50,7 @@ CButtonEx::CButtonEx(const std::string& imagePath, QWidget* parent)
   setAttribute(Qt::WA_Hover);  // repaint when the pointer enters and leaves
   setFocusPolicy(Qt::StrongFocus);
   const QString missing = MissingFile(imagePath);
-  if (missing.isNull()) return;
-  // Queued: the message box needs the button's window as parent, which is still being built.
-  QMetaObject::invokeMethod(
-      this, [this, missing] { WarnOfMissingFile(missing); }, Qt::QueuedConnection);
-}
-
-void CButtonEx::WarnOfMissingFile(const QString& path) {
-  auto* warning = new QMessageBox(QMessageBox::Warning, QStringLiteral("Warning"),
-                                  path + QStringLiteral(" File not found!"), QMessageBox::Ok, this);
-  warning->setTextFormat(Qt::PlainText);
-  warning->setAttribute(Qt::WA_DeleteOnClose);
-  warning->open();
+  if (!missing.isNull()) WarnOfMissingImage(missing, this);
 }
 
 QSize CButtonEx::sizeHint() const {

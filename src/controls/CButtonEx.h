@@ -10,7 +10,7 @@ namespace feedloom {
 class Skin;
 
 // A button drawn as an image, with one file for each state (ButtonImages.h) and an optional text
-// over it. If files are missing, a message box names the first of them, and the normal image
+// over it. If files are missing, the user is warned (MissingImages.h), and the normal image
 // replaces them. Without the normal image the button is drawn in the desktop's style. Space, Enter
 // and a click press it. A checkable button shows the pressed image while it is checked, and ignores
 // Enter. Interface thread, as all controls of this folder.
@@ -30,7 +30,6 @@ class CButtonEx : public QAbstractButton {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void WarnOfMissingFile(const QString& path);
   bool LooksPressed() const { return isDown() || isChecked(); }
   ButtonState State() const;
   void DrawDesktopButton(QPainter& painter) const;

@@ -1,6 +1,8 @@
 #include "controls/CVxComboBox.h"
 
+#include <QApplication>
 #include <QPainter>
+#include <QProxyStyle>
 
 #include "look/SkinDrawing.h"
 #include "skin/Keys.h"
@@ -9,6 +11,18 @@ namespace feedloom {
 namespace {
 
 constexpr int kTextMargin = 2;  // between the text and the outer pieces, as in an edit box
+
+// The desktop's style, but a long list is scrolled below its box: some styles would give it the
+// height of the screen.
+class ShortList : public QProxyStyle {
+ public:
+  using QProxyStyle::QProxyStyle;
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* more) const override {
+    return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, more);
+  }
+};
 
 ThreePieces LoadPieces(const Skin& skin, ComboLook look) {
   if (look == ComboLook::Toolbar) {
@@ -24,6 +38,9 @@ ThreePieces LoadPieces(const Skin& skin, ComboLook look) {
 CVxComboBox::CVxComboBox(const Skin& skin, ComboLook look, QWidget* parent)
     : QComboBox(parent), pieces_(LoadPieces(skin, look)) {
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+  auto* const style = new ShortList(QApplication::style()->name());
+  style->setParent(this);
+  setStyle(style);
 }
 
 QSize CVxComboBox::sizeHint() const {

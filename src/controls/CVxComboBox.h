@@ -12,8 +12,8 @@ class Skin;
 enum class ComboLook { Toolbar, Dialog };
 
 // A drop-down list drawn with three images of the skin, of which the right one has the arrow. The
-// current entry is elided to the box's width; long entries do not widen the box. Without the images
-// it is drawn in the desktop's style.
+// current entry is elided to the box's width; long entries do not widen the box, and ten are seen
+// at once. Without the images it is drawn in the desktop's style.
 class CVxComboBox : public QComboBox {
   Q_OBJECT
 

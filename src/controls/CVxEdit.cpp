@@ -11,6 +11,8 @@
 namespace feedloom {
 namespace {
 
+constexpr int kWidestShown = 560;
+
 bool BreaksLine(QChar c) {
   return c == '\n' || c == '\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
@@ -47,6 +49,16 @@ CVxEdit::CVxEdit(const Skin& skin, QWidget* parent)
   setTextMargins(SizeOf(pieces_.left).width(), 0, SizeOf(pieces_.right).width(), 0);
 }
 
+void CVxEdit::ShowOnly(const QString& text) {
+  setReadOnly(true);
+  setFrame(false);
+  setPalette(WithoutGround());
+  setText(text);
+  setCursorPosition(0);
+  const int room = fontMetrics().horizontalAdvance(text) + minimumSizeHint().width();
+  setMinimumWidth(std::max(minimumWidth(), std::min(room, kWidestShown)));
+}
+
 QString CVxEdit::TrimmedText() const {
   const QString all = text();
   const auto isSeen = [](QChar c) { return !c.isSpace() && c.category() != QChar::Other_Format; };
@@ -65,10 +77,13 @@ QSize CVxEdit::minimumSizeHint() const {
 }
 
 void CVxEdit::paintEvent(QPaintEvent* event) {
-  if (!pieces_.middle.isNull()) {
-    QPainter painter(this);
+  QPainter painter(this);
+  if (isReadOnly()) {
+    if (hasFocus()) DrawSkinFocus(painter, palette(), rect(), 1);
+  } else if (!pieces_.middle.isNull()) {
     DrawSkinField(painter, *this, pieces_);
   }
+  painter.end();
   QLineEdit::paintEvent(event);
 }
 

@@ -16,6 +16,10 @@ class CVxEdit : public QLineEdit {
  public:
   CVxEdit(const Skin& skin, QWidget* parent);
 
+  // Makes it a place from which `text` can be read and copied, in as much room as it needs, up to a
+  // limit. It does not look as if it could be edited.
+  void ShowOnly(const QString& text);
+
   // The text without white space and format characters (Unicode category Cf) at its ends.
   QString TrimmedText() const;
 

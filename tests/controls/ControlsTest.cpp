@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "controls/CButtonEx.h"
 #include "controls/CVxComboBox.h"
@@ -173,6 +174,12 @@ TEST_F(Controls, FieldsTakeATextOfAnyLengthOnOneLine) {
   edit_.clear();
   edit_.insert(QStringLiteral(" \u200B one\r\ntwo\nthree\u2028\u2029 "));
   EXPECT_EQ(edit_.TrimmedText(), "one  two three");
+  edit_.ShowOnly(edit_.text());
+  EXPECT_EQ(At(edit_, 0, 15), At(radio_, 0, 0)) << "no field any more";
+  for (int i = 0; i < 60; ++i) box_.addItem("x");
+  box_.show();
+  box_.showPopup();
+  EXPECT_LE(box_.view()->window()->height(), 10 * box_.height());
 }
 
 TEST_F(Controls, TheThumbIsDraggedFromWhereItIsOrBroughtToThePointer) {
@@ -204,6 +211,19 @@ TEST_F(Controls, AButtonIsPressedByClickSpaceAndEnterOnceEach) {
   EXPECT_FALSE(button_.isChecked()) << "Enter is its window's";
   QTest::keyClick(&button_, Qt::Key_Space);
   EXPECT_EQ(At(button_, 9, 1), kStateColors[kButtonPressed]);
+}
+
+TEST_F(Controls, ButtonsWithoutTheirImagesBringOneWarning) {
+  QWidget window;
+  const std::string paths[] = {folder_.File("a.png"), folder_.File("b.png"), folder_.File("a.png")};
+  const CButtonEx first(folder_.File("c.png"), &window);
+  for (const std::string& path : paths) new CButtonEx(path, &window);
+  QCoreApplication::processEvents();
+  const auto warnings = window.findChildren<QMessageBox*>();
+  ASSERT_EQ(warnings.size(), 1);
+  EXPECT_EQ(warnings[0]->windowTitle() + ": " + warnings[0]->text(),
+            "Warning: " + QString::fromStdString(folder_.File("c.png")) + " File not found!");
+  EXPECT_EQ(warnings[0]->informativeText(), "Files missing besides: 2");
 }
 
 }  // namespace feedloom
