@@ -1,12 +1,12 @@
 #include "ui/dialogs/CRSS_ChannelAddDlg.h"
 
 #include <QPointer>
-#include <QProgressBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "check/FeedCheckAnswer.h"
+#include "controls/BusyBar.h"
 #include "controls/CButtonEx.h"
 #include "controls/CVxComboBox.h"
 #include "controls/CVxEdit.h"
@@ -30,10 +30,8 @@ namespace {
 constexpr int kProgressHeight = 6;
 
 // Makes a busy indicator in `room`, which keeps its size while the indicator is hidden.
-QProgressBar* MakeProgress(const Skin& skin, QWidget* room) {
-  auto* const progress = new QProgressBar(room);
-  progress->setRange(0, 0);
-  progress->setTextVisible(false);
+BusyBar* MakeProgress(const Skin& skin, QWidget* room) {
+  auto* const progress = new BusyBar(room);
   progress->setFixedHeight(kProgressHeight);
   progress->setAccessibleName(SkinText(skin, kTextAddChannelChecking));
   progress->setToolTip(progress->accessibleName());

@@ -4,10 +4,9 @@
 
 #include "controls/CVxFormDialog.h"
 
-class QProgressBar;
-
 namespace feedloom {
 
+class BusyBar;
 class Desk;
 class Refreshing;
 class Subscribing;
@@ -54,7 +53,7 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   Subscribing& subscribing_;
   CButtonEx& check_;
   CVxEdit& address_;
-  QProgressBar& progress_;
+  BusyBar& progress_;
   CVxEdit& title_;
   CButtonEx& addFolder_;
   CVxComboBox& folders_;
