@@ -1,5 +1,6 @@
 #include "ui/dialogs/CRSS_ChannelInfoDlg.h"
 
+#include "controls/CButtonEx.h"
 #include "controls/CVxEdit.h"
 #include "look/QtText.h"
 #include "skin/Keys.h"
@@ -11,15 +12,12 @@ namespace feedloom {
 CRSS_ChannelInfoDlg::CRSS_ChannelInfoDlg(Desk& desk, QWidget* parent, const ChannelDetails& channel)
     : CVxFormDialog(desk.GetSkin(), kTextChannelInfoTitle, parent) {
   const auto show = [&](const char* labelKey, const std::string& text) {
-    CVxEdit* const box = AddEdit(labelKey);
-    box->setReadOnly(true);  // not a label: the text can be copied and scrolled
-    box->setText(ToQString(desk.GetStore().TextCodePage(), text));
-    box->setCursorPosition(0);
+    AddEdit(labelKey)->ShowOnly(ToQString(desk.GetStore().TextCodePage(), text));
   };
   show(kTextChannelInfoName, channel.title);
   show(kTextChannelInfoAddress, channel.xmlLink);
   show(kTextChannelInfoGroup, channel.folderName);
-  AddButtons(kSectionChannelInfo, kButtonChannelInfoConfirm, nullptr);
+  AddButtons(kSectionChannelInfo, kButtonChannelInfoConfirm, nullptr)->setFocus();
 }
 
 }  // namespace feedloom

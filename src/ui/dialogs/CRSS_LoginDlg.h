@@ -17,8 +17,6 @@ class CRSS_LoginDlg : public CVxFormDialog {
   Login Entered() const;
 
  private:
-  void Show(const char* labelKey, const QString& text);
-
   CVxEdit* name_;
   CVxEdit* password_;
 };

@@ -57,10 +57,8 @@ CRSS_SyncDlg::CRSS_SyncDlg(Desk& desk, Subscribing& subscribing, QWidget* parent
       subscribing_(subscribing),
       model_(*AddEdit(kTextSyncModel)) {
   const std::string model = desk.GetSkin().Config().GetModelName();
-  model_.setReadOnly(true);
-  model_.setText(ToQString(desk.GetSkin().Config().GetCodePage(),
-                           model.empty() ? Text(kTextSyncNoModel) : model));
-  model_.setCursorPosition(0);
+  model_.ShowOnly(ToQString(desk.GetSkin().Config().GetCodePage(),
+                            model.empty() ? Text(kTextSyncNoModel) : model));
   if (!model.empty()) AddSynchronisation();
   AddButtonRow();
 }
@@ -77,6 +75,7 @@ void CRSS_SyncDlg::AddButtonRow() {
   CButtonEx* const close = MakeButton(kSectionSync, kButtonSyncConfirm, kTextSyncClose);
   connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
   SetConfirmButton(start_ ? start_ : close);
+  if (!start_) close->setFocus();
   auto* const row = new QHBoxLayout;
   row->setSpacing(kButtonGap);
   row->addStretch();
