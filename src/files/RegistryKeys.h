@@ -28,6 +28,7 @@ inline constexpr char kValueNotice[] = "NOTICE";                   // kNoticeCha
 inline constexpr char kValueStart[] = "START";                     // kStartLast
 inline constexpr char kValueEmptyList[] = "EMPTY_LIST";            // kEmptyListLine
 inline constexpr char kValueDialogs[] = "DIALOGS";                 // kDialogsHelpful
+inline constexpr char kValueSelection[] = "SELECTION";             // kSelectionCareful
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
 // The values of kValuePostLinks.
@@ -49,6 +50,9 @@ inline constexpr char kEmptyListLine[] = "LINE";
 
 // The value of kValueDialogs; anything else is the default.
 inline constexpr char kDialogsHelpful[] = "HELPFUL";
+
+// The value of kValueSelection; anything else is the default.
+inline constexpr char kSelectionCareful[] = "CAREFUL";
 
 // The values of the module's registry key. The first seven are the user's settings, which stand
 // there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.

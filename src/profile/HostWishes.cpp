@@ -13,6 +13,7 @@ std::vector<RegistryEntry> HostWishes() {
           {kHostKey, kValueEmptyList, kEmptyListLine},
           {kHostKey, kValueListPlace, kListAbove},
           {kHostKey, kValueNotice, kNoticeChannels},
+          {kHostKey, kValueSelection, kSelectionCareful},
           {kHostKey, kValueStart, kStartLast}};
 }
 

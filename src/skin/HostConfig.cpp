@@ -78,6 +78,11 @@ bool HostConfig::HasHelpfulDialogs() const {
   return value && EqualsIgnoringAsciiCase(*value, kDialogsHelpful);
 }
 
+bool HostConfig::SelectsCarefully() const {
+  const auto value = registry_.ReadString(kHostKey, kValueSelection);
+  return value && EqualsIgnoringAsciiCase(*value, kSelectionCareful);
+}
+
 std::string HostConfig::GetIniDir() const { return WithTrailingSeparator(Path(kValueIniDir)); }
 std::string HostConfig::GetImageIniPath() const { return JoinPath(GetIniDir(), "image.ini"); }
 std::string HostConfig::GetStringIniPath() const { return JoinPath(GetIniDir(), "string.ini"); }

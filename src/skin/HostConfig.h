@@ -59,6 +59,10 @@ class HostConfig {
   // to the same name is none.
   bool HasHelpfulDialogs() const;
 
+  // Whether the module selects, lists and marks read only what the user is sure to mean:
+  // docs/host-interface.md tells the cases.
+  bool SelectsCarefully() const;
+
   // The directory of the host's ini files, with a separator at the end, and the paths of its files.
   std::string GetIniDir() const;
   std::string GetImageIniPath() const;

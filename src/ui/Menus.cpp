@@ -157,8 +157,8 @@ void Remove(Menu& menu, int command) {
       menu, [&](const MenuItem& item) { return item.label != nullptr && item.command == command; });
 }
 
-void ShowMenu(const Menu& menu, const Skin& skin, const QPoint& place, QWidget* parent,
-              std::function<void(int command)> onCommand) {
+QMenu& ShowMenu(const Menu& menu, const Skin& skin, const QPoint& place, QWidget* parent,
+                std::function<void(int command)> onCommand) {
   auto* const shown = new QMenu(parent);
   shown->setAttribute(Qt::WA_DeleteOnClose);
   AddItems(*shown, menu, skin);
@@ -170,6 +170,7 @@ void ShowMenu(const Menu& menu, const Skin& skin, const QPoint& place, QWidget* 
                          parent, [run, command] { run(command); }, Qt::QueuedConnection);
                    });
   shown->popup(place);
+  return *shown;
 }
 
 }  // namespace feedloom

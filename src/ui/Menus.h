@@ -7,6 +7,7 @@
 #include "skin/Labels.h"
 #include "ui/Commands.h"
 
+class QMenu;
 class QPoint;
 class QWidget;
 
@@ -36,10 +37,11 @@ void Disable(Menu& menu, int command);
 // Removes every item with this command from the top level.
 void Remove(Menu& menu, int command);
 
-// Shows the menu at `place`, in screen coordinates, and returns at once. Interface thread only.
+// Shows the menu at `place`, in screen coordinates, and returns it at once; it is deleted when it
+// closes. Interface thread only.
 // `onCommand` is called with the chosen command from the event loop, unless `parent` is destroyed
 // before. Each QAction of the menu has its command as data().
-void ShowMenu(const Menu& menu, const Skin& skin, const QPoint& place, QWidget* parent,
-              std::function<void(int command)> onCommand);
+QMenu& ShowMenu(const Menu& menu, const Skin& skin, const QPoint& place, QWidget* parent,
+                std::function<void(int command)> onCommand);
 
 }  // namespace feedloom

@@ -47,6 +47,10 @@ TEST_F(HostConfigTest, WhatAHostMayAskForIsOffUnlessItSaysSo) {
     Set("POST_LINKS", value);
     EXPECT_EQ(config_.OpensLinksOutside(), isOutside);
   }
+  for (const auto& [value, isCareful] : {std::pair{"", false}, {"careful", true}}) {
+    Set("SELECTION", value);
+    EXPECT_EQ(config_.SelectsCarefully(), isCareful);
+  }
 }
 
 TEST_F(HostConfigTest, TheListStandsWhereTheHostWantsIt) {

@@ -7,10 +7,12 @@
 #include <utility>
 
 #include "controls/RowAccessibility.h"
+#include "look/SkinDrawing.h"
 #include "look/SkinFont.h"
 #include "look/SkinPalette.h"
 #include "skin/Colors.h"
 #include "skin/Keys.h"
+#include "skin/Skin.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/NewPostAnimation.h"
 #include "ui/tree/TreeRowDelegate.h"
@@ -23,7 +25,9 @@ constexpr int kBottomMargin = 5;  // pixels between the last row and the end of 
 }  // namespace
 
 CRSS_GroupTreeCtrl::CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, QWidget* parent)
-    : QTreeView(parent), animation_(new NewPostAnimation(skin, this)) {
+    : QTreeView(parent),
+      animation_(new NewPostAnimation(skin, this)),
+      isCareful_(skin.Config().SelectsCarefully()) {
   TreeSkin images = LoadTreeSkin(skin);
   rowCursor_ = images.rowCursor;
   setItemDelegate(new TreeRowDelegate(std::move(images), *animation_, this));
@@ -75,6 +79,11 @@ QModelIndex CRSS_GroupTreeCtrl::SelectedRow() const {
   return selected.isEmpty() ? QModelIndex() : selected.first();
 }
 
+void CRSS_GroupTreeCtrl::MarkMenuRow(const QModelIndex& row) {
+  menuRow_ = row;
+  viewport()->update();
+}
+
 void CRSS_GroupTreeCtrl::ClearSelection() { selectionModel()->clear(); }
 
 void CRSS_GroupTreeCtrl::SetOwnCursor(bool own) {
@@ -88,6 +97,7 @@ void CRSS_GroupTreeCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& 
   row.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
   row.state.setFlag(QStyle::State_HasFocus, hasFocus());
   itemDelegate()->paint(painter, row, index);
+  if (index == menuRow_) DrawSkinFocus(*painter, palette(), option.rect, 0);
 }
 
 void CRSS_GroupTreeCtrl::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
@@ -132,6 +142,7 @@ QModelIndex CRSS_GroupTreeCtrl::moveCursor(CursorAction action, Qt::KeyboardModi
 void CRSS_GroupTreeCtrl::mousePressEvent(QMouseEvent* event) {
   wasReported_ = false;
   isLeftPress_ = event->button() == Qt::LeftButton;
+  if (isCareful_ && event->button() == Qt::RightButton) return;
   QTreeView::mousePressEvent(event);
 }
 
@@ -166,12 +177,14 @@ void CRSS_GroupTreeCtrl::keyPressEvent(QKeyEvent* event) {
 }
 
 void CRSS_GroupTreeCtrl::contextMenuEvent(QContextMenuEvent* event) {
+  const QModelIndex selected = SelectedRow();
   if (event->reason() != QContextMenuEvent::Keyboard) {
-    emit MenuRequested(event->globalPos());
+    const QModelIndex pressed = isCareful_ ? indexAt(event->pos()) : selected;
+    emit MenuRequested(pressed.isValid() ? pressed : selected, event->globalPos());
     return;
   }
-  scrollTo(SelectedRow());
-  emit MenuRequested(viewport()->mapToGlobal(visualRect(SelectedRow()).bottomLeft()));
+  scrollTo(selected);
+  emit MenuRequested(selected, viewport()->mapToGlobal(visualRect(selected).bottomLeft()));
 }
 
 void CRSS_GroupTreeCtrl::ExpandForSelection(const QModelIndex& group) {

@@ -10,6 +10,7 @@ class NewPostAnimation;
 class Skin;
 
 // The tree view of a GroupTreeModel. All groups are expanded at first. At most one row is selected.
+// A press of the right button selects its row, unless the host wants rows to be selected carefully.
 // Interface thread only.
 class CRSS_GroupTreeCtrl : public QTreeView {
   Q_OBJECT
@@ -20,6 +21,10 @@ class CRSS_GroupTreeCtrl : public QTreeView {
 
   // The selected row; an invalid index when no row is selected.
   QModelIndex SelectedRow() const;
+  // Whether the host wants rows to be selected carefully.
+  bool SelectsCarefully() const { return isCareful_; }
+  // Marks the row whose context menu is open; an invalid index ends that.
+  void MarkMenuRow(const QModelIndex& row);
   // Afterwards no row is selected and no row is current.
   void ClearSelection();
 
@@ -30,8 +35,9 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   // Emitted once for each click or key by which the user selects the row `index`, clicks on it
   // again, or presses Enter on it.
   void RowSelected(const QModelIndex& index);
-  // The user asks for the context menu. `place` is a point in screen coordinates.
-  void MenuRequested(const QPoint& place);
+  // The user asks for the context menu of `row`, which is invalid when there is none to choose.
+  // `place` is a point in screen coordinates.
+  void MenuRequested(const QModelIndex& row, const QPoint& place);
 
  protected:
   void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
@@ -63,7 +69,9 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void RepaintNewMarks();
 
   NewPostAnimation* const animation_;
+  const bool isCareful_;
 
+  QPersistentModelIndex menuRow_;
   QCursor rowCursor_;
   bool hasOwnCursor_ = true;
   bool isResizing_ = false;

@@ -1,5 +1,6 @@
 #include "ui/tree/CRSS_LeftContainer.h"
 
+#include <QMenu>
 #include <QPainter>
 #include <QPointer>
 #include <QSignalBlocker>
@@ -90,7 +91,9 @@ void CRSS_LeftContainer::SetUpToolBar() {
           [this](CRSS_LeftToolBarWnd::Button clicked) {
             const auto* const entry = std::ranges::find(kCommands, clicked, &Entry::button);
             if (entry != std::end(kCommands)) return commands_.Run(entry->command);
-            ShowMenuAt(commands_.WholeMenu(), toolbar_->mapToGlobal(toolbar_->MenuPosition()));
+            ShowMenu(commands_.WholeMenu(), desk_.GetSkin(),
+                     toolbar_->mapToGlobal(toolbar_->MenuPosition()), this,
+                     [this](int command) { commands_.Run(command); });
           });
 }
 
@@ -270,12 +273,14 @@ void CRSS_LeftContainer::Close(const std::vector<RowKey>& groups) {
   for (const RowKey& group : groups) tree_->collapse(FindRow(model_, group));
 }
 
-void CRSS_LeftContainer::ShowRowMenu(const QPoint& place) {
-  if (const auto menu = commands_.SelectionMenu()) ShowMenuAt(*menu, place);
-}
-
-void CRSS_LeftContainer::ShowMenuAt(const Menu& menu, const QPoint& place) {
-  ShowMenu(menu, desk_.GetSkin(), place, this, [this](int command) { commands_.Run(command); });
+void CRSS_LeftContainer::ShowRowMenu(const QModelIndex& row, const QPoint& place) {
+  const auto menu = commands_.MenuOf(row);
+  if (!menu) return;
+  tree_->MarkMenuRow(row);
+  const QMenu& shown = ShowMenu(
+      *menu, desk_.GetSkin(), place, this,
+      [this, acted = QPersistentModelIndex(row)](int command) { commands_.Run(command, acted); });
+  connect(&shown, &QMenu::aboutToHide, tree_, [this] { tree_->MarkMenuRow({}); });
 }
 
 void CRSS_LeftContainer::resizeEvent(QResizeEvent* /*event*/) {

@@ -147,8 +147,7 @@ class CRSS_LeftContainer : public QWidget {
   void CountChanges();
   void ListSelectedPosts(FirstPost shown);
   bool SelectQuietly(const QModelIndex& row);
-  void ShowRowMenu(const QPoint& place);
-  void ShowMenuAt(const Menu& menu, const QPoint& place);
+  void ShowRowMenu(const QModelIndex& row, const QPoint& place);
 
   Desk& desk_;
   Reading& reading_;

@@ -23,7 +23,9 @@
 
 namespace feedloom {
 
-void TreeCommands::Run(int command) {
+void TreeCommands::Run(int command) { Run(command, tree_.SelectedRow()); }
+
+void TreeCommands::Run(int command, const QModelIndex& row) {
   struct Entry {
     int command;
     void (TreeCommands::*run)();
@@ -59,13 +61,13 @@ void TreeCommands::Run(int command) {
       {kCommandDirectory, &TreeCommands::OpenDirectory},
   };
   const auto* const entry = std::ranges::find(kCommands, command, &Entry::command);
+  row_ = row;
   if (entry != std::end(kCommands)) (this->*entry->run)();
 }
 
-// Functions about the selected row.
+// Functions about the row that a command acts on.
 
-std::optional<TreeCommands::Target> TreeCommands::Selected() const {
-  const QModelIndex row = tree_.SelectedRow();
+std::optional<TreeCommands::Target> TreeCommands::TargetAt(const QModelIndex& row) const {
   if (const GroupRow* const group = model_.GroupAt(row)) {
     return Target{row, group->kind, group->id, group->order, group->name};
   }
@@ -91,8 +93,8 @@ ChannelDetails TreeCommands::DetailsOf(const Target& channel) const {
   return {*model_.ChildAt(channel.row), model_.GroupAt(channel.row.parent())->name};
 }
 
-std::optional<Menu> TreeCommands::SelectionMenu() const {
-  const auto target = Selected();
+std::optional<Menu> TreeCommands::MenuOf(const QModelIndex& row) const {
+  const auto target = TargetAt(row);
   if (!target) return std::nullopt;
   const bool hasUnread = target->row.data(GroupTreeModel::UnreadRole).toInt() > 0;
   const auto hasPosts = [&] {
@@ -129,10 +131,15 @@ int TreeCommands::SelectedFolderId() const {
 }
 
 void TreeCommands::AddChannel(const std::string& address) {
+  row_ = tree_.SelectedRow();
+  ShowAdd(address);
+}
+
+void TreeCommands::ShowAdd(const std::string& address) {
   ShowChannelAdd(desk_, refreshing_, subscribing_, &tree_, SelectedFolderId(), address);
 }
 
-void TreeCommands::AddEmptyChannel() { AddChannel({}); }
+void TreeCommands::AddEmptyChannel() { ShowAdd({}); }
 
 void TreeCommands::ExportOpml() {
   ExportFile(desk_, subscribing_, &tree_,
@@ -214,7 +221,15 @@ void TreeCommands::DeleteGroup() {
   RemoveRow(folder->row);
 }
 
+// The list may show the row's posts without the row being selected: as those of its group.
 void TreeCommands::RemoveRow(const QPersistentModelIndex& row) {
+  const QModelIndex selected = tree_.SelectedRow();
+  if (selected == row || selected.parent() == row) return RemoveListedRow(row);
+  desk_.State().unreadTotal -= model_.Remove(row);
+  reading_.ReloadSelection();
+}
+
+void TreeCommands::RemoveListedRow(const QPersistentModelIndex& row) {
   reading_.ListPosts(ListMode::Selection, {});
   tree_.ClearSelection();
   desk_.State().unreadTotal -= model_.Remove(row);
@@ -258,6 +273,7 @@ void TreeCommands::Mark() {
     return;
   }
   reading_.RecountUnread(HoldsScrapPosts(target->kind));
+  if (target->row != tree_.SelectedRow()) return reading_.ReloadSelection();
   if (auto list = PostsOf(desk_.GetStore(), model_.KeyOf(target->row))) {
     reading_.RelistPosts(std::move(*list));
   }
@@ -271,11 +287,10 @@ void TreeCommands::Refresh(std::vector<Channel> channels) {
 void TreeCommands::RefreshAll() { Refresh(ChannelsOf(model_.Groups())); }
 
 void TreeCommands::RefreshSelection() {
-  const QModelIndex row = tree_.SelectedRow();
-  if (const GroupRow* const group = model_.GroupAt(row)) {
+  if (const GroupRow* const group = model_.GroupAt(row_)) {
     Refresh(ChannelsOf(*group));
-  } else if (const auto channel = Selected(RowKind::Channel)) {
-    Refresh({*model_.ChildAt(row)});
+  } else if (Selected(RowKind::Channel)) {
+    Refresh({*model_.ChildAt(row_)});
   }
 }
 

@@ -22,8 +22,9 @@ class Reading;
 class Refreshing;
 class Subscribing;
 
-// A command acts on the selected row. It does nothing when the row is of another kind. The
-// object may have been deleted when a command that opens a dialog returns. Interface thread only.
+// A command acts on the selected row, or on the one that it is given. It does nothing when the row
+// is of another kind. The object may have been deleted when a command that opens a dialog returns.
+// Interface thread only.
 class TreeCommands {
  public:
   // All that is passed by reference must outlive the object. `tree` shows `model`, and the dialogs
@@ -38,15 +39,17 @@ class TreeCommands {
         tree_(tree),
         openSettings_(std::move(openSettings)) {}
 
-  // Runs the command with this number of ui/Commands.h.
+  // Runs the command with this number of ui/Commands.h, on `row` if one is given. What it changes
+  // shows in the list only as far as the list shows that row.
   void Run(int command);
+  void Run(int command, const QModelIndex& row);
 
   // Runs kCommandAddChannel with a feed address, in the module's code page, as the dialog's preset.
   void AddChannel(const std::string& address);
 
-  // The context menu of the selected row; nullopt when no row is selected. Reads the row's posts
-  // from the store when the unread count does not show whether there are any.
-  std::optional<Menu> SelectionMenu() const;
+  // The context menu of `row`; nullopt when it is invalid. Reads the row's posts from the store
+  // when the unread count does not show whether there are any.
+  std::optional<Menu> MenuOf(const QModelIndex& row) const;
   // The menu of the toolbar's menu button.
   Menu WholeMenu() const;
 
@@ -60,7 +63,9 @@ class TreeCommands {
     std::string name;
   };
 
-  std::optional<Target> Selected() const;
+  std::optional<Target> TargetAt(const QModelIndex& row) const;
+  // The row that was chosen for the command which runs: to be read before the user is asked.
+  std::optional<Target> Selected() const { return TargetAt(row_); }
   std::optional<Target> Selected(RowKind kind) const;
   std::optional<Target> SelectedChild() const;
   ChannelDetails DetailsOf(const Target& channel) const;
@@ -69,6 +74,8 @@ class TreeCommands {
   int SelectedFolderId() const;
   bool IsFolderQueued(const Target& folder) const;
   void RemoveRow(const QPersistentModelIndex& row);
+  void RemoveListedRow(const QPersistentModelIndex& row);
+  void ShowAdd(const std::string& address);
   void Refresh(std::vector<Channel> channels);
 
   // Each runs one command.
@@ -103,6 +110,7 @@ class TreeCommands {
   GroupTreeModel& model_;
   CRSS_GroupTreeCtrl& tree_;
   const std::function<void()> openSettings_;
+  QPersistentModelIndex row_;  // of the command that runs
 };
 
 }  // namespace feedloom
