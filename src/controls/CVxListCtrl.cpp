@@ -119,7 +119,11 @@ void CVxListCtrl::keyPressEvent(QKeyEvent* event) {
   const bool isShift =
       event->key() == Qt::Key_Shift || event->modifiers().testFlag(Qt::ShiftModifier);
   if (!isShift) anchor_ = QModelIndex();
+  const int from = currentIndex().row();
   QTreeView::keyPressEvent(event);
+  const int to = currentIndex().row();
+  const bool isSelected = selectionModel()->isSelected(currentIndex());  // not with Ctrl
+  if (to != from && isSelected && !isShift) emit RowReached(to);
   const bool goesDown = event->key() == Qt::Key_Down || event->key() == Qt::Key_PageDown;
   const bool isDown = goesDown && verticalScrollBar()->maximum() > 0 && IsAtEnd();
   if (event->key() == Qt::Key_End || isDown) emit EndReached();

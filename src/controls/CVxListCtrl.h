@@ -63,6 +63,8 @@ class CVxListCtrl : public QTreeView {
   // The left mouse button was pressed on a row; the selection has changed already. A double click
   // is reported once. Other buttons only select.
   void RowClicked(int row);
+  // A key has moved to this row, which alone is selected now.
+  void RowReached(int row);
   // The user has chosen this sort order, which the header shows. A `column` of -1 means none.
   void SortRequested(int column, Qt::SortOrder order);
   // The user has scrolled to the last row or pressed End. Repeated at each further attempt.

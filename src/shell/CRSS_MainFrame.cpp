@@ -1,5 +1,6 @@
 #include "shell/CRSS_MainFrame.h"
 
+#include <QApplication>
 #include <thread>
 #include <utility>
 
@@ -72,6 +73,7 @@ CRSS_MainFrame::~CRSS_MainFrame() {
 // The panes use members of the frame and must be deleted before them. StopRefresh comes first, so
 // that no thread sends the panes a message while they are deleted.
 void CRSS_MainFrame::TakeDown() {
+  disconnect(qApp, nullptr, this, nullptr);
   StopRefresh();
   delete left_;
   delete rightTop_;
@@ -107,11 +109,20 @@ void CRSS_MainFrame::BuildPanes() {
   right_->handle(1)->setAccessibleName(SkinText(skin_, kTextRowDivider));
   connect(rightBottom_, &CRSS_RightBottomContainer::PageShown, this, &CRSS_MainFrame::PageShown);
   ConnectTree();
+  connect(qApp, &QApplication::focusChanged, this, &CRSS_MainFrame::TurnToPost);
   SetUpKeys(*right_);
 }
 
 void CRSS_MainFrame::PlaceList() {
   rightTop_->SetTwoLines(sizes_->PlaceList(skin_.Config().GetListPlace()));
+}
+
+// Whoever clicks into the list turns to the post under the pointer.
+void CRSS_MainFrame::TurnToPost(const QWidget* /*before*/, const QWidget* focus) {
+  const bool isPress = QApplication::mouseButtons() != Qt::NoButton;
+  const QWidget& page = *rightBottom_->focusProxy();
+  const bool isInPage = focus == &page || page.isAncestorOf(focus);
+  if (isInPage || (focus == rightTop_->focusProxy() && !isPress)) rightTop_->MarkGlimpsed();
 }
 
 void CRSS_MainFrame::ConnectTree() {

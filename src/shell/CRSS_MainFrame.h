@@ -114,6 +114,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   void BuildPanes();
   void PlaceList();
   void ConnectTree();
+  void TurnToPost(const QWidget* before, const QWidget* focus);
   void SetUpKeys(VxSplitter& right);
   void BeginLife(FirstReading& reading, const WriteMark& mark);
   void ShowStart(FirstContent start);

@@ -7,8 +7,9 @@
 
 namespace feedloom {
 
-// Which post of a new list is shown first.
-enum class FirstPost { First, FirstUnread, LastUnread };
+// Which post of a new list is shown first, and marked read; of a Glimpse, the first one, which is
+// marked read when the user turns to it.
+enum class FirstPost { First, FirstUnread, LastUnread, Glimpse };
 
 // Interface thread only.
 class Reading {

@@ -68,6 +68,7 @@ void CRSS_RightTopContainer::SetUpList() {
   connect(&model_, &QAbstractItemModel::rowsInserted, this, tellEmpty);
   setFocusProxy(&list_);
   connect(&list_, &CVxListCtrl::RowClicked, this, &CRSS_RightTopContainer::ShowClicked);
+  connect(&list_, &CVxListCtrl::RowReached, this, [this] { commands_.FollowKeys(); });
   connect(&list_, &CVxListCtrl::MenuRequested, this, &CRSS_RightTopContainer::OpenMenu);
   connect(&list_, &CVxListCtrl::SortRequested, this, [this](int column, Qt::SortOrder order) {
     SortKeepingPosition(list_, model_, column, order);
@@ -190,6 +191,7 @@ void CRSS_RightTopContainer::Show(int index) { commands_.Show(index); }
 
 void CRSS_RightTopContainer::ShowFirst(FirstPost shown) {
   const int rows = model_.rowCount();
+  if (shown == FirstPost::Glimpse) return commands_.Glimpse(0);
   int row = -1;
   if (shown == FirstPost::FirstUnread) row = model_.FindUnread(-1, true);
   if (shown == FirstPost::LastUnread) row = model_.FindUnread(rows, false);

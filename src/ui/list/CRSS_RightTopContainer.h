@@ -36,8 +36,8 @@ class CRSS_RightTopContainer : public QWidget {
   // web directory are not in the store and are not marked. Shows the main page when there is no
   // such row.
   void Show(int index);
-  // Shows the post that `shown` asks for. Shows the first post when none is unread, and the main
-  // page when the list is empty.
+  // Shows the post that `shown` asks for, without marking a Glimpse read. Shows the first post when
+  // none is unread, and the main page when the list is empty.
   void ShowFirst(FirstPost shown);
   // Shows the next unread post after the current row, or the previous one. When there is none,
   // calls Reading::GoToUnreadRow. Does nothing while a search of the web directory runs.
@@ -60,6 +60,9 @@ class CRSS_RightTopContainer : public QWidget {
 
   // Whether the list has no rows and says so itself, as some hosts want.
   bool SaysEmpty() const { return !EmptyText().isEmpty(); }
+
+  // The user has turned to the post on display: it is marked read if it is a Glimpse.
+  void MarkGlimpsed() { commands_.MarkGlimpsed(); }
 
   // Moves the keyboard focus to the search box.
   void FocusSearch();

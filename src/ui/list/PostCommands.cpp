@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "controls/CVxListCtrl.h"
 #include "skin/Keys.h"
@@ -19,14 +20,30 @@ bool PostCommands::PostsAreStored() const {
   return desk_.State().listMode != ListMode::WebDirectory;
 }
 
-void PostCommands::Show(int row) {
+void PostCommands::Show(int row) { Display(row, false); }
+
+void PostCommands::Glimpse(int row) { Display(row, true); }
+
+void PostCommands::Display(int row, bool isGlimpse) {
+  rest_.stop();
+  glimpsed_.reset();
   if (row < 0 || row >= model_.rowCount()) return reading_.ShowMainPage();
   const PostRow post = model_.At(row);
   reading_.ShowPost(post);
-  if (PostsAreStored()) MarkRead(row, post);
+  if (isGlimpse) {
+    glimpsed_ = post.id;
+  } else if (PostsAreStored()) {
+    MarkRead(row, post);
+  }
   // The title cell becomes current: screen readers read it, and letter keys search its column.
   list_.selectionModel()->setCurrentIndex(model_.index(row, kTitleColumn),
                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+void PostCommands::MarkGlimpsed() {
+  const auto id = std::exchange(glimpsed_, std::nullopt);
+  if (!id || !PostsAreStored()) return;
+  for (const int row : model_.RowsOf({&*id, 1})) MarkRead(row, model_.At(row));
 }
 
 void PostCommands::MarkRead(int row, const PostRow& post) {
@@ -46,14 +63,22 @@ void PostCommands::ShowCurrent() {
   if (list_.currentIndex().isValid()) Show(list_.currentIndex().row());
 }
 
+void PostCommands::ShowReached() {
+  const int row = list_.currentIndex().row();
+  if (list_.SelectedRows() == std::vector{row}) Show(row);
+}
+
 void PostCommands::GoToUnread(bool forward) {
+  MarkGlimpsed();
   const QModelIndex current = list_.currentIndex();
   const int beyond = forward ? -1 : model_.rowCount();
   const int unread = model_.FindUnread(current.isValid() ? current.row() : beyond, forward);
   unread < 0 ? reading_.GoToUnreadRow(forward) : ShowOnly(unread);
 }
 
+// A post is on display before it can be deleted.
 void PostCommands::Run(int command) {
+  rest_.Settle();
   switch (command) {
     case kCommandMarkRead:
       return MarkSelected(1);

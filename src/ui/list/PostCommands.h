@@ -4,12 +4,13 @@
 #include <optional>
 #include <vector>
 
+#include "controls/CVxListCtrl.h"
+#include "controls/KeyRest.h"
 #include "ui/Menus.h"
 #include "ui/Reading.h"
 
 namespace feedloom {
 
-class CVxListCtrl;
 class Desk;
 class PostListModel;
 
@@ -28,6 +29,12 @@ class PostCommands {
   void Show(int row);
   // As Show, but the row becomes the only selected one.
   void ShowOnly(int row);
+  // As Show, but the post is marked read only by MarkGlimpsed.
+  void Glimpse(int row);
+  // Marks the post read that Glimpse has shown, unless another one was shown since.
+  void MarkGlimpsed();
+  // Shows the post of the current row when the keys rest, if no other row is selected then.
+  void FollowKeys() { rest_.start(); }
   // Shows the post of the current row; does nothing without one.
   void ShowCurrent();
   // Shows the next unread post after the current row, or the previous one. When there is none,
@@ -41,6 +48,8 @@ class PostCommands {
 
  private:
   bool PostsAreStored() const;
+  void Display(int row, bool isGlimpse);
+  void ShowReached();
   void MarkRead(int row, const PostRow& post);
   void MarkSelected(int status);
   void Reload();
@@ -54,6 +63,8 @@ class PostCommands {
   Reading& reading_;
   PostListModel& model_;
   CVxListCtrl& list_;
+  KeyRest rest_{&list_, [this] { ShowReached(); }};
+  std::optional<int> glimpsed_;  // the id of a post on display that is not marked yet
 };
 
 }  // namespace feedloom

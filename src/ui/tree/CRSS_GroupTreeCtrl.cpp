@@ -2,7 +2,9 @@
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <algorithm>
 #include <utility>
 
@@ -86,6 +88,18 @@ void CRSS_GroupTreeCtrl::MarkMenuRow(const QModelIndex& row) {
 
 void CRSS_GroupTreeCtrl::ClearSelection() { selectionModel()->clear(); }
 
+void CRSS_GroupTreeCtrl::GoTo(const QModelIndex& row) {
+  {
+    const QSignalBlocker blocker(this);  // of RowSelected
+    setCurrentIndex(row);
+  }
+  ReportReached();
+}
+
+void CRSS_GroupTreeCtrl::ReportReached() {
+  if (SelectedRow().isValid()) emit RowReached(SelectedRow());
+}
+
 void CRSS_GroupTreeCtrl::SetOwnCursor(bool own) {
   hasOwnCursor_ = own;
   if (!own) viewport()->unsetCursor();
@@ -115,7 +129,9 @@ void CRSS_GroupTreeCtrl::selectionChanged(const QItemSelection& selected,
                                           const QItemSelection& deselected) {
   QTreeView::selectionChanged(selected, deselected);
   viewport()->update();  // the base class repaints the items only, not the whole rows
+  rest_.stop();
   if (selected.isEmpty()) return;
+  if (isByKey_) return rest_.start();
   wasReported_ = true;
   emit RowSelected(SelectedRow());
 }
@@ -166,13 +182,17 @@ void CRSS_GroupTreeCtrl::mouseMoveEvent(QMouseEvent* event) {
 // When a group is collapsed over the selected row, the group is selected: commands must not act on
 // a hidden row.
 void CRSS_GroupTreeCtrl::SelectCollapsedGroup(const QModelIndex& closed) {
-  if (SelectedRow().parent() == closed) setCurrentIndex(closed);
+  if (SelectedRow().parent() == closed) GoTo(closed);
 }
 
 void CRSS_GroupTreeCtrl::keyPressEvent(QKeyEvent* event) {
   if (HandleToolTipKey(*this, *event)) return;
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (!isEnter) return QTreeView::keyPressEvent(event);
+  if (!isEnter) {
+    const QScopedValueRollback byKey(isByKey_, true);
+    return QTreeView::keyPressEvent(event);
+  }
+  rest_.stop();
   if (SelectedRow().isValid()) emit RowSelected(SelectedRow());
 }
 
@@ -247,6 +267,14 @@ void CRSS_GroupTreeCtrl::RepaintNewMarks() {
 void CRSS_GroupTreeCtrl::focusInEvent(QFocusEvent* event) {
   QTreeView::focusInEvent(event);
   if (!SelectedRow().isValid()) selectionModel()->clearCurrentIndex();
+}
+
+// What has the keyboard next may act on the list.
+void CRSS_GroupTreeCtrl::focusOutEvent(QFocusEvent* event) {
+  QTreeView::focusOutEvent(event);
+  const bool comesBack =
+      event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
+  if (!comesBack) rest_.Settle();
 }
 
 }  // namespace feedloom

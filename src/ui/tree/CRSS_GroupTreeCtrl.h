@@ -3,6 +3,8 @@
 #include <QCursor>
 #include <QTreeView>
 
+#include "controls/KeyRest.h"
+
 namespace feedloom {
 
 class GroupTreeModel;
@@ -27,14 +29,21 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void MarkMenuRow(const QModelIndex& row);
   // Afterwards no row is selected and no row is current.
   void ClearSelection();
+  // Selects `row` on the way.
+  void GoTo(const QModelIndex& row);
+  // Emits RowReached now if the keys have come to a row but do not rest yet.
+  void Settle() { rest_.Settle(); }
 
   // True: the skin's cursor shows over rows. False: the parent's cursor shows everywhere.
   void SetOwnCursor(bool own);
 
  signals:
-  // Emitted once for each click or key by which the user selects the row `index`, clicks on it
-  // again, or presses Enter on it.
+  // Emitted once for each click by which the user selects the row `index`, or clicks on it again,
+  // and when the user presses Enter on it.
   void RowSelected(const QModelIndex& index);
+  // The row `index` was selected on the way: the keys have come to it and rest, or it stands where
+  // a row was that has gone out of sight.
+  void RowReached(const QModelIndex& index);
   // The user asks for the context menu of `row`, which is invalid when there is none to choose.
   // `place` is a point in screen coordinates.
   void MenuRequested(const QModelIndex& row, const QPoint& place);
@@ -53,6 +62,7 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void mouseMoveEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   bool event(QEvent* event) override;
   void updateGeometries() override;
@@ -61,6 +71,7 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void SetUpColors(const Skin& skin);
   void SetUpView();
   void ReportPress(const QModelIndex& index);
+  void ReportReached();
   void SelectCollapsedGroup(const QModelIndex& closed);
   void ExpandForSelection(const QModelIndex& group);
   int RowsHeight() const;
@@ -72,6 +83,8 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   const bool isCareful_;
 
   QPersistentModelIndex menuRow_;
+  KeyRest rest_{this, [this] { ReportReached(); }};
+  bool isByKey_ = false;  // a key is being handled
   QCursor rowCursor_;
   bool hasOwnCursor_ = true;
   bool isResizing_ = false;

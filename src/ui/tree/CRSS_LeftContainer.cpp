@@ -71,6 +71,9 @@ CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subsc
   connect(notificationTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::NoticeIsDue);
   connect(tree_, &CRSS_GroupTreeCtrl::RowSelected, this,
           [this] { ListSelectedPosts(FirstPost::First); });
+  connect(tree_, &CRSS_GroupTreeCtrl::RowReached, this, [this] {
+    ListSelectedPosts(tree_->SelectsCarefully() ? FirstPost::Glimpse : FirstPost::First);
+  });
   connect(tree_, &CRSS_GroupTreeCtrl::MenuRequested, this, &CRSS_LeftContainer::ShowRowMenu);
   SetUpToolBar();
   SetUpKeys();
@@ -78,6 +81,9 @@ CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subsc
   RestartUpdateTimer();
   RestartNotificationTimer();
 }
+
+// The tree loses the keyboard while it goes, when the pane's members have gone.
+CRSS_LeftContainer::~CRSS_LeftContainer() { tree_->disconnect(this); }
 
 void CRSS_LeftContainer::SetUpToolBar() {
   struct Entry {
@@ -100,8 +106,12 @@ void CRSS_LeftContainer::SetUpToolBar() {
 // These are shortcuts because the tree would use a letter key to search for a name.
 void CRSS_LeftContainer::SetUpKeys() {
   OnKeysOf(kCommandDeleteSelection, *tree_, [this] { commands_.Run(kCommandDeleteSelection); });
-  OnKey(*tree_, Qt::Key_N, [this] { emit UnreadPostWanted(true); });
-  OnKey(*tree_, Qt::Key_P, [this] { emit UnreadPostWanted(false); });
+  const auto goToUnread = [this](bool forward) {
+    tree_->Settle();
+    emit UnreadPostWanted(forward);
+  };
+  OnKey(*tree_, Qt::Key_N, [goToUnread] { goToUnread(true); });
+  OnKey(*tree_, Qt::Key_P, [goToUnread] { goToUnread(false); });
   OnKey(*this, QKeySequence::Find, [this] { emit SearchWanted(); });
 }
 

@@ -23,8 +23,10 @@ class CRSS_GroupTreeCtrl;
 class CRSS_LeftToolBarWnd;
 
 // When the user selects a row, the pane passes its posts to Reading::ListPosts and clears a
-// channel's new mark. A function does nothing when its channel or cabinet id is not in the tree.
-// Texts are in the module's code page. Interface thread only.
+// channel's new mark; with keys, when these rest. A host that wants it careful has the first post
+// marked read only when the user turns to it (FirstPost::Glimpse). A function does nothing when its
+// channel or cabinet id is not in the tree. Texts are in the module's code page. Interface thread
+// only.
 class CRSS_LeftContainer : public QWidget {
   Q_OBJECT
 
@@ -33,6 +35,7 @@ class CRSS_LeftContainer : public QWidget {
   // it takes but `parent` must outlive the pane. The tree is the pane's focus proxy.
   CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subscribing& subscribing, Reading& reading,
                      QWidget* parent);
+  ~CRSS_LeftContainer() override;
 
   // Replaces all rows by `content`, except that the cabinet root is named by the skin. Afterwards
   // no row is selected.

@@ -22,6 +22,18 @@
 #include "ui/tree/SelectedPosts.h"
 
 namespace feedloom {
+namespace {
+
+// The row that takes the place of `row` when that goes: below it, else above it, else its group.
+QModelIndex NextTo(const QModelIndex& row) {
+  for (const int step : {1, -1}) {
+    const QModelIndex next = row.sibling(row.row() + step, 0);
+    if (next.isValid()) return next;
+  }
+  return row.parent();
+}
+
+}  // namespace
 
 void TreeCommands::Run(int command) { Run(command, tree_.SelectedRow()); }
 
@@ -230,9 +242,11 @@ void TreeCommands::RemoveRow(const QPersistentModelIndex& row) {
 }
 
 void TreeCommands::RemoveListedRow(const QPersistentModelIndex& row) {
-  reading_.ListPosts(ListMode::Selection, {});
+  const QPersistentModelIndex next = tree_.SelectsCarefully() ? NextTo(row) : QModelIndex();
+  if (!next.isValid()) reading_.ListPosts(ListMode::Selection, {});
   tree_.ClearSelection();
   desk_.State().unreadTotal -= model_.Remove(row);
+  if (next.isValid()) tree_.GoTo(next);
 }
 
 void TreeCommands::RenameGroup() {

@@ -148,6 +148,7 @@ TEST_F(PostListPaneTest, ClicksAndKeysShowTheCurrentPostOrTheNextUnreadOne) {
   for (int i = 0; i < 2; ++i) Press(0);
   EXPECT_EQ(frame_.state.unreadTotal, -2) << "each click counts, whatever was read before";
   for (const auto key : {Key_Return, Key_N, Key_Down, Key_Enter, Key_N, Key_P}) Key(key);
+  EXPECT_FALSE(list_.findChild<QTimer*>("keyRest")->isActive()) << "nothing is left to be shown";
   EXPECT_EQ(frame_.shown, (Strings{"Post 6", "Post 6", "Post 6", "Post 5", "Post 4", "Post 2"}));
   Key(Key_Down, Qt::ShiftModifier);
   EXPECT_EQ(Rows(), "-Post 6 -Post 5 -Post 4 -Post 3 >-Post 2 >Post 1 ");
@@ -160,6 +161,30 @@ TEST_F(PostListPaneTest, ClicksAndKeysShowTheCurrentPostOrTheNextUnreadOne) {
   EXPECT_EQ(word_.text(), "xn");
   Key(Key_Escape);
   EXPECT_TRUE(list_.hasFocus() && frame_.questions.empty());
+}
+
+TEST_F(PostListPaneTest, ThePageFollowsTheKeysWhereTheyRestAndBeforeAPostIsDeleted) {
+  using enum Qt::Key;
+  pane_.Fill(ChannelPosts(6));
+  pane_.ShowFirst(FirstPost::Glimpse);
+  EXPECT_EQ(Rows(), ">Post 6 Post 5 Post 4 Post 3 Post 2 Post 1 ");
+  for (int i = 0; i < 2; ++i) pane_.MarkGlimpsed();
+  auto& rest = *list_.findChild<QTimer*>("keyRest");
+  rest.setInterval(0);
+  for (const auto also : {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier}) {
+    for (const auto key : {Key_Down, Key_Down}) Key(key);
+    if (also) Key(Key_Up, also);  // now the current row is not the selected one, or not alone
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !rest.isActive(); }));
+  }
+  EXPECT_EQ(frame_.shown, (Strings{"Post 6", "Post 4"}));
+  EXPECT_EQ(Rows(), "-Post 6 Post 5 -Post 4 Post 3 >Post 2 >Post 1 ");
+  frame_.whileAsking = [&] { frame_.shown.push_back("deleted?"); };
+  for (const auto key : {Key_Down, Key_Up, Key_Delete}) Key(key);
+  EXPECT_EQ(frame_.shown, (Strings{"Post 6", "Post 4", "Post 2", "deleted?", "Post 1"}));
+  pane_.ShowFirst(FirstPost::Glimpse);
+  pane_.Refill(NumberedPosts(6));
+  Key(Key_N);  // the glimpsed post counts as read
+  EXPECT_EQ(Rows(), "-Post 6 >-Post 5 Post 4 Post 3 Post 2 Post 1 ");
 }
 
 TEST_F(PostListPaneTest, SortingAndRefillingKeepSelectionCurrentRowOrderAndPlaceByPost) {

@@ -74,11 +74,33 @@ TEST_F(LeftContainerTest, EachKeySelectsAndListsOnce) {
       {Qt::Key_N, "News(3) 5"},    {Qt::Key_P, "News(3) 5"}};
   for (const auto& [key, selection] : cases) {
     Press(key);
+    tree->Settle();
     EXPECT_EQ(Selection(), selection);  // no letter seeks a name
   }
   EXPECT_EQ(unread, (QList<QVariantList>{{true}, {false}}));
   QTest::keyClick(tree, Qt::Key_F, Qt::ControlModifier);
   EXPECT_EQ(search.count(), 1);
+}
+
+TEST_F(LeftContainerTest, KeysListWhereTheyRestAndTheFirstPostIsOnlyGlimpsedByACarefulHost) {
+  for (const auto reached : {FirstPost::First, FirstPost::Glimpse}) {
+    if (reached == FirstPost::Glimpse) frame.skin.SetHostValue(kValueSelection, kSelectionCareful);
+    Open();
+    frame.lists.clear();
+    frame.firstPosts.clear();
+    for (const Qt::Key key : {Qt::Key_End, Qt::Key_Home, Qt::Key_Down}) Press(key);
+    EXPECT_EQ(Selection(), "Daily(2) 0");
+    tree->findChild<QTimer*>("keyRest")->setInterval(0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !frame.lists.empty(); }));
+    EXPECT_EQ(Listed(), "Daily Post 2, Daily Post 1, ");
+    Press(Qt::Key_Down);
+    tree->clearFocus();  // the rest is not waited for
+    EXPECT_EQ(Selection(), "Weekly(1) 2");
+    Press(Qt::Key_Up);
+    Press(Qt::Key_Return);
+    tree->collapse(Row("News"));
+    EXPECT_EQ(frame.firstPosts, (std::vector{reached, reached, FirstPost::First, reached}));
+  }
 }
 
 TEST_F(LeftContainerTest, GoesToTheNextOrPreviousRowWithUnreadPosts) {

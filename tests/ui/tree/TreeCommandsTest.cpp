@@ -188,6 +188,16 @@ TEST_F(TreeCommandsTest, ACarefulHostsRightPressActsOnItsRowAndLeavesSelectionAn
   EXPECT_EQ(Rows(), "Sports 보관함(1) Keep(1) [Later]");
   EXPECT_TRUE(frame.relists.empty());
   EXPECT_EQ(frame.reloads, 7) << "the list may show a row's posts as those of its group";
+  const std::tuple<const char*, int, const char*> rowsNextTo[] = {
+      {"Later", kCommandDeleteChild, "Sports 보관함(1) [Keep(1)]"},
+      {"Keep", kCommandDeleteChild, "Sports [보관함]"},
+      {"Sports", kCommandDeleteGroup, "[보관함]"}};
+  for (const auto& [label, command, rows] : rowsNextTo) {
+    Click(PlaceOf(label));
+    Choose(label, command);
+    EXPECT_EQ(Rows(), rows);
+    EXPECT_EQ(frame.firstPosts.back(), FirstPost::Glimpse);
+  }
 }
 
 TEST_F(TreeCommandsTest, APaneThatGoesWhileAQuestionStandsIsLeftAlone) {
