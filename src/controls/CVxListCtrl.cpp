@@ -12,6 +12,7 @@
 #include "controls/AccessibleRole.h"
 #include "controls/RowAccessibility.h"
 #include "controls/VxListHeader.h"
+#include "look/SkinDrawing.h"
 
 namespace feedloom {
 namespace {
@@ -204,7 +205,22 @@ void CVxListCtrl::paintEvent(QPaintEvent* event) {
   painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }
 
+void CVxListCtrl::MarkMenuRow(const QModelIndex& row) {
+  menuRow_ = row;
+  viewport()->update();
+}
+
+void CVxListCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const {
+  QTreeView::drawRow(painter, option, index);
+  if (menuRow_.isValid() && index.row() == menuRow_.row()) {
+    const QRect row(0, option.rect.top(), viewport()->width(), option.rect.height());
+    DrawSkinFocus(*painter, palette(), row, 0);
+  }
+}
+
 void CVxListCtrl::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::RightButton && !rightPressSelects_) return;
   QTreeView::mousePressEvent(event);
   const QModelIndex index = indexAt(event->position().toPoint());
   if (event->button() == Qt::LeftButton && index.isValid()) emit RowClicked(index.row());
@@ -212,7 +228,9 @@ void CVxListCtrl::mousePressEvent(QMouseEvent* event) {
 
 void CVxListCtrl::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() == QContextMenuEvent::Mouse) {
-    emit MenuRequested(event->globalPos());
+    const QModelIndex pressed = indexAt(event->pos());
+    const bool isOther = !rightPressSelects_ && !selectionModel()->isSelected(pressed);
+    emit MenuRequested(isOther ? pressed : QModelIndex(), event->globalPos());
     return;
   }
   QPoint place(0, 0);
@@ -220,7 +238,7 @@ void CVxListCtrl::contextMenuEvent(QContextMenuEvent* event) {
     scrollTo(currentIndex());
     place.setY(visualRect(currentIndex()).bottom() + 1);
   }
-  emit MenuRequested(viewport()->mapToGlobal(place));
+  emit MenuRequested({}, viewport()->mapToGlobal(place));
 }
 
 }  // namespace feedloom

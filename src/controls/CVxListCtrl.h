@@ -55,13 +55,19 @@ class CVxListCtrl : public QTreeView {
   // readers; an empty one ends that.
   void SetEmptyText(const QString& text);
 
+  // Whether a press of the right button selects its row, as by default; otherwise it selects
+  // nothing.
+  void SetRightPressSelects(bool selects) { rightPressSelects_ = selects; }
+  // Marks the row whose context menu is open; an invalid index ends that.
+  void MarkMenuRow(const QModelIndex& row);
+
   // Disables the list and shows the wait cursor over it, or ends that. If the list has the focus, a
   // cover over the list keeps it meanwhile.
   void SetInputBlocked(bool isBlocked);
 
  signals:
   // The left mouse button was pressed on a row; the selection has changed already. A double click
-  // is reported once. Other buttons only select.
+  // is reported once. Other buttons select at most.
   void RowClicked(int row);
   // A key has moved to this row, which alone is selected now.
   void RowReached(int row);
@@ -70,12 +76,15 @@ class CVxListCtrl : public QTreeView {
   // The user has scrolled to the last row or pressed End. Repeated at each further attempt.
   void EndReached();
   // The user asks for the context menu, at this point of the screen: the pointer's, or for the menu
-  // key the lower left corner of the current row.
-  void MenuRequested(const QPoint& place);
+  // key the lower left corner of the current row. `row` is the one under the pointer if it is not
+  // selected; otherwise it is invalid, and the menu is for the selected rows.
+  void MenuRequested(const QModelIndex& row, const QPoint& place);
 
  protected:
   void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                    const QList<int>& roles) override;
+  void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
@@ -92,6 +101,8 @@ class CVxListCtrl : public QTreeView {
 
   std::vector<int> widthsBefore_;  // empty while all columns are shown
   QString emptyText_;
+  bool rightPressSelects_ = true;
+  QPersistentModelIndex menuRow_;
   QPersistentModelIndex anchor_;  // invalid: the base class's anchor is used
   // The widget over the closed list. A disabled widget can have neither a cursor nor the focus.
   QPointer<QWidget> cover_;

@@ -1,6 +1,7 @@
 #include "ui/list/CRSS_RightTopContainer.h"
 
 #include <QHeaderView>
+#include <QMenu>
 #include <QPainter>
 #include <functional>
 #include <utility>
@@ -41,6 +42,7 @@ CRSS_RightTopContainer::CRSS_RightTopContainer(Desk& desk, Reading& reading,
     : QWidget(parent),
       desk_(desk),
       reading_(reading),
+      isCareful_(desk.GetSkin().Config().SelectsCarefully()),
       border_(LoadPaneFrame(desk.GetSkin())),
       toolbar_(*new CRSS_RightTopToolBarWnd(desk.GetSkin(), this)),
       model_(*new PostListModel(desk.GetStore().TextCodePage(), LoadTexts(desk), this)),
@@ -66,6 +68,7 @@ void CRSS_RightTopContainer::SetUpList() {
   connect(&model_, &QAbstractItemModel::modelReset, this, tellEmpty);
   connect(&model_, &QAbstractItemModel::rowsRemoved, this, tellEmpty);
   connect(&model_, &QAbstractItemModel::rowsInserted, this, tellEmpty);
+  list_.SetRightPressSelects(!isCareful_);
   setFocusProxy(&list_);
   connect(&list_, &CVxListCtrl::RowClicked, this, &CRSS_RightTopContainer::ShowClicked);
   connect(&list_, &CVxListCtrl::RowReached, this, [this] { commands_.FollowKeys(); });
@@ -181,6 +184,8 @@ std::optional<PostRow> CRSS_RightTopContainer::Find(int postId) const {
 }
 
 void CRSS_RightTopContainer::ShowClicked(int row) {
+  const bool isTakenOut = !list_.selectionModel()->isSelected(model_.index(row, 0));  // with Ctrl
+  if (isCareful_ && isTakenOut) return;
   // Each click counts as one post read, even if the post was read before: the total is used only to
   // announce new posts.
   --desk_.State().unreadTotal;
@@ -202,10 +207,15 @@ void CRSS_RightTopContainer::GoToUnread(bool forward) {
   if (!webSearch_.IsRunning()) commands_.GoToUnread(forward);
 }
 
-void CRSS_RightTopContainer::OpenMenu(const QPoint& place) {
-  if (const auto menu = commands_.ContextMenu()) {
-    ShowMenu(*menu, desk_.GetSkin(), place, this, [this](int command) { commands_.Run(command); });
-  }
+void CRSS_RightTopContainer::OpenMenu(const QModelIndex& row, const QPoint& place) {
+  const auto menu = commands_.ContextMenu(row);
+  if (!menu) return;
+  std::optional<MenuPost> post;
+  if (row.isValid()) post = MenuPost{row, model_.IdAt(row.row())};
+  list_.MarkMenuRow(row);
+  const QMenu& shown = ShowMenu(*menu, desk_.GetSkin(), place, this,
+                                [this, post](int command) { commands_.Run(command, post); });
+  connect(&shown, &QMenu::aboutToHide, &list_, [this] { list_.MarkMenuRow({}); });
 }
 
 void CRSS_RightTopContainer::FocusSearch() { toolbar_.FocusWord(); }

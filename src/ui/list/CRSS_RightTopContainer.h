@@ -77,7 +77,7 @@ class CRSS_RightTopContainer : public QWidget {
   void ShowClicked(int row);
   void NoteFilled(const PostList& list);
   QString EmptyText() const;
-  void OpenMenu(const QPoint& place);
+  void OpenMenu(const QModelIndex& row, const QPoint& place);
   void Search();
   // Appends rows of the same kind. Scroll position, selection and sorting stay.
   void Append(PostList list);
@@ -85,6 +85,7 @@ class CRSS_RightTopContainer : public QWidget {
 
   Desk& desk_;
   Reading& reading_;
+  const bool isCareful_;  // the host wants rows to be selected carefully
   const PaneFrame border_;
   CRSS_RightTopToolBarWnd& toolbar_;
   PostListModel& model_;

@@ -1,5 +1,6 @@
 #include "ui/list/PostCommands.h"
 
+#include <QScrollBar>
 #include <algorithm>
 #include <numeric>
 #include <utility>
@@ -77,15 +78,16 @@ void PostCommands::GoToUnread(bool forward) {
 }
 
 // A post is on display before it can be deleted.
-void PostCommands::Run(int command) {
+void PostCommands::Run(int command, const std::optional<MenuPost>& post) {
   rest_.Settle();
+  menuPost_ = post;
   switch (command) {
     case kCommandMarkRead:
       return MarkSelected(1);
     case kCommandMarkUnread:
       return MarkSelected(0);
     case kCommandDelete:
-      return Delete(list_.SelectedRows(), kTextDeletePosts);
+      return Delete(ActedRows(), kTextDeletePosts);
     case kCommandDeleteAll:
       return Delete(AllRows(), kTextDeleteAllPosts);
     case kCommandScrap:
@@ -95,8 +97,9 @@ void PostCommands::Run(int command) {
   }
 }
 
-std::optional<Menu> PostCommands::ContextMenu() const {
-  const std::vector<int> selected = list_.SelectedRows();
+std::optional<Menu> PostCommands::ContextMenu(const QModelIndex& row) {
+  rest_.Settle();
+  const std::vector<int> selected = row.isValid() ? std::vector{row.row()} : list_.SelectedRows();
   return ListMenu({.mode = desk_.State().listMode,
                    .rows = model_.rowCount(),
                    .selected = static_cast<int>(selected.size()),
@@ -104,7 +107,7 @@ std::optional<Menu> PostCommands::ContextMenu() const {
 }
 
 void PostCommands::MarkSelected(int status) {
-  const std::vector<int> rows = list_.SelectedRows();
+  const std::vector<int> rows = ActedRows();
   if (rows.empty() || !PostsAreStored()) return;
   const std::vector<int> ids = model_.IdsOf(rows);
   if (!feedloom::MarkRead(desk_.GetStore(), ids, model_.AreScrapPosts(), status)) return Reload();
@@ -124,27 +127,45 @@ std::vector<int> PostCommands::AllRows() const {
   return rows;
 }
 
+std::vector<int> PostCommands::ActedRows() const {
+  if (!menuPost_) return list_.SelectedRows();
+  if (menuPost_->row.isValid()) return {menuPost_->row.row()};
+  return PostsAreStored() ? model_.RowsOf({&menuPost_->id, 1}) : std::vector<int>();
+}
+
 void PostCommands::Delete(const std::vector<int>& rows, const char* question) {
   if (rows.empty() || !PostsAreStored()) return;
   // The ids are taken before the question, as a refresh may add rows while the user is asked.
   const std::vector<int> ids = model_.IdsOf(rows);
   const bool areScrapPosts = model_.AreScrapPosts();
+  const bool isOther = menuPost_.has_value();
   const auto answer = desk_.ShowTextMessage(kSectionTexts, question, MsgBoxKind::OkCancel);
   if (answer != MsgBoxAnswer::Consented) return;  // the object may have been deleted
   const auto deleteIds = areScrapPosts ? DeleteScrapPosts : DeletePosts;
   if (!deleteIds(desk_.GetStore(), ids)) return Reload();
   const std::vector<int> deleted = model_.RowsOf(ids);
-  list_.clearSelection();
-  model_.Remove(deleted);
+  Remove(deleted, isOther && !std::ranges::binary_search(deleted, list_.currentIndex().row()));
   reading_.RecountUnread(areScrapPosts);
-  if (!deleted.empty()) ShowOnly(std::min(deleted.front(), model_.rowCount() - 1));
+}
+
+// The lines of the view that stay keep their places.
+void PostCommands::Remove(const std::vector<int>& rows, bool isAside) {
+  if (rows.empty()) return;
+  QScrollBar& bar = *list_.verticalScrollBar();
+  const auto above = std::ranges::lower_bound(rows, bar.value()) - rows.begin();
+  const int top = bar.value() - static_cast<int>(above);
+  if (!isAside) list_.clearSelection();
+  model_.Remove(rows);
+  if (!isAside) ShowOnly(std::min(rows.front(), model_.rowCount() - 1));
+  list_.doItemsLayout();  // updates the scroll bar's range for the rows that are left
+  bar.setValue(top);
 }
 
 void PostCommands::Scrap() {
-  if (list_.SelectedRows().empty()) return;
+  if (ActedRows().empty()) return;
   const std::optional<int> cabinet = ChooseCabinet(desk_, &list_);
   if (!cabinet) return;  // the object may have been deleted
-  const std::vector<int> rows = list_.SelectedRows();
+  const std::vector<int> rows = ActedRows();
   const std::size_t saved = Save(rows, *cabinet);
   if (saved == 0) return;
   reading_.RecountUnread(true);

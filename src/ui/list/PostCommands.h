@@ -1,6 +1,7 @@
 // The commands of the list: for its clicks, keys and context menu.
 #pragma once
 
+#include <QPersistentModelIndex>
 #include <optional>
 #include <vector>
 
@@ -14,7 +15,15 @@ namespace feedloom {
 class Desk;
 class PostListModel;
 
-// A command acts on the selected rows. It does nothing when no row is selected.
+// A post whose row is not selected and has its menu open. The row goes when the list is filled
+// again; a post of the web directory has no id.
+struct MenuPost {
+  QPersistentModelIndex row;
+  int id = 0;
+};
+
+// A command acts on the selected rows, or on the post that it is given. It does nothing when no row
+// is selected.
 // Commands that change posts ignore those of the web directory, which are not in the
 // store. When the store fails, which it reports, the list and the counts are read again. The object
 // may have been deleted when a command that asks the user returns. Interface thread only.
@@ -41,10 +50,12 @@ class PostCommands {
   // calls Reading::GoToUnreadRow.
   void GoToUnread(bool forward);
 
-  // Runs the command with this number of ui/Commands.h.
-  void Run(int command);
-  // The context menu for the selected rows; nullopt for an empty list.
-  std::optional<Menu> ContextMenu() const;
+  // Runs the command with this number of ui/Commands.h. When it deletes a `post` that is given and
+  // not on display, selection and page stay.
+  void Run(int command, const std::optional<MenuPost>& post = {});
+  // The context menu for `row`, or for the selected rows when it is invalid; nullopt for an empty
+  // list. What the keys have come to is shown before.
+  std::optional<Menu> ContextMenu(const QModelIndex& row);
 
  private:
   bool PostsAreStored() const;
@@ -54,7 +65,9 @@ class PostCommands {
   void MarkSelected(int status);
   void Reload();
   void Delete(const std::vector<int>& rows, const char* question);
+  void Remove(const std::vector<int>& rows, bool isAside);
   std::vector<int> AllRows() const;
+  std::vector<int> ActedRows() const;
   void Scrap();
   // Copies the posts into the cabinet until one fails. Returns the number of copied posts.
   std::size_t Save(const std::vector<int>& rows, int cabinetId);
@@ -64,7 +77,8 @@ class PostCommands {
   PostListModel& model_;
   CVxListCtrl& list_;
   KeyRest rest_{&list_, [this] { ShowReached(); }};
-  std::optional<int> glimpsed_;  // the id of a post on display that is not marked yet
+  std::optional<MenuPost> menuPost_;  // of the command that runs
+  std::optional<int> glimpsed_;       // the id of a post on display that is not marked yet
 };
 
 }  // namespace feedloom

@@ -17,7 +17,10 @@ using Strings = std::vector<std::string>;
 
 // Lists in a pane, as the frame itself does.
 struct ListingFrame : FakeDesk, FakeReading, FakeSubscribing {
-  ListingFrame() : FakeReading(state), FakeSubscribing(static_cast<FakeDesk&>(*this)) {}
+  explicit ListingFrame(bool isCareful)
+      : FakeReading(state), FakeSubscribing(static_cast<FakeDesk&>(*this)) {
+    if (isCareful) skin.SetHostValue(kValueSelection, kSelectionCareful);
+  }
   void ListPosts(ListMode mode, PostList list, FirstPost first) override {
     FakeReading::ListPosts(mode, list, first);
     pane->Fill(std::move(list));
@@ -27,7 +30,8 @@ struct ListingFrame : FakeDesk, FakeReading, FakeSubscribing {
 };
 
 struct PostListPane : testing::Test {
-  PostListPane() {
+  // `isCareful`: the host wants rows to be selected carefully.
+  explicit PostListPane(bool isCareful = false) : frame_(isCareful) {
     frame_.pane = &pane_;
     frame_.nextAnswer = MsgBoxAnswer::Consented;
     pane_.resize(560, 240);

@@ -6,19 +6,21 @@
 namespace feedloom {
 
 struct PostListPaneTest : PostListPane {
+  using PostListPane::PostListPane;
   void ListAndSelect(PostList list, const std::vector<int>& rows) {
     pane_.Fill(std::move(list));
     for (const int row : rows)
       list_.selectionModel()->setCurrentIndex(
           Index(row), QItemSelectionModel::Select | QItemSelectionModel::Rows);
   }
-  std::unique_ptr<QMenu> OpenMenu() {
-    QContextMenuEvent event(QContextMenuEvent::Mouse, {}, QPoint(60, 70));
+  std::unique_ptr<QMenu> OpenMenu(QPoint at = {0, 500}) {
+    QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, at);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, QPoint(60, 70));
     QApplication::sendEvent(list_.viewport(), &event);
     return std::unique_ptr<QMenu>(pane_.findChild<QMenu*>());
   }
-  void Choose(Command command) {
-    const auto menu = OpenMenu();
+  void Choose(Command command, QPoint at = {0, 500}) {
+    const auto menu = OpenMenu(at);
     for (QAction* const item : menu->actions())
       if (item->data().toInt() == command) item->trigger();
     QApplication::processEvents();  // the command comes when the menu has closed
@@ -185,6 +187,49 @@ TEST_F(PostListPaneTest, ThePageFollowsTheKeysWhereTheyRestAndBeforeAPostIsDelet
   pane_.Refill(NumberedPosts(6));
   Key(Key_N);  // the glimpsed post counts as read
   EXPECT_EQ(Rows(), "-Post 6 >-Post 5 Post 4 Post 3 Post 2 Post 1 ");
+}
+
+TEST_F(PostListPaneTest, WhereRowsAreDeletedTheOthersStayOnTheirLines) {
+  pane_.Fill(ChannelPosts(50));
+  pane_.Show(3);
+  Press(22, Qt::ControlModifier);
+  list_.verticalScrollBar()->setValue(20);
+  Press(25, Qt::ControlModifier);
+  Choose(kCommandDelete);
+  EXPECT_EQ(OnLine(0) + OnLine(1) + OnLine(2), "Post 30 Post 29 Post 27 ");
+  Press(21);
+  Choose(kCommandDelete);
+  EXPECT_EQ(OnLine(0) + OnLine(2), "Post 30 Post 26 ");
+}
+
+struct CarefulListTest : PostListPaneTest {
+  CarefulListTest() : PostListPaneTest(true) {}
+};
+
+TEST_F(CarefulListTest, ARightPressActsOnItsPostAloneAndCtrlTakesAPostOutOfTheSelection) {
+  const auto at = [this](int row) { return list_.visualRect(Index(row)).center(); };
+  pane_.Fill(ChannelPosts(6));
+  Press(1);
+  for (const int row : {3, 1}) Press(row, Qt::ControlModifier);
+  Choose(kCommandMarkRead, at(0));
+  Choose(kCommandDelete, at(4));
+  EXPECT_EQ(Rows(), "-Post 6 -Post 5 Post 4 >-Post 3 Post 1 ");
+  EXPECT_EQ(frame_.shown, (Strings{"Post 5", "Post 3"}));
+  EXPECT_EQ(frame_.state.unreadTotal, -2) << "what is taken out is not read";
+  const auto picture = [this] { return list_.viewport()->grab().toImage(); };
+  auto menu = OpenMenu(at(0));
+  const QImage marked = picture();
+  menu->hide();
+  EXPECT_NE(picture(), marked);
+  pane_.Refill(NumberedPosts(7));  // a refresh, while the menu is open
+  for (QAction* const item : menu->actions())
+    if (item->data() == kCommandDelete) item->trigger();
+  QApplication::processEvents();
+  EXPECT_EQ(Rows(), "Post 7 Post 5 Post 4 >Post 3 Post 2 Post 1 ");
+  menu.reset();
+  Press(0, Qt::ControlModifier);
+  Choose(kCommandDelete, at(3));
+  EXPECT_EQ(Rows(), ">-Post 5 Post 4 Post 2 Post 1 ") << "both of the selected posts";
 }
 
 TEST_F(PostListPaneTest, SortingAndRefillingKeepSelectionCurrentRowOrderAndPlaceByPost) {
