@@ -117,6 +117,8 @@ void CRSS_GroupTreeCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& 
 void CRSS_GroupTreeCtrl::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                                      const QList<int>& roles) {
   QTreeView::dataChanged(topLeft, bottomRight, roles);
+  const QModelIndex group = topLeft.parent();
+  if (group.isValid() && !isExpanded(group)) UpdateLine(group);  // it has marks of its channels
   NotifyChangedCells(*this, topLeft, bottomRight);
 }
 
@@ -252,13 +254,18 @@ void CRSS_GroupTreeCtrl::UpdateScrollBar() {
                                                                 : Qt::ScrollBarAlwaysOff);
 }
 
+void CRSS_GroupTreeCtrl::UpdateLine(const QModelIndex& row) {
+  const QRect label = visualRect(row);
+  viewport()->update(0, label.top(), viewport()->width(), label.height());
+}
+
 void CRSS_GroupTreeCtrl::RepaintNewMarks() {
   const int bottom = viewport()->height();
   for (QModelIndex row = indexAt({0, 0}); row.isValid() && visualRect(row).top() < bottom;
        row = indexBelow(row)) {
-    if (!row.data(GroupTreeModel::IsNewRole).toBool()) continue;
-    const QRect label = visualRect(row);
-    viewport()->update(0, label.top(), label.left(), label.height());
+    const bool isChild = row.parent().isValid();
+    const int role = isChild ? GroupTreeModel::IsNewRole : GroupTreeModel::HoldsNewRole;
+    if (row.data(role).toBool() && (isChild || !isExpanded(row))) UpdateLine(row);
   }
 }
 

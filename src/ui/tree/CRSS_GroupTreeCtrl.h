@@ -77,6 +77,7 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   int RowsHeight() const;
   void UpdateScrollRange();
   void UpdateScrollBar();
+  void UpdateLine(const QModelIndex& row);
   void RepaintNewMarks();
 
   NewPostAnimation* const animation_;

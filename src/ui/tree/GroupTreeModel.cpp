@@ -280,6 +280,10 @@ QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {
       return DisplayName(group.name);
     case UnreadRole:
       return group.unreadCount;
+    case HoldsFailureRole:
+      return std::ranges::any_of(group.children, [](const auto& row) { return row.state < 0; });
+    case HoldsNewRole:
+      return std::ranges::any_of(group.children, &ChildRow::isNew);
     default:
       return {};
   }

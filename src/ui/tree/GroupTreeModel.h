@@ -45,6 +45,8 @@ class GroupTreeModel : public QAbstractItemModel {
     UnreadRole,               // int
     StateRole,                // int
     IsNewRole,                // bool
+    HoldsFailureRole,         // bool, of a group: whether the refresh of one of its channels failed
+    HoldsNewRole,             // bool, of a group: whether one of its channels is new
     IsAnimatedByMessageRole,  // bool
   };
 

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kTextGap = 4;   // between icon and label
 constexpr int kRightGap = 6;  // between label and the row's right edge
+constexpr double kCountOpacity = 0.75;
 
 RowKind KindOf(const QModelIndex& index) {
   return static_cast<RowKind>(index.data(GroupTreeModel::KindRole).toInt());
@@ -63,16 +64,27 @@ void PaintStar(QPainter& painter, QPointF center, const QColor& color) {
   FillPolygon(painter, star.translated(center), color);
 }
 
-// Elides a name that is too long, so that the count behind it stays visible.
-void PaintLabel(QPainter& painter, const QRect& area, const QModelIndex& index) {
+// Paints the unread count at the right end of `area`. Returns the area that is left.
+QRect PaintCount(QPainter& painter, const QRect& area, const QModelIndex& index) {
+  const int unread = index.data(GroupTreeModel::UnreadRole).toInt();
+  if (unread <= 0) return area;
+  const QString count = QString::number(unread);
+  painter.save();
+  QFont font = painter.font();
+  font.setBold(false);
+  painter.setFont(font);
+  painter.setOpacity(kCountOpacity);
+  painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, count);
+  const int room = painter.fontMetrics().horizontalAdvance(count) + kTextGap;
+  painter.restore();
+  return area.adjusted(0, 0, -room, 0);
+}
+
+// Elides a name that is too long.
+void PaintName(QPainter& painter, const QRect& area, const QModelIndex& index) {
   const QString name = index.data(GroupTreeModel::NameRole).toString();
-  const QString count = index.data(Qt::DisplayRole).toString().sliced(name.size());
-  const QFontMetrics metrics = painter.fontMetrics();
-  const int room = area.width() - metrics.horizontalAdvance(count);
-  const QString shown = metrics.elidedText(name, Qt::ElideRight, room);
-  painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
-  painter.drawText(area.adjusted(metrics.horizontalAdvance(shown), 0, 0, 0),
-                   Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, count);
+  painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   painter.fontMetrics().elidedText(name, Qt::ElideRight, area.width()));
 }
 
 }  // namespace
@@ -112,7 +124,26 @@ void TreeRowDelegate::PaintGroup(QPainter& painter, const QStyleOptionViewItem& 
     PaintExpandMark(painter, option.rect, option.state.testFlag(QStyle::State_Open),
                     painter.pen().color());
   }
-  PaintLabel(painter, option.rect.adjusted(kRowIndentation + kTextGap, 0, -kRightGap, 0), index);
+  const bool isClosed = !option.state.testFlag(QStyle::State_Open);
+  const QRect label = option.rect.adjusted(kRowIndentation + kTextGap, 0, -kRightGap, 0);
+  const QRect left = PaintCount(painter, label, index);
+  const int marks = isClosed ? PaintFolderMarks(painter, left, index) : 0;
+  PaintName(painter, left.adjusted(0, 0, -marks, 0), index);
+}
+
+// Returns the width of the marks, which stand at the right end of `area`.
+int TreeRowDelegate::PaintFolderMarks(QPainter& painter, const QRect& area,
+                                      const QModelIndex& folder) const {
+  int width = 0;
+  const auto place = [&] {
+    width += kRowIconSize + kTextGap;
+    return IconRect(area, area.width() - width);
+  };
+  if (folder.data(GroupTreeModel::HoldsFailureRole).toBool()) {
+    painter.drawPixmap(place(), skin_.failingChannelIcon);
+  }
+  if (folder.data(GroupTreeModel::HoldsNewRole).toBool()) PaintNewMark(painter, place(), folder);
+  return width;
 }
 
 void TreeRowDelegate::PaintChild(QPainter& painter, const QStyleOptionViewItem& option,
@@ -122,8 +153,8 @@ void TreeRowDelegate::PaintChild(QPainter& painter, const QStyleOptionViewItem& 
   }
   const int left = 2 * kRowIndentation;
   painter.drawPixmap(IconRect(option.rect, left), IconOf(index));
-  PaintLabel(painter, option.rect.adjusted(left + kRowIconSize + kTextGap, 0, -kRightGap, 0),
-             index);
+  const QRect label = option.rect.adjusted(left + kRowIconSize + kTextGap, 0, -kRightGap, 0);
+  PaintName(painter, PaintCount(painter, label, index), index);
 }
 
 void TreeRowDelegate::PaintNewMark(QPainter& painter, const QRect& square,

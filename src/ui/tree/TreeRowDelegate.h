@@ -13,8 +13,10 @@ inline constexpr int kGroupRowHeight = 24;
 inline constexpr int kChildRowHeight = 20;
 inline constexpr int kRowIndentation = 14;  // of a group's label; a child's icon has twice this
 
-// Paints the rows of the tree. Unlike other delegates it paints the whole row, including
-// indentation and expand mark: option.rect must be the whole row. Interface thread only.
+// Paints the rows of the tree: the name, and at the right end, lighter, the number of unread posts.
+// A closed folder has the marks of its channels in front of that number. Unlike other delegates it
+// paints the whole row, including indentation and expand mark: option.rect must be the whole row.
+// Interface thread only.
 class TreeRowDelegate : public QStyledItemDelegate {
  public:
   // `animation` must outlive the delegate.
@@ -32,6 +34,7 @@ class TreeRowDelegate : public QStyledItemDelegate {
   const ThreePieces& HeaderOf(const QModelIndex& group) const;
   const QPixmap& IconOf(const QModelIndex& child) const;
 
+  int PaintFolderMarks(QPainter& painter, const QRect& area, const QModelIndex& folder) const;
   void PaintNewMark(QPainter& painter, const QRect& square, const QModelIndex& channel) const;
 
   const TreeSkin skin_;

@@ -275,6 +275,28 @@ TEST_F(LeftContainerTest, RowsAreDrawnAlsoWithoutTheSkinsImages) {
   }
 }
 
+TEST_F(LeftContainerTest, CountsStandAtTheRightEndAndAClosedFolderHasItsChannelsMarks) {
+  const auto part = [this](const char* label, int left, int width) {
+    const QRect row = tree->visualRect(Row(label));
+    return tree->viewport()->grab({left, row.top(), width, row.height()}).toImage();
+  };
+  const int right = tree->viewport()->width() - 20, middle = right - 40;
+  const QImage name = part("Daily", 0, right), counted = part("Daily", right, 20);
+  pane->SetChannelUnread(daily, 7);
+  EXPECT_EQ(part("Daily", 0, right), name);
+  EXPECT_NE(part("Daily", right, 20), counted);
+  const QImage open = part("News", middle, 40);
+  tree->collapse(Row("News"));
+  EXPECT_EQ(part("News", middle, 40), open);
+  pane->SetChannelState(weekly, kDownloadFailed);
+  const QImage failing = part("News", middle, 40);
+  EXPECT_NE(failing, open);
+  pane->SetChannelsNew({&weekly, 1}, true);
+  EXPECT_NE(part("News", middle, 40), failing);
+  tree->expand(Row("News"));
+  EXPECT_EQ(part("News", middle, 40), open);
+}
+
 TEST_F(LeftContainerTest, AChannelIsAddedToTheSelectedFolder) {
   QStringList asked;
   DialogAnswers answers;
