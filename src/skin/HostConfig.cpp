@@ -78,10 +78,7 @@ bool HostConfig::HasHelpfulDialogs() const {
   return value && EqualsIgnoringAsciiCase(*value, kDialogsHelpful);
 }
 
-bool HostConfig::SelectsCarefully() const {
-  const auto value = registry_.ReadString(kHostKey, kValueSelection);
-  return value && EqualsIgnoringAsciiCase(*value, kSelectionCareful);
-}
+bool HostConfig::SelectsCarefully() const { return Is(kValueSelection, kSelectionCareful); }
 
 std::string HostConfig::GetIniDir() const { return WithTrailingSeparator(Path(kValueIniDir)); }
 std::string HostConfig::GetImageIniPath() const { return JoinPath(GetIniDir(), "image.ini"); }

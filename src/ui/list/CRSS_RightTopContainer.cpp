@@ -3,10 +3,12 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPainter>
+#include <algorithm>
 #include <functional>
 #include <utility>
 
 #include "controls/CVxListCtrl.h"
+#include "controls/ColumnFill.h"
 #include "controls/OnKey.h"
 #include "look/QtText.h"
 #include "look/SkinText.h"
@@ -68,6 +70,11 @@ void CRSS_RightTopContainer::SetUpList() {
   connect(&model_, &QAbstractItemModel::modelReset, this, tellEmpty);
   connect(&model_, &QAbstractItemModel::rowsRemoved, this, tellEmpty);
   connect(&model_, &QAbstractItemModel::rowsInserted, this, tellEmpty);
+  if (desk_.GetSkin().Config().GetListPlace() != ListPlace::Default) {
+    const int heading = list_.header()->sectionSizeHint(kReadColumn);
+    list_.setColumnWidth(kReadColumn, std::max(heading, list_.columnWidth(kReadColumn)));
+    FillRoom(list_, kTitleColumn);
+  }
   list_.SetRightPressSelects(!isCareful_);
   setFocusProxy(&list_);
   connect(&list_, &CVxListCtrl::RowClicked, this, &CRSS_RightTopContainer::ShowClicked);

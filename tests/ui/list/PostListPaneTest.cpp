@@ -202,6 +202,30 @@ TEST_F(PostListPaneTest, WhereRowsAreDeletedTheOthersStayOnTheirLines) {
   EXPECT_EQ(OnLine(0) + OnLine(2), "Post 30 Post 26 ");
 }
 
+TEST_F(PostListPaneTest, TheTitlesTakeTheRoomThatIsLeftIfTheHostPlacesTheList) {
+  const auto widths = [](const QTreeView& list) {
+    QList<int> all;
+    for (int column = 0; column < kPostColumnCount; ++column) all << list.columnWidth(column);
+    return all;
+  };
+  EXPECT_EQ(widths(list_), (QList{30, 278, 100, 100}));
+  frame_.skin.SetHostValue(kValueListPlace, "ABOVE");
+  CRSS_RightTopContainer pane(frame_, frame_, frame_, nullptr);
+  auto& list = *pane.findChild<CVxListCtrl*>();
+  const auto room = [&] { return list.viewport()->width() - list.header()->length(); };
+  pane.resize(700, 240);
+  pane.show();
+  const QList<int> start = widths(list);
+  EXPECT_EQ(start.sliced(2), (QList{100, 100}));
+  for (const int column : {0, 1, 2, 3}) {
+    list.header()->resizeSection(column, start[column] + 20);
+    EXPECT_EQ(room(), 0) << column;
+  }
+  EXPECT_EQ(widths(list).sliced(2), (QList{120, 120}));
+  pane.resize(260, 240);
+  EXPECT_LT(room(), 0) << "the titles stay readable";
+}
+
 struct CarefulListTest : PostListPaneTest {
   CarefulListTest() : PostListPaneTest(true) {}
 };
