@@ -9,12 +9,10 @@
 namespace feedloom {
 
 std::vector<RegistryEntry> HostWishes() {
-  return {{kHostKey, kValueDialogs, kDialogsHelpful},
-          {kHostKey, kValueEmptyList, kEmptyListLine},
-          {kHostKey, kValueListPlace, kListAbove},
-          {kHostKey, kValueNotice, kNoticeChannels},
-          {kHostKey, kValueSelection, kSelectionCareful},
-          {kHostKey, kValueStart, kStartLast}};
+  return {
+      {kHostKey, kValueDialogs, kDialogsHelpful},     {kHostKey, kValueEmptyList, kEmptyListLine},
+      {kHostKey, kValueListPlace, kListAbove},        {kHostKey, kValueNotice, kNoticeChannels},
+      {kHostKey, kValueSelection, kSelectionCareful}, {kHostKey, kValueStart, kStartLast}};
 }
 
 Failure StoreHostWishes(const std::string& dir) {

@@ -67,18 +67,13 @@ bool HostConfig::OpensLinksOutside() const { return Is(kValuePostLinks, kLinksOu
 bool HostConfig::AnnouncesChannels() const { return Is(kValueNotice, kNoticeChannels); }
 bool HostConfig::StartsWithLast() const { return Is(kValueStart, kStartLast); }
 bool HostConfig::SaysEmptyLists() const { return Is(kValueEmptyList, kEmptyListLine); }
+bool HostConfig::HasHelpfulDialogs() const { return Is(kValueDialogs, kDialogsHelpful); }
+bool HostConfig::SelectsCarefully() const { return Is(kValueSelection, kSelectionCareful); }
 
 ListPlace HostConfig::GetListPlace() const {
   if (Is(kValueListPlace, kListBeside)) return ListPlace::Beside;
   return Is(kValueListPlace, kListAbove) ? ListPlace::Above : ListPlace::Default;
 }
-
-bool HostConfig::HasHelpfulDialogs() const {
-  const auto value = registry_.ReadString(kHostKey, kValueDialogs);
-  return value && EqualsIgnoringAsciiCase(*value, kDialogsHelpful);
-}
-
-bool HostConfig::SelectsCarefully() const { return Is(kValueSelection, kSelectionCareful); }
 
 std::string HostConfig::GetIniDir() const { return WithTrailingSeparator(Path(kValueIniDir)); }
 std::string HostConfig::GetImageIniPath() const { return JoinPath(GetIniDir(), "image.ini"); }

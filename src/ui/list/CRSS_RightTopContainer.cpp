@@ -123,6 +123,7 @@ void CRSS_RightTopContainer::Fill(PostList list) {
 void CRSS_RightTopContainer::NoteFilled(const PostList& list) {
   filled_ = {.areScrapPosts = list.areScrapPosts,
              .areSearchResults = list.areSearchResults,
+             .areFromWeb = list.areFromWeb,
              .whenEmpty = list.whenEmpty,
              .word = list.word};
 }

@@ -18,5 +18,7 @@ QStringList SplitHeadings(CodePage codePage, std::string_view label);
 
 // The day of a stored date as "2008-05-01"; empty when `stored` is empty or no date from 1970 on.
 QString DateCell(std::string_view stored);
+// The day and the time, as "2008-05-01 10:00"; empty where DateCell is.
+QString DayAndTime(std::string_view stored);
 
 }  // namespace feedloom

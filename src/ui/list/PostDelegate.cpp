@@ -7,7 +7,12 @@
 namespace feedloom {
 namespace {
 
-bool IsRead(const QModelIndex& index) { return index.data(PostListModel::kIsReadRole).toBool(); }
+QVariant ReadStatus(const QModelIndex& index) { return index.data(PostListModel::kIsReadRole); }
+
+bool IsUnread(const QModelIndex& index) {
+  const QVariant status = ReadStatus(index);
+  return status.isValid() && !status.toBool();
+}
 
 QColor TextColour(const QStyleOptionViewItem& option) {
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
@@ -34,17 +39,17 @@ void DrawUnreadMark(QPainter& painter, const QPointF& centre, const QColor& colo
 
 void PostDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   VxListDelegate::initStyleOption(option, index);
-  option->font.setBold(!IsRead(index));
+  option->font.setBold(IsUnread(index));
   if (index.column() == kReadColumn) option->text.clear();  // paint() draws a mark instead
 }
 
 void PostDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
   VxListDelegate::paint(painter, option, index);
-  if (index.column() != kReadColumn) return;
+  if (index.column() != kReadColumn || !ReadStatus(index).isValid()) return;
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  const auto paintMark = IsRead(index) ? PaintReadMark : DrawUnreadMark;
+  const auto paintMark = IsUnread(index) ? DrawUnreadMark : PaintReadMark;
   paintMark(*painter, QRectF(option.rect).center(), TextColour(option));
   painter->restore();
 }

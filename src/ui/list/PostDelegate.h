@@ -5,7 +5,7 @@
 namespace feedloom {
 
 // Paints the rows of a PostListModel. Unread posts are bold. The read status is a mark that does
-// not depend on colour: a dot for unread, a check mark for read.
+// not depend on colour: a dot for unread, a check mark for read, and nothing where posts have none.
 class PostDelegate : public VxListDelegate {
  public:
   using VxListDelegate::VxListDelegate;

@@ -1,5 +1,6 @@
 #include "ui/list/PostListModel.h"
 
+#include <QTextDocument>
 #include <QTimer>
 #include <algorithm>
 #include <iterator>
@@ -63,6 +64,7 @@ bool PostListModel::Shows(const PostList& list) const {
 
 void PostListModel::Replace(PostList list) {
   areScrapPosts_ = list.areScrapPosts;
+  areFromWeb_ = list.areFromWeb;
   posts_.clear();
   posts_.shrink_to_fit();
   Pack(std::move(list.posts));
@@ -193,8 +195,10 @@ QVariant PostListModel::data(const QModelIndex& index, int role) const {
       return CellText(post, index.column());
     case Qt::AccessibleTextRole:
       return AccessibleText(post, index.column());
+    case Qt::ToolTipRole:
+      return index.column() == kDateColumn ? DateTip(post) : QVariant();
     case kIsReadRole:
-      return post.IsRead();
+      return areFromWeb_ ? QVariant() : post.IsRead();
     case kFirstWordsRole:
       return FirstWords(codePage_, post.Description());
     default:
@@ -217,9 +221,17 @@ QString PostListModel::CellText(const PackedPost& post, int column) const {
   }
 }
 
+// As rich text: Qt would interpret a plain text that looks like HTML.
+QString PostListModel::DateTip(const PackedPost& post) const {
+  const QString time = DayAndTime(post.Published());
+  const QString owner = ToLine(codePage_, post.OwnerTitle());
+  return Qt::convertFromPlainText(time.isEmpty() ? owner : time + '\n' + owner,
+                                  Qt::WhiteSpaceNormal);
+}
+
 // The text for screen readers; invalid where it equals the displayed text.
 QVariant PostListModel::AccessibleText(const PackedPost& post, int column) const {
-  const QString& status = post.IsRead() ? texts_.read : texts_.unread;
+  const QString status = areFromWeb_ ? QString() : post.IsRead() ? texts_.read : texts_.unread;
   if (column == kReadColumn) return status;
   if (column != kTitleColumn) return {};
   QStringList told{CellText(post, column), status};

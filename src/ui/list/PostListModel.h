@@ -30,8 +30,8 @@ struct PostListTexts {
 class PostListModel : public QAbstractTableModel {
  public:
   enum Role {
-    kIsReadRole = Qt::UserRole,
-    kFirstWordsRole,  // QString: what the post's text begins with
+    kIsReadRole = Qt::UserRole,  // bool; invalid where posts have no read status
+    kFirstWordsRole,             // QString: what the post's text begins with
   };
 
   // `codePage` is the encoding of the posts' texts. Each heading beyond those of PostColumn adds an
@@ -79,6 +79,7 @@ class PostListModel : public QAbstractTableModel {
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   // The text of the read status column is "1" (read) or "0"; the delegate paints a mark instead.
+  // The tip of the date column is the time and the channel or cabinet.
   // For screen readers the read status is in words, and is also appended to the title.
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
@@ -86,6 +87,7 @@ class PostListModel : public QAbstractTableModel {
  private:
   const PackedPost& Post(int row) const { return posts_[static_cast<std::size_t>(row)]; }
   QString CellText(const PackedPost& post, int column) const;
+  QString DateTip(const PackedPost& post) const;
   QVariant AccessibleText(const PackedPost& post, int column) const;
   QString AccessibleHeading(int section) const;
   void Replace(PostList list);
@@ -101,6 +103,7 @@ class PostListModel : public QAbstractTableModel {
   Sorting sorting_;
   bool areScrapPosts_ = false;
   bool hasTwoLines_ = false;
+  bool areFromWeb_ = false;
 };
 
 }  // namespace feedloom

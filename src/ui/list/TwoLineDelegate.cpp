@@ -45,12 +45,13 @@ void TwoLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   initStyleOption(&row, index);
   row.text.clear();
   QApplication::style()->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
-  const bool isRead = index.data(PostListModel::kIsReadRole).toBool();
+  const QVariant isRead = index.data(PostListModel::kIsReadRole);
+  const bool isUnread = isRead.isValid() && !isRead.toBool();
   const bool isSelected = row.state.testFlag(QStyle::State_Selected);
   const QColor text = row.palette.color(QPalette::Text);
   const QRect line = row.rect.adjusted(kMark, 0, -kEnd, 0);
   QFont font = row.font;
-  font.setBold(!isRead);
+  font.setBold(isUnread);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(text);
@@ -59,7 +60,7 @@ void TwoLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   painter->setPen(row.palette.color(isSelected ? QPalette::Text : QPalette::PlaceholderText));
   DrawLine(*painter, row.font, {line.left(), line.top() + kDetailsTop, line.width(), kLine},
            Details(index));
-  if (!isRead)
+  if (isUnread)
     DrawUnreadMark(*painter,
                    QPointF(row.rect.left() + kMark / 2.0, row.rect.top() + kTitleTop + kLine / 2.0),
                    text);

@@ -59,7 +59,8 @@ void WebSearch::OnFirstPage(DirectoryAnswer answer, const std::string& word) {
 // The list tells its rows apart by ids: these are below those of the store.
 PostList WebSearch::ToPostList(DirectoryAnswer answer) {
   for (PostRow& row : answer.rows) row.id = --lastId_;
-  return {.posts = std::move(answer.rows), .areSearchResults = answer.isAnswered};
+  return {
+      .posts = std::move(answer.rows), .areSearchResults = answer.isAnswered, .areFromWeb = true};
 }
 
 void WebSearch::OnNextPage(DirectoryAnswer answer) {

@@ -1,6 +1,7 @@
 // The list's rows: what their cells say, and their order.
 
 #include <QLocale>
+#include <QTextDocumentFragment>
 #include <QtTest>
 
 #include "kit/ThreadRefusal.h"
@@ -36,7 +37,8 @@ struct PostListModelTest : testing::Test {
 TEST_F(PostListModelTest, KeepsAllOfAPostAndTellsStatusTitleDayAndOwner) {
   const PostRow full{1,    2, "c", std::string(5'000, 'd'), "http://x/", "p", {"t\0t", 3}, "u",
                      "ow", 1, 3,   "http://feed/"};
-  model_.Fill({.posts = {Post(7, "새 글"), Post(8, "읽은\n\x01글", 1), full}});
+  model_.Fill(
+      {.posts = {Post(7, "새 글"), Post(8, "읽은\n\x01글", 1, "2008-05-01 10:00:00"), full}});
   const auto fields = [](const PostRow& post) {
     const auto& [a, b, c, d, e, f, g, h, i, j, k, l] = post;
     return std::tuple(a, b, c, d, e, f, g, h, i, j, k, l);
@@ -49,9 +51,14 @@ TEST_F(PostListModelTest, KeepsAllOfAPostAndTellsStatusTitleDayAndOwner) {
   EXPECT_EQ(Text(1, 1, Qt::AccessibleTextRole), "읽은 글, read");
   model_.SetTwoLines(true);
   EXPECT_EQ(Text(1, 1, Qt::AccessibleTextRole), "읽은 글, read, 똠방각하 소식, 2008-05-01");
+  EXPECT_EQ(QTextDocumentFragment::fromHtml(model_.index(1, 2).data(Qt::ToolTipRole).toString())
+                .toPlainText(),
+            "2008-05-01 10:00\n똠방각하 소식");
   const QSignalSpy changes(&model_, &QAbstractItemModel::dataChanged);
   model_.SetReadStatus(Ids{0}, 1);
   EXPECT_EQ(changes.at(0)[1].toModelIndex(), model_.index(0, 4)) << "the whole row";
+  model_.Fill({.posts = {Post(7, "hit")}, .areFromWeb = true});
+  EXPECT_FALSE(model_.index(0, 0).data(PostListModel::kIsReadRole).isValid());
 }
 
 TEST(FirstWords, AreTheTextWithoutMarkUpOnOneLine) {
