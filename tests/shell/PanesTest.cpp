@@ -63,6 +63,24 @@ TEST_F(Panes, TheListStandsWhereTheHostWantsItWhileItKeepsSelectionAndSort) {
   EXPECT_EQ(List().columnWidth(kTitleColumn), 278);
 }
 
+TEST_F(Panes, APostGlimpsedFromTheTreeIsReadWhenTheKeyboardGoesToListOrPage) {
+  ASSERT_TRUE(profile_.TheRegistry().WriteString(kHostKey, kValueSelection, kSelectionCareful));
+  AddPosts(1, 4);
+  CreateFrame();
+  for (const char* const away : {"F6", "Shift+F6"}) {
+    const auto read = [this] { return Sql("select sum(post_readStatus) from TB_POST"); };
+    Sql("update TB_POST set post_readStatus = 0");
+    Tree().setFocus();
+    Press("Down");
+    const auto& rest = *Tree().findChild<QTimer*>("keyRest");
+    EXPECT_TRUE(WaitUntil([&] { return !rest.isActive(); }));
+    EXPECT_EQ(Titles().size(), 4);
+    EXPECT_EQ(read(), "0");
+    Press(away);
+    EXPECT_EQ(read(), "1") << away;
+  }
+}
+
 TEST_F(Panes, WhatOnePaneTellsTheOthersShow) {
   server_.Serve("/search", "[TO]0[QK]");
   lookup_.HostGetText = [this, texts = lookup_.HostGetText](const char* section, const char* key) {
