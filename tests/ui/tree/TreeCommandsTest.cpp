@@ -163,27 +163,21 @@ TEST_F(TreeCommandsTest, ACarefulHostsRightPressActsOnItsRowAndLeavesSelectionAn
   frame.skin.SetHostValue(kValueSelection, kSelectionCareful);
   frame.nextAnswer = MsgBoxAnswer::Consented;
   Open();
-  const auto picture = [&] { return tree->viewport()->grab().toImage(); };
   for (const char* const selected : {"", "News", "Later"}) {
     *selected ? Click(PlaceOf(selected)) : tree->ClearSelection();
     const std::string before = Rows();
-    const auto lists = frame.lists.size();
+    frame.lists.clear();
     QMenu* const menu = OpenMenu("Keep");
-    const QImage marked = picture();
+    const QImage marked = tree->grab().toImage();
     menu->close();
-    EXPECT_NE(picture(), marked) << "the row whose menu is open was marked";
+    EXPECT_NE(tree->grab().toImage(), marked) << "the row whose menu is open was marked";
     delete menu;
     Choose("Weekly", kCommandMarkAllRead);
     EXPECT_EQ(Row("Weekly").data(), "Weekly");
     Choose("Weekly", kCommandMarkAllUnread);
     EXPECT_EQ(Rows(), before);
-    EXPECT_EQ(frame.lists.size(), lists);
+    EXPECT_TRUE(frame.lists.empty());
   }
-  QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
-  QCoreApplication::sendEvent(tree->viewport(), &key);
-  const std::unique_ptr<QMenu> menu(pane->findChild<QMenu*>());
-  EXPECT_EQ(menu->actions()[0]->data(), kCommandDeleteChild) << "of the selected row";
-  menu->setParent(nullptr);
   Choose("News", kCommandDeleteGroup);
   EXPECT_EQ(Rows(), "Sports 보관함(1) Keep(1) [Later]");
   EXPECT_TRUE(frame.relists.empty());
