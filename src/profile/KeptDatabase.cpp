@@ -56,7 +56,11 @@ KeptDatabase KeepDatabase(const std::string& path, const std::string& shareDir,
   KeptDatabase database(opened);
   if (status != SQLITE_OK) return nullptr;
   sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
-  BringUpToDate(opened, ReadFile(JoinPath(shareDir, "gone_links.sql")).value_or(""));
+  std::string additions;
+  for (const char* const name : {"gone_links.sql", "undo.sql"}) {
+    additions += ReadFile(JoinPath(shareDir, name)).value_or("");
+  }
+  BringUpToDate(opened, additions);
   KeepEmptiedFiles(opened);
   return database;
 }

@@ -28,8 +28,14 @@ TestStore::TestStore() {
     const MutexLock lock(mutex_);
     reports_.emplace_back(text);
   });
-  std::ifstream schema(FEEDLOOM_SCHEMA);
-  Sql({std::istreambuf_iterator(schema), {}});
+  AddTables({"schema.sql"});
+}
+
+void TestStore::AddTables(std::initializer_list<const char*> names) const {
+  for (const char* const name : names) {
+    std::ifstream text(std::string(FEEDLOOM_SHARE) + name);
+    Sql({std::istreambuf_iterator(text), {}});
+  }
 }
 
 std::vector<std::string> TestStore::Reports() const {

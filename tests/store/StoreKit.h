@@ -18,6 +18,8 @@ class TestStore {
   const TempFolder& Folder() const { return folder_; }
   std::string DbPath() const { return folder_.File("rssdb"); }
   std::vector<std::string> Reports() const;  // so far; any thread
+  // Runs these texts of share/.
+  void AddTables(std::initializer_list<const char*> names) const;
 
   // Run `sql` on the file directly; a failure fails the test. Value returns the first cell of the
   // result, "(null)" for NULL and "(none)" without a row.
