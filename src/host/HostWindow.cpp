@@ -35,6 +35,7 @@ HostWindow::HostWindow(const QString& caption, Appearance appearance, ViewChoice
     : appearance_(std::move(appearance)),
       pane_(new ModulePane(this)),
       status_(new QLabel(this)),
+      undo_(new QToolButton(this)),
       busy_(new QProgressBar(this)),
       stop_(new QToolButton(this)) {
   setWindowTitle(caption);
@@ -157,7 +158,10 @@ void HostWindow::MakeStatusBar() {
   constexpr int kBusyWidth = 120;
   status_->setTextFormat(Qt::PlainText);
   // A long text must not widen the window.
-  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  status_->setMinimumWidth(1);
+  status_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+  undo_->setText(HostText(kHostTextUndo));
+  undo_->hide();
   busy_->setFixedWidth(kBusyWidth);
   busy_->setFormat(HostText(kHostTextProgress));
   busy_->setToolTip(HostText(kHostTextBusy));
@@ -166,11 +170,22 @@ void HostWindow::MakeStatusBar() {
   stop_->setAutoRaise(true);
   stop_->setFocusPolicy(Qt::TabFocus);
   ShowRefresh(false);
-  statusBar()->addWidget(status_, 1);
+  statusBar()->addWidget(status_);
+  statusBar()->addWidget(undo_);
   statusBar()->addPermanentWidget(busy_);
   statusBar()->addPermanentWidget(stop_);
   connect(pane_, &ModulePane::TextReported, status_,
           [label = status_](const QString& text) { ShowStatus(*label, text); });
+  connect(pane_, &ModulePane::UndoOffered, this, &HostWindow::OfferUndo);
+  connect(
+      undo_, &QToolButton::clicked, this, [this] { SendToFrame(kMessageUndo); },
+      Qt::QueuedConnection);
+}
+
+void HostWindow::OfferUndo(const QString& step) {
+  undo_->setVisible(!step.isEmpty());
+  undo_->setAccessibleDescription(step);
+  undo_->setToolTip(QString("<p>%1</p>").arg(step.toHtmlEscaped()));
 }
 
 // Until the first progress comes, the bar only moves.

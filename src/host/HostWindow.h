@@ -82,11 +82,13 @@ class HostWindow : public QMainWindow {
   // `isRunning` tells whether a refresh runs.
   void ShowRefresh(bool isRunning);
   void ShowProgress(int done, int total);
+  void OfferUndo(const QString& step);
   void ShowAbout();
 
   const Appearance appearance_;
   ModulePane* const pane_;
   QLabel* const status_;
+  QToolButton* const undo_;
   QProgressBar* const busy_;
   QToolButton* const stop_;
   QAction* stopRefresh_ = nullptr;  // the menu's entry, and what the button does

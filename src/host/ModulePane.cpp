@@ -20,9 +20,17 @@ bool ModulePane::event(QEvent* event) {
   const auto& message = *static_cast<WindowMessage*>(event);
   // NOLINTNEXTLINE(performance-no-int-to-ptr): a message carries a pointer as lParam
   const auto* text = reinterpret_cast<const std::string*>(message.lParam);
-  if (message.number != kMessageShowText || text == nullptr) return false;
-  emit TextReported(FromModuleText(*text));
-  return true;
+  if (text == nullptr) return false;
+  switch (message.number) {
+    case kMessageShowText:
+      emit TextReported(FromModuleText(*text));
+      return true;
+    case kMessageUndoOffered:
+      emit UndoOffered(FromModuleText(*text));
+      return true;
+    default:
+      return false;
+  }
 }
 
 }  // namespace feedloom

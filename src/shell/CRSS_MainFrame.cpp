@@ -169,6 +169,7 @@ void CRSS_MainFrame::RetryStart() {
 void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
   OnKeysOf(kCommandRefreshSelection, *this, [this] { left_->RefreshSelection(); });
   OnKeysOf(kCommandRefreshAll, *this, [this] { left_->RefreshAll(); });
+  OnKeysOf(kCommandUndo, *this, [this] { left_->Undo(); });
   auto* const keys = new FrameKeys(*this, {left_, rightTop_, rightBottom_}, {this, &right});
   keys->AddMenuKey(*left_);
   keys->AddMenuKey(*rightTop_);
@@ -222,6 +223,8 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       break;
     case kMessageStopRefresh:
       refresh_.StopRun();
+    case kMessageUndo:
+      left_->Undo();
       break;
     default:
       break;
@@ -374,6 +377,8 @@ void CRSS_MainFrame::PostWasRead(const PostRow& post, bool isScrapPost) {
 }
 
 void CRSS_MainFrame::UnreadPostWasSaved(int cabinetId) { left_->UnreadPostWasSaved(cabinetId); }
+
+void CRSS_MainFrame::ShowUndone(const std::optional<UndoableRow>& row) { left_->ShowUndone(row); }
 
 void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) { arrivals_->Recount(ofScrapPosts); }
 

@@ -13,6 +13,7 @@
 #include "shell/ModulePaths.h"
 #include "shell/NewPostNotice.h"
 #include "shell/StatusLine.h"
+#include "shell/UndoHooks.h"
 #include "ui/Desk.h"
 #include "ui/Reading.h"
 #include "ui/Subscribing.h"
@@ -73,6 +74,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   Store& GetStore() override { return *store_; }
   const Skin& GetSkin() const override { return skin_; }
   SharedState& State() override { return state_; }
+  UndoableSteps& Steps() override { return steps_; }
   void ReportMessage(std::string_view text) override { status_.Report(text); }
   void ReportPage(std::string_view text, bool hasEnded) override {
     status_.ReportPage(text, hasEnded);
@@ -100,6 +102,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   void PostWasRead(const PostRow& post, bool isScrapPost) override;
   void UnreadPostWasSaved(int cabinetId) override;
   void RecountUnread(bool ofScrapPosts) override;
+  void ShowUndone(const std::optional<UndoableRow>& row) override;
 
  signals:
   // The browser has drawn the page that was requested last.
@@ -137,6 +140,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   const BrowserServices browserServices_{MakeBrowserServices(*this, registry_, this)};
   StatusLine status_{*this};
   NewPostNotice notice_{*this};
+  UndoableSteps steps_{*this, UndoHooks(status_, *this)};
   FrameRefresh refresh_{interfaceThread_, services_,
                         [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
                           return OnMessage(number, wParam, lParam);

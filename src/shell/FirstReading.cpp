@@ -6,6 +6,7 @@
 #include "store/Counts.h"
 #include "store/Folders.h"
 #include "store/Posts.h"
+#include "store/Undo.h"
 #include "threads/Clock.h"
 #include "ui/tree/TreeLoader.h"
 
@@ -29,6 +30,7 @@ std::optional<TreeContent> ReadTreeInParallel(Store& rows, Store& folders) {
 
 FirstContent ReadBeforeDeletion(Store& rows, Store& folders, const Settings& settings) {
   FirstContent content{.unread = CountUnreadPosts(rows), .tree = std::nullopt};
+  if (content.unread >= 0) ForgetUndoStep(rows);  // of an earlier frame
   const bool isTreeRead = content.unread >= 0 && !DeletesOldPosts(settings);
   if (isTreeRead) content.tree = ReadTreeInParallel(rows, folders);
   return content;

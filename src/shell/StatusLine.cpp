@@ -14,24 +14,33 @@ void SendToWindow(QWidget* window, unsigned number, std::intptr_t wParam, std::i
 }
 
 void StatusLine::Report(std::string_view text) {
-  isFailureShown_ = false;
+  isTextKept_ = false;
   text_ = text;
   Send();
 }
 
 void StatusLine::ReportPage(std::string_view text, bool hasEnded) {
-  if (!isFailureShown_) return Report(text);
-  if (hasEnded && isTreeRead_) isFailureShown_ = false;
+  if (!isTextKept_) return Report(text);
+  if (hasEnded && isTreeRead_) isTextKept_ = false;
 }
 
 void StatusLine::ReportFailure(std::string_view text) {
   if (!isTreeRead_ && std::exchange(startFailure_, text) == text) return;
   Report(text);
-  isFailureShown_ = true;
+  isTextKept_ = true;
+}
+
+void StatusLine::ReportStep(std::string_view text) {
+  Report(text);
+  isTextKept_ = true;
+}
+
+void StatusLine::OfferUndo(const std::string& name) {
+  SendToWindow(frame_.parentWidget(), kMessageUndoOffered, reinterpret_cast<std::intptr_t>(&name));
 }
 
 void StatusLine::ClearFailure() {
-  if (isFailureShown_) Report("");
+  if (isTextKept_) Report("");
 }
 
 void StatusLine::Send() {

@@ -24,6 +24,10 @@ class StatusLine {
   // Reports a failure of the store. As long as the tree cannot be read, each try of the start fails
   // for the same reason, which is told once.
   void ReportFailure(std::string_view text);
+  // Reports what the user has done. As a failure, it stays while the next post is shown.
+  void ReportStep(std::string_view text);
+  // Tells the host that the step with this name can be undone; an empty one is no longer offered.
+  void OfferUndo(const std::string& name);
   // Sends the latest text again.
   void Send();
 
@@ -39,7 +43,7 @@ class StatusLine {
   const QWidget& frame_;
   std::string text_;
   std::string startFailure_;
-  bool isFailureShown_ = false;
+  bool isTextKept_ = false;  // a failure or a step, which the texts of a page do not replace
   bool isTreeRead_ = false;
 };
 

@@ -19,6 +19,9 @@ enum Message : unsigned {
 
   // From the module to the host's window.
   kMessageShowText = 0x3063,  // lParam a const std::string*, in the module's code page
+  // lParam a const std::string*, in the module's code page: what the last step is called, which can
+  // be undone; empty when that is no longer offered.
+  kMessageUndoOffered = 0x3064,
   kMessageRefreshBegan = 0x5601,
   kMessageRefreshEnded = 0x5602,
   kMessageRefreshProgress = 0x5603,  // wParam and lParam: so many channels are done, of so many
@@ -29,6 +32,7 @@ enum Message : unsigned {
   kMessageRefreshAll = 0x307C,
   kMessageViewChanged = 0x307D,
   kMessageStopRefresh = 0x307E,
+  kMessageUndo = 0x307F,
 };
 
 // The wParam of kMessageChannelResult.

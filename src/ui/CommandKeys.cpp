@@ -17,6 +17,7 @@ QList<QKeySequence> KeysOf(int command) {
       {kCommandDeleteGroup, {Qt::Key_Delete}},
       {kCommandDeleteChild, {Qt::Key_Delete}},
       {kCommandDelete, {Qt::Key_Delete}},
+      {kCommandUndo, QKeySequence::keyBindings(QKeySequence::Undo)},
       {kCommandFindInPage, QKeySequence::keyBindings(QKeySequence::Find)},
       {kCommandPrint, QKeySequence::keyBindings(QKeySequence::Print)},
       {kCommandZoomIn, QKeySequence::keyBindings(QKeySequence::ZoomIn)},

@@ -39,6 +39,7 @@ enum Command {
   kCommandRefreshSelection,
   kCommandDeleteSelection,
   kCommandDirectory,
+  kCommandUndo,
 
   // Commands of the browser's menu and keys.
   kCommandOpenOutside,

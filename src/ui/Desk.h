@@ -10,6 +10,8 @@
 
 namespace feedloom {
 
+class UndoableSteps;
+
 // Interface thread only. Texts are in the module's code page.
 class Desk {
  public:
@@ -18,6 +20,8 @@ class Desk {
   virtual Store& GetStore() = 0;
   virtual const Skin& GetSkin() const = 0;
   virtual SharedState& State() = 0;
+  // Deletions and markings that the user can undo.
+  virtual UndoableSteps& Steps() = 0;
 
   // Passes a status text to the host, which shows it.
   virtual void ReportMessage(std::string_view text) = 0;

@@ -3,7 +3,9 @@
 #include <QMenu>
 #include <utility>
 
+#include "look/QtText.h"
 #include "look/SkinText.h"
+#include "skin/Skin.h"
 #include "ui/CommandKeys.h"
 
 namespace feedloom {
@@ -99,8 +101,12 @@ Menu ListMenu() {
 }
 
 // QMenu takes a single "&" as the mark of a mnemonic.
-QString MenuText(const Skin& skin, const Label& label) {
-  return SkinText(skin, label).replace("&", "&&");
+QString MenuText(const Skin& skin, const MenuItem& item) {
+  QString text = SkinText(skin, *item.label);
+  if (!item.detail.empty()) {
+    text += " (" + ToQString(skin.Config().GetCodePage(), item.detail) + ")";
+  }
+  return text.replace("&", "&&");
 }
 
 // The key only stands there: the pane listens to it, also while no menu is open.
@@ -115,9 +121,9 @@ void AddItems(QMenu& target, const Menu& menu, const Skin& skin) {
     if (item.label == nullptr) {
       target.addSeparator();
     } else if (!item.items.empty()) {
-      AddItems(*target.addMenu(MenuText(skin, *item.label)), item.items, skin);
+      AddItems(*target.addMenu(MenuText(skin, item)), item.items, skin);
     } else {
-      QAction* const action = target.addAction(MenuText(skin, *item.label));
+      QAction* const action = target.addAction(MenuText(skin, item));
       action->setData(item.command);
       action->setEnabled(item.isEnabled);
       ShowKey(*action);

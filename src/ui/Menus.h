@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "skin/Labels.h"
@@ -18,12 +19,14 @@ class Skin;
 struct MenuItem;
 using Menu = std::vector<MenuItem>;
 
-// A command; with `items`, a sub-menu; without `label`, a separator.
+// A command; with `items`, a sub-menu; without `label`, a separator. `detail`, a text in the
+// module's code page, stands behind the label in brackets.
 struct MenuItem {
   int command = 0;
   const Label* label = nullptr;
   bool isEnabled = true;
   Menu items = {};
+  std::string detail = {};
 };
 
 // The module's pop-up menus.

@@ -1,6 +1,8 @@
 // The reading of posts: the list, the page, and what is still unread.
 #pragma once
 
+#include <optional>
+
 #include "store/Rows.h"
 #include "ui/PostList.h"
 #include "ui/SharedState.h"
@@ -41,6 +43,9 @@ class Reading {
   // Call this when posts, or their read status, have changed: the tree reads its unread counts
   // again from the store. SharedState::unreadTotal is not changed.
   virtual void RecountUnread(bool ofScrapPosts) = 0;
+  // Call this when a step was undone: tree and list read again what they show. `row`, a row of the
+  // tree that has come back, is selected, and its posts listed. No post is shown or marked read.
+  virtual void ShowUndone(const std::optional<UndoableRow>& row) = 0;
 };
 
 }  // namespace feedloom

@@ -72,6 +72,17 @@ TEST_F(HostWindowTest, ShowsHowFarARefreshIsAndStopsIt) {
   }
 }
 
+TEST_F(HostWindowTest, OffersToUndoTheLastStepAsLongAsTheModuleDoes) {
+  const auto& undo = *window_->statusBar()->findChild<QToolButton*>();
+  const std::string step = CodePage::Korean().FromUtf8("글 3개 삭제"), none;
+  EXPECT_FALSE(undo.isVisible());
+  Send(window_->ModuleParent(), kMessageUndoOffered, &step);
+  EXPECT_TRUE(undo.isVisible());
+  EXPECT_EQ(undo.text() + ": " + undo.accessibleDescription(), "실행 취소: 글 3개 삭제");
+  Send(window_->ModuleParent(), kMessageUndoOffered, &none);
+  EXPECT_FALSE(undo.isVisible());
+}
+
 TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   QStringList told, all;
   for (const auto* action : window_->findChildren<QAction*>())

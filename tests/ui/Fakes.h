@@ -10,6 +10,7 @@
 #include "ui/Reading.h"
 #include "ui/Refreshing.h"
 #include "ui/Subscribing.h"
+#include "ui/UndoableSteps.h"
 
 namespace feedloom {
 
@@ -17,6 +18,7 @@ struct FakeDesk : Desk {
   Store& GetStore() override { return db.Get(); }
   const Skin& GetSkin() const override { return *shownSkin; }
   SharedState& State() override { return state; }
+  UndoableSteps& Steps() override { return steps; }
   void ReportMessage(std::string_view text) override { messages.emplace_back(text); }
   void ReportPage(std::string_view text, bool) override { messages.emplace_back(text); }
   MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind) override {
@@ -31,6 +33,7 @@ struct FakeDesk : Desk {
   Settings liveSettings;
   SharedState state{liveSettings};
   MsgBoxAnswer nextAnswer = MsgBoxAnswer::Declined;
+  UndoableSteps steps{*this, {}};
   std::function<void()> whileAsking;
   std::vector<std::string> messages, questions;  // texts, keys
 };
@@ -116,6 +119,8 @@ struct FakeReading : Reading {
     recounts.push_back(ofScrapPosts);
     if (onRecount) onRecount(ofScrapPosts);
   }
+
+  void ShowUndone(const std::optional<UndoableRow>& /*row*/) override {}
 
   SharedState& shared;
   std::function<void(bool ofScrapPosts)> onRecount;

@@ -9,8 +9,8 @@
 #include "skin/Keys.h"
 #include "store/Cabinets.h"
 #include "store/PostLists.h"
-#include "store/Posts.h"
 #include "ui/Desk.h"
+#include "ui/UndoableSteps.h"
 #include "ui/dialogs/Dialogs.h"
 #include "ui/list/ListMenu.h"
 #include "ui/list/PostListModel.h"
@@ -110,7 +110,7 @@ void PostCommands::MarkSelected(int status) {
   const std::vector<int> rows = ActedRows();
   if (rows.empty() || !PostsAreStored()) return;
   const std::vector<int> ids = model_.IdsOf(rows);
-  if (!feedloom::MarkRead(desk_.GetStore(), ids, model_.AreScrapPosts(), status)) return Reload();
+  if (!desk_.Steps().MarkPosts(ids, model_.AreScrapPosts(), status)) return Reload();
   model_.SetReadStatus(rows, status);
   reading_.RecountUnread(model_.AreScrapPosts());
 }
@@ -141,8 +141,7 @@ void PostCommands::Delete(const std::vector<int>& rows, const char* question) {
   const bool isOther = menuPost_.has_value();
   const auto answer = desk_.ShowTextMessage(kSectionTexts, question, MsgBoxKind::OkCancel);
   if (answer != MsgBoxAnswer::Consented) return;  // the object may have been deleted
-  const auto deleteIds = areScrapPosts ? DeleteScrapPosts : DeletePosts;
-  if (!deleteIds(desk_.GetStore(), ids)) return Reload();
+  if (!desk_.Steps().DeletePosts(ids, areScrapPosts)) return Reload();
   const std::vector<int> deleted = model_.RowsOf(ids);
   Remove(deleted, isOther && !std::ranges::binary_search(deleted, list_.currentIndex().row()));
   reading_.RecountUnread(areScrapPosts);

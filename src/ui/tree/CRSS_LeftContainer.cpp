@@ -15,6 +15,7 @@
 #include "store/Posts.h"
 #include "ui/CommandKeys.h"
 #include "ui/Desk.h"
+#include "ui/UndoableSteps.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftToolBarWnd.h"
 #include "ui/tree/SelectedPosts.h"
@@ -141,6 +142,17 @@ void CRSS_LeftContainer::UpdateTree(const TreeContent& content) {
     if (desk_.State().listShowsSelection) reading_.ListPosts(ListMode::Selection, {});
   }
   model_.Update(content);
+}
+
+void CRSS_LeftContainer::ShowUndone(const std::optional<UndoableRow>& row) {
+  ++revision_;
+  if (const auto tree = ReadTree(desk_.GetStore())) UpdateTree(*tree);
+  const QModelIndex shown = row ? model_.Find(row->key) : QModelIndex();
+  if (!shown.isValid()) return reading_.ReloadSelection();
+  const QSignalBlocker blocker(tree_);  // or the first post would be shown, and marked read
+  if (row->key.kind == RowKind::Folder) tree_->setExpanded(shown, row->isOpen);
+  tree_->setCurrentIndex(shown);
+  ReloadSelection();
 }
 
 void CRSS_LeftContainer::RefreshAll() { commands_.Run(kCommandRefreshAll); }

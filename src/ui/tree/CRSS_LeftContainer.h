@@ -93,6 +93,11 @@ class CRSS_LeftContainer : public QWidget {
   void AppendChannel(ChannelRow channel);
   void MoveChannel(int channelId, int folderId);
 
+  // Undoes the last step.
+  void Undo() { commands_.Run(kCommandUndo); }
+  // As Reading::ShowUndone.
+  void ShowUndone(const std::optional<UndoableRow>& row);
+
   // Lists today's unread posts of all channels.
   void ListToday() { commands_.Run(kCommandToday); }
 

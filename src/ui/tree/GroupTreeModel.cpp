@@ -85,6 +85,14 @@ QModelIndex GroupTreeModel::FindChannel(int channelId) const {
                                   : createIndex(place->second.row, 0, place->second.group);
 }
 
+QModelIndex GroupTreeModel::Find(const RowKey& key) const {
+  if (key.kind == RowKind::Channel) return FindChannel(key.id);
+  if (key.kind == RowKind::Cabinet) return FindCabinet(key.id);
+  const GroupRow* const group =
+      key.kind == RowKind::Folder || groups_.empty() ? FindFolder(key.id) : groups_.back().get();
+  return group == nullptr ? QModelIndex() : IndexOf(*group);
+}
+
 QModelIndex GroupTreeModel::FindCabinet(int cabinetId) const {
   if (groups_.empty()) return {};
   GroupRow& root = *groups_.back();

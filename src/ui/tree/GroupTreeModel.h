@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "store/Rows.h"
@@ -59,7 +60,8 @@ class GroupTreeModel : public QAbstractItemModel {
 
   // Brings the rows up to date with a newer reading of the store, one change at a time, so that
   // rows which stay keep their place, their marks and their persistent indexes. New rows come
-  // behind the last one of their group. cabinetTitle is not looked at.
+  // where their order puts them: behind the last one of their group, unless they have come back.
+  // cabinetTitle is not looked at.
   void Update(const TreeContent& content);
 
   const GroupRows& Groups() const { return groups_; }
@@ -71,6 +73,8 @@ class GroupTreeModel : public QAbstractItemModel {
   std::optional<RowKey> KeyOf(const QModelIndex& index) const;
   // The sum of the channels' unread counts.
   int UnreadInChannels() const;
+  // The row of `key`; an invalid index when there is none.
+  QModelIndex Find(const RowKey& key) const;
   // The row of a channel; an invalid index when there is none. Takes constant time.
   QModelIndex FindChannel(int channelId) const;
 
@@ -95,11 +99,11 @@ class GroupTreeModel : public QAbstractItemModel {
 
   // Append a folder behind the last folder, or a cabinet behind the last cabinet. A row that exists
   // already stays unchanged.
-  void AppendFolder(FolderRow folder);
-  void AppendCabinet(CabinetRow cabinet);
+  void AppendFolder(FolderRow folder) { Insert(std::move(folder), Place::kLast); }
+  void AppendCabinet(CabinetRow cabinet) { Insert(std::move(cabinet), Place::kLast); }
   // Appends a channel to its folder and adds its unread count to the folder's. Returns false and
   // changes nothing when the channel has a row already or its folder has none.
-  bool AppendChannel(ChannelRow channel);
+  bool AppendChannel(ChannelRow channel) { return Insert(std::move(channel), Place::kLast); }
   // Moves a channel to the position in the folder that its order gives, and its unread count from
   // the old folder's count to the new one's. Returns false and changes nothing when the channel is
   // in that folder already, or when one of the two has no row.
@@ -129,14 +133,20 @@ class GroupTreeModel : public QAbstractItemModel {
     int row;
   };
 
+  enum class Place { kLast, kByOrder };
+
   void FillGroups(TreeContent content);
+  void Insert(FolderRow folder, Place place);
+  void Insert(CabinetRow cabinet, Place place);
+  bool Insert(ChannelRow channel, Place place);
   GroupRow* FindFolder(int folderId) const;  // null when there is none
   void UpdateFolders(const std::vector<FolderRow>& folders);
   void UpdateChannels(const std::vector<ChannelRow>& channels);
   void UpdateCabinets(const std::vector<CabinetRow>& cabinets);
   void RemoveRowsExcept(const TreeContent& content);
   void RenameTo(const QModelIndex& row, const std::string& stored);
-  void ReindexChannels(GroupRow& folder);
+  void InsertChild(GroupRow& group, ChildRow child, Place place);
+  void ReindexChannels(GroupRow& folder, int first = 0);
   void AddToUnread(GroupRow& group, int difference);
   int RemoveChild(GroupRow& group, int row);
   int RemoveGroup(int row);

@@ -22,37 +22,47 @@ GroupRow* GroupTreeModel::FindFolder(int folderId) const {
   return found == groups_.end() ? nullptr : found->get();
 }
 
-void GroupTreeModel::AppendFolder(FolderRow folder) {
+// The cabinet root stays the last group.
+void GroupTreeModel::Insert(FolderRow folder, Place place) {
   if (groups_.empty() || FindFolder(folder.id) != nullptr) return;
-  const auto row = static_cast<int>(groups_.size()) - 1;  // the cabinet root stays the last one
+  auto group = ToRow(std::move(folder));
+  const auto end = groups_.end() - 1;
+  const auto at =
+      place == Place::kLast
+          ? end
+          : std::upper_bound(groups_.begin(), end, group, [](const auto& a, const auto& b) {
+              return std::tie(a->order, a->id) < std::tie(b->order, b->id);
+            });
+  const auto row = static_cast<int>(at - groups_.begin());
   beginInsertRows({}, row, row);
-  groups_.insert(groups_.end() - 1, ToRow(std::move(folder)));
+  groups_.insert(at, std::move(group));
   endInsertRows();
 }
 
-void GroupTreeModel::AppendCabinet(CabinetRow cabinet) {
+void GroupTreeModel::Insert(CabinetRow cabinet, Place place) {
   if (groups_.empty() || FindCabinet(cabinet.id).isValid()) return;
-  GroupRow& root = *groups_.back();
-  const auto row = static_cast<int>(root.children.size());
-  beginInsertRows(IndexOf(root), row, row);
-  root.children.push_back(ToRow(std::move(cabinet)));
-  endInsertRows();
+  InsertChild(*groups_.back(), ToRow(std::move(cabinet)), place);
 }
 
-bool GroupTreeModel::AppendChannel(ChannelRow channel) {
+bool GroupTreeModel::Insert(ChannelRow channel, Place place) {
   GroupRow* const folder = FindFolder(channel.folderId);
   if (folder == nullptr || channels_.contains(channel.id)) return false;
-  const auto row = static_cast<int>(folder->children.size());
   const int id = channel.id;
-  const int unreadCount = channel.unreadCount;
-  beginInsertRows(IndexOf(*folder), row, row);
-  ChildRow child = ToRow(std::move(channel));
-  child.unreadCount = 0;
-  folder->children.push_back(std::move(child));
-  channels_[id] = {folder, row};
-  endInsertRows();
+  const int unreadCount = std::exchange(channel.unreadCount, 0);
+  InsertChild(*folder, ToRow(std::move(channel)), place);
   SetChannelUnread(id, unreadCount);
   return true;
+}
+
+void GroupTreeModel::InsertChild(GroupRow& group, ChildRow child, Place place) {
+  std::vector<ChildRow>& rows = group.children;
+  const auto at =
+      place == Place::kLast ? rows.end() : std::ranges::upper_bound(rows, child, IsOrderedBefore);
+  const auto row = static_cast<int>(at - rows.begin());
+  beginInsertRows(IndexOf(group), row, row);
+  rows.insert(at, std::move(child));
+  if (group.kind == RowKind::Folder) ReindexChannels(group, row);
+  endInsertRows();
 }
 
 bool GroupTreeModel::MoveChannel(int channelId, int folderId) {
@@ -76,9 +86,11 @@ bool GroupTreeModel::MoveChannel(int channelId, int folderId) {
   return true;
 }
 
-void GroupTreeModel::ReindexChannels(GroupRow& folder) {
-  int row = 0;
-  for (const ChildRow& channel : folder.children) channels_[channel.id] = {&folder, row++};
+void GroupTreeModel::ReindexChannels(GroupRow& folder, int first) {
+  const auto rows = static_cast<int>(folder.children.size());
+  for (int row = first; row < rows; ++row) {
+    channels_[folder.children[static_cast<std::size_t>(row)].id] = {&folder, row};
+  }
 }
 
 void GroupTreeModel::Rename(const QModelIndex& row, std::string name) {

@@ -29,7 +29,7 @@ void GroupTreeModel::Update(const TreeContent& content) {
 
 void GroupTreeModel::UpdateFolders(const std::vector<FolderRow>& folders) {
   for (const FolderRow& folder : folders) {
-    AppendFolder(folder);
+    Insert(folder, Place::kByOrder);
     GroupRow& group = *FindFolder(folder.id);
     group.order = folder.order;
     RenameTo(IndexOf(group), folder.name);
@@ -38,7 +38,7 @@ void GroupTreeModel::UpdateFolders(const std::vector<FolderRow>& folders) {
 
 void GroupTreeModel::UpdateChannels(const std::vector<ChannelRow>& channels) {
   for (const ChannelRow& channel : channels) {
-    AppendChannel(channel);
+    Insert(channel, Place::kByOrder);
     const QModelIndex row = FindChannel(channel.id);
     RenameTo(row, channel.title);
     if (ChildRow* const child = MutableChildAt(row)) child->xmlLink = channel.xmlLink;
@@ -47,7 +47,7 @@ void GroupTreeModel::UpdateChannels(const std::vector<ChannelRow>& channels) {
 
 void GroupTreeModel::UpdateCabinets(const std::vector<CabinetRow>& cabinets) {
   for (const CabinetRow& cabinet : cabinets) {
-    AppendCabinet(cabinet);
+    Insert(cabinet, Place::kByOrder);
     RenameTo(FindCabinet(cabinet.id), cabinet.title);
   }
 }

@@ -16,6 +16,7 @@
 #include "ui/Reading.h"
 #include "ui/Refreshing.h"
 #include "ui/Subscribing.h"
+#include "ui/UndoableSteps.h"
 #include "ui/dialogs/Dialogs.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/GroupTreeModel.h"
@@ -71,6 +72,7 @@ void TreeCommands::Run(int command, const QModelIndex& row) {
       {kCommandRefreshSelection, &TreeCommands::RefreshSelection},
       {kCommandDeleteSelection, &TreeCommands::DeleteSelection},
       {kCommandDirectory, &TreeCommands::OpenDirectory},
+      {kCommandUndo, &TreeCommands::Undo},
   };
   const auto* const entry = std::ranges::find(kCommands, command, &Entry::command);
   row_ = row;
@@ -123,6 +125,10 @@ std::optional<Menu> TreeCommands::MenuOf(const QModelIndex& row) const {
 
 Menu TreeCommands::WholeMenu() const {
   Menu menu = PopUpMenu(PopUp::Whole);
+  if (const auto step = desk_.Steps().Name()) {
+    menu.push_back({});
+    menu.push_back({.command = kCommandUndo, .label = &kLabelUndo, .detail = *step});
+  }
   if (subscribing_.CanExchange()) return menu;
   for (const int command :
        {kCommandImportFile, kCommandImportAddress, kCommandExportOpml, kCommandSynchronise}) {
@@ -182,6 +188,8 @@ void TreeCommands::OpenSettings() { openSettings_(); }
 
 void TreeCommands::OpenDirectory() { ShowDirectory(desk_, subscribing_, &tree_); }
 
+void TreeCommands::Undo() { desk_.Steps().Undo(); }
+
 // Commands that delete and rename.
 
 void TreeCommands::DeleteSelection() {
@@ -203,9 +211,7 @@ void TreeCommands::DeleteChild() {
     Ask(kTextDeleteBusyError, MsgBoxKind::Notice);
     return;
   }
-  isChannel ? DeleteChannel(desk_.GetStore(), child->id)
-            : DeleteCabinet(desk_.GetStore(), child->id);
-  RemoveRow(child->row);
+  Delete(*child);
 }
 
 // DeleteGroup asks this before and after its question, as a timer may start a refresh meanwhile.
@@ -229,8 +235,15 @@ void TreeCommands::DeleteGroup() {
     Ask(kTextDeleteBusyError, MsgBoxKind::Notice);
     return;
   }
-  DeleteFolder(desk_.GetStore(), folder->id);
-  RemoveRow(folder->row);
+  Delete(*folder);
+}
+
+void TreeCommands::Delete(const Target& target) {
+  desk_.Steps().DeleteRow({.key = {target.kind, target.id},
+                           .name = target.name,
+                           .unread = target.row.data(GroupTreeModel::UnreadRole).toInt(),
+                           .isOpen = tree_.isExpanded(target.row)});
+  RemoveRow(target.row);
 }
 
 // The list may show the row's posts without the row being selected: as those of its group.
@@ -282,7 +295,7 @@ template <int status>
 void TreeCommands::Mark() {
   const auto target = Selected();
   if (!target) return;
-  if (!MarkRead(desk_.GetStore(), {target->kind, target->id}, status)) {
+  if (!desk_.Steps().MarkRow({target->kind, target->id}, status)) {
     Ask(kTextReadStatusError, MsgBoxKind::Notice);
     return;
   }

@@ -73,6 +73,7 @@ class TreeCommands {
 
   int SelectedFolderId() const;
   bool IsFolderQueued(const Target& folder) const;
+  void Delete(const Target& target);
   void RemoveRow(const QPersistentModelIndex& row);
   void RemoveListedRow(const QPersistentModelIndex& row);
   void ShowAdd(const std::string& address);
@@ -90,6 +91,7 @@ class TreeCommands {
   void Synchronise();
   void OpenSettings();
   void OpenDirectory();
+  void Undo();
   void DeleteSelection();
   void DeleteChild();
   void DeleteGroup();

@@ -190,7 +190,7 @@ TEST_F(LeftContainerTest, ANewerReadingChangesOnlyWhatIsOther) {
                           "",
                           3};
   for (int i = 0; i < 2; ++i) pane->UpdateTree(moved);
-  EXPECT_EQ(Rows(), "News Weekly now Other(5) [Daily(5)] Fresh 보관함(3) Kept New(3)");
+  EXPECT_EQ(Rows(), "News Weekly now Other(5) Fresh [Daily(5)] 보관함(3) Kept New(3)");
   EXPECT_TRUE(Row("Daily").data(GroupTreeModel::IsNewRole).toBool());
   EXPECT_EQ(frame.lists.size(), lists);
   pane->UpdateTree(

@@ -1,0 +1,121 @@
+#include "ui/UndoableSteps.h"
+
+#include <utility>
+
+#include "skin/Keys.h"
+#include "skin/Labels.h"
+#include "skin/TextPlaceholders.h"
+#include "store/Cabinets.h"
+#include "store/Channels.h"
+#include "store/Folders.h"
+#include "store/PostLists.h"
+#include "store/Posts.h"
+#include "ui/Desk.h"
+
+namespace feedloom {
+namespace {
+
+bool DeleteStored(Store& store, const RowKey& row) {
+  if (row.kind == RowKind::Folder) return DeleteFolder(store, row.id);
+  return row.kind == RowKind::Channel ? DeleteChannel(store, row.id) : DeleteCabinet(store, row.id);
+}
+
+const char* DeletionText(RowKind kind) {
+  if (kind == RowKind::Folder) return kTextFolderDeleted;
+  return kind == RowKind::Channel ? kTextChannelDeleted : kTextCabinetDeleted;
+}
+
+std::string TextOf(const Desk& desk, const char* key) {
+  return desk.GetSkin().GetText(kSectionTexts, key);
+}
+
+std::string CountName(const Desk& desk, const char* key, const std::optional<KeptStep>& kept) {
+  return WithNumbers(TextOf(desk, key), {kept.value_or(KeptStep()).rows});
+}
+
+}  // namespace
+
+UndoableSteps::UndoableSteps(Desk& desk, Hooks hooks, std::chrono::milliseconds offered)
+    : desk_(desk), hooks_(std::move(hooks)) {
+  offer_.setSingleShot(true);
+  offer_.setInterval(offered);
+  offer_.callOnTimeout([this] { hooks_.end(); });
+}
+
+// `kept` was made before the call, and so before the operation.
+template <typename Operation>
+bool UndoableSteps::Run(const std::optional<KeptStep>& kept, const std::string& name,
+                        const std::optional<UndoableRow>& row, Operation operation) {
+  Forget();
+  const bool isDone = operation();
+  if (!kept) return isDone;
+  const std::string shown = name.empty() ? GetLabel(desk_.GetSkin(), kLabelUndo) : name;
+  step_ = {kept->id, shown, row, desk_.State().announcedTotal};
+  offer_.start();
+  hooks_.begin(shown, isDone);
+  return isDone;
+}
+
+bool UndoableSteps::MarkPosts(std::span<const int> ids, bool areScrapPosts, int status) {
+  const auto kept = KeepMarks(desk_.GetStore(), ids, areScrapPosts, status);
+  return Run(kept, MarkName(kept, status), std::nullopt,
+             [&] { return MarkRead(desk_.GetStore(), ids, areScrapPosts, status); });
+}
+
+bool UndoableSteps::DeletePosts(std::span<const int> ids, bool areScrapPosts) {
+  const auto kept = KeepPosts(desk_.GetStore(), ids, areScrapPosts);
+  const auto deleteIds = areScrapPosts ? DeleteScrapPosts : feedloom::DeletePosts;
+  return Run(kept, CountName(desk_, kTextPostsDeleted, kept), std::nullopt,
+             [&] { return deleteIds(desk_.GetStore(), ids); });
+}
+
+bool UndoableSteps::MarkRow(const RowKey& row, int status) {
+  const auto kept = KeepMarks(desk_.GetStore(), row, status);
+  return Run(kept, MarkName(kept, status), std::nullopt,
+             [&] { return MarkRead(desk_.GetStore(), row, status); });
+}
+
+bool UndoableSteps::DeleteRow(const UndoableRow& row) {
+  return Run(KeepRow(desk_.GetStore(), row.key),
+             WithTitle(TextOf(desk_, DeletionText(row.key.kind)), row.name), row,
+             [&] { return DeleteStored(desk_.GetStore(), row.key); });
+}
+
+std::string UndoableSteps::MarkName(const std::optional<KeptStep>& kept, int status) const {
+  return CountName(desk_, status == 0 ? kTextPostsMarkedUnread : kTextPostsMarkedRead, kept);
+}
+
+std::optional<std::string> UndoableSteps::Name() const {
+  return step_ ? std::optional(step_->name) : std::nullopt;
+}
+
+void UndoableSteps::Forget() {
+  offer_.stop();
+  if (std::exchange(step_, std::nullopt)) hooks_.end();
+}
+
+void UndoableSteps::Undo() {
+  if (!step_) return;
+  hooks_.count();
+  const Undone undone = UndoStep(desk_.GetStore(), step_->id);
+  if (undone.result == Undone::Result::kFailed) return;
+  Step step = *step_;
+  Forget();
+  if (undone.result == Undone::Result::kNotKept) {
+    return desk_.ReportMessage(TextOf(desk_, kTextUndoError));
+  }
+  RestoreTotals(step);
+  if (step.row) step.row->key.id = undone.rowId;
+  hooks_.show(step.row);
+  desk_.ReportMessage(WithTitle(TextOf(desk_, kTextUndone), step.name));
+}
+
+// What comes back is announced only if it was still to be announced before the step.
+void UndoableSteps::RestoreTotals(const Step& step) {
+  SharedState& state = desk_.State();
+  const int unread = step.row ? step.row->unread : 0;
+  state.unreadTotal += unread;
+  if (state.announcedTotal != step.announced) state.announcedTotal += unread;
+}
+
+}  // namespace feedloom
