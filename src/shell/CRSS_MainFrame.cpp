@@ -223,6 +223,7 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       break;
     case kMessageStopRefresh:
       refresh_.StopRun();
+      break;
     case kMessageUndo:
       left_->Undo();
       break;
@@ -378,7 +379,10 @@ void CRSS_MainFrame::PostWasRead(const PostRow& post, bool isScrapPost) {
 
 void CRSS_MainFrame::UnreadPostWasSaved(int cabinetId) { left_->UnreadPostWasSaved(cabinetId); }
 
-void CRSS_MainFrame::ShowUndone(const std::optional<UndoableRow>& row) { left_->ShowUndone(row); }
+void CRSS_MainFrame::ShowUndone(const std::optional<UndoableRow>& row, std::span<const int> posts) {
+  left_->ShowUndone(row);
+  if (!state_.listShowsSelection) rightTop_->Reread(posts);
+}
 
 void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) { arrivals_->Recount(ofScrapPosts); }
 

@@ -13,7 +13,7 @@ UndoableSteps::Hooks UndoHooks(StatusLine& status, Reading& reading) {
               },
           .end = [&status] { status.OfferUndo(""); },
           .count = [&reading] { reading.RecountUnread(false); },
-          .show = [&reading](const auto& row) { reading.ShowUndone(row); }};
+          .show = [&reading](const auto& row, auto posts) { reading.ShowUndone(row, posts); }};
 }
 
 }  // namespace feedloom

@@ -1,5 +1,7 @@
 #include "store/Posts.h"
 
+#include <fmt/format.h>
+
 #include <unordered_set>
 #include <utility>
 
@@ -162,6 +164,22 @@ bool FindPost(Store& store, int postId, std::vector<PostRow>& out) {
                        " Where post_id = %d",
                        postId));
   if (table) AppendPosts(*table, {.podcast = 9, .ownerId = 10}, out);
+  return table.has_value();
+}
+
+bool FindPosts(Store& store, std::span<const int> ids, bool areScrapPosts,
+               std::vector<PostRow>& out) {
+  const std::string areIn = fmt::format("_id In ({}) Order By ", fmt::join(ids, ","));
+  const std::string posts = "Select " POST_COLUMNS
+                            ", post_channelID From TB_POST Inner " JOIN_CHANNELS " Where post" +
+                            areIn + "post_pubDate desc, post_title asc";
+  const std::string saved = "Select " SCRAP_POST_COLUMNS
+                            ", scrap_channel_id From TB_SCRAP_POST Inner " JOIN_CABINETS
+                            " Where scrap_post" +
+                            areIn + "scrap_post_pubDate desc, scrap_post_title asc";
+  const auto table = QueryOnce(store, areScrapPosts ? saved : posts);
+  const PostLayout layout{.podcast = 9, .ownerId = 10};
+  if (table) AppendPosts(*table, areScrapPosts ? PostLayout{.ownerId = 9} : layout, out);
   return table.has_value();
 }
 

@@ -25,6 +25,11 @@ bool LoadAllCabinetsWithPosts(Store& store, CabinetWithPosts& out);
 // Appends the post with this id to `out`, if there is one. Returns false after a failure.
 bool FindPost(Store& store, int postId, std::vector<PostRow>& out);
 
+// Appends those of these posts, or saved posts, that there are, newest first. `ids` is not empty.
+// Returns false after a failure.
+bool FindPosts(Store& store, std::span<const int> ids, bool areScrapPosts,
+               std::vector<PostRow>& out);
+
 // Adds the posts of `record` to its channel, in their order, unread and with the present time as
 // their creation date. A post whose link the channel holds already is left out; the stored one is
 // not changed. When a post fails, the next one is tried. The posts are committed some fifty at a

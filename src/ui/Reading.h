@@ -2,12 +2,15 @@
 #pragma once
 
 #include <optional>
+#include <span>
 
 #include "store/Rows.h"
 #include "ui/PostList.h"
 #include "ui/SharedState.h"
 
 namespace feedloom {
+
+struct UndoableRow;
 
 // Which post of a new list is shown first, and marked read; of a Glimpse, the first one, which is
 // marked read when the user turns to it.
@@ -44,8 +47,9 @@ class Reading {
   // again from the store. SharedState::unreadTotal is not changed.
   virtual void RecountUnread(bool ofScrapPosts) = 0;
   // Call this when a step was undone: tree and list read again what they show. `row`, a row of the
-  // tree that has come back, is selected, and its posts listed. No post is shown or marked read.
-  virtual void ShowUndone(const std::optional<UndoableRow>& row) = 0;
+  // tree that has come back, is selected, and its posts listed. `posts` come back into a list that
+  // is not of the tree's selection. No post is shown or marked read.
+  virtual void ShowUndone(const std::optional<UndoableRow>& row, std::span<const int> posts) = 0;
 };
 
 }  // namespace feedloom

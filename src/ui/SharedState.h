@@ -24,6 +24,7 @@ struct SharedState {
 
   // To be called whenever the list is filled, before it is.
   void SetListed(ListMode mode, bool areSearchResults) {
+    ++listings;
     listMode = mode;
     listShowsSelection = mode == ListMode::Selection && !areSearchResults;
   }
@@ -33,6 +34,7 @@ struct SharedState {
   int unreadTotal = 0;
   // The value of unreadTotal at the latest notice of new posts.
   int announcedTotal = 0;
+  int listings = 0;  // how often the list was filled
   ListMode listMode = ListMode::Selection;
   // True when the list shows the posts of the tree's selected row, not a search or today's posts.
   bool listShowsSelection = false;

@@ -44,40 +44,43 @@ UndoableSteps::UndoableSteps(Desk& desk, Hooks hooks, std::chrono::milliseconds 
 
 // `kept` was made before the call, and so before the operation.
 template <typename Operation>
-bool UndoableSteps::Run(const std::optional<KeptStep>& kept, const std::string& name,
-                        const std::optional<UndoableRow>& row, Operation operation) {
+bool UndoableSteps::Run(const std::optional<KeptStep>& kept, Step step, Operation operation) {
   Forget();
   const bool isDone = operation();
   if (!kept) return isDone;
-  const std::string shown = name.empty() ? GetLabel(desk_.GetSkin(), kLabelUndo) : name;
-  step_ = {kept->id, shown, row, desk_.State().announcedTotal};
+  step.id = kept->id;
+  step.listing = desk_.State().listings;
+  step.announced = desk_.State().announcedTotal;
+  if (step.name.empty()) step.name = GetLabel(desk_.GetSkin(), kLabelUndo);
+  step_ = std::move(step);
   offer_.start();
-  hooks_.begin(shown, isDone);
+  hooks_.begin(step_->name, isDone);
   return isDone;
 }
 
 bool UndoableSteps::MarkPosts(std::span<const int> ids, bool areScrapPosts, int status) {
   const auto kept = KeepMarks(desk_.GetStore(), ids, areScrapPosts, status);
-  return Run(kept, MarkName(kept, status), std::nullopt,
+  return Run(kept, {.name = MarkName(kept, status), .posts = {ids.begin(), ids.end()}},
              [&] { return MarkRead(desk_.GetStore(), ids, areScrapPosts, status); });
 }
 
 bool UndoableSteps::DeletePosts(std::span<const int> ids, bool areScrapPosts) {
   const auto kept = KeepPosts(desk_.GetStore(), ids, areScrapPosts);
   const auto deleteIds = areScrapPosts ? DeleteScrapPosts : feedloom::DeletePosts;
-  return Run(kept, CountName(desk_, kTextPostsDeleted, kept), std::nullopt,
+  return Run(kept,
+             {.name = CountName(desk_, kTextPostsDeleted, kept), .posts = {ids.begin(), ids.end()}},
              [&] { return deleteIds(desk_.GetStore(), ids); });
 }
 
 bool UndoableSteps::MarkRow(const RowKey& row, int status) {
   const auto kept = KeepMarks(desk_.GetStore(), row, status);
-  return Run(kept, MarkName(kept, status), std::nullopt,
+  return Run(kept, {.name = MarkName(kept, status)},
              [&] { return MarkRead(desk_.GetStore(), row, status); });
 }
 
 bool UndoableSteps::DeleteRow(const UndoableRow& row) {
   return Run(KeepRow(desk_.GetStore(), row.key),
-             WithTitle(TextOf(desk_, DeletionText(row.key.kind)), row.name), row,
+             {.name = WithTitle(TextOf(desk_, DeletionText(row.key.kind)), row.name), .row = row},
              [&] { return DeleteStored(desk_.GetStore(), row.key); });
 }
 
@@ -106,7 +109,8 @@ void UndoableSteps::Undo() {
   }
   RestoreTotals(step);
   if (step.row) step.row->key.id = undone.rowId;
-  hooks_.show(step.row);
+  if (step.listing != desk_.State().listings) step.posts.clear();  // another list shows now
+  hooks_.show(step.row, step.posts);
   desk_.ReportMessage(WithTitle(TextOf(desk_, kTextUndone), step.name));
 }
 

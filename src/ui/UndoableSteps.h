@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "store/RowKey.h"
 #include "store/Undo.h"
@@ -34,8 +35,8 @@ class UndoableSteps {
     std::function<void()> end;
     // Brings the counts up to date before a step is undone.
     std::function<void()> count;
-    // Shows what has come back; `row` after the deletion of a row.
-    std::function<void(const std::optional<UndoableRow>& row)> show;
+    // Shows what has come back, as Reading::ShowUndone.
+    std::function<void(const std::optional<UndoableRow>& row, std::span<const int> posts)> show;
   };
 
   // `desk` must outlive the object. A step is offered for the time `offered`, and can be undone
@@ -61,13 +62,14 @@ class UndoableSteps {
   struct Step {
     int id = 0;
     std::string name;
-    std::optional<UndoableRow> row;
-    int announced = 0;  // SharedState::announcedTotal before the step
+    std::optional<UndoableRow> row = {};
+    std::vector<int> posts = {};  // posts of the list
+    int listing = 0;              // SharedState::listings and
+    int announced = 0;            // SharedState::announcedTotal at the step
   };
 
   template <typename Operation>
-  bool Run(const std::optional<KeptStep>& kept, const std::string& name,
-           const std::optional<UndoableRow>& row, Operation operation);
+  bool Run(const std::optional<KeptStep>& kept, Step step, Operation operation);
   std::string MarkName(const std::optional<KeptStep>& kept, int status) const;
   void Forget();
   void RestoreTotals(const Step& step);

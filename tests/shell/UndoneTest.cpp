@@ -1,6 +1,7 @@
 // A deletion or a marking that the user takes back.
 #include "shell/ModuleFixture.h"
 #include "store/ChannelAdder.h"
+#include "store/Posts.h"
 
 namespace feedloom {
 namespace {
@@ -85,6 +86,29 @@ TEST_F(UndoneStep, BringsPostsBackAlsoAfterARefreshAndNotAfterANewStart) {
   Press("Ctrl+Z");
   EXPECT_EQ(Sql("select count(*) from TB_UNDO_POST"), "0");
   EXPECT_EQ(Sql("select count(*) from TB_POST where post_channelID = 1"), "0");
+}
+
+TEST_F(UndoneStep, BringsPostsBackIntoTheListOfASearchThatLostThem) {
+  const auto search = [this] {
+    PostList found{.posts = {}, .areSearchResults = true};
+    FindPosts(store_, std::vector{1, 2, 3}, false, found.posts);
+    The<Reading>().ListPosts(ListMode::Selection, std::move(found));
+    frame_->setFocus();
+    Press("F6");
+  };
+  search();
+  const QStringList titles = Titles();
+  Delete();
+  EXPECT_EQ(Titles().size(), 2);
+  Press("Ctrl+Z");
+  EXPECT_EQ(Titles(), titles);
+  Press("Ctrl+A");
+  Delete();
+  search();
+  EXPECT_EQ(Titles(), QStringList());
+  Press("Ctrl+Z");
+  EXPECT_EQ(Titles(), QStringList()) << "which another search has filled";
+  EXPECT_EQ(Sql("select count(*) from TB_POST"), "5");
 }
 
 }  // namespace

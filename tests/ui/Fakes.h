@@ -120,7 +120,7 @@ struct FakeReading : Reading {
     if (onRecount) onRecount(ofScrapPosts);
   }
 
-  void ShowUndone(const std::optional<UndoableRow>& /*row*/) override {}
+  void ShowUndone(const std::optional<UndoableRow>&, std::span<const int>) override {}
 
   SharedState& shared;
   std::function<void(bool ofScrapPosts)> onRecount;

@@ -14,6 +14,7 @@
 #include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
+#include "store/Posts.h"
 #include "store/Search.h"
 #include "ui/CommandKeys.h"
 #include "ui/Desk.h"
@@ -189,6 +190,17 @@ PostList CRSS_RightTopContainer::Take() {
 std::optional<PostRow> CRSS_RightTopContainer::Find(int postId) const {
   const std::vector<int> rows = model_.RowsOf({&postId, 1});
   return rows.empty() ? std::nullopt : std::optional(model_.At(rows.front()));
+}
+
+void CRSS_RightTopContainer::Reread(std::span<const int> added) {
+  std::vector<int> ids(added.begin(), added.end());
+  for (int row = 0; row < model_.rowCount(); ++row) ids.push_back(model_.IdAt(row));
+  const ListMode mode = desk_.State().listMode;
+  if (mode == ListMode::WebDirectory || ids.empty()) return;
+  PostList list{.posts = {}, .areScrapPosts = model_.AreScrapPosts()};
+  if (!FindPosts(desk_.GetStore(), ids, list.areScrapPosts, list.posts)) return;
+  Refill(std::move(list));
+  toolbar_.SetResultCount(mode == ListMode::Selection ? model_.rowCount() : -1);
 }
 
 void CRSS_RightTopContainer::ShowClicked(int row) {
