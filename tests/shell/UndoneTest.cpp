@@ -18,23 +18,19 @@ struct UndoneStep : ModuleFixture {
     CreateFrame();
   }
   bool eventFilter(QObject* window, QEvent* event) override {
-    if (event->type() == WindowMessage::kType) {
-      const auto* const message = static_cast<WindowMessage*>(event);
-      if (message->number == kMessageUndoOffered) {
-        const auto& name = *reinterpret_cast<const std::string*>(message->lParam);
-        offers_.push_back(CodePage::Korean().ToUtf8(name));
-      }
-    }
-    return ModuleFixture::eventFilter(window, event);
+    if (!ModuleFixture::eventFilter(window, event)) return false;
+    const auto* const message = static_cast<WindowMessage*>(event);
+    if (message->number == kMessageUndoOffered)
+      offer_ = CodePage::Korean().ToUtf8(*reinterpret_cast<const std::string*>(message->lParam));
+    return true;
   }
   // Whether the latest offer was `name`, and what undoes it leaves the tree as it was.
   void ComesBack(const std::string& name, const QStringList& before) {
     EXPECT_NE(Labels().join("|").toStdString(), before.join("|").toStdString());
-    ASSERT_FALSE(offers_.empty());
-    EXPECT_EQ(offers_.back(), name);
+    EXPECT_EQ(offer_, name);
     Press("Ctrl+Z, Ctrl+Z");
     EXPECT_EQ(Labels().join("|").toStdString(), before.join("|").toStdString());
-    EXPECT_EQ(offers_.back(), "");
+    EXPECT_EQ(offer_, "");
     EXPECT_NE(texts_.back().find(name), std::string::npos);
   }
   void Delete() {
@@ -43,7 +39,7 @@ struct UndoneStep : ModuleFixture {
   }
   int Unannounced() { return UnreadTotal() - The<Desk>().State().announcedTotal; }
 
-  std::vector<std::string> offers_;
+  std::string offer_;
 };
 
 TEST_F(UndoneStep, BringsARowOfTheTreeBackToItsPlaceUnreadAndUnannounced) {
