@@ -36,7 +36,8 @@ void StatusLine::ReportStep(std::string_view text) {
 }
 
 void StatusLine::OfferUndo(const std::string& name) {
-  SendToWindow(frame_.parentWidget(), kMessageUndoOffered, reinterpret_cast<std::intptr_t>(&name));
+  SendToWindow(frame_.parentWidget(), kMessageUndoOffered, 0,
+               reinterpret_cast<std::intptr_t>(&name));
 }
 
 void StatusLine::ClearFailure() {
