@@ -4,9 +4,7 @@
 #include <thread>
 #include <utility>
 
-#include "exchange/DirectorySearch.h"
 #include "fetch/FeedMemory.h"
-#include "look/QtText.h"
 #include "look/SkinPalette.h"
 #include "look/SkinText.h"
 #include "shell/Arrivals.h"
@@ -21,7 +19,6 @@
 #include "shell/SettingsStore.h"
 #include "shell/SubscriptionExchange.h"
 #include "skin/Keys.h"
-#include "skin/TextPlaceholders.h"
 #include "store/Backup.h"
 #include "ui/CommandKeys.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
@@ -286,104 +283,5 @@ void CRSS_MainFrame::ShowNewPostNotification() {
     left_->ListToday();
   });
 }
-
-// What the panes and dialogs ask for.
-
-MsgBoxAnswer CRSS_MainFrame::ShowTextMessage(const char* section, const char* key,
-                                             MsgBoxKind kind) {
-  const std::string text = WithLineBreaks(skin_.GetText(section, key));
-  return ShowMsgBox(skin_, ToQString(store_->TextCodePage(), text), kind, this);
-}
-
-// While the tree is not read, a new row comes into it by the reading.
-
-void CRSS_MainFrame::FolderWasAdded(const FolderRow& folder) {
-  retry_ ? retry_->ReadNow() : left_->AppendFolder(folder);
-}
-
-void CRSS_MainFrame::CabinetWasAdded(const CabinetRow& cabinet) {
-  retry_ ? retry_->ReadNow() : left_->AppendCabinet(cabinet);
-}
-
-void CRSS_MainFrame::ChannelWasAdded(const ChannelRow& channel) {
-  retry_ ? retry_->ReadNow() : left_->AppendChannel(channel);
-}
-
-void CRSS_MainFrame::ChannelWasMoved(int channelId, int folderId) {
-  left_->MoveChannel(channelId, folderId);
-}
-
-std::unique_ptr<DirectorySearch> CRSS_MainFrame::MakeDirectorySearch() {
-  return std::make_unique<DirectorySearch>(
-      services_, skin_.GetText(kSectionTexts, kTextDirectoryService),
-      [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); });
-}
-
-std::optional<int> CRSS_MainFrame::ExportOpml(const std::string& path) {
-  if (exchange_ && CanExchange()) return exchange_->Export(path, left_->Subscriptions());
-  ReportExchangeFailure(*this, kTextOpmlExportError, status_.StartFailure());
-  return std::nullopt;
-}
-
-void CRSS_MainFrame::ImportOpml(const ListSource& source) {
-  if (!exchange_) return;
-  if (!CanExchange()) {
-    return ReportExchangeFailure(*this, kTextOpmlNotImported, status_.StartFailure());
-  }
-  exchange_->Import(source,
-                    [this](bool isRead) { OnMessage(kMessageListImported, isRead ? 0 : -1, 0); });
-}
-
-void CRSS_MainFrame::EndImport(bool isRead) {
-  if (isRead) return refresh_.StartRefresh();
-  ShowTextMessage(kSectionTexts, kTextOpmlError, MsgBoxKind::Notice);
-}
-
-void CRSS_MainFrame::MergeOpml(const std::string& path,
-                               std::function<void(const std::optional<ImportSums>&)> onEnd) {
-  if (!exchange_ || !CanExchange()) return onEnd(std::nullopt);
-  exchange_->Merge(path, std::move(onEnd));
-}
-
-void CRSS_MainFrame::ListPosts(ListMode mode, PostList list, FirstPost shown) {
-  state_.SetListed(mode, list.areSearchResults);
-  rightTop_->Fill(std::move(list));
-  rightTop_->ShowFirst(shown);
-}
-
-void CRSS_MainFrame::RelistPosts(PostList list) {
-  // Rows are matched by post id, and saved posts have ids of their own: only a list of the same
-  // selection may keep its scroll position.
-  const bool isSameList = state_.listShowsSelection;
-  state_.SetListed(ListMode::Selection, false);
-  isSameList ? rightTop_->Refill(std::move(list)) : rightTop_->Fill(std::move(list));
-}
-
-void CRSS_MainFrame::ReloadSelection() {
-  if (state_.listShowsSelection) left_->ReloadSelection();
-}
-
-void CRSS_MainFrame::ShowPost(const PostRow& post) { rightBottom_->ShowPost(post); }
-
-void CRSS_MainFrame::ShowMainPage() {
-  rightTop_->SaysEmpty() ? rightBottom_->ShowEmptyPage() : rightBottom_->ShowMainPage();
-}
-
-void CRSS_MainFrame::AddChannel(const std::string& address) { left_->AddChannel(address); }
-
-void CRSS_MainFrame::GoToUnreadRow(bool forward) { left_->GoToUnreadRow(forward); }
-
-void CRSS_MainFrame::PostWasRead(const PostRow& post, bool isScrapPost) {
-  left_->PostWasRead(post, isScrapPost);
-}
-
-void CRSS_MainFrame::UnreadPostWasSaved(int cabinetId) { left_->UnreadPostWasSaved(cabinetId); }
-
-void CRSS_MainFrame::ShowUndone(const std::optional<UndoableRow>& row, std::span<const int> posts) {
-  left_->ShowUndone(row);
-  if (!state_.listShowsSelection) rightTop_->Reread(posts);
-}
-
-void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) { arrivals_->Recount(ofScrapPosts); }
 
 }  // namespace feedloom

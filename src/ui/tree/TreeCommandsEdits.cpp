@@ -1,0 +1,127 @@
+// The commands of TreeCommands that delete and rename.
+#include "skin/Keys.h"
+#include "store/Cabinets.h"
+#include "store/Channels.h"
+#include "store/Folders.h"
+#include "store/SqlText.h"
+#include "ui/Desk.h"
+#include "ui/Reading.h"
+#include "ui/Refreshing.h"
+#include "ui/UndoableSteps.h"
+#include "ui/dialogs/Dialogs.h"
+#include "ui/tree/CRSS_GroupTreeCtrl.h"
+#include "ui/tree/GroupTreeModel.h"
+#include "ui/tree/TreeCommands.h"
+
+namespace feedloom {
+namespace {
+
+// The row that takes the place of `row` when that goes: below it, else above it, else its group.
+QModelIndex NextTo(const QModelIndex& row) {
+  for (const int step : {1, -1}) {
+    const QModelIndex next = row.sibling(row.row() + step, 0);
+    if (next.isValid()) return next;
+  }
+  return row.parent();
+}
+
+}  // namespace
+
+void TreeCommands::DeleteSelection() {
+  const auto target = Selected();
+  if (!target || target->kind == RowKind::CabinetRoot) return;
+  IsGroup(target->kind) ? DeleteGroup() : DeleteChild();
+}
+
+void TreeCommands::DeleteChild() {
+  const auto child = SelectedChild();
+  if (!child) {
+    Ask(kTextDeleteChildError, MsgBoxKind::Notice);
+    return;
+  }
+  const bool isChannel = child->kind == RowKind::Channel;
+  const char* const question = isChannel ? kTextDeleteChannel : kTextDeleteCabinet;
+  if (Ask(question, MsgBoxKind::YesNo) != MsgBoxAnswer::Consented) return;
+  if (isChannel && refreshing_.IsAnyChannelQueued({&child->id, 1})) {
+    Ask(kTextDeleteBusyError, MsgBoxKind::Notice);
+    return;
+  }
+  Delete(*child);
+}
+
+// DeleteGroup asks this before and after its question, as a timer may start a refresh meanwhile.
+bool TreeCommands::IsFolderQueued(const Target& folder) const {
+  const GroupRow* const group = model_.GroupAt(folder.row);
+  if (group == nullptr) return false;
+  std::vector<int> channelIds;
+  for (const ChildRow& channel : group->children) channelIds.push_back(channel.id);
+  return refreshing_.IsAnyChannelQueued(channelIds);
+}
+
+void TreeCommands::DeleteGroup() {
+  const auto folder = Selected(RowKind::Folder);
+  if (!folder || folder->order < 0) {
+    Ask(folder ? kTextDeleteProtectedError : kTextDeleteGroupError, MsgBoxKind::Notice);
+    return;
+  }
+  const bool mayDelete = !IsFolderQueued(*folder);
+  if (mayDelete && Ask(kTextDeleteGroup, MsgBoxKind::YesNo) != MsgBoxAnswer::Consented) return;
+  if (!mayDelete || IsFolderQueued(*folder)) {
+    Ask(kTextDeleteBusyError, MsgBoxKind::Notice);
+    return;
+  }
+  Delete(*folder);
+}
+
+void TreeCommands::Delete(const Target& target) {
+  desk_.Steps().DeleteRow({.key = {target.kind, target.id},
+                           .name = target.name,
+                           .unread = target.row.data(GroupTreeModel::UnreadRole).toInt(),
+                           .isOpen = tree_.isExpanded(target.row)});
+  RemoveRow(target.row);
+}
+
+// The list may show the row's posts without the row being selected: as those of its group.
+void TreeCommands::RemoveRow(const QPersistentModelIndex& row) {
+  const QModelIndex selected = tree_.SelectedRow();
+  if (selected == row || selected.parent() == row) return RemoveListedRow(row);
+  desk_.State().unreadTotal -= model_.Remove(row);
+  reading_.ReloadSelection();
+}
+
+void TreeCommands::RemoveListedRow(const QPersistentModelIndex& row) {
+  const QPersistentModelIndex next = tree_.SelectsCarefully() ? NextTo(row) : QModelIndex();
+  if (!next.isValid()) reading_.ListPosts(ListMode::Selection, {});
+  tree_.ClearSelection();
+  desk_.State().unreadTotal -= model_.Remove(row);
+  if (next.isValid()) tree_.GoTo(next);
+}
+
+void TreeCommands::RenameGroup() {
+  const auto folder = Selected(RowKind::Folder);
+  if (!folder || folder->order < 0) return;
+  const auto name = AskGroupName(desk_, &tree_, folder->name);
+  if (!name) return;
+  if (RenameFolder(desk_.GetStore(), folder->id, *name)) {
+    model_.Rename(folder->row, UnescapeEntities(*name));  // the form in which it is stored
+  } else {
+    Ask(kTextRenameGroupError, MsgBoxKind::Notice);
+  }
+}
+
+void TreeCommands::RenameChild() {
+  const auto child = SelectedChild();
+  if (!child) return;
+  const bool isChannel = child->kind == RowKind::Channel;
+  const auto name = isChannel ? AskChannelName(desk_, &tree_, DetailsOf(*child))
+                              : AskCabinetName(desk_, &tree_, child->name);
+  if (!name) return;
+  const auto rename = isChannel ? RenameChannel : RenameCabinet;
+  if (rename(desk_.GetStore(), child->id, *name)) {
+    model_.Rename(child->row, UnescapeEntities(*name));
+  } else {
+    Ask(kTextRenameChildError, MsgBoxKind::Notice);
+  }
+}
+
+}  // namespace feedloom
