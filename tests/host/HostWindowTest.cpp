@@ -56,7 +56,7 @@ TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAre) {
 
 TEST_F(HostWindowTest, ShowsHowFarARefreshIsAndStopsIt) {
   const auto& busy = *window_->statusBar()->findChild<QProgressBar*>();
-  auto& stop = *window_->statusBar()->findChild<QToolButton*>();
+  auto& stop = *window_->statusBar()->findChildren<QToolButton*>().last();
   for (const unsigned message : {kMessageRefreshBegan, kMessageRefreshEnded}) {
     Send(window_.get(), message);
     const bool isRunning = message == kMessageRefreshBegan;
