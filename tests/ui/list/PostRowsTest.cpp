@@ -66,6 +66,8 @@ TEST(FirstWords, AreTheTextWithoutMarkUpOnOneLine) {
       {"", ""},
       {"<style>p{}</style><p>One&nbsp;&amp; <b>two</b></p>\n<p>three<img src='a'></p>",
        "One & two three"},
+      {"<P title='a > b'>1 < 2<!-- > --><bR/>w<b class=x>or</B>d &euro;&#44032;</p><p title=\"",
+       "1 < 2 word €가"},
       {"<p>" + std::string(9'000, 'x'), std::string(200, 'x')}};
   for (const auto& [html, words] : cases)
     EXPECT_EQ(FirstWords(CodePage::Utf8(), html).toStdString(), words);
