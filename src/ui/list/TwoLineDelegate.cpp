@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <algorithm>
 
 #include "ui/list/PostDelegate.h"
 #include "ui/list/PostListModel.h"
@@ -15,15 +16,18 @@ constexpr int kTitleTop = 4;
 constexpr int kDetailsTop = 24;
 constexpr int kLine = 18;
 
-// "Channel, 2008-05-01, First words"; a part that is missing is left out.
-QString Details(const QModelIndex& index) {
-  QStringList parts;
-  for (const int column : {kOwnerColumn, kDateColumn}) {
-    parts += index.siblingAtColumn(column).data().toString();
-  }
-  parts += index.data(PostListModel::kFirstWordsRole).toString();
+// "Channel, 2008-05-01, First words"; a part that is missing is left out. A long name of a channel
+// gives way, down to two fifths of `width`.
+QString Details(const QModelIndex& index, const QFontMetrics& metrics, int width) {
+  const QString separator = QStringLiteral(" \u00B7 ");
+  QStringList parts{index.siblingAtColumn(kDateColumn).data().toString(),
+                    index.data(PostListModel::kFirstWordsRole).toString()};
   parts.removeAll(QString());
-  return parts.join(QStringLiteral(" \u00B7 "));
+  const int left = width - metrics.horizontalAdvance(separator + parts.join(separator));
+  const QString owner = index.siblingAtColumn(kOwnerColumn).data().toString();
+  parts.prepend(metrics.elidedText(owner, Qt::ElideRight, std::max(left, width * 2 / 5)));
+  parts.removeAll(QString());
+  return parts.join(separator);
 }
 
 void DrawLine(QPainter& painter, const QFont& font, const QRect& line, const QString& text) {
@@ -59,7 +63,7 @@ void TwoLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
            index.data().toString());
   painter->setPen(row.palette.color(isSelected ? QPalette::Text : QPalette::PlaceholderText));
   DrawLine(*painter, row.font, {line.left(), line.top() + kDetailsTop, line.width(), kLine},
-           Details(index));
+           Details(index, QFontMetrics(row.font), line.width()));
   if (isUnread)
     DrawUnreadMark(*painter,
                    QPointF(row.rect.left() + kMark / 2.0, row.rect.top() + kTitleTop + kLine / 2.0),
