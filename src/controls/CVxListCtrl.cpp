@@ -171,7 +171,15 @@ void CVxListCtrl::PlaceCover() {
 }
 
 void CVxListCtrl::resizeEvent(QResizeEvent* event) {
+  const QRect row = visualRect(currentIndex());
+  const bool wasSeen = row.bottom() >= 0 && row.top() < event->oldSize().height();
   QTreeView::resizeEvent(event);
+  if (wasSeen) {
+    const int lines = std::max(viewport()->height() / row.height(), 1);
+    const int number = currentIndex().row();
+    QScrollBar& bar = *verticalScrollBar();
+    bar.setValue(std::clamp(bar.value(), number - lines + 1, number));
+  }
   PlaceCover();
 }
 

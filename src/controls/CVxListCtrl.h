@@ -22,7 +22,8 @@ class VxListDelegate : public QStyledItemDelegate {
 // A view of a flat model. Several rows can be selected, always as whole rows. The user can change
 // the columns' widths and choose a sort order by clicks on the header: ascending by that column,
 // then descending, then none. Alt+Up moves the focus to the header, where keys do the same
-// (VxListHeader.h). The list does not sort; see SortRequested.
+// (VxListHeader.h). The list does not sort; see SortRequested. A current row that is in sight stays
+// there when the list becomes smaller.
 class CVxListCtrl : public QTreeView {
   Q_OBJECT
 

@@ -88,6 +88,8 @@ void CRSS_RightTopContainer::SetUpList() {
 
 void CRSS_RightTopContainer::SetTwoLines(bool areTwo) {
   if (list_.isHeaderHidden() == areTwo) return;
+  const bool isCurrentSeen =
+      list_.viewport()->rect().intersects(list_.visualRect(list_.currentIndex()));
   const ListViewState place = SaveViewState(list_, model_);
   model_.SetTwoLines(areTwo);
   delete list_.itemDelegate();
@@ -95,6 +97,7 @@ void CRSS_RightTopContainer::SetTwoLines(bool areTwo) {
                                : new PostDelegate(&list_));
   list_.SetOneColumn(areTwo ? std::optional(kTitleColumn) : std::nullopt);
   RestoreViewState(list_, model_, place);
+  if (isCurrentSeen) list_.scrollTo(list_.currentIndex());
 }
 
 // These are shortcuts because the view would use a letter key to search for a title.
