@@ -103,7 +103,6 @@ void CRSS_MainFrame::BuildPanes() {
   PlaceList();
   setFocusProxy(left_);
   handle(1)->setAccessibleName(SkinText(skin_, kTextColumnDivider));
-  right_->handle(1)->setAccessibleName(SkinText(skin_, kTextRowDivider));
   connect(rightBottom_, &CRSS_RightBottomContainer::PageShown, this, &CRSS_MainFrame::PageShown);
   ConnectTree();
   connect(qApp, &QApplication::focusChanged, this, &CRSS_MainFrame::TurnToPost);
@@ -111,7 +110,10 @@ void CRSS_MainFrame::BuildPanes() {
 }
 
 void CRSS_MainFrame::PlaceList() {
-  rightTop_->SetTwoLines(sizes_->PlaceList(skin_.Config().GetListPlace()));
+  const bool isBeside = sizes_->PlaceList(skin_.Config().GetListPlace());
+  rightTop_->SetTwoLines(isBeside);
+  right_->handle(1)->setAccessibleName(
+      SkinText(skin_, isBeside ? kTextListDivider : kTextRowDivider));
 }
 
 // Whoever clicks into the list turns to the post under the pointer.

@@ -12,8 +12,9 @@ constexpr int kTopHeight = 200;
 // The smallest sizes that leave room for the toolbar's controls and a few rows.
 constexpr QSize kSmallestList(330, 130);
 constexpr QSize kSmallestBrowser(330, 150);
-// Beside each other, list and page must not keep the window from becoming too narrow for that.
-constexpr int kSmallestBeside = 150;
+// Of the list beside the page. With it the tree and the page, too, fit into kRoomForThreeColumns,
+// so that the window can become so narrow that the list goes above.
+constexpr int kSmallestBeside = 220;
 // Narrower, the page beside the list would have lines of a few words.
 constexpr int kRoomForThreeColumns = 980;
 constexpr int kRest = 1 << 16;  // more than any window has: the splitter cuts it down
@@ -64,7 +65,7 @@ bool PaneSizes::PlaceList(ListPlace wanted) {
 void PaneSizes::Place(ListPlace place) {
   const bool isBeside = place == ListPlace::Beside;
   rows_.widget(0)->setMinimumSize(isBeside ? QSize(kSmallestBeside, 0) : kSmallestList);
-  rows_.widget(1)->setMinimumSize(isBeside ? QSize(kSmallestBeside, 0) : kSmallestBrowser);
+  rows_.widget(1)->setMinimumSize(isBeside ? QSize(kSmallestBrowser.width(), 0) : kSmallestBrowser);
   rows_.setOrientation(isBeside ? Qt::Horizontal : Qt::Vertical);
   const int wished = isBeside ? wished_.listWidth : wished_.listHeight;
   if (wished > 0) return GiveFirst(rows_, wished);

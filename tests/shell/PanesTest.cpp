@@ -40,17 +40,18 @@ struct Panes : ModuleFixture {
 };
 
 TEST_F(Panes, TheListStandsWhereTheHostWantsItWhileItKeepsSelectionAndSort) {
-  AddPosts(1, 4);
+  AddPosts(1, 30);
   CreateFrame();
-  const auto& rows = dynamic_cast<QSplitter&>(*Columns().widget(1));
-  Select("Feedloom 시작하기(4)");
+  auto& rows = dynamic_cast<QSplitter&>(*Columns().widget(1));
+  Select("Feedloom 시작하기(30)");
   List().header()->setSortIndicator(kTitleColumn, Qt::DescendingOrder);
   const auto place = [&](const char* value, QSize size) {
     EXPECT_TRUE(Registry(profile_.Paths().registry).WriteString(kHostKey, kValueListPlace, value));
     frame_->resize(size);
     Send(kMessageViewChanged);
-    EXPECT_EQ(Titles().join(','), "Post 4,Post 3,Post 2,Post 1");
+    EXPECT_EQ(Titles().front() + Titles().back(), "Post 9Post 1");
     EXPECT_EQ(List().currentIndex().data(), "Post 1");
+    EXPECT_TRUE(List().viewport()->rect().contains(List().visualRect(List().currentIndex())));
     return QRect(rows.widget(0)->geometry());
   };
   EXPECT_EQ(place("", {1000, 700}).height(), 200);
@@ -58,6 +59,15 @@ TEST_F(Panes, TheListStandsWhereTheHostWantsItWhileItKeepsSelectionAndSort) {
   EXPECT_EQ(place("beside", {1300, 700}).height(), 700);
   EXPECT_TRUE(List().isHeaderHidden() && List().columnWidth(kTitleColumn) > 300);
   EXPECT_EQ(List().visualRect(List().currentIndex()).height(), 44);
+  for (const auto& sizes : {QList{9'999, 0}, {0, 9'999}}) {
+    rows.setSizes(sizes);
+    for (const auto* button : rows.findChildren<QAbstractButton*>())
+      EXPECT_TRUE(!button->isVisible() ||
+                  button->parentWidget()->rect().contains(button->geometry()));
+  }
+  EXPECT_EQ(rows.handle(1)->accessibleName(), "글 목록의 너비");
+  EXPECT_EQ(place("", {1300, 700}).height(), 200);
+  place("beside", {1300, 700});
   EXPECT_LT(place("beside", {640, 480}).height(), 200) << "no room for three columns";
   EXPECT_EQ(frame_->width(), 640);
   EXPECT_EQ(List().columnWidth(kTitleColumn), 278);
