@@ -52,7 +52,8 @@ void Screenshot::OnPageShown() {
     LookForChange();
   } else {
     isRowChosen_ = true;
-    PressKey(KeyReceiver(frame_), Qt::Key_Home);
+    // Enter, because the first row may be selected already.
+    for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Return}) PressKey(KeyReceiver(frame_), key);
   }
 }
 
