@@ -203,7 +203,6 @@ TEST_F(Refresh, TellsHowFarItIsAndWhenItIsStoppedLosesNothingThatIsAskedForThen)
   BeginToHang(6);
   EXPECT_EQ(host_.All().back(), (SentMessage{kMessageRefreshProgress, 2, 8}));
   Queue("/a");
-  kit_.server.Serve("/hang", NumberedRss("c", "http://l/", 2));
   engine_->StopRun();
   engine_->Enqueue({Entry(3, "/a")});  // one that is being stopped
   engine_->StartRefresh();
