@@ -4,6 +4,7 @@
 #include <QLockFile>
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -107,6 +108,12 @@ std::optional<std::uint32_t> Registry::ReadDword(const std::string& key,
 std::optional<std::string> Registry::ReadString(const std::string& key,
                                                 const std::string& name) const {
   return Read<std::string>(path_, key, name);
+}
+
+std::vector<RegistryEntry> Registry::ReadKey(const std::string& key) const {
+  Entries entries = Load(path_).value_or(Entries());
+  std::erase_if(entries, std::not_fn(InKey(key)));
+  return entries;
 }
 
 bool Registry::Write(const std::vector<RegistryEntry>& entries) const {

@@ -25,6 +25,9 @@ class Registry {
   std::optional<std::uint32_t> ReadDword(const std::string& key, const std::string& name) const;
   std::optional<std::string> ReadString(const std::string& key, const std::string& name) const;
 
+  // All values of `key`, in the file's order, in which a later one of a name counts.
+  std::vector<RegistryEntry> ReadKey(const std::string& key) const;
+
   // Stores the values in this order; each may replace one of the other type. Waits for another
   // program's lock, 5 s at most. False, and no value is stored, when the lock stays, when the file
   // cannot be saved or is damaged: a damaged file is never replaced.

@@ -97,7 +97,8 @@ void CRSS_MainFrame::BuildPanes() {
   right_ = new VxSplitter(Qt::Vertical, this);
   rightTop_ = new CRSS_RightTopContainer(*this, *this, *this, right_);
   rightBottom_ = new CRSS_RightBottomContainer(*this, *this, *this, browserServices_, right_);
-  sizes_ = std::make_unique<PaneSizes>(*this, *right_);
+  sizes_ = std::make_unique<PaneSizes>(*this, *right_,
+                                       [this](bool isBeside) { ShowListPlace(isBeside); });
   memory_ = std::make_unique<FrameMemory>(FramePanes{*sizes_, *left_, *rightTop_, *rightBottom_},
                                           *this, *this, registry_, kept_);
   PlaceList();
@@ -109,8 +110,9 @@ void CRSS_MainFrame::BuildPanes() {
   SetUpKeys(*right_);
 }
 
-void CRSS_MainFrame::PlaceList() {
-  const bool isBeside = sizes_->PlaceList(skin_.Config().GetListPlace());
+void CRSS_MainFrame::PlaceList() { sizes_->PlaceList(skin_.Config().GetListPlace()); }
+
+void CRSS_MainFrame::ShowListPlace(bool isBeside) {
   rightTop_->SetTwoLines(isBeside);
   right_->handle(1)->setAccessibleName(
       SkinText(skin_, isBeside ? kTextListDivider : kTextRowDivider));
@@ -186,7 +188,7 @@ bool CRSS_MainFrame::event(QEvent* event) {
 
 void CRSS_MainFrame::resizeEvent(QResizeEvent* event) {
   VxSplitter::resizeEvent(event);
-  if (sizes_) rightTop_->SetTwoLines(sizes_->Fit());
+  if (sizes_) sizes_->Fit();
 }
 
 bool CRSS_MainFrame::focusNextPrevChild(bool next) {

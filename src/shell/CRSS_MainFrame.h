@@ -116,6 +116,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
  private:
   void BuildPanes();
   void PlaceList();
+  void ShowListPlace(bool isBeside);
   void ConnectTree();
   void TurnToPost(const QWidget* before, const QWidget* focus);
   void SetUpKeys(VxSplitter& right);

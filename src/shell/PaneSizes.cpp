@@ -34,7 +34,9 @@ void GiveFirst(VxSplitter& splitter, int pixels) {
 
 }  // namespace
 
-PaneSizes::PaneSizes(VxSplitter& columns, VxSplitter& rows) : columns_(columns), rows_(rows) {
+PaneSizes::PaneSizes(VxSplitter& columns, VxSplitter& rows,
+                     std::function<void(bool isBeside)> onPlaced)
+    : columns_(columns), rows_(rows), onPlaced_(std::move(onPlaced)) {
   columns.setChildrenCollapsible(false);
   rows.setChildrenCollapsible(false);
   columns.widget(0)->setMinimumWidth(kLeftMinimumWidth);
@@ -54,12 +56,13 @@ void PaneSizes::Recall(const PaneMemory& memory) {
   GiveFirst(columns_, memory.leftWidth > 0 ? memory.leftWidth : kLeftMinimumWidth);
 }
 
-bool PaneSizes::PlaceList(ListPlace wanted) {
+void PaneSizes::PlaceList(ListPlace wanted) {
   wanted_ = wanted;
   const bool isTooNarrow = columns_.width() < kRoomForThreeColumns;
   const auto place = wanted == ListPlace::Beside && isTooNarrow ? ListPlace::Above : wanted;
-  if (std::exchange(place_, place) != place) Place(place);
-  return place == ListPlace::Beside;
+  if (std::exchange(place_, place) == place) return;
+  Place(place);
+  onPlaced_(place == ListPlace::Beside);
 }
 
 void PaneSizes::Place(ListPlace place) {

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <string>
 #include <string_view>
+#include <variant>
 
 #include "files/RegistryKeys.h"
 #include "ui/list/PostCells.h"
@@ -139,9 +140,10 @@ constexpr Field kFields[] = {
 
 ViewMemory LoadView(const Registry& registry) {
   ViewMemory view;
-  for (const Field& field : kFields) {
-    const auto text = registry.ReadString(kViewKey, field.name);
-    if (text) field.read(ParseNumbers(*text), view);
+  for (const RegistryEntry& entry : registry.ReadKey(kViewKey)) {
+    const auto* const field = std::ranges::find(kFields, entry.name, &Field::name);
+    const auto* const text = std::get_if<std::string>(&entry.value);
+    if (field != std::end(kFields) && text) field->read(ParseNumbers(*text), view);
   }
   return view;
 }

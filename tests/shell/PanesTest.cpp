@@ -66,6 +66,9 @@ TEST_F(Panes, TheListStandsWhereTheHostWantsItWhileItKeepsSelectionAndSort) {
                   button->parentWidget()->rect().contains(button->geometry()));
   }
   EXPECT_EQ(rows.handle(1)->accessibleName(), "글 목록의 너비");
+  frame_->resize(640, 480);
+  EXPECT_EQ(rows.handle(1)->accessibleName(), "글 목록의 높이");
+  frame_->resize(1300, 700);
   EXPECT_EQ(place("", {1300, 700}).height(), 200);
   place("beside", {1300, 700});
   EXPECT_LT(place("beside", {640, 480}).height(), 200) << "no room for three columns";
