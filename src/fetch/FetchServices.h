@@ -20,6 +20,8 @@ struct FetchServices {
   std::string workDir;          // the folder of temporary files, in the file system's encoding
   std::string feedMemory = {};  // the path of FeedMemory's file; empty: no file is used
 
+  bool isLenient = false;  // HostConfig::ReadsLeniently
+
   CodePage TextCodePage() const { return store->TextCodePage(); }
 };
 

@@ -29,6 +29,7 @@ inline constexpr char kValueStart[] = "START";                     // kStartLast
 inline constexpr char kValueEmptyList[] = "EMPTY_LIST";            // kEmptyListLine
 inline constexpr char kValueDialogs[] = "DIALOGS";                 // kDialogsHelpful
 inline constexpr char kValueSelection[] = "SELECTION";             // kSelectionCareful
+inline constexpr char kValueLenient[] = "LENIENT";                 // kLenientOn
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
 // The values of kValuePostLinks.
@@ -53,6 +54,9 @@ inline constexpr char kDialogsHelpful[] = "HELPFUL";
 
 // The value of kValueSelection; anything else is the default.
 inline constexpr char kSelectionCareful[] = "CAREFUL";
+
+// The value of kValueLenient; anything else is the default.
+inline constexpr char kLenientOn[] = "ON";
 
 // The values of the module's registry key. The first seven are the user's settings, which stand
 // there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.

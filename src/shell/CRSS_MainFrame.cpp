@@ -42,9 +42,9 @@ CRSS_MainFrame::CRSS_MainFrame(HostLookup lookup, const ModulePaths& paths, Sett
             thread->Run([this, copy = std::string(text)] { status_.ReportFailure(copy); });
           },
           std::this_thread::get_id())),
-      services_(std::make_shared<FetchServices>(
-          FetchServices{store_, registry_, SystemClock(), skin_.Config().GetWorkDir(),
-                        FeedMemoryPath(skin_.Config().GetWorkDir())})),
+      services_(std::make_shared<FetchServices>(FetchServices{
+          store_, registry_, SystemClock(), skin_.Config().GetWorkDir(),
+          FeedMemoryPath(skin_.Config().GetWorkDir()), skin_.Config().ReadsLeniently()})),
       state_(liveSettings),
       kept_(kept) {
   settings_ = LoadFrameSettings(registry_);

@@ -68,6 +68,7 @@ bool HostConfig::AnnouncesChannels() const { return Is(kValueNotice, kNoticeChan
 bool HostConfig::StartsWithLast() const { return Is(kValueStart, kStartLast); }
 bool HostConfig::SaysEmptyLists() const { return Is(kValueEmptyList, kEmptyListLine); }
 bool HostConfig::HasHelpfulDialogs() const { return Is(kValueDialogs, kDialogsHelpful); }
+bool HostConfig::ReadsLeniently() const { return Is(kValueLenient, kLenientOn); }
 bool HostConfig::SelectsCarefully() const { return Is(kValueSelection, kSelectionCareful); }
 
 ListPlace HostConfig::GetListPlace() const {

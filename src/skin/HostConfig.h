@@ -59,6 +59,9 @@ class HostConfig {
   // to the same name is none.
   bool HasHelpfulDialogs() const;
 
+  // Whether feeds and lists of subscriptions with common faults are read as far as they can be.
+  bool ReadsLeniently() const;
+
   // Whether the module selects, lists and marks read only what the user is sure to mean:
   // docs/host-interface.md tells the cases.
   bool SelectsCarefully() const;
