@@ -25,7 +25,7 @@ std::string AnnouncedFeed(const std::string& path, const std::string& pageAddres
 
 FeedCheckAnswer Examine(const FetchServices& services, const std::string& address,
                         const TempFile& file, std::stop_token stop) {
-  FeedParser parser(services.TextCodePage());
+  FeedParser parser(services.Reading());
   const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
   const FetchOutcome outcome =
       FetchFeedFile({address, file.Path()}, services, limit.Token(), parser);

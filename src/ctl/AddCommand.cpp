@@ -39,7 +39,7 @@ const char* Reason(const FetchOutcome& outcome) {
 // Returns the channel as the feed at `address` describes it. When there is no feed, prints an error
 // and returns nothing.
 std::optional<ChannelRecord> ReadChannel(Session& session, const std::string& address) {
-  FeedParser parser(session.TextCodePage());
+  FeedParser parser(session.Reading());
   const FetchOutcome outcome = FetchOnce(session, address, parser);
   if (outcome.result != kChannelRefreshed) {
     PrintError(fmt::format("{}: {}", address, Reason(outcome)));

@@ -42,7 +42,7 @@ int PrintFeed(const Session& session, const FeedParser& parser, int result) {
 }
 
 int CheckAddress(Session& session, const std::string& address) {
-  FeedParser parser(session.TextCodePage());
+  FeedParser parser(session.Reading());
   const FetchOutcome outcome = FetchOnce(session, address, parser);
   if (outcome.result != kDownloadFailed) return PrintFeed(session, parser, outcome.parseCode);
   PrintJson({{"result", nullptr}, {"error", outcome.error}});
@@ -55,7 +55,7 @@ int RunCheck(Session& session, const std::string& source) {
   if (!IsRegularFile(source)) {
     return CheckAddress(session, FileOrWebAddress(session.GetSkin(), source));
   }
-  FeedParser parser(session.TextCodePage());
+  FeedParser parser(session.Reading());
   const int result = parser.Parse(source);
   return PrintFeed(session, parser, result);
 }

@@ -7,6 +7,7 @@
 
 #include "ctl/Commands.h"
 #include "ctl/WorkFolder.h"
+#include "feed/FeedItem.h"
 #include "fetch/FetchServices.h"
 #include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
@@ -26,6 +27,7 @@ class Session {
   Store& GetStore() { return *store_; }
   const Skin& GetSkin() const { return skin_; }
   CodePage TextCodePage() const { return store_->TextCodePage(); }
+  FeedReading Reading() const { return {TextCodePage(), config_.ReadsLeniently()}; }
   bool WantsJson() const { return json_; }
 
   // Returns the services for downloads, with a work folder of this process alone. When the folder

@@ -75,14 +75,14 @@ void ReadAtomEntry(const XmlElement& element, const TextSource& source, FeedItem
 }
 
 ParseCode ReadItemList(const std::vector<XmlElement>& elements, const FeedVariants& variants,
-                       CodePage codePage, const std::stop_token& stop,
+                       const FeedReading& reading, const std::stop_token& stop,
                        std::vector<FeedItem>& items) {
   if (variants.NoneSet()) return kItemListContradiction;
   for (const XmlElement& element : elements) {
     if (stop.stop_requested()) return kParseStopped;
     FeedItem item;
     item.variants = variants;
-    const ParseCode code = ReadFeedItem(element, codePage, item);
+    const ParseCode code = ReadFeedItem(element, reading, item);
     if (code == kItemIncomplete) continue;
     if (code < 0) return code;
     items.push_back(std::move(item));
@@ -116,34 +116,35 @@ ParseCode DetectFormat(const XmlElement& root, FeedFormat& format, FeedVariants&
   return kUnknownRoot;
 }
 
-ParseCode ReadFeedHeader(const XmlElement& root, CodePage codePage, FeedHeader& header) {
+ParseCode ReadFeedHeader(const XmlElement& root, const FeedReading& reading, FeedHeader& header) {
   if (header.variants.BothSet()) return kHeaderContradiction;
   constexpr std::array<std::string_view, 2> kNames = {"title", "link"};
   std::array<XmlElement, kNames.size()> found;
   root.FirstDescendants(kNames, found);
-  const TextSource source(codePage);
+  const TextSource source(reading.codePage);
   header.title = source.Text(found[0]);
   header.link = header.variants.atom == FeedVariants::kNone ? source.Text(found[1])
                                                             : source.Attribute(found[1], "href");
   return kParsed;
 }
 
-ParseCode ReadFeedItems(const XmlElement& root, const FeedVariants& variants, CodePage codePage,
-                        std::stop_token stop, std::vector<FeedItem>& items) {
+ParseCode ReadFeedItems(const XmlElement& root, const FeedVariants& variants,
+                        const FeedReading& reading, std::stop_token stop,
+                        std::vector<FeedItem>& items) {
   if (variants.BothSet()) return kFormatContradiction;
   const bool isAtom = variants.atom != FeedVariants::kNone;
-  return ReadItemList(root.Descendants(isAtom ? "entry" : "item"), variants, codePage, stop, items);
+  return ReadItemList(root.Descendants(isAtom ? "entry" : "item"), variants, reading, stop, items);
 }
 
-ParseCode ReadFeedItem(const XmlElement& element, CodePage codePage, FeedItem& item) {
+ParseCode ReadFeedItem(const XmlElement& element, const FeedReading& reading, FeedItem& item) {
   if (item.variants.BothSet()) return kItemContradiction;
-  const TextSource source(codePage);
+  const TextSource source(reading.codePage);
   if (item.variants.atom != FeedVariants::kNone) {
     ReadAtomEntry(element, source, item);
   } else if (const ParseCode code = ReadRssItem(element, source, item); code < 0) {
     return code;
   }
-  return item.title.empty() || item.link.empty() ? kItemIncomplete : kParsed;
+  return CompleteItem(item, reading) ? kParsed : kItemIncomplete;
 }
 
 }  // namespace feedloom

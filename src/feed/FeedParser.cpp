@@ -12,9 +12,9 @@ int FeedParser::Parse(const std::string& path, std::stop_token stop) {
   ParseCode code = DetectFormat(root, format_, header_.variants);
   if (code < 0) return code;
   if (format_ == FeedFormat::Opml) return kParsed;
-  code = ReadFeedHeader(root, codePage_, header_);
+  code = ReadFeedHeader(root, reading_, header_);
   if (code < 0) return code;
-  return ReadFeedItems(root, header_.variants, codePage_, std::move(stop), items_);
+  return ReadFeedItems(root, header_.variants, reading_, std::move(stop), items_);
 }
 
 }  // namespace feedloom

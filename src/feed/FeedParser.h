@@ -9,12 +9,12 @@
 
 namespace feedloom {
 
-// Parses one document. Each object is used once, by one thread. Texts are in the code page that the
-// constructor was given.
+// Parses one document. Each object is used once, by one thread. Texts are in the code page of the
+// reading that the constructor was given.
 class FeedParser {
  public:
-  explicit FeedParser(CodePage codePage, XmlLimits limits = {})
-      : codePage_(codePage), limits_(std::move(limits)) {}
+  explicit FeedParser(const FeedReading& reading, XmlLimits limits = {})
+      : reading_(reading), limits_(std::move(limits)) {}
 
   // Parses the file at `path`: RSS, RDF or Atom into the header and the items; of OPML only
   // the format is read. Returns kParsed or a negative ParseCode. After a failure the items are
@@ -31,7 +31,7 @@ class FeedParser {
   std::vector<FeedItem> TakeItems() { return std::move(items_); }
 
  private:
-  const CodePage codePage_;
+  const FeedReading reading_;
   const XmlLimits limits_;
   FeedFormat format_ = FeedFormat::Unknown;
   FeedHeader header_;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "feed/FeedItem.h"
 #include "files/Registry.h"
 #include "store/Store.h"
 #include "text/CodePage.h"
@@ -22,6 +23,7 @@ struct FetchServices {
 
   bool isLenient = false;  // HostConfig::ReadsLeniently
 
+  FeedReading Reading() const { return {TextCodePage(), isLenient}; }
   CodePage TextCodePage() const { return store->TextCodePage(); }
 };
 

@@ -106,7 +106,7 @@ void RefreshChannel(const Channel& entry, bool holdsPosts, const FetchServices& 
   const FeedVisit last = resources.memory.Last(entry.id, entry.xmlLink);
   if (MustWait(last, services.clock.Now())) return report.Ended(kDownloadFailed);
   LargeDocuments::Turn turn(resources.largeDocuments);
-  FeedParser parser(services.TextCodePage(), LimitsFor(turn, stop));
+  FeedParser parser(services.Reading(), LimitsFor(turn, stop));
   const FetchOutcome outcome = FetchFeed({.address = entry.xmlLink,
                                           .path = WorkerFilePath(services.workDir, entry.id),
                                           .known = holdsPosts ? last.validators : Validators(),
