@@ -6,11 +6,12 @@
 
 namespace feedloom {
 
-void OnKey(QWidget& widget, const QKeySequence& key, std::function<void()> run,
-           Qt::ShortcutContext where) {
+QShortcut& OnKey(QWidget& widget, const QKeySequence& key, std::function<void()> run,
+                 Qt::ShortcutContext where) {
   auto* const shortcut = new QShortcut(key, &widget);
   shortcut->setContext(where);
   QObject::connect(shortcut, &QShortcut::activated, &widget, std::move(run));
+  return *shortcut;
 }
 
 }  // namespace feedloom

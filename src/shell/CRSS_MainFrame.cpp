@@ -11,6 +11,7 @@
 #include "shell/ChannelNotice.h"
 #include "shell/Feedloom.h"
 #include "shell/FirstReading.h"
+#include "shell/FrameCommands.h"
 #include "shell/FrameKeys.h"
 #include "shell/FrameMemory.h"
 #include "shell/PaneSizes.h"
@@ -20,7 +21,7 @@
 #include "shell/SubscriptionExchange.h"
 #include "skin/Keys.h"
 #include "store/Backup.h"
-#include "ui/CommandKeys.h"
+#include "ui/Commands.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
 #include "ui/browser/EngineProxy.h"
 #include "ui/list/CRSS_RightTopContainer.h"
@@ -130,8 +131,6 @@ void CRSS_MainFrame::ConnectTree() {
   connect(left_, &CRSS_LeftContainer::SettingsWanted, this, &CRSS_MainFrame::OpenControlPanel);
   connect(left_, &CRSS_LeftContainer::NoticeIsDue, this, &CRSS_MainFrame::ShowNewPostNotification);
   connect(left_, &CRSS_LeftContainer::SearchWanted, this, [this] { rightTop_->FocusSearch(); });
-  connect(left_, &CRSS_LeftContainer::UnreadPostWanted, this,
-          [this](bool forward) { rightTop_->GoToUnread(forward); });
 }
 
 // Behind the panes.
@@ -168,9 +167,7 @@ void CRSS_MainFrame::RetryStart() {
 }
 
 void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
-  OnKeysOf(kCommandRefreshSelection, *this, [this] { left_->RefreshSelection(); });
-  OnKeysOf(kCommandRefreshAll, *this, [this] { left_->RefreshAll(); });
-  OnKeysOf(kCommandUndo, *this, [this] { left_->Undo(); });
+  new FrameCommands(*this, *this, {*left_, *rightTop_, *rightBottom_});
   auto* const keys = new FrameKeys(*this, {left_, rightTop_, rightBottom_}, {this, &right});
   keys->AddMenuKey(*left_);
   keys->AddMenuKey(*rightTop_);
@@ -180,6 +177,10 @@ void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
 
 bool CRSS_MainFrame::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate && status_.IsTreeRead()) arrivals_->LookForChanges();
+  if (event->type() == QEvent::ShortcutOverride && IsForFocus(static_cast<QKeyEvent&>(*event))) {
+    event->accept();
+    return true;
+  }
   if (event->type() != WindowMessage::kType) return VxSplitter::event(event);
   auto& message = static_cast<WindowMessage&>(*event);
   message.result = OnMessage(message.number, message.wParam, message.lParam);
@@ -220,13 +221,13 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       PlaceList();
       break;
     case kMessageRefreshAll:
-      left_->RefreshAll();
+      left_->Run(kCommandRefreshAll);
       break;
     case kMessageStopRefresh:
       refresh_.StopRun();
       break;
     case kMessageUndo:
-      left_->Undo();
+      left_->Run(kCommandUndo);
       break;
     default:
       break;

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "controls/OnKey.h"
 #include "controls/VxSplitter.h"
+#include "ui/CommandKeys.h"
 
 namespace feedloom {
 namespace {
@@ -44,15 +44,15 @@ QWidget* NextTabStop(const QWidget& frame) {
 FrameKeys::FrameKeys(QWidget& frame, std::vector<QWidget*> panes,
                      std::vector<VxSplitter*> splitters)
     : QObject(&frame), panes_(std::move(panes)), splitters_(std::move(splitters)) {
-  OnKey(frame, Qt::Key_F6, [this] { GoToPane(1); });
-  OnKey(frame, Qt::SHIFT | Qt::Key_F6, [this] { GoToPane(-1); });
-  OnKey(frame, Qt::Key_F8, [this] { GoToDivider(); });
+  OnKeysOf(kCommandNextPane, frame, [this] { GoToPane(1); });
+  OnKeysOf(kCommandPreviousPane, frame, [this] { GoToPane(-1); });
+  OnKeysOf(kCommandNextDivider, frame, [this] { GoToDivider(); });
   for (const VxSplitter* splitter : splitters_) {
     connect(splitter, &VxSplitter::HandleLeft, this, &FrameKeys::GoBack);
   }
 }
 
-void FrameKeys::AddMenuKey(QWidget& pane) { OnKey(pane, Qt::SHIFT | Qt::Key_F10, AskForMenu); }
+void FrameKeys::AddMenuKey(QWidget& pane) { OnKeysOf(kCommandOpenMenu, pane, AskForMenu); }
 
 // A pane whose view is disabled at the moment is skipped.
 void FrameKeys::GoToPane(int step) {

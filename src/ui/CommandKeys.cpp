@@ -1,35 +1,49 @@
 #include "ui/CommandKeys.h"
 
+#include <QShortcut>
+#include <algorithm>
 #include <map>
 
 #include "controls/OnKey.h"
 
 namespace feedloom {
+namespace {
 
-// A menu's command for one kind of row has the key of the command for whatever is selected.
+// A menu's command for one kind of row has the keys of the command for whatever is selected.
+int WithKeys(int command) {
+  static const std::map<int, int> kSame = {{kCommandRefreshGroup, kCommandRefreshSelection},
+                                           {kCommandRefreshChannel, kCommandRefreshSelection},
+                                           {kCommandDeleteGroup, kCommandDeleteSelection},
+                                           {kCommandDeleteChild, kCommandDeleteSelection},
+                                           {kCommandDelete, kCommandDeleteSelection},
+                                           {kCommandMarkRead, kCommandToggleRead},
+                                           {kCommandMarkUnread, kCommandToggleRead}};
+  const auto found = kSame.find(command);
+  return found == kSame.end() ? command : found->second;
+}
+
+const KeyRow* RowOf(int command) {
+  for (const KeyGroup& group : KeyTable()) {
+    const auto row = std::ranges::find(group.rows, WithKeys(command), &KeyRow::command);
+    if (row != group.rows.end()) return &*row;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
 QList<QKeySequence> KeysOf(int command) {
-  static const std::map<int, QList<QKeySequence>> kKeys = {
-      {kCommandRefreshAll, {Qt::SHIFT | Qt::Key_F5}},
-      {kCommandRefreshSelection, {Qt::Key_F5}},
-      {kCommandRefreshGroup, {Qt::Key_F5}},
-      {kCommandRefreshChannel, {Qt::Key_F5}},
-      {kCommandDeleteSelection, {Qt::Key_Delete}},
-      {kCommandDeleteGroup, {Qt::Key_Delete}},
-      {kCommandDeleteChild, {Qt::Key_Delete}},
-      {kCommandDelete, {Qt::Key_Delete}},
-      {kCommandUndo, QKeySequence::keyBindings(QKeySequence::Undo)},
-      {kCommandFindInPage, QKeySequence::keyBindings(QKeySequence::Find)},
-      {kCommandPrint, QKeySequence::keyBindings(QKeySequence::Print)},
-      {kCommandZoomIn, QKeySequence::keyBindings(QKeySequence::ZoomIn)},
-      {kCommandZoomOut, QKeySequence::keyBindings(QKeySequence::ZoomOut)},
-      {kCommandZoomNormal, {Qt::CTRL | Qt::Key_0}}};
-  const auto found = kKeys.find(command);
-  return found == kKeys.end() ? QList<QKeySequence>() : found->second;
+  const KeyRow* const row = RowOf(command);
+  return row != nullptr ? row->keys : QList<QKeySequence>();
 }
 
 void OnKeysOf(int command, QWidget& widget, const std::function<void()>& run,
               Qt::ShortcutContext where) {
-  for (const QKeySequence& key : KeysOf(command)) OnKey(widget, key, run, where);
+  const KeyRow* const row = RowOf(command);
+  if (row == nullptr) return;
+  for (const QKeySequence& key : row->keys) {
+    OnKey(widget, key, run, where).setAutoRepeat(row->repeats);
+  }
 }
 
 }  // namespace feedloom

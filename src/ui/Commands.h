@@ -40,6 +40,20 @@ enum Command {
   kCommandDeleteSelection,
   kCommandDirectory,
   kCommandUndo,
+  kCommandNextUnread,
+  kCommandPreviousUnread,
+  kCommandScreenOn,
+  kCommandScreenBack,
+  kCommandToggleRead,
+  kCommandOpenPost,
+  kCommandShowPost,
+  kCommandSelectAll,
+  kCommandFocusSearch,
+  kCommandNextPane,
+  kCommandPreviousPane,
+  kCommandNextDivider,
+  kCommandOpenMenu,
+  kCommandKeySheet,
 
   // Commands of the browser's menu and keys.
   kCommandOpenOutside,
@@ -51,6 +65,10 @@ enum Command {
   kCommandZoomOut,
   kCommandZoomNormal,
   kCommandStopDownloads,
+  kCommandGoBack,
+  kCommandGoForward,
+  kCommandFocusAddress,
+  kCommandStopLoad,
 };
 
 }  // namespace feedloom

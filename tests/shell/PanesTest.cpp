@@ -94,6 +94,42 @@ TEST_F(Panes, APostGlimpsedFromTheTreeIsReadWhenTheKeyboardGoesToListOrPage) {
   }
 }
 
+TEST_F(Panes, LettersGiveTheirCommandsWhereverTheKeyboardIsButWhereOneTypes) {
+  AddPosts(1, 4);
+  server_.Serve("/form",
+                "<p id=said></p><input autofocus onfocus='said.textContent = \"ready\"' "
+                "oninput='said.textContent = value'>",
+                "text/html");
+  CreateFrame();
+  Select("Feedloom 시작하기(4)");
+  const auto read = [this] { return Sql("select sum(post_readStatus) from TB_POST"); };
+  EXPECT_TRUE(Shows("Text 1"));
+  Press("F6, F6, J");  // from the tree to the page
+  EXPECT_EQ(List().currentIndex().data(), "Post 2");
+  EXPECT_TRUE(Shows("Text 2"));
+  EXPECT_EQ(read(), "2");
+  Press("M");
+  EXPECT_EQ(read(), "1");
+  Press("Space");  // the page is short
+  EXPECT_TRUE(WaitUntil([this] { return List().currentIndex().data() == "Post 3"; }));
+  auto& button = *frame_->findChild<QAbstractButton*>();
+  QSignalSpy presses(&button, &QAbstractButton::pressed);
+  button.setFocus();
+  Press("Space, K");
+  EXPECT_EQ(presses.count(), 1);
+  EXPECT_EQ(List().currentIndex().data(), "Post 2");
+  Tree().setFocus();
+  Press("Ctrl+F, N, M, Space, Delete, ?");
+  EXPECT_EQ(dynamic_cast<QLineEdit&>(*QApplication::focusWidget()).text(), "nm ?");
+  Press("Ctrl+L");
+  dynamic_cast<QLineEdit&>(*QApplication::focusWidget()).setText(server_.Url("/form").c_str());
+  Press("Return");
+  EXPECT_TRUE(Shows("ready"));
+  Press("N, M, Space, O");
+  EXPECT_TRUE(Shows("nm o"));
+  EXPECT_EQ(List().currentIndex().data(), "Post 2");
+}
+
 TEST_F(Panes, WhatOnePaneTellsTheOthersShow) {
   server_.Serve("/search", "[TO]0[QK]");
   lookup_.HostGetText = [this, texts = lookup_.HostGetText](const char* section, const char* key) {

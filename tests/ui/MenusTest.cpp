@@ -31,7 +31,8 @@ TEST(Menus, ShowTheirItemsInOrderAndHandOverTheChosenCommand) {
       "Add [Add channel… 6, Add folder… 7, Add cabinet… 2e]; Today's new posts 35; Import OPML "
       "[From a file… 27, From an address… 28], Export OPML… 2b; Synchronise with the handset… 2a; "
       "Settings… 2d",
-      "Mark as read 2f, Mark as unread 30, Delete Del 31, Delete all 32, Clip to a cabinet… 36"};
+      "Mark as read M 2f, Mark as unread M 30, Delete Del 31, Delete all 32, Clip to a cabinet… S "
+      "36"};
   const ShippedSkin english("ENG");
   for (int i = 0; i < 6; ++i) {
     QWidget parent;

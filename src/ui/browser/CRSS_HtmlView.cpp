@@ -257,6 +257,14 @@ void CRSS_HtmlView::ScrollShown() {
     engine_->page.runJavaScript(ScrollScript(place), QWebEngineScript::ApplicationWorld);
 }
 
+void CRSS_HtmlView::ScrollScreen(bool isOn, std::function<void(bool)> onScrolled) {
+  engine_->page.Ask(ScrollScreenScript(isOn),
+                    [this, load = engine_->page.Load().number,
+                     onScrolled = std::move(onScrolled)](const QVariant& hasMoved) {
+                      if (load == engine_->page.Load().number) onScrolled(hasMoved.toBool());
+                    });
+}
+
 void CRSS_HtmlView::Find(const QString& text, bool backward) {
   engine_->page.findText(text,
                          backward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags());

@@ -101,6 +101,8 @@ class CRSS_HtmlView : public QWidget {
   // that was requested last, when it is drawn, unless another one is requested before.
   QPointF Scrolled() const;
   void ScrollWhenShown(const QPointF& place);
+  // Scrolls as CRSS_RightBottomContainer::ScrollScreen does.
+  void ScrollScreen(bool isOn, std::function<void(bool)> onScrolled);
   // Highlights all matches of `text`, scrolls to the next one, or the previous one with `backward`,
   // and emits FoundInPage. An empty text ends the search.
   void Find(const QString& text, bool backward);

@@ -6,7 +6,6 @@
 #include <QVBoxLayout>
 #include <map>
 
-#include "controls/OnKey.h"
 #include "look/QtText.h"
 #include "look/SkinFont.h"
 #include "look/SkinText.h"
@@ -163,16 +162,38 @@ void CRSS_RightBottomContainer::ConnectBars() {
 }
 
 void CRSS_RightBottomContainer::SetUpKeys() {
-  for (const int command :
-       {kCommandFindInPage, kCommandPrint, kCommandZoomIn, kCommandZoomOut, kCommandZoomNormal}) {
-    OnKeysOf(command, *this, [this, command] { commands_->Run(command); });
-  }
-  OnKey(*this, Qt::CTRL | Qt::Key_L, [this] { toolbar_->FocusAddress(); });
-  OnKey(*this, Qt::ALT | Qt::Key_Left, [this] { view_->GoBack(); });
-  OnKey(*this, Qt::ALT | Qt::Key_Right, [this] { view_->GoForward(); });
-  OnKey(*view_, Qt::Key_Escape, [this] {
+  OnKeysOf(kCommandFindInPage, *this, [this] { commands_->Run(kCommandFindInPage); });
+  OnKeysOf(kCommandStopLoad, *view_, [this] {
     if (view_->IsLoading()) view_->Stop();  // the key belongs to the page: downloads continue
   });
+}
+
+void CRSS_RightBottomContainer::RunCommand(int command) {
+  switch (command) {
+    case kCommandGoBack:
+      return view_->GoBack();
+    case kCommandGoForward:
+      return view_->GoForward();
+    case kCommandFocusAddress:
+      return toolbar_->FocusAddress();
+    case kCommandOpenPost:
+      return OpenPost();
+    default:
+      return commands_->Run(command);
+  }
+}
+
+void CRSS_RightBottomContainer::OpenPost() {
+  if (!shownPost_) return;
+  const std::string& link = shownPost_->post.link;
+  const QUrl address(ToQString(desk_.GetStore().TextCodePage(), link));
+  if (IsWebAddress(address)) return commands_->OpenExternally(address);
+  desk_.ReportMessage(
+      StatusText(desk_.GetSkin(), BrowserReport::LinkRefused, address.toDisplayString()));
+}
+
+void CRSS_RightBottomContainer::ScrollScreen(bool isOn, std::function<void(bool)> onScrolled) {
+  view_->ScrollScreen(isOn, std::move(onScrolled));
 }
 
 // What the pane shows.

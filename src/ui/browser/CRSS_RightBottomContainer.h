@@ -4,6 +4,7 @@
 
 #include <QUrl>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -49,6 +50,13 @@ class CRSS_RightBottomContainer : public QWidget {
   void ShowEmptyPage();
   void ShowPost(const PostRow& post);
 
+  // Runs the command with this number of ui/Commands.h for the page, or the post, on display.
+  void RunCommand(int command);
+  // Scrolls the page by nine tenths of its height, back when `isOn` is false. Calls `onScrolled`
+  // with whether it has moved, unless another page is shown, or the pane ended, before. A focused
+  // control of the page, which this key would press, is pressed instead.
+  void ScrollScreen(bool isOn, std::function<void(bool)> onScrolled);
+
   // What is to be remembered of the pane, and its taking up, which shows no post.
   PageMemory Memory() const;
   void Recall(const PageMemory& memory);
@@ -81,6 +89,7 @@ class CRSS_RightBottomContainer : public QWidget {
   void ConnectView();
   void ConnectBars();
   void SetUpKeys();
+  void OpenPost();
   void Run(BrowserCommand command);
   void Go();
   void WritePage(PageToWrite page);

@@ -51,6 +51,19 @@ constexpr char kWatchPage[] = R"((() => {
 
 // The server of a post's picture is not that of the page; but what is found here, such as an image
 // of the skin, is not asked for there.
+constexpr char kScrollScreen[] = R"((() => {
+  const active = Object.getOwnPropertyDescriptor(Document.prototype, 'activeElement');
+  const focused = active.get.call(document);
+  if (focused && Element.prototype.matches.call(
+      focused, 'button,input,select,summary,audio,video,[role=button]')) {
+    HTMLElement.prototype.click.call(focused);
+    return true;
+  }
+  const before = window.scrollY;
+  window.scrollBy({top: %1 * 0.9 * window.innerHeight, behavior: 'instant'});
+  return window.scrollY !== before;
+})())";
+
 constexpr char kFindPictures[] = R"((() => {
   const origin = new URLSearchParams(location.search).get('feedloom');
   if (location.protocol !== 'feedloom:' || !origin) return;
@@ -153,6 +166,8 @@ QString ScrollScript(const QPointF& place) {
       .arg(place.x())
       .arg(place.y());
 }
+
+QString ScrollScreenScript(bool isOn) { return QString(kScrollScreen).arg(isOn ? 1 : -1); }
 
 QString RemoveFramesScript() {
   return QStringLiteral(

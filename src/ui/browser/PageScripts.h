@@ -61,6 +61,10 @@ QString TellWhenDrawnScript(const QString& mark);
 // Scrolls the page to this place, in its own pixels.
 QString ScrollScript(const QPointF& place);
 
+// Scrolls the page by nine tenths of its height, or back, and evaluates to whether it has moved. A
+// focused control is clicked instead, which counts as moved.
+QString ScrollScreenScript(bool isOn);
+
 // Removes all frames and media elements of the page.
 QString RemoveFramesScript();
 

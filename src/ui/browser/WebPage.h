@@ -53,6 +53,10 @@ class WebPage : public QWebEnginePage {
   // first.
   void Act(const PageAction& action);
 
+  // Runs a script of ui/browser/PageScripts.h and calls `onAnswer` with its value, unless the page
+  // object is deleted first.
+  void Ask(const QString& script, std::function<void(const QVariant&)> onAnswer);
+
   // The generated page on display; none for a web page and for the main page.
   std::optional<GeneratedPage> Generated() const;
   // The address that a link of the page on display means: in a post it may be relative.
@@ -94,7 +98,6 @@ class WebPage : public QWebEnginePage {
   bool IsMediaLink(const Navigation& navigation) const;
   void Begin(const Navigation& navigation, bool isUsers);
   void HandleUnfollowed(const QUrl& target, NavigationVerdict verdict);
-  void Ask(const QString& script, std::function<void(const QVariant&)> onAnswer);
   void RunIfUserActive(const std::function<void()>& run);
   void PlayOrSaveMedia(const QUrl& media);
   bool AreScriptsAllowed() const;

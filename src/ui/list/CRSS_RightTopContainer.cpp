@@ -9,7 +9,6 @@
 
 #include "controls/CVxListCtrl.h"
 #include "controls/ColumnFill.h"
-#include "controls/OnKey.h"
 #include "look/QtText.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
@@ -100,19 +99,13 @@ void CRSS_RightTopContainer::SetTwoLines(bool areTwo) {
   if (isCurrentSeen) list_.scrollTo(list_.currentIndex());
 }
 
-// These are shortcuts because the view would use a letter key to search for a title.
 void CRSS_RightTopContainer::SetUpKeys() {
-  const auto onListKey = [this](const QKeySequence& key, auto run) {
-    OnKey(list_, key, run, Qt::WidgetShortcut);
+  const auto onListKey = [this](int command, auto run) {
+    OnKeysOf(command, list_, run, Qt::WidgetShortcut);
   };
-  onListKey(Qt::Key_Return, [this] { commands_.ShowCurrent(); });
-  onListKey(Qt::Key_Enter, [this] { commands_.ShowCurrent(); });
-  OnKeysOf(
-      kCommandDelete, list_, [this] { commands_.Run(kCommandDelete); }, Qt::WidgetShortcut);
-  onListKey(Qt::Key_N, [this] { GoToUnread(true); });
-  onListKey(Qt::Key_P, [this] { GoToUnread(false); });
-  onListKey(QKeySequence::SelectAll, [this] { list_.selectAll(); });
-  OnKey(*this, QKeySequence::Find, [this] { FocusSearch(); });
+  onListKey(kCommandShowPost, [this] { commands_.ShowCurrent(); });
+  onListKey(kCommandSelectAll, [this] { list_.selectAll(); });
+  OnKeysOf(kCommandFocusSearch, *this, [this] { FocusSearch(); });
 }
 
 void CRSS_RightTopContainer::Fill(PostList list) {

@@ -46,6 +46,9 @@ class CRSS_RightTopContainer : public QWidget {
   // calls Reading::GoToUnreadRow. Does nothing while a search of the web directory runs.
   void GoToUnread(bool forward);
 
+  // Runs the command with this number of ui/Commands.h for the selected posts.
+  void Run(int command) { commands_.Run(command); }
+
   // Shows the rows on two lines each, without columns and headings, or in columns.
   void SetTwoLines(bool areTwo);
 

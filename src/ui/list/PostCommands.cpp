@@ -86,6 +86,8 @@ void PostCommands::Run(int command, const std::optional<MenuPost>& post) {
       return MarkSelected(1);
     case kCommandMarkUnread:
       return MarkSelected(0);
+    case kCommandToggleRead:
+      return ToggleRead();
     case kCommandDelete:
       return Delete(ActedRows(), kTextDeletePosts);
     case kCommandDeleteAll:
@@ -104,6 +106,11 @@ std::optional<Menu> PostCommands::ContextMenu(const QModelIndex& row) {
                    .rows = model_.rowCount(),
                    .selected = static_cast<int>(selected.size()),
                    .isRead = !selected.empty() && model_.IsReadAt(selected.front())});
+}
+
+void PostCommands::ToggleRead() {
+  const auto isRead = [this](int row) { return model_.IsReadAt(row); };
+  MarkSelected(std::ranges::all_of(ActedRows(), isRead) ? 0 : 1);
 }
 
 void PostCommands::MarkSelected(int status) {

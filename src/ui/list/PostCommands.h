@@ -62,6 +62,7 @@ class PostCommands {
   void Display(int row, bool isGlimpse);
   void ShowReached();
   void MarkRead(int row, const PostRow& post);
+  void ToggleRead();
   void MarkSelected(int status);
   void Reload();
   void Delete(const std::vector<int>& rows, const char* question);

@@ -9,7 +9,6 @@
 #include <iterator>
 #include <utility>
 
-#include "controls/OnKey.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "store/Posts.h"
@@ -68,7 +67,7 @@ CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subsc
   setFocusProxy(tree_);
   tree_->setAccessibleName(SkinText(desk.GetSkin(), kTextTreeName));
   updateTimer_->setSingleShot(true);
-  connect(updateTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::RefreshAll);
+  connect(updateTimer_, &QTimer::timeout, this, [this] { Run(kCommandRefreshAll); });
   connect(notificationTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::NoticeIsDue);
   connect(tree_, &CRSS_GroupTreeCtrl::RowSelected, this,
           [this] { ListSelectedPosts(FirstPost::First); });
@@ -77,7 +76,7 @@ CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subsc
   });
   connect(tree_, &CRSS_GroupTreeCtrl::MenuRequested, this, &CRSS_LeftContainer::ShowRowMenu);
   SetUpToolBar();
-  SetUpKeys();
+  OnKeysOf(kCommandFocusSearch, *this, [this] { emit SearchWanted(); });
   CountChanges();
   RestartUpdateTimer();
   RestartNotificationTimer();
@@ -102,18 +101,6 @@ void CRSS_LeftContainer::SetUpToolBar() {
                      toolbar_->mapToGlobal(toolbar_->MenuPosition()), this,
                      [this](int command) { commands_.Run(command); });
           });
-}
-
-// These are shortcuts because the tree would use a letter key to search for a name.
-void CRSS_LeftContainer::SetUpKeys() {
-  OnKeysOf(kCommandDeleteSelection, *tree_, [this] { commands_.Run(kCommandDeleteSelection); });
-  const auto goToUnread = [this](bool forward) {
-    tree_->Settle();
-    emit UnreadPostWanted(forward);
-  };
-  OnKey(*tree_, Qt::Key_N, [goToUnread] { goToUnread(true); });
-  OnKey(*tree_, Qt::Key_P, [goToUnread] { goToUnread(false); });
-  OnKey(*this, QKeySequence::Find, [this] { emit SearchWanted(); });
 }
 
 // Marks and states are not read together with what a revision is for.
@@ -155,9 +142,9 @@ void CRSS_LeftContainer::ShowUndone(const std::optional<UndoableRow>& row) {
   ReloadSelection();
 }
 
-void CRSS_LeftContainer::RefreshAll() { commands_.Run(kCommandRefreshAll); }
+void CRSS_LeftContainer::Run(int command) { commands_.Run(command); }
 
-void CRSS_LeftContainer::RefreshSelection() { commands_.Run(kCommandRefreshSelection); }
+void CRSS_LeftContainer::Settle() { tree_->Settle(); }
 
 void CRSS_LeftContainer::RestartUpdateTimer() {
   Restart(*updateTimer_, UpdatePeriod(desk_.State().liveSettings));

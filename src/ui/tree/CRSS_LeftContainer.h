@@ -46,14 +46,14 @@ class CRSS_LeftContainer : public QWidget {
   // it shows that row's posts.
   void UpdateTree(const TreeContent& content);
 
-  // These queue channels in the order of their rows and start the refresh. A channel that is queued
-  // already is not queued again. RefreshAll: all channels; RefreshSelection: those of the selected
-  // row.
-  void RefreshAll();
-  void RefreshSelection();
+  // Runs the command with this number of ui/Commands.h for the selected row, or the whole tree. A
+  // refresh queues channels in the order of their rows; one that is queued already is skipped.
+  void Run(int command);
+  // Lists the row to which keys have come, without waiting for their rest.
+  void Settle();
 
   // Restarts the update timer with the period in State().liveSettings, or stops it when the
-  // settings turn it off. The timer fires once and calls RefreshAll.
+  // settings turn it off. The timer fires once and refreshes all channels.
   void RestartUpdateTimer();
   // Restarts or stops the notification timer in the same way. The timer fires periodically and
   // emits NoticeIsDue.
@@ -93,8 +93,6 @@ class CRSS_LeftContainer : public QWidget {
   void AppendChannel(ChannelRow channel);
   void MoveChannel(int channelId, int folderId);
 
-  // Undoes the last step.
-  void Undo() { commands_.Run(kCommandUndo); }
   // As Reading::ShowUndone.
   void ShowUndone(const std::optional<UndoableRow>& row);
 
@@ -142,8 +140,6 @@ class CRSS_LeftContainer : public QWidget {
   void SettingsWanted();
   void NoticeIsDue();
   void SearchWanted();  // the keyboard is to go to the search box
-  // Shows the next unread post of the list, the previous one when `forward` is false.
-  void UnreadPostWanted(bool forward);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -151,7 +147,6 @@ class CRSS_LeftContainer : public QWidget {
 
  private:
   void SetUpToolBar();
-  void SetUpKeys();
   void CountChanges();
   void ListSelectedPosts(FirstPost shown);
   bool SelectQuietly(const QModelIndex& row);

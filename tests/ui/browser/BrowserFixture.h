@@ -9,6 +9,7 @@
 #include "kit/FeedServer.h"
 #include "look/QtText.h"
 #include "look/SkinText.h"
+#include "ui/CommandKeys.h"
 #include "ui/Fakes.h"
 #include "ui/browser/BrowserServices.h"
 #include "ui/browser/CRSS_HtmlView.h"
@@ -57,6 +58,9 @@ struct BrowserFixture : testing::Test {
     pane_.show();
     pane_.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&pane_));
+    for (const int command : {kCommandPrint, kCommandZoomIn, kCommandZoomOut, kCommandZoomNormal,
+                              kCommandGoBack, kCommandGoForward, kCommandFocusAddress})
+      OnKeysOf(command, pane_, [this, command] { pane_.RunCommand(command); });  // the frame's keys
   }
 
   QString FilePath(const QString& name) const {

@@ -6,6 +6,7 @@
 
 #include "controls/CVxComboBox.h"
 #include "controls/CVxListCtrl.h"
+#include "ui/CommandKeys.h"
 #include "ui/Fakes.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/list/CRSS_RightTopToolBarWnd.h"
@@ -39,6 +40,11 @@ struct PostListPane : testing::Test {
     pane_.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&pane_));
     list_.setFocus();
+    // The frame's keys.
+    OnKeysOf(kCommandNextUnread, pane_, [this] { pane_.GoToUnread(true); });
+    OnKeysOf(kCommandPreviousUnread, pane_, [this] { pane_.GoToUnread(false); });
+    OnKeysOf(kCommandDelete, pane_, [this] { pane_.Run(kCommandDelete); });
+    OnKeysOf(kCommandToggleRead, pane_, [this] { pane_.Run(kCommandToggleRead); });
   }
 
   // Unread posts "Post <newest>" down to "Post 1" that are not in the store; the number is the id.

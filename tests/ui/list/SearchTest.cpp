@@ -143,7 +143,7 @@ TEST_F(SearchTest, APaneThatGoesWhileTheUserIsAskedOrASearchRunsIsNotTouched) {
   }
   pane->Fill(NumberedPosts(3));
   pane->findChild<CVxListCtrl*>()->selectAll();
-  pane->findChild<CVxListCtrl*>()->findChildren<QShortcut*>()[2]->activated();
+  pane->Run(kCommandDelete);
   EXPECT_EQ(pane, nullptr);
 }
 

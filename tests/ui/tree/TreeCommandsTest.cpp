@@ -112,7 +112,7 @@ TEST_F(TreeCommandsTest, WithoutAWebDirectoryItsButtonIsGreyAndSaysWhy) {
 TEST_F(TreeCommandsTest, TheUpdateButtonQueuesEachChannelOnceAsItIsStored) {
   Open();
   Click(PlaceOf("Weekly"));
-  pane->RefreshSelection();
+  pane->Run(kCommandRefreshSelection);
   buttons[CRSS_LeftToolBarWnd::kUpdate]->click();
   EXPECT_EQ(frame.refreshes, 2);
   const auto entry = frame.queue.Claim();
@@ -149,9 +149,11 @@ TEST_F(TreeCommandsTest, DeletingAsksFirstAndSparesWhatARefreshOrTheHostNeeds) {
   for (const auto& [label, agrees, refreshes, questions, rows, posts, unread] : cases) {
     frame.questions.clear();
     frame.nextAnswer = agrees ? MsgBoxAnswer::Consented : MsgBoxAnswer::Declined;
-    frame.whileAsking = [this, queues = refreshes] { return queues ? pane->RefreshAll() : void(); };
+    frame.whileAsking = [this, queues = refreshes] {
+      if (queues) pane->Run(kCommandRefreshAll);
+    };
     Click(PlaceOf(label));
-    Press(Qt::Key_Delete);
+    pane->Run(kCommandDeleteSelection);
     EXPECT_EQ(frame.questions, questions) << label;
     EXPECT_NE(Rows().find(rows), std::string::npos) << Rows();
     EXPECT_EQ(frame.db.Count("TB_POST"), posts);

@@ -1,0 +1,74 @@
+#include "ui/dialogs/KeySheet.h"
+
+#include <QHeaderView>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "controls/CButtonEx.h"
+#include "controls/CVxDialog.h"
+#include "look/SkinText.h"
+#include "skin/Keys.h"
+#include "skin/Skin.h"
+#include "ui/CommandKeys.h"
+
+namespace feedloom {
+namespace {
+
+constexpr QSize kFirstSize(620, 560);
+constexpr int kMargin = 20;
+constexpr int kGap = 12;
+constexpr int kKeyWidth = 180;
+
+QString KeysText(const Skin& skin, const KeyRow& row) {
+  return row.gesture != nullptr
+             ? SkinText(skin, *row.gesture)
+             : QKeySequence::listToString(row.keys, QKeySequence::NativeText).replace("; ", ", ");
+}
+
+class KeySheet : public CVxDialog {
+ public:
+  KeySheet(const Skin& skin, QWidget* parent)
+      : CVxDialog(skin, kTextKeySheetTitle, parent), list_(*new QTreeWidget(this)) {
+    list_.setAccessibleName(windowTitle());
+    list_.setColumnCount(2);
+    list_.setHeaderHidden(true);
+    list_.setRootIsDecorated(false);
+    list_.setColumnWidth(0, kKeyWidth);
+    for (const KeyGroup& group : KeyTable()) Add(group);
+    list_.expandAll();
+    LayOut();
+    resize(kFirstSize);
+  }
+
+ private:
+  void Add(const KeyGroup& group) {
+    auto* const title = new QTreeWidgetItem(&list_, {SkinText(GetSkin(), *group.title)});
+    title->setFirstColumnSpanned(true);
+    QFont bold = font();
+    bold.setBold(true);
+    title->setFont(0, bold);
+    for (const KeyRow& row : group.rows) {
+      new QTreeWidgetItem(title, {KeysText(GetSkin(), row), SkinText(GetSkin(), *row.deed)});
+    }
+  }
+
+  void LayOut() {
+    auto* const close = MakeButton(kSectionDirectory, kButtonDirectoryClose, kTextDirectoryClose);
+    connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    column->setSpacing(kGap);
+    column->addWidget(&list_, 1);
+    column->addWidget(close, 0, Qt::AlignRight);
+  }
+
+  QTreeWidget& list_;
+};
+
+}  // namespace
+
+void ShowKeySheet(const Skin& skin, QWidget* parent) {
+  RunDialog(new KeySheet(skin, parent), [] {});
+}
+
+}  // namespace feedloom
