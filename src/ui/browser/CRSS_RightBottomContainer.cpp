@@ -1,5 +1,6 @@
 #include "ui/browser/CRSS_RightBottomContainer.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QPainter>
 #include <QPointer>
@@ -7,10 +8,10 @@
 #include <map>
 
 #include "look/QtText.h"
+#include "look/SkinDrawing.h"
 #include "look/SkinFont.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
-#include "ui/CommandKeys.h"
 #include "ui/Desk.h"
 #include "ui/Subscribing.h"
 #include "ui/browser/BrowserServices.h"
@@ -28,6 +29,13 @@
 
 namespace feedloom {
 namespace {
+
+constexpr int kRingWidth = 2;
+
+bool HasKeyboard(const QWidget& view) {
+  const QWidget* const focus = QApplication::focusWidget();
+  return focus != nullptr && view.isAncestorOf(focus);
+}
 
 QString FilePath(const std::string& path) {
   return QFile::decodeName(QByteArray::fromStdString(path));
@@ -114,6 +122,7 @@ CRSS_RightBottomContainer::CRSS_RightBottomContainer(Desk& desk, Subscribing& su
     view_->setFocus();
     toolbar_->SetAddress(shownAddress_);
   });
+  connect(qApp, &QApplication::focusChanged, this, [this] { update(); });  // the ring
   ConnectView();
   ConnectBars();
   SetUpKeys();
@@ -159,41 +168,6 @@ void CRSS_RightBottomContainer::ConnectBars() {
   connect(mediaBar_, &MediaBar::PlayerWanted, this,
           [this](const QUrl& media) { commands_->OpenInPlayer(media); });
   connect(findBar_, &FindBar::Closed, this, [this] { view_->setFocus(); });
-}
-
-void CRSS_RightBottomContainer::SetUpKeys() {
-  OnKeysOf(kCommandFindInPage, *this, [this] { commands_->Run(kCommandFindInPage); });
-  OnKeysOf(kCommandStopLoad, *view_, [this] {
-    if (view_->IsLoading()) view_->Stop();  // the key belongs to the page: downloads continue
-  });
-}
-
-void CRSS_RightBottomContainer::RunCommand(int command) {
-  switch (command) {
-    case kCommandGoBack:
-      return view_->GoBack();
-    case kCommandGoForward:
-      return view_->GoForward();
-    case kCommandFocusAddress:
-      return toolbar_->FocusAddress();
-    case kCommandOpenPost:
-      return OpenPost();
-    default:
-      return commands_->Run(command);
-  }
-}
-
-void CRSS_RightBottomContainer::OpenPost() {
-  if (!shownPost_) return;
-  const std::string& link = shownPost_->post.link;
-  const QUrl address(ToQString(desk_.GetStore().TextCodePage(), link));
-  if (IsWebAddress(address)) return commands_->OpenExternally(address);
-  desk_.ReportMessage(
-      StatusText(desk_.GetSkin(), BrowserReport::LinkRefused, address.toDisplayString()));
-}
-
-void CRSS_RightBottomContainer::ScrollScreen(bool isOn, std::function<void(bool)> onScrolled) {
-  view_->ScrollScreen(isOn, std::move(onScrolled));
 }
 
 // What the pane shows.
@@ -345,6 +319,8 @@ void CRSS_RightBottomContainer::resizeEvent(QResizeEvent* /*event*/) {
 void CRSS_RightBottomContainer::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   DrawPaneFrame(painter, rect(), toolbar_->Height(), border_);
+  if (!HasKeyboard(*view_)) return;
+  DrawSkinFocus(painter, palette(), ViewArea(rect(), toolbar_->Height()), -kRingWidth);
 }
 
 }  // namespace feedloom

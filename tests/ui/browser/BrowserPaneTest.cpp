@@ -1,6 +1,7 @@
 // What the pane shows, and how its toolbar and the host's status text go along.
 #include <QWebEngineHistory>
 
+#include "look/PaneFrame.h"
 #include "ui/browser/BrowserFixture.h"
 
 namespace feedloom {
@@ -170,6 +171,17 @@ TEST_F(BrowserPane, TabWalksTheBarInReadingOrderAndAHeldKeyDoesNothingInTheAddre
     QApplication::sendEvent(&Address(), &held);
   }
   EXPECT_EQ(commands.count() + leavings.count(), 0);
+}
+
+TEST_F(BrowserPane, ARingShowsThatThePageHasTheKeyboard) {
+  const int x = ViewArea(pane_.rect(), toolbar_.Height()).left() - 2;
+  const auto hasRing = [&] {
+    return pane_.grab().toImage().pixelColor(x, 200) == pane_.palette().color(QPalette::Link);
+  };
+  Surface().setFocus();
+  EXPECT_TRUE(hasRing());
+  toolbar_.FocusAddress();
+  EXPECT_FALSE(hasRing());
 }
 
 TEST_F(BrowserPane, KeysChangeThePagesSizeWithinItsLimits) {
