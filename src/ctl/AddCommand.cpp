@@ -33,7 +33,7 @@ int FolderFor(Session& session, const std::string& name) {
 }
 
 const char* Reason(const FetchOutcome& outcome) {
-  return outcome.result == kDownloadFailed ? outcome.error.c_str() : "this is not a feed";
+  return outcome.error.empty() ? "this is not a feed" : outcome.error.c_str();
 }
 
 // Returns the channel as the feed at `address` describes it. When there is no feed, prints an error

@@ -37,7 +37,9 @@ Json FeedJson(const Session& session, const FeedParser& parser, int result) {
 }
 
 int PrintFeed(const Session& session, const FeedParser& parser, int result) {
-  PrintJson(FeedJson(session, parser, result));
+  Json feed = FeedJson(session, parser, result);
+  if (!parser.Error().empty()) feed["error"] = parser.Error();
+  PrintJson(feed);
   return result < 0 ? kFailure : kSuccess;
 }
 

@@ -1,8 +1,11 @@
 #include "feed/FeedItem.h"
 
+#include "feed/PostTitle.h"
+
 namespace feedloom {
 
-bool CompleteItem(FeedItem& item, const FeedReading& /*reading*/) {
+bool CompleteItem(FeedItem& item, const FeedReading& reading) {
+  if (item.title.empty() && reading.isLenient) item.title = MadeUpTitle(item, reading.codePage);
   return !item.title.empty() && !item.link.empty();
 }
 

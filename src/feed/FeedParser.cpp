@@ -1,9 +1,12 @@
 #include "feed/FeedParser.h"
 
 namespace feedloom {
+
 int FeedParser::Parse(const std::string& path, std::stop_token stop) {
   XmlDocument document;
-  const XmlDocument::LoadStatus status = document.Load(path, stop, limits_);
+  const XmlFaults faults = reading_.isLenient ? XmlFaults::Mended : XmlFaults::Refused;
+  const XmlDocument::LoadStatus status = document.Load(path, stop, limits_, faults);
+  error_ = document.Excess();
   if (stop.stop_requested()) return kParseStopped;
   if (status == XmlDocument::LoadStatus::OutOfMemory) return kDocumentNotCreated;
   if (status != XmlDocument::LoadStatus::Loaded) return kDocumentUnreadable;

@@ -21,6 +21,10 @@ class FeedParser {
   // incomplete.
   [[nodiscard]] int Parse(const std::string& path, std::stop_token stop = {});
 
+  // Why the document was refused, in English, where there is more to say than the code does; else
+  // empty.
+  const std::string& Error() const { return error_; }
+
   // The document's format; Unknown when Parse has not recognised the root element.
   FeedFormat GetFormat() const { return format_; }
   bool IsFeed() const { return format_ == FeedFormat::Rss || format_ == FeedFormat::Atom; }
@@ -33,6 +37,7 @@ class FeedParser {
  private:
   const FeedReading reading_;
   const XmlLimits limits_;
+  std::string error_;
   FeedFormat format_ = FeedFormat::Unknown;
   FeedHeader header_;
   std::vector<FeedItem> items_;

@@ -70,6 +70,7 @@ FetchOutcome FetchFeedFile(const FeedRequest& request, const FetchServices& serv
   if (!outcome.isNew) return outcome;
   outcome.validators = std::move(download.validators);
   outcome.parseCode = parser.Parse(request.path, std::move(stop));
+  outcome.error = parser.Error();
   if (outcome.parseCode < 0 || !parser.IsFeed()) outcome.result = kDocumentRefused;
   return outcome;
 }

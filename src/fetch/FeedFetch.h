@@ -32,7 +32,7 @@ struct FeedRequest {
 struct FetchOutcome {
   ChannelResult result;        // kChannelRefreshed, kDownloadFailed or kDocumentRefused
   int parseCode;               // a ParseCode; kParsed when nothing was parsed
-  std::string error;           // why the download failed, in English; else empty
+  std::string error;           // why it failed, in English; empty when the result says it all
   std::string address = {};    // the document's, after redirects; empty when the download failed
   bool isNew = true;           // false: the server has answered 304, and nothing was parsed
   Validators validators = {};  // of the new document

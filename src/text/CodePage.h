@@ -1,4 +1,4 @@
-// The 8-bit code page of the module's texts, and the only place where texts change encoding.
+// The 8-bit code page of the module's texts, and the only place where these change encoding.
 #pragma once
 
 #include <cstddef>

@@ -1,19 +1,20 @@
 #include "xml/XmlDom.h"
 
 #include <fcntl.h>
-#include <libxml/parser.h>
-#include <libxml/parserInternals.h>
 #include <libxml/tree.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-
 #include "text/Text.h"
-#include "xml/XmlLibrary.h"
-#include "xml/XmlMemoryLimit.h"
+#include "xml/XmlEncoding.h"
+#include "xml/XmlMending.h"
+#include "xml/XmlParse.h"
 
 namespace feedloom {
 namespace {
+
+// A faulty document may take five times its bytes once it is mended, beside its tree.
+constexpr std::size_t kMostMended = 4u << 20;
 
 std::string_view View(const xmlChar* text) {
   return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
@@ -56,56 +57,71 @@ std::string AttributeText(const xmlAttr* attribute) {
   return value;
 }
 
-// Declares an entity of the document. An external entity is declared as an empty one: the document
-// remains readable, and no other file is read.
-void DeclareEntity(void* context, const xmlChar* name, int type, const xmlChar* publicId,
-                   const xmlChar* systemId, xmlChar* content) {
-  xmlChar empty[] = {0};
-  switch (type) {
-    case XML_INTERNAL_GENERAL_ENTITY:
-    case XML_INTERNAL_PARAMETER_ENTITY:
-      xmlSAX2EntityDecl(context, name, type, publicId, systemId, content);
-      break;
-    case XML_EXTERNAL_PARAMETER_ENTITY:
-      xmlSAX2EntityDecl(context, name, XML_INTERNAL_PARAMETER_ENTITY, nullptr, nullptr, empty);
-      break;
-    default:
-      xmlSAX2EntityDecl(context, name, XML_INTERNAL_GENERAL_ENTITY, nullptr, nullptr, empty);
-  }
-}
-
-struct FreeContext {
-  void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
-};
-
-// The file that the parser reads. A read fails once `stop` has been requested or the document has
-// exceeded its limits.
+// The file of one document. A read fails once `stop` has been requested.
 class StoppableFile {
  public:
-  StoppableFile(const std::string& path, std::stop_token stop, XmlMemoryLimit& limit)
-      : fd_(open(path.c_str(), O_RDONLY | O_CLOEXEC)), stop_(std::move(stop)), limit_(limit) {}
+  StoppableFile(const std::string& path, std::stop_token stop)
+      : fd_(open(path.c_str(), O_RDONLY | O_CLOEXEC)), stop_(std::move(stop)) {}
   ~StoppableFile() {
-    if (fd_ >= 0) close(fd_);
+    if (IsOpen()) close(fd_);
   }
   StoppableFile(const StoppableFile&) = delete;
   StoppableFile& operator=(const StoppableFile&) = delete;
 
   bool IsOpen() const { return fd_ >= 0; }
 
-  // The library's read callback; `self` is the StoppableFile.
-  static int Read(void* self, char* buffer, int size) {
-    auto* const file = static_cast<StoppableFile*>(self);
-    if (file->stop_.stop_requested()) return -1;
-    const ssize_t count = read(file->fd_, buffer, static_cast<std::size_t>(size));
-    if (count > 0 && !file->limit_.AcceptsBytes(static_cast<std::size_t>(count))) return -1;
-    return static_cast<int>(count);
+  // 0 for what is no regular file.
+  std::size_t Size() const {
+    struct stat status {};
+    const bool isKnown = fstat(fd_, &status) == 0 && S_ISREG(status.st_mode);
+    return isKnown ? static_cast<std::size_t>(status.st_size) : 0;
+  }
+
+  void GoTo(std::size_t place) { lseek(fd_, static_cast<off_t>(place), SEEK_SET); }
+
+  // Up to `size` bytes of what is left; -1 for a failure.
+  int Read(char* buffer, int size) {
+    if (stop_.stop_requested()) return -1;
+    return static_cast<int>(read(fd_, buffer, static_cast<std::size_t>(size)));
+  }
+
+  // Up to `size` bytes from the beginning.
+  std::string Start(std::size_t size) {
+    std::string bytes(size, '\0');
+    std::size_t filled = 0;
+    GoTo(0);
+    while (filled < size) {
+      const int count = Read(bytes.data() + filled, static_cast<int>(size - filled));
+      if (count <= 0) break;
+      filled += static_cast<std::size_t>(count);
+    }
+    bytes.resize(filled);
+    return bytes;
   }
 
  private:
   const int fd_;
   const std::stop_token stop_;
-  XmlMemoryLimit& limit_;
 };
+
+ParsedXml ParseFile(StoppableFile& file, const XmlLimits& limits) {
+  const ForeignEncoding foreign = DetectForeignEncoding(file.Start(4));
+  file.GoTo(foreign.mark);
+  return ParseXml({.read = [&file](char* buffer, int size) { return file.Read(buffer, size); },
+                   .count = file.Size(),
+                   .encoding = foreign.name},
+                  limits, UnknownEntities::Refused);
+}
+
+ParsedXml ParseText(std::string_view text, const XmlLimits& limits) {
+  std::string_view rest = text;
+  const auto read = [&rest](char* buffer, int size) {
+    const std::size_t count = rest.copy(buffer, static_cast<std::size_t>(size));
+    rest.remove_prefix(count);
+    return static_cast<int>(count);
+  };
+  return ParseXml({.read = read, .count = text.size()}, limits, UnknownEntities::Kept);
+}
 
 }  // namespace
 
@@ -185,25 +201,21 @@ XmlDocument& XmlDocument::operator=(XmlDocument&&) noexcept = default;
 void XmlDocument::Free::operator()(_xmlDoc* document) const { xmlFreeDoc(document); }
 
 XmlDocument::LoadStatus XmlDocument::Load(const std::string& path, std::stop_token stop,
-                                          const XmlLimits& limits) {
-  InitializeXmlOnce();
+                                          const XmlLimits& limits, XmlFaults faults) {
   document_.reset();
-  const SilentXmlErrors silence;
-  const std::unique_ptr<xmlParserCtxt, FreeContext> context(xmlNewParserCtxt());
-  if (!context) return LoadStatus::OutOfMemory;
-  XmlMemoryLimit limit(limits, *context);
-  StoppableFile file(path, std::move(stop), limit);
+  excess_.clear();
+  StoppableFile file(path, stop);
   if (!file.IsOpen()) return LoadStatus::Unreadable;
-  context->sax->entityDecl = DeclareEntity;
-  document_.reset(xmlCtxtReadIO(context.get(), StoppableFile::Read, nullptr, &file, nullptr,
-                                nullptr,
-                                XML_PARSE_NOENT | XML_PARSE_NOCDATA | XML_PARSE_COMPACT |
-                                    XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
-  if (limit.IsExceeded()) {
-    document_.reset();
-    return LoadStatus::TooLarge;
+  ParsedXml parsed = ParseFile(file, limits);
+  const bool isFaulty = parsed.status == LoadStatus::Unreadable && !stop.stop_requested();
+  if (isFaulty && faults == XmlFaults::Mended && file.Size() <= kMostMended) {
+    const bool isLarge = file.Size() > limits.atOnce;
+    if (isLarge && !limits.askForMore()) return LoadStatus::Unreadable;
+    parsed = ParseText(MendedXml(file.Start(kMostMended)), limits);
   }
-  return document_ ? LoadStatus::Loaded : LoadStatus::Unreadable;
+  document_.reset(parsed.tree);
+  excess_ = std::move(parsed.excess);
+  return parsed.status;
 }
 
 XmlElement XmlDocument::Root() const {

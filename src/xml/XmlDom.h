@@ -54,6 +54,8 @@ class XmlElement {
   const _xmlNode* node_ = nullptr;
 };
 
+enum class XmlFaults { Refused, Mended };
+
 class XmlDocument {
  public:
   XmlDocument();
@@ -64,13 +66,22 @@ class XmlDocument {
   enum class LoadStatus { Loaded, OutOfMemory, Unreadable, TooLarge };
 
   // Loads the file `path` (the file system's bytes) in place of what was loaded before. TooLarge:
-  // it exceeds `limits`, or has more than 256 KiB without an element or a text. Unreadable: it
-  // cannot be opened, is not well-formed, exceeds the XML library's limits on depth or entity
+  // it exceeds `limits`, or has a tag of more than 10,000 attributes, a tag or text of more than
+  // 9 MiB, more than 256 KiB of declarations, or more than 256 elements within each other.
+  // Unreadable: it cannot be opened, is not well-formed, exceeds the XML library's limits on entity
   // growth, or `stop` was requested before its end was read. External entities and document types
-  // are never loaded; an external entity counts as empty. A prefix needs no declaration. EUC-KR is
-  // read as CP949. Any thread may call it.
+  // are never loaded; an external entity counts as empty, but one that such a type may declare as
+  // that of HTML of the same name. A prefix needs no declaration. EUC-KR is read as CP949.
+  //
+  // With `faults` Mended, a document of up to 4 MiB that is not well-formed is mended as
+  // XmlMending.h says and parsed again, and an undeclared entity is that of HTML, or text.
+  // Any thread may call it.
   [[nodiscard]] LoadStatus Load(const std::string& path, std::stop_token stop = {},
-                                const XmlLimits& limits = {});
+                                const XmlLimits& limits = {},
+                                XmlFaults faults = XmlFaults::Refused);
+
+  // What was too large for the last load, in English ("too large: …"); empty when nothing was.
+  const std::string& Excess() const { return excess_; }
 
   // The document element; null unless the last load succeeded.
   XmlElement Root() const;
@@ -80,6 +91,7 @@ class XmlDocument {
     void operator()(_xmlDoc* document) const;
   };
   std::unique_ptr<_xmlDoc, Free> document_;
+  std::string excess_;
 };
 
 }  // namespace feedloom

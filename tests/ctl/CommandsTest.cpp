@@ -2,6 +2,7 @@
 #include <future>
 
 #include "ctl/CtlFixture.h"
+#include "kit/Rows.h"
 #include "text/CodePage.h"
 
 namespace feedloom {
@@ -197,14 +198,22 @@ TEST_F(Commands, CheckShowsWhatTheReaderSeesOrWhyItIsNoFeed) {
             R"("description":"d","enclosureType":"","link":"l","podcast":0,"stored":)"
             R"("2003-06-10 13:00:00","title":"t"}],"link":"http://site.example/","result":0,)"
             R"("rssVariant":2,"title":"한 ♥ ?"})");
-  for (const auto& [source, part] : Rows{{folder_.Write("a", "<rss/>"), "result\": -93"},
-                                         {folder_.Write("b", "<rss>\xFF</rss>"), "format\": null"},
-                                         {server_.Url("/absent"), "result\": null"},
-                                         {std::string(5000, 'a') + ".no", "result\": null"}}) {
+  for (const auto& [source, part] :
+       Rows{{folder_.Write("a", "<rss/>"), "result\": -93"},
+            {folder_.Write("b", "<rss>\xFF</rss>"), "format\": null"},
+            {folder_.Write("c", "<rss>" + Repeated("<b>", 300)), "error\": \"too large"},
+            {server_.Url("/absent"), "result\": null"},
+            {std::string(5000, 'a') + ".no", "result\": null"}}) {
     const CtlResult result = Run("check " + source);
     EXPECT_EQ(result.status, 1) << source;
     EXPECT_NE(result.out.find(part), std::string::npos) << result.out;
   }
+  const std::string check =
+      "check " + folder_.Write("d", "<rss version='2.0'><item><link>l</link>&</item></rss>");
+  EXPECT_EQ(RunJson(check)["items"][0]["title"], "l");
+  const std::string file = "profile/registry.reg", values = folder_.Read(file);
+  folder_.Write(file, ReplaceAll(values, "\"LENIENT\"=\"ON\"", "\"LENIENT\"=\"\""));
+  EXPECT_EQ(Run(check).status, 1);
 }
 
 }  // namespace feedloom

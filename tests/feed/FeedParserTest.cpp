@@ -15,7 +15,7 @@ struct Parsing : testing::Test {
   // "code format variants|channel title|link", and "; title|link|date|description|enclosure type|
   // podcast" for each item.
   std::string Read(const std::string& document) {
-    FeedParser parser(codePage_);
+    FeedParser parser({codePage_, isLenient_});
     const int code = parser.Parse(folder_.Write("feed.xml", document));
     const auto [rss, atom] = parser.Variants();
     std::string all = fmt::format("{} {} {} {}|{}|{}", code, static_cast<int>(parser.GetFormat()),
@@ -32,6 +32,7 @@ struct Parsing : testing::Test {
 
   TempFolder folder_;
   CodePage codePage_ = CodePage::Utf8();
+  bool isLenient_ = false;
 };
 
 TEST_F(Parsing, TellsTheFormatByRootAndVersion) {
@@ -71,6 +72,30 @@ TEST_F(Parsing, TextsEndInTheModulesCodePage) {
   ExpectRead({utf8 + "똠방각하 ♥ 😀 é|"});
   codePage_ = CodePage::Korean();
   ExpectRead({utf8 + codePage_.FromUtf8("똠방각하 ♥") + " ? ?|"});
+}
+
+TEST_F(Parsing, AHostMayAskForTitlesOfUntitledItemsAndForFaultyDocuments) {
+  const auto titles = [this](const std::string& items) {
+    FeedParser parser({codePage_, isLenient_});
+    const int code = parser.Parse(folder_.Write("a.xml", "<rss version='2.0'>" + items + "</rss>"));
+    std::string all = code == kParsed ? "" : std::to_string(code);
+    for (const FeedItem& item : parser.Items()) all += item.title + "|";
+    return all;
+  };
+  const auto item = [](const std::string& text) {
+    return "<item><link>l</link><description><![CDATA[" + text + "]]></description></item>";
+  };
+  const std::string words = Repeated("word ", 15), letters = Repeated("가", 80);
+  const std::string items = item("<p>Hi <b>y</b>ou&hellip;</p>") + item(words + "12345") +
+                            item(words + "123456") + item(letters + "각") +
+                            "<item><link>l</link><pubDate>d</pubDate></item>" +
+                            "<item><description>no link</description></item>";
+  EXPECT_EQ(titles(items) + titles("<a>&</a>"), "-98");
+  isLenient_ = true;
+  EXPECT_EQ(titles(items + "&"),
+            "Hi you…|" + words + "12345|" + words.substr(0, 74) + "…|" + letters + "…|l|");
+  codePage_ = CodePage::Korean();
+  EXPECT_EQ(titles(item(letters + "각")), codePage_.FromUtf8(letters + "…|"));
 }
 
 // The stored forms of `dates`, which have bars between them; equal ones once.
