@@ -5,6 +5,7 @@
 
 #include "feed/WebAddress.h"
 #include "fuzz/FuzzKit.h"
+#include "net/RequestAddress.h"
 #include "net/Url.h"
 #include "xml/HtmlLinks.h"
 
@@ -15,10 +16,26 @@ bool IsPlain(std::string_view text) {
   return std::ranges::all_of(text, [](char c) { return c > ' ' && c <= '~'; });
 }
 
+// Returns the address from its path on.
+std::string_view BehindHost(std::string_view address) {
+  const auto host = address.find("://");
+  const auto path = address.find('/', host == address.npos ? 0 : host + 3);
+  return path == address.npos ? "" : address.substr(path, address.find('#', path) - path);
+}
+
 void CheckScheme(const std::string& address) {
-  const std::string scheme = UrlScheme(address);
+  const std::string fit = RequestAddress(address);
+  const std::string scheme = UrlScheme(fit);
   Require(scheme == "http" || scheme == "https" || scheme.empty(),
           "a web address is one for the transfer, too");
+}
+
+// Bytes before the path may be those of a login, which the library takes apart.
+void CheckRequest(const std::string& address) {
+  const std::string fit = RequestAddress(address);
+  if (UrlScheme(fit).empty() || fit == address) return;
+  Require(IsPlain(BehindHost(fit)), "what is requested behind the host is ASCII without blanks");
+  RequireEqual(RequestAddress(fit), fit, "an address that is fit stays");
 }
 
 void CheckLink(const std::string& link) {
@@ -27,13 +44,6 @@ void CheckLink(const std::string& link) {
   const std::string address = EscapedAddress(link);
   Require(IsPlain(address), "an address is ASCII without blanks");
   CheckScheme(address);
-}
-
-// Returns the address from its path on.
-std::string_view BehindHost(std::string_view address) {
-  const auto host = address.find("://");
-  const auto path = address.find('/', host == address.npos ? 0 : host + 3);
-  return path == address.npos ? "" : address.substr(path, address.find('#', path) - path);
 }
 
 void CheckResolved(const std::string& base, const std::string& reference) {
@@ -59,7 +69,7 @@ void CheckTyped(const std::string& typed) {
   const std::string address = CompleteFeedAddress(typed, "http");
   if (address.empty()) return;
   Require(IsPlain(address), "a typed address is kept in ASCII");
-  Require(address.find("://") != address.npos, "a typed address is complete");
+  Require(address.find("://") != address.npos || IsWebAddress(address), "a typed one is complete");
   RequireEqual(CompleteFeedAddress(address, "https"), address, "a complete address stays");
   if (IsWebAddress(address)) CheckScheme(address);
 }
@@ -71,6 +81,7 @@ void CheckInput(FuzzInput input) {
   const std::string page = input.TakeText().c_str();
   const std::string reference = input.TakeText().c_str();
   CheckResolved(page, reference);
+  CheckRequest(reference);
   CheckTyped(reference);
   if (!input.IsEmpty())
     CheckPage(input.Rest(), page);  // only when there is input left: it takes far longer

@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include "net/RequestAddress.h"
 #include "text/Text.h"
 
 namespace feedloom {
@@ -9,12 +10,16 @@ namespace {
 
 constexpr std::string_view kSchemeMark = "://";
 
+bool IsFeedScheme(std::string_view address) {
+  return WithoutFeedScheme(address).size() < address.size();
+}
+
 }  // namespace
 
 std::string CompleteFeedAddress(const std::string& typedUtf8, const std::string& scheme) {
   const std::string_view typed = Trim(typedUtf8);
   if (typed.empty()) return "";
-  const bool isComplete = typed.find(kSchemeMark) != std::string_view::npos;
+  const bool isComplete = typed.find(kSchemeMark) != typed.npos || IsFeedScheme(typed);
   return (isComplete ? "" : scheme + std::string(kSchemeMark)) + EscapedAddress(typed);
 }
 
@@ -31,9 +36,10 @@ std::string EscapedAddress(std::string_view utf8) {
 }
 
 bool IsWebAddress(std::string_view address) {
-  const std::string_view scheme = address.substr(0, address.find(kSchemeMark));
-  return scheme.size() < address.size() &&
-         (EqualsIgnoringAsciiCase(scheme, "http") || EqualsIgnoringAsciiCase(scheme, "https"));
+  const std::string_view inner = WithoutFeedScheme(address);
+  const std::string_view scheme = inner.substr(0, inner.find(kSchemeMark));
+  if (scheme.size() == inner.size()) return IsFeedScheme(address);
+  return EqualsIgnoringAsciiCase(scheme, "http") || EqualsIgnoringAsciiCase(scheme, "https");
 }
 
 }  // namespace feedloom

@@ -3,9 +3,8 @@
 #include "net/UrlHandle.h"
 
 namespace feedloom {
-namespace {
 
-std::string Part(const UrlHandle& url, CURLUPart part, unsigned flags = 0) {
+std::string UrlPart(const UrlHandle& url, CURLUPart part, unsigned flags) {
   char* text = nullptr;
   if (curl_url_get(url.get(), part, &text, flags) != CURLUE_OK) return "";
   std::string result = text;
@@ -13,12 +12,14 @@ std::string Part(const UrlHandle& url, CURLUPart part, unsigned flags = 0) {
   return result;
 }
 
+namespace {
+
 std::string PartOf(const std::string& address, CURLUPart part, unsigned flags = 0) {
   const UrlHandle url(curl_url());
   if (curl_url_set(url.get(), CURLUPART_URL, address.c_str(), CURLU_GUESS_SCHEME) != CURLUE_OK) {
     return "";
   }
-  return Part(url, part, flags);
+  return UrlPart(url, part, flags);
 }
 
 }  // namespace
@@ -39,7 +40,7 @@ std::string ResolveUrl(const std::string& base, const std::string& reference) {
   if (curl_url_set(url.get(), CURLUPART_URL, reference.c_str(), CURLU_URLENCODE) != CURLUE_OK) {
     return "";
   }
-  const std::string address = Part(url, CURLUPART_URL);
+  const std::string address = UrlPart(url, CURLUPART_URL);
   // The library composes some addresses that it cannot parse, "file:a" for instance.
   return UrlScheme(address).empty() ? "" : address;
 }

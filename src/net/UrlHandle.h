@@ -14,6 +14,9 @@ struct CleanUpUrl {
 };
 using UrlHandle = std::unique_ptr<CURLU, CleanUpUrl>;
 
+// Returns one part of `url`; empty when it has none.
+std::string UrlPart(const UrlHandle& url, CURLUPart part, unsigned flags = 0);
+
 struct CleanUpEasy {
   void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
 };

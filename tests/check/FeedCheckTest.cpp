@@ -11,10 +11,13 @@ namespace feedloom {
 
 TEST(WebAddress, IsCompletedAndEscapedAndOfTheWebOnlyWithHttpOrHttps) {
   ExpectRows([](auto& typed) { return CompleteFeedAddress(typed, "http"); },
-             {" \t news.kr/x \n -> http://news.kr/x", "feed://k/ -> feed://k/", " \n  -> ",
+             {" \t news.kr/x \n -> http://news.kr/x", "feed://k/ -> feed://k/", "Feed:k -> Feed:k",
+              " \n  -> ",
               "mailto:내 글\x01\"?q=a%20b -> http://mailto:%EB%82%B4%20%EA%B8%80%01\"?q=a%20b"});
-  for (const char* address : {"", "http", "httpx://a/", "//a/", " http://a/", "file://http://"})
+  for (const char* address :
+       {"", "http", "httpx://a/", "//a/", " http://a/", "file://http://", "feed://file:///a"})
     EXPECT_FALSE(IsWebAddress(address)) << address;
+  EXPECT_TRUE(IsWebAddress("feed:a/b") && IsWebAddress("FEED:HTTPS://a/"));
 }
 
 struct Checking : testing::Test {

@@ -1,4 +1,5 @@
 #include "kit/Rows.h"
+#include "net/RequestAddress.h"
 #include "net/Url.h"
 
 namespace feedloom {
@@ -14,6 +15,21 @@ TEST(UrlTest, TakesAddressesApartAndResolvesReferences) {
               "http://[::1]:80/g -> http://[::1]:80/g", "file:///etc/passwd -> file:///etc/passwd",
               "g h/한?한 -> http://a/b/c/g%20h/%ed%95%9c?%ed%95%9c", "javascript:alert(1) -> ",
               "file:a -> ", " -> ", "#part -> "});
+}
+
+TEST(UrlTest, WhatIsRequestedIsFitForTheWireAndLocalOnlyWhenTyped) {
+  ExpectRows(
+      [](auto& address) { return RequestAddress(address); },
+      {"\t HTTP://A.kr/x y|z?q=<\"[1]>\\%7c%zz \n -> "
+       "HTTP://A.kr/x%20y%7Cz?q=%3C%22%5B1%5D%3E%5C%7c%25zz",
+       "a.kr:81/b?u=http://c -> http://a.kr:81/b?u=http://c", "//a.kr -> http://a.kr",
+       "ftp.a.kr/x -> http://ftp.a.kr/x", "feed:https://a/ -> https://a/",
+       "FEED://a/b -> http://a/b", "feed:a/b -> http://a/b", "feed://https://a/ -> https://a/",
+       "https://u:p@b\u00FCcher.kr:81/ -> https://u:p@xn--bcher-kva.kr:81/",
+       "http://%ED%95%9C.kr/한 -> http://xn--6q8b.kr/%ED%95%9C",
+       "http://[::1]:80/g -> http://[::1]:80/g", "file:///a b -> file:///a%20b",
+       "feed:file:///a -> feed:file:///a", "feed://FILE:/a -> feed://FILE:/a",
+       "no address -> no address", " -> "});
 }
 
 }  // namespace feedloom

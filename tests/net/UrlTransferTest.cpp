@@ -41,6 +41,7 @@ TEST_F(UrlTransferTest, GivesEveryByteOfTheContentOrAFailure) {
               "/to-ftp -> failed: 302", "/to-file -> failed: 302", "/400 -> failed: 400",
               "/503 -> failed: 503", "/none -> failed: 404", File("my%20feed") + " -> <local/>",
               File("missing") + " -> failed: 0", server_.Url("/0").substr(7) + " -> ",
+              " FEED:" + server_.Url("/small").substr(5) + " -> <rss></rss>",
               "http://127.0.0.1:1/ -> failed: 0", " -> failed: 0", "ftp://127.0.0.1/x -> failed: 0",
               "no address -> failed: 0"});
   EXPECT_EQ(Run({.address = server_.Url("/10")}).address, server_.Url("/0"));
