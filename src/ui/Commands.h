@@ -40,6 +40,8 @@ enum Command {
   kCommandDeleteSelection,
   kCommandDirectory,
   kCommandUndo,
+  kCommandMoveUp,
+  kCommandMoveDown,
   kCommandNextUnread,
   kCommandPreviousUnread,
   kCommandScreenOn,

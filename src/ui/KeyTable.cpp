@@ -27,6 +27,8 @@ std::vector<KeyGroup> MakeTable() {
           {&kLabelKeysTree,
            {{0, {Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End}, nullptr, &kLabelKeyRows},
             {0, {Qt::Key_Left, Qt::Key_Right}, nullptr, &kLabelKeyFolder},
+            {kCommandMoveUp, {Qt::ALT | Qt::Key_Up}, nullptr, &kLabelMoveUp, true},
+            {kCommandMoveDown, {Qt::ALT | Qt::Key_Down}, nullptr, &kLabelMoveDown, true},
             {kCommandRefreshSelection, {Qt::Key_F5}, nullptr, &kLabelKeyRefreshSelection},
             {kCommandRefreshAll, {Qt::SHIFT | Qt::Key_F5}, nullptr, &kLabelKeyRefreshAll},
             {kCommandFocusSearch, Usual(Std::Find), nullptr, &kLabelKeySearch},
@@ -54,7 +56,8 @@ std::vector<KeyGroup> MakeTable() {
             {0, {}, &kLabelGestureCtrlClick, &kLabelDeedCtrlClick},
             {0, {}, &kLabelGestureShiftClick, &kLabelDeedShiftClick},
             {0, {}, &kLabelGestureDoubleClick, &kLabelDeedDoubleClick},
-            {0, {}, &kLabelGestureRightClick, &kLabelDeedRightClick}}}};
+            {0, {}, &kLabelGestureRightClick, &kLabelDeedRightClick},
+            {0, {}, &kLabelGestureDragRow, &kLabelDeedDragRow}}}};
 }
 
 }  // namespace

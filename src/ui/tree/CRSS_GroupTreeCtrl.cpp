@@ -1,5 +1,6 @@
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
@@ -22,7 +23,8 @@
 namespace feedloom {
 namespace {
 
-constexpr int kBottomMargin = 5;  // pixels between the last row and the end of the scrolled area
+constexpr int kExpandDelay = 700;  // ms that a drag rests over a closed group until that opens
+constexpr int kBottomMargin = 5;   // pixels between the last row and the end of the scrolled area
 
 }  // namespace
 
@@ -73,6 +75,11 @@ void CRSS_GroupTreeCtrl::SetUpView() {
   setSelectionBehavior(SelectItems);
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setAcceptDrops(isCareful_);
+  setDropIndicatorShown(isCareful_);
+  dragRest_.setSingleShot(true);
+  dragRest_.setInterval(kExpandDelay);
+  connect(&dragRest_, &QTimer::timeout, this, [this] { expand(underDrag_); });
   setMouseTracking(true);  // mouseMoveEvent sets the cursor without a pressed button
 }
 
@@ -161,7 +168,7 @@ void CRSS_GroupTreeCtrl::mousePressEvent(QMouseEvent* event) {
   wasReported_ = false;
   isLeftPress_ = event->button() == Qt::LeftButton;
   if (isCareful_ && event->button() == Qt::RightButton) return;
-  QTreeView::mousePressEvent(event);
+  if (!TakesPress(*event)) QTreeView::mousePressEvent(event);
 }
 
 // The base class emits pressed() for a press on a row, but not for one on its expand mark.
@@ -169,9 +176,10 @@ void CRSS_GroupTreeCtrl::ReportPress(const QModelIndex& index) {
   if (isLeftPress_ && !wasReported_) emit RowSelected(index);
 }
 
-// Moves with a pressed button are ignored: a drag would select every row on its way and load its
-// posts.
+// Moves with a pressed button select nothing: each row on the way would have its posts loaded.
 void CRSS_GroupTreeCtrl::mouseMoveEvent(QMouseEvent* event) {
+  const auto way = pressPlace_ ? (event->pos() - *pressPlace_).manhattanLength() : 0;
+  if (way >= QApplication::startDragDistance()) return StartDrag();
   if (event->buttons() != Qt::NoButton) return;
   QTreeView::mouseMoveEvent(event);
   if (hasOwnCursor_ && indexAt(event->position().toPoint()).isValid()) {

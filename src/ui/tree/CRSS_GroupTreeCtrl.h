@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QCursor>
+#include <QTimer>
 #include <QTreeView>
+#include <optional>
 
 #include "controls/KeyRest.h"
 
@@ -60,6 +62,11 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dragLeaveEvent(QDragLeaveEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -71,6 +78,8 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void SetUpColors(const Skin& skin);
   void SetUpView();
   void ReportPress(const QModelIndex& index);
+  bool TakesPress(const QMouseEvent& press);
+  void StartDrag();
   void ReportReached();
   void SelectCollapsedGroup(const QModelIndex& closed);
   void ExpandForSelection(const QModelIndex& group);
@@ -89,6 +98,11 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   QCursor rowCursor_;
   bool hasOwnCursor_ = true;
   bool isResizing_ = false;
+  // Where the left button is pressed on a row that a release will select; null: nowhere.
+  std::optional<QPoint> pressPlace_;
+  QPersistentModelIndex pressedRow_;
+  QPersistentModelIndex underDrag_;  // the row over which a drag is
+  QTimer dragRest_;                  // runs until underDrag_ opens
   // These two describe the latest mouse press:
   bool isLeftPress_ = false;
   bool wasReported_ = false;  // RowSelected was emitted for the press

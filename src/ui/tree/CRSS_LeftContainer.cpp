@@ -76,6 +76,10 @@ CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subsc
   });
   connect(tree_, &CRSS_GroupTreeCtrl::MenuRequested, this, &CRSS_LeftContainer::ShowRowMenu);
   SetUpToolBar();
+  for (const int command : {kCommandMoveUp, kCommandMoveDown}) {
+    OnKeysOf(command, *tree_, [this, command] { commands_.Run(command); });
+  }
+  model_.OnDrop([this](auto& moved, auto& place) { commands_.MoveTo(moved, place); });
   OnKeysOf(kCommandFocusSearch, *this, [this] { emit SearchWanted(); });
   CountChanges();
   RestartUpdateTimer();

@@ -257,9 +257,9 @@ int GroupTreeModel::rowCount(const QModelIndex& parent) const {
 int GroupTreeModel::columnCount(const QModelIndex&) const { return 1; }
 
 Qt::ItemFlags GroupTreeModel::flags(const QModelIndex& index) const {
-  if (!index.isValid()) return Qt::NoItemFlags;
-  const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-  return GroupAt(index) == nullptr ? flags | Qt::ItemNeverHasChildren : flags;
+  if (!index.isValid()) return Qt::ItemIsDropEnabled;
+  const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled;
+  return flags | (GroupAt(index) == nullptr ? Qt::ItemNeverHasChildren : Qt::ItemIsDropEnabled);
 }
 
 QVariant GroupTreeModel::data(const QModelIndex& index, int role) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <functional>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -10,6 +11,7 @@
 
 #include "store/Rows.h"
 #include "text/CodePage.h"
+#include "ui/tree/TreeMoves.h"
 #include "ui/tree/TreeRows.h"
 
 namespace feedloom {
@@ -109,6 +111,12 @@ class GroupTreeModel : public QAbstractItemModel {
   // in that folder already, or when one of the two has no row.
   bool MoveChannel(int channelId, int folderId);
 
+  // Make the row the one with this number in its folder, or among the groups, and give all rows
+  // there the orders 1, 2 and so on, protected folders excepted. They return false and change
+  // nothing when the row, or the folder, is missing.
+  bool PlaceChannel(int channelId, int folderId, int row);
+  bool PlaceFolder(int folderId, int row);
+
   // Renames a folder, a channel or a cabinet. `name` is in the module's code page.
   void Rename(const QModelIndex& row, std::string name);
   // Removes a row, and a folder together with its channels. A child's unread count is subtracted
@@ -126,6 +134,19 @@ class GroupTreeModel : public QAbstractItemModel {
   int columnCount(const QModelIndex& parent = {}) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
   QVariant data(const QModelIndex& index, int role) const override;
+
+  // Drag and drop. `onDrop` is called with a row that was dropped and its new place, when it can
+  // stand there; it moves the row.
+  void OnDrop(std::function<void(const RowKey& moved, const RowPlace& place)> onDrop) {
+    onDrop_ = std::move(onDrop);
+  }
+  Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+  QStringList mimeTypes() const override;
+  QMimeData* mimeData(const QModelIndexList& rows) const override;
+  bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                       const QModelIndex& parent) const override;
+  bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                    const QModelIndex& parent) override;
 
  private:
   struct Position {
@@ -146,6 +167,7 @@ class GroupTreeModel : public QAbstractItemModel {
   void RemoveRowsExcept(const TreeContent& content);
   void RenameTo(const QModelIndex& row, const std::string& stored);
   void InsertChild(GroupRow& group, ChildRow child, Place place);
+  void MoveChild(const QModelIndex& child, GroupRow& to, int row);
   void ReindexChannels(GroupRow& folder, int first = 0);
   void AddToUnread(GroupRow& group, int difference);
   int RemoveChild(GroupRow& group, int row);
@@ -165,6 +187,7 @@ class GroupTreeModel : public QAbstractItemModel {
   QString AccessibleLabel(const std::string& name, int unreadCount) const;
   QString AccessibleLabel(const ChildRow& child) const;
 
+  std::function<void(const RowKey& moved, const RowPlace& place)> onDrop_;
   const CodePage codePage_;
   const RowTexts texts_;
   // The internal pointer of a child's index is its GroupRow; that of a group's index is null.

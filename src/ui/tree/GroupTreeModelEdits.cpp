@@ -1,4 +1,4 @@
-// The functions of GroupTreeModel that add, move, rename and remove single rows.
+// The functions of GroupTreeModel that add, rename and remove single rows.
 #include <algorithm>
 #include <tuple>
 #include <utility>
@@ -6,15 +6,6 @@
 #include "ui/tree/GroupTreeModel.h"
 
 namespace feedloom {
-namespace {
-
-// The store's order: by order, then by id.
-bool IsOrderedBefore(const ChildRow& a, const ChildRow& b) {
-  return std::tie(a.order, a.id) < std::tie(b.order, b.id);
-}
-
-}  // namespace
-
 GroupRow* GroupTreeModel::FindFolder(int folderId) const {
   const auto found = std::ranges::find_if(groups_, [&](const auto& group) {
     return group->kind == RowKind::Folder && group->id == folderId;
@@ -63,27 +54,6 @@ void GroupTreeModel::InsertChild(GroupRow& group, ChildRow child, Place place) {
   rows.insert(at, std::move(child));
   if (group.kind == RowKind::Folder) ReindexChannels(group, row);
   endInsertRows();
-}
-
-bool GroupTreeModel::MoveChannel(int channelId, int folderId) {
-  const QModelIndex channel = FindChannel(channelId);
-  GroupRow* const to = FindFolder(folderId);
-  auto* const from = static_cast<GroupRow*>(channel.internalPointer());
-  if (from == nullptr || to == nullptr || from == to) return false;
-  const auto moved = from->children.begin() + channel.row();
-  const auto place = std::ranges::upper_bound(to->children, *moved, IsOrderedBefore);
-  beginMoveRows(IndexOf(*from), channel.row(), channel.row(), IndexOf(*to),
-                static_cast<int>(place - to->children.begin()));
-  const int unreadCount = moved->unreadCount;
-  moved->folderId = folderId;
-  to->children.insert(place, std::move(*moved));
-  from->children.erase(moved);
-  ReindexChannels(*from);
-  ReindexChannels(*to);
-  endMoveRows();
-  AddToUnread(*from, -unreadCount);
-  AddToUnread(*to, unreadCount);
-  return true;
 }
 
 void GroupTreeModel::ReindexChannels(GroupRow& folder, int first) {

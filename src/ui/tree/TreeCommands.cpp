@@ -58,6 +58,8 @@ void TreeCommands::Run(int command, const QModelIndex& row) {
       {kCommandDeleteSelection, &TreeCommands::DeleteSelection},
       {kCommandDirectory, &TreeCommands::OpenDirectory},
       {kCommandUndo, &TreeCommands::Undo},
+      {kCommandMoveUp, &TreeCommands::MoveBy<-1>},
+      {kCommandMoveDown, &TreeCommands::MoveBy<1>},
   };
   const auto* const entry = std::ranges::find(kCommands, command, &Entry::command);
   row_ = row;
@@ -102,10 +104,14 @@ std::optional<Menu> TreeCommands::MenuOf(const QModelIndex& row) const {
   };
   const bool isProtected = target->kind == RowKind::Folder && target->order < 0;
   const std::size_t folders = model_.Groups().size() - 1;  // one group is the cabinet root
+  const RowKey key{target->kind, target->id};
   return RowMenu({.kind = target->kind,
                   .hasPosts = hasUnread || hasPosts(),
                   .isProtected = isProtected,
-                  .hasOtherFolder = folders > 1});
+                  .hasOtherFolder = folders > 1,
+                  .offersMoves = tree_.SelectsCarefully(),
+                  .canMoveUp = StepFrom(model_.Groups(), key, -1).has_value(),
+                  .canMoveDown = StepFrom(model_.Groups(), key, 1).has_value()});
 }
 
 Menu TreeCommands::WholeMenu() const {

@@ -12,6 +12,7 @@
 #include "refresh/RefreshQueue.h"
 #include "ui/ChannelDetails.h"
 #include "ui/tree/TreeMenu.h"
+#include "ui/tree/TreeMoves.h"
 
 namespace feedloom {
 
@@ -47,6 +48,10 @@ class TreeCommands {
   // Runs kCommandAddChannel with a feed address, in the module's code page, as the dialog's preset.
   void AddChannel(const std::string& address);
 
+  // Moves a channel or folder to `place`: in the store first, and then in the tree. A failure, and
+  // a folder that has the channel's address already, are told in the status text; the row stays.
+  void MoveTo(const RowKey& moved, const RowPlace& place);
+
   // The context menu of `row`; nullopt when it is invalid. Reads the row's posts from the store
   // when the unread count does not show whether there are any.
   std::optional<Menu> MenuOf(const QModelIndex& row) const;
@@ -78,6 +83,8 @@ class TreeCommands {
   void RemoveListedRow(const QPersistentModelIndex& row);
   void ShowAdd(const std::string& address);
   void Refresh(std::vector<Channel> channels);
+  bool StorePlace(const RowKey& moved, const RowPlace& place);
+  bool IsAddressIn(int channelId, int folderId) const;
 
   // Each runs one command.
   void AddEmptyChannel();
@@ -97,6 +104,8 @@ class TreeCommands {
   void DeleteGroup();
   void RenameGroup();
   void RenameChild();
+  template <int steps>
+  void MoveBy();
   template <int status>
   void Mark();
   void RefreshAll();

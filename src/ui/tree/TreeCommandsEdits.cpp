@@ -3,6 +3,7 @@
 #include "store/Cabinets.h"
 #include "store/Channels.h"
 #include "store/Folders.h"
+#include "store/Order.h"
 #include "store/SqlText.h"
 #include "ui/Desk.h"
 #include "ui/Reading.h"
@@ -96,6 +97,44 @@ void TreeCommands::RemoveListedRow(const QPersistentModelIndex& row) {
   desk_.State().unreadTotal -= model_.Remove(row);
   if (next.isValid()) tree_.GoTo(next);
 }
+
+void TreeCommands::MoveTo(const RowKey& moved, const RowPlace& place) {
+  if (PlaceOf(model_.Groups(), moved) == place) return;
+  const char* fault = nullptr;
+  if (IsAddressIn(moved.kind == RowKind::Channel ? moved.id : 0, place.folderId)) {
+    fault = kTextAddChannelDuplicate;
+  } else if (!StorePlace(moved, place)) {
+    fault = kTextMoveError;
+  }
+  if (fault) return desk_.ReportMessage(desk_.GetSkin().GetText(kSectionTexts, fault));
+  if (moved.kind == RowKind::Folder) return void(model_.PlaceFolder(moved.id, place.row));
+  model_.PlaceChannel(moved.id, place.folderId, place.row);
+  tree_.scrollTo(model_.FindChannel(moved.id));
+  reading_.ReloadSelection();  // a folder's posts are listed by channels
+}
+
+// A folder has an address once. The channel's own folder has it in that channel.
+bool TreeCommands::IsAddressIn(int channelId, int folderId) const {
+  const ChildRow* const channel = model_.ChildAt(model_.FindChannel(channelId));
+  int id = 0, order = 0;
+  return channel != nullptr && channel->folderId != folderId &&
+         FindChannelByXmlLink(desk_.GetStore(), channel->xmlLink, folderId, id, order);
+}
+
+bool TreeCommands::StorePlace(const RowKey& moved, const RowPlace& place) {
+  const std::vector<int> ids = IdsWith(model_.Groups(), moved, place);
+  return moved.kind == RowKind::Folder ? OrderFolders(desk_.GetStore(), ids)
+                                       : OrderChannels(desk_.GetStore(), place.folderId, ids);
+}
+
+template <int steps>
+void TreeCommands::MoveBy() {
+  const auto key = model_.KeyOf(row_);
+  const auto place = key ? StepFrom(model_.Groups(), *key, steps) : std::nullopt;
+  if (place) MoveTo(*key, *place);
+}
+template void TreeCommands::MoveBy<-1>();
+template void TreeCommands::MoveBy<1>();
 
 void TreeCommands::RenameGroup() {
   const auto folder = Selected(RowKind::Folder);

@@ -30,6 +30,11 @@ Menu RowMenu(const RowFacts& row) {
     Disable(menu, kCommandRenameGroup);
   }
   if (!row.hasOtherFolder) Disable(menu, kCommandMoveChannel);
+  if (row.offersMoves && !HoldsScrapPosts(row.kind)) {
+    menu.insert(menu.end(), {{},
+                             {kCommandMoveUp, &kLabelMoveUp, row.canMoveUp},
+                             {kCommandMoveDown, &kLabelMoveDown, row.canMoveDown}});
+  }
   return menu;
 }
 

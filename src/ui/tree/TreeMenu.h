@@ -12,6 +12,9 @@ struct RowFacts {
   bool hasPosts = true;
   bool isProtected = false;    // a folder that must not be deleted or renamed
   bool hasOtherFolder = true;  // there is another folder to which a channel could be moved
+  bool offersMoves = false;    // the menu of a folder or channel has the commands for these:
+  bool canMoveUp = true;
+  bool canMoveDown = true;
 };
 
 // The context menu of a row. Commands that the row does not allow are disabled.

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "exchange/Subscriptions.h"
@@ -27,6 +28,16 @@ struct GroupRow {
   std::string name = {};
   std::vector<ChildRow> children = {};
 };
+
+// Whether `a` stands before `b` in the store's order of channels and cabinets.
+inline bool IsOrderedBefore(const ChildRow& a, const ChildRow& b) {
+  return std::tie(a.order, a.id) < std::tie(b.order, b.id);
+}
+
+// Whether the user can give the group another place: a folder that is not protected.
+inline bool IsMovable(const GroupRow& group) {
+  return group.kind == RowKind::Folder && group.order >= 0;
+}
 
 // Pointers, because indexes of the model hold a group's address while other groups come and go.
 using GroupRows = std::vector<std::unique_ptr<GroupRow>>;
