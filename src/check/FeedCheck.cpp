@@ -1,6 +1,7 @@
 #include "check/FeedCheck.h"
 
 #include <array>
+#include <span>
 
 #include "feed/WebAddress.h"
 #include "fetch/FeedFetch.h"
@@ -12,12 +13,14 @@
 namespace feedloom {
 namespace {
 
-// Returns the first feed that the HTML page in the file `path` announces with a http or https
-// address, escaped. The page's own address does not count.
-std::string AnnouncedFeed(const std::string& path, const std::string& pageAddress) {
-  constexpr std::array<std::string_view, 2> kTypes = {"application/rss+xml",
-                                                      "application/atom+xml"};
-  for (const std::string& link : AlternateLinks(path, pageAddress, kTypes)) {
+constexpr std::array<std::string_view, 3> kTypes = {"application/rss+xml", "application/atom+xml",
+                                                    "application/feed+json"};
+
+// Returns the first feed of one of `types` that the HTML page in the file `path` announces with a
+// http or https address, escaped. The page's own address does not count.
+std::string AnnouncedFeed(const std::string& path, const std::string& pageAddress,
+                          std::span<const std::string_view> types) {
+  for (const std::string& link : AlternateLinks(path, pageAddress, types)) {
     if (IsWebAddress(link) && link != pageAddress) return EscapedAddress(link);
   }
   return "";
@@ -35,7 +38,9 @@ FeedCheckAnswer Examine(const FetchServices& services, const std::string& addres
   const bool mayBePage =
       outcome.result == kDocumentRefused && parser.GetFormat() == FeedFormat::Unknown;
   if (!mayBePage) return {};
-  return {.announcedFeed = AnnouncedFeed(file.Path(), outcome.address)};
+  // The last type is of feeds that only a lenient reading takes.
+  const auto types = std::span(kTypes).first(services.isLenient ? 3 : 2);
+  return {.announcedFeed = AnnouncedFeed(file.Path(), outcome.address, types)};
 }
 
 }  // namespace

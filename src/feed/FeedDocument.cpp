@@ -3,6 +3,10 @@
 #include <array>
 #include <optional>
 
+#include "feed/FeedCredits.h"
+#include "feed/FeedExtensions.h"
+#include "feed/FeedTexts.h"
+
 namespace feedloom {
 namespace {
 
@@ -12,66 +16,49 @@ ParseCode DetectAtom(const std::optional<std::string>& version, FeedVariants& va
   return kParsed;
 }
 
-// Converts a document's texts into the module's code page. A missing element or attribute reads as
-// an empty text.
-class TextSource {
- public:
-  explicit TextSource(CodePage codePage) : codePage_(codePage) {}
-
-  std::string Text(const XmlElement& element) const {
-    return element ? codePage_.FromUtf8(element.Text()) : std::string();
-  }
-  std::string Attribute(const XmlElement& element, std::string_view name) const {
-    return element ? codePage_.FromUtf8(element.Attribute(name).value_or("")) : std::string();
-  }
-
- private:
-  const CodePage codePage_;
-};
-
 enum RssField { kTitle, kLink, kDescription, kPubDate, kDcDate, kEnclosure, kRssFieldCount };
 constexpr std::array<std::string_view, kRssFieldCount> kRssNames = {
     "title", "link", "description", "pubDate", "dc:date", "enclosure"};
 
 using RssElements = std::array<XmlElement, kRssFieldCount>;
 
-ParseCode ReadRssDate(const RssElements& found, const TextSource& source, FeedItem& item) {
+ParseCode ReadRssDate(const RssElements& found, const FeedTexts& texts, FeedItem& item) {
   switch (item.variants.rss) {
     case FeedVariants::kRss09:
     case FeedVariants::kRss20:
-      item.date = source.Text(found[kPubDate]);
-      if (item.date.empty()) item.date = source.Text(found[kDcDate]);
+      item.date = texts.Text(found[kPubDate]);
+      if (item.date.empty()) item.date = texts.Text(found[kDcDate]);
       return kParsed;
     case FeedVariants::kRss10:
-      item.date = source.Text(found[kDcDate]);
+      item.date = texts.Text(found[kDcDate]);
       return kParsed;
     default:
       return kUnknownVariant;
   }
 }
 
-ParseCode ReadRssItem(const XmlElement& element, const TextSource& source, FeedItem& item) {
+ParseCode ReadRssItem(const XmlElement& element, const FeedTexts& texts, FeedItem& item) {
   RssElements found;
   element.FirstDescendants(kRssNames, found);
-  item.title = source.Text(found[kTitle]);
-  item.description = source.Text(found[kDescription]);
-  item.link = source.Text(found[kLink]);
+  item.title = texts.Text(found[kTitle]);
+  item.description = texts.Text(found[kDescription]);
+  item.link = texts.Address(found[kLink]);
   if (item.variants.rss == FeedVariants::kRss20 && found[kEnclosure]) {
     // The link of a podcast's post is its media file, even when the enclosure has no address.
-    item.link = source.Attribute(found[kEnclosure], "url");
-    item.enclosureType = source.Attribute(found[kEnclosure], "type");
+    item.link = texts.Address(found[kEnclosure], "url");
+    item.enclosureType = texts.Attribute(found[kEnclosure], "type");
     item.isPodcast = 1;
   }
-  return ReadRssDate(found, source, item);
+  return ReadRssDate(found, texts, item);
 }
 
-void ReadAtomEntry(const XmlElement& element, const TextSource& source, FeedItem& item) {
+void ReadAtomEntry(const XmlElement& element, const FeedTexts& texts, FeedItem& item) {
   constexpr std::array<std::string_view, 3> kNames = {"title", "link", "issued"};
   std::array<XmlElement, kNames.size()> found;
   element.FirstDescendants(kNames, found);
-  item.title = source.Text(found[0]);
-  item.link = source.Attribute(found[1], "href");
-  item.date = source.Text(found[2]);
+  item.title = texts.Text(found[0]);
+  item.link = texts.Address(found[1], "href");
+  item.date = texts.Text(found[2]);
 }
 
 ParseCode ReadItemList(const std::vector<XmlElement>& elements, const FeedVariants& variants,
@@ -121,10 +108,10 @@ ParseCode ReadFeedHeader(const XmlElement& root, const FeedReading& reading, Fee
   constexpr std::array<std::string_view, 2> kNames = {"title", "link"};
   std::array<XmlElement, kNames.size()> found;
   root.FirstDescendants(kNames, found);
-  const TextSource source(reading.codePage);
-  header.title = source.Text(found[0]);
-  header.link = header.variants.atom == FeedVariants::kNone ? source.Text(found[1])
-                                                            : source.Attribute(found[1], "href");
+  const FeedTexts texts(reading);
+  header.title = texts.Text(found[0]);
+  header.link = header.variants.atom == FeedVariants::kNone ? texts.Address(found[1])
+                                                            : texts.Address(found[1], "href");
   return kParsed;
 }
 
@@ -138,12 +125,14 @@ ParseCode ReadFeedItems(const XmlElement& root, const FeedVariants& variants,
 
 ParseCode ReadFeedItem(const XmlElement& element, const FeedReading& reading, FeedItem& item) {
   if (item.variants.BothSet()) return kItemContradiction;
-  const TextSource source(reading.codePage);
+  const FeedTexts texts(reading);
   if (item.variants.atom != FeedVariants::kNone) {
-    ReadAtomEntry(element, source, item);
-  } else if (const ParseCode code = ReadRssItem(element, source, item); code < 0) {
+    ReadAtomEntry(element, texts, item);
+  } else if (const ParseCode code = ReadRssItem(element, texts, item); code < 0) {
     return code;
   }
+  ReadCredits(element, reading, item);
+  if (reading.isLenient) FillFromExtensions(element, reading, item);
   return CompleteItem(item, reading) ? kParsed : kItemIncomplete;
 }
 

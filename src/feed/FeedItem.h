@@ -8,7 +8,7 @@
 
 namespace feedloom {
 
-enum class FeedFormat : int { Unknown = -1, Rss = 0, Atom = 1, Opml = 2 };
+enum class FeedFormat : int { Unknown = -1, Rss = 0, Atom = 1, Opml = 2, JsonFeed = 3 };
 
 // The version of RSS or Atom that a document is written in. At most one of the two is set.
 struct FeedVariants {
@@ -40,6 +40,8 @@ struct FeedItem {
   std::string enclosureType;
   std::string description;
   FeedVariants variants;
+  std::vector<std::string> authors = {};
+  std::vector<std::string> categories = {};
 };
 
 // How a document is read.
@@ -47,8 +49,9 @@ struct FeedReading {
   // Implicit: a code page alone means the reading of a host that asks for nothing.
   FeedReading(CodePage page, bool lenient = false) : codePage(page), isLenient(lenient) {}
 
-  CodePage codePage;  // of the texts that are read
-  bool isLenient;     // HostConfig::ReadsLeniently
+  CodePage codePage;         // of the texts that are read
+  bool isLenient;            // HostConfig::ReadsLeniently
+  std::string address = {};  // the document's own, in UTF-8, or empty
 };
 
 // Whether `item` can be stored: it has a title and a link. What is done for an item that lacks one

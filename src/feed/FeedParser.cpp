@@ -1,8 +1,25 @@
 #include "feed/FeedParser.h"
 
+#include "feed/JsonFeed.h"
+
 namespace feedloom {
 
-int FeedParser::Parse(const std::string& path, std::stop_token stop) {
+int FeedParser::Parse(const std::string& path, std::stop_token stop, const std::string& address) {
+  reading_.address = address;
+  return reading_.isLenient && LooksLikeJson(path) ? ParseJson(path, stop)
+                                                   : ParseXml(path, std::move(stop));
+}
+
+ParseCode FeedParser::ParseJson(const std::string& path, const std::stop_token& stop) {
+  JsonFeed feed = ReadJsonFeed(path, reading_, limits_, stop);
+  if (feed.code == kParsed) format_ = FeedFormat::JsonFeed;
+  error_ = std::move(feed.error);
+  header_ = std::move(feed.header);
+  items_ = std::move(feed.items);
+  return feed.code;
+}
+
+ParseCode FeedParser::ParseXml(const std::string& path, std::stop_token stop) {
   XmlDocument document;
   const XmlFaults faults = reading_.isLenient ? XmlFaults::Mended : XmlFaults::Refused;
   const XmlDocument::LoadStatus status = document.Load(path, stop, limits_, faults);

@@ -17,9 +17,11 @@ class FeedParser {
       : reading_(reading), limits_(std::move(limits)) {}
 
   // Parses the file at `path`: RSS, RDF or Atom into the header and the items; of OPML only
-  // the format is read. Returns kParsed or a negative ParseCode. After a failure the items are
-  // incomplete.
-  [[nodiscard]] int Parse(const std::string& path, std::stop_token stop = {});
+  // the format is read. A lenient reading takes JSON Feed as well; it makes addresses absolute, for
+  // which `address`, the document's own in UTF-8, is the last base. Returns kParsed or a negative
+  // ParseCode. After a failure the items are incomplete.
+  [[nodiscard]] int Parse(const std::string& path, std::stop_token stop = {},
+                          const std::string& address = {});
 
   // Why the document was refused, in English, where there is more to say than the code does; else
   // empty.
@@ -27,7 +29,7 @@ class FeedParser {
 
   // The document's format; Unknown when Parse has not recognised the root element.
   FeedFormat GetFormat() const { return format_; }
-  bool IsFeed() const { return format_ == FeedFormat::Rss || format_ == FeedFormat::Atom; }
+  bool IsFeed() const { return format_ != FeedFormat::Unknown && format_ != FeedFormat::Opml; }
   const FeedVariants& Variants() const { return header_.variants; }
   const std::string& GetChannelTitle() const { return header_.title; }
   const std::string& GetChannelLink() const { return header_.link; }
@@ -35,7 +37,10 @@ class FeedParser {
   std::vector<FeedItem> TakeItems() { return std::move(items_); }
 
  private:
-  const FeedReading reading_;
+  ParseCode ParseXml(const std::string& path, std::stop_token stop);
+  ParseCode ParseJson(const std::string& path, const std::stop_token& stop);
+
+  FeedReading reading_;
   const XmlLimits limits_;
   std::string error_;
   FeedFormat format_ = FeedFormat::Unknown;

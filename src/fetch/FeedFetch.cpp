@@ -69,7 +69,7 @@ FetchOutcome FetchFeedFile(const FeedRequest& request, const FetchServices& serv
   outcome.isNew = request.known.AreEmpty() || download.status != kStatusNotModified;
   if (!outcome.isNew) return outcome;
   outcome.validators = std::move(download.validators);
-  outcome.parseCode = parser.Parse(request.path, std::move(stop));
+  outcome.parseCode = parser.Parse(request.path, std::move(stop), outcome.address);
   outcome.error = parser.Error();
   if (outcome.parseCode < 0 || !parser.IsFeed()) outcome.result = kDocumentRefused;
   return outcome;

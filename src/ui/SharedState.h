@@ -38,10 +38,10 @@ struct SharedState {
   ListMode listMode = ListMode::Selection;
   // True when the list shows the posts of the tree's selected row, not a search or today's posts.
   bool listShowsSelection = false;
-  // The RSS feeds of the latest web page, and its Atom feeds, in the page's order. Pages that the
+  // The RSS feeds of the latest web page, and its other feeds, in the page's order. Pages that the
   // module generates do not change them.
   std::vector<DiscoveredFeed> discoveredFeeds;
-  std::vector<DiscoveredFeed> discoveredAtomFeeds = {};
+  std::vector<DiscoveredFeed> discoveredOtherFeeds = {};
   // The settings in effect: all zero until the user confirms the control panel. They are the
   // module's, and outlive the frame: a host that makes another frame keeps them.
   Settings& liveSettings;

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <libxml/tree.h>
+#include <libxml/xmlsave.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -143,6 +144,15 @@ std::optional<std::string> XmlElement::Attribute(std::string_view qualifiedName)
   return std::nullopt;
 }
 
+std::vector<std::string> XmlElement::InheritedAttribute(std::string_view qualifiedName) const {
+  std::vector<std::string> values;
+  for (const xmlNode* node = node_; node->type == XML_ELEMENT_NODE; node = node->parent) {
+    const auto value = XmlElement(node).Attribute(qualifiedName);
+    if (value) values.insert(values.begin(), *value);
+  }
+  return values;
+}
+
 std::string XmlElement::Text() const {
   const xmlNode* only = node_->children;
   if (only != nullptr && only->next == nullptr && IsText(only)) {
@@ -153,6 +163,19 @@ std::string XmlElement::Text() const {
     if (IsText(node)) text += View(node->content);
   }
   return std::string(Trim(text));
+}
+
+std::string XmlElement::Markup() const {
+  const std::unique_ptr<xmlBuffer, decltype(&xmlBufferFree)> buffer(xmlBufferCreate(),
+                                                                    xmlBufferFree);
+  if (!buffer) return "";
+  xmlSaveCtxt* const output = xmlSaveToBuffer(buffer.get(), "UTF-8", XML_SAVE_AS_HTML);
+  if (output == nullptr) return "";
+  for (xmlNode* node = node_->children; node != nullptr; node = node->next) {
+    xmlSaveTree(output, node);
+  }
+  xmlSaveClose(output);
+  return std::string(View(xmlBufferContent(buffer.get())));
 }
 
 XmlElement XmlElement::FirstDescendant(std::string_view qualifiedName) const {

@@ -35,9 +35,16 @@ class XmlElement {
   // The attribute's value with references resolved; nullopt when the attribute is absent.
   std::optional<std::string> Attribute(std::string_view qualifiedName) const;
 
+  // The values of that attribute on the elements around this one, from the document element on, and
+  // on this one.
+  std::vector<std::string> InheritedAttribute(std::string_view qualifiedName) const;
+
   // All text and CDATA below the element, joined and trimmed of white space at both ends. Comments
   // and processing instructions are left out.
   std::string Text() const;
+
+  // All below the element as HTML in UTF-8.
+  std::string Markup() const;
 
   // The elements of that name below this one, at any depth, in document order; the first one is
   // null when there is none.

@@ -57,6 +57,19 @@ TEST_F(Checking, AnswersForAFeedForAPageThatAnnouncesOneAndForAnythingElse) {
   EXPECT_EQ(Check("file://" + kit_.db.Folder().Write("page.html", link("feed.xml"))), "||; 0");
 }
 
+TEST_F(Checking, TakesJsonFeedsForAHostThatReadsThem) {
+  const std::string feed =
+      R"({"version":"https://jsonfeed.org/version/1","title":"t","home_page_url":"../home"})";
+  const std::string page = "<link rel='alternate' type='application/feed+json' href='feed'/>";
+  for (const bool isLenient : {false, true}) {
+    kit_.isLenient = isLenient;
+    kit_.server.Serve("/dir/feed", feed, "application/feed+json");
+    kit_.server.Serve("/dir/page", page, "text/html");
+    EXPECT_EQ(Check(kit_.server.Url("/dir/feed")), isLenient ? "t|/home|; 1" : "||; 0");
+    EXPECT_EQ(Check(kit_.server.Url("/dir/page")), isLenient ? "||/dir/feed; 0" : "||; 0");
+  }
+}
+
 TEST_F(Checking, GivesUpASilentServerAtTheTimeLimitOnAThreadInTheBackground) {
   kit_.server.Hang("/hang");
   Inbox inbox;

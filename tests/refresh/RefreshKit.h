@@ -17,13 +17,14 @@ struct RefreshKit {
   SharedServices Services(Clock& clock) {
     return std::make_shared<FetchServices>(
         FetchServices{db.Shared(), Registry(folder.File("registry.reg")), clock, folder.Path(),
-                      FeedMemoryPath(memoryFolder.Path())});
+                      FeedMemoryPath(memoryFolder.Path()), isLenient});
   }
   std::vector<std::string> WorkFiles() const { return folder.Names(); }
 
   TestStore db;
   TempFolder folder, memoryFolder;  // the latter holds the file of FeedMemory
   FeedServer server;
+  bool isLenient = false;
 };
 
 // A manual clock on which pauses as long as `limit`, by default a feed check's time limit, last

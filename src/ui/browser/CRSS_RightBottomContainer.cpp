@@ -286,26 +286,30 @@ void CRSS_RightBottomContainer::UpdateToolBar() {
 
 void CRSS_RightBottomContainer::ForgetFeeds() {
   desk_.State().discoveredFeeds.clear();
-  desk_.State().discoveredAtomFeeds.clear();
+  desk_.State().discoveredOtherFeeds.clear();
   toolbar_->Enable(kBrowserFeed, false);
 }
 
 void CRSS_RightBottomContainer::KeepFeeds(const AnnouncedFeeds& feeds) {
   const CodePage codePage = desk_.GetStore().TextCodePage();
   SharedState& state = desk_.State();
+  const bool takesJson = desk_.GetSkin().Config().ReadsLeniently();
   for (const FeedLink& link : feeds.links) {
+    if (link.kind == FeedLink::Kind::Json && !takesJson) continue;
+    const bool isRss = link.kind == FeedLink::Kind::Rss;
     const QString address =
-        link.isAtom ? link.resolved : ResolveFeedLink(link.href, feeds.domain, feeds.documentUrl);
-    auto& group = link.isAtom ? state.discoveredAtomFeeds : state.discoveredFeeds;
+        isRss ? ResolveFeedLink(link.href, feeds.domain, feeds.documentUrl) : link.resolved;
+    auto& group = isRss ? state.discoveredFeeds : state.discoveredOtherFeeds;
     group.push_back({FromQString(codePage, link.title), FromQString(codePage, address),
                      FromQString(codePage, link.resolved)});
   }
-  toolbar_->Enable(kBrowserFeed, !feeds.links.isEmpty());
+  toolbar_->Enable(kBrowserFeed,
+                   !state.discoveredFeeds.empty() || !state.discoveredOtherFeeds.empty());
 }
 
 void CRSS_RightBottomContainer::OfferFeeds() {
   ShowFeedMenu(
-      {desk_.State().discoveredFeeds, desk_.State().discoveredAtomFeeds},
+      {desk_.State().discoveredFeeds, desk_.State().discoveredOtherFeeds},
       desk_.GetStore().TextCodePage(), toolbar_->FeedButtonPlace(), this,
       [this](const std::string& address) { subscribing_.AddChannel(address); },
       [this] { toolbar_->FocusFeedButton(); });

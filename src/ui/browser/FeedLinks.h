@@ -11,7 +11,7 @@ struct FeedLink {
   QString title;
   QString href;
   QString resolved;
-  bool isAtom = false;
+  enum class Kind { Rss, Atom, Json } kind = Kind::Rss;
 };
 
 // The feed links of a page, and what is needed to resolve them.

@@ -21,13 +21,13 @@ constexpr char kGetElementValues[] = R"((ids => {
 constexpr char kFindFeeds[] = R"((() => {
   const has = (link, name, value) => (link.getAttribute(name) || '').toLowerCase() === value;
   const domain = Object.getOwnPropertyDescriptor(Document.prototype, 'domain').get;
+  const types = ['application/rss+xml', 'application/atom+xml', 'application/feed+json'];
   const links = [...Document.prototype.querySelectorAll.call(document, 'link')]
-    .filter(link => has(link, 'rel', 'alternate') &&
-      (has(link, 'type', 'application/rss+xml') || has(link, 'type', 'application/atom+xml')))
+    .filter(link => has(link, 'rel', 'alternate') && types.some(type => has(link, 'type', type)))
     .slice(0, 200);
   return [location.href, domain.call(document)].concat(
     links.map(link => [link.getAttribute('title') || '', link.getAttribute('href') || '',
-                       link.href, has(link, 'type', 'application/atom+xml') ? 'atom' : 'rss']));
+                       link.href, types.findIndex(type => has(link, 'type', type))]));
 })())";
 
 constexpr char kWatchPage[] = R"((() => {
@@ -131,7 +131,8 @@ AnnouncedFeeds ReadFeeds(const QVariant& result) {
   feeds.domain = values[1].toString();
   for (const QVariant& link : values.mid(2)) {
     const QStringList parts = link.toStringList();
-    feeds.links.append({parts.value(0), parts.value(1), parts.value(2), parts.value(3) == "atom"});
+    const auto kind = static_cast<FeedLink::Kind>(parts.value(3).toInt());
+    feeds.links.append({parts.value(0), parts.value(1), parts.value(2), kind});
   }
   return feeds;
 }

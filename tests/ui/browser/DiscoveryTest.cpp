@@ -1,5 +1,6 @@
 // The feeds that web pages announce, from the page to the menu that offers them.
 
+#include "files/RegistryKeys.h"
 #include "ui/browser/BrowserFixture.h"
 
 namespace feedloom {
@@ -75,6 +76,17 @@ TEST_F(Discovery, TheMenuOffersTheFeedsInOrderAndAddsTheChosenOne) {
   EXPECT_TRUE(ComesTrue([&] { return !frame_.addedAddresses.empty(); }));
   EXPECT_EQ(frame_.addedAddresses, Feeds{"http://127.0.0.1/two.xml"});
   EXPECT_EQ(pane_.focusWidget(), &Button(kTextAddTooltip));
+}
+
+TEST_F(Discovery, OffersJsonFeedsToAHostThatReadsThem) {
+  const std::string page = "<link rel=alternate type='application/feed+json' href='feed.json'>";
+  Visit("/first", page + FeedLink("/one.xml"));
+  ASSERT_TRUE(FindsFeeds());
+  EXPECT_TRUE(frame_.state.discoveredOtherFeeds.empty());
+  frame_.skin.SetHostValue(kValueLenient, kLenientOn);
+  Visit("/second", page);
+  ASSERT_TRUE(FindsFeeds());
+  EXPECT_EQ(frame_.state.discoveredOtherFeeds.at(0).address, server_.Url("/feed.json"));
 }
 
 TEST(FeedLinks, AreResolvedByHowTheyBegin) {
