@@ -125,6 +125,8 @@ TEST_F(Panes, LettersGiveTheirCommandsWhereverTheKeyboardIsButWhereOneTypes) {
   dynamic_cast<QLineEdit&>(*QApplication::focusWidget()).setText(server_.Url("/form").c_str());
   Press("Return");
   EXPECT_TRUE(Shows("ready"));
+  EXPECT_TRUE(WaitUntil(
+      [] { return QApplication::focusWidget()->inputMethodQuery(Qt::ImEnabled).toBool(); }));
   Press("N, M, Space, O");
   EXPECT_TRUE(Shows("nm o"));
   EXPECT_EQ(List().currentIndex().data(), "Post 2");
