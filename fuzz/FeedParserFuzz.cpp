@@ -1,8 +1,12 @@
-// Parses any bytes as a feed. Whatever is parsed can be stored.
+// Parses any bytes as a feed, by the letter and leniently. Whatever is parsed can be stored, and
+// leniency takes nothing away.
+#include <algorithm>
+
 #include "feed/FeedDate.h"
 #include "feed/FeedParser.h"
 #include "fuzz/FuzzKit.h"
 #include "text/Text.h"
+#include "xml/XmlMending.h"
 
 namespace feedloom {
 namespace {
@@ -23,13 +27,7 @@ void CheckItem(const FeedItem& item, CodePage codePage) {
   Require(item.isPodcast == 1 || item.enclosureType.empty(), "only a podcast has a media type");
 }
 
-}  // namespace
-
-void CheckInput(FuzzInput input) {
-  const CodePage codePage = input.TakeCodePage();
-  const MemoryFile document(input.Rest());
-  FeedParser parser(codePage);
-  const int code = parser.Parse(document.Path());
+void CheckParse(const FeedParser& parser, int code, CodePage codePage) {
   if (code < 0) return;
   Require(code == kParsed, "a parse ends with 0 or a negative code");
   Require(parser.GetFormat() != FeedFormat::Unknown, "a document that was read has a format");
@@ -39,6 +37,43 @@ void CheckInput(FuzzInput input) {
   RequireValid(parser.GetChannelTitle(), codePage, "the title is in the module's code page");
   RequireValid(parser.GetChannelLink(), codePage, "the link is in the module's code page");
   for (const FeedItem& item : parser.Items()) CheckItem(item, codePage);
+}
+
+// Each item of `strict` is one of `lenient`, in the same order and under the same title.
+void CheckNothingIsLost(const FeedParser& strict, const FeedParser& lenient) {
+  auto at = lenient.Items().begin();
+  for (const FeedItem& item : strict.Items()) {
+    at = std::find_if(at, lenient.Items().end(),
+                      [&](auto& other) { return other.title == item.title; });
+    Require(at++ != lenient.Items().end(), "what is read by the letter is read leniently");
+  }
+}
+
+// Mended, no document holds a control character, or grows more than its characters can.
+void CheckMending(std::string_view bytes) {
+  constexpr std::size_t kLongest = 5;  // "&amp;"
+  const std::string mended = MendedXml(bytes);
+  Require(mended.size() <= kLongest * bytes.size(), "a mended document is not much longer");
+  Require(std::ranges::none_of(mended,
+                               [](char c) {
+                                 return static_cast<unsigned char>(c) < ' ' && c != '\t' &&
+                                        c != '\n' && c != '\r';
+                               }),
+          "a mended document has no control characters");
+}
+
+}  // namespace
+
+void CheckInput(FuzzInput input) {
+  const CodePage codePage = input.TakeCodePage();
+  const MemoryFile document(input.Rest());
+  FeedParser strict(codePage), lenient({codePage, true});
+  const int code = strict.Parse(document.Path()), lenientCode = lenient.Parse(document.Path());
+  CheckParse(strict, code, codePage);
+  CheckParse(lenient, lenientCode, codePage);
+  Require(code != kParsed || lenientCode == kParsed, "leniency refuses nothing");
+  if (code == kParsed) CheckNothingIsLost(strict, lenient);
+  CheckMending(input.Rest());
 }
 
 }  // namespace feedloom

@@ -30,7 +30,8 @@ std::string FirstWords(std::string_view text) {
 std::string MadeUpTitle(const FeedItem& item, CodePage codePage) {
   const std::string text = HtmlText(codePage.ToUtf8(item.description), kLongest + 1);
   if (!text.empty()) return codePage.FromUtf8(FirstWords(text));
-  return item.link.empty() ? item.date : item.link;
+  const std::string_view link = Trim(item.link);
+  return std::string(link.empty() ? item.date : link);
 }
 
 }  // namespace feedloom

@@ -234,7 +234,8 @@ XmlDocument::LoadStatus XmlDocument::Load(const std::string& path, std::stop_tok
   if (isFaulty && faults == XmlFaults::Mended && file.Size() <= kMostMended) {
     const bool isLarge = file.Size() > limits.atOnce;
     if (isLarge && !limits.askForMore()) return LoadStatus::Unreadable;
-    parsed = ParseText(MendedXml(file.Start(kMostMended)), limits);
+    const std::string mended = MendedXml(file.Start(file.Size()));
+    parsed = ParseText(mended, limits);
   }
   document_.reset(parsed.tree);
   excess_ = std::move(parsed.excess);

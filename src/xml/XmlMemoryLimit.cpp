@@ -60,6 +60,7 @@ XmlMemoryLimit::XmlMemoryLimit(const XmlLimits& limits, xmlParserCtxt& context,
 }
 
 bool XmlMemoryLimit::AcceptsBytes(std::string_view piece) {
+  if (context_.wellFormed == 0) return false;  // the library would go on behind a fault
   read_ += piece.size();
   pending_ += piece.size();
   if (context_.inSubset != 0) declarations_ += piece.size();

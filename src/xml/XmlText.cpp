@@ -1,6 +1,7 @@
 #include "xml/XmlText.h"
 
 #include <algorithm>
+#include <array>
 
 #include "text/Encodings.h"
 #include "text/Text.h"
@@ -53,14 +54,23 @@ std::string TakeUnknown(std::string_view& rest) {
   return std::string(kUnknown);
 }
 
+// The windows-1252 character of each byte, made once: to make a converter takes long.
+std::array<std::string, 256> WesternCharacters() {
+  std::array<std::string, 256> all;
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    all[i] = Utf8From(kWestern, std::string(1, static_cast<char>(i)), TakeUnknown).value_or("");
+  }
+  return all;
+}
+
 // What is no UTF-8 in a text that is: the rest of a character that was cut off, or a byte of
 // another encoding, mostly of this one.
 std::string TakeForeignByte(std::string_view& rest) {
+  static const std::array<std::string, 256> kWesternCharacters = WesternCharacters();
   const std::size_t length = Utf8CharLength(rest);
-  const std::string_view bytes = rest.substr(0, length);
+  const auto byte = static_cast<unsigned char>(rest[0]);
   rest.remove_prefix(length);
-  if (length > 1) return std::string(kUnknown);
-  return Utf8From(kWestern, bytes).value_or(std::string(kUnknown));
+  return length > 1 ? std::string(kUnknown) : kWesternCharacters[byte];
 }
 
 // Whether any character of `bytes` beyond the ASCII ones is UTF-8.
