@@ -131,7 +131,7 @@ TEST_F(Commands, PostsAreListedNewestFirstInEveryScope) {
       {"", {"--cabinet 1 --search 셋", "--today", "--folder 1 --today"}}};
   for (const auto& [ids, options] : scopes)
     for (const char* scope : options) EXPECT_EQ(Ids(scope), ids) << scope;
-  EXPECT_EQ(RunJson("posts")[2].dump(),
+  EXPECT_EQ(ReplaceAll(RunJson("posts")[2].dump(), server_.Url("/"), ""),
             R"({"channel":"A","date":"2003-06-10 04:00:00","description":"<b>1</b>","id":1,)"
             R"("link":"l","podcast":false,"read":false,"title":"하나 one"})");
   Run("mark read --post 1");
@@ -193,7 +193,7 @@ TEST_F(Commands, ChangeJustWhatTheyNameAndAClippedPostStays) {
 TEST_F(Commands, CheckShowsWhatTheReaderSeesOrWhyItIsNoFeed) {
   Run("init --code-page EUC-KR");
   server_.Serve("/a", RssDocument("한 ♥ 😀", {{"t", "l", "Tue, 10 Jun 2003 04:00:00 +0900", "d"}}));
-  EXPECT_EQ(RunJson("check " + server_.Url("/a")).dump(),
+  EXPECT_EQ(ReplaceAll(RunJson("check " + server_.Url("/a")).dump(), server_.Url("/"), ""),
             R"({"atomVariant":-1,"format":0,"items":[{"date":"Tue, 10 Jun 2003 04:00:00 +0900",)"
             R"("description":"d","enclosureType":"","link":"l","podcast":0,"stored":)"
             R"("2003-06-10 13:00:00","title":"t"}],"link":"http://site.example/","result":0,)"
