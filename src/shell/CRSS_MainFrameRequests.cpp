@@ -86,7 +86,7 @@ void CRSS_MainFrame::RelistPosts(PostList list) {
 }
 
 void CRSS_MainFrame::ReloadSelection() {
-  if (state_.listShowsSelection) left_->ReloadSelection();
+  state_.listShowsSelection ? left_->ReloadSelection() : rightTop_->Reread({});
 }
 
 void CRSS_MainFrame::ShowPost(const PostRow& post) { rightBottom_->ShowPost(post); }
@@ -107,7 +107,7 @@ void CRSS_MainFrame::UnreadPostWasSaved(int cabinetId) { left_->UnreadPostWasSav
 
 void CRSS_MainFrame::ShowUndone(const std::optional<UndoableRow>& row, std::span<const int> posts) {
   left_->ShowUndone(row);
-  if (!state_.listShowsSelection) rightTop_->Reread(posts);
+  if (!state_.listShowsSelection && !posts.empty()) rightTop_->Reread(posts);
 }
 
 void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) { arrivals_->Recount(ofScrapPosts); }

@@ -27,7 +27,8 @@ class Reading {
   // Updates the post list with the posts of the tree's selection, read again from the store. The
   // list keeps its scroll position and the browser its page.
   virtual void RelistPosts(PostList list) = 0;
-  // Reads the posts of the tree's selection again when the list shows them; otherwise does nothing.
+  // Reads the posts of the tree's selection again when the list shows them, otherwise those of the
+  // list's rows, if they are of the store.
   virtual void ReloadSelection() = 0;
 
   // Show a post, or the main page, in the browser. While the list says itself that it has no posts,

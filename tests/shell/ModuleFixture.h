@@ -93,8 +93,10 @@ struct ModuleFixture : QObject, testing::Test {
   // Keys, one after the other, where the keyboard is: "F6, Shift+F10".
   void Press(const QString& keys) {
     for (const QString& key : keys.split(", ")) {
-      host_->activateWindow();
-      EXPECT_TRUE(WaitUntil([] { return QApplication::focusWidget() != nullptr; }));
+      EXPECT_TRUE(WaitUntil([this] {
+        host_->activateWindow();
+        return QApplication::focusWidget() != nullptr;
+      }));
       QTest::keySequence(QApplication::focusWidget(), QKeySequence(key));
     }
   }

@@ -193,7 +193,7 @@ void CRSS_RightTopContainer::Reread(std::span<const int> added) {
   for (int row = 0; row < model_.rowCount(); ++row) ids.push_back(model_.IdAt(row));
   const ListMode mode = desk_.State().listMode;
   if (mode == ListMode::WebDirectory || ids.empty()) return;
-  PostList list{.posts = {}, .areScrapPosts = model_.AreScrapPosts()};
+  PostList list = filled_;
   if (!FindPosts(desk_.GetStore(), ids, list.areScrapPosts, list.posts)) return;
   Refill(std::move(list));
   toolbar_.SetResultCount(mode == ListMode::Selection ? model_.rowCount() : -1);
