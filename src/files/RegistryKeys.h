@@ -72,13 +72,14 @@ inline constexpr char kValueBlockRemoteImages[] = "BlockRemoteImages";
 inline constexpr char kValueUserAgent[] = "UserAgent";
 
 // The values of the window's memory, texts of numbers.
-inline constexpr char kValuePanes[] = "Panes";        // the tree's width, the list's height
-inline constexpr char kValueColumns[] = "Columns";    // the widths of the list's columns
-inline constexpr char kValueSorting[] = "Sorting";    // the list's column, 1 when descending
-inline constexpr char kValueScope[] = "SearchScope";  // SearchScope
-inline constexpr char kValueZoom[] = "Zoom";          // steps from the normal size of pages
-inline constexpr char kValueClosed[] = "Closed";      // RowKind and id, of each closed group
-inline constexpr char kValueSelected[] = "Selected";  // RowKind and id of the tree's row
-inline constexpr char kValuePosts[] = "Posts";        // ids: current, on the first line, shown
+inline constexpr char kValuePanes[] = "Panes";            // the tree's width, the list's height
+inline constexpr char kValueColumns[] = "Columns";        // the widths of the list's columns
+inline constexpr char kValueSorting[] = "Sorting";        // the list's column, 1 when descending
+inline constexpr char kValueScope[] = "SearchScope";      // SearchScope
+inline constexpr char kValueZoom[] = "Zoom";              // steps from the normal size of pages
+inline constexpr char kValueClosed[] = "Closed";          // RowKind and id, of each closed group
+inline constexpr char kValueSelected[] = "Selected";      // RowKind and id of the tree's row
+inline constexpr char kValueUnreadOnly[] = "UnreadOnly";  // 1 when only unread posts are shown
+inline constexpr char kValuePosts[] = "Posts";            // ids: current, on the first line, shown
 
 }  // namespace feedloom

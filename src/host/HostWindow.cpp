@@ -53,9 +53,9 @@ void HostWindow::SetFrame(QWidget* frame) {
   frame->setFocus();
 }
 
-std::intptr_t HostWindow::SendToFrame(unsigned message) {
+std::intptr_t HostWindow::SendToFrame(unsigned message, std::intptr_t wParam) {
   if (!frame_) return 0;
-  WindowMessage event(message, 0, 0);
+  WindowMessage event(message, wParam, 0);
   QCoreApplication::sendEvent(frame_, &event);
   return event.result;
 }
@@ -70,6 +70,9 @@ bool HostWindow::event(QEvent* event) {
       return true;
     case kMessageRefreshProgress:
       ShowProgress(static_cast<int>(message.wParam), static_cast<int>(message.lParam));
+      return true;
+    case kMessageUnreadOnlyShown:
+      unreadOnly_->setChecked(message.wParam == 1);
       return true;
     default:
       return false;
@@ -130,10 +133,20 @@ void HostWindow::MakeViewMenu(const ViewChoices& choices) {
   AddListPlace(view, places, kHostTextMenuListBeside, ListPlace::Beside,
                choices.listPlace == ListPlace::Beside);
   view.addSeparator();
+  MakeUnreadEntry(view);
   QAction& outside = *view.addAction(HostText(kHostTextMenuLinksOutside));
   outside.setCheckable(true);
   outside.setChecked(choices.opensLinksOutside);
   connect(&outside, &QAction::toggled, this, &HostWindow::LinksOutsideChosen);
+}
+
+// What the module answers shows, as it may not know the message.
+void HostWindow::MakeUnreadEntry(QMenu& menu) {
+  unreadOnly_ = menu.addAction(HostText(kHostTextMenuUnreadOnly));
+  unreadOnly_->setCheckable(true);
+  connect(unreadOnly_, &QAction::triggered, this, [this](bool isOn) {
+    unreadOnly_->setChecked(SendToFrame(kMessageShowUnreadOnly, isOn ? 1 : 0) == 1);
+  });
 }
 
 void HostWindow::AddAppearance(QMenu& menu, QActionGroup& group, const char* textKey,

@@ -52,7 +52,7 @@ class HostWindow : public QMainWindow {
   void SetFrame(QWidget* frame);
 
   // Sends the frame a message (threads/Messages.h) and returns its result; 0 without a frame.
-  std::intptr_t SendToFrame(unsigned message);
+  std::intptr_t SendToFrame(unsigned message, std::intptr_t wParam = 0);
 
  signals:
   // The window is about to close.
@@ -77,6 +77,7 @@ class HostWindow : public QMainWindow {
                      const Appearance& appearance);
   void AddListPlace(QMenu& menu, QActionGroup& group, const char* textKey, ListPlace place,
                     bool isChosen);
+  void MakeUnreadEntry(QMenu& menu);
   void MakeStopEntry(QMenu& menu);
   void MakeStatusBar();
   // `isRunning` tells whether a refresh runs.
@@ -92,6 +93,7 @@ class HostWindow : public QMainWindow {
   QProgressBar* const busy_;
   QToolButton* const stop_;
   QAction* stopRefresh_ = nullptr;  // the menu's entry, and what the button does
+  QAction* unreadOnly_ = nullptr;
   QPointer<QWidget> frame_;
 };
 

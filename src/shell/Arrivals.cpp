@@ -1,10 +1,10 @@
 #include "shell/Arrivals.h"
 
-#include <QApplication>
 #include <algorithm>
 #include <unordered_map>
 #include <utility>
 
+#include "controls/UserPause.h"
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
 #include "threads/Messages.h"
@@ -21,12 +21,6 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds kBatch{100};
 constexpr milliseconds kNextLook{200};  // while the user is in the middle of something
-
-bool IsUserBusy() {
-  return QApplication::activeModalWidget() != nullptr ||
-         QApplication::activePopupWidget() != nullptr ||
-         QGuiApplication::mouseButtons() != Qt::NoButton;
-}
 
 }  // namespace
 

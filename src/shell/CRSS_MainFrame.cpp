@@ -103,6 +103,7 @@ void CRSS_MainFrame::BuildPanes() {
   memory_ = std::make_unique<FrameMemory>(FramePanes{*sizes_, *left_, *rightTop_, *rightBottom_},
                                           *this, *this, registry_, kept_);
   PlaceList();
+  ShowUnreadOnly(memory_->IsUnreadOnly());
   setFocusProxy(left_);
   handle(1)->setAccessibleName(SkinText(skin_, kTextColumnDivider));
   connect(rightBottom_, &CRSS_RightBottomContainer::PageShown, this, &CRSS_MainFrame::PageShown);
@@ -130,6 +131,9 @@ void CRSS_MainFrame::TurnToPost(const QWidget* /*before*/, const QWidget* focus)
 void CRSS_MainFrame::ConnectTree() {
   connect(left_, &CRSS_LeftContainer::SettingsWanted, this, &CRSS_MainFrame::OpenControlPanel);
   connect(left_, &CRSS_LeftContainer::NoticeIsDue, this, &CRSS_MainFrame::ShowNewPostNotification);
+  connect(left_, &CRSS_LeftContainer::UnreadOnlyWanted, this, &CRSS_MainFrame::ShowUnreadOnly);
+  connect(rightTop_, &CRSS_RightTopContainer::UnreadOnlyWanted, this,
+          &CRSS_MainFrame::ShowUnreadOnly);
   connect(left_, &CRSS_LeftContainer::SearchWanted, this, [this] { rightTop_->FocusSearch(); });
 }
 
@@ -229,6 +233,9 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
     case kMessageUndo:
       left_->Run(kCommandUndo);
       break;
+    case kMessageShowUnreadOnly:
+      if (wParam == 0 || wParam == 1) ShowUnreadOnly(wParam == 1);
+      return state_.isUnreadOnly ? 1 : 0;
     default:
       break;
   }
@@ -278,6 +285,13 @@ void CRSS_MainFrame::ApplyPanelSettings(const Settings& settings) {
 }
 
 void CRSS_MainFrame::SetPreviewMode() { rightBottom_->SetMode(settings_.previewMode == 0 ? 1 : 0); }
+
+void CRSS_MainFrame::ShowUnreadOnly(bool isOn) {
+  if (std::exchange(state_.isUnreadOnly, isOn) == isOn) return;
+  left_->ShowUnreadOnly(isOn);
+  rightTop_->FollowUnreadOnly();
+  SendToWindow(window(), kMessageUnreadOnlyShown, isOn ? 1 : 0, 0);
+}
 
 void CRSS_MainFrame::ShowNewPostNotification() {
   if (channelNotice_) return;

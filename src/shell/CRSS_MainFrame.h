@@ -58,7 +58,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   // ended if the host was told that it began. To be called while the host's window still exists.
   void EndRefresh();
 
-  // Handles the message `number` (a Message; others are ignored). Always returns 0.
+  // Handles the message `number` (a Message; others are ignored), and returns its answer.
   std::intptr_t OnMessage(unsigned number, std::intptr_t wParam, std::intptr_t lParam);
 
   // Shows the control panel and returns when it is closed. Confirmed settings are stored and
@@ -66,6 +66,9 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   void OpenControlPanel();
   // Makes `settings` the live ones: restarts the timers and redraws the page. Modes become 0 or 1.
   void ApplyPanelSettings(const Settings& settings);
+
+  // Shows only unread posts in tree and list, or all, and tells the host.
+  void ShowUnreadOnly(bool isOn);
 
   // Announces the posts that have arrived since the last announcement; a click on it lists today's.
   // Does nothing in a host that has them announced by their channels (HostConfig).
@@ -80,6 +83,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
     status_.ReportPage(text, hasEnded);
   }
   MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) override;
+  MsgBoxAnswer Ask(const char* key, std::string_view more, MsgBoxKind kind) override;
 
   void FolderWasAdded(const FolderRow& folder) override;
   void CabinetWasAdded(const CabinetRow& cabinet) override;

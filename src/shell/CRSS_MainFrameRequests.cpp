@@ -21,6 +21,12 @@ MsgBoxAnswer CRSS_MainFrame::ShowTextMessage(const char* section, const char* ke
   return ShowMsgBox(skin_, ToQString(store_->TextCodePage(), text), kind, this);
 }
 
+MsgBoxAnswer CRSS_MainFrame::Ask(const char* key, std::string_view more, MsgBoxKind kind) {
+  if (more.empty()) return ShowTextMessage(kSectionTexts, key, kind);
+  const std::string text = skin_.GetText(kSectionTexts, key) + "$$" + std::string(more);
+  return ShowMsgBox(skin_, ToQString(store_->TextCodePage(), WithLineBreaks(text)), kind, this);
+}
+
 // While the tree is not read, a new row comes into it by the reading.
 
 void CRSS_MainFrame::FolderWasAdded(const FolderRow& folder) {

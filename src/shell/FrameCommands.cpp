@@ -36,7 +36,8 @@ FrameCommands::FrameCommands(QWidget& frame, const Desk& desk, const Panes& pane
       {kCommandDeleteSelection, [this] { Delete(); }},
       {kCommandKeySheet, [&desk, &frame] { ShowKeySheet(desk.GetSkin(), &frame); }}};
   for (const auto& [command, run] : commands) OnKeysOf(command, frame, run);
-  for (const int command : {kCommandUndo, kCommandRefreshSelection, kCommandRefreshAll}) {
+  for (const int command :
+       {kCommandUndo, kCommandRefreshSelection, kCommandRefreshAll, kCommandUnreadOnly}) {
     OnKeysOf(command, frame, [this, command] { panes_.left.Run(command); });
   }
   for (const int command : {kCommandToggleRead, kCommandScrap}) {

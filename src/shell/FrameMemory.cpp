@@ -65,7 +65,8 @@ ViewMemory FrameMemory::Look() const {
   return {.panes = panes_.sizes.Memory(),
           .tree = panes_.left.Memory(),
           .list = panes_.list.Memory(),
-          .page = panes_.page.Memory()};
+          .page = panes_.page.Memory(),
+          .isUnreadOnly = desk_.State().isUnreadOnly};
 }
 
 std::optional<KeptView> FrameMemory::Leave() {

@@ -31,6 +31,9 @@ class FrameMemory {
   FrameMemory(const FramePanes& panes, Desk& desk, Reading& reading, const Registry& registry,
               std::optional<KeptView>& kept);
 
+  // Whether only what is unread was shown.
+  bool IsUnreadOnly() const { return (kept_ ? kept_->view : stored_).isUnreadOnly; }
+
   // To be called once, when the tree has its rows and the browser its main page: closes groups,
   // and lists and shows again what the frame before showed. Without a frame before, and if the host
   // asks for it, it is what the last start of the program has shown; if that is gone, the first

@@ -118,6 +118,12 @@ Numbers WritePosts(const ViewMemory& view) {
   return {view.list.current, view.list.top, view.page.post};
 }
 
+void ReadUnreadOnly(const Numbers& numbers, ViewMemory& view) {
+  view.isUnreadOnly = numbers == Numbers{1};
+}
+
+Numbers WriteUnreadOnly(const ViewMemory& view) { return {view.isUnreadOnly ? 1 : 0}; }
+
 struct Field {
   const char* name;
   void (*read)(const Numbers& numbers, ViewMemory& view);
@@ -134,6 +140,7 @@ constexpr Field kFields[] = {
     {kValueClosed, ReadClosed, WriteClosed},
     {kValueSelected, ReadSelected, WriteSelected},
     {kValuePosts, ReadPosts, WritePosts},
+    {kValueUnreadOnly, ReadUnreadOnly, WriteUnreadOnly},
 };
 
 }  // namespace

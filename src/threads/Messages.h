@@ -25,6 +25,7 @@ enum Message : unsigned {
   kMessageRefreshBegan = 0x5601,
   kMessageRefreshEnded = 0x5602,
   kMessageRefreshProgress = 0x5603,  // wParam and lParam: so many channels are done, of so many
+  kMessageUnreadOnlyShown = 0x5604,  // wParam 1 or 0: only unread posts are shown now, or all
 
   // From the host to the frame. The parameters are ignored; the answer is 0.
   kMessageShowTextAgain = 0x3079,
@@ -33,6 +34,10 @@ enum Message : unsigned {
   kMessageViewChanged = 0x307D,
   kMessageStopRefresh = 0x307E,
   kMessageUndo = 0x307F,
+
+  // From the host to the frame: show only unread posts (wParam 1) or all of them (0); another
+  // wParam changes nothing. The answer is 1 while only unread ones are shown, otherwise 0.
+  kMessageShowUnreadOnly = 0x3080,
 };
 
 // The wParam of kMessageChannelResult.

@@ -47,6 +47,7 @@ enum Command {
   kCommandScreenOn,
   kCommandScreenBack,
   kCommandToggleRead,
+  kCommandUnreadOnly,
   kCommandOpenPost,
   kCommandShowPost,
   kCommandSelectAll,

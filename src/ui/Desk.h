@@ -32,6 +32,8 @@ class Desk {
   // Shows the host's text with this section and key in a message box and waits for the answer. The
   // frame may be destroyed meanwhile; the answer is then Declined.
   virtual MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) = 0;
+  // As ShowTextMessage with a question of the module's section; `more` stands below it.
+  virtual MsgBoxAnswer Ask(const char* key, std::string_view more, MsgBoxKind kind) = 0;
 };
 
 }  // namespace feedloom

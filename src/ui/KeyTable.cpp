@@ -31,6 +31,7 @@ std::vector<KeyGroup> MakeTable() {
             {kCommandMoveDown, {Qt::ALT | Qt::Key_Down}, nullptr, &kLabelMoveDown, true},
             {kCommandRefreshSelection, {Qt::Key_F5}, nullptr, &kLabelKeyRefreshSelection},
             {kCommandRefreshAll, {Qt::SHIFT | Qt::Key_F5}, nullptr, &kLabelKeyRefreshAll},
+            {kCommandUnreadOnly, {Qt::Key_U}, nullptr, &kLabelUnreadOnly},
             {kCommandFocusSearch, Usual(Std::Find), nullptr, &kLabelKeySearch},
             {0, {Qt::Key_End}, nullptr, &kLabelKeyMoreResults}}},
           {&kLabelKeysPage,

@@ -126,6 +126,8 @@ void AddItems(QMenu& target, const Menu& menu, const Skin& skin) {
       QAction* const action = target.addAction(MenuText(skin, item));
       action->setData(item.command);
       action->setEnabled(item.isEnabled);
+      action->setCheckable(item.isChecked.has_value());
+      action->setChecked(item.isChecked.value_or(false));
       ShowKey(*action);
     }
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,7 @@ struct MenuItem {
   bool isEnabled = true;
   Menu items = {};
   std::string detail = {};
+  std::optional<bool> isChecked = {};  // of a command that turns something on and off
 };
 
 // The module's pop-up menus.

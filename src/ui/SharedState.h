@@ -39,6 +39,9 @@ struct SharedState {
   // True when the list shows the posts of the tree's selected row, not a search or today's posts.
   bool listShowsSelection = false;
   // The RSS feeds of the latest web page, and its other feeds, in the page's order. Pages that the
+  // Posts that are read, and rows of the tree without unread ones, are hidden.
+  bool isUnreadOnly = false;
+  // The RSS feeds of the latest web page, and its Atom feeds, in the page's order. Pages that the
   // module generates do not change them.
   std::vector<DiscoveredFeed> discoveredFeeds;
   std::vector<DiscoveredFeed> discoveredOtherFeeds = {};

@@ -55,6 +55,7 @@ struct ViewMemory {
   TreeMemory tree = {};
   ListMemory list = {};
   PageMemory page = {};
+  bool isUnreadOnly = false;  // tree and list show only what is unread
 
   bool operator==(const ViewMemory&) const = default;
 };

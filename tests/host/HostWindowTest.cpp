@@ -83,6 +83,19 @@ TEST_F(HostWindowTest, OffersToUndoTheLastStepAsLongAsTheModuleDoes) {
   EXPECT_FALSE(undo.isVisible());
 }
 
+TEST_F(HostWindowTest, TheMenuShowsWhetherTheModuleShowsUnreadPostsOnly) {
+  const auto actions = window_->findChildren<QAction*>();
+  QAction& entry = **std::ranges::find(actions, "읽지 않은 글만 보기(&U)", &QAction::text);
+  for (const int isOn : {1, 0}) {
+    WindowMessage shown(kMessageUnreadOnlyShown, isOn, 0);
+    QCoreApplication::sendEvent(window_.get(), &shown);
+    EXPECT_EQ(entry.isChecked(), isOn == 1);
+  }
+  entry.trigger();
+  EXPECT_EQ(told_, std::vector<unsigned>{kMessageShowUnreadOnly});
+  EXPECT_FALSE(entry.isChecked()) << "this module does not know the message";
+}
+
 TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   QStringList told, all;
   for (const auto* action : window_->findChildren<QAction*>())
@@ -91,7 +104,8 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
             "파일(&F) 모든 채널 새로 고침(&R)Ctrl+R 새로 고침 멈춤(&T) 마지막 메시지 보기(&M) 환경 "
             "설정(&S)…  "
             "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E)  "
-            "목록을 글 위에(&T) 목록을 글 옆에(&B)*  링크를 시스템 브라우저에서 열기(&S) "
+            "목록을 글 위에(&T) 목록을 글 옆에(&B)*  읽지 않은 글만 보기(&U) 링크를 시스템 "
+            "브라우저에서 열기(&S) "
             "도움말(&H) Feedloom 정보(&A) ");
   QObject::connect(window_.get(), &HostWindow::Closing, [&] { told << "closing"; });
   QObject::connect(window_.get(), &HostWindow::AppearanceChosen, [&](const Appearance& chosen) {

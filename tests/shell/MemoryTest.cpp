@@ -175,4 +175,31 @@ TEST_F(Memory, AnEmptyListSaysSoBesideAnEmptyPageIfTheHostWantsThat) {
   EXPECT_TRUE(Titles().isEmpty() && says("이 채널에는 글이 없습니다.", true));
 }
 
+TEST_F(Memory, OnlyUnreadPostsAreShownInTheNextFrameAndTheNextStartToo) {
+  AskForLast();
+  AddPosts(1, 3);
+  Sql("update TB_POST set post_readStatus = 1 where post_title = 'Post 2'");
+  CreateFrame();
+  const auto turn = [this](std::intptr_t wParam) {
+    WindowMessage message(kMessageShowUnreadOnly, wParam, 0);
+    QCoreApplication::sendEvent(frame_, &message);
+    return message.result;
+  };
+  EXPECT_EQ(turn(1) + 10 * turn(2) + 100 * turn(0), 11);
+  EXPECT_EQ(numbers_, (std::vector<unsigned>(2, kMessageUnreadOnlyShown)));
+  Select("Feedloom 시작하기(2)");
+  const QStringList all = Titles();
+  Press("U");
+  EXPECT_EQ(turn(2), 1);
+  for (const bool isNewStart : {false, true}) {
+    EXPECT_EQ(Titles().size(), 2);
+    EXPECT_EQ(Unread(), "1") << "the post that is read stays";
+    EXPECT_EQ(Labels().join(' '), "기본 그룹(1)   Feedloom 시작하기(1) 보관함   내 보관함");
+    isNewStart ? StartAgain() : (Destroy(), CreateFrame());
+  }
+  EXPECT_EQ(Titles().size(), 2);
+  Press("U");
+  EXPECT_EQ(Titles(), all);
+}
+
 }  // namespace feedloom

@@ -12,7 +12,8 @@ TEST(ViewStore, KeepsAllAndIgnoresBadValuesPieceByPiece) {
       .panes = {300, 240, 420},
       .tree = {{{RowKind::Folder, 7}, {RowKind::CabinetRoot, 0}}, RowKey{RowKind::Cabinet, 2}},
       .list = {{30, 400, 0, 90}, 1, 2, true, 41, 40},
-      .page = {-2, 41}};
+      .page = {-2, 41},
+      .isUnreadOnly = true};
   ASSERT_TRUE(SaveView(registry, view));
   EXPECT_EQ(LoadView(registry), view);
   for (const auto& [name, text] : {std::pair("Panes", "-5,240"),
@@ -22,7 +23,8 @@ TEST(ViewStore, KeepsAllAndIgnoresBadValuesPieceByPiece) {
                                    {"Zoom", ""},
                                    {"Closed", "0,7,9,1"},
                                    {"Selected", "2,12345678901234567890"},
-                                   {"Posts", "41,40,41x"}}) {
+                                   {"Posts", "41,40,41x"},
+                                   {"UnreadOnly", "2"}}) {
     ASSERT_TRUE(registry.WriteString(kViewKey, name, text));
   }
   EXPECT_EQ(LoadView(registry), (ViewMemory{.panes = {.listHeight = 240},

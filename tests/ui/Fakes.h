@@ -26,6 +26,10 @@ struct FakeDesk : Desk {
     if (whileAsking) whileAsking();
     return nextAnswer;
   }
+  MsgBoxAnswer Ask(const char* key, std::string_view more, MsgBoxKind kind) override {
+    askedMore = more;
+    return ShowTextMessage(kSectionTexts, key, kind);
+  }
 
   TestStore db;
   ShippedSkin skin;
@@ -36,6 +40,7 @@ struct FakeDesk : Desk {
   UndoableSteps steps{*this, {}};
   std::function<void()> whileAsking;
   std::vector<std::string> messages, questions;  // texts, keys
+  std::string askedMore;                         // below the latest question
 };
 
 struct FakeRefreshing : Refreshing {

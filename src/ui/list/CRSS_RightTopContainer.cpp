@@ -56,6 +56,8 @@ CRSS_RightTopContainer::CRSS_RightTopContainer(Desk& desk, Reading& reading,
   SetUpKeys();
   connect(&toolbar_, &CRSS_RightTopToolBarWnd::SearchRequested, this,
           &CRSS_RightTopContainer::Search);
+  connect(&toolbar_, &CRSS_RightTopToolBarWnd::UnreadOnlyWanted, this,
+          &CRSS_RightTopContainer::UnreadOnlyWanted);
   connect(&toolbar_, &CRSS_RightTopToolBarWnd::EscapePressed, &list_, [this] { list_.setFocus(); });
 }
 
@@ -77,6 +79,11 @@ void CRSS_RightTopContainer::SetUpList() {
   }
   list_.SetRightPressSelects(!isCareful_);
   setFocusProxy(&list_);
+  const auto awaitPause = [this] {
+    if (desk_.State().isUnreadOnly) pause_.start();
+  };
+  connect(list_.selectionModel(), &QItemSelectionModel::selectionChanged, this, awaitPause);
+  connect(&model_, &QAbstractItemModel::dataChanged, this, awaitPause);
   connect(&list_, &CVxListCtrl::RowClicked, this, &CRSS_RightTopContainer::ShowClicked);
   connect(&list_, &CVxListCtrl::RowReached, this, [this] { commands_.FollowKeys(); });
   connect(&list_, &CVxListCtrl::MenuRequested, this, &CRSS_RightTopContainer::OpenMenu);
@@ -111,7 +118,8 @@ void CRSS_RightTopContainer::SetUpKeys() {
 void CRSS_RightTopContainer::Fill(PostList list) {
   webSearch_.Cancel();
   NoteFilled(list);
-  model_.Fill(std::move(list));
+  commands_.ForgetShown();
+  model_.Fill(std::move(list), FilterFor({}));
   list_.ClearSorting();
   list_.scrollToTop();
   toolbar_.SetResultCount(filled_.areSearchResults ? model_.rowCount() : -1);
@@ -126,9 +134,13 @@ void CRSS_RightTopContainer::NoteFilled(const PostList& list) {
 }
 
 QString CRSS_RightTopContainer::EmptyText() const {
-  const bool isSaid = model_.rowCount() == 0 && filled_.whenEmpty != nullptr &&
+  const int hidden = model_.HiddenCount();
+  const bool isSaid = model_.rowCount() == 0 && (hidden > 0 || filled_.whenEmpty != nullptr) &&
                       desk_.GetSkin().Config().SaysEmptyLists();
   if (!isSaid) return {};
+  if (hidden > 0) {
+    return SkinText(desk_.GetSkin(), kTextNoUnreadPosts).replace("%d", QString::number(hidden));
+  }
   return SkinText(desk_.GetSkin(), filled_.whenEmpty)
       .replace("%s", ToLine(desk_.GetStore().TextCodePage(), filled_.word));
 }
@@ -143,9 +155,33 @@ void CRSS_RightTopContainer::Refill(PostList list) {
   if (model_.Shows(list)) return;
   NoteFilled(list);
   const ListViewState place = SaveViewState(list_, model_);
-  model_.Refill(std::move(list));
+  model_.Refill(std::move(list), FilterFor(Held()));
   RestoreViewState(list_, model_, place);
 }
+
+void CRSS_RightTopContainer::FollowUnreadOnly() {
+  toolbar_.SetUnreadOnly(desk_.State().isUnreadOnly);
+  const ListViewState place = SaveViewState(list_, model_);
+  model_.Filter(FilterFor(Held()));
+  RestoreViewState(list_, model_, place);
+}
+
+// What was searched for is shown, read or not.
+PostFilter CRSS_RightTopContainer::FilterFor(std::unordered_set<int> kept) const {
+  const bool wasSearched = filled_.areSearchResults || filled_.areFromWeb;
+  return {.isUnreadOnly = desk_.State().isUnreadOnly && !wasSearched, .kept = std::move(kept)};
+}
+
+// The ids of the posts that the user has not left.
+std::unordered_set<int> CRSS_RightTopContainer::Held() const {
+  std::unordered_set<int> held;
+  for (const int row : list_.SelectedRows()) held.insert(model_.IdAt(row));
+  if (list_.currentIndex().isValid()) held.insert(model_.IdAt(list_.currentIndex().row()));
+  if (const auto shown = commands_.Shown()) held.insert(*shown);
+  return held;
+}
+
+void CRSS_RightTopContainer::HideLeft() { HideKeepingPosition(list_, model_, FilterFor(Held())); }
 
 ListMemory CRSS_RightTopContainer::Memory() const {
   ListMemory memory{.columnWidths = list_.ColumnWidths(),
@@ -168,6 +204,7 @@ void CRSS_RightTopContainer::Recall(const ListMemory& memory) {
 }
 
 void CRSS_RightTopContainer::RecallPlace(const ListMemory& memory) {
+  model_.Filter(FilterFor({memory.current}));
   if (memory.sortColumn >= 0) {
     list_.header()->setSortIndicator(
         memory.sortColumn, memory.isDescending ? Qt::DescendingOrder : Qt::AscendingOrder);
@@ -189,8 +226,8 @@ std::optional<PostRow> CRSS_RightTopContainer::Find(int postId) const {
 }
 
 void CRSS_RightTopContainer::Reread(std::span<const int> added) {
-  std::vector<int> ids(added.begin(), added.end());
-  for (int row = 0; row < model_.rowCount(); ++row) ids.push_back(model_.IdAt(row));
+  std::vector<int> ids = model_.Ids();
+  ids.insert(ids.end(), added.begin(), added.end());
   const ListMode mode = desk_.State().listMode;
   if (mode == ListMode::WebDirectory || ids.empty()) return;
   PostList list = filled_;

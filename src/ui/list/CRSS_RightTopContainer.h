@@ -3,11 +3,14 @@
 #pragma once
 
 #include <QWidget>
+#include <unordered_set>
 
+#include "controls/UserPause.h"
 #include "look/PaneFrame.h"
 #include "ui/Reading.h"
 #include "ui/ViewMemory.h"
 #include "ui/list/PostCommands.h"
+#include "ui/list/PostFilter.h"
 #include "ui/list/WebSearch.h"
 
 namespace feedloom {
@@ -49,6 +52,11 @@ class CRSS_RightTopContainer : public QWidget {
   // Runs the command with this number of ui/Commands.h for the selected posts.
   void Run(int command) { commands_.Run(command); }
 
+  // Follows SharedState::isUnreadOnly: shows all posts, or hides those that are read. The selected
+  // posts and the one that was shown last stay until the user leaves them. What a search has found
+  // is always shown.
+  void FollowUnreadOnly();
+
   // Shows the rows on two lines each, without columns and headings, or in columns.
   void SetTwoLines(bool areTwo);
 
@@ -73,6 +81,10 @@ class CRSS_RightTopContainer : public QWidget {
   // Moves the keyboard focus to the search box.
   void FocusSearch();
 
+ signals:
+  // The user wants only unread posts to be shown, or all.
+  void UnreadOnlyWanted(bool isOn);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -83,6 +95,9 @@ class CRSS_RightTopContainer : public QWidget {
   void ShowClicked(int row);
   void NoteFilled(const PostList& list);
   QString EmptyText() const;
+  PostFilter FilterFor(std::unordered_set<int> kept) const;
+  std::unordered_set<int> Held() const;
+  void HideLeft();
   void OpenMenu(const QModelIndex& row, const QPoint& place);
   void Search();
   // Appends rows of the same kind. Scroll position, selection and sorting stay.
@@ -98,6 +113,7 @@ class CRSS_RightTopContainer : public QWidget {
   CVxListCtrl& list_;
   PostCommands commands_;
   WebSearch webSearch_;
+  UserPause pause_{this, [this] { HideLeft(); }};
   PostList filled_;  // what the list was filled with last, without its posts
 };
 

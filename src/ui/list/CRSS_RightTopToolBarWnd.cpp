@@ -17,6 +17,7 @@
 #include "skin/Labels.h"
 #include "skin/Skin.h"
 #include "ui/WebDirectory.h"
+#include "ui/list/UnreadButton.h"
 
 namespace feedloom {
 namespace {
@@ -89,12 +90,14 @@ CRSS_RightTopToolBarWnd::CRSS_RightTopToolBarWnd(const Skin& skin, QWidget* pare
       scope_(*MakeScopeBox(skin, this)),
       word_(*MakeWordBox(skin, this)),
       button_(
-          *MakeToolButton(skin, kSectionRightTopToolbar, kButtonSearch, kTextSearchTooltip, this)) {
+          *MakeToolButton(skin, kSectionRightTopToolbar, kButtonSearch, kTextSearchTooltip, this)),
+      unread_(*MakeUnreadButton(skin, this)) {
   setObjectName("RSS_RightTopToolBar");
   SetAccessibleRole(*this, QAccessible::ToolBar);
   setAccessibleName(SkinText(skin, kTextRightTopToolBar));
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
   connect(&button_, &QAbstractButton::clicked, this, &CRSS_RightTopToolBarWnd::SearchRequested);
+  connect(&unread_, &QAbstractButton::clicked, this, &CRSS_RightTopToolBarWnd::UnreadOnlyWanted);
 }
 
 std::string CRSS_RightTopToolBarWnd::Word() const {
@@ -118,6 +121,8 @@ void CRSS_RightTopToolBarWnd::SetResultCount(int count) {
   update();
 }
 
+void CRSS_RightTopToolBarWnd::SetUnreadOnly(bool isOn) { unread_.setChecked(isOn); }
+
 void CRSS_RightTopToolBarWnd::FocusWord() {
   word_.setFocus(Qt::ShortcutFocusReason);
   word_.selectAll();
@@ -129,8 +134,9 @@ void CRSS_RightTopToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
   if (!isResultShown_) return;
   painter.setFont(ResultFont());
   painter.setPen(palette().color(QPalette::WindowText));
-  const int left = std::min(kResultPlace.x(), width() - kEdge - ResultWidth() + kResultGap);
-  painter.drawText(QRect(QPoint(left, kResultPlace.y()), rect().bottomRight()),
+  const int end = unread_.x() - kGap;
+  const int left = std::min(kResultPlace.x(), end - ResultWidth() + kResultGap);
+  painter.drawText(QRect(QPoint(left, kResultPlace.y()), QPoint(end, rect().bottom())),
                    Qt::AlignLeft | Qt::AlignTop, resultText_);
 }
 
@@ -142,7 +148,9 @@ int CRSS_RightTopToolBarWnd::ResultWidth() const {
 
 void CRSS_RightTopToolBarWnd::LayOut() {
   const QSize button = button_.sizeHint();
-  const int needed = 2 * kEdge + kScopeWidth + kWordWidth + button.width() + 2 * kGap;
+  const QSize unread = unread_.sizeHint();
+  const int needed =
+      2 * kEdge + kScopeWidth + kWordWidth + button.width() + unread.width() + 3 * kGap;
   const int missing = std::max(needed - width(), 0);
   const int missingForResult = needed + ResultWidth() - width();
   isResultShown_ =
@@ -161,6 +169,8 @@ void CRSS_RightTopToolBarWnd::LayOut() {
   place(scope_, {kScopeWidth - fromScope, scope_.sizeHint().height()});
   place(word_, {kWordWidth - fromWord, word_.sizeHint().height()});
   place(button_, button);
+  left = std::max(left, width() - kEdge - unread.width());
+  place(unread_, unread);
 }
 
 // Receives the keys that the focused control has ignored.

@@ -17,8 +17,9 @@ class Skin;
 // Where a search looks: in the web directory of feeds, or in the posts of the store.
 enum class SearchScope { Web = 0, Local = 1 };
 
-// The toolbar above the list: the search scope, the search word, the button and the number of posts
-// found. Its object name is "RSS_RightTopToolBar". Interface thread only.
+// The toolbar above the list: the search scope, the search word, the button, the number of posts
+// found, and at the right end the button that shows unread posts only. Its object name is
+// "RSS_RightTopToolBar". Interface thread only.
 class CRSS_RightTopToolBarWnd : public QWidget {
   Q_OBJECT
 
@@ -39,12 +40,16 @@ class CRSS_RightTopToolBarWnd : public QWidget {
   // Shows the number of posts that a search has found, or that it has found none. A negative count
   // shows nothing.
   void SetResultCount(int count);
+  // Shows whether only unread posts are shown.
+  void SetUnreadOnly(bool isOn);
   // Moves the keyboard focus to the word and selects it.
   void FocusWord();
 
  signals:
   // The user clicked the button or pressed Enter in the edit box.
   void SearchRequested();
+  // The user wants only unread posts to be shown, or all.
+  void UnreadOnlyWanted(bool isOn);
   // The user pressed Escape in the edit box. The receiver moves the focus back to the list.
   void EscapePressed();
 
@@ -64,6 +69,7 @@ class CRSS_RightTopToolBarWnd : public QWidget {
   CVxComboBox& scope_;
   CVxEdit& word_;
   QAbstractButton& button_;
+  QAbstractButton& unread_;
   QString resultText_;          // empty without a count
   bool isResultShown_ = false;  // as a whole: a part of a number would be another number
 };

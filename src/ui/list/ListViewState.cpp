@@ -110,4 +110,8 @@ void AppendKeepingPosition(QTreeView& view, PostListModel& model, PostList list)
   ChangeKeepingPosition(view, [&] { model.Append(std::move(list)); });
 }
 
+void HideKeepingPosition(QTreeView& view, PostListModel& model, const PostFilter& filter) {
+  ChangeKeepingPosition(view, [&] { model.Hide(filter); });
+}
+
 }  // namespace feedloom

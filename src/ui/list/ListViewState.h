@@ -12,6 +12,7 @@ class QTreeView;
 namespace feedloom {
 
 class PostListModel;
+struct PostFilter;
 struct PostList;
 
 // Posts are named by their ids.
@@ -28,9 +29,10 @@ ListViewState SaveViewState(const QTreeView& view, const PostListModel& model);
 // exists is on the same line of the view as before.
 void RestoreViewState(QTreeView& view, const PostListModel& model, const ListViewState& state);
 
-// Sort the rows, or append rows. The current post stays on its line of the view; if it is not
-// visible, the topmost post does.
+// Sort the rows, append rows, or hide some. The current post stays on its line of the view; if it
+// is not visible, the topmost post does.
 void SortKeepingPosition(QTreeView& view, PostListModel& model, int column, Qt::SortOrder order);
 void AppendKeepingPosition(QTreeView& view, PostListModel& model, PostList list);
+void HideKeepingPosition(QTreeView& view, PostListModel& model, const PostFilter& filter);
 
 }  // namespace feedloom

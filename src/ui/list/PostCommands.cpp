@@ -7,6 +7,7 @@
 
 #include "controls/CVxListCtrl.h"
 #include "skin/Keys.h"
+#include "skin/TextPlaceholders.h"
 #include "store/Cabinets.h"
 #include "store/PostLists.h"
 #include "ui/Desk.h"
@@ -28,9 +29,11 @@ void PostCommands::Glimpse(int row) { Display(row, true); }
 void PostCommands::Display(int row, bool isGlimpse) {
   rest_.stop();
   glimpsed_.reset();
+  shown_.reset();
   if (row < 0 || row >= model_.rowCount()) return reading_.ShowMainPage();
   const PostRow post = model_.At(row);
   reading_.ShowPost(post);
+  shown_ = post.id;
   if (isGlimpse) {
     glimpsed_ = post.id;
   } else if (PostsAreStored()) {
@@ -91,7 +94,7 @@ void PostCommands::Run(int command, const std::optional<MenuPost>& post) {
     case kCommandDelete:
       return Delete(ActedRows(), kTextDeletePosts);
     case kCommandDeleteAll:
-      return Delete(AllRows(), kTextDeleteAllPosts);
+      return Delete(AllRows(), kTextDeleteAllPosts, HiddenThatStay());
     case kCommandScrap:
       return Scrap();
     default:
@@ -140,18 +143,26 @@ std::vector<int> PostCommands::ActedRows() const {
   return PostsAreStored() ? model_.RowsOf({&menuPost_->id, 1}) : std::vector<int>();
 }
 
-void PostCommands::Delete(const std::vector<int>& rows, const char* question) {
+std::string PostCommands::HiddenThatStay() const {
+  if (model_.HiddenCount() == 0) return {};
+  return WithNumbers(desk_.GetSkin().GetText(kSectionTexts, kTextHiddenPostsStay),
+                     {model_.HiddenCount()});
+}
+
+void PostCommands::Delete(const std::vector<int>& rows, const char* question,
+                          const std::string& more) {
   if (rows.empty() || !PostsAreStored()) return;
   // The ids are taken before the question, as a refresh may add rows while the user is asked.
   const std::vector<int> ids = model_.IdsOf(rows);
   const bool areScrapPosts = model_.AreScrapPosts();
   const bool isOther = menuPost_.has_value();
-  const auto answer = desk_.ShowTextMessage(kSectionTexts, question, MsgBoxKind::OkCancel);
+  const auto answer = desk_.Ask(question, more, MsgBoxKind::OkCancel);
   if (answer != MsgBoxAnswer::Consented) return;  // the object may have been deleted
   if (!desk_.Steps().DeletePosts(ids, areScrapPosts)) return Reload();
   const std::vector<int> deleted = model_.RowsOf(ids);
   Remove(deleted, isOther && !std::ranges::binary_search(deleted, list_.currentIndex().row()));
   reading_.RecountUnread(areScrapPosts);
+  if (deleted.size() < ids.size()) reading_.ReloadSelection();  // some were hidden meanwhile
 }
 
 // The lines of the view that stay keep their places.

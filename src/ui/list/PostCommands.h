@@ -40,6 +40,9 @@ class PostCommands {
   void ShowOnly(int row);
   // As Show, but the post is marked read only by MarkGlimpsed.
   void Glimpse(int row);
+  // The id of the post that was shown last; none after ForgetShown, or when the main page was.
+  std::optional<int> Shown() const { return shown_; }
+  void ForgetShown() { shown_.reset(); }
   // Marks the post read that Glimpse has shown, unless another one was shown since.
   void MarkGlimpsed();
   // Shows the post of the current row when the keys rest, if no other row is selected then.
@@ -65,7 +68,8 @@ class PostCommands {
   void ToggleRead();
   void MarkSelected(int status);
   void Reload();
-  void Delete(const std::vector<int>& rows, const char* question);
+  std::string HiddenThatStay() const;
+  void Delete(const std::vector<int>& rows, const char* question, const std::string& more = {});
   void Remove(const std::vector<int>& rows, bool isAside);
   std::vector<int> AllRows() const;
   std::vector<int> ActedRows() const;
@@ -79,7 +83,8 @@ class PostCommands {
   CVxListCtrl& list_;
   KeyRest rest_{&list_, [this] { ShowReached(); }};
   std::optional<MenuPost> menuPost_;  // of the command that runs
-  std::optional<int> glimpsed_;       // the id of a post on display that is not marked yet
+  std::optional<int> shown_;
+  std::optional<int> glimpsed_;  // the id of a post on display that is not marked yet
 };
 
 }  // namespace feedloom

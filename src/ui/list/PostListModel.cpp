@@ -17,10 +17,10 @@ namespace feedloom {
 PostListModel::PostListModel(CodePage codePage, PostListTexts texts, QObject* parent)
     : QAbstractTableModel(parent), codePage_(codePage), texts_(std::move(texts)) {}
 
-void PostListModel::Fill(PostList list) {
+void PostListModel::Fill(PostList list, const PostFilter& filter) {
   beginResetModel();
   sorting_ = {};
-  Replace(std::move(list));
+  Replace(std::move(list), filter);
   endResetModel();
 }
 
@@ -33,15 +33,16 @@ void PostListModel::Append(PostList list) {
   if (sorting_ != Sorting()) MoveRows(PostOrder(posts_, sorting_, codePage_));
 }
 
-void PostListModel::Refill(PostList list) {
+void PostListModel::Refill(PostList list, const PostFilter& filter) {
   beginResetModel();
-  Replace(std::move(list));
+  Replace(std::move(list), filter);
   if (sorting_ != Sorting()) Reorder(PostOrder(posts_, sorting_, codePage_));
   endResetModel();
 }
 
 std::vector<PostRow> PostListModel::Take() {
   beginResetModel();
+  BringBack();
   std::vector<PackedPost> posts = std::exchange(posts_, {});
   endResetModel();
   std::ranges::sort(posts, {}, &PackedPost::StoreIndex);
@@ -52,9 +53,12 @@ std::vector<PostRow> PostListModel::Take() {
 }
 
 bool PostListModel::Shows(const PostList& list) const {
-  if (list.areScrapPosts != areScrapPosts_ || list.posts.size() != posts_.size()) return false;
+  const std::size_t count = posts_.size() + aside_.size();
+  if (list.areScrapPosts != areScrapPosts_ || list.posts.size() != count) return false;
   std::unordered_map<int, const PackedPost*> shown;
-  for (const PackedPost& post : posts_) shown[post.Id()] = &post;
+  for (const auto* const posts : {&posts_, &aside_}) {
+    for (const PackedPost& post : *posts) shown[post.Id()] = &post;
+  }
   return std::ranges::all_of(list.posts, [&](const PostRow& post) {
     const auto found = shown.find(post.id);
     return found != shown.end() && found->second->IsRead() == (post.readStatus != 0) &&
@@ -62,12 +66,14 @@ bool PostListModel::Shows(const PostList& list) const {
   });
 }
 
-void PostListModel::Replace(PostList list) {
+void PostListModel::Replace(PostList list, const PostFilter& filter) {
   areScrapPosts_ = list.areScrapPosts;
   areFromWeb_ = list.areFromWeb;
+  aside_.clear();
   posts_.clear();
   posts_.shrink_to_fit();
   Pack(std::move(list.posts));
+  SetAside(filter);
 }
 
 void PostListModel::Pack(std::vector<PostRow> rows) {
@@ -124,10 +130,25 @@ void PostListModel::SetReadStatus(std::span<const int> rows, int status) {
                    index(last, columnCount() - 1));  // all cells change between bold and normal
 }
 
+void PostListModel::Remove(std::span<const int> rows) { Drop(rows, true); }
+
 // Removing thousands of scattered rows one by one would notify every view each time. So the rows
 // are first moved to the end together and then removed as one range.
-void PostListModel::Remove(std::span<const int> rows) {
+void PostListModel::Drop(std::span<const int> rows, bool isForGood) {
   if (rows.empty()) return;
+  const auto count = static_cast<int>(rows.size());
+  const bool isRange = rows.back() - rows.front() == count - 1;
+  const int first = isRange ? rows.front() : MoveToEnd(rows);
+  beginRemoveRows({}, first, first + count - 1);
+  const auto begin = posts_.begin() + first, end = begin + count;
+  if (!isForGood) aside_.insert(aside_.end(), std::move_iterator(begin), std::move_iterator(end));
+  posts_.erase(begin, end);
+  posts_.shrink_to_fit();
+  endRemoveRows();
+}
+
+// Returns the new number of the first of them.
+int PostListModel::MoveToEnd(std::span<const int> rows) {
   std::vector<int> order;
   order.reserve(posts_.size());
   auto next = rows.begin();
@@ -135,13 +156,9 @@ void PostListModel::Remove(std::span<const int> rows) {
     next != rows.end() && *next == row ? void(++next) : order.push_back(row);
   }
   const int left = static_cast<int>(order.size());
-  const bool areLast = rows.front() == left;
   order.insert(order.end(), rows.begin(), rows.end());
-  if (!areLast) MoveRows(order);
-  beginRemoveRows({}, left, rowCount() - 1);
-  posts_.erase(posts_.begin() + left, posts_.end());
-  posts_.shrink_to_fit();
-  endRemoveRows();
+  MoveRows(order);
+  return left;
 }
 
 void PostListModel::sort(int column, Qt::SortOrder order) {

@@ -10,6 +10,7 @@
 #include "text/CodePage.h"
 #include "ui/list/PackedPost.h"
 #include "ui/list/PostCells.h"
+#include "ui/list/PostFilter.h"
 #include "ui/list/PostOrder.h"
 
 namespace feedloom {
@@ -26,7 +27,7 @@ struct PostListTexts {
 };
 
 // Functions that change rows do not change the store. The rows that are passed to them must exist.
-// Interface thread only.
+// A post that a filter hides waits aside, without a row. Interface thread only.
 class PostListModel : public QAbstractTableModel {
  public:
   enum Role {
@@ -39,17 +40,24 @@ class PostListModel : public QAbstractTableModel {
   PostListModel(CodePage codePage, PostListTexts texts, QObject* parent);
 
   // Replaces all rows, in the given order, and resets the sorting.
-  void Fill(PostList list);
+  void Fill(PostList list, const PostFilter& filter = {});
   // Appends rows; the sorting stays.
   void Append(PostList list);
   // Replaces all rows; the sorting stays.
-  void Refill(PostList list);
+  void Refill(PostList list, const PostFilter& filter = {});
 
-  // Removes all rows and returns their posts, in the store's order.
+  // Gives just the posts that `filter` does not hide rows, by a reset if that changes anything; the
+  // sorting stays.
+  void Filter(const PostFilter& filter);
+  // Takes the rows away that `filter` hides; brings none back.
+  void Hide(const PostFilter& filter);
+  int HiddenCount() const { return static_cast<int>(aside_.size()); }
+
+  // Removes all rows and returns the posts, hidden ones too, in the store's order.
   std::vector<PostRow> Take();
 
-  // Whether the rows are the posts of `list`, in any order, with the same texts in the
-  // cells.
+  // Whether the posts, hidden ones too, are those of `list`, in any order, with the same texts in
+  // the cells.
   bool Shows(const PostList& list) const;
 
   // The order of the rows; column -1 for the store's.
@@ -60,6 +68,8 @@ class PostListModel : public QAbstractTableModel {
   int IdAt(int row) const { return Post(row).Id(); }
   bool IsReadAt(int row) const { return Post(row).IsRead(); }
   std::vector<int> IdsOf(std::span<const int> rows) const;
+  // The ids of all posts, hidden ones too.
+  std::vector<int> Ids() const;
   // The rows of the posts with these ids, ascending. Ids without a row are skipped.
   std::vector<int> RowsOf(std::span<const int> ids) const;
   // Forward: the first row after `row` with an unread post; otherwise the last one before it.
@@ -90,7 +100,11 @@ class PostListModel : public QAbstractTableModel {
   QString DateTip(const PackedPost& post) const;
   QVariant AccessibleText(const PackedPost& post, int column) const;
   QString AccessibleHeading(int section) const;
-  void Replace(PostList list);
+  void Replace(PostList list, const PostFilter& filter);
+  void BringBack();
+  void SetAside(const PostFilter& filter);
+  int MoveToEnd(std::span<const int> rows);
+  void Drop(std::span<const int> rows, bool isForGood);
   void Pack(std::vector<PostRow> rows);
   void ReleasePacked();
   void Reorder(std::span<const int> order);
@@ -99,6 +113,7 @@ class PostListModel : public QAbstractTableModel {
   const CodePage codePage_;
   const PostListTexts texts_;
   std::vector<PackedPost> posts_;
+  std::vector<PackedPost> aside_;
   std::vector<PostRow> packed_;  // rows that were packed and are still to be freed
   Sorting sorting_;
   bool areScrapPosts_ = false;

@@ -19,6 +19,7 @@
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/NewPostAnimation.h"
 #include "ui/tree/TreeRowDelegate.h"
+#include "ui/tree/UnreadFilter.h"
 
 namespace feedloom {
 namespace {
@@ -48,6 +49,7 @@ CRSS_GroupTreeCtrl::CRSS_GroupTreeCtrl(const Skin& skin, GroupTreeModel& model, 
           [this](const QModelIndex&, int, int, const QModelIndex& group) {
             ExpandForSelection(group);
           });
+  filter_ = new UnreadFilter(*this, model, [this] { return rest_.isActive(); });
   connect(animation_, &NewPostAnimation::FrameChanged, this, &CRSS_GroupTreeCtrl::RepaintNewMarks);
   connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
           &CRSS_GroupTreeCtrl::UpdateScrollRange);
@@ -110,6 +112,11 @@ void CRSS_GroupTreeCtrl::ReportReached() {
 void CRSS_GroupTreeCtrl::SetOwnCursor(bool own) {
   hasOwnCursor_ = own;
   if (!own) viewport()->unsetCursor();
+}
+
+void CRSS_GroupTreeCtrl::ShowUnreadOnly(bool isOn) {
+  Settle();
+  filter_->Set(isOn);
 }
 
 void CRSS_GroupTreeCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
@@ -221,13 +228,14 @@ void CRSS_GroupTreeCtrl::ExpandForSelection(const QModelIndex& group) {
   if (SelectedRow().parent() == group) expand(group);
 }
 
-// The height in pixels of all rows that are not hidden in a collapsed group.
+// The height in pixels of all rows that are not hidden, nor in a collapsed group.
 int CRSS_GroupTreeCtrl::RowsHeight() const {
   int height = 0;
   for (int group = 0; group < model()->rowCount(); ++group) {
+    if (isRowHidden(group, {})) continue;
     const QModelIndex header = model()->index(group, 0);
     height += kGroupRowHeight;
-    if (isExpanded(header)) height += model()->rowCount(header) * kChildRowHeight;
+    if (isExpanded(header)) height += filter_->CountShown(header) * kChildRowHeight;
   }
   return height;
 }
@@ -250,7 +258,7 @@ void CRSS_GroupTreeCtrl::updateGeometries() {
 
 // The base class scrolls to the end of the last row; the pane adds a margin below that row.
 void CRSS_GroupTreeCtrl::UpdateScrollRange() {
-  if (model() == nullptr) return;
+  if (filter_ == nullptr) return;
   const int page = viewport()->height();
   verticalScrollBar()->setRange(0, std::max(RowsHeight() + kBottomMargin - page, 0));
   verticalScrollBar()->setPageStep(page);

@@ -12,6 +12,7 @@ namespace feedloom {
 class GroupTreeModel;
 class NewPostAnimation;
 class Skin;
+class UnreadFilter;
 
 // The tree view of a GroupTreeModel. All groups are expanded at first. At most one row is selected.
 // A press of the right button selects its row, unless the host wants rows to be selected carefully.
@@ -38,6 +39,9 @@ class CRSS_GroupTreeCtrl : public QTreeView {
 
   // True: the skin's cursor shows over rows. False: the parent's cursor shows everywhere.
   void SetOwnCursor(bool own);
+
+  // Shows all rows, or hides those without unread posts (UnreadFilter).
+  void ShowUnreadOnly(bool isOn);
 
  signals:
   // Emitted once for each click by which the user selects the row `index`, or clicks on it again,
@@ -91,6 +95,7 @@ class CRSS_GroupTreeCtrl : public QTreeView {
 
   NewPostAnimation* const animation_;
   const bool isCareful_;
+  UnreadFilter* filter_ = nullptr;  // null until the view has its model
 
   QPersistentModelIndex menuRow_;
   KeyRest rest_{this, [this] { ReportReached(); }};

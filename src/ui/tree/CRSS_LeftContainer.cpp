@@ -103,7 +103,7 @@ void CRSS_LeftContainer::SetUpToolBar() {
             if (entry != std::end(kCommands)) return commands_.Run(entry->command);
             ShowMenu(commands_.WholeMenu(), desk_.GetSkin(),
                      toolbar_->mapToGlobal(toolbar_->MenuPosition()), this,
-                     [this](int command) { commands_.Run(command); });
+                     [this](int command) { Run(command); });
           });
 }
 
@@ -146,9 +146,14 @@ void CRSS_LeftContainer::ShowUndone(const std::optional<UndoableRow>& row) {
   ReloadSelection();
 }
 
-void CRSS_LeftContainer::Run(int command) { commands_.Run(command); }
+void CRSS_LeftContainer::Run(int command) {
+  if (command == kCommandUnreadOnly) return emit UnreadOnlyWanted(!desk_.State().isUnreadOnly);
+  commands_.Run(command);
+}
 
 void CRSS_LeftContainer::Settle() { tree_->Settle(); }
+
+void CRSS_LeftContainer::ShowUnreadOnly(bool isOn) { tree_->ShowUnreadOnly(isOn); }
 
 void CRSS_LeftContainer::RestartUpdateTimer() {
   Restart(*updateTimer_, UpdatePeriod(desk_.State().liveSettings));

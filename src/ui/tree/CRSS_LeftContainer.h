@@ -52,6 +52,9 @@ class CRSS_LeftContainer : public QWidget {
   // Lists the row to which keys have come, without waiting for their rest.
   void Settle();
 
+  // Shows all rows, or only those with unread posts and those that are always there.
+  void ShowUnreadOnly(bool isOn);
+
   // Restarts the update timer with the period in State().liveSettings, or stops it when the
   // settings turn it off. The timer fires once and refreshes all channels.
   void RestartUpdateTimer();
@@ -138,6 +141,7 @@ class CRSS_LeftContainer : public QWidget {
 
  signals:
   void SettingsWanted();
+  void UnreadOnlyWanted(bool isOn);
   void NoticeIsDue();
   void SearchWanted();  // the keyboard is to go to the search box
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "skin/Keys.h"
+#include "skin/TextPlaceholders.h"
 #include "store/Folders.h"
 #include "store/PostLists.h"
 #include "store/Search.h"
@@ -116,6 +117,10 @@ std::optional<Menu> TreeCommands::MenuOf(const QModelIndex& row) const {
 
 Menu TreeCommands::WholeMenu() const {
   Menu menu = PopUpMenu(PopUp::Whole);
+  menu.push_back({});
+  menu.push_back({.command = kCommandUnreadOnly,
+                  .label = &kLabelUnreadOnly,
+                  .isChecked = desk_.State().isUnreadOnly});
   if (const auto step = desk_.Steps().Name()) {
     menu.push_back({});
     menu.push_back({.command = kCommandUndo, .label = &kLabelUndo, .detail = *step});
@@ -130,6 +135,31 @@ Menu TreeCommands::WholeMenu() const {
 
 MsgBoxAnswer TreeCommands::Ask(const char* key, MsgBoxKind kind) const {
   return desk_.ShowTextMessage(kSectionTexts, key, kind);
+}
+
+// What a command would change of `target` that is hidden now, so that a question tells it; empty
+// when there is nothing.
+std::string TreeCommands::HiddenIn(const Target& target) const {
+  if (!desk_.State().isUnreadOnly) return {};
+  const auto list = PostsOf(desk_.GetStore(), RowKey{target.kind, target.id});
+  const auto isRead = [](const PostRow& post) { return post.readStatus != 0; };
+  const auto posts = list ? std::ranges::count_if(list->posts, isRead) : 0;
+  const GroupRow* const folder =
+      target.kind == RowKind::Folder ? model_.GroupAt(target.row) : nullptr;
+  const auto channels =
+      folder ? std::ranges::count(folder->children, 0, &ChildRow::unreadCount) : 0;
+  const auto text = [&](const char* key) { return desk_.GetSkin().GetText(kSectionTexts, key); };
+  if (channels > 0) {
+    return WithNumbers(text(kTextHiddenChannels),
+                       {static_cast<int>(channels), static_cast<int>(posts)});
+  }
+  return posts > 0 ? WithNumbers(text(kTextHiddenPosts), {static_cast<int>(posts)}) : std::string();
+}
+
+bool TreeCommands::MayMarkUnread(const Target& target) const {
+  const std::string hidden = HiddenIn(target);
+  return hidden.empty() ||
+         desk_.Ask(kTextMarkUnread, hidden, MsgBoxKind::YesNo) == MsgBoxAnswer::Consented;
 }
 
 // The selected folder, or that of the selected channel; 0 without one.
@@ -186,7 +216,7 @@ void TreeCommands::Undo() { desk_.Steps().Undo(); }
 template <int status>
 void TreeCommands::Mark() {
   const auto target = Selected();
-  if (!target) return;
+  if (!target || (status == 0 && !MayMarkUnread(*target))) return;
   if (!desk_.Steps().MarkRow({target->kind, target->id}, status)) {
     Ask(kTextReadStatusError, MsgBoxKind::Notice);
     return;

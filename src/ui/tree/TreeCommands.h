@@ -75,6 +75,8 @@ class TreeCommands {
   std::optional<Target> SelectedChild() const;
   ChannelDetails DetailsOf(const Target& channel) const;
   MsgBoxAnswer Ask(const char* key, MsgBoxKind kind) const;
+  std::string HiddenIn(const Target& target) const;
+  bool MayMarkUnread(const Target& target) const;
 
   int SelectedFolderId() const;
   bool IsFolderQueued(const Target& folder) const;

@@ -18,9 +18,12 @@ namespace feedloom {
 namespace {
 
 // The row that takes the place of `row` when that goes: below it, else above it, else its group.
-QModelIndex NextTo(const QModelIndex& row) {
+QModelIndex NextTo(const QTreeView& tree, const QModelIndex& row) {
   for (const int step : {1, -1}) {
-    const QModelIndex next = row.sibling(row.row() + step, 0);
+    QModelIndex next = row.sibling(row.row() + step, 0);
+    while (next.isValid() && tree.isRowHidden(next.row(), next.parent())) {
+      next = next.sibling(next.row() + step, 0);
+    }
     if (next.isValid()) return next;
   }
   return row.parent();
@@ -42,7 +45,7 @@ void TreeCommands::DeleteChild() {
   }
   const bool isChannel = child->kind == RowKind::Channel;
   const char* const question = isChannel ? kTextDeleteChannel : kTextDeleteCabinet;
-  if (Ask(question, MsgBoxKind::YesNo) != MsgBoxAnswer::Consented) return;
+  if (desk_.Ask(question, HiddenIn(*child), MsgBoxKind::YesNo) != MsgBoxAnswer::Consented) return;
   if (isChannel && refreshing_.IsAnyChannelQueued({&child->id, 1})) {
     Ask(kTextDeleteBusyError, MsgBoxKind::Notice);
     return;
@@ -66,7 +69,10 @@ void TreeCommands::DeleteGroup() {
     return;
   }
   const bool mayDelete = !IsFolderQueued(*folder);
-  if (mayDelete && Ask(kTextDeleteGroup, MsgBoxKind::YesNo) != MsgBoxAnswer::Consented) return;
+  const auto ask = [&] {
+    return desk_.Ask(kTextDeleteGroup, HiddenIn(*folder), MsgBoxKind::YesNo);
+  };
+  if (mayDelete && ask() != MsgBoxAnswer::Consented) return;
   if (!mayDelete || IsFolderQueued(*folder)) {
     Ask(kTextDeleteBusyError, MsgBoxKind::Notice);
     return;
@@ -91,7 +97,7 @@ void TreeCommands::RemoveRow(const QPersistentModelIndex& row) {
 }
 
 void TreeCommands::RemoveListedRow(const QPersistentModelIndex& row) {
-  const QPersistentModelIndex next = tree_.SelectsCarefully() ? NextTo(row) : QModelIndex();
+  const QPersistentModelIndex next = tree_.SelectsCarefully() ? NextTo(tree_, row) : QModelIndex();
   if (!next.isValid()) reading_.ListPosts(ListMode::Selection, {});
   tree_.ClearSelection();
   desk_.State().unreadTotal -= model_.Remove(row);

@@ -122,8 +122,8 @@ TEST_F(SearchTest, WithoutAWebDirectoryThePostsAreSearchedAndTheWebSaysWhyItIsNo
 TEST_F(SearchTest, InANarrowPaneTheWordGetsLessRoomAndThenTheScope) {
   auto& scope = *bar_.findChild<QComboBox*>();
   for (const auto& [width, rooms] : {std::pair(560, std::vector{84, 172, 272}),
-                                     {312, {84, 160, 260}},
-                                     {162, {54, 40, 110}},
+                                     {340, {84, 160, 260}},
+                                     {190, {54, 40, 110}},
                                      {62, {40, 40, 96}}}) {
     pane_.resize(width, 240);
     EXPECT_EQ((std::vector{scope.width(), word_.width(), button_.x()}), rooms);

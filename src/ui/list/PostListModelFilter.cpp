@@ -1,0 +1,49 @@
+// The functions of PostListModel that hide posts and bring them back.
+#include <algorithm>
+#include <iterator>
+
+#include "ui/list/PostListModel.h"
+
+namespace feedloom {
+
+void PostListModel::Filter(const PostFilter& filter) {
+  const auto isHidden = [&](const PackedPost& post) { return filter.Hides(post); };
+  if (std::ranges::none_of(posts_, isHidden) && std::ranges::all_of(aside_, isHidden)) return;
+  beginResetModel();
+  BringBack();
+  SetAside(filter);
+  Reorder(PostOrder(posts_, sorting_, codePage_));
+  endResetModel();
+}
+
+void PostListModel::Hide(const PostFilter& filter) {
+  std::vector<int> rows;
+  for (int row = 0; row < rowCount(); ++row) {
+    if (filter.Hides(Post(row))) rows.push_back(row);
+  }
+  Drop(rows, false);
+}
+
+std::vector<int> PostListModel::Ids() const {
+  std::vector<int> ids;
+  for (const auto* const posts : {&posts_, &aside_}) {
+    std::ranges::transform(*posts, back_inserter(ids), &PackedPost::Id);
+  }
+  return ids;
+}
+
+// The caller puts them in order.
+void PostListModel::BringBack() {
+  posts_.insert(posts_.end(), std::move_iterator(aside_.begin()), std::move_iterator(aside_.end()));
+  aside_.clear();
+}
+
+void PostListModel::SetAside(const PostFilter& filter) {
+  if (!filter.isUnreadOnly) return;
+  const auto hidden = std::ranges::stable_partition(
+      posts_, [&](const PackedPost& post) { return !filter.Hides(post); });
+  aside_.insert(aside_.end(), std::move_iterator(hidden.begin()), std::move_iterator(hidden.end()));
+  posts_.erase(hidden.begin(), hidden.end());
+}
+
+}  // namespace feedloom
