@@ -26,33 +26,37 @@ std::string AnnouncedFeed(const std::string& path, const std::string& pageAddres
   return "";
 }
 
-FeedCheckAnswer Examine(const FetchServices& services, const std::string& address,
-                        const TempFile& file, std::stop_token stop) {
+FeedCheckAnswer Examine(const FetchServices& services, const FeedRequest& request,
+                        std::stop_token stop) {
   FeedParser parser(services.Reading());
   const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
-  const FetchOutcome outcome =
-      FetchFeedFile({address, file.Path()}, services, limit.Token(), parser);
+  const FetchOutcome outcome = FetchFeedFile(request, services, limit.Token(), parser);
+  FeedCheckAnswer answer{.loginServer = outcome.loginServer, .loginIsLost = outcome.loginIsLost};
   if (outcome.result == kChannelRefreshed) {
-    return {true, parser.GetChannelTitle(), parser.GetChannelLink()};
+    answer.isFeed = true;
+    answer.title = parser.GetChannelTitle();
+    answer.homePage = parser.GetChannelLink();
   }
   const bool mayBePage =
       outcome.result == kDocumentRefused && parser.GetFormat() == FeedFormat::Unknown;
-  if (!mayBePage) return {};
+  if (!mayBePage) return answer;
   // The last type is of feeds that only a lenient reading takes.
   const auto types = std::span(kTypes).first(services.isLenient ? 3 : 2);
-  return {.announcedFeed = AnnouncedFeed(file.Path(), outcome.address, types)};
+  answer.announcedFeed = AnnouncedFeed(request.path, outcome.address, types);
+  return answer;
 }
 
 }  // namespace
 
 FeedCheckAnswer CheckFeed(const FetchServices& services, const std::string& address,
-                          std::stop_token stop) {
+                          const std::optional<GivenLogin>& login, std::stop_token stop) {
   constexpr std::chrono::milliseconds kWait{1000};
   const TempFile file(CheckFilePath(services.workDir));
   file.Remove();
   services.clock.Pause(kWait, stop);
   if (stop.stop_requested()) return {};
-  return Examine(services, address, file, std::move(stop));
+  return Examine(services, {.address = address, .path = file.Path(), .login = login},
+                 std::move(stop));
 }
 
 }  // namespace feedloom

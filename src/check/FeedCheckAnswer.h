@@ -12,6 +12,9 @@ struct FeedCheckAnswer {
   std::string homePage = {};
   // The address (http or https) of the first feed that a web page announces; else empty.
   std::string announcedFeed = {};
+  // The server (UrlOrigin) that wants a name and a password, or refuses those it got; else empty.
+  std::string loginServer = {};
+  bool loginIsLost = false;  // the login worked, but could not be kept
 };
 
 }  // namespace feedloom

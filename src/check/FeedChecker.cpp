@@ -5,13 +5,13 @@
 
 namespace feedloom {
 
-void FeedChecker::Start(const std::string& address,
+void FeedChecker::Start(const std::string& address, const std::optional<GivenLogin>& login,
                         std::function<void(const FeedCheckAnswer&)> onAnswer) {
   Stop();
-  const auto check = [services = services_, address, onAnswer](const std::stop_token& stop,
-                                                               const BackgroundJobs::Tell& tell) {
+  const auto check = [services = services_, address, login, onAnswer](
+                         const std::stop_token& stop, const BackgroundJobs::Tell& tell) {
     LowerThreadPriority();
-    tell([onAnswer, answer = CheckFeed(*services, address, stop)] { onAnswer(answer); });
+    tell([onAnswer, answer = CheckFeed(*services, address, login, stop)] { onAnswer(answer); });
   };
   jobs_.Start(check, [onAnswer] { onAnswer({}); });
 }

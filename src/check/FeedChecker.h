@@ -1,10 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "check/FeedCheckAnswer.h"
 #include "fetch/FetchServices.h"
+#include "net/HostLogin.h"
 #include "threads/BackgroundJobs.h"
 
 namespace feedloom {
@@ -16,10 +18,11 @@ class FeedChecker {
   FeedChecker(SharedServices services, BackgroundJobs::Post toOwner)
       : services_(std::move(services)), jobs_(std::move(toOwner)) {}
 
-  // Stops the current check and starts one of `address` (in the module's code page). `onAnswer` is
+  // Stops the current check and starts that of CheckFeed. `onAnswer` is
   // called once, on the owner's thread, after Start has returned; it may call Start and Stop, and
   // may destroy the checker. An address is no feed when the system refuses a thread to check it.
-  void Start(const std::string& address, std::function<void(const FeedCheckAnswer&)> onAnswer);
+  void Start(const std::string& address, const std::optional<GivenLogin>& login,
+             std::function<void(const FeedCheckAnswer&)> onAnswer);
 
   // Stops the current check. Its `onAnswer` is not called any more, even when the answer has been
   // posted to the owner already.

@@ -5,8 +5,11 @@
 #include "ctl/FetchOnce.h"
 #include "ctl/FileOrWebAddress.h"
 #include "ctl/Output.h"
+#include "ctl/Password.h"
 #include "ctl/Session.h"
 #include "feed/FeedParser.h"
+#include "net/RequestAddress.h"
+#include "net/Url.h"
 #include "store/ChannelAdder.h"
 #include "store/Folders.h"
 
@@ -32,24 +35,58 @@ int FolderFor(Session& session, const std::string& name) {
   return 0;
 }
 
-const char* Reason(const FetchOutcome& outcome) {
-  return outcome.error.empty() ? "this is not a feed" : outcome.error.c_str();
+std::string Reason(const FetchOutcome& outcome, bool isLoginGiven) {
+  if (outcome.result != kLoginWanted) {
+    return outcome.error.empty() ? "this is not a feed" : outcome.error;
+  }
+  return fmt::format("{} ({}){}", outcome.error, outcome.loginServer,
+                     isLoginGiven ? "" : "; give them with --user NAME");
 }
 
-// Returns the channel as the feed at `address` describes it. When there is no feed, prints an error
-// and returns nothing.
-std::optional<ChannelRecord> ReadChannel(Session& session, const std::string& address) {
+// Reads the password of `name` for the server of `address`. After a failure prints an error and
+// returns nothing.
+std::optional<GivenLogin> AskLogin(const std::string& name, const std::string& address) {
+  const std::string origin = UrlOrigin(RequestAddress(address));
+  if (origin.empty()) {
+    PrintError("--user is for an address on a web server");
+    return std::nullopt;
+  }
+  const auto password = ReadPassword(fmt::format("Password of {} at {}: ", name, origin));
+  if (!password) PrintError("no password on standard input");
+  return password ? std::optional(GivenLogin{origin, {name, *password}}) : std::nullopt;
+}
+
+// Fetches the feed with `login`. A redirect to the same host, usually from http to https, takes the
+// login along, which then is for that server.
+FetchOutcome FetchWithLogin(Session& session, const std::string& address,
+                            std::optional<GivenLogin>& login, FeedParser& parser) {
+  FetchOutcome outcome = FetchOnce(session, address, parser, login);
+  const bool hasMoved = login && outcome.result == kLoginWanted &&
+                        outcome.loginServer != login->origin &&
+                        UrlHost(outcome.loginServer) == UrlHost(login->origin);
+  if (!hasMoved) return outcome;
+  login->origin = outcome.loginServer;
+  return FetchOnce(session, address, parser, login);
+}
+
+// Returns the channel as the feed at `address` describes it. When there is no feed, or its login
+// cannot be kept, prints an error and returns nothing.
+std::optional<ChannelRecord> ReadChannel(Session& session, const std::string& address,
+                                         std::optional<GivenLogin>& login) {
   FeedParser parser(session.Reading());
-  const FetchOutcome outcome = FetchOnce(session, address, parser);
-  if (outcome.result != kChannelRefreshed) {
-    PrintError(fmt::format("{}: {}", address, Reason(outcome)));
+  const FetchOutcome outcome = FetchWithLogin(session, address, login, parser);
+  const std::string shown = UrlWithoutLogin(address);
+  if (outcome.result != kChannelRefreshed || outcome.loginIsLost) {
+    PrintError(fmt::format("{}: {}", shown,
+                           outcome.loginIsLost ? "the name and the password could not be kept"
+                                               : Reason(outcome, login.has_value())));
     return std::nullopt;
   }
   ChannelRecord record;
   record.title = parser.GetChannelTitle();
   record.xmlLink = session.Text(address);
   record.htmlLink = parser.GetChannelLink();
-  if (record.title.empty()) record.title = record.xmlLink;
+  if (record.title.empty()) record.title = session.Text(shown);
   return record;
 }
 
@@ -62,19 +99,36 @@ void PrintAdded(const Session& session, const ChannelRecord& record) {
   }
 }
 
+// The channel was there already: an error, unless its login is what has changed.
+int PrintDuplicate(const Session& session, const std::string& address, const ChannelRecord& record,
+                   const std::optional<GivenLogin>& login) {
+  if (!login) {
+    PrintError(fmt::format("{} is channel {} of that folder already", UrlWithoutLogin(address),
+                           record.id));
+    return kFailure;
+  }
+  if (session.WantsJson()) {
+    PrintJson({{"id", record.id}, {"folderId", record.folderId}, {"loginFor", login->origin}});
+  } else {
+    PrintLine(fmt::format("Channel {} was there; kept its name and password for {}", record.id,
+                          login->origin));
+  }
+  return kSuccess;
+}
+
 }  // namespace
 
 int RunAdd(Session& session, const AddOptions& options) {
-  auto record = ReadChannel(session, FileOrWebAddress(session.GetSkin(), options.address));
+  const std::string address = FileOrWebAddress(session.GetSkin(), options.address);
+  std::optional<GivenLogin> login;
+  if (!options.user.empty() && !(login = AskLogin(options.user, address))) return kFailure;
+  auto record = ReadChannel(session, address, login);
   if (!record) return kFailure;
   if (!options.title.empty()) record->title = session.Text(options.title);
   record->folderId = FolderFor(session, options.folder);
   if (record->folderId <= 0 || !AppendChannelRecord(session.GetStore(), *record))
     return session.Finish(kFailure);
-  if (!record->newlyInserted) {
-    PrintError(fmt::format("{} is channel {} of that folder already", options.address, record->id));
-    return kFailure;
-  }
+  if (!record->newlyInserted) return PrintDuplicate(session, options.address, *record, login);
   PrintAdded(session, *record);
   return session.Finish(kSuccess);
 }

@@ -46,7 +46,8 @@ int PrintFeed(const Session& session, const FeedParser& parser, int result) {
 int CheckAddress(Session& session, const std::string& address) {
   FeedParser parser(session.Reading());
   const FetchOutcome outcome = FetchOnce(session, address, parser);
-  if (outcome.result != kDownloadFailed) return PrintFeed(session, parser, outcome.parseCode);
+  const bool hasCome = outcome.result != kDownloadFailed && outcome.result != kLoginWanted;
+  if (hasCome) return PrintFeed(session, parser, outcome.parseCode);
   PrintJson({{"result", nullptr}, {"error", outcome.error}});
   return kFailure;
 }

@@ -81,6 +81,9 @@ void AddFeedCommands(CLI::App& app, Arguments& a) {
   add->add_option("url", a.add.address, "The feed's address")->required();
   add->add_option("--folder", a.add.folder, "The folder's name; made when there is none");
   add->add_option("--title", a.add.title, "The channel's title, instead of the feed's own");
+  add->add_option("--user", a.add.user,
+                  "Your name at the feed's server; the password is read from standard input")
+      ->type_name("NAME");
 
   CLI::App* refresh = AddCommand(app, a, "refresh", "Fetch the feeds and store their new posts",
                                  [&a](Session& session) { return RunRefresh(session, a.refresh); });

@@ -32,6 +32,7 @@ struct AddOptions {
   std::string address;
   std::string folder;  // empty: the first folder
   std::string title;   // empty: the feed's own
+  std::string user;  // for the feed's server, with a password from standard input; empty: no login
 };
 int RunAdd(Session& session, const AddOptions& options);
 

@@ -5,12 +5,14 @@
 
 namespace feedloom {
 
-FetchOutcome FetchOnce(Session& session, const std::string& address, FeedParser& parser) {
+FetchOutcome FetchOnce(Session& session, const std::string& address, FeedParser& parser,
+                       const std::optional<GivenLogin>& login) {
   const SharedServices services = session.Services();
   if (!services) return {kDownloadFailed, kParsed, "there is no folder to work in"};
   const TimeLimit limit(services->clock, RefreshLimits().timeLimit);
   FetchOutcome outcome =
-      FetchFeed({address, CheckFilePath(services->workDir)}, *services, limit.Token(), parser);
+      FetchFeed({.address = address, .path = CheckFilePath(services->workDir), .login = login},
+                *services, limit.Token(), parser);
   if (limit.RanOut()) outcome.error = "it took too long";
   return outcome;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "ctl/Session.h"
@@ -9,7 +10,9 @@ namespace feedloom {
 
 // Downloads the feed at `address` (ASCII) and parses it with `parser`, in at most
 // RefreshLimits::timeLimit. Blocks the calling thread. Without a work folder the outcome is
-// kDownloadFailed, with the reason in `error`.
-FetchOutcome FetchOnce(Session& session, const std::string& address, FeedParser& parser);
+// kDownloadFailed, with the reason in `error`. `login`, which the user has just given, is kept when
+// a document comes.
+FetchOutcome FetchOnce(Session& session, const std::string& address, FeedParser& parser,
+                       const std::optional<GivenLogin>& login = {});
 
 }  // namespace feedloom

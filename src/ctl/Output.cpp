@@ -29,6 +29,8 @@ std::string_view ResultWords(int result) {
   switch (result) {
     case kDownloadFailed:
       return "download failed";
+    case kLoginWanted:
+      return "name and password wanted";
     case kDocumentRefused:
       return "not a feed";
     default:

@@ -6,6 +6,7 @@
 
 #include "files/Path.h"
 #include "files/TempFile.h"
+#include "net/Url.h"
 #include "net/UrlDownload.h"
 
 namespace feedloom {
@@ -27,6 +28,9 @@ FetchOutcome Failed(TransferResult download) {
   const bool isBusy =
       download.status == kStatusTooManyRequests || download.status == kStatusUnavailable;
   if (isBusy) outcome.retryAfter = download.retryAfter;
+  if (!download.wantsLogin) return outcome;
+  outcome.result = kLoginWanted;
+  outcome.loginServer = UrlOrigin(download.address);
   return outcome;
 }
 
@@ -62,10 +66,13 @@ FetchOutcome FetchFeedFile(const FeedRequest& request, const FetchServices& serv
       UrlDownloadToFile({.address = services.TextCodePage().ToUtf8(request.address),
                          .known = request.known,
                          .web = ReadWebAccess(services.registry),
+                         .login = request.login,
                          .pool = request.pool},
                         request.path, stop);
   if (!download.ok) return Failed(std::move(download));
   FetchOutcome outcome{kChannelRefreshed, kParsed, "", std::move(download.address)};
+  outcome.loginIsLost =
+      request.login && !KeepHostLogin(HostLoginsPath(services.registry), *request.login);
   outcome.isNew = request.known.AreEmpty() || download.status != kStatusNotModified;
   if (!outcome.isNew) return outcome;
   outcome.validators = std::move(download.validators);

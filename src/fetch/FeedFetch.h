@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <stop_token>
 #include <string>
 
@@ -27,16 +28,20 @@ struct FeedRequest {
   std::string path;              // of the temporary file
   Validators known = {};         // of the stored version: makes the request conditional
   TransferPool* pool = nullptr;  // the connections to use; null: a new connection
+  // A login that the user has just given for a server. It is kept when a document comes.
+  std::optional<GivenLogin> login = {};
 };
 
 struct FetchOutcome {
-  ChannelResult result;        // kChannelRefreshed, kDownloadFailed or kDocumentRefused
+  ChannelResult result;        // kChannelRefreshed, kDownloadFailed, kDocumentRefused, kLoginWanted
   int parseCode;               // a ParseCode; kParsed when nothing was parsed
   std::string error;           // why it failed, in English; empty when the result says it all
   std::string address = {};    // the document's, after redirects; empty when the download failed
   bool isNew = true;           // false: the server has answered 304, and nothing was parsed
   Validators validators = {};  // of the new document
   std::chrono::seconds retryAfter{0};  // "Retry-After" of an answer 429 or 503 (RFC 9110); else 0
+  std::string loginServer = {};  // with kLoginWanted: the UrlOrigin of the server that wants it
+  bool loginIsLost = false;      // the request's login could not be kept
 };
 
 // Downloads the document to `request.path`, parses it with `parser` and always removes the file.

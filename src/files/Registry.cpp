@@ -130,6 +130,10 @@ bool Registry::WriteString(const std::string& key, const std::string& name,
   return Write({{key, name, value}});
 }
 
+std::string Registry::Beside(std::string_view name) const {
+  return std::filesystem::path(path_).replace_filename(name).string();
+}
+
 bool Registry::IsReadable() const { return Load(path_).has_value(); }
 
 }  // namespace feedloom

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -38,6 +39,9 @@ class Registry {
                                 std::uint32_t value) const;
   [[nodiscard]] bool WriteString(const std::string& key, const std::string& name,
                                  const std::string& value) const;
+
+  // The path of the file `name` in the registry file's directory.
+  std::string Beside(std::string_view name) const;
 
   // False when the file exists but cannot be read or is not in the syntax of RegistryFile.h.
   bool IsReadable() const;

@@ -17,6 +17,9 @@ namespace {
 
 constexpr curl_off_t kMaxBytes = 64L << 20;
 constexpr long kMaxRedirects = 10;
+// With two ways to choose from, the library sends a login only when it is asked for.
+constexpr long kLoginWays = CURLAUTH_BASIC | CURLAUTH_DIGEST;
+constexpr long kStatusUnauthorized = 401;
 constexpr std::size_t kLongestValidator = 1024;  // no server needs more
 
 struct FreeList {
@@ -41,10 +44,11 @@ UrlHandle RawAddress(const std::string& address, const std::string& query) {
   return isSet ? std::move(url) : nullptr;
 }
 
-// Scheme, host and port as `address` spells them; empty without a scheme.
-std::string Origin(const std::string& address) {
-  const auto host = address.find("//");
-  return host == address.npos ? "" : address.substr(0, address.find_first_of("/?#", host + 2));
+// The login for the server of the request's address.
+std::optional<HostLogin> LoginFor(const TransferRequest& request) {
+  const std::string origin = UrlOrigin(request.address);
+  if (request.login && request.login->origin == origin) return request.login->login;
+  return FindHostLogin(request.web.loginFile, origin);
 }
 
 void InitializeCurlOnce() {
@@ -55,21 +59,28 @@ void InitializeCurlOnce() {
 // One attempt at a transfer, and the data that its callbacks need.
 class Transfer {
  public:
-  Transfer(const TransferRequest& request, TransferHandles& handles, bool newConnection)
+  Transfer(const TransferRequest& request, const std::optional<HostLogin>& login,
+           TransferHandles& handles, bool newConnection)
       : request_(request),
+        login_(login),
+        address_(login ? UrlWithoutLogin(request.address) : request.address),
         host_(UrlHost(request.address)),
         multi_(handles.multi.get()),
         easy_(handles.easy.get()) {
     Set(CURLOPT_FRESH_CONNECT, newConnection ? 1L : 0L);
     SetTarget();
+    SetLogin();
     SetHeaders();
     SetLimits();
     SetProxy();
     SetCallbacks();
   }
 
-  // The handle outlives this object and must not keep pointers to it.
-  ~Transfer() { curl_easy_reset(easy_); }
+  // The handle outlives this object and must not keep pointers to it. Its cookies outlive a reset.
+  ~Transfer() {
+    Set(CURLOPT_COOKIELIST, "ALL");
+    curl_easy_reset(easy_);
+  }
   Transfer(const Transfer&) = delete;
   Transfer& operator=(const Transfer&) = delete;
 
@@ -98,10 +109,10 @@ class Transfer {
  private:
   void SetTarget() {
     if (request_.rawQuery) {
-      url_ = RawAddress(request_.address, *request_.rawQuery);
+      url_ = RawAddress(address_, *request_.rawQuery);
       Set(CURLOPT_CURLU, url_.get());  // null makes the transfer fail
     } else {
-      Set(CURLOPT_URL, request_.address.c_str());
+      Set(CURLOPT_URL, address_.c_str());
     }
     Set(CURLOPT_PROTOCOLS_STR, request_.allowFile ? "http,https,file" : "http,https");
     Set(CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
@@ -111,6 +122,15 @@ class Transfer {
       Set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.form->size()));
       Set(CURLOPT_POSTFIELDS, request_.form->data());
     }
+  }
+
+  void SetLogin() {
+    Set(CURLOPT_COOKIEFILE, "");  // cookies are kept in memory
+    Set(CURLOPT_UNRESTRICTED_AUTH, 0L);
+    if (!login_) return;
+    Set(CURLOPT_HTTPAUTH, kLoginWays);
+    Set(CURLOPT_USERNAME, login_->name.c_str());
+    Set(CURLOPT_PASSWORD, login_->password.c_str());
   }
 
   void SetHeaders() {
@@ -184,24 +204,40 @@ class Transfer {
     curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &result.status);
     result.retryAfter = RetryAfter();
     result.ok = code == CURLE_OK;
+    if (result.ok || result.status != 0) result.address = EffectiveAddress();
+    result.wantsLogin = result.status == kStatusUnauthorized && OffersLogin();
     if (result.ok) {
-      result.address = EffectiveAddress();
       result.validators = {Validator("ETag"), Validator("Last-Modified")};
       Report(TransferEvent::Complete);
     } else if (code == CURLE_ABORTED_BY_CALLBACK) {
       result.error = "stopped";
     } else if (tooLong_ || code == CURLE_FILESIZE_EXCEEDED) {
       result.error = fmt::format("longer than {} bytes", kMaxBytes);
+    } else if (result.wantsLogin) {
+      result.error = WasSent(result.address) ? "the server refuses the name and the password"
+                                             : "the server wants a name and a password";
     } else {
       result.error = *errorText_ != '\0' ? errorText_ : curl_easy_strerror(code);
     }
     return result;
   }
 
+  bool OffersLogin() const {
+    long ways = 0;
+    curl_easy_getinfo(easy_, CURLINFO_HTTPAUTH_AVAIL, &ways);
+    return (ways & kLoginWays) != 0;
+  }
+
+  // Whether the server of `address` was sent a login.
+  bool WasSent(const std::string& address) const {
+    const bool hasLogin = login_ || UrlWithoutLogin(address_) != address_;
+    return hasLogin && UrlOrigin(address) == UrlOrigin(address_);
+  }
+
   std::string EffectiveAddress() const {
     const char* address = nullptr;
     curl_easy_getinfo(easy_, CURLINFO_EFFECTIVE_URL, &address);
-    return address == nullptr ? "" : address;
+    return address == nullptr ? "" : UrlWithoutLogin(address);
   }
 
   // The value of the header `name` in the last answer; empty when the header is missing.
@@ -267,6 +303,8 @@ class Transfer {
   }
 
   const TransferRequest& request_;
+  const std::optional<HostLogin>& login_;
+  const std::string address_;
   const std::string host_;
   char errorText_[CURL_ERROR_SIZE] = "";
   UrlHandle url_;
@@ -277,22 +315,33 @@ class Transfer {
   bool tooLong_ = false;
 };
 
-}  // namespace
-
-TransferResult RunTransfer(const TransferRequest& request, std::stop_token stop) {
-  InitializeCurlOnce();
+TransferResult RunWithLogin(const TransferRequest& request, const std::stop_token& stop) {
   TransferPool ownPool;
   TransferPool& pool = request.pool == nullptr ? ownPool : *request.pool;
-  auto handles = pool.Take(Origin(request.address));
+  const auto login = LoginFor(request);
+  auto handles = pool.Take(UrlOrigin(request.address));
   TransferResult result;
   bool isStale = false;
   do {
-    Transfer transfer(request, *handles, isStale);
+    Transfer transfer(request, login, *handles, isStale);
     result = transfer.Run(stop);
     isStale = !isStale && transfer.FoundStaleConnection(result) && !stop.stop_requested();
   } while (isStale);
   pool.GiveBack(std::move(handles));
   return result;
+}
+
+}  // namespace
+
+TransferResult RunTransfer(const TransferRequest& request, std::stop_token stop) {
+  InitializeCurlOnce();
+  TransferResult result = RunWithLogin(request, stop);
+  const bool isElsewhere = UrlOrigin(result.address) != UrlOrigin(request.address);
+  if (!result.wantsLogin || !isElsewhere || request.form) return result;
+  TransferRequest there = request;
+  there.address = result.address;
+  there.rawQuery.reset();
+  return LoginFor(there) ? RunWithLogin(there, stop) : result;
 }
 
 }  // namespace feedloom

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "net/HostLogin.h"
 #include "net/WebAccess.h"
 
 namespace feedloom {
@@ -51,6 +52,7 @@ struct TransferRequest {
   bool allowFile = false;  // whether a file: address may be read
   Validators known = {};   // the version that the caller has; the answer may then be status 304
   WebAccess web = {};
+  std::optional<GivenLogin> login = {};  // for its server, in place of the one that is kept
   TransferPool* pool = nullptr;  // not owned; without one, the transfer opens its own connection
   // Receives the decompressed content, piece by piece, on the calling thread. Returning false ends
   // the transfer as failed.
@@ -65,14 +67,24 @@ struct TransferResult {
   std::string error;                   // English, ASCII; empty when ok
   Validators validators = {};          // of the content; empty unless ok
   std::chrono::seconds retryAfter{0};  // from now on, by the header Retry-After; 0 without it
-  // The URL of the content: the request's address, or the target of the last redirect. Empty unless
-  // ok.
+  // The URL of the last answer, without a login: the request's address, or the target of the last
+  // redirect. Empty when no server has answered.
   std::string address = {};
+  // The server of `address` has answered 401: it wants a name and a password, by a way that is
+  // supported (Basic or Digest, RFC 7617 and 7616), or refuses those that it was given.
+  bool wantsLogin = false;
 };
 
 // Runs the transfer on the calling thread and returns when it has ended. It fails on a status of
 // 400 or more, on an eleventh redirect, on a redirect to a scheme other than http and https, on
 // content longer than 64 MiB, and within 100 ms after `stop` is requested. Any thread may call it.
+//
+// A name and a password are sent only to a server that asks for them and whose login is given or
+// kept, and only to that one: not along a redirect to another scheme, host or port. When a redirect
+// leads to a server that asks, it is asked again with its own login. A login in the address itself
+// is sent with the first request, unless there is one that is given or kept.
+//
+// A cookie that a server sets lives until the transfer ends.
 [[nodiscard]] TransferResult RunTransfer(const TransferRequest& request, std::stop_token stop);
 
 }  // namespace feedloom

@@ -1,6 +1,7 @@
 #include "net/WebAccess.h"
 
 #include "files/RegistryKeys.h"
+#include "net/HostLogin.h"
 #include "text/Text.h"
 
 namespace feedloom {
@@ -11,7 +12,7 @@ const std::string& DefaultUserAgent() {
 }
 
 WebAccess ReadWebAccess(const Registry& registry) {
-  WebAccess access{.proxy = ReadProxySettings(registry)};
+  WebAccess access{.proxy = ReadProxySettings(registry), .loginFile = HostLoginsPath(registry)};
   std::string agent = registry.ReadString(kModuleKey, kValueUserAgent).value_or("");
   if (!agent.empty() && !HasControls(agent)) access.userAgent = std::move(agent);
   return access;

@@ -13,10 +13,12 @@ const std::string& DefaultUserAgent();
 struct WebAccess {
   ProxySettings proxy = {};
   std::string userAgent = DefaultUserAgent();
+  std::string loginFile = {};  // the path of the logins that are kept; empty: none are
 };
 
-// The current proxy, and the value UserAgent of the module's registry key. DefaultUserAgent() when
-// that value is missing, empty, or contains a control character. Any thread may call it.
+// The current proxy, the value UserAgent of the module's registry key, and HostLoginsPath.
+// DefaultUserAgent() when that value is missing, empty, or contains a control character. Any thread
+// may call it.
 WebAccess ReadWebAccess(const Registry& registry);
 
 }  // namespace feedloom

@@ -72,6 +72,7 @@ void Arrivals::OnResult(int result, int channelId) {
       break;
     case kDownloadFailed:
     case kDocumentRefused:
+    case kLoginWanted:
       left_.SetChannelState(channelId, result);
       TellOf(kTextRefreshError, channelId);
       break;

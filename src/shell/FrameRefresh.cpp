@@ -34,9 +34,9 @@ void FrameRefresh::StartRefresh() {
   if (engine_) engine_->StartRefresh();
 }
 
-void FrameRefresh::CheckFeed(const std::string& address,
+void FrameRefresh::CheckFeed(const std::string& address, const std::optional<GivenLogin>& login,
                              std::function<void(const FeedCheckAnswer&)> onAnswer) {
-  if (checker_) checker_->Start(address, std::move(onAnswer));
+  if (checker_) checker_->Start(address, login, std::move(onAnswer));
 }
 
 void FrameRefresh::StopFeedCheck() {

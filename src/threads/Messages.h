@@ -46,6 +46,7 @@ enum ChannelResult : int {
   kRunEnded = 1,
   kDownloadFailed = -2,
   kDocumentRefused = -3,
+  kLoginWanted = -4,  // the download failed for want of a name and a password, or refused ones
 };
 
 }  // namespace feedloom

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "net/HostLogin.h"
 #include "refresh/RefreshQueue.h"
 
 namespace feedloom {
@@ -26,8 +28,9 @@ class Refreshing {
 
   // Checks on another thread whether `address` leads to a feed, and calls `onAnswer` with the
   // result on the interface thread. At most one check runs: `onAnswer` is not called after the
-  // next CheckFeed, after StopFeedCheck, or once the frame is closing.
-  virtual void CheckFeed(const std::string& address,
+  // next CheckFeed, after StopFeedCheck, or once the frame is closing. `login`, which the user has
+  // just given for a server, is kept when a document comes.
+  virtual void CheckFeed(const std::string& address, const std::optional<GivenLogin>& login,
                          std::function<void(const FeedCheckAnswer&)> onAnswer) = 0;
   virtual void StopFeedCheck() = 0;
 };

@@ -23,8 +23,8 @@ TEST(WebAddress, IsCompletedAndEscapedAndOfTheWebOnlyWithHttpOrHttps) {
 struct Checking : testing::Test {
   // "title|home page|announced feed; whether it is a feed", where addresses of the server are told
   // by their paths.
-  std::string Check(const std::string& address) {
-    const FeedCheckAnswer answer = CheckFeed(*kit_.Services(clock_), address, {});
+  std::string Check(const std::string& address, const std::optional<GivenLogin>& login = {}) {
+    const FeedCheckAnswer answer = CheckFeed(*kit_.Services(clock_), address, login, {});
     EXPECT_EQ(kit_.WorkFiles(), std::vector<std::string>());
     const std::string said = answer.title + "|" + answer.homePage + "|" + answer.announcedFeed;
     return ReplaceAll(said, kit_.server.Url(""), "") + (answer.isFeed ? "; 1" : "; 0");
@@ -70,12 +70,25 @@ TEST_F(Checking, TakesJsonFeedsForAHostThatReadsThem) {
   }
 }
 
+TEST_F(Checking, KeepsTheLoginThatAServerAsksForOnceItIsRight) {
+  kit_.server.Protect("/feed", "<rss version='2.0'/>", "bWU6cHc=");  // me:pw
+  const std::string url = kit_.server.Url("/feed"), origin = kit_.server.Url("");
+  const auto asks = [&](const std::optional<GivenLogin>& login) {
+    return CheckFeed(*kit_.Services(clock_), url, login, {}).loginServer == origin;
+  };
+  EXPECT_TRUE(asks({}) && asks(GivenLogin{origin, {"me", "no"}}) && asks({}));
+  EXPECT_FALSE(asks(GivenLogin{origin, {"me", "pw"}}) || asks({}));
+  kit_.folder.Write("logins.reg", "damaged");
+  const auto answer = CheckFeed(*kit_.Services(clock_), url, GivenLogin{origin, {"me", "pw"}}, {});
+  EXPECT_TRUE(answer.isFeed && answer.loginIsLost);
+}
+
 TEST_F(Checking, GivesUpASilentServerAtTheTimeLimitOnAThreadInTheBackground) {
   kit_.server.Hang("/hang");
   Inbox inbox;
   bool isFeed = true;
   FeedChecker checker(kit_.Services(clock_), [&](auto work) { inbox.Put(std::move(work)); });
-  checker.Start(kit_.server.Url("/hang"), [&](auto& answer) { isFeed = answer.isFeed; });
+  checker.Start(kit_.server.Url("/hang"), {}, [&](auto& answer) { isFeed = answer.isFeed; });
   EXPECT_TRUE(kit_.server.WaitForRequest("/hang"));
   EXPECT_GE(ThreadsInTheBackground(), 1);
   clock_.RunOut();

@@ -90,6 +90,36 @@ TEST_F(Commands, RefreshTellsEachChannelAndFailsWhenOneFails) {
   EXPECT_EQ(server_.Requests("/b"), 3);
 }
 
+TEST_F(Commands, ALoginIsAskedForKeptOnceItIsRightAndNeverShown) {
+  const std::string url = server_.Url("/a"), at = " --user me " + url;
+  server_.Protect("/a", RssDocument("", {}), "bWU6cCB3");  // me:p w
+  server_.Redirect("/b", url);
+  Run("init --lang ENG");
+  Run("delete --channel 1");
+  ExpectRefused("add " + url, "the server wants a name and a password");
+  EXPECT_NE(Out("check " + url).find("the server wants a name and a password"), std::string::npos);
+  const auto type = [this](const std::string& line, const std::string& arguments) {
+    return Run(arguments + " <" + folder_.Write("typed", line + "\n"));
+  };
+  EXPECT_EQ(type("wrong", "add" + at).err, "feedloomctl: " + url +
+                                               ": the server refuses the name and the password (" +
+                                               server_.Url("") + ")\n");
+  EXPECT_EQ(Run("add" + at + " </dev/null").err, "feedloomctl: no password on standard input\n");
+  EXPECT_EQ(Run("add --user me /etc/hostname </dev/null").status, 1);
+  EXPECT_FALSE(std::filesystem::exists(profile_ + "/logins.reg"));
+  EXPECT_EQ(type("p w", "add" + at).out, "Added channel 1: " + url + "\n");
+  EXPECT_EQ(type("p w", "add" + at).out,
+            "Channel 1 was there; kept its name and password for " + server_.Url("") + "\n");
+  EXPECT_EQ(RunJson("add " + server_.Url("/b"))["id"], 2);
+  EXPECT_EQ(Out("add http://you:secret@" + url.substr(7)), "Added channel 3: " + url + "\n");
+  EXPECT_EQ(Status("refresh"), 0);
+  folder_.Write("profile/logins.reg", "");
+  const std::string failed = Out("refresh");
+  EXPECT_NE(failed.find("/b: name and password wanted\n"), std::string::npos);
+  EXPECT_EQ(failed.find("secret"), std::string::npos);
+  EXPECT_EQ(RunJson("list")["folders"][0]["channels"][0]["state"], -4);
+}
+
 TEST_F(Commands, ProgramsOfOneProfileKeepOutOfEachOthersWorkFolders) {
   Serve("/a", 2);
   Run("add " + server_.Url("/a"));

@@ -154,15 +154,28 @@ void FeedServer::Fail(const std::string& path, int status, const std::string& re
 
 void FeedServer::Protect(const std::string& path, const std::string& html, const std::string& login,
                          int status) {
+  Challenge(path, html, "Basic realm=\"the realm\"", "Basic " + login, status);
+}
+
+void FeedServer::Challenge(const std::string& path, const std::string& html,
+                           const std::string& challenge, const std::string& answer, int status) {
   impl_->Put(path, [=](const httplib::Request& request, httplib::Response& response) {
     const bool isProxy = status == 407;
-    const bool knows = request.get_header_value(isProxy ? "Proxy-Authorization"
-                                                        : "Authorization") == "Basic " + login;
+    const std::string said =
+        request.get_header_value(isProxy ? "Proxy-Authorization" : "Authorization");
+    const bool knows = said.find(answer) != said.npos;
     SetBody(response, knows ? html : "no entry", "text/html");
     if (knows) return;
     response.status = status;
-    response.set_header(isProxy ? "Proxy-Authenticate" : "WWW-Authenticate",
-                        "Basic realm=\"the realm\"");
+    response.set_header(isProxy ? "Proxy-Authenticate" : "WWW-Authenticate", challenge);
+  });
+}
+
+void FeedServer::WantCookie(const std::string& path, const std::string& bytes) {
+  impl_->Put(path, [=](const httplib::Request& request, httplib::Response& response) {
+    if (request.get_header_value("Cookie") == "seen=1") return SetBody(response, bytes, kXml);
+    response.set_redirect(path);
+    response.set_header("Set-Cookie", "seen=1");
   });
 }
 

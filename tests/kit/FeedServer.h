@@ -33,6 +33,11 @@ class FeedServer {
   // server, 407 for a proxy. Others get "no entry" with that status, of the realm "the realm".
   void Protect(const std::string& path, const std::string& html, const std::string& login,
                int status = 401);
+  // The same for any challenge of RFC 9110, and who sends `answer` in the header.
+  void Challenge(const std::string& path, const std::string& html, const std::string& challenge,
+                 const std::string& answer, int status = 401);
+  // The content for who sends the cookie "seen=1"; others get it with a redirect to the same path.
+  void WantCookie(const std::string& path, const std::string& bytes);
   // The content with its validators; 304 for a request that has the ETag or, without one, the date.
   void ServeVersion(const std::string& path, const std::string& bytes, const std::string& etag,
                     const std::string& lastModified = "");

@@ -17,6 +17,14 @@ TEST(UrlTest, TakesAddressesApartAndResolvesReferences) {
               "file:a -> ", " -> ", "#part -> "});
 }
 
+TEST(UrlTest, TellsTheServerAndHidesTheLogin) {
+  ExpectRows(
+      [](auto& url) { return UrlOrigin(url) + " " + UrlWithoutLogin(url); },
+      {"https://u:p@A.kr/@b -> https://A.kr https://A.kr/@b",
+       "http://a:81?u=b@c -> http://a:81 http://a:81?u=b@c", "http://a:80 -> http://a http://a:80",
+       "u:p@a/b ->  a/b", "feed://u:p@a b/ ->  feed://a b/", "file:///a@b ->  file:///a@b"});
+}
+
 TEST(UrlTest, WhatIsRequestedIsFitForTheWireAndLocalOnlyWhenTyped) {
   ExpectRows(
       [](auto& address) { return RequestAddress(address); },

@@ -1,8 +1,11 @@
 #include <stdlib.h>
+#include <sys/stat.h>
 
 #include "kit/FeedServer.h"
 #include "kit/Rows.h"
 #include "kit/TempFolder.h"
+#include "net/TransferPool.h"
+#include "net/Url.h"
 #include "net/UrlDownload.h"
 
 namespace feedloom {
@@ -69,6 +72,85 @@ TEST_F(UrlTransferTest, GoesThroughTheUsersProxyWhateverTheEnvironmentSays) {
     EXPECT_EQ(Load(near, {true, at, "*"}) + Load(near, {false, at, ""}), "directdirect");
     unsetenv(name);
   }
+}
+
+// "me" and "p w": for Basic, and for Digest as RFC 7616 computes it of /digest.
+constexpr const char* kBasic = "bWU6cCB3";
+constexpr const char* kDigest = "response=\"fa1f0c9abf771f8159577ef2d6b74d0e\"";
+
+struct HostLoginTest : UrlTransferTest {
+  // The content, or what went wrong, with the logins of the file.
+  std::string Get(const std::string& url, std::optional<GivenLogin> login = {},
+                  TransferPool* pool = nullptr) const {
+    const auto result =
+        Run({.address = url, .web = {.loginFile = file_}, .login = std::move(login), .pool = pool});
+    EXPECT_TRUE(result.ok || result.wantsLogin == result.error.starts_with("the server "));
+    return result.ok ? "in" : result.error;
+  }
+  std::string Sent(const FeedServer& server, const std::string& path) const {
+    return server.LastHeader(path, "Authorization");
+  }
+
+  const Registry registry_{folder_.File("registry.reg")};
+  const std::string file_ = HostLoginsPath(registry_);
+  const std::string origin_ = UrlOrigin(server_.Url(""));
+};
+
+TEST_F(HostLoginTest, GoesToTheServerThatAsksForItAndToNoOther) {
+  FeedServer other;
+  server_.Protect("/basic", "in", kBasic);
+  server_.Challenge("/digest", "in", R"(Digest realm="r", nonce="n")", kDigest);
+  server_.Challenge("/bearer", "in", "Bearer", "-");
+  server_.Serve("/open", "in");
+  server_.Redirect("/away", other.Url("/basic"));
+  other.Protect("/basic", "in", kBasic);
+  other.Redirect("/home", server_.Url("/digest"));
+  const auto get = [this](auto& path) { return Get(server_.Url(path)); };
+  ExpectRows(get, {"/basic -> the server wants a name and a password",
+                   "/digest -> the server wants a name and a password"});
+  ASSERT_TRUE(KeepHostLogin(file_, {origin_, {"me", "wrong"}}));
+  ExpectRows(get, {"/digest -> the server refuses the name and the password"});
+  ASSERT_TRUE(KeepHostLogin(file_, {origin_, {"me", "p w"}}));
+  ExpectRows(get, {"/basic -> in", "/digest -> in", "/open -> in",
+                   "/away -> the server wants a name and a password",
+                   "/bearer -> The requested URL returned error: 401"});
+  EXPECT_EQ(Sent(server_, "/open") + Sent(other, "/basic") + Sent(server_, "/bearer"), "");
+  EXPECT_EQ(Get(other.Url("/home")), "in") << "asked again, with its own login";
+  EXPECT_EQ(Sent(other, "/home"), "");
+  EXPECT_EQ(Get("http://x:y@" + server_.Url("/basic").substr(7)), "in") << "in place of that one";
+  EXPECT_EQ(Get("http://me:p%20w@" + other.Url("/basic").substr(7)), "in");
+  EXPECT_EQ(Run({.address = "http://x:y@" + server_.Url("/open").substr(7)}).address,
+            server_.Url("/open"));
+  EXPECT_EQ(Get(server_.Url("/away"), GivenLogin{UrlOrigin(other.Url("")), {"me", "p w"}}), "in");
+  EXPECT_EQ(Get(server_.Url("/basic"), GivenLogin{origin_, {"me", "-"}}),
+            "the server refuses the name and the password");
+}
+
+TEST_F(HostLoginTest, IsKeptWholeForItsUserAlone) {
+  const HostLogin odd{"\xED\x95\x9C:[]", "\"\\ ]=\n;"};
+  ASSERT_TRUE(KeepHostLogin(file_, {"https://[::1]:8443", odd}));
+  ASSERT_TRUE(KeepHostLogin(file_, {origin_, {"a", ""}}) &&
+              KeepHostLogin(file_, {origin_, {"b", "c"}}));
+  const auto found = FindHostLogin(file_, UrlOrigin("HTTPS://[::1]:8443/x"));
+  EXPECT_TRUE(found && found->name == odd.name && found->password == odd.password);
+  EXPECT_EQ(FindHostLogin(file_, origin_)->password, "c");
+  EXPECT_FALSE(FindHostLogin(file_, UrlOrigin("https://[::1]/x")) || FindHostLogin("", origin_));
+  struct stat status {};
+  EXPECT_TRUE(stat(file_.c_str(), &status) == 0 && (status.st_mode & 0777) == 0600);
+  folder_.Write("logins.reg", "damaged");
+  EXPECT_FALSE(FindHostLogin(file_, origin_) || KeepHostLogin(file_, {origin_, odd}));
+  EXPECT_EQ(folder_.Read("logins.reg"), "damaged");
+}
+
+TEST_F(HostLoginTest, ACookieLivesForOneTransfer) {
+  server_.WantCookie("/feed", "in");
+  server_.Serve("/open", "in");
+  server_.KeepConnections();
+  TransferPool pool;
+  for (const char* path : {"/feed", "/open", "/feed"})
+    EXPECT_EQ(Get(server_.Url(path), {}, &pool), "in");
+  EXPECT_EQ(server_.LastHeader("/open", "Cookie"), "");
+  EXPECT_TRUE(server_.Requests("/feed") == 4 && server_.Connections() == 1);
 }
 
 }  // namespace feedloom

@@ -53,16 +53,18 @@ struct FakeRefreshing : Refreshing {
     for (Channel& entry : entries) queue.Append(std::move(entry));
   }
   void StartRefresh() override { ++refreshes; }
-  void CheckFeed(const std::string& address, CheckEnd onAnswer) override {
+  void CheckFeed(const std::string& address, const std::optional<GivenLogin>& login,
+                 CheckEnd onAnswer) override {
     checked.push_back(address);
+    if (login) given.push_back(login->origin + " " + login->login.name + login->login.password);
     answerCheck = std::move(onAnswer);
   }
   void StopFeedCheck() override { answerCheck = nullptr; }
 
   RefreshQueue queue;
   int refreshes = 0;
-  std::vector<std::string> checked;
-  CheckEnd answerCheck;  // of the check that runs
+  std::vector<std::string> checked, given;  // addresses, logins
+  CheckEnd answerCheck;                     // of the check that runs
 };
 
 struct FakeSubscribing : Subscribing {

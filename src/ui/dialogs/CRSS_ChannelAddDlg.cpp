@@ -13,15 +13,18 @@
 #include "feed/WebAddress.h"
 #include "look/QtText.h"
 #include "look/SkinText.h"
+#include "net/Url.h"
 #include "skin/Keys.h"
 #include "store/ChannelAdder.h"
 #include "store/Channels.h"
 #include "store/SqlText.h"
 #include "ui/Desk.h"
+#include "ui/Login.h"
 #include "ui/Refreshing.h"
 #include "ui/Subscribing.h"
 #include "ui/dialogs/CRSS_GroupAddDlg.h"
 #include "ui/dialogs/DialogRules.h"
+#include "ui/dialogs/Dialogs.h"
 #include "ui/dialogs/FolderList.h"
 
 namespace feedloom {
@@ -41,6 +44,11 @@ BusyBar* MakeProgress(const Skin& skin, QWidget* room) {
   layout->addWidget(progress);
   room->setFixedHeight(kProgressHeight);
   return progress;
+}
+
+// A title is shown in many places, where no password should be.
+QString WithoutLogin(const QString& address) {
+  return QString::fromStdString(UrlWithoutLogin(address.toStdString()));
 }
 
 // Web addresses only: `fromPage` may come from a web page, which must not offer a local file.
@@ -120,22 +128,42 @@ void CRSS_ChannelAddDlg::Check() {
   const std::string address = CompleteFeedAddress(typed.toStdString(), scheme);
   address_.setText(QString::fromStdString(address));
   SetState(State::Checking);
-  refreshing_.CheckFeed(address, [self = QPointer(this)](const FeedCheckAnswer& answer) {
+  refreshing_.CheckFeed(address, login_, [self = QPointer(this)](const FeedCheckAnswer& answer) {
     if (self) self->OnChecked(answer);
   });
 }
 
 void CRSS_ChannelAddDlg::OnChecked(const FeedCheckAnswer& answer) {
   SetState(answer.isFeed ? State::Checked : State::Unchecked);
+  if (!answer.loginServer.empty()) return AskLogin(answer.loginServer);
+  const QPointer self(this);
+  if (answer.loginIsLost) Tell(kTextLoginNotKept);
+  if (!self) return;
   if (!answer.isFeed && TryOtherResolution()) return;
   if (!answer.isFeed && !answer.announcedFeed.empty()) return OfferAnnounced(answer.announcedFeed);
   if (!answer.isFeed) return Refuse(kTextAddChannelCheckError, &address_);
   homePage_ = answer.homePage;
   const CodePage codePage = desk_.GetStore().TextCodePage();
   const std::string title = UnescapeEntities(answer.title);  // as the store decodes it
-  title_.setText(title.empty() ? address_.text() : ToLine(codePage, title));
+  title_.setText(title.empty() ? WithoutLogin(address_.text()) : ToLine(codePage, title));
   title_.setFocus();
   title_.selectAll();
+}
+
+// `server` is named as "scheme://host:port": over http the password goes out as it is.
+void CRSS_ChannelAddDlg::AskLogin(const std::string& server) {
+  address_.setFocus();
+  const QPointer self(this);
+  const bool isRefused = login_ && login_->origin == server;
+  if (isRefused) Tell(kTextLoginRefused);
+  if (!self) return;
+  const std::string name = isRefused ? login_->login.name : "";
+  const auto login = ShowLogin(
+      desk_, this, {.host = QString::fromStdString(server), .name = QString::fromStdString(name)});
+  if (!self) return;
+  if (!login) return Refuse(kTextAddChannelCheckError, &address_);
+  login_ = {server, {login->name.toStdString(), login->password.toStdString()}};
+  Check();
 }
 
 bool CRSS_ChannelAddDlg::TryOtherResolution() {
@@ -208,6 +236,12 @@ QWidget* CRSS_ChannelAddDlg::FieldOf(const std::string& fault) const {
   if (fault == kTextAddChannelError) return &ok_;
   if (TextOf(title_).empty()) return &title_;
   return &folders_;
+}
+
+// Says nothing where the host has no such text. The dialog may be destroyed meanwhile.
+void CRSS_ChannelAddDlg::Tell(const char* key) {
+  if (desk_.GetSkin().GetText(kSectionTexts, key).empty()) return;
+  desk_.ShowTextMessage(kSectionTexts, key, MsgBoxKind::Notice);
 }
 
 // The dialog may be destroyed while the message is shown; callers must not use it afterwards.

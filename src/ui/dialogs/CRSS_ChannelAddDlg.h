@@ -1,8 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "controls/CVxFormDialog.h"
+#include "net/HostLogin.h"
 
 namespace feedloom {
 
@@ -15,7 +17,8 @@ struct FeedCheckAnswer;
 
 // Subscribes to a feed: adds a channel to the store and the tree, and refreshes it. The address is
 // checked first, on another thread. The other fields are enabled only after the check has found a
-// feed, and disabled again when the address changes.
+// feed, and disabled again when the address changes. When a server wants a name and a password for
+// it, the user is asked for them; they are kept once they have proved right.
 class CRSS_ChannelAddDlg : public CVxFormDialog {
   Q_OBJECT
 
@@ -36,6 +39,8 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   void SetState(State state);
   void Check();
   void OnChecked(const FeedCheckAnswer& answer);
+  void AskLogin(const std::string& server);
+  void Tell(const char* key);
   bool TryOtherResolution();
   void OfferAnnounced(const std::string& address);
   void AddFolder();
@@ -62,7 +67,8 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   // What a page's link means by the browser engine's rules, when the dialog starts with another
   // reading of it that the user has not changed; else empty.
   QString otherResolution_;
-  std::string homePage_;  // of the feed that the check has found
+  std::optional<GivenLogin> login_;  // the last that the user has given
+  std::string homePage_;             // of the feed that the check has found
 };
 
 }  // namespace feedloom

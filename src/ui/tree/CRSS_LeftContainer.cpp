@@ -28,6 +28,7 @@ namespace {
 RowTexts LoadRowTexts(const Skin& skin) {
   return {.downloadFailed = skin.GetText(kSectionTexts, kTextChannelDownloadFailed),
           .documentRefused = skin.GetText(kSectionTexts, kTextDocumentRefused),
+          .loginWanted = skin.GetText(kSectionTexts, kTextLoginWanted),
           .unread = skin.GetText(kSectionTexts, kTextRowUnread),
           .isNew = skin.GetText(kSectionTexts, kTextRowNew),
           .isFailing = skin.GetText(kSectionTexts, kTextRowFailing)};

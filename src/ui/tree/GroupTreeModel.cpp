@@ -270,8 +270,10 @@ QVariant GroupTreeModel::data(const QModelIndex& index, int role) const {
 
 QString GroupTreeModel::FailureOf(const ChildRow& child) const {
   if (child.state >= 0) return {};
-  return ToQString(
-      codePage_, child.state == kDocumentRefused ? texts_.documentRefused : texts_.downloadFailed);
+  const bool wantsLogin = child.state == kLoginWanted && !texts_.loginWanted.empty();
+  return ToQString(codePage_, wantsLogin                        ? texts_.loginWanted
+                              : child.state == kDocumentRefused ? texts_.documentRefused
+                                                                : texts_.downloadFailed);
 }
 
 QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {

@@ -29,6 +29,7 @@ struct TreeContent {
 struct RowTexts {
   std::string downloadFailed;  // why a channel's last refresh failed
   std::string documentRefused;
+  std::string loginWanted = {};
   // A screen reader speaks these after the name:
   std::string unread = {};  // "%d" is replaced by the count
   std::string isNew = {};

@@ -160,6 +160,36 @@ TEST_F(Dialogs, AFeedIsCheckedAndThenStoredShownAndRefreshed) {
   EXPECT_TRUE(frame.queue.Contains(frame.addedChannels[0].id) && frame.refreshes == 1);
 }
 
+TEST_F(Dialogs, AServerThatWantsALoginIsNamedAndTheAddressCheckedAgainWithIt) {
+  const FeedCheckAnswer wanted{.loginServer = "https://h"};
+  const std::string look = "로그인; 서버: https://h; ";
+  Add(news_, "https://x:secret@h/feed", [&] {
+    WhenShown([&] {
+      EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == dialog; }));
+      EXPECT_EQ(Look(*dialog), look + ">이름=; 비밀번호=; 확인; 취소");
+      QTest::keyClicks(dialog->focusWidget(), "me");
+      Press(Qt::Key_Tab);
+      EXPECT_EQ(Box(2).echoMode(), QLineEdit::Password);
+      Try("한글");
+    });
+    EXPECT_EQ(Check(wanted), Keys{});
+    WhenShown([&] {
+      EXPECT_EQ(Messages(), Keys{kTextLoginRefused});
+      EXPECT_EQ(Look(*dialog), look + "이름=me; >비밀번호=; 확인; 취소");
+      Try("pw");
+    });
+    std::function(frame.answerCheck)(wanted);
+    EXPECT_EQ(frame.given, (Keys{"https://h me한글", "https://h mepw"}));
+    WhenShown([&] { Press(Qt::Key_Escape); });
+    std::function(frame.answerCheck)(wanted);
+    EXPECT_EQ(Messages(), Keys{kTextAddChannelCheckError});
+    EXPECT_EQ(Check({.isFeed = true, .loginIsLost = true}), Keys{kTextLoginNotKept});
+    EXPECT_EQ(Box(1).text(), "https://h/feed") << "a title without the password";
+    WhenShown([&] { parent.reset(); });
+    Check(wanted);
+  });
+}
+
 TEST_F(Dialogs, AnAnnouncedAddressThatIsNoFeedIsReadAsTheBrowserReadsIt) {
   frame.state.discoveredFeeds = {{"Feed", "http://h/x.xml", "http://h:8080/x.xml"}};
   for (const bool isEdited : {false, true}) {

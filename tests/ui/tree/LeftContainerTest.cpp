@@ -204,6 +204,8 @@ TEST_F(LeftContainerTest, ARowSaysItsNameItsCountAndWhatIsWrong) {
       {"Day(2)", kDownloadFailed, "Day(2)", "\n지난번에 채널을 내려받지 못했습니다."},
       {Korean("속보\r\n경제\t\x01") + '\0', kDocumentRefused, "속보 경제",
        "\n지난번에 받은 문서가 올바른 채널 문서가 아니었습니다."},
+      {"Paid", kLoginWanted, "Paid",
+       "\n서버가 이름과 비밀번호를 요구하거나 거절했습니다. 입력하려면 채널을 다시 추가하십시오."},
       {std::string(100'000, 'x'), 0, QString(500, 'x') + "…", ""},
       {"<h1>x</h1> & <img src='/etc/logo.png'>", 0, "<h1>x</h1> & <img src='/etc/logo.png'>", ""},
   };
