@@ -18,6 +18,13 @@ CREATE TABLE IF NOT EXISTS TB_UNDO_POST AS SELECT * FROM TB_POST LIMIT 0;
 CREATE TABLE IF NOT EXISTS TB_UNDO_SCRAP_CHANNEL AS SELECT * FROM TB_SCRAP_CHANNEL LIMIT 0;
 CREATE TABLE IF NOT EXISTS TB_UNDO_SCRAP_POST AS SELECT * FROM TB_SCRAP_POST LIMIT 0;
 
+-- What post_details.sql holds of deleted posts; stays empty without its table.
+CREATE TABLE IF NOT EXISTS TB_UNDO_POST_DETAIL (
+  post_detail_postID     INTEGER,
+  post_detail_authors    TEXT,
+  post_detail_categories TEXT
+);
+
 -- What the step makes gone_links.sql forget: all of deleted channels, and the oldest links of those
 -- that lose many posts.
 CREATE TABLE IF NOT EXISTS TB_UNDO_GONE_LINK AS SELECT * FROM TB_GONE_LINK LIMIT 0;

@@ -6,16 +6,19 @@
 #include "ctl/Selection.h"
 #include "ctl/Session.h"
 #include "profile/Files.h"
+#include "store/PostDetails.h"
 #include "ui/page/PageSkin.h"
 #include "ui/page/Pages.h"
 
 namespace feedloom {
 namespace {
 
-std::string PageOf(const Session& session, const PostRow& post) {
+std::string PageOf(Session& session, const PostRow& post) {
+  const PostDetails details = FindPostDetails(session.GetStore(), post.id, post.link);
   const auto build = post.isPodcast != 0 ? BuildPodcastPreviewPage : BuildPostPreviewPage;
   return build(1, {post.title}, {post.link}, {post.description}, {post.published}, {""}, false,
-               LoadPageSkin(session.GetSkin()), PageCharset(session.TextCodePage()));
+               LoadPageSkin(session.GetSkin()), PageCharset(session.TextCodePage()),
+               {PageCredits{details.authors, details.categories}});
 }
 
 }  // namespace

@@ -22,6 +22,16 @@ constexpr std::array<std::string_view, kRssFieldCount> kRssNames = {
 
 using RssElements = std::array<XmlElement, kRssFieldCount>;
 
+// Sets the link, and beside it how it is written when that is not the same. An empty `attribute`
+// means the element's text.
+void SetLink(const XmlElement& element, std::string_view attribute, const FeedTexts& texts,
+             FeedItem& item) {
+  std::string written =
+      attribute.empty() ? texts.Text(element) : texts.Attribute(element, attribute);
+  item.link = attribute.empty() ? texts.Address(element) : texts.Address(element, attribute);
+  item.writtenLink = written == item.link ? "" : std::move(written);
+}
+
 ParseCode ReadRssDate(const RssElements& found, const FeedTexts& texts, FeedItem& item) {
   switch (item.variants.rss) {
     case FeedVariants::kRss09:
@@ -42,10 +52,10 @@ ParseCode ReadRssItem(const XmlElement& element, const FeedTexts& texts, FeedIte
   element.FirstDescendants(kRssNames, found);
   item.title = texts.Text(found[kTitle]);
   item.description = texts.Text(found[kDescription]);
-  item.link = texts.Address(found[kLink]);
+  SetLink(found[kLink], "", texts, item);
   if (item.variants.rss == FeedVariants::kRss20 && found[kEnclosure]) {
     // The link of a podcast's post is its media file, even when the enclosure has no address.
-    item.link = texts.Address(found[kEnclosure], "url");
+    SetLink(found[kEnclosure], "url", texts, item);
     item.enclosureType = texts.Attribute(found[kEnclosure], "type");
     item.isPodcast = 1;
   }
@@ -57,7 +67,7 @@ void ReadAtomEntry(const XmlElement& element, const FeedTexts& texts, FeedItem& 
   std::array<XmlElement, kNames.size()> found;
   element.FirstDescendants(kNames, found);
   item.title = texts.Text(found[0]);
-  item.link = texts.Address(found[1], "href");
+  SetLink(found[1], "href", texts, item);
   item.date = texts.Text(found[2]);
 }
 

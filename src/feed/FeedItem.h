@@ -40,6 +40,7 @@ struct FeedItem {
   std::string enclosureType;
   std::string description;
   FeedVariants variants;
+  std::string writtenLink = {};  // as the document writes it, when `link` was made absolute
   std::vector<std::string> authors = {};
   std::vector<std::string> categories = {};
 };

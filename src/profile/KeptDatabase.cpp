@@ -57,7 +57,7 @@ KeptDatabase KeepDatabase(const std::string& path, const std::string& shareDir,
   if (status != SQLITE_OK) return nullptr;
   sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
   std::string additions;
-  for (const char* const name : {"gone_links.sql", "undo.sql"}) {
+  for (const char* const name : {"gone_links.sql", "undo.sql", "post_details.sql"}) {
     additions += ReadFile(JoinPath(shareDir, name)).value_or("");
   }
   BringUpToDate(opened, additions);

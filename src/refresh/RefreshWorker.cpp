@@ -24,8 +24,13 @@ constexpr std::size_t kCommonPost = 256u << 10;    // one post
 
 NewPost ToNewPost(FeedItem item) {
   NormalizeFeedDate(item.date);
-  return {std::move(item.title), std::move(item.link), std::move(item.date),
-          std::move(item.description), item.isPodcast};
+  return {.title = std::move(item.title),
+          .link = std::move(item.link),
+          .published = std::move(item.date),
+          .description = std::move(item.description),
+          .isPodcast = item.isPodcast,
+          .details = {std::move(item.authors), std::move(item.categories)},
+          .writtenLink = std::move(item.writtenLink)};
 }
 
 XmlLimits LimitsFor(LargeDocuments::Turn& turn, const std::stop_token& stop) {

@@ -63,14 +63,15 @@ Connection::Connection(Store& store) : store_(store) {
 
 Connection::~Connection() { sqlite3_close(handle_); }
 
-Connection::Operation::Operation(Connection& connection) : connection_(connection) {
-  connection_.store_.EnterStoreBusy();
+Connection::Operation::Operation(Connection& connection, Pauses pauses)
+    : connection_(connection), pauses_(pauses) {
+  if (pauses_ == Pauses::Kept) connection_.store_.EnterStoreBusy();
   connection_.inOperation_ = true;
 }
 
 Connection::Operation::~Operation() {
   connection_.inOperation_ = false;
-  connection_.store_.LeaveStoreBusy();
+  if (pauses_ == Pauses::Kept) connection_.store_.LeaveStoreBusy();
 }
 
 // Calls `statements` under the store's lock, with the pauses unless the operation has them.
@@ -113,17 +114,18 @@ bool Connection::Execute(const std::string& sql) {
   });
 }
 
-Changes Connection::ExecuteTogether(std::span<const std::string> statements) {
+Changes Connection::ExecuteTogether(std::span<const std::string> statements,
+                                    const std::string& addition) {
   Changes changes;
   std::vector<std::string> failures;
-  Paced([&] { changes = Transact(statements, failures); });
+  Paced([&] { changes = Transact(statements, addition, failures); });
   for (const std::string& failure : failures) store_.ReportStoreError(failure);
   return changes;
 }
 
 // The transaction takes the write lock at its beginning, where it can still wait for another
 // program. After a rollback by SQLite it begins again with the next statement.
-Changes Connection::Transact(std::span<const std::string> statements,
+Changes Connection::Transact(std::span<const std::string> statements, const std::string& addition,
                              std::vector<std::string>& failures) {
   Changes changes;
   for (const std::string& sql : statements) {
@@ -141,6 +143,7 @@ Changes Connection::Transact(std::span<const std::string> statements,
     }
   }
   if (sqlite3_get_autocommit(handle_) == 0) {
+    if (!addition.empty()) Step(addition.c_str(), failures);
     if (Step("Commit", failures)) return changes;
     Step("Rollback", failures);
   }
@@ -182,6 +185,12 @@ std::optional<int> QueryNumber(Connection& connection, const std::string& sql) {
   const auto table = connection.Query(sql);
   if (!table) return std::nullopt;
   return table->Rows() > 0 ? table->Int(0, 0) : 0;
+}
+
+bool HasTable(Connection& connection, const std::string& name) {
+  return QueryNumber(connection,
+                     "Select count(*) From sqlite_master Where type = 'table' And name = '" + name +
+                         "'") == 1;
 }
 
 int QueryNumber(Store& store, const std::string& sql, int failure) {

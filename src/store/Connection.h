@@ -66,19 +66,25 @@ class Connection {
   // Runs each of `statements` (complete ones) even after one has failed, together as one
   // transaction under one hold of the store's lock. Failures are reported behind the last one. When
   // SQLite rolls the transaction back by itself (a full disk), the rows so far are lost.
-  Changes ExecuteTogether(std::span<const std::string> statements);
+  // `addition`, if there is one, comes last in the transaction; it counts nowhere, and when it
+  // fails the others stay.
+  Changes ExecuteTogether(std::span<const std::string> statements,
+                          const std::string& addition = "");
 
   // While the object lives, the statements of `connection` are one operation: the store's pauses
   // come once, before the first statement and behind the last one.
   class Operation {
    public:
-    explicit Operation(Connection& connection);
+    enum class Pauses { Kept, LeftOut };
+    // The pauses may be left out for a single look-up by a key, which takes nobody's time.
+    explicit Operation(Connection& connection, Pauses pauses = Pauses::Kept);
     ~Operation();
     Operation(const Operation&) = delete;
     Operation& operator=(const Operation&) = delete;
 
    private:
     Connection& connection_;
+    const Pauses pauses_;
   };
 
  private:
@@ -86,7 +92,8 @@ class Connection {
   void Paced(Statements statements);
   template <typename Statement>
   bool Run(Statement statement);
-  Changes Transact(std::span<const std::string> statements, std::vector<std::string>& failures);
+  Changes Transact(std::span<const std::string> statements, const std::string& addition,
+                   std::vector<std::string>& failures);
   bool Step(const char* sql, std::vector<std::string>& failures);
 
   Store& store_;
@@ -112,6 +119,9 @@ bool ExecuteEach(Store& store, std::initializer_list<std::string> statements);
 // Runs `sql` and returns the first cell of the first row as a number: 0 without a row, none after a
 // failure.
 std::optional<int> QueryNumber(Connection& connection, const std::string& sql);
+
+// Whether the database has a table of this name; false also after a failure.
+bool HasTable(Connection& connection, const std::string& name);
 
 // Runs `sql` so on a connection of its own; returns `failure` after a failure.
 int QueryNumber(Store& store, const std::string& sql, int failure);

@@ -2,12 +2,15 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <optional>
 #include <unordered_set>
 #include <utility>
 
 #include "store/Connection.h"
 #include "store/IdStatement.h"
 #include "store/PostColumns.h"
+#include "store/PostDetails.h"
 #include "store/SqlText.h"
 
 // The columns that ReadChannelFields and ReadCabinetFields read.
@@ -80,16 +83,21 @@ std::string InsertStatement(int channelId, const NewPost& post) {
       post.link);
 }
 
-// The statements of one transaction: few enough that other threads and programs wait only a moment,
-// and that a stop comes soon.
+// The posts of one transaction: few enough that other threads and programs wait only a moment, and
+// that a stop comes soon.
 struct Slice {
-  void Add(std::string statement) {
-    size += statement.size();
-    statements.push_back(std::move(statement));
+  void Add(int channelId, const NewPost& post) {
+    statements.push_back(InsertStatement(channelId, post));
+    size += statements.back().size();
+    posts.push_back(&post);
   }
   bool IsFull() const { return statements.size() >= 50 || size >= (256u << 10); }
+  bool HasDetails() const {
+    return std::ranges::any_of(posts, [](auto* post) { return !post->details.AreEmpty(); });
+  }
 
   std::vector<std::string> statements;
+  std::vector<const NewPost*> posts;
   std::size_t size = 0;
 };
 
@@ -187,21 +195,27 @@ Changes InsertChannelPosts(Connection& connection, const ChannelRecord& record,
                            std::stop_token stop) {
   auto known = LinksOf(connection, record.id);
   if (!known) return {.failed = static_cast<int>(record.posts.size())};
+  std::optional<bool> keepsDetails;  // asked once there is something to keep
   Changes all;
   Slice slice;
   const auto store = [&] {
-    const Changes changes = connection.ExecuteTogether(std::exchange(slice, {}).statements);
+    const Slice full = std::exchange(slice, {});
+    if (!keepsDetails && full.HasDetails()) keepsDetails = KeepsPostDetails(connection);
+    const Changes changes = connection.ExecuteTogether(
+        full.statements,
+        keepsDetails.value_or(false) ? InsertDetailsStatement(record.id, full.posts) : "");
     all.rows += changes.rows;
     all.failed += changes.failed;
     all.inserted.insert(all.inserted.end(), changes.inserted.begin(), changes.inserted.end());
   };
   for (const NewPost& post : record.posts) {
+    if (known->contains(UnescapeEntities(post.writtenLink)) && !post.writtenLink.empty()) continue;
     if (!known->insert(UnescapeEntities(post.link)).second) continue;
     if (stop.stop_requested()) {
       ++all.failed;
       continue;
     }
-    slice.Add(InsertStatement(record.id, post));
+    slice.Add(record.id, post);
     if (slice.IsFull()) store();
   }
   if (!slice.statements.empty()) store();

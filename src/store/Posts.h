@@ -32,9 +32,10 @@ bool FindPosts(Store& store, std::span<const int> ids, bool areScrapPosts,
 
 // Adds the posts of `record` to its channel, in their order, unread and with the present time as
 // their creation date. A post whose link the channel holds already is left out; the stored one is
-// not changed. When a post fails, the next one is tried. The posts are committed some fifty at a
-// time. Returns the number of those that are new in the store, and of those that are missing from
-// it: they failed, or `stop` was requested before them.
+// not changed. So is one whose link is stored as the feed writes it. Authors and categories are
+// kept where the database has the table for them. When a post fails, the next one is tried. The
+// posts are committed some fifty at a time. Returns the number of those that are new in the store,
+// and of those that are missing from it: they failed, or `stop` was requested before them.
 Changes InsertChannelPosts(Connection& connection, const ChannelRecord& record,
                            std::stop_token stop = {});
 

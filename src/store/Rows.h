@@ -67,6 +67,14 @@ struct CabinetWithPosts {
   std::vector<PostRow> posts;
 };
 
+// Who wrote a post, and what it is about: plain texts of one line.
+struct PostDetails {
+  bool AreEmpty() const { return authors.empty() && categories.empty(); }
+
+  std::vector<std::string> authors = {};
+  std::vector<std::string> categories = {};
+};
+
 // A post to be added to the store.
 struct NewPost {
   std::string title = {};
@@ -74,6 +82,8 @@ struct NewPost {
   std::string published = {};
   std::string description = {};
   int isPodcast = 0;
+  PostDetails details = {};
+  std::string writtenLink = {};  // the link as the feed writes it, when `link` differs; else empty
 };
 
 // A channel to be added to the store, with the posts of its feed.

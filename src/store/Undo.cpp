@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "store/Connection.h"
+#include "store/PostDetails.h"
 
 namespace feedloom {
 namespace {
@@ -85,9 +85,17 @@ constexpr const char* kCopyOldLinks =
     "TB_GONE_LINK l On gone_channelID = id Where gone_number <= (gone_count + posts) / 1000 * 1000 "
     "- 4000;";
 
-bool KeepsSteps(Connection& connection) {
-  return QueryNumber(connection,
-                     "Select count(*) From sqlite_master Where name = 'TB_UNDO_STEP'") == 1;
+// Only with the tables of share/post_details.sql and of a share/undo.sql that knows them.
+constexpr const char* kForgetDetails = "Delete From TB_UNDO_POST_DETAIL;";
+constexpr const char* kCopyDetails =
+    "Insert Into TB_UNDO_POST_DETAIL Select post_detail_postID, post_detail_authors, "
+    "post_detail_categories From TB_POST_DETAIL Where post_detail_postID In (Select post_id From "
+    "TB_UNDO_POST);";
+
+bool KeepsSteps(Connection& connection) { return HasTable(connection, "TB_UNDO_STEP"); }
+
+bool KeepsDetails(Connection& connection) {
+  return KeepsPostDetails(connection) && HasTable(connection, "TB_UNDO_POST_DETAIL");
 }
 
 // `first` copies the rows that are counted, `others` what belongs to them.
@@ -96,10 +104,12 @@ std::optional<KeptStep> Keep(Store& store, const std::string& first, const std::
   if (!connection) return std::nullopt;
   const Connection::Operation operation(connection);
   if (!KeepsSteps(connection)) return std::nullopt;
+  const bool keepsDetails = KeepsDetails(connection);
   const auto table = connection.Query(
-      fmt::format("Begin Immediate;{}{}Insert Into TB_UNDO_STEP(step_rows) Values(changes());{}"
+      fmt::format("Begin Immediate;{}{}{}Insert Into TB_UNDO_STEP(step_rows) Values(changes());{}{}"
                   "Select step_id, step_rows From TB_UNDO_STEP;Commit",
-                  kForget, first, others));
+                  keepsDetails ? kForgetDetails : "", kForget, first, others,
+                  keepsDetails ? kCopyDetails : ""));
   if (!table || table->Int(0, 1) == 0) return std::nullopt;
   return KeptStep{table->Int(0, 0), table->Int(0, 1)};
 }
@@ -177,11 +187,24 @@ std::string DropOrphans(const PostNames& posts) {
 
 // The links of deleted posts keep posts away as long as they are there. A post that was read and
 // has come anew since is read.
-std::string BringBackPosts() {
-  return DropOrphans(kPosts) + DropOrphans(kScrapPosts) +
+constexpr const char* kDropOrphanDetails =
+    "Delete From TB_UNDO_POST_DETAIL Where post_detail_postID Not In (Select post_id From "
+    "TB_UNDO_POST);";
+
+// A post that has come anew keeps the details that it has now.
+std::string BringBackDetails() {
+  return Renumber({"TB_UNDO_POST_DETAIL", "post_detail_postID"}) +
+         "Insert Or Ignore Into TB_POST_DETAIL(post_detail_postID, post_detail_authors, "
+         "post_detail_categories) Select * From TB_UNDO_POST_DETAIL Where post_detail_postID In "
+         "(Select post_id From TB_UNDO_POST);";
+}
+
+std::string BringBackPosts(bool withDetails) {
+  return DropOrphans(kPosts) + DropOrphans(kScrapPosts) + (withDetails ? kDropOrphanDetails : "") +
          "Delete From TB_GONE_LINK Where (gone_channelID, gone_link) In (Select post_channelID, "
          "post_link From TB_UNDO_POST);" +
-         BringBack(kPostRows, {}) + BringBack(kScrapPostRows, {}) +
+         BringBack(kPostRows, {}) + (withDetails ? BringBackDetails() : "") +
+         BringBack(kScrapPostRows, {}) +
          "Update TB_POST Set post_readStatus = u.post_readStatus From TB_UNDO_POST u Where "
          "TB_POST.post_id = u.post_id And TB_POST.post_readStatus < u.post_readStatus;"
          "Insert Or Ignore Into TB_GONE_LINK Select * From TB_UNDO_GONE_LINK Where gone_channelID "
@@ -246,10 +269,12 @@ Undone UndoStep(Store& store, int stepId) {
       connection, fmt::format("Select count(*) From TB_UNDO_STEP Where step_id = {}", stepId));
   if (!kept) return {};
   if (*kept == 0) return {Undone::Result::kNotKept};
+  const bool keepsDetails = KeepsDetails(connection);
   // The connection goes after a failure, which takes the transaction back.
   const auto table = connection.Query("Begin Immediate;" + BringBackFoldersChannelsAndCabinets() +
-                                      BringBackPosts() + BringBackMarks(kPosts) +
-                                      BringBackMarks(kScrapPosts) + kRowId + kForget + "Commit");
+                                      BringBackPosts(keepsDetails) + BringBackMarks(kPosts) +
+                                      BringBackMarks(kScrapPosts) + kRowId + kForget +
+                                      (keepsDetails ? kForgetDetails : "") + "Commit");
   if (!table) return {};
   return {Undone::Result::kDone, table->Int(0, 0)};
 }
@@ -260,7 +285,8 @@ void ForgetUndoStep(Store& store) {
   const Connection::Operation operation(connection);
   if (!KeepsSteps(connection)) return;
   if (QueryNumber(connection, "Select count(*) From TB_UNDO_STEP").value_or(0) == 0) return;
-  connection.Execute(std::string("Begin Immediate;") + kForget + "Commit");
+  connection.Execute(std::string("Begin Immediate;") + kForget +
+                     (KeepsDetails(connection) ? kForgetDetails : "") + "Commit");
 }
 
 }  // namespace feedloom

@@ -90,6 +90,20 @@ struct Refresh : testing::Test {
   int runs_ = 0;
 };
 
+TEST_F(Refresh, OfAJsonFeedStoresItsPostsWithTheirAuthorsAndCategories) {
+  kit_.isLenient = true;
+  Begin();
+  kit_.db.AddTables({"post_details.sql"});
+  kit_.server.Serve("/a", R"({"version":"https://jsonfeed.org/version/1","items":[{"url":"/l",)"
+                          R"("content_text":"<a>","author":{"name":"O'Hara"},"tags":["x","y"]}]})");
+  Queue("/a");
+  EXPECT_EQ(Run(), "W1,0 N1,1 R0,1 R1,0 0");
+  EXPECT_EQ(kit_.db.Value("select post_title || '|' || post_link || '|' || post_desc || '|' || "
+                          "post_detail_authors || '|' || post_detail_categories from TB_POST join "
+                          "TB_POST_DETAIL on post_id = post_detail_postID"),
+            "<a>|" + kit_.server.Url("/l") + "|&#x3C;a&#x3E;|O'Hara|x\ny");
+}
+
 TEST_F(Refresh, StoresNewPostsAndMarksAFailure) {
   kit_.server.Serve("/opml", "<opml version='1.0'/>");
   kit_.server.BreakOff("/short", NumberedRss("c", "http://l/", 1));

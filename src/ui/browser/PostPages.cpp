@@ -2,7 +2,7 @@
 
 #include "look/QtText.h"
 #include "skin/Keys.h"
-#include "store/Rows.h"
+#include "store/PostDetails.h"
 #include "ui/Desk.h"
 #include "ui/page/Pages.h"
 
@@ -25,9 +25,12 @@ PageToWrite MakePreview(Desk& desk, const PostRow& post) {
   const bool isFromWeb = desk.State().listMode == ListMode::WebDirectory;
   const std::string feedUrl = isFromWeb ? post.feedUrl : std::string();
   const auto build = isPodcast ? BuildPodcastPreviewPage : BuildPostPreviewPage;
+  const PostDetails details =
+      isFromWeb ? PostDetails() : FindPostDetails(desk.GetStore(), post.id, post.link);
   const std::string html =
       build(1, {post.title}, {post.link}, {post.description}, {post.published}, {feedUrl},
-            isFromWeb, LoadPageSkin(desk.GetSkin()), PageCharset(desk.GetStore().TextCodePage()));
+            isFromWeb, LoadPageSkin(desk.GetSkin()), PageCharset(desk.GetStore().TextCodePage()),
+            {PageCredits{details.authors, details.categories}});
   return ToWrite(desk, post, html, isPodcast ? PageKind::Podcast : PageKind::Post);
 }
 

@@ -1,6 +1,6 @@
 #include <fmt/format.h>
 
-#include "text/Text.h"
+#include "ui/page/EscapedText.h"
 #include "ui/page/Pages.h"
 
 namespace feedloom {
@@ -11,17 +11,12 @@ constexpr char kCrashPage[] = R"(<!DOCTYPE html><html><head><title>Feedloom</tit
                               R"(<body style="margin:40px;font-family:sans-serif">)"
                               R"(<p>{0}</p><p><a href="{1}">{2}</a></p></body></html>)";
 
-std::string Escape(std::string_view text) {
-  std::string escaped = ReplaceAll(text, "&", "&amp;");
-  escaped = ReplaceAll(escaped, "<", "&lt;");
-  return ReplaceAll(escaped, "\"", "&quot;");
-}
-
 }  // namespace
 
 std::string BuildCrashPage(std::string_view whatHappened, std::string_view again,
                            std::string_view address) {
-  return fmt::format(kCrashPage, Escape(whatHappened), Escape(address), Escape(again));
+  return fmt::format(kCrashPage, EscapedText(whatHappened), EscapedText(address),
+                     EscapedText(again));
 }
 
 }  // namespace feedloom

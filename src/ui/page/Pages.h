@@ -20,24 +20,34 @@ namespace feedloom {
 
 using PageTexts = std::vector<std::string>;
 
+// Who wrote a post, and what it is about: plain texts, which are escaped in the page. Empty ones
+// leave no trace in it.
+struct PageCredits {
+  PageTexts authors;
+  PageTexts categories;
+};
+
 // The charset name of `codePage` for the pages: "euc-kr" or "utf-8".
 std::string_view PageCharset(CodePage codePage);
 
 // The preview page of `count` posts; post i has the i-th texts of the lists. Returns an empty text
 // unless titles, links and descriptions hold `count` texts each. Missing dates and feed URLs count
 // as empty. The button that adds a post's feed appears when `showAdd` is true and the feed URL is
-// not empty. `charset` is one of PageCharset().
+// not empty. `charset` is one of PageCharset(). Authors stand below the title, in the element
+// "author-N", and categories behind the description, in "category-N".
 std::string BuildPostPreviewPage(int count, const PageTexts& titles, const PageTexts& links,
                                  const PageTexts& descriptions, const PageTexts& dates,
                                  const PageTexts& feedUrls, bool showAdd, const PageSkin& skin,
-                                 std::string_view charset);
+                                 std::string_view charset,
+                                 const std::vector<PageCredits>& credits = {});
 
 // Like BuildPostPreviewPage, for podcast posts: the date is visible, and an icon and the link lead
 // to the media file.
 std::string BuildPodcastPreviewPage(int count, const PageTexts& titles, const PageTexts& links,
                                     const PageTexts& descriptions, const PageTexts& dates,
                                     const PageTexts& feedUrls, bool showAdd, const PageSkin& skin,
-                                    std::string_view charset);
+                                    std::string_view charset,
+                                    const std::vector<PageCredits>& credits = {});
 
 // The page that plays the media file at `link`. The other texts do not appear in it.
 std::string BuildPodcastPlayerPage(std::string_view title, std::string_view link,

@@ -5,6 +5,7 @@
 #include <numeric>
 #include <utility>
 
+#include "ui/page/EscapedText.h"
 #include "ui/page/Pages.h"
 
 namespace feedloom {
@@ -18,6 +19,7 @@ struct PagePost {
   std::string_view description;
   std::string_view date;
   std::string_view feedUrl;  // empty: no button to add the feed
+  PageCredits credits;
 };
 
 // {0} the charset
@@ -47,13 +49,22 @@ constexpr char kScrapCells[] =
     R"( width="18" height="33" border="0"></a></td>)"
     R"(<td width="11"><div id="scraplink-{0}" title="{3}"></div></td>)";
 
-// {0} the number, {1} the description, {2} the bottom bar's image
+// {0} the number, {1} the description
 constexpr char kDescriptionRow[] =
     R"(<tr><td><table width="80%" border="0" align="center" cellpadding="0" cellspacing="0"><tr>)"
     R"(<td><div id="disc-{0}" align="left"><font color="#575757" size="2">{1})"
-    R"(</font><strong><br></strong></div></td></tr></table></td></tr>)"
+    R"(</font><strong><br></strong></div></td></tr></table></td></tr>)";
+
+// {0} the kind, {1} the number, {2} the names
+constexpr char kCreditsRow[] =
+    R"(<tr><td><table width="80%" border="0" align="center" cellpadding="0" cellspacing="0"><tr>)"
+    R"(<td><div id="{0}-{1}" align="left"><font color="#999999" size="2">{2}</font></div></td></tr>)"
+    R"(</table></td></tr>)";
+
+// {0} the bottom bar's image
+constexpr char kBottomBar[] =
     R"(<tr><td>&nbsp;</td></tr><tr>)"
-    R"(<td height="29" background="{2}">)"
+    R"(<td height="29" background="{0}">)"
     R"(<table width="80%" border="0" align="left" cellpadding="0" cellspacing="0">)";
 
 constexpr char kTail[] = "</table></body></html>";
@@ -64,14 +75,15 @@ struct PreviewShape {
   // the date.
   std::string_view beforeScrapButton;
   std::string_view afterTitleBar;
+  std::string_view belowAuthors;
   // The cells of the bottom bar: {0} the link, {1} the save icon.
   std::string_view bottomCells;
 };
 
 // The date is invisible, in an attribute. The link's anchor has no end tag; browsers close it.
 constexpr PreviewShape kPostShape = {
-    R"(<td width="10"><div id="pubdate-{0}" title="{1}"></div></td>)",
-    R"(</tr></table></td></tr><tr><td>&nbsp;</td></tr>)",
+    R"(<td width="10"><div id="pubdate-{0}" title="{1}"></div></td>)", R"(</tr></table></td></tr>)",
+    R"(<tr><td>&nbsp;</td></tr>)",
     R"(<tr><td width="10"></td><td><a href="{0}"><font color="#999999" size="2">{0})"
     R"(</font></td></tr></table></td></tr>)"};
 
@@ -81,9 +93,17 @@ constexpr PreviewShape kPodcastShape = {
     R"(<tr><td><table width="95%" border="0" align="center" cellpadding="0" cellspacing="0">)"
     R"(<tr><td><div id="pubdate-{0}" align="left"><font color="#B2B2B2" size="2">{1})"
     R"(</font><strong><br></strong></div></td></tr></table></td></tr>)",
+    "",
     R"(<tr><td width="20">&nbsp;</td><td width="16"><a href="{0}">)"
     R"(<img src="{1}" width="16" height="29" border="0"></a></td><td width="10">&nbsp;</td>)"
     R"(<td><font color="#999999" size="2"><a href="{0}">{0}</a></font></td></tr></table></td></tr>)"};
+
+void AppendCredits(std::string& page, std::string_view kind, std::size_t number,
+                   const PageTexts& names) {
+  if (names.empty()) return;
+  fmt::format_to(std::back_inserter(page), kCreditsRow, kind, number,
+                 EscapedText(fmt::format("{}", fmt::join(names, ", "))));
+}
 
 void AppendPost(std::string& page, const PreviewShape& shape, const PagePost& post,
                 const PageSkin& skin) {
@@ -96,7 +116,11 @@ void AppendPost(std::string& page, const PreviewShape& shape, const PagePost& po
   fmt::format_to(out, kScrapCells, post.number, skin.scrapButtonImage, skin.scrapTooltip,
                  post.link);
   fmt::format_to(out, fmt::runtime(shape.afterTitleBar), post.number, post.date);
-  fmt::format_to(out, kDescriptionRow, post.number, post.description, skin.bottomImage);
+  AppendCredits(page, "author", post.number, post.credits.authors);
+  page += shape.belowAuthors;
+  fmt::format_to(out, kDescriptionRow, post.number, post.description);
+  AppendCredits(page, "category", post.number, post.credits.categories);
+  fmt::format_to(out, kBottomBar, skin.bottomImage);
   fmt::format_to(out, fmt::runtime(shape.bottomCells), post.link, skin.saveImage);
 }
 
@@ -115,7 +139,8 @@ std::string_view TextAt(const PageTexts& texts, std::size_t index) {
 std::string BuildPreviewPage(const PreviewShape& shape, int count, const PageTexts& titles,
                              const PageTexts& links, const PageTexts& descriptions,
                              const PageTexts& dates, const PageTexts& feedUrls, bool showAdd,
-                             const PageSkin& skin, std::string_view charset) {
+                             const PageSkin& skin, std::string_view charset,
+                             const std::vector<PageCredits>& credits) {
   for (const PageTexts* texts : {&titles, &links, &descriptions}) {
     if (std::cmp_not_equal(texts->size(), count)) return {};
   }
@@ -124,7 +149,9 @@ std::string BuildPreviewPage(const PreviewShape& shape, int count, const PageTex
   fmt::format_to(std::back_inserter(page), kHead, charset);
   for (std::size_t i = 0; i < titles.size(); ++i) {
     const std::string_view feedUrl = showAdd ? TextAt(feedUrls, i) : std::string_view();
-    AppendPost(page, shape, {i, titles[i], links[i], descriptions[i], TextAt(dates, i), feedUrl},
+    AppendPost(page, shape,
+               {i, titles[i], links[i], descriptions[i], TextAt(dates, i), feedUrl,
+                i < credits.size() ? credits[i] : PageCredits()},
                skin);
   }
   return page += kTail;
@@ -139,17 +166,19 @@ std::string_view PageCharset(CodePage codePage) {
 std::string BuildPostPreviewPage(int count, const PageTexts& titles, const PageTexts& links,
                                  const PageTexts& descriptions, const PageTexts& dates,
                                  const PageTexts& feedUrls, bool showAdd, const PageSkin& skin,
-                                 std::string_view charset) {
+                                 std::string_view charset,
+                                 const std::vector<PageCredits>& credits) {
   return BuildPreviewPage(kPostShape, count, titles, links, descriptions, dates, feedUrls, showAdd,
-                          skin, charset);
+                          skin, charset, credits);
 }
 
 std::string BuildPodcastPreviewPage(int count, const PageTexts& titles, const PageTexts& links,
                                     const PageTexts& descriptions, const PageTexts& dates,
                                     const PageTexts& feedUrls, bool showAdd, const PageSkin& skin,
-                                    std::string_view charset) {
+                                    std::string_view charset,
+                                    const std::vector<PageCredits>& credits) {
   return BuildPreviewPage(kPodcastShape, count, titles, links, descriptions, dates, feedUrls,
-                          showAdd, skin, charset);
+                          showAdd, skin, charset, credits);
 }
 
 }  // namespace feedloom

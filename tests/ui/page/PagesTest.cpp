@@ -34,9 +34,28 @@ TEST(PreviewPageTest, APostHidesItsDateAPodcastShowsItAndTheAddButtonNeedsBothTh
          {std::pair(std::string(), false), {"", true}, {feed, false}, {feed, true}}) {
       const auto build = isPodcast ? BuildPodcastPreviewPage : BuildPostPreviewPage;
       EXPECT_EQ(Outline(build(1, {"A <b>title</b>"}, {"http://1/"}, {"<p>50% {0} off</p>"},
-                              {"2008-03-07"}, {url}, showAdd, kSkin, "euc-kr")),
+                              {"2008-03-07"}, {url}, showAdd, kSkin, "euc-kr", {})),
                 begin + (showAdd && url == feed ? add : "") + ends[isPodcast]);
     }
+  }
+}
+
+TEST(PreviewPageTest, NamesAuthorsBelowTheHeadingAndCategoriesBehindTheText) {
+  for (const auto build : {BuildPostPreviewPage, BuildPodcastPreviewPage}) {
+    const auto page = [&](const PageCredits& credits) {
+      return build(1, {"t"}, {"l"}, {"words"}, {"date"}, {}, false, kSkin, "utf-8", {credits});
+    };
+    const std::string plain = page({}), full = page({{"A <b>", "B"}, {"c&\""}});
+    const auto author = full.find(
+                   "<div id=\"author-0\" align=\"left\"><font color=\"#999999\" "
+                   "size=\"2\">A &lt;b>, B</font></div>"),
+               category = full.find(">c&amp;&quot;</font>");
+    EXPECT_LT(full.find("date"), author);
+    EXPECT_LT(author, full.find("words"));
+    EXPECT_LT(full.find("words"), category);
+    EXPECT_LT(category, full.find("/s/bottom.png"));
+    EXPECT_EQ(plain.find("author-"), plain.find("category-"));
+    EXPECT_LT(plain.size(), full.size());
   }
 }
 
@@ -48,10 +67,10 @@ TEST(PreviewPageTest, NeedsAsManyTitlesLinksAndDescriptionsAsPostsWhichAreNumber
                                                       {1, {}, one, one},
                                                       {1, one, {}, one},
                                                       {1, one, one, {}}})
-      EXPECT_EQ(build(count, titles, links, texts, one, one, true, kSkin, "euc-kr"), "");
-    EXPECT_EQ(Outline(build(0, {}, {}, {}, {}, {}, true, kSkin, "utf-8")), "Feedloom|utf-8|");
+      EXPECT_EQ(build(count, titles, links, texts, one, one, true, kSkin, "euc-kr", {}), "");
+    EXPECT_EQ(Outline(build(0, {}, {}, {}, {}, {}, true, kSkin, "utf-8", {})), "Feedloom|utf-8|");
     // Dates and feeds may be missing, here behind the first.
-    const std::string page = build(11, all, all, all, one, one, true, kSkin, "euc-kr");
+    const std::string page = build(11, all, all, all, one, one, true, kSkin, "euc-kr", {});
     for (const char* id : {"title-10", "disc-10", "pubdate-10", "scraplink-10",
                            "ID_BTN_RSSSCRAP?10", "ID_BTN_RSSADD?0"})
       EXPECT_NE(page.find('"' + std::string(id) + '"'), std::string::npos) << id;
