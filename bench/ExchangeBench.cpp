@@ -38,7 +38,8 @@ void Export(benchmark::State& state, FakeFrame& frame) {
   const SubscriptionList list = MakeList(500, 10'000);
   const std::string path = frame.workFolder.File("out.xml");
   for (auto _ : state) {
-    if (WriteOpml(frame.GetStore(), path, list)) state.SkipWithError("not written");
+    const OpmlExport result = ExportSubscriptions(frame.GetStore(), list, false);
+    if (!result.check.readsBack || SaveFile(path, result.opml)) state.SkipWithError("not written");
   }
 }
 
@@ -57,7 +58,8 @@ Import ImportList(int folders, int channels) {
   pane.ShowTree({});
   QApplication::processEvents();
   const std::string path = frame.workFolder.File("list.xml");
-  if (WriteOpml(frame.GetStore(), path, MakeList(folders, channels))) return {};
+  const SubscriptionList list = MakeList(folders, channels);
+  if (SaveFile(path, ExportSubscriptions(frame.GetStore(), list, false).opml)) return {};
   const auto services = std::make_shared<FetchServices>(
       FetchServices{frame.db.Shared(), Registry(""), frame.db.Clock(), frame.workFolder.Path()});
 
@@ -74,15 +76,18 @@ Import ImportList(int folders, int channels) {
   OpmlImporter importer(
       services, [thread = frame.interfaceThread](auto work) { thread->Run(std::move(work)); });
   bool isOver = false;
-  importer.Start({.place = path}, NameClash::Rename,
-                 {.news = {.onFolder = [&](const FolderRow& row) { pane.AppendFolder(row); },
-                           .onChannel =
-                               [&](const ChannelRow& row) {
-                                 pane.AppendChannel(row);
-                                 frame.QueueRefresh({row});
-                                 ++result.rows;
-                               }},
-                  .onEnd = [&](const auto&) { isOver = true; }});
+  const ImportReceiver receiver{
+      .news = {.onFolder = [&](const FolderRow& row) { pane.AppendFolder(row); },
+               .onChannel =
+                   [&](const ChannelRow& row) {
+                     pane.AppendChannel(row);
+                     frame.QueueRefresh({row});
+                     ++result.rows;
+                   }},
+      .onEnd = [&](const auto&) { isOver = true; }};
+  importer.Read({.place = path}, [&](const ReadList& read) {
+    importer.Add(read.plan.value(), NameClash::Rename, receiver);
+  });
   while (!isOver) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
   result.seconds = Seconds(steady_clock::now() - start).count();
   result.longest = std::max(result.longest, Seconds(steady_clock::now() - last).count());

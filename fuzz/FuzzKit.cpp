@@ -1,8 +1,5 @@
 #include "fuzz/FuzzKit.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
@@ -63,16 +60,6 @@ void RequireEqual(std::string_view actual, std::string_view expected, std::strin
 void RequireValid(std::string_view text, CodePage codePage, std::string_view property) {
   RequireEqual(codePage.FromUtf8(codePage.ToUtf8(text)), text, property);
 }
-
-MemoryFile::MemoryFile(std::string_view content)
-    : handle_(memfd_create("fuzz", MFD_CLOEXEC)),
-      path_("/proc/self/fd/" + std::to_string(handle_)) {
-  const bool isWritten =
-      write(handle_, content.data(), content.size()) == static_cast<ssize_t>(content.size());
-  Require(isWritten, "the fuzzer can make a file in memory");
-}
-
-MemoryFile::~MemoryFile() { close(handle_); }
 
 const std::string& ScratchFolder() {
   static const std::string folder = [] {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "files/MemoryFile.h"
 #include "text/CodePage.h"
 #include "threads/Clock.h"
 
@@ -41,21 +42,6 @@ void RequireEqual(std::string_view actual, std::string_view expected, std::strin
 
 // Requires that `text` is valid in `codePage`: it is the same after conversion to UTF-8 and back.
 void RequireValid(std::string_view text, CodePage codePage, std::string_view property);
-
-// A file in memory with this content, for functions that read a path.
-class MemoryFile {
- public:
-  explicit MemoryFile(std::string_view content);
-  ~MemoryFile();
-  MemoryFile(const MemoryFile&) = delete;
-  MemoryFile& operator=(const MemoryFile&) = delete;
-
-  const std::string& Path() const { return path_; }
-
- private:
-  int handle_;
-  std::string path_;
-};
 
 // A clock that always shows the same time and does not pause.
 class StandingClock : public Clock {

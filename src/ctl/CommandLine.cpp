@@ -19,6 +19,7 @@ struct Arguments {
   std::string source;
   std::string place;
   AddOptions add;
+  ImportOptions opml;
   DirectoryOptions directory;
   RefreshOptions refresh;
   PostsOptions posts;
@@ -95,11 +96,15 @@ void AddFeedCommands(CLI::App& app, Arguments& a) {
 void AddExchangeCommands(CLI::App& app, Arguments& a) {
   CLI::App* exporting = AddCommand(app, a, "export", "Write the subscriptions to an OPML file",
                                    [&a](Session& session) { return RunExport(session, a.place); });
-  exporting->add_option("file", a.place, "The file, which is replaced")->required();
+  exporting->add_option("file", a.place, "The file, which is replaced; - for standard output")
+      ->required();
 
   CLI::App* importing = AddCommand(app, a, "import", "Add the subscriptions of an OPML list",
-                                   [&a](Session& session) { return RunImport(session, a.place); });
-  importing->add_option("list", a.place, "A file or an address")->required();
+                                   [&a](Session& session) { return RunImport(session, a.opml); });
+  importing->add_option("list", a.opml.list, "A file or an address; - for standard input")
+      ->required();
+  importing->add_flag("--doubles", a.opml.doubles,
+                      "Add all again, also the folders and channels that are there");
 
   CLI::App* directory =
       AddCommand(app, a, "directory", "Search the web directory for feeds",

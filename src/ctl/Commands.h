@@ -38,9 +38,14 @@ int RunAdd(Session& session, const AddOptions& options);
 
 int RunList(Session& session);
 
+// `path` is a file, or "-" for standard output.
 int RunExport(Session& session, const std::string& path);
-// `source` is a file or an address.
-int RunImport(Session& session, const std::string& source);
+
+struct ImportOptions {
+  std::string list;      // a file, an address, or "-" for standard input
+  bool doubles = false;  // add all, also what is there already
+};
+int RunImport(Session& session, const ImportOptions& options);
 
 struct DirectoryOptions {
   std::string word;

@@ -9,11 +9,20 @@
 namespace feedloom {
 namespace {
 
+// Folders within folders repeat the names of those around them: without a limit a short list could
+// ask for names without end.
+constexpr std::size_t kLongestJoinedName = 200;  // bytes
+
 std::string NameOf(const OpmlOutline& outline, const std::string& otherwise) {
   for (const std::string& name : {outline.text, outline.title}) {
     if (const auto trimmed = Trim(name); !trimmed.empty()) return std::string(trimmed);
   }
   return otherwise;
+}
+
+std::string JoinedName(const std::string& outer, const std::string& inner) {
+  const bool isShort = outer.size() + inner.size() <= kLongestJoinedName;
+  return isShort ? outer + " / " + inner : inner;
 }
 
 // Builds the plan from the top-level outlines, one after the other.
@@ -22,11 +31,8 @@ class Planner {
   explicit Planner(const std::string& listName) : listName_(listName) {}
 
   void Add(const OpmlOutline& outline) {
-    if (outline.children.empty() && !outline.xmlUrl.empty()) return AddLoneFeed(outline);
-    SubscriptionFolder& folder = plan_.folders.emplace_back();
-    folder.name = NameOf(outline, listName_);
-    if (!outline.xmlUrl.empty()) AddChannel(outline, folder);
-    for (const OpmlOutline& child : outline.children) AddChild(child, folder);
+    const bool isLone = outline.children.empty() && !FeedAddress(outline).empty();
+    isLone ? AddLoneFeed(outline) : AddFolder(outline, NameOf(outline, listName_));
   }
 
   ImportPlan Result() && { return std::move(plan_); }
@@ -34,27 +40,51 @@ class Planner {
  private:
   // Adds a top-level feed to the folder for such feeds, which the first valid one creates.
   void AddLoneFeed(const OpmlOutline& outline) {
-    if (!loneFeedsFolder_ && IsWebAddress(outline.xmlUrl)) {
+    if (!IsWebAddress(FeedAddress(outline))) return LeaveOut(outline, LeftOutReason::NotOfTheWeb);
+    if (!loneFeedsFolder_) {
       loneFeedsFolder_ = plan_.folders.size();
       plan_.folders.push_back({listName_});
     }
-    loneFeedsFolder_ ? AddChannel(outline, plan_.folders[*loneFeedsFolder_]) : CountLeftOut(1);
+    AddChannel(outline, plan_.folders[*loneFeedsFolder_]);
   }
 
-  void CountLeftOut(int feeds) { plan_.leftOut += feeds; }
+  void AddFolder(const OpmlOutline& outline, const std::string& name) {
+    SubscriptionFolder folder{name};
+    std::vector<const OpmlOutline*> inner;
+    if (!FeedAddress(outline).empty()) AddChannel(outline, folder);
+    for (const OpmlOutline& child : outline.children) {
+      child.children.empty() ? AddChild(child, folder) : inner.push_back(&child);
+    }
+    if (inner.empty() || !folder.channels.empty()) plan_.folders.push_back(std::move(folder));
+    for (const OpmlOutline* const child : inner) {
+      AddFolder(*child, JoinedName(name, NameOf(*child, listName_)));
+    }
+  }
 
   void AddChild(const OpmlOutline& outline, SubscriptionFolder& folder) {
-    CountLeftOut(outline.deeperFeeds);
-    if (!outline.xmlUrl.empty()) return AddChannel(outline, folder);
-    if (outline.deeperFeeds == 0) CountLeftOut(1);
+    for (const OpmlOutline& deeper : outline.deeper) Name(deeper, LeftOutReason::TooDeep);
+    plan_.leftOut += outline.deeperFeeds;
+    if (!FeedAddress(outline).empty()) return AddChannel(outline, folder);
+    if (outline.deeperFeeds == 0) LeaveOut(outline, LeftOutReason::NoAddress);
   }
 
   void AddChannel(const OpmlOutline& outline, SubscriptionFolder& folder) {
+    const std::string& address = FeedAddress(outline);
     // A list from somewhere else must not make the program read local files or run scripts.
-    if (!IsWebAddress(outline.xmlUrl)) return CountLeftOut(1);
-    folder.channels.push_back({.title = NameOf(outline, outline.xmlUrl),
-                               .xmlLink = outline.xmlUrl,
+    if (!IsWebAddress(address)) return LeaveOut(outline, LeftOutReason::NotOfTheWeb);
+    folder.channels.push_back({.title = NameOf(outline, address),
+                               .xmlLink = address,
                                .htmlLink = std::string(Trim(outline.htmlUrl))});
+  }
+
+  void LeaveOut(const OpmlOutline& outline, LeftOutReason reason) {
+    ++plan_.leftOut;
+    Name(outline, reason);
+  }
+
+  void Name(const OpmlOutline& outline, LeftOutReason reason) {
+    if (plan_.named.size() == kMostNamed) return;
+    plan_.named.push_back({NameOf(outline, FeedAddress(outline)), reason});
   }
 
   const std::string& listName_;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace feedloom {
 
@@ -13,12 +14,29 @@ struct ListSource {
   bool isAddress = false;
 };
 
-// Numbers of channels; `leftOut` counts entries without a feed too.
+// What to do with what is there already: Rename adds all, and a folder whose name is taken under
+// another one ("News-1"); Merge adds only what is missing (MissingFrom), to the folders of the same
+// names.
+enum class NameClash { Rename, Merge };
+
+// Why an entry of a list is not imported: it has no address of a feed, an address that is not of
+// the web, or it stands in a folder within a folder.
+enum class LeftOutReason { NoAddress, NotOfTheWeb, TooDeep };
+
+struct LeftOutEntry {
+  std::string name;  // in the module's code page; else the address; empty when it has neither
+  LeftOutReason reason = LeftOutReason::NoAddress;
+
+  bool operator==(const LeftOutEntry&) const = default;
+};
+
+// Numbers of channels.
 struct ImportSums {
   int added = 0;
-  int present = 0;  // not added, because the folder holds the address already
-  int leftOut = 0;
-  bool isComplete = true;  // false: the import ended early
+  int present = 0;                       // not added, because the address is there already
+  int leftOut = 0;                       // entries without a feed, too
+  std::vector<LeftOutEntry> named = {};  // the first of those that the list's text is the reason of
+  bool isComplete = true;                // false: the import ended early
 };
 
 }  // namespace feedloom

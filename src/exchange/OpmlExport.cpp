@@ -6,8 +6,20 @@
 #include "exchange/OpmlText.h"
 #include "store/Channels.h"
 #include "store/Folders.h"
+#include "text/Text.h"
 
 namespace feedloom {
+namespace {
+
+void LeaveOutFiles(SubscriptionList& list) {
+  for (SubscriptionFolder& folder : list) {
+    std::erase_if(folder.channels, [](const Channel& channel) {
+      return EqualsIgnoringAsciiCase(channel.xmlLink.substr(0, 5), "file:");
+    });
+  }
+}
+
+}  // namespace
 
 std::optional<SubscriptionList> StoredSubscriptions(Store& store) {
   std::vector<FolderRow> folders;
@@ -27,9 +39,17 @@ std::optional<SubscriptionList> StoredSubscriptions(Store& store) {
   return list;
 }
 
-Failure WriteOpml(const Store& store, const std::string& path, const SubscriptionList& list) {
-  const std::string now = FormatLocalTime(store.GetClock().Now(), "%Y-%m-%dT%H:%M:%S");
-  return SaveFile(path, BuildOpml(list, store.TextCodePage(), now));
+OpmlExport ExportSubscriptions(const Store& store, SubscriptionList list, bool isLenient) {
+  if (isLenient) LeaveOutFiles(list);
+  const OpmlEscaping escaping = isLenient ? OpmlEscaping::Everything : OpmlEscaping::AmpersandOnly;
+  const CodePage codePage = store.TextCodePage();
+  OpmlExport result{
+      .opml = BuildOpml(list, codePage,
+                        FormatLocalTime(store.GetClock().Now(), "%Y-%m-%dT%H:%M:%S"), escaping),
+      .folders = static_cast<int>(list.size()),
+      .channels = CountChannels(list)};
+  result.check = CheckOpml(result.opml, list, codePage, escaping);
+  return result;
 }
 
 }  // namespace feedloom

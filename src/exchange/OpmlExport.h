@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "exchange/OpmlCheck.h"
 #include "exchange/Subscriptions.h"
 #include "files/WholeFile.h"
 #include "store/Store.h"
@@ -13,10 +14,16 @@ namespace feedloom {
 // none after a failure, which the store reports. Any thread.
 std::optional<SubscriptionList> StoredSubscriptions(Store& store);
 
-// Writes the list as OPML with the present time to the file `path` (in the file system's encoding),
-// completely or not at all, without a byte-order mark. When `path` is a symbolic link, its target
-// is replaced. Returns the reason when the file cannot be written. Any thread.
-[[nodiscard]] Failure WriteOpml(const Store& store, const std::string& path,
-                                const SubscriptionList& list);
+struct OpmlExport {
+  std::string opml;
+  int folders = 0;
+  int channels = 0;
+  OpmlCheck check = {};
+};
+
+// Writes the list as OPML with the present time. By default all channels are written, and only "&"
+// is escaped. With `isLenient` (HostConfig::ReadsLeniently) everything is escaped, and channels
+// that are files of this machine, as the sample is, stay out. Any thread.
+OpmlExport ExportSubscriptions(const Store& store, SubscriptionList list, bool isLenient);
 
 }  // namespace feedloom

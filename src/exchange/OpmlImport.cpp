@@ -9,6 +9,8 @@
 #include <unordered_set>
 #include <utility>
 
+#include "exchange/Missing.h"
+#include "exchange/OpmlExport.h"
 #include "fetch/FeedFetch.h"
 #include "fetch/TimeLimit.h"
 #include "files/TempFile.h"
@@ -27,34 +29,34 @@ constexpr std::size_t kBatchSize = 100;  // channels added with one statement
 
 constexpr std::uintmax_t kMaxFileSize = 64u << 20;  // bytes; a download may be as long
 
-// Enough memory for as many outlines as are read, with attributes of usual length.
-constexpr std::size_t kMostMemory = 256u << 20;  // bytes
-
 // Reading.
 
 ReadList Refused(std::string error) { return {std::nullopt, std::move(error)}; }
 
-ReadList ReadDocument(const std::string& path, const std::string& listName, CodePage codePage,
-                      const std::stop_token& stop) {
+ReadList ReadDocument(const std::string& path, const std::string& listName,
+                      const FetchServices& services, const std::stop_token& stop) {
   using Status = XmlDocument::LoadStatus;
   XmlDocument document;
-  const Status status = document.Load(path, stop, {.most = kMostMemory});
+  const XmlFaults faults = services.isLenient ? XmlFaults::Mended : XmlFaults::Refused;
+  const Status status = document.Load(path, stop, {.most = kMostListMemory}, faults);
   if (status == Status::TooLarge) return Refused("the list is too long");
   if (status == Status::Unreadable) {
     return Refused("it cannot be read, or is not well-formed XML");
   }
-  const auto outlines = ReadOpml(document.Root(), codePage, stop);
+  const OpmlReading reading = services.isLenient ? OpmlReading::Lenient : OpmlReading::Strict;
+  const auto outlines = ReadOpml(document.Root(), services.TextCodePage(), reading, stop);
   if (!outlines) return Refused("this is not OPML");
   auto plan = PlanImport(*outlines, listName);
   return plan ? ReadList{std::move(plan), {}} : Refused("the list is too long");
 }
 
-ReadList ReadListFile(const std::string& path, CodePage codePage, const std::stop_token& stop) {
+ReadList ReadListFile(const std::string& path, const FetchServices& services,
+                      const std::stop_token& stop) {
   std::error_code failed;
   const std::uintmax_t size = std::filesystem::file_size(path, failed);
   if (failed) return Refused(failed.message());
   if (size > kMaxFileSize) return Refused("the file is too long");
-  return ReadDocument(path, codePage.FromUtf8(ListName(path)), codePage, stop);
+  return ReadDocument(path, services.TextCodePage().FromUtf8(ListName(path)), services, stop);
 }
 
 ReadList DownloadList(const std::string& address, const FetchServices& services,
@@ -66,7 +68,7 @@ ReadList DownloadList(const std::string& address, const FetchServices& services,
       {.address = codePage.ToUtf8(address), .web = ReadWebAccess(services.registry)}, file.Path(),
       limit.Token());
   ReadList list = download.ok ? ReadDocument(file.Path(), codePage.FromUtf8(ListName(address)),
-                                             codePage, limit.Token())
+                                             services, limit.Token())
                               : Refused(download.error);
   return limit.RanOut() ? Refused("it took too long") : list;
 }
@@ -114,13 +116,23 @@ class Import {
 
   ImportSums Run(const ImportPlan& plan) {
     const int wanted = CountChannels(plan.folders);
-    sums_.isComplete = names_.Load() && AddAll(plan.folders);
+    sums_.named = plan.named;
+    sums_.isComplete =
+        clash_ == NameClash::Merge ? Merge(plan.folders) : names_.Load() && AddAll(plan.folders);
     const int missing = wanted - sums_.added - sums_.present;
     sums_.leftOut = plan.leftOut + missing;
     return sums_;
   }
 
  private:
+  bool Merge(const SubscriptionList& folders) {
+    const auto there = StoredSubscriptions(store_);
+    if (!there) return false;
+    const MissingSubscriptions missing = MissingFrom(*there, folders);
+    sums_.present = missing.present;
+    return names_.Load() && AddAll(missing.folders);
+  }
+
   bool AddAll(const SubscriptionList& folders) {
     return std::ranges::all_of(folders, [this](const SubscriptionFolder& folder) {
       return !stop_.stop_requested() && AddFolderWithChannels(folder);
@@ -182,7 +194,7 @@ class Import {
 ReadList ReadSubscriptions(const FetchServices& services, const ListSource& source,
                            std::stop_token stop) {
   return source.isAddress ? DownloadList(source.place, services, std::move(stop))
-                          : ReadListFile(source.place, services.TextCodePage(), std::move(stop));
+                          : ReadListFile(source.place, services, std::move(stop));
 }
 
 ImportSums AddSubscriptions(Store& store, const ImportPlan& plan, NameClash clash,

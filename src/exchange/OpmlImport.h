@@ -25,17 +25,13 @@ struct ReadList {
 [[nodiscard]] ReadList ReadSubscriptions(const FetchServices& services, const ListSource& source,
                                          std::stop_token stop);
 
-// What to do with a folder whose name is taken: Rename adds it under another name ("News-1"), Merge
-// adds its channels to the folder of that name.
-enum class NameClash { Rename, Merge };
-
 // Called for each row that was added to the store, on the thread that imports.
 struct ImportListener {
   std::function<void(const FolderRow&)> onFolder;
   std::function<void(const ChannelRow&)> onChannel;
 };
 
-// Adds the folders and channels of `plan` that the store does not hold yet, folder by folder, at
+// Adds the folders and channels of `plan`, as `clash` says, folder by folder, at
 // most a hundred channels with one statement. A new channel gets the highest order of its folder.
 // Ends early when `stop` is requested, or at the first failure of the store, which reports it;
 // isComplete is false then, and the channels that were not added count as left out. Any thread.

@@ -21,20 +21,26 @@ ImportListener ForwardingNews(const ImportListener& news, const BackgroundJobs::
 
 }  // namespace
 
-void OpmlImporter::Start(const ListSource& source, NameClash clash, ImportReceiver receiver) {
+void OpmlImporter::Read(const ListSource& source, std::function<void(const ReadList&)> onRead) {
+  const auto job = [services = services_, source, onRead](const std::stop_token& stop,
+                                                          const BackgroundJobs::Tell& tell) {
+    LowerThreadPriority();
+    tell([onRead, list = ReadSubscriptions(*services, source, stop)] { onRead(list); });
+  };
+  jobs_.Start(job, [onRead] { onRead({.plan = std::nullopt, .error = kThreadRefused}); });
+}
+
+void OpmlImporter::Add(ImportPlan plan, NameClash clash, ImportReceiver receiver) {
   const auto onRefusal = [onEnd = receiver.onEnd] {
     onEnd({.sums = std::nullopt, .error = kThreadRefused});
   };
-  const auto job = [services = services_, source, clash, receiver = std::move(receiver)](
-                       const std::stop_token& stop, const BackgroundJobs::Tell& tell) {
+  const auto job = [services = services_, plan = std::move(plan), clash,
+                    receiver = std::move(receiver)](const std::stop_token& stop,
+                                                    const BackgroundJobs::Tell& tell) {
     LowerThreadPriority();
-    ReadList list = ReadSubscriptions(*services, source, stop);
-    ImportEnd end{.sums = std::nullopt, .error = std::move(list.error)};
-    if (list.plan) {
-      end.sums = AddSubscriptions(*services->store, *list.plan, clash,
-                                  ForwardingNews(receiver.news, tell), stop);
-    }
-    tell([onEnd = receiver.onEnd, end] { onEnd(end); });
+    const ImportSums sums =
+        AddSubscriptions(*services->store, plan, clash, ForwardingNews(receiver.news, tell), stop);
+    tell([onEnd = receiver.onEnd, sums] { onEnd({.sums = sums, .error = {}}); });
   };
   jobs_.Start(job, onRefusal);
 }

@@ -24,6 +24,7 @@
 #include "ui/Commands.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
 #include "ui/browser/EngineProxy.h"
+#include "ui/dialogs/Dialogs.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
 #include "ui/panel/ControlPanel.h"
@@ -146,7 +147,9 @@ void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
   if (skin_.Config().AnnouncesChannels()) {
     channelNotice_ = std::make_unique<ChannelNotice>(*this, *this, settings_, *this);
   }
-  exchange_ = std::make_unique<SubscriptionExchange>(*this, refresh_, *this, services_, toHere);
+  exchange_ = std::make_unique<SubscriptionExchange>(
+      *this, refresh_, *this, services_, toHere,
+      [this](int channels, int present) { return AskHowToImport(*this, this, channels, present); });
   FirstContent start = reading.Finish();
   for (const std::string& failure : reading.Failures()) status_.ReportFailure(failure);
   ShowStart(std::move(start));

@@ -94,8 +94,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   bool CanExchange() const override { return status_.IsTreeRead(); }
   std::optional<int> ExportOpml(const std::string& path) override;
   void ImportOpml(const ListSource& source) override;
-  void MergeOpml(const std::string& path,
-                 std::function<void(const std::optional<ImportSums>&)> onEnd) override;
+  void Synchronise(std::function<void(const SyncEnd&)> onEnd) override;
 
   void ListPosts(ListMode mode, PostList list, FirstPost shown) override;
   void RelistPosts(PostList list) override;

@@ -1,4 +1,5 @@
 // What the panes and dialogs ask of the frame.
+#include <QPointer>
 #include <utility>
 
 #include "exchange/DirectorySearch.h"
@@ -10,6 +11,7 @@
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
 #include "ui/browser/CRSS_RightBottomContainer.h"
+#include "ui/dialogs/Dialogs.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/tree/CRSS_LeftContainer.h"
 
@@ -62,8 +64,11 @@ void CRSS_MainFrame::ImportOpml(const ListSource& source) {
   if (!CanExchange()) {
     return ReportExchangeFailure(*this, kTextOpmlNotImported, status_.StartFailure());
   }
-  exchange_->Import(source,
-                    [this](bool isRead) { OnMessage(kMessageListImported, isRead ? 0 : -1, 0); });
+  exchange_->Import(source, [this](const std::optional<ImportSums>& sums) {
+    const QPointer self(this);
+    OnMessage(kMessageListImported, sums ? 0 : -1, 0);
+    if (self && sums) ShowLeftOut(*this, this, *sums);
+  });
 }
 
 void CRSS_MainFrame::EndImport(bool isRead) {
@@ -71,10 +76,12 @@ void CRSS_MainFrame::EndImport(bool isRead) {
   ShowTextMessage(kSectionTexts, kTextOpmlError, MsgBoxKind::Notice);
 }
 
-void CRSS_MainFrame::MergeOpml(const std::string& path,
-                               std::function<void(const std::optional<ImportSums>&)> onEnd) {
-  if (!exchange_ || !CanExchange()) return onEnd(std::nullopt);
-  exchange_->Merge(path, std::move(onEnd));
+void CRSS_MainFrame::Synchronise(std::function<void(const SyncEnd&)> onEnd) {
+  if (exchange_ && CanExchange()) {
+    return exchange_->Synchronise([this] { return left_->Subscriptions(); }, std::move(onEnd));
+  }
+  ReportExchangeFailure(*this, kTextOpmlExportError, status_.StartFailure());
+  onEnd({});
 }
 
 void CRSS_MainFrame::ListPosts(ListMode mode, PostList list, FirstPost shown) {

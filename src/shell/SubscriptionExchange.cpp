@@ -1,7 +1,11 @@
 #include "shell/SubscriptionExchange.h"
 
+#include <fmt/core.h>
+#include <fmt/ranges.h>
+
 #include <utility>
 
+#include "exchange/Missing.h"
 #include "exchange/OpmlExport.h"
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
@@ -15,23 +19,52 @@ void ReportExchangeFailure(Desk& desk, const char* textKey, const std::string& r
   desk.ReportMessage(WithTitle(desk.GetSkin().GetText(kSectionTexts, textKey), reason));
 }
 
+bool SubscriptionExchange::IsLenient() const { return desk_.GetSkin().Config().ReadsLeniently(); }
+
 std::optional<int> SubscriptionExchange::Export(const std::string& path,
                                                 const SubscriptionList& list) {
   Store& store = desk_.GetStore();
-  if (const Failure failure = WriteOpml(store, path, list)) {
+  const OpmlExport result = ExportSubscriptions(store, list, IsLenient());
+  if (const Failure failure = SaveFile(path, result.opml)) {
     ReportExchangeFailure(desk_, kTextOpmlExportError, store.TextCodePage().FromUtf8(*failure));
     return std::nullopt;
   }
-  return CountChannels(list);
+  if (result.check.readsBack) return result.channels;
+  ReportUnreadable(result.check);
+  return std::nullopt;
+}
+
+void SubscriptionExchange::ReportUnreadable(const OpmlCheck& check) {
+  const Skin& skin = desk_.GetSkin();
+  std::string names = fmt::format("{}", fmt::join(check.first, ", "));
+  const int more = check.count - static_cast<int>(check.first.size());
+  if (more > 0) names += ", " + WithNumbers(skin.GetText(kSectionTexts, kTextOpmlMore), {more});
+  desk_.ReportMessage(WithTitle(
+      WithNumbers(skin.GetText(kSectionTexts, kTextOpmlUnreadable), {check.count}), names));
 }
 
 void SubscriptionExchange::Import(const ListSource& source,
-                                  std::function<void(bool isRead)> onEnd) {
+                                  std::function<void(const std::optional<ImportSums>&)> onEnd) {
   desk_.ReportMessage(desk_.GetSkin().GetText(kSectionTexts, kTextOpmlImporting));
-  Start(source, NameClash::Rename, [this, onEnd = std::move(onEnd)](const ImportEnd& end) {
-    ReportEnd(end);
-    onEnd(end.sums.has_value());
+  const auto end = [this, onEnd = std::move(onEnd)](const ImportEnd& result) {
+    ReportEnd(result);
+    onEnd(result.sums);
+  };
+  importer_.Read(source, [this, end](const ReadList& list) {
+    if (!list.plan) return end({.sums = std::nullopt, .error = list.error});
+    const std::weak_ptr<const bool> life = life_;
+    const auto clash = HowToAdd(*list.plan);
+    if (life.expired()) return;
+    if (clash) return Add(*list.plan, *clash, end);
+    desk_.ReportMessage(desk_.GetSkin().GetText(kSectionTexts, kTextOpmlCancelled));
   });
+}
+
+std::optional<NameClash> SubscriptionExchange::HowToAdd(const ImportPlan& plan) {
+  if (!IsLenient()) return NameClash::Rename;
+  const auto there = StoredSubscriptions(desk_.GetStore());
+  if (!there || !Overlaps(*there, plan.folders)) return NameClash::Merge;
+  return ask_(CountChannels(plan.folders), MissingFrom(*there, plan.folders).present);
 }
 
 // After a failure of the store nothing is reported: the store's own message stays on display.
@@ -45,20 +78,57 @@ void SubscriptionExchange::ReportEnd(const ImportEnd& end) {
   }
 }
 
-void SubscriptionExchange::Merge(const std::string& path,
-                                 std::function<void(const std::optional<ImportSums>&)> onEnd) {
-  Start({.place = path}, NameClash::Merge, [this, onEnd = std::move(onEnd)](const ImportEnd& end) {
-    refreshing_.StartRefresh();
-    onEnd(end.sums && end.sums->isComplete ? end.sums : std::nullopt);
+struct SubscriptionExchange::Synchronisation {
+  HandsetLists lists;
+  std::function<SubscriptionList()> shown;
+  std::function<void(const SyncEnd&)> onEnd;
+  SubscriptionList known = {};
+};
+
+void SubscriptionExchange::Synchronise(std::function<SubscriptionList()> shown,
+                                       std::function<void(const SyncEnd&)> onEnd) {
+  Synchronisation run{HandsetLists(desk_.GetSkin().Config().GetWorkDir()), std::move(shown),
+                      std::move(onEnd)};
+  importer_.Read({.place = run.lists.known}, [this, run](const ReadList& known) mutable {
+    if (known.plan) run.known = known.plan->folders;
+    if (!HasReceived(run.lists)) return EndSynchronisation(run, run.known, ImportSums());
+    importer_.Read({.place = run.lists.received},
+                   [this, run](const ReadList& received) { TakeReceived(run, received); });
   });
+}
+
+void SubscriptionExchange::TakeReceived(const Synchronisation& run, const ReadList& received) {
+  if (!received.plan) return EndSynchronisation(run, run.known, std::nullopt);
+  ImportPlan news = *received.plan;
+  news.folders = MissingFrom(run.known, news.folders).folders;
+  Add(news, NameClash::Merge, [this, run, received](const ImportEnd& end) {
+    const bool isTaken = end.sums && end.sums->isComplete;
+    EndSynchronisation(run, isTaken ? received.plan->folders : run.known,
+                       isTaken ? end.sums : std::nullopt);
+    refreshing_.StartRefresh();
+  });
+}
+
+// The list for the handset is written last, with what has come from it.
+void SubscriptionExchange::EndSynchronisation(const Synchronisation& run,
+                                              const SubscriptionList& received,
+                                              const std::optional<ImportSums>& sums) {
+  const SubscriptionList shown = run.shown();
+  auto sent = Export(run.lists.sent, shown);
+  const CodePage codePage = desk_.GetStore().TextCodePage();
+  if (const Failure failure = WriteKnown(run.lists, shown, received, codePage)) {
+    ReportExchangeFailure(desk_, kTextOpmlExportError, codePage.FromUtf8(*failure));
+    sent.reset();
+  }
+  run.onEnd({.sent = sent, .received = sums});
 }
 
 // Each channel is queued for a refresh as soon as its row is shown, because a channel in the queue
 // cannot be deleted. Queued later, it could be refreshed after the user has deleted it.
-void SubscriptionExchange::Start(const ListSource& source, NameClash clash,
-                                 std::function<void(const ImportEnd&)> onEnd) {
-  importer_.Start(
-      source, clash,
+void SubscriptionExchange::Add(const ImportPlan& plan, NameClash clash,
+                               std::function<void(const ImportEnd&)> onEnd) {
+  importer_.Add(
+      plan, clash,
       {.news = {.onFolder = [this](const auto& folder) { subscribing_.FolderWasAdded(folder); },
                 .onChannel =
                     [this](const ChannelRow& channel) {

@@ -116,6 +116,12 @@ void ShowKey(QAction& action) {
   action.setShortcutVisibleInContextMenu(true);
 }
 
+void ShowTip(QMenu& menu, QAction& action, const QString& tip) {
+  if (tip.isEmpty()) return;
+  action.setToolTip(tip);
+  menu.setToolTipsVisible(true);
+}
+
 void AddItems(QMenu& target, const Menu& menu, const Skin& skin) {
   for (const MenuItem& item : menu) {
     if (item.label == nullptr) {
@@ -128,6 +134,7 @@ void AddItems(QMenu& target, const Menu& menu, const Skin& skin) {
       action->setEnabled(item.isEnabled);
       action->setCheckable(item.isChecked.has_value());
       action->setChecked(item.isChecked.value_or(false));
+      if (item.tip != nullptr) ShowTip(target, *action, SkinText(skin, item.tip));
       ShowKey(*action);
     }
   }
@@ -153,10 +160,13 @@ Menu PopUpMenu(PopUp popUp) {
   return {};
 }
 
-void Disable(Menu& menu, int command) {
+void Disable(Menu& menu, int command, const char* reason) {
   for (MenuItem& item : menu) {
-    if (item.label != nullptr && item.command == command) item.isEnabled = false;
-    Disable(item.items, command);
+    if (item.label != nullptr && item.command == command) {
+      item.isEnabled = false;
+      item.tip = reason;
+    }
+    Disable(item.items, command, reason);
   }
 }
 

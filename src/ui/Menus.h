@@ -21,7 +21,7 @@ struct MenuItem;
 using Menu = std::vector<MenuItem>;
 
 // A command; with `items`, a sub-menu; without `label`, a separator. `detail`, a text in the
-// module's code page, stands behind the label in brackets.
+// module's code page, stands behind the label in brackets; `tip` is the key of its tip's text.
 struct MenuItem {
   int command = 0;
   const Label* label = nullptr;
@@ -29,6 +29,7 @@ struct MenuItem {
   Menu items = {};
   std::string detail = {};
   std::optional<bool> isChecked = {};  // of a command that turns something on and off
+  const char* tip = nullptr;
 };
 
 // The module's pop-up menus.
@@ -37,8 +38,9 @@ enum class PopUp { Group, Channel, CabinetRoot, Cabinet, Whole, List };
 // Returns the menu with every item enabled.
 Menu PopUpMenu(PopUp popUp);
 
-// Disables every item with this command, also in sub-menus.
-void Disable(Menu& menu, int command);
+// Disables every item with this command, also in sub-menus. `reason` is the key of a text that says
+// why, or null.
+void Disable(Menu& menu, int command, const char* reason = nullptr);
 // Removes every item with this command from the top level.
 void Remove(Menu& menu, int command);
 

@@ -13,6 +13,14 @@ namespace feedloom {
 
 class DirectorySearch;
 
+// How a synchronisation with the handset has ended.
+struct SyncEnd {
+  std::optional<int> sent;  // channels; none when the list could not be written: as ExportOpml
+  // All zero when the handset has left no list; none when its list could not be read, or not be
+  // added whole.
+  std::optional<ImportSums> received;
+};
+
 // Interface thread only. Texts are in the module's code page.
 class Subscribing {
  public:
@@ -35,17 +43,17 @@ class Subscribing {
   virtual bool CanExchange() const = 0;
   // Writes the tree's folders and channels as OPML to the file `path`, in the file system's
   // encoding. The file is replaced as a whole or not at all. Returns the number of channels;
-  // std::nullopt after a failure, which has been reported to the host.
+  // std::nullopt after a failure, and when the file cannot be read again; both have been reported
+  // to the host.
   virtual std::optional<int> ExportOpml(const std::string& path) = 0;
   // Reads an OPML list on another thread, adds its folders and channels to the store and the tree,
-  // and refreshes the new channels. Reports their number to the host, or shows a message when the
-  // list cannot be read. Imports run one after another.
+  // and refreshes the new channels. Where the host wishes for lenient reading, the user is asked
+  // first what to do with what is there already. Reports their number to the host, and shows what
+  // was left out, or that the list cannot be read. Imports run one after another.
   virtual void ImportOpml(const ListSource& source) = 0;
-  // Imports the OPML file `path` like ImportOpml, with two differences: channels go into existing
-  // folders of the same name, and nothing is reported or shown. `onEnd` is called at the end on
-  // the interface thread, with std::nullopt when the list could not be read or not be added whole.
-  virtual void MergeOpml(const std::string& path,
-                         std::function<void(const std::optional<ImportSums>&)> onEnd) = 0;
+  // Takes in the channels that are new on the list of the handset, and then writes the tree's
+  // folders and channels for it. `onEnd` is called at the end on the interface thread.
+  virtual void Synchronise(std::function<void(const SyncEnd&)> onEnd) = 0;
 };
 
 }  // namespace feedloom

@@ -153,6 +153,16 @@ std::vector<std::string> XmlElement::InheritedAttribute(std::string_view qualifi
   return values;
 }
 
+std::optional<std::string> XmlElement::AttributeInAnyCase(std::string_view name) const {
+  for (const xmlAttr* attribute = node_->properties; attribute != nullptr;
+       attribute = attribute->next) {
+    const bool isIt =
+        attribute->ns == nullptr && EqualsIgnoringAsciiCase(View(attribute->name), name);
+    if (isIt) return AttributeText(attribute);
+  }
+  return std::nullopt;
+}
+
 std::string XmlElement::Text() const {
   const xmlNode* only = node_->children;
   if (only != nullptr && only->next == nullptr && IsText(only)) {

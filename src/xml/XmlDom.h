@@ -39,6 +39,10 @@ class XmlElement {
   // on this one.
   std::vector<std::string> InheritedAttribute(std::string_view qualifiedName) const;
 
+  // The value of the first attribute without a prefix whose name is `name` but for the case of
+  // ASCII letters; nullopt without one.
+  std::optional<std::string> AttributeInAnyCase(std::string_view name) const;
+
   // All text and CDATA below the element, joined and trimmed of white space at both ends. Comments
   // and processing instructions are left out.
   std::string Text() const;

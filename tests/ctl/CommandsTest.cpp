@@ -2,6 +2,8 @@
 #include <future>
 
 #include "ctl/CtlFixture.h"
+#include "files/Registry.h"
+#include "files/RegistryKeys.h"
 #include "kit/Rows.h"
 #include "text/CodePage.h"
 
@@ -137,17 +139,32 @@ TEST_F(Commands, ProgramsOfOneProfileKeepOutOfEachOthersWorkFolders) {
 TEST_F(Commands, ListsAreImportedFromFilesAndAddressesAndExportedAgain) {
   Run("init --lang ENG");
   const std::string outlines =
-      FeedOutline("a &amp; b", "http://a/?x&amp;y") + FeedOutline("script", "javascript:x");
+      FeedOutline("a &amp; &quot;b", "http://a/?x&amp;y") + FeedOutline("script", "javascript:x");
   const std::string list = OpmlDocument("<outline text='News'>" + outlines + "</outline>");
   EXPECT_EQ(RunJson("import " + folder_.Write("mine.opml", list)).dump(),
-            R"({"added":1,"folders":1,"leftOut":1,"present":0})");
+            R"({"added":1,"folders":1,"leftOut":1,"named":[{"name":"script","reason":"its address )"
+            R"(is not of the web"}],"present":0})");
   server_.Serve("/lists/web.opml", OpmlDocument(FeedOutline("c", "http://c/")));
   EXPECT_EQ(Out("import " + server_.Url("/lists/web.opml")),
             "Added 1 channels and 1 folders; 0 were there already, 0 left out\n");
-  EXPECT_EQ(Out("export " + folder_.File("out")), "Wrote 3 channels of 3 folders\n");
+  EXPECT_EQ(Out("export " + folder_.File("out")), "Wrote 2 channels of 3 folders\n");
   EXPECT_NE(folder_.Read("out").find("xmlUrl=\"http://a/?x&amp;y\"/>"), std::string::npos);
+  EXPECT_EQ(Out("export - | tail -c +155"), folder_.Read("out").substr(154));
+  const std::string more = "import - <" + folder_.File("mine.opml");
+  EXPECT_EQ(Out(more),
+            "Added 0 channels and 0 folders; 1 were there already, 1 left out:\n"
+            "  script: its address is not of the web\n");
+  EXPECT_EQ(RunJson("import --doubles " + folder_.File("out"))["added"], 2);
+  Run("delete --folder 4 5 6");
+  EXPECT_TRUE(Registry(profile_ + "/registry.reg").WriteString(kHostKey, kValueLenient, ""));
+  const CtlResult unreadable = Run("export " + folder_.File("out"));
+  EXPECT_EQ(unreadable.status, 1);
+  EXPECT_EQ(unreadable.err, "feedloomctl: " + folder_.File("out") +
+                                " was written, but cannot be read again; names that XML does not "
+                                "allow: 1: a & \"b\n");
+  EXPECT_EQ(RunJson(more)["added"], 1) << "again";
   ExpectRefused("import a.opml;import /no/in;export /no/out", "No such file or directory");
-  EXPECT_EQ(RunJson("list")["folders"].size(), 3u);
+  EXPECT_EQ(RunJson("list")["folders"].size(), 4u);
 }
 
 TEST_F(Commands, PostsAreListedNewestFirstInEveryScope) {

@@ -21,7 +21,11 @@ struct Importer : testing::Test {
       news_ += end.sums ? fmt::format("{} added ", end.sums->added) : end.error + " ";
       ++ends_;
     };
-    importer_->Start({.place = files_.Write(name, bytes)}, NameClash::Rename, {rows, onEnd});
+    const auto onRead = [this, rows, onEnd](const ReadList& list) {
+      if (list.plan) return importer_->Add(*list.plan, NameClash::Rename, {rows, onEnd});
+      onEnd({.sums = std::nullopt, .error = list.error});
+    };
+    importer_->Read({.place = files_.Write(name, bytes)}, onRead);
   }
 
   RefreshKit kit_;

@@ -1,5 +1,7 @@
 // What the frame leads from one pane to another and out of the panes: dialogs, files and notices.
 
+#include <fstream>
+
 #include "check/FeedCheckAnswer.h"
 #include "kit/FeedDocuments.h"
 #include "shell/ModuleFixture.h"
@@ -286,6 +288,9 @@ TEST_F(Panes, ListsGoToFilesAndComeFromFilesAndAddresses) {
   const std::string one = FeedOutline("one", server_.Url("/one"));
   Answer(files_.Write("list", OpmlDocument("<outline text='New'>" + one +
                                            FeedOutline("no", "file:///") + "</outline>")));
+  answers_.Next([](QDialog& box) {
+    EXPECT_EQ(box.accessibleDescription(), "제외한 항목 1개:\r\nno: 웹 주소가 아님");
+  });
   Choose(kCommandImportFile);
   ASSERT_TRUE(WaitForRun());
   EXPECT_EQ(std::ranges::count(texts_, "채널 목록을 가져왔습니다: 추가 1, 이미 있음 0, 제외 1"), 1);
@@ -300,11 +305,74 @@ TEST_F(Panes, ListsGoToFilesAndComeFromFilesAndAddresses) {
   EXPECT_NE(files_.Read("out.xml").find("text=\"one\" title=\"one\""), std::string::npos);
   EXPECT_EQ(The<Subscribing>().ExportOpml("/no/such/folder/list"), std::nullopt);
   EXPECT_TRUE(texts_.back().starts_with("OPML 파일을 저장하지 못했습니다: ")) << texts_.back();
-  int present = 0;
-  The<Subscribing>().MergeOpml(files_.File("out.xml"),
-                               [&](const auto& sums) { present = sums->present; });
-  EXPECT_TRUE(WaitUntil([&] { return present == 2; }));
-  EXPECT_EQ(Labels().size(), 8);
+}
+
+TEST_F(Panes, AListThatIsThereIsAskedAboutWhereTheHostWishesAndDoubledWhereItDoesNot) {
+  const ListSource list{files_.Write("list", OpmlDocument(NumberedFolder("N", 2)))};
+  CreateFrame();
+  const auto import = [&](const char* status) {
+    The<Subscribing>().ImportOpml(list);
+    EXPECT_TRUE(WaitUntil([&] { return std::ranges::count(texts_, status) > 0; })) << status;
+    texts_.clear();
+  };
+  const char* const added = "채널 목록을 가져왔습니다: 추가 2, 이미 있음 0, 제외 0";
+  import(added);
+  import(added);
+  EXPECT_TRUE(profile_.TheRegistry().WriteString(kHostKey, kValueLenient, kLenientOn));
+  Sql("delete from TB_CHANNEL where channel_title = 'c2'");
+  answers_.Next([](QDialog& question) { question.reject(); });
+  import("채널 목록을 가져오지 않았습니다.");
+  Answer();  // nothing that was chosen: what is missing
+  import("채널 목록을 가져왔습니다: 추가 1, 이미 있음 1, 제외 0");
+  answers_.Next([](QDialog& question) { question.findChildren<QAbstractButton*>()[1]->click(); });
+  import(added);
+  EXPECT_EQ(Sql("select group_concat(folder_name || (select count(*) from TB_CHANNEL where "
+                "channel_folderID = folder_id)) from TB_FOLDER where folder_id > 1"),
+            "N2,N-11,N-22");
+  answers_.Next([this](QDialog&) { Destroy(); });
+  The<Subscribing>().ImportOpml(list);
+  EXPECT_TRUE(WaitUntil([&] { return frame_ == nullptr; })) << "while it is asked";
+}
+
+TEST_F(Panes, WhatTheHandsetHasSentOnceDoesNotComeBackAndItsListIsWrittenLast) {
+  const std::string work = profile_.Paths().dir + "/work/";
+  const auto read = [&](const std::string& name) {
+    std::ifstream file(work + name);
+    return std::string(std::istreambuf_iterator(file), {});
+  };
+  const auto leave = [&](const std::string& outlines) {
+    std::ofstream(work + "Skyfold_ppc.opml") << OpmlDocument(outlines);
+  };
+  const auto synchronise = [&] {
+    std::optional<SyncEnd> end;
+    The<Subscribing>().Synchronise([&](const SyncEnd& told) { end = told; });
+    EXPECT_TRUE(WaitUntil([&] { return end.has_value(); }));
+    return fmt::format("{} {}", end->sent.value_or(-1), end->received ? end->received->added : -1);
+  };
+  CreateFrame();
+  EXPECT_EQ(synchronise(), "1 0");
+  leave(NumberedFolder("H", 2));
+  EXPECT_EQ(synchronise(), "3 2");
+  EXPECT_NE(read("Skyfold_pc.opml").find("http://H.example/2"), std::string::npos);
+  EXPECT_TRUE(WaitForRun()) << "a channel that is refreshed cannot be deleted";
+  Select("c1");
+  Answer();
+  Press("Delete");
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(synchronise(), "2 0") << "deleted here, still there";
+  leave("<outline");
+  EXPECT_EQ(synchronise(), "2 -1");
+  leave(NumberedFolder("H", 3));
+  EXPECT_EQ(synchronise(), "3 1");
+  leave("");
+  EXPECT_EQ(synchronise(), "3 0");
+  leave(NumberedFolder("H", 1));
+  EXPECT_EQ(synchronise(), "4 1") << "it was gone there, and is new again";
+  leave(FeedOutline("q\"", "http://q/"));
+  EXPECT_EQ(synchronise(), "-1 1");
+  EXPECT_EQ(std::ranges::count(texts_,
+                               "OPML 파일을 저장했지만 다시 읽을 수 없습니다. 바꾸어야 할 이름 "
+                               "1개: q\""),
+            1);
 }
 
 }  // namespace feedloom

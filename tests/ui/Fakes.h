@@ -68,8 +68,6 @@ struct FakeRefreshing : Refreshing {
 };
 
 struct FakeSubscribing : Subscribing {
-  using MergeEnd = std::function<void(const std::optional<ImportSums>&)>;
-
   explicit FakeSubscribing(FakeDesk& theDesk) : desk(theDesk) {}
   void FolderWasAdded(const FolderRow& row) override { added.emplace_back(row.name, row.order); }
   void CabinetWasAdded(const CabinetRow& row) override { added.emplace_back(row.title, row.order); }
@@ -88,9 +86,8 @@ struct FakeSubscribing : Subscribing {
     return exchanged.push_back(path), nextExport;
   }
   void ImportOpml(const ListSource& source) override { exchanged.push_back(source.place); }
-  void MergeOpml(const std::string& path, MergeEnd onEnd) override {
-    exchanged.push_back(path);
-    endMerge = std::move(onEnd);
+  void Synchronise(std::function<void(const SyncEnd&)> onEnd) override {
+    endSynchronisation = std::move(onEnd);
   }
 
   FakeDesk& desk;
@@ -98,7 +95,7 @@ struct FakeSubscribing : Subscribing {
   std::shared_ptr<InterfaceThread> interfaceThread = std::make_shared<InterfaceThread>();
   std::string directoryService;  // its address
   std::optional<int> nextExport = 0;
-  MergeEnd endMerge;                                   // of the latest import
+  std::function<void(const SyncEnd&)> endSynchronisation;
   std::vector<std::string> addedAddresses, exchanged;  // addresses, files to export and import
   std::vector<std::pair<std::string, int>> added;      // folders and cabinets: name and order
   std::vector<ChannelRow> addedChannels;

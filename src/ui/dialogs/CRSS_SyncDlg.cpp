@@ -3,11 +3,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
-#include <filesystem>
 
 #include "controls/CButtonEx.h"
 #include "controls/CVxEdit.h"
-#include "files/Path.h"
 #include "look/QtText.h"
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
@@ -17,26 +15,17 @@
 namespace feedloom {
 namespace {
 
-// File names in the work directory: the list for the handset, and the handset's own list.
-constexpr char kSentList[] = "Skyfold_pc.opml";
-constexpr char kReceivedList[] = "Skyfold_ppc.opml";
-
 // Enough for the longest status text, so that the window keeps its size.
 constexpr int kStatusWidth = 320;
 constexpr int kStatusLines = 2;
 
 constexpr int kButtonGap = 8;
 
-bool IsThere(const std::string& path) {
-  std::error_code ignored;
-  return std::filesystem::exists(path, ignored);
-}
-
-// The numbers of sent and added channels; `received` is std::nullopt when the handset's list could
-// not be imported.
-std::string EndText(const Skin& skin, int sent, const std::optional<ImportSums>& received) {
-  if (!received) return WithNumbers(skin.GetText(kSectionTexts, kTextSyncListError), {sent});
-  return WithNumbers(skin.GetText(kSectionTexts, kTextSyncDone), {sent, received->added});
+std::string EndText(const Skin& skin, const SyncEnd& end) {
+  const auto text = [&](const char* key) { return skin.GetText(kSectionTexts, key); };
+  if (!end.sent) return text(kTextSyncError);
+  if (!end.received) return WithNumbers(text(kTextSyncListError), {*end.sent});
+  return WithNumbers(text(kTextSyncDone), {*end.sent, end.received->added});
 }
 
 QLabel* MakeStatus(QWidget* room) {
@@ -90,21 +79,15 @@ std::string CRSS_SyncDlg::Text(const char* key) const {
 }
 
 void CRSS_SyncDlg::Synchronise() {
-  const std::string folder = desk_.GetSkin().Config().GetWorkDir();
-  const auto sent = subscribing_.ExportOpml(JoinPath(folder, kSentList));
-  if (!sent) return Say(Text(kTextSyncError));
-  const auto onEnd = [&desk = desk_, sent = *sent, self = QPointer(this)](const auto& received) {
-    const std::string text = EndText(desk.GetSkin(), sent, received);
-    desk.ReportMessage(text);
+  SetRunning(true);
+  Say(Text(kTextSyncRunning));
+  subscribing_.Synchronise([&desk = desk_, self = QPointer(this)](const SyncEnd& end) {
+    const std::string text = EndText(desk.GetSkin(), end);
+    if (end.sent) desk.ReportMessage(text);  // what has failed was reported
     if (!self) return;
     self->SetRunning(false);
     self->Say(text);
-  };
-  const std::string received = JoinPath(folder, kReceivedList);
-  if (!IsThere(received)) return onEnd(std::optional(ImportSums()));
-  SetRunning(true);
-  Say(Text(kTextSyncRunning));
-  subscribing_.MergeOpml(received, onEnd);
+  });
 }
 
 void CRSS_SyncDlg::SetRunning(bool isRunning) {

@@ -11,8 +11,7 @@ namespace feedloom {
 class Desk;
 class Subscribing;
 
-// Exchanges the list of channels with the connected handset through files in the host's work
-// directory: writes the user's list and imports the list that the handset has written. The dialog
+// Exchanges the list of channels with the connected handset (Subscribing::Synchronise). The dialog
 // shows the numbers of sent and added channels and reports them to the host, also when the dialog
 // was closed meanwhile. Without a handset, the dialog says so and can only be closed.
 class CRSS_SyncDlg : public CVxFormDialog {

@@ -3,6 +3,8 @@
 #include <QPointer>
 #include <QPrintDialog>
 
+#include "controls/CMsgBox.h"
+#include "look/QtText.h"
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
 #include "store/Cabinets.h"
@@ -19,10 +21,12 @@
 #include "ui/dialogs/CRSS_GroupAddDlg.h"
 #include "ui/dialogs/CRSS_GroupRenameDlg.h"
 #include "ui/dialogs/CRSS_LoginDlg.h"
+#include "ui/dialogs/CRSS_MergeDlg.h"
 #include "ui/dialogs/CRSS_OpmlDlg.h"
 #include "ui/dialogs/CRSS_ScrapDlg.h"
 #include "ui/dialogs/CRSS_SearchDlg.h"
 #include "ui/dialogs/CRSS_SyncDlg.h"
+#include "ui/dialogs/LeftOutText.h"
 
 namespace feedloom {
 
@@ -136,6 +140,23 @@ void ExportFile(Desk& desk, Subscribing& subscribing, QWidget* parent, const std
   if (!channels) return;
   desk.ReportMessage(
       WithNumbers(desk.GetSkin().GetText(kSectionTexts, kTextOpmlExported), {*channels}));
+}
+
+std::optional<NameClash> AskHowToImport(Desk& desk, QWidget* parent, int channels, int present) {
+  const std::string question = desk.GetSkin().GetText(kSectionTexts, kTextOpmlPresent);
+  if (question.empty()) return NameClash::Merge;
+  auto* dialog =
+      new CRSS_MergeDlg(desk.GetSkin(), WithNumbers(question, {channels, present}), parent);
+  std::optional<NameClash> answer;
+  RunDialog(dialog, [&] { answer = dialog->Chosen(); });
+  return answer;
+}
+
+void ShowLeftOut(Desk& desk, QWidget* parent, const ImportSums& sums) {
+  const Skin& skin = desk.GetSkin();
+  const std::string text = LeftOutText(skin, sums);
+  if (text.empty()) return;
+  ShowMsgBox(skin, ToQString(skin.Config().GetCodePage(), text), MsgBoxKind::Notice, parent);
 }
 
 void ShowSync(Desk& desk, Subscribing& subscribing, QWidget* parent) {

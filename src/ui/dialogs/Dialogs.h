@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+#include "exchange/ImportValues.h"
+
 class QPrinter;
 class QWidget;
 
@@ -66,6 +68,12 @@ std::optional<std::string> AskListAddress(Desk& desk, QWidget* parent);
 void ImportFile(Desk& desk, Subscribing& subscribing, QWidget* parent);
 void ImportAddress(Desk& desk, Subscribing& subscribing, QWidget* parent);
 void ExportFile(Desk& desk, Subscribing& subscribing, QWidget* parent, const std::string& name);
+
+// Asks what to do with what is there already of a list: of so many channels so many. The answer is
+// Merge, without a question, in a host that has no text for it.
+std::optional<NameClash> AskHowToImport(Desk& desk, QWidget* parent, int channels, int present);
+// Names what an import has left out, if anything, in a host that has a text for it.
+void ShowLeftOut(Desk& desk, QWidget* parent, const ImportSums& sums);
 
 // Show the dialog of the exchange with the handset, and that of the web directory.
 void ShowSync(Desk& desk, Subscribing& subscribing, QWidget* parent);

@@ -125,6 +125,9 @@ Menu TreeCommands::WholeMenu() const {
     menu.push_back({});
     menu.push_back({.command = kCommandUndo, .label = &kLabelUndo, .detail = *step});
   }
+  if (desk_.GetSkin().Config().GetModelName().empty()) {
+    Disable(menu, kCommandSynchronise, kTextSyncNoModel);
+  }
   if (subscribing_.CanExchange()) return menu;
   for (const int command :
        {kCommandImportFile, kCommandImportAddress, kCommandExportOpml, kCommandSynchronise}) {

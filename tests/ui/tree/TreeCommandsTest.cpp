@@ -42,6 +42,7 @@ struct TreeCommandsTest : LeftPaneFixture {
 
 TEST_F(TreeCommandsTest, EachDoesWhatItIsCalledToTheSelectedRow) {
   frame.db.Clock().Set(NoonOf(2008, 5, 1));  // the day of all posts
+  frame.skin.SetHostValue(kValueModelName, "H3");
   frame.db.AddChannelWithPosts(sports, "Ball", 1);
   Open();
   const struct {
@@ -211,6 +212,12 @@ TEST_F(TreeCommandsTest, MenusGreyWhatTheRowDoesNotAllowAndListsUntilTheTreeIsRe
   Open();
   using Commands = std::set<int>;
   EXPECT_EQ(Grey({"Sports", "Later"}), (Commands{kCommandMarkAllRead, kCommandMarkAllUnread}));
+  EXPECT_EQ(Grey({"Daily", "Keep", ""}), Commands{kCommandSynchronise}) << "without a handset";
+  std::unique_ptr<QMenu> menu(OpenMenu(""));
+  for (const QAction* const action : menu->findChildren<QAction*>())
+    EXPECT_TRUE(action->isEnabled() || action->toolTip() == "연결된 핸드셋이 없습니다.");
+  menu.reset();
+  frame.skin.SetHostValue(kValueModelName, "H3");
   EXPECT_EQ(Grey({"Daily", "Keep", ""}), Commands());
   frame.nextExport.reset();
   EXPECT_EQ(Grey({""}), (Commands{kCommandImportFile, kCommandImportAddress, kCommandExportOpml,
