@@ -229,9 +229,13 @@ void CVxListCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
 
 void CVxListCtrl::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton && !rightPressSelects_) return;
-  QTreeView::mousePressEvent(event);
-  const QModelIndex index = indexAt(event->position().toPoint());
-  if (event->button() == Qt::LeftButton && index.isValid()) emit RowClicked(index.row());
+  if (!TakesPress(*event)) Press(*event);
+}
+
+void CVxListCtrl::Press(QMouseEvent& event) {
+  QTreeView::mousePressEvent(&event);
+  const QModelIndex index = indexAt(event.position().toPoint());
+  if (event.button() == Qt::LeftButton && index.isValid()) emit RowClicked(index.row());
 }
 
 void CVxListCtrl::contextMenuEvent(QContextMenuEvent* event) {

@@ -1,12 +1,18 @@
 // A list with columns, a header and rows of a fixed height.
 #pragma once
 
+#include <QMouseEvent>
 #include <QPointer>
 #include <QStyledItemDelegate>
 #include <QTreeView>
+#include <functional>
 #include <initializer_list>
+#include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
+
+class QMimeData;
 
 namespace feedloom {
 
@@ -59,6 +65,12 @@ class CVxListCtrl : public QTreeView {
   // Whether a press of the right button selects its row, as by default; otherwise it selects
   // nothing.
   void SetRightPressSelects(bool selects) { rightPressSelects_ = selects; }
+  // Lets the user drag rows. A press of the left button without a key on a row then takes effect
+  // when the button is released on that row; otherwise `dragged` is called with the row and gives
+  // what is dragged, to be copied.
+  void SetDragged(std::function<QMimeData*(const QModelIndex& row)> dragged) {
+    dragged_ = std::move(dragged);
+  }
   // Marks the row whose context menu is open; an invalid index ends that.
   void MarkMenuRow(const QModelIndex& row);
 
@@ -80,6 +92,8 @@ class CVxListCtrl : public QTreeView {
   // key the lower left corner of the current row. `row` is the one under the pointer if it is not
   // selected; otherwise it is invalid, and the menu is for the selected rows.
   void MenuRequested(const QModelIndex& row, const QPoint& place);
+  // Rows were dragged to where they cannot be dropped, or the drag was given up.
+  void DroppedNowhere();
 
  protected:
   void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
@@ -87,6 +101,8 @@ class CVxListCtrl : public QTreeView {
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -96,6 +112,9 @@ class CVxListCtrl : public QTreeView {
 
  private:
   void SetUpHeader();
+  bool TakesPress(const QMouseEvent& press);
+  void Press(QMouseEvent& event);
+  void StartDrag();
   bool IsAtEnd() const;
   QWidget* Cover();
   void PlaceCover();
@@ -103,6 +122,9 @@ class CVxListCtrl : public QTreeView {
   std::vector<int> widthsBefore_;  // empty while all columns are shown
   QString emptyText_;
   bool rightPressSelects_ = true;
+  std::function<QMimeData*(const QModelIndex& row)> dragged_;
+  std::unique_ptr<QMouseEvent> press_;  // that waits for its release or for a drag
+  QPersistentModelIndex pressedRow_;
   QPersistentModelIndex menuRow_;
   QPersistentModelIndex anchor_;  // invalid: the base class's anchor is used
   // The widget over the closed list. A disabled widget can have neither a cursor nor the focus.

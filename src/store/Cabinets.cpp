@@ -4,6 +4,18 @@
 #include "store/SqlText.h"
 
 namespace feedloom {
+namespace {
+
+std::string CopyStatement(int cabinetId, std::string_view title, std::string_view link,
+                          std::string_view published, std::string_view description) {
+  return FormatSql(
+      "insert into TB_SCRAP_POST(scrap_post_scrapChannelID, scrap_post_title, "
+      "scrap_post_link, scrap_post_pubDate, scrap_post_desc, scrap_post_readStatus) "
+      "Values(%d, '%s', '%s', '%s', '%s', 0);",
+      cabinetId, title, link, published, description);
+}
+
+}  // namespace
 
 bool LoadCabinetList(Store& store, std::vector<CabinetRow>& out) {
   // SQLite reads "innjer" as an alias of the table before it, so this is an inner join.
@@ -63,11 +75,24 @@ int InsertScrapPost(Store& store, int cabinetId, std::string_view title, std::st
                     std::string_view published, std::string_view description) {
   return QueryNumber(
       store,
-      FormatSql("insert into TB_SCRAP_POST(scrap_post_scrapChannelID, scrap_post_title, "
-                "scrap_post_link, scrap_post_pubDate, scrap_post_desc, scrap_post_readStatus) "
-                "Values(%d, '%s', '%s', '%s', '%s', 0);select last_insert_rowid()",
-                cabinetId, title, link, published, description),
+      CopyStatement(cabinetId, title, link, published, description) + "select last_insert_rowid()",
       -1);
+}
+
+std::optional<int> InsertScrapPosts(Store& store, int cabinetId, std::span<const PostRow> posts) {
+  Connection connection(store);
+  if (!connection) return 0;
+  const Connection::Operation operation(connection);
+  const auto cabinet = connection.Query(
+      FormatSql("Select 1 From TB_SCRAP_CHANNEL Where scrap_channel_id = %d", cabinetId));
+  if (!cabinet) return 0;
+  if (cabinet->Rows() == 0) return std::nullopt;
+  std::vector<std::string> copies;
+  for (const PostRow& post : posts) {
+    copies.push_back(
+        CopyStatement(cabinetId, post.title, post.link, post.published, post.description));
+  }
+  return connection.ExecuteTogether(copies).rows;
 }
 
 }  // namespace feedloom

@@ -3,6 +3,8 @@
 // its own failures (Store.h).
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -35,5 +37,8 @@ bool DeleteCabinet(Store& store, int cabinetId);
 // a failure.
 int InsertScrapPost(Store& store, int cabinetId, std::string_view title, std::string_view link,
                     std::string_view published, std::string_view description);
+// Saves such copies of all `posts` in one transaction, each as far as it can be. Returns their
+// number, 0 also after a failure; nullopt when there is no such cabinet.
+std::optional<int> InsertScrapPosts(Store& store, int cabinetId, std::span<const PostRow> posts);
 
 }  // namespace feedloom

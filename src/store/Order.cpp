@@ -5,6 +5,7 @@
 #include <string>
 
 #include "store/Connection.h"
+#include "store/SqlText.h"
 
 namespace feedloom {
 namespace {
@@ -29,14 +30,17 @@ bool OrderFolders(Store& store, std::span<const int> ids) {
                                 "Where folder_id = id And folder_order Is Not place");
 }
 
+// Another program may delete the folder at any time: the statement looks, too.
 bool OrderChannels(Store& store, int folderId, std::span<const int> ids) {
-  return ids.empty() ||
-         ExecuteOnce(store, Placed(ids) +
-                                fmt::format("Update TB_CHANNEL Set channel_folderID = {0}, "
-                                            "channel_order = place From placed Where channel_id = "
-                                            "id And (channel_order Is Not place Or "
-                                            "channel_folderID Is Not {0})",
-                                            folderId));
+  const auto folder = FormatSql("Select 1 From TB_FOLDER Where folder_id = %d", folderId);
+  return HasRows(store, folder) &&
+         (ids.empty() ||
+          ExecuteOnce(store, Placed(ids) + fmt::format("Update TB_CHANNEL Set channel_folderID = "
+                                                       "{0}, channel_order = place From placed "
+                                                       "Where channel_id = id And (channel_order "
+                                                       "Is Not place Or channel_folderID Is Not "
+                                                       "{0}) And Exists ({1})",
+                                                       folderId, folder)));
 }
 
 }  // namespace feedloom

@@ -58,7 +58,8 @@ std::vector<KeyGroup> MakeTable() {
             {0, {}, &kLabelGestureShiftClick, &kLabelDeedShiftClick},
             {0, {}, &kLabelGestureDoubleClick, &kLabelDeedDoubleClick},
             {0, {}, &kLabelGestureRightClick, &kLabelDeedRightClick},
-            {0, {}, &kLabelGestureDragRow, &kLabelDeedDragRow}}}};
+            {0, {}, &kLabelGestureDragRow, &kLabelDeedDragRow},
+            {0, {}, &kLabelGestureDragPosts, &kLabelScrap}}}};
 }
 
 }  // namespace

@@ -78,6 +78,9 @@ void CRSS_RightTopContainer::SetUpList() {
     FillRoom(list_, kTitleColumn);
   }
   list_.SetRightPressSelects(!isCareful_);
+  if (isCareful_) {
+    list_.SetDragged([this](const QModelIndex& row) { return commands_.Dragged(row.row()); });
+  }
   setFocusProxy(&list_);
   const auto awaitPause = [this] {
     if (desk_.State().isUnreadOnly) pause_.start();
@@ -86,6 +89,8 @@ void CRSS_RightTopContainer::SetUpList() {
   connect(&model_, &QAbstractItemModel::dataChanged, this, awaitPause);
   connect(&list_, &CVxListCtrl::RowClicked, this, &CRSS_RightTopContainer::ShowClicked);
   connect(&list_, &CVxListCtrl::RowReached, this, [this] { commands_.FollowKeys(); });
+  connect(&list_, &CVxListCtrl::DroppedNowhere, this,
+          [this] { desk_.ReportMessage(GetLabel(desk_.GetSkin(), kLabelDropNowhere)); });
   connect(&list_, &CVxListCtrl::MenuRequested, this, &CRSS_RightTopContainer::OpenMenu);
   connect(&list_, &CVxListCtrl::SortRequested, this, [this](int column, Qt::SortOrder order) {
     SortKeepingPosition(list_, model_, column, order);

@@ -8,9 +8,9 @@
 #include "controls/CVxListCtrl.h"
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
-#include "store/Cabinets.h"
 #include "store/PostLists.h"
 #include "ui/Desk.h"
+#include "ui/SavedPosts.h"
 #include "ui/UndoableSteps.h"
 #include "ui/dialogs/Dialogs.h"
 #include "ui/list/ListMenu.h"
@@ -182,24 +182,24 @@ void PostCommands::Scrap() {
   if (ActedRows().empty()) return;
   const std::optional<int> cabinet = ChooseCabinet(desk_, &list_);
   if (!cabinet) return;  // the object may have been deleted
-  const std::vector<int> rows = ActedRows();
-  const std::size_t saved = Save(rows, *cabinet);
-  if (saved == 0) return;
-  reading_.RecountUnread(true);
-  if (model_.AreScrapPosts()) reading_.ReloadSelection();
   // This comes last, as the object may be deleted while the message box is open.
-  if (saved == rows.size()) {
+  if (SavePosts(desk_, reading_, *cabinet, PostsAt(ActedRows()))) {
     desk_.ShowTextMessage(kSectionTexts, kTextScrapFinished, MsgBoxKind::Notice);
   }
 }
 
-std::size_t PostCommands::Save(const std::vector<int>& rows, int cabinetId) {
-  const auto failed = std::ranges::find_if(rows, [&](int row) {
-    const PostRow post = model_.At(row);
-    return InsertScrapPost(desk_.GetStore(), cabinetId, post.title, post.link, post.published,
-                           post.description) < 0;
-  });
-  return static_cast<std::size_t>(failed - rows.begin());
+std::vector<PostRow> PostCommands::PostsAt(const std::vector<int>& rows) const {
+  std::vector<PostRow> posts;
+  for (const int row : rows) posts.push_back(model_.At(row));
+  return posts;
+}
+
+QMimeData* PostCommands::Dragged(int pressed) {
+  rest_.Settle();
+  std::vector<int> rows = list_.SelectedRows();
+  if (!std::ranges::binary_search(rows, pressed)) rows = {pressed};
+  return PostsAreStored() ? new DraggedPosts(model_.IdsOf(rows), model_.AreScrapPosts(), {})
+                          : new DraggedPosts({}, false, PostsAt(rows));
 }
 
 }  // namespace feedloom

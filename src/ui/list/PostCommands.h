@@ -10,6 +10,8 @@
 #include "ui/Menus.h"
 #include "ui/Reading.h"
 
+class QMimeData;
+
 namespace feedloom {
 
 class Desk;
@@ -60,6 +62,10 @@ class PostCommands {
   // list. What the keys have come to is shown before.
   std::optional<Menu> ContextMenu(const QModelIndex& row);
 
+  // What is dragged from the row `pressed`: the selected posts if it is one of them, else its own.
+  // The caller owns it.
+  QMimeData* Dragged(int pressed);
+
  private:
   bool PostsAreStored() const;
   void Display(int row, bool isGlimpse);
@@ -74,8 +80,7 @@ class PostCommands {
   std::vector<int> AllRows() const;
   std::vector<int> ActedRows() const;
   void Scrap();
-  // Copies the posts into the cabinet until one fails. Returns the number of copied posts.
-  std::size_t Save(const std::vector<int>& rows, int cabinetId);
+  std::vector<PostRow> PostsAt(const std::vector<int>& rows) const;
 
   Desk& desk_;
   Reading& reading_;

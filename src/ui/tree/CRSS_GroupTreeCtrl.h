@@ -53,6 +53,8 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   // The user asks for the context menu of `row`, which is invalid when there is none to choose.
   // `place` is a point in screen coordinates.
   void MenuRequested(const QModelIndex& row, const QPoint& place);
+  // A row was dragged to where it cannot be dropped, or the drag was given up.
+  void DroppedNowhere();
 
  protected:
   void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
@@ -68,6 +70,7 @@ class CRSS_GroupTreeCtrl : public QTreeView {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dragLeaveEvent(QDragLeaveEvent* event) override;
   void dropEvent(QDropEvent* event) override;

@@ -4,8 +4,10 @@
 #include <QDrag>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPointer>
 #include <utility>
 
+#include "ui/SavedPosts.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 
 namespace feedloom {
@@ -43,7 +45,14 @@ void CRSS_GroupTreeCtrl::StartDrag() {
   auto* const drag = new QDrag(this);
   drag->setMimeData(dragged);
   drag->setPixmap(viewport()->grab(visualRect(pressedRow_)));
-  drag->exec(Qt::MoveAction);
+  const QPointer self(this);
+  if (drag->exec(Qt::MoveAction) == Qt::IgnoreAction && self) emit DroppedNowhere();
+}
+
+// Posts go into a row, and rows between rows or into one.
+void CRSS_GroupTreeCtrl::dragEnterEvent(QDragEnterEvent* event) {
+  setDragDropOverwriteMode(event->mimeData()->hasFormat(DraggedPosts::kFormat));
+  QTreeView::dragEnterEvent(event);
 }
 
 // The toolkit's own delay would also close groups that are open.

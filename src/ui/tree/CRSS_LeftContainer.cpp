@@ -11,6 +11,7 @@
 
 #include "look/SkinText.h"
 #include "skin/Keys.h"
+#include "skin/Labels.h"
 #include "store/Posts.h"
 #include "ui/CommandKeys.h"
 #include "ui/Desk.h"
@@ -80,7 +81,10 @@ CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subsc
   for (const int command : {kCommandMoveUp, kCommandMoveDown}) {
     OnKeysOf(command, *tree_, [this, command] { commands_.Run(command); });
   }
+  connect(tree_, &CRSS_GroupTreeCtrl::DroppedNowhere, this,
+          [this] { desk_.ReportMessage(GetLabel(desk_.GetSkin(), kLabelDropNowhere)); });
   model_.OnDrop([this](auto& moved, auto& place) { commands_.MoveTo(moved, place); });
+  model_.OnPosts([this](int cabinet, auto& posts) { commands_.Save(posts, cabinet); });
   OnKeysOf(kCommandFocusSearch, *this, [this] { emit SearchWanted(); });
   CountChanges();
   RestartUpdateTimer();

@@ -259,7 +259,9 @@ int GroupTreeModel::columnCount(const QModelIndex&) const { return 1; }
 Qt::ItemFlags GroupTreeModel::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::ItemIsDropEnabled;
   const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled;
-  return flags | (GroupAt(index) == nullptr ? Qt::ItemNeverHasChildren : Qt::ItemIsDropEnabled);
+  if (GroupAt(index) != nullptr) return flags | Qt::ItemIsDropEnabled;
+  const bool isCabinet = ChildAt(index)->kind == RowKind::Cabinet;
+  return flags | Qt::ItemNeverHasChildren | (isCabinet ? Qt::ItemIsDropEnabled : Qt::NoItemFlags);
 }
 
 QVariant GroupTreeModel::data(const QModelIndex& index, int role) const {

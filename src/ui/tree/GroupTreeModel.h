@@ -16,6 +16,8 @@
 
 namespace feedloom {
 
+class DraggedPosts;
+
 // The content of the tree. Each list is in the order of its rows.
 struct TreeContent {
   std::vector<FolderRow> folders;
@@ -141,7 +143,11 @@ class GroupTreeModel : public QAbstractItemModel {
   void OnDrop(std::function<void(const RowKey& moved, const RowPlace& place)> onDrop) {
     onDrop_ = std::move(onDrop);
   }
-  Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+  // `onPosts` is called with posts that were dropped on a cabinet.
+  void OnPosts(std::function<void(int cabinetId, const DraggedPosts& posts)> onPosts) {
+    onPosts_ = std::move(onPosts);
+  }
+  Qt::DropActions supportedDropActions() const override { return Qt::MoveAction | Qt::CopyAction; }
   QStringList mimeTypes() const override;
   QMimeData* mimeData(const QModelIndexList& rows) const override;
   bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
@@ -189,6 +195,7 @@ class GroupTreeModel : public QAbstractItemModel {
   QString AccessibleLabel(const ChildRow& child) const;
 
   std::function<void(const RowKey& moved, const RowPlace& place)> onDrop_;
+  std::function<void(int cabinetId, const DraggedPosts& posts)> onPosts_;
   const CodePage codePage_;
   const RowTexts texts_;
   // The internal pointer of a child's index is its GroupRow; that of a group's index is null.

@@ -2,6 +2,7 @@
 #include <QCoreApplication>
 #include <QMimeData>
 
+#include "ui/SavedPosts.h"
 #include "ui/tree/GroupTreeModel.h"
 
 namespace feedloom {
@@ -16,9 +17,14 @@ std::optional<RowKey> RowIn(const QMimeData* data) {
   return RowKey{static_cast<RowKind>(parts[1].toInt()), parts[2].toInt()};
 }
 
+bool IsCabinet(const std::optional<RowKey>& row) { return row && row->kind == RowKind::Cabinet; }
+
+// A drop on a cabinet is one on the cabinet root, unless it is of posts.
+QModelIndex GroupOf(const QModelIndex& row) { return row.parent().isValid() ? row.parent() : row; }
+
 }  // namespace
 
-QStringList GroupTreeModel::mimeTypes() const { return {kRowFormat}; }
+QStringList GroupTreeModel::mimeTypes() const { return {kRowFormat, DraggedPosts::kFormat}; }
 
 QMimeData* GroupTreeModel::mimeData(const QModelIndexList& rows) const {
   const auto key = rows.isEmpty() ? std::nullopt : KeyOf(rows.first());
@@ -34,14 +40,20 @@ QMimeData* GroupTreeModel::mimeData(const QModelIndexList& rows) const {
 
 bool GroupTreeModel::canDropMimeData(const QMimeData* data, Qt::DropAction /*action*/, int row,
                                      int /*column*/, const QModelIndex& parent) const {
+  if (dynamic_cast<const DraggedPosts*>(data)) return IsCabinet(KeyOf(parent));
   const auto moved = RowIn(data);
-  return moved && PlaceOfDrop(groups_, *moved, row, parent).has_value();
+  return moved && PlaceOfDrop(groups_, *moved, row, GroupOf(parent)).has_value();
 }
 
 bool GroupTreeModel::dropMimeData(const QMimeData* data, Qt::DropAction /*action*/, int row,
                                   int /*column*/, const QModelIndex& parent) {
+  if (const auto* const posts = dynamic_cast<const DraggedPosts*>(data)) {
+    const auto key = KeyOf(parent);
+    if (IsCabinet(key) && onPosts_) onPosts_(key->id, *posts);
+    return IsCabinet(key);
+  }
   const auto moved = RowIn(data);
-  const auto place = moved ? PlaceOfDrop(groups_, *moved, row, parent) : std::nullopt;
+  const auto place = moved ? PlaceOfDrop(groups_, *moved, row, GroupOf(parent)) : std::nullopt;
   if (place && onDrop_) onDrop_(*moved, *place);
   return place.has_value();
 }

@@ -18,6 +18,7 @@ namespace feedloom {
 
 class CRSS_GroupTreeCtrl;
 class Desk;
+class DraggedPosts;
 class GroupTreeModel;
 class Reading;
 class Refreshing;
@@ -51,6 +52,9 @@ class TreeCommands {
   // Moves a channel or folder to `place`: in the store first, and then in the tree. A failure, and
   // a folder that has the channel's address already, are told in the status text; the row stays.
   void MoveTo(const RowKey& moved, const RowPlace& place);
+
+  // Copies the posts into the cabinet, and says so in the status text.
+  void Save(const DraggedPosts& posts, int cabinetId);
 
   // The context menu of `row`; nullopt when it is invalid. Reads the row's posts from the store
   // when the unread count does not show whether there are any.

@@ -8,6 +8,7 @@
 #include "ui/Desk.h"
 #include "ui/Reading.h"
 #include "ui/Refreshing.h"
+#include "ui/SavedPosts.h"
 #include "ui/UndoableSteps.h"
 #include "ui/dialogs/Dialogs.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
@@ -131,6 +132,11 @@ bool TreeCommands::StorePlace(const RowKey& moved, const RowPlace& place) {
   const std::vector<int> ids = IdsWith(model_.Groups(), moved, place);
   return moved.kind == RowKind::Folder ? OrderFolders(desk_.GetStore(), ids)
                                        : OrderChannels(desk_.GetStore(), place.folderId, ids);
+}
+
+void TreeCommands::Save(const DraggedPosts& posts, int cabinetId) {
+  if (!SavePosts(desk_, reading_, cabinetId, posts.Read(desk_))) return;
+  desk_.ReportMessage(desk_.GetSkin().GetText(kSectionTexts, kTextScrapFinished));
 }
 
 template <int steps>

@@ -1,6 +1,7 @@
 // Rows on the screen: what clicks, keys and the menu do to the store, the rows and the frame.
 #include "controls/DialogAnswers.h"
 #include "store/Cabinets.h"
+#include "ui/SavedPosts.h"
 #include "ui/list/ListPaneFixture.h"
 
 namespace feedloom {
@@ -249,6 +250,27 @@ TEST_F(CarefulListTest, ARightPressActsOnItsPostAloneAndCtrlTakesAPostOutOfTheSe
   Press(0, Qt::ControlModifier);
   Choose(kCommandDelete, at(3));
   EXPECT_EQ(Rows(), ">-Post 5 Post 4 Post 2 Post 1 ") << "both of the selected posts";
+}
+
+TEST_F(CarefulListTest, ADragTakesTheSelectedPostsOrTheOneUnderItAndShowsNothing) {
+  ListAndSelect(ChannelPosts(3), {0, 1});
+  const auto drag = [this](int row) {
+    const QPoint place = list_.visualRect(Index(row)).center();
+    QTest::mousePress(list_.viewport(), Qt::LeftButton, {}, place);
+    QMouseEvent move(QEvent::MouseMove, place + QPoint(3, 30), {}, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(list_.viewport(), &move);
+    const std::unique_ptr<QDrag> begun(list_.findChild<QDrag*>());  // off screen it has ended
+    std::string taken;
+    for (const PostRow& post : dynamic_cast<DraggedPosts&>(*begun->mimeData()).Read(frame_))
+      taken += post.title + " ";
+    QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, place + QPoint(3, 30));
+    return taken;
+  };
+  EXPECT_EQ(drag(1), "Post 3 Post 2 ");
+  EXPECT_EQ(drag(2), "Post 1 ");
+  EXPECT_TRUE(frame_.shown.empty());
+  EXPECT_EQ(frame_.messages.size(), 2U) << "that nothing has changed";
+  EXPECT_EQ(Rows(), ">Post 3 >Post 2 Post 1 ");
 }
 
 TEST_F(PostListPaneTest, SortingAndRefillingKeepSelectionCurrentRowOrderAndPlaceByPost) {

@@ -1,4 +1,5 @@
 // Channels and folders that are moved, by the mouse and by keys.
+#include "ui/SavedPosts.h"
 #include "ui/tree/LeftPaneFixture.h"
 
 namespace feedloom {
@@ -15,13 +16,16 @@ struct TreeMoves : LeftPaneFixture {
   // Drags the row to that part of another one's height, or below all rows.
   void Drag(const char* label, const char* target, double height) {
     const std::unique_ptr<QMimeData> data(tree->model()->mimeData({Row(label)}));
+    Drop(*data, Qt::MoveAction, target, height);
+  }
+  void Drop(QMimeData& data, Qt::DropAction action, const char* target, double height) {
     const QRect rect = tree->visualRect(Row(target));
     const QPoint place =
         *target ? QPoint(rect.center().x(), rect.top() + qRound(height * (rect.height() - 1)))
                 : QPoint(50, tree->viewport()->height() - 1);
-    QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-    QDragMoveEvent move(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
-    QDropEvent drop(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    QDragEnterEvent enter(place, action, &data, Qt::LeftButton, {});
+    QDragMoveEvent move(place, action, &data, Qt::LeftButton, {});
+    QDropEvent drop(place, action, &data, Qt::LeftButton, {});
     for (QEvent* event :
          {static_cast<QEvent*>(&enter), static_cast<QEvent*>(&move), static_cast<QEvent*>(&drop)})
       QApplication::sendEvent(tree->viewport(), event);
@@ -53,6 +57,24 @@ TEST_F(TreeMoves, ARowThatIsDraggedStandsWhereItIsDroppedAndStaysThere) {
             "Host Sports(3) Daily(2) Weekly(1) Zoo News(4) Ball(4) 보관함(1) Keep(1) Later");
 }
 
+TEST_F(TreeMoves, PostsComeIntoTheCabinetOnWhichTheyAreDroppedAndNowhereElse) {
+  PostRow found;
+  found.title = "found";
+  DraggedPosts posts({1, 2, 99}, false, {found});
+  DraggedPosts saved({1}, true, {});
+  for (const char* const target : {"News", "Daily", "보관함", ""})
+    Drop(posts, Qt::CopyAction, target, 0.5);
+  EXPECT_TRUE(frame.messages.empty());
+  Drop(posts, Qt::CopyAction, "Later", 0);
+  Drop(saved, Qt::CopyAction, "Later", 1);
+  EXPECT_EQ(Rows().substr(Rows().find("보관함")), "보관함(5) Keep(1) Later(4)");
+  EXPECT_EQ(frame.messages.size(), 2U);
+  frame.db.Sql("delete from TB_SCRAP_CHANNEL where scrap_channel_title = 'Later'");
+  Drop(posts, Qt::CopyAction, "Later", 0.5);
+  EXPECT_EQ(frame.messages.back(), GetLabel(frame.GetSkin(), kLabelDropGone));
+  EXPECT_EQ(frame.db.Count("TB_SCRAP_POST"), 5);
+}
+
 TEST_F(TreeMoves, ARowThatCannotBeStoredThereStaysAndThatIsSaid) {
   const std::string before = Rows();
   frame.db.Sql(
@@ -62,8 +84,11 @@ TEST_F(TreeMoves, ARowThatCannotBeStoredThereStaysAndThatIsSaid) {
   frame.db.Sql(
       "create trigger t before update on TB_CHANNEL begin select raise(fail, 'full'); end");
   Drag("Weekly", "Daily", 0);
+  frame.db.Sql("drop trigger t; delete from TB_FOLDER where folder_name = 'Zoo'");
+  Drag("Weekly", "Zoo", 0.5);
   EXPECT_EQ(Rows(), before);
-  EXPECT_EQ(frame.messages.size(), 2U);
+  EXPECT_EQ(frame.messages.size(), 3U);
+  EXPECT_EQ(frame.db.Count("TB_CHANNEL where channel_folderID = 1"), 2) << "not lost";
 }
 
 TEST_F(TreeMoves, KeysMoveTheSelectedRowAsFarAsItsFolderGoes) {
