@@ -1,6 +1,9 @@
 #include "controls/CVxEdit.h"
 
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QPainter>
+#include <QUrl>
 #include <QValidator>
 #include <algorithm>
 #include <limits>
@@ -74,6 +77,12 @@ QSize CVxEdit::sizeHint() const {
 
 QSize CVxEdit::minimumSizeHint() const {
   return QLineEdit::minimumSizeHint().expandedTo({0, SizeOf(pieces_.middle).height()});
+}
+
+void CVxEdit::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  const bool areFiles = !urls.isEmpty() && urls.first().isLocalFile();
+  areFiles ? event->ignore() : QLineEdit::dragEnterEvent(event);
 }
 
 void CVxEdit::paintEvent(QPaintEvent* event) {

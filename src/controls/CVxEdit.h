@@ -27,6 +27,8 @@ class CVxEdit : public QLineEdit {
   QSize minimumSizeHint() const override;
 
  protected:
+  // Files are left to the widgets around it.
+  void dragEnterEvent(QDragEnterEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

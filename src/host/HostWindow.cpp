@@ -29,6 +29,12 @@ void ShowStatus(QLabel& label, const QString& text) {
   label.setToolTip(text.isEmpty() ? text : "<p>" + text.toHtmlEscaped() + "</p>");
 }
 
+bool IsOfDrag(const QEvent& event) {
+  const QEvent::Type type = event.type();
+  return type == QEvent::DragEnter || type == QEvent::DragMove || type == QEvent::DragLeave ||
+         type == QEvent::Drop;
+}
+
 }  // namespace
 
 HostWindow::HostWindow(const QString& caption, Appearance appearance, ViewChoices view)
@@ -41,6 +47,7 @@ HostWindow::HostWindow(const QString& caption, Appearance appearance, ViewChoice
   setWindowTitle(caption);
   setWindowIcon(QIcon::fromTheme(QStringLiteral("halvix")));
   setCentralWidget(pane_);
+  setAcceptDrops(true);
   MakeMenu(view);
   MakeStatusBar();
 }
@@ -60,7 +67,10 @@ std::intptr_t HostWindow::SendToFrame(unsigned message, std::intptr_t wParam) {
   return event.result;
 }
 
+// The module takes what is dropped anywhere on the window. Sent by the toolkit, the events of a
+// drag would come back to the widget that has accepted it.
 bool HostWindow::event(QEvent* event) {
+  if (IsOfDrag(*event)) return frame_ && static_cast<QObject&>(*frame_).event(event);
   if (event->type() != WindowMessage::kType) return QMainWindow::event(event);
   const auto& message = *static_cast<WindowMessage*>(event);
   switch (message.number) {

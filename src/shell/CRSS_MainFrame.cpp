@@ -183,6 +183,7 @@ void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {
 // Messages of the host and of the refresh.
 
 bool CRSS_MainFrame::event(QEvent* event) {
+  if (drops_.Handle(*event)) return true;
   if (event->type() == QEvent::WindowActivate && status_.IsTreeRead()) arrivals_->LookForChanges();
   if (event->type() == QEvent::ShortcutOverride && IsForFocus(static_cast<QKeyEvent&>(*event))) {
     event->accept();

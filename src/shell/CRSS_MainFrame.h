@@ -9,6 +9,7 @@
 
 #include "controls/VxSplitter.h"
 #include "fetch/FetchServices.h"
+#include "shell/FrameDrops.h"
 #include "shell/FrameRefresh.h"
 #include "shell/ModulePaths.h"
 #include "shell/NewPostNotice.h"
@@ -144,6 +145,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   const BrowserServices browserServices_{MakeBrowserServices(*this, registry_, this)};
   StatusLine status_{*this};
   NewPostNotice notice_{*this};
+  FrameDrops drops_{*this, *this, *this};
   UndoableSteps steps_{*this, UndoHooks(status_, *this)};
   FrameRefresh refresh_{interfaceThread_, services_,
                         [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {

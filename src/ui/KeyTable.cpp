@@ -59,7 +59,9 @@ std::vector<KeyGroup> MakeTable() {
             {0, {}, &kLabelGestureDoubleClick, &kLabelDeedDoubleClick},
             {0, {}, &kLabelGestureRightClick, &kLabelDeedRightClick},
             {0, {}, &kLabelGestureDragRow, &kLabelDeedDragRow},
-            {0, {}, &kLabelGestureDragPosts, &kLabelScrap}}}};
+            {0, {}, &kLabelGestureDragPosts, &kLabelScrap},
+            {0, {}, &kLabelGestureDropList, &kLabelImportOpml},
+            {0, {}, &kLabelGestureDropAddress, &kLabelAddChannel}}}};
 }
 
 }  // namespace

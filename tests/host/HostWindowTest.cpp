@@ -54,6 +54,22 @@ TEST_F(HostWindowTest, ShowsTheModulesTextsInOneLineAsTheyAre) {
   EXPECT_TRUE(status.accessibleDescription().startsWith("똠방각하 <b>"));
 }
 
+TEST_F(HostWindowTest, LeavesDropsOnItsOwnPartsToTheModule) {
+  struct Frame : QWidget {
+    bool event(QEvent* event) override {
+      types.push_back(event->type());
+      return QWidget::event(event);
+    }
+    std::vector<QEvent::Type> types;
+  };
+  auto* const frame = new Frame;
+  window_->SetFrame(frame);
+  QMimeData data;
+  QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(window_->statusBar(), &enter);
+  EXPECT_EQ(frame->types.back(), QEvent::DragEnter);
+}
+
 TEST_F(HostWindowTest, ShowsHowFarARefreshIsAndStopsIt) {
   const auto& busy = *window_->statusBar()->findChild<QProgressBar*>();
   auto& stop = *window_->statusBar()->findChildren<QToolButton*>().last();

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QChildEvent>
+#include <QDropEvent>
+#include <QMimeData>
 
 #include "ui/browser/PageQuestions.h"
 
@@ -23,6 +25,27 @@ bool PageView::eventFilter(QObject* watched, QEvent* event) {
     if (static_cast<const QWidget*>(watched)->hasFocus()) KeepKeyboard();
   }
   return QWebEngineView::eventFilter(watched, event);
+}
+
+bool PageView::IsFromPage(const QDropEvent& event) const {
+  const QObject* source = event.source();
+  while (source != nullptr && source != this) source = source->parent();
+  return source != nullptr;
+}
+
+// An address from the page is accepted here, and refused with each move, so that the widgets around
+// the page are not asked.
+void PageView::dragEnterEvent(QDragEnterEvent* event) {
+  if (!IsFromPage(*event)) return event->ignore();
+  event->mimeData()->hasUrls() ? event->accept() : QWebEngineView::dragEnterEvent(event);
+}
+
+void PageView::dragMoveEvent(QDragMoveEvent* event) {
+  event->mimeData()->hasUrls() ? event->ignore() : QWebEngineView::dragMoveEvent(event);
+}
+
+void PageView::dropEvent(QDropEvent* event) {
+  event->mimeData()->hasUrls() ? event->ignore() : QWebEngineView::dropEvent(event);
 }
 
 // The toolkit looks for another widget when the one that has the keyboard is hidden, as does a page

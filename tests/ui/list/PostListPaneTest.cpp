@@ -257,7 +257,9 @@ TEST_F(CarefulListTest, ADragTakesTheSelectedPostsOrTheOneUnderItAndShowsNothing
   const auto drag = [this](int row) {
     const QPoint place = list_.visualRect(Index(row)).center();
     QTest::mousePress(list_.viewport(), Qt::LeftButton, {}, place);
-    QMouseEvent move(QEvent::MouseMove, place + QPoint(3, 30), {}, Qt::LeftButton, {});
+    const QPoint away = place + QPoint(3, 30);
+    QMouseEvent move(QEvent::MouseMove, away, list_.viewport()->mapToGlobal(away), Qt::NoButton,
+                     Qt::LeftButton, {});
     QCoreApplication::sendEvent(list_.viewport(), &move);
     const std::unique_ptr<QDrag> begun(list_.findChild<QDrag*>());  // off screen it has ended
     std::string taken;
