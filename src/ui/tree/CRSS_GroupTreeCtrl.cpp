@@ -119,6 +119,10 @@ void CRSS_GroupTreeCtrl::ShowUnreadOnly(bool isOn) {
   filter_->Set(isOn);
 }
 
+void CRSS_GroupTreeCtrl::RunChange(const std::function<void()>& change) {
+  filter_->RunChange(change);
+}
+
 void CRSS_GroupTreeCtrl::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
   QStyleOptionViewItem row = option;

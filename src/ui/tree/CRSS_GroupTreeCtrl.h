@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QTimer>
 #include <QTreeView>
+#include <functional>
 #include <optional>
 
 #include "controls/KeyRest.h"
@@ -42,6 +43,8 @@ class CRSS_GroupTreeCtrl : public QTreeView {
 
   // Shows all rows, or hides those without unread posts (UnreadFilter).
   void ShowUnreadOnly(bool isOn);
+  // Runs a change of many rows of the model.
+  void RunChange(const std::function<void()>& change);
 
  signals:
   // Emitted once for each click by which the user selects the row `index`, or clicks on it again,

@@ -137,7 +137,7 @@ void CRSS_LeftContainer::UpdateTree(const TreeContent& content) {
     tree_->ClearSelection();
     if (desk_.State().listShowsSelection) reading_.ListPosts(ListMode::Selection, {});
   }
-  model_.Update(content);
+  tree_->RunChange([&] { model_.Update(content); });
 }
 
 void CRSS_LeftContainer::ShowUndone(const std::optional<UndoableRow>& row) {

@@ -18,6 +18,13 @@
 namespace feedloom {
 namespace {
 
+// How many rows beside `row` are hidden, in the direction of `step`, and as it is negative or not.
+int HiddenBeside(const QTreeView& tree, const QModelIndex& row, int step) {
+  int next = row.row() + step;
+  while (tree.isRowHidden(next, row.parent())) next += step;
+  return next - step - row.row();
+}
+
 // The row that takes the place of `row` when that goes: below it, else above it, else its group.
 QModelIndex NextTo(const QTreeView& tree, const QModelIndex& row) {
   for (const int step : {1, -1}) {
@@ -142,7 +149,8 @@ void TreeCommands::Save(const DraggedPosts& posts, int cabinetId) {
 template <int steps>
 void TreeCommands::MoveBy() {
   const auto key = model_.KeyOf(row_);
-  const auto place = key ? StepFrom(model_.Groups(), *key, steps) : std::nullopt;
+  const int past = HiddenBeside(tree_, row_, steps);
+  const auto place = key ? StepFrom(model_.Groups(), *key, steps + past) : std::nullopt;
   if (place) MoveTo(*key, *place);
 }
 template void TreeCommands::MoveBy<-1>();

@@ -10,7 +10,9 @@ namespace feedloom {
 UnreadFilter::UnreadFilter(QTreeView& tree, const GroupTreeModel& model,
                            std::function<bool()> isOnTheWay)
     : QObject(&tree), tree_(tree), model_(model), isOnTheWay_(std::move(isOnTheWay)) {
-  connect(&model, &QAbstractItemModel::modelReset, this, &UnreadFilter::Sweep);
+  connect(&model, &QAbstractItemModel::modelReset, this, [this] {
+    if (isOn_) Sweep();
+  });
   connect(&model, &QAbstractItemModel::rowsInserted, this, &UnreadFilter::OnInserted);
   connect(&model, &QAbstractItemModel::rowsRemoved, this, &UnreadFilter::AwaitPause);
   connect(&model, &QAbstractItemModel::rowsMoved, this, &UnreadFilter::AwaitPause);
@@ -27,6 +29,18 @@ void UnreadFilter::Set(bool isOn) {
   isOn_ = isOn;
   pause_.stop();
   Sweep();
+}
+
+void UnreadFilter::RunChange(const std::function<void()>& change) {
+  if (!isOn_) return change();
+  KeepPlace([&] {
+    isOn_ = false;
+    HideRows();
+    change();
+    isOn_ = true;
+    HideRows();
+    return true;
+  });
 }
 
 int UnreadFilter::CountShown(const QModelIndex& group) const {
@@ -46,7 +60,6 @@ bool UnreadFilter::Stays(const QModelIndex& row, const Held& held) const {
   return group.kind == RowKind::CabinetRoot || group.unreadCount > 0;
 }
 
-// Returns whether that has changed anything.
 bool UnreadFilter::Hide(int row, const QModelIndex& group, bool isHidden) {
   if (tree_.isRowHidden(row, group) == isHidden) return false;
   tree_.setRowHidden(row, group, isHidden);
@@ -102,12 +115,22 @@ void UnreadFilter::AwaitPause() {
 }
 
 void UnreadFilter::Sweep() {
-  const QPersistentModelIndex anchor = Anchor();
-  const int before = tree_.visualRect(anchor).top();
+  KeepPlace([this] { return HideRows(); });
+}
+
+// Returns whether that has changed anything, as the next do.
+bool UnreadFilter::HideRows() {
   const Held held = HeldRows();
   bool hasChanged = false;
   for (int group = 0; group < model_.rowCount(); ++group) hasChanged |= HideGroup(group, held);
-  if (!hasChanged) return;
+  return hasChanged;
+}
+
+// `change` tells whether it has changed anything.
+void UnreadFilter::KeepPlace(const std::function<bool()>& change) {
+  const QPersistentModelIndex anchor = Anchor();
+  const int before = tree_.visualRect(anchor).top();
+  if (!change()) return;
   tree_.doItemsLayout();
   if (!anchor.isValid()) return;
   QScrollBar& bar = *tree_.verticalScrollBar();

@@ -24,6 +24,10 @@ class UnreadFilter : public QObject {
   // The filter is off at first.
   void Set(bool isOn);
 
+  // Runs a change of many rows. With 10,000 hidden rows the view would take long for each removal,
+  // so that they are shown meanwhile.
+  void RunChange(const std::function<void()>& change);
+
   // How many rows of a group are not hidden.
   int CountShown(const QModelIndex& group) const;
 
@@ -38,6 +42,7 @@ class UnreadFilter : public QObject {
   Held HeldRows() const { return {selected_, selected_.parent()}; }
   bool Stays(const QModelIndex& row, const Held& held) const;
   bool Hide(int row, const QModelIndex& group, bool isHidden);
+  bool HideRows();
   bool HideGroup(int number, const Held& held);
   void Show(const QModelIndex& row, const QModelIndex& group);
   void Follow(const QModelIndex& group, int first, int last);
@@ -45,6 +50,7 @@ class UnreadFilter : public QObject {
   void OnSelected();
   void AwaitPause();
   void Sweep();
+  void KeepPlace(const std::function<bool()>& change);
   QModelIndex Anchor() const;
 
   QTreeView& tree_;

@@ -42,6 +42,8 @@ TEST_F(UnreadOnlyTest, ARowGoesWhenItIsReadAndLeftAndComesBackWithAnUnreadPost) 
   EXPECT_EQ(RowsAfterAPause(),
             "News(1) [Daily] Weekly(1) Sports(2) Ball(2) 보관함(1) Keep(1) Later");
   EXPECT_EQ(pane->Subscriptions().size(), 2U) << "nothing but the view changes";
+  pane->UpdateTree(ReadTree(store).value());
+  EXPECT_EQ(RowsAfterAPause(), "News(2) [Daily(2)] 보관함(1) Keep(1) Later");
   pane->ShowTree(ReadTree(store).value());
   EXPECT_EQ(Rows(), "News(2) Daily(2) 보관함(1) Keep(1) Later");
   Turn(false);
@@ -61,6 +63,8 @@ TEST_F(UnreadOnlyTest, WhatIsHiddenIsCountedInAQuestionAndNotSelectedBehindADele
   pane->RecountUnread(false);
   Click(PlaceOf("Daily"));
   EXPECT_EQ(RowsAfterAPause(), "News(3) [Daily(2)] Yearly(1) 보관함(1) Keep(1) Later");
+  pane->Run(kCommandMoveDown);
+  EXPECT_EQ(RowsAfterAPause(), "News(3) Yearly(1) [Daily(2)] 보관함(1) Keep(1) Later");
   Choose("Daily", kCommandDeleteChild);
   EXPECT_EQ(frame.askedMore, "") << "all of its posts are unread";
   EXPECT_EQ(RowsAfterAPause(), "News(1) [Yearly(1)] 보관함(1) Keep(1) Later");
