@@ -63,7 +63,6 @@ class Transfer {
            TransferHandles& handles, bool newConnection)
       : request_(request),
         login_(login),
-        address_(login ? UrlWithoutLogin(request.address) : request.address),
         host_(UrlHost(request.address)),
         multi_(handles.multi.get()),
         easy_(handles.easy.get()) {
@@ -109,10 +108,10 @@ class Transfer {
  private:
   void SetTarget() {
     if (request_.rawQuery) {
-      url_ = RawAddress(address_, *request_.rawQuery);
+      url_ = RawAddress(request_.address, *request_.rawQuery);
       Set(CURLOPT_CURLU, url_.get());  // null makes the transfer fail
     } else {
-      Set(CURLOPT_URL, address_.c_str());
+      Set(CURLOPT_URL, request_.address.c_str());
     }
     Set(CURLOPT_PROTOCOLS_STR, request_.allowFile ? "http,https,file" : "http,https");
     Set(CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
@@ -228,10 +227,10 @@ class Transfer {
     return (ways & kLoginWays) != 0;
   }
 
-  // Whether the server of `address` was sent a login.
+  // Whether the server of `address` was sent a login. The library prefers login_ to the address's.
   bool WasSent(const std::string& address) const {
-    const bool hasLogin = login_ || UrlWithoutLogin(address_) != address_;
-    return hasLogin && UrlOrigin(address) == UrlOrigin(address_);
+    const bool hasLogin = login_ || UrlWithoutLogin(request_.address) != request_.address;
+    return hasLogin && UrlOrigin(address) == UrlOrigin(request_.address);
   }
 
   std::string EffectiveAddress() const {
@@ -304,7 +303,6 @@ class Transfer {
 
   const TransferRequest& request_;
   const std::optional<HostLogin>& login_;
-  const std::string address_;
   const std::string host_;
   char errorText_[CURL_ERROR_SIZE] = "";
   UrlHandle url_;
