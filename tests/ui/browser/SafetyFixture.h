@@ -31,12 +31,15 @@ struct Safety : BrowserFixture {
   }
   ~Safety() override { plainView_.setParent(nullptr); }
 
-  // The page of a post that is harmless but for one of its five texts.
+  static constexpr std::size_t kFields = 7;
+  // The page of a post that is harmless but for one of its kFields texts.
   static QByteArray Built(PageKind kind, std::size_t field, const QByteArray& hostile) {
-    std::string f[] = {"A title", "http://h/post", "Words", "2024-05-06 07:08:09", "http://h/feed"};
+    std::string f[kFields] = {"A title",       "http://h/post", "Words", "2024-05-06 07:08:09",
+                              "http://h/feed", "An author",     "news"};
     f[field] = hostile.toStdString();
     const auto build = kind == PageKind::Podcast ? BuildPodcastPreviewPage : BuildPostPreviewPage;
-    return Bytes(build(1, {f[0]}, {f[1]}, {f[2]}, {f[3]}, {f[4]}, true, {}, "utf-8"));
+    return Bytes(build(1, {f[0]}, {f[1]}, {f[2]}, {f[3]}, {f[4]}, true, {}, "utf-8",
+                       {{.authors = {f[5]}, .categories = {f[6]}}}));
   }
   static QByteArray Post(const QByteArray& text) { return Built(PageKind::Post, 2, text); }
   static QByteArray Player(const QByteArray& link) {

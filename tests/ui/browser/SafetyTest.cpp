@@ -25,7 +25,7 @@ const Attacks kFrames = List(R"--(
 
 TEST_F(Safety, NothingRunsFromAnyFieldOfAPost) {
   const QByteArray all = "\">" + Html(kAttacks + kFrames);
-  for (std::size_t field = 0; field < 5; ++field) {
+  for (std::size_t field = 0; field < kFields; ++field) {
     ShowAndSettle(Built(PageKind::Post, field, all));
     ShowAndSettle(Built(PageKind::Podcast, field, all), PageKind::Podcast);
   }
@@ -55,7 +55,7 @@ TEST_F(Safety, NothingNavigatesByItself) {
        {Url("/web"), Url("/ID_BTN_RSSADD?0"), QString("ID_BTN_RSSSCRAP?0")}) {
     const QByteArray refresh =
         "\"><meta http-equiv=refresh content=\"0;url=" + target.toUtf8() + "\">";
-    for (std::size_t field = 0; field < 5; ++field)
+    for (std::size_t field = 0; field < kFields; ++field)
       ShowAndSettle(Built(PageKind::Podcast, field, refresh), PageKind::Podcast);
     ShowAndSettle(Player(refresh), PageKind::Player);
     QSignalSpy left(&plain_, &QWebEnginePage::urlChanged);
