@@ -62,7 +62,7 @@ TEST_F(Importer, TellsEachRowAndTheEndOneImportAfterTheOtherWhileARefreshAddsPos
   ASSERT_TRUE(inbox_.DoUntil([&] { return ends_ == 4; }));
   ASSERT_TRUE(host.WaitFor(kMessageRefreshEnded));
   EXPECT_EQ(news_,
-            "A(1): 1=c1 1=c2 2 added this is not OPML A-1(2): 2=c1 1 added "
+            "this is not OPML A(1): 1=c1 1=c2 2 added A-1(2): 2=c1 1 added "
             "the system refuses another thread ");
   EXPECT_EQ(kit_.db.Reports(), std::vector<std::string>());
   EXPECT_EQ(kit_.db.Count("TB_CHANNEL") + kit_.db.Count("TB_POST"), 104);
