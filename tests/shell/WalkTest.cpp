@@ -67,7 +67,7 @@ struct Walk : WalkFixture, testing::WithParamInterface<unsigned> {
     const std::array keys{Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier};
     const QModelIndex row = PickRow(view);
     const auto key = PickOf(keys);
-    Tell(QKeySequence(key).toString());
+    Tell(QKeySequence(static_cast<int>(key)).toString());
     if (row.isValid())
       QTest::mouseClick(view.viewport(), Qt::LeftButton, key, view.visualRect(row).center());
   }
@@ -215,7 +215,8 @@ constexpr Action kActions[] = {{"click tree", 10, &Walk::ClickTree},
 
 void Walk::Act() {
   std::vector<const Action*> chances;
-  for (const Action& action : kActions) chances.insert(chances.end(), action.weight, &action);
+  for (const Action& action : kActions)
+    chances.insert(chances.end(), static_cast<std::size_t>(action.weight), &action);
   const Action& action = *PickOf(chances);
   story_ << action.name;
   (this->*action.act)();

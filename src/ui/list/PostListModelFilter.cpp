@@ -40,10 +40,10 @@ void PostListModel::BringBack() {
 
 void PostListModel::SetAside(const PostFilter& filter) {
   if (!filter.isUnreadOnly) return;
-  const auto hidden = std::ranges::stable_partition(
-      posts_, [&](const PackedPost& post) { return !filter.Hides(post); });
-  aside_.insert(aside_.end(), std::move_iterator(hidden.begin()), std::move_iterator(hidden.end()));
-  posts_.erase(hidden.begin(), hidden.end());
+  const auto hidden = std::stable_partition(
+      posts_.begin(), posts_.end(), [&](const PackedPost& post) { return !filter.Hides(post); });
+  aside_.insert(aside_.end(), std::move_iterator(hidden), std::move_iterator(posts_.end()));
+  posts_.erase(hidden, posts_.end());
 }
 
 }  // namespace feedloom
