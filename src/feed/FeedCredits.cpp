@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
-#include "feed/FeedTexts.h"
 #include "text/Text.h"
 
 namespace feedloom {
 namespace {
 
 constexpr std::size_t kLongestName = 200;
-constexpr std::size_t kMostNames = 20;
+constexpr std::ptrdiff_t kMostNames = 20;
 
 // An RSS author is "address (name)"; the name is what a reader wants to see.
 std::string_view WithoutMailAddress(std::string_view author) {
@@ -19,42 +18,54 @@ std::string_view WithoutMailAddress(std::string_view author) {
   return author.substr(open + 1, author.size() - open - 2);
 }
 
-std::string AuthorName(const XmlElement& author, const FeedTexts& texts) {
+std::string AuthorName(const XmlElement& author) {
   const XmlElement name = author.FirstDescendant("name");
-  return name ? texts.Text(name) : std::string(WithoutMailAddress(texts.Text(author)));
+  return name ? name.Text() : std::string(WithoutMailAddress(author.Text()));
 }
 
-std::string CategoryName(const XmlElement& category, const FeedTexts& texts) {
+std::string CategoryName(const XmlElement& category) {
   for (const std::string_view attribute : {"label", "term"}) {
-    std::string name = texts.Attribute(category, attribute);
-    if (!name.empty()) return name;
+    const auto name = category.Attribute(attribute);
+    if (name && !name->empty()) return *name;
   }
-  return texts.Text(category);
+  return category.Text();
+}
+
+bool HoldsLine(std::string_view lines, std::string_view line) {
+  for (auto at = lines.find(line); at != lines.npos; at = lines.find(line, at + 1)) {
+    const std::size_t end = at + line.size();
+    const bool begins = at == 0 || lines[at - 1] == '\n';
+    if (begins && (end == lines.size() || lines[end] == '\n')) return true;
+  }
+  return false;
 }
 
 }  // namespace
 
-void AddName(std::vector<std::string>& names, std::string_view text) {
+void AddName(std::string& names, std::string_view text) {
   std::string name(Trim(text));
   std::ranges::replace_if(
       name, [](char c) { return c >= '\0' && c < ' '; }, ' ');
-  const bool isTaken = !name.empty() && name.size() <= kLongestName && names.size() < kMostNames;
-  if (isTaken && std::ranges::find(names, name) == names.end()) names.push_back(std::move(name));
+  if (name.empty() || name.size() > kLongestName || HoldsLine(names, name)) return;
+  if (!names.empty() && std::ranges::count(names, '\n') + 1 >= kMostNames) return;
+  if (!names.empty()) names += '\n';
+  names += name;
 }
 
+// Conversions cost more for many short texts than for a long one, so each list is converted whole.
 void ReadCredits(const XmlElement& element, const FeedReading& reading, FeedItem& item) {
-  const FeedTexts texts(reading);
+  std::string authors, categories;
   for (const std::string_view name : {"dc:creator", "author", "itunes:author"}) {
-    if (!item.authors.empty()) break;
-    for (const XmlElement& author : element.Children(name)) {
-      AddName(item.authors, AuthorName(author, texts));
-    }
+    if (!authors.empty()) break;
+    for (const XmlElement& author : element.Children(name)) AddName(authors, AuthorName(author));
   }
   for (const std::string_view name : {"category", "dc:subject"}) {
     for (const XmlElement& category : element.Children(name)) {
-      AddName(item.categories, CategoryName(category, texts));
+      AddName(categories, CategoryName(category));
     }
   }
+  item.authors = reading.codePage.FromUtf8(authors);
+  item.categories = reading.codePage.FromUtf8(categories);
 }
 
 }  // namespace feedloom

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "text/CodePage.h"
 
@@ -41,8 +40,8 @@ struct FeedItem {
   std::string description;
   FeedVariants variants;
   std::string writtenLink = {};  // as the document writes it, when `link` was made absolute
-  std::vector<std::string> authors = {};
-  std::vector<std::string> categories = {};
+  std::string authors = {};      // one a line
+  std::string categories = {};   // one a line
 };
 
 // How a document is read.

@@ -34,7 +34,7 @@ struct JsonAttachment {
 // An item as the document has it, in UTF-8.
 struct JsonItem {
   std::string id, url, externalUrl, title, html, text, summary, image, banner, published, modified;
-  std::vector<std::string> authors, tags;
+  std::string authors, tags;  // one a line
   JsonAttachment media;
 };
 
@@ -58,10 +58,9 @@ constexpr Field<JsonItem> kItemFields[] = {{"/items/*/id", &JsonItem::id},
 constexpr Field<JsonAttachment> kAttachmentFields[] = {
     {"/items/*/attachments/*/url", &JsonAttachment::url},
     {"/items/*/attachments/*/mime_type", &JsonAttachment::type}};
-constexpr std::pair<std::string_view, std::vector<std::string> JsonItem::*> kItemLists[] = {
-    {"/items/*/author/name", &JsonItem::authors},
-    {"/items/*/authors/*/name", &JsonItem::authors},
-    {"/items/*/tags/*", &JsonItem::tags}};
+constexpr Field<JsonItem> kItemLists[] = {{"/items/*/author/name", &JsonItem::authors},
+                                          {"/items/*/authors/*/name", &JsonItem::authors},
+                                          {"/items/*/tags/*", &JsonItem::tags}};
 
 template <typename Fields, typename Owner>
 void Fill(const Fields& fields, std::string_view path, Owner& owner, std::string& value) {
@@ -92,8 +91,8 @@ FeedItem ToItem(const JsonItem& json, const FeedReading& reading) {
   item.description = text(json.html.empty() ? MarkupOfText(FirstOf({&json.text, &json.summary}))
                                             : StorableMarkup(json.html));
   AddPicture(AbsoluteAddress(reading.address, FirstOf({&json.image, &json.banner})), item);
-  for (const std::string& name : json.authors) AddName(item.authors, text(name));
-  for (const std::string& name : json.tags) AddName(item.categories, text(name));
+  item.authors = text(json.authors);
+  item.categories = text(json.tags);
   return item;
 }
 

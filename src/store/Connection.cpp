@@ -27,6 +27,34 @@ void Like(sqlite3_context* context, int, sqlite3_value** arguments) {
                                           store->TextCodePage()));
 }
 
+// A statement with parameters, which is read once and run often.
+class BoundStatement {
+ public:
+  // An empty `sql` is never run.
+  BoundStatement(sqlite3* database, const std::string& sql) {
+    if (!sql.empty()) sqlite3_prepare_v2(database, sql.c_str(), -1, &statement_, nullptr);
+  }
+  ~BoundStatement() { sqlite3_finalize(statement_); }
+  BoundStatement(const BoundStatement&) = delete;
+  BoundStatement& operator=(const BoundStatement&) = delete;
+
+  // Runs it with ?1 = `id` and ?2 on = `texts`. False after a failure, also of its reading.
+  bool Run(int id, const std::vector<std::string>& texts) {
+    if (statement_ == nullptr) return false;
+    sqlite3_bind_int(statement_, 1, id);
+    for (int i = 0; i < static_cast<int>(texts.size()); ++i) {
+      const std::string& text = texts[static_cast<std::size_t>(i)];
+      sqlite3_bind_text(statement_, i + 2, text.data(), static_cast<int>(text.size()),
+                        SQLITE_STATIC);
+    }
+    const bool isDone = sqlite3_step(statement_) == SQLITE_DONE;
+    return sqlite3_reset(statement_) == SQLITE_OK && isDone;
+  }
+
+ private:
+  sqlite3_stmt* statement_ = nullptr;
+};
+
 int WaitForOtherProgram(void* store, int tries) FEEDLOOM_NO_THREAD_SAFETY_ANALYSIS {
   return static_cast<Store*>(store)->WaitForOtherProgram(tries) ? 1 : 0;
 }
@@ -115,35 +143,39 @@ bool Connection::Execute(const std::string& sql) {
 }
 
 Changes Connection::ExecuteTogether(std::span<const std::string> statements,
-                                    const std::string& addition) {
+                                    const Companions& companions) {
   Changes changes;
   std::vector<std::string> failures;
-  Paced([&] { changes = Transact(statements, addition, failures); });
+  Paced([&] { changes = Transact(statements, companions, failures); });
   for (const std::string& failure : failures) store_.ReportStoreError(failure);
   return changes;
 }
 
 // The transaction takes the write lock at its beginning, where it can still wait for another
 // program. After a rollback by SQLite it begins again with the next statement.
-Changes Connection::Transact(std::span<const std::string> statements, const std::string& addition,
+Changes Connection::Transact(std::span<const std::string> statements, const Companions& companions,
                              std::vector<std::string>& failures) {
   Changes changes;
-  for (const std::string& sql : statements) {
+  BoundStatement companion(handle_, companions.sql);
+  for (std::size_t i = 0; i < statements.size(); ++i) {
     if (sqlite3_get_autocommit(handle_) != 0) {
       changes = {0, changes.failed + changes.rows};
       if (!Step("Begin Immediate", failures)) return {0, static_cast<int>(statements.size())};
     }
-    if (Step(sql.c_str(), failures)) {
+    if (Step(statements[i].c_str(), failures)) {
       changes.rows += sqlite3_changes(handle_);
       if (sqlite3_changes(handle_) == 1) {
         changes.inserted.push_back(static_cast<int>(sqlite3_last_insert_rowid(handle_)));
+        const bool isAlone = i >= companions.texts.size() || companions.texts[i].empty();
+        if (!isAlone && !companion.Run(changes.inserted.back(), companions.texts[i])) {
+          failures.emplace_back(sqlite3_errmsg(handle_));
+        }
       }
     } else {
       ++changes.failed;
     }
   }
   if (sqlite3_get_autocommit(handle_) == 0) {
-    if (!addition.empty()) Step(addition.c_str(), failures);
     if (Step("Commit", failures)) return changes;
     Step("Rollback", failures);
   }

@@ -45,6 +45,13 @@ struct Changes {
   std::vector<int> inserted{};  // when the statements insert one row each: the ids of those rows
 };
 
+// Rows that come with those that statements insert, in the same transaction. They count nowhere,
+// and when one fails, which is reported, the row that it comes with stays.
+struct Companions {
+  std::string sql = {};  // inserts one; ?1 is the inserted row's id, ?2 and the next are texts
+  std::vector<std::vector<std::string>> texts = {};  // for each statement; empty: no companion
+};
+
 // A connection to the database. An object belongs to one thread.
 class Connection {
  public:
@@ -66,10 +73,8 @@ class Connection {
   // Runs each of `statements` (complete ones) even after one has failed, together as one
   // transaction under one hold of the store's lock. Failures are reported behind the last one. When
   // SQLite rolls the transaction back by itself (a full disk), the rows so far are lost.
-  // `addition`, if there is one, comes last in the transaction; it counts nowhere, and when it
-  // fails the others stay.
   Changes ExecuteTogether(std::span<const std::string> statements,
-                          const std::string& addition = "");
+                          const Companions& companions = {});
 
   // While the object lives, the statements of `connection` are one operation: the store's pauses
   // come once, before the first statement and behind the last one.
@@ -92,7 +97,7 @@ class Connection {
   void Paced(Statements statements);
   template <typename Statement>
   bool Run(Statement statement);
-  Changes Transact(std::span<const std::string> statements, const std::string& addition,
+  Changes Transact(std::span<const std::string> statements, const Companions& companions,
                    std::vector<std::string>& failures);
   bool Step(const char* sql, std::vector<std::string>& failures);
 

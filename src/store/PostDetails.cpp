@@ -1,43 +1,22 @@
 #include "store/PostDetails.h"
 
-#include <fmt/format.h>
-
-#include <sstream>
-
 #include "store/SqlText.h"
 
 namespace feedloom {
-namespace {
-
-std::vector<std::string> Lines(const std::string& text) {
-  std::istringstream stream(text);
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(stream, line);) lines.push_back(std::move(line));
-  return lines;
-}
-
-// The names for a place between single quotes in a statement.
-std::string Joined(const std::vector<std::string>& names) {
-  return EscapeSqlText(fmt::format("{}", fmt::join(names, "\n")));
-}
-
-}  // namespace
 
 bool KeepsPostDetails(Connection& connection) { return HasTable(connection, "TB_POST_DETAIL"); }
 
-std::string InsertDetailsStatement(int channelId, std::span<const NewPost* const> posts) {
-  std::string values;
+Companions DetailsOf(const std::vector<const NewPost*>& posts) {
+  Companions companions{
+      "Insert Or Ignore Into TB_POST_DETAIL(post_detail_postID, post_detail_authors, "
+      "post_detail_categories) Values(?1, ?2, ?3)"};
   for (const NewPost* const post : posts) {
+    const auto& [authors, categories] = post->details;
+    companions.texts.emplace_back();
     if (post->details.AreEmpty()) continue;
-    values += values.empty() ? "" : ",";
-    values += "('" + EscapeSqlText(post->link) + "','" + Joined(post->details.authors) + "','" +
-              Joined(post->details.categories) + "')";
+    companions.texts.back() = {UnescapeEntities(authors), UnescapeEntities(categories)};
   }
-  if (values.empty()) return "";
-  return "Insert Or Ignore Into TB_POST_DETAIL(post_detail_postID, post_detail_authors, "
-         "post_detail_categories) Select post_id, column2, column3 From (Values" +
-         values + ") Cross Join TB_POST Where post_channelID = " + std::to_string(channelId) +
-         " And post_link = column1;";
+  return companions;
 }
 
 PostDetails FindPostDetails(Store& store, int postId, const std::string& link) {
@@ -50,7 +29,7 @@ PostDetails FindPostDetails(Store& store, int postId, const std::string& link) {
                 "Join TB_POST On post_id = post_detail_postID Where post_id = %d",
                 postId));
   if (!table || table->Rows() == 0 || table->Text(0, 2) != link) return {};
-  return {Lines(table->Text(0, 0)), Lines(table->Text(0, 1))};
+  return {table->Text(0, 0), table->Text(0, 1)};
 }
 
 }  // namespace feedloom

@@ -2,8 +2,8 @@
 // table keeps none.
 #pragma once
 
-#include <span>
 #include <string>
+#include <vector>
 
 #include "store/Connection.h"
 #include "store/Rows.h"
@@ -12,10 +12,8 @@ namespace feedloom {
 
 bool KeepsPostDetails(Connection& connection);
 
-// The statement that keeps the details of these posts of the channel, once they are stored; empty
-// when none has any. A row that there is stays. One statement for many posts, because a statement
-// takes SQLite longer to read than to run.
-std::string InsertDetailsStatement(int channelId, std::span<const NewPost* const> posts);
+// The companions of the statements that insert `posts`, one post each.
+Companions DetailsOf(const std::vector<const NewPost*>& posts);
 
 // Those of the post with this id and link; empty ones when there is none, and after a failure,
 // which is reported. Any thread.

@@ -202,8 +202,7 @@ Changes InsertChannelPosts(Connection& connection, const ChannelRecord& record,
     const Slice full = std::exchange(slice, {});
     if (!keepsDetails && full.HasDetails()) keepsDetails = KeepsPostDetails(connection);
     const Changes changes = connection.ExecuteTogether(
-        full.statements,
-        keepsDetails.value_or(false) ? InsertDetailsStatement(record.id, full.posts) : "");
+        full.statements, keepsDetails.value_or(false) ? DetailsOf(full.posts) : Companions());
     all.rows += changes.rows;
     all.failed += changes.failed;
     all.inserted.insert(all.inserted.end(), changes.inserted.begin(), changes.inserted.end());

@@ -67,12 +67,12 @@ struct CabinetWithPosts {
   std::vector<PostRow> posts;
 };
 
-// Who wrote a post, and what it is about: plain texts of one line.
+// Who wrote a post, and what it is about: plain texts, a name a line.
 struct PostDetails {
   bool AreEmpty() const { return authors.empty() && categories.empty(); }
 
-  std::vector<std::string> authors = {};
-  std::vector<std::string> categories = {};
+  std::string authors = {};
+  std::string categories = {};
 };
 
 // A post to be added to the store.

@@ -24,6 +24,7 @@ constexpr Entity kEntities[] = {
 
 std::string UnescapeEntities(std::string_view text) {
   std::string result(text);
+  if (text.find('&') == text.npos) return result;
   for (const auto& [written, meant] : kEntities) {
     if (result.find(written) != std::string::npos) result = ReplaceAll(result, written, meant);
   }

@@ -6,6 +6,7 @@
 #include "feed/FeedParser.h"
 #include "kit/Rows.h"
 #include "kit/TempFolder.h"
+#include "text/Text.h"
 
 namespace feedloom {
 
@@ -155,7 +156,7 @@ TEST_F(Items, TellTheirAuthorsAndCategories) {
     FeedParser parser({CodePage::Utf8(), true});
     EXPECT_EQ(Parse(parser, document), kParsed);
     const FeedItem& item = parser.Items().at(0);
-    return fmt::format("{}|{}", fmt::join(item.authors, ","), fmt::join(item.categories, ","));
+    return ReplaceAll(item.authors + "|" + item.categories, "\n", ",");
   };
   const std::string many = Repeated("<category>x</category>", 30),
                     rss =

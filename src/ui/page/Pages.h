@@ -20,11 +20,11 @@ namespace feedloom {
 
 using PageTexts = std::vector<std::string>;
 
-// Who wrote a post, and what it is about: plain texts, which are escaped in the page. Empty ones
-// leave no trace in it.
+// Who wrote a post, and what it is about: plain texts, a name a line, which are escaped in the
+// page. Empty ones leave no trace in it.
 struct PageCredits {
-  PageTexts authors;
-  PageTexts categories;
+  std::string authors;
+  std::string categories;
 };
 
 // The charset name of `codePage` for the pages: "euc-kr" or "utf-8".

@@ -5,6 +5,7 @@
 #include <numeric>
 #include <utility>
 
+#include "text/Text.h"
 #include "ui/page/EscapedText.h"
 #include "ui/page/Pages.h"
 
@@ -99,10 +100,10 @@ constexpr PreviewShape kPodcastShape = {
     R"(<td><font color="#999999" size="2"><a href="{0}">{0}</a></font></td></tr></table></td></tr>)"};
 
 void AppendCredits(std::string& page, std::string_view kind, std::size_t number,
-                   const PageTexts& names) {
+                   std::string_view names) {
   if (names.empty()) return;
   fmt::format_to(std::back_inserter(page), kCreditsRow, kind, number,
-                 EscapedText(fmt::format("{}", fmt::join(names, ", "))));
+                 EscapedText(ReplaceAll(names, "\n", ", ")));
 }
 
 void AppendPost(std::string& page, const PreviewShape& shape, const PagePost& post,

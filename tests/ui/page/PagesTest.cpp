@@ -45,7 +45,7 @@ TEST(PreviewPageTest, NamesAuthorsBelowTheHeadingAndCategoriesBehindTheText) {
     const auto page = [&](const PageCredits& credits) {
       return build(1, {"t"}, {"l"}, {"words"}, {"date"}, {}, false, kSkin, "utf-8", {credits});
     };
-    const std::string plain = page({}), full = page({{"A <b>", "B"}, {"c&\""}});
+    const std::string plain = page({}), full = page({"A <b>\nB", "c&\""});
     const auto author = full.find(
                    "<div id=\"author-0\" align=\"left\"><font color=\"#999999\" "
                    "size=\"2\">A &lt;b>, B</font></div>"),
