@@ -10,6 +10,7 @@
 
 #include "bench/Goals.h"
 #include "bench/StoreContents.h"
+#include "ui/Commands.h"
 #include "ui/Fakes.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftContainer.h"
@@ -51,8 +52,8 @@ void LoadAndPaint(benchmark::State& state, Pane& full) {
 void UpdateTwice(benchmark::State& state, Pane& full) {
   for (auto _ : state) {
     full.frame.queue.RemoveWaiting();
-    full.pane->RefreshAll();
-    full.pane->RefreshAll();
+    full.pane->Run(kCommandRefreshAll);
+    full.pane->Run(kCommandRefreshAll);
   }
   int queued = 0;
   while (const auto entry = full.frame.queue.Claim()) {

@@ -129,7 +129,7 @@ QByteArray HeadOf(const std::string& text, PageKind kind) {
       kind == PageKind::Player
           ? BuildPodcastPlayerPage(text, text, text, text, {})
           : BuildPostPreviewPage(1, texts, texts, texts, texts, texts, true, {}, "utf-8");
-  const QByteArray page = WithHead(QByteArray::fromStdString(html), kind, true, "");
+  const QByteArray page = WithHead(QByteArray::fromStdString(html), kind, true, {});
   const qsizetype policy = page.indexOf("<meta http-equiv=\"Content-Security-Policy\"");
   Require(policy >= 0, "each page has a policy");
   return page.left(policy);
