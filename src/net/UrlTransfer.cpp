@@ -124,7 +124,9 @@ class Transfer {
   }
 
   void SetLogin() {
-    Set(CURLOPT_COOKIEFILE, "");  // cookies are kept in memory
+    // A cookie that has expired begins to keep cookies in memory. CURLOPT_COOKIEFILE would lose its
+    // memory when the handle is reset.
+    Set(CURLOPT_COOKIELIST, "Set-Cookie: a=; expires=Thu, 01 Jan 1970 00:00:00 GMT");
     Set(CURLOPT_UNRESTRICTED_AUTH, 0L);
     if (!login_) return;
     Set(CURLOPT_HTTPAUTH, kLoginWays);
