@@ -106,7 +106,15 @@ void HostWindow::MakeMenu(const ViewChoices& view) {
   AddEntry(file, kHostTextMenuQuit, [this] { close(); }).setShortcut(Qt::CTRL | Qt::Key_Q);
   MakeViewMenu(view);
   QMenu& help = *menuBar()->addMenu(HostText(kHostTextMenuHelp));
+  MakeKeysEntry(help);
   AddEntry(help, kHostTextMenuAbout, [this] { ShowAbout(); });
+}
+
+// The module listens to the key in its frame; here the key is shown, and used in the menu bar only.
+void HostWindow::MakeKeysEntry(QMenu& menu) {
+  QAction& entry = AddEntry(menu, kHostTextMenuKeys, [this] { SendToFrame(kMessageShowKeys); });
+  entry.setShortcut(Qt::Key_F1);
+  entry.setShortcutContext(Qt::WidgetShortcut);
 }
 
 // It is grey from the click on until another refresh begins.

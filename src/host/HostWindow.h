@@ -78,6 +78,7 @@ class HostWindow : public QMainWindow {
   void AddListPlace(QMenu& menu, QActionGroup& group, const char* textKey, ListPlace place,
                     bool isChosen);
   void MakeUnreadEntry(QMenu& menu);
+  void MakeKeysEntry(QMenu& menu);
   void MakeStopEntry(QMenu& menu);
   void MakeStatusBar();
   // `isRunning` tells whether a refresh runs.

@@ -25,6 +25,7 @@
 #include "ui/browser/CRSS_RightBottomContainer.h"
 #include "ui/browser/EngineProxy.h"
 #include "ui/dialogs/Dialogs.h"
+#include "ui/dialogs/KeySheet.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
 #include "ui/panel/ControlPanel.h"
@@ -236,6 +237,9 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       break;
     case kMessageUndo:
       left_->Run(kCommandUndo);
+      break;
+    case kMessageShowKeys:
+      ShowKeySheet(skin_, this);
       break;
     case kMessageShowUnreadOnly:
       if (wParam == 0 || wParam == 1) ShowUnreadOnly(wParam == 1);

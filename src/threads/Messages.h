@@ -34,6 +34,7 @@ enum Message : unsigned {
   kMessageViewChanged = 0x307D,
   kMessageStopRefresh = 0x307E,
   kMessageUndo = 0x307F,
+  kMessageShowKeys = 0x3082,
 
   // From the host to the frame: show only unread posts (wParam 1) or all of them (0); another
   // wParam changes nothing. The answer is 1 while only unread ones are shown, otherwise 0.

@@ -1,9 +1,11 @@
 // What every pane and dialog needs of the frame that contains it.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "controls/CMsgBox.h"
+#include "skin/Keys.h"
 #include "skin/Skin.h"
 #include "store/Store.h"
 #include "ui/SharedState.h"
@@ -35,5 +37,11 @@ class Desk {
   // As ShowTextMessage with a question of the module's section; `more` stands below it.
   virtual MsgBoxAnswer Ask(const char* key, std::string_view more, MsgBoxKind kind) = 0;
 };
+
+// Reports the host's text with this key of the module's section; does nothing when it has none.
+inline void TellText(Desk& desk, const char* key) {
+  const std::string text = desk.GetSkin().GetText(kSectionTexts, key);
+  if (!text.empty()) desk.ReportMessage(text);
+}
 
 }  // namespace feedloom

@@ -122,7 +122,7 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
             "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E)  "
             "목록을 글 위에(&T) 목록을 글 옆에(&B)*  읽지 않은 글만 보기(&U) 링크를 시스템 "
             "브라우저에서 열기(&S) "
-            "도움말(&H) Feedloom 정보(&A) ");
+            "도움말(&H) 키와 동작(&K)…F1 Feedloom 정보(&A) ");
   QObject::connect(window_.get(), &HostWindow::Closing, [&] { told << "closing"; });
   QObject::connect(window_.get(), &HostWindow::AppearanceChosen, [&](const Appearance& chosen) {
     told << QString::fromStdString(chosen.skin + " " + chosen.language);

@@ -35,10 +35,12 @@ void CRSS_RightBottomContainer::RunCommand(int command) {
 }
 
 void CRSS_RightBottomContainer::OpenPost() {
-  if (!shownPost_) return;
+  if (!shownPost_) return TellText(desk_, kTextNothingSelected);
+  if (shownPost_->post.link.empty()) return TellText(desk_, kTextNoPostLink);
   const std::string& link = shownPost_->post.link;
   const QUrl address(ToQString(desk_.GetStore().TextCodePage(), link));
-  if (IsWebAddress(address)) return commands_->OpenExternally(address);
+  const bool isMail = address.scheme() == QLatin1String("mailto");
+  if (IsWebAddress(address) || isMail) return commands_->OpenExternally(address);
   desk_.ReportMessage(
       StatusText(desk_.GetSkin(), BrowserReport::LinkRefused, address.toDisplayString()));
 }

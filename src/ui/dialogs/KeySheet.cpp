@@ -1,5 +1,6 @@
 #include "ui/dialogs/KeySheet.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -17,7 +18,7 @@ namespace {
 constexpr QSize kFirstSize(620, 560);
 constexpr int kMargin = 20;
 constexpr int kGap = 12;
-constexpr int kKeyWidth = 180;
+constexpr int kRowGap = 10;  // beside the letters' height
 
 QString KeysText(const Skin& skin, const KeyRow& row) {
   return row.gesture != nullptr
@@ -33,7 +34,8 @@ class KeySheet : public CVxDialog {
     list_.setColumnCount(2);
     list_.setHeaderHidden(true);
     list_.setRootIsDecorated(false);
-    list_.setColumnWidth(0, kKeyWidth);
+    list_.setUniformRowHeights(true);
+    list_.header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     for (const KeyGroup& group : KeyTable()) Add(group);
     list_.expandAll();
     LayOut();
@@ -47,6 +49,7 @@ class KeySheet : public CVxDialog {
     QFont bold = font();
     bold.setBold(true);
     title->setFont(0, bold);
+    title->setSizeHint(0, {0, fontMetrics().height() + kRowGap});
     for (const KeyRow& row : group.rows) {
       new QTreeWidgetItem(title, {KeysText(GetSkin(), row), SkinText(GetSkin(), *row.deed)});
     }
@@ -68,7 +71,7 @@ class KeySheet : public CVxDialog {
 }  // namespace
 
 void ShowKeySheet(const Skin& skin, QWidget* parent) {
-  RunDialog(new KeySheet(skin, parent), [] {});
+  if (QApplication::activeModalWidget() == nullptr) RunDialog(new KeySheet(skin, parent), [] {});
 }
 
 }  // namespace feedloom

@@ -8,7 +8,7 @@ namespace feedloom {
 class Skin;
 
 // Shows the rows of KeyTable in a dialog over `parent`, and returns when it is closed. Does nothing
-// else. Interface thread.
+// while another dialog is open. Interface thread.
 void ShowKeySheet(const Skin& skin, QWidget* parent);
 
 }  // namespace feedloom

@@ -84,6 +84,7 @@ void PostCommands::GoToUnread(bool forward) {
 void PostCommands::Run(int command, const std::optional<MenuPost>& post) {
   rest_.Settle();
   menuPost_ = post;
+  if (const char* const reason = WhyNot(command)) return TellText(desk_, reason);
   switch (command) {
     case kCommandMarkRead:
       return MarkSelected(1);
@@ -111,6 +112,11 @@ std::optional<Menu> PostCommands::ContextMenu(const QModelIndex& row) {
                    .isRead = !selected.empty() && model_.IsReadAt(selected.front())});
 }
 
+const char* PostCommands::WhyNot(int command) const {
+  if (command != kCommandDeleteAll && ActedRows().empty()) return kTextNothingSelected;
+  return command == kCommandScrap || PostsAreStored() ? nullptr : kTextNotStored;
+}
+
 void PostCommands::ToggleRead() {
   const auto isRead = [this](int row) { return model_.IsReadAt(row); };
   MarkSelected(std::ranges::all_of(ActedRows(), isRead) ? 0 : 1);
@@ -118,7 +124,6 @@ void PostCommands::ToggleRead() {
 
 void PostCommands::MarkSelected(int status) {
   const std::vector<int> rows = ActedRows();
-  if (rows.empty() || !PostsAreStored()) return;
   const std::vector<int> ids = model_.IdsOf(rows);
   if (!desk_.Steps().MarkPosts(ids, model_.AreScrapPosts(), status)) return Reload();
   model_.SetReadStatus(rows, status);
@@ -151,7 +156,7 @@ std::string PostCommands::HiddenThatStay() const {
 
 void PostCommands::Delete(const std::vector<int>& rows, const char* question,
                           const std::string& more) {
-  if (rows.empty() || !PostsAreStored()) return;
+  if (rows.empty()) return;
   // The ids are taken before the question, as a refresh may add rows while the user is asked.
   const std::vector<int> ids = model_.IdsOf(rows);
   const bool areScrapPosts = model_.AreScrapPosts();
@@ -179,7 +184,6 @@ void PostCommands::Remove(const std::vector<int>& rows, bool isAside) {
 }
 
 void PostCommands::Scrap() {
-  if (ActedRows().empty()) return;
   const std::optional<int> cabinet = ChooseCabinet(desk_, &list_);
   if (!cabinet) return;  // the object may have been deleted
   // This comes last, as the object may be deleted while the message box is open.

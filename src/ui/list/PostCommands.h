@@ -24,11 +24,11 @@ struct MenuPost {
   int id = 0;
 };
 
-// A command acts on the selected rows, or on the post that it is given. It does nothing when no row
-// is selected.
-// Commands that change posts ignore those of the web directory, which are not in the
-// store. When the store fails, which it reports, the list and the counts are read again. The object
-// may have been deleted when a command that asks the user returns. Interface thread only.
+// A command acts on the selected rows, or on the post that it is given. Where it can do nothing, a
+// status text says why: no row is selected, or posts of the web directory are to be changed, which
+// are not in the store. When the store fails, which it reports, the list and the counts are read
+// again. The object may have been deleted when a command that asks the user returns. Interface
+// thread only.
 class PostCommands {
  public:
   // The arguments must outlive the object. `list` shows `model`.
@@ -71,6 +71,8 @@ class PostCommands {
   void Display(int row, bool isGlimpse);
   void ShowReached();
   void MarkRead(int row, const PostRow& post);
+  // The key of the text why the command can do nothing now; null when it can.
+  const char* WhyNot(int command) const;
   void ToggleRead();
   void MarkSelected(int status);
   void Reload();

@@ -275,9 +275,8 @@ void CRSS_LeftContainer::ListSelectedPosts(FirstPost shown) {
 
 void CRSS_LeftContainer::GoToUnreadRow(bool forward) {
   const QModelIndex row = model_.FindUnread(tree_->SelectedRow(), forward);
-  if (SelectQuietly(row)) {
-    ListSelectedPosts(forward ? FirstPost::FirstUnread : FirstPost::LastUnread);
-  }
+  if (!SelectQuietly(row)) return TellText(desk_, kTextNoneUnread);
+  ListSelectedPosts(forward ? FirstPost::FirstUnread : FirstPost::LastUnread);
 }
 
 bool CRSS_LeftContainer::SelectQuietly(const QModelIndex& row) {

@@ -135,8 +135,8 @@ class CRSS_LeftContainer : public QWidget {
   // selected or the store cannot read the posts.
   void ReloadSelection();
   // Forward: selects the next row with unread posts after the selected one and shows its first
-  // unread post. Otherwise: selects the previous such row and shows its last unread post. Does
-  // nothing when there is no such row.
+  // unread post. Otherwise: selects the previous such row and shows its last unread post. Says
+  // so in a status text when there is no such row.
   void GoToUnreadRow(bool forward);
 
  signals:

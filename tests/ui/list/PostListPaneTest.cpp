@@ -96,6 +96,16 @@ TEST_F(PostListPaneTest, NothingIsDeletedWithoutConsentOrAStoreNorWhatCameDuring
   for (const Command command : {kCommandDelete, kCommandMarkUnread}) Choose(command);
   frame_.state.listMode = ListMode::WebDirectory;
   Key(Qt::Key_Delete);  // asks nothing
+  Key(Qt::Key_M);
+  frame_.state.listMode = ListMode::Selection;
+  list_.clearSelection();
+  for (const Command command : {kCommandToggleRead, kCommandScrap}) pane_.Run(command);
+  list_.selectAll();
+  const auto text = [this](const char* key) {
+    return frame_.GetSkin().GetText(kSectionTexts, key);
+  };
+  EXPECT_EQ(frame_.messages, (Strings{text(kTextNotStored), text(kTextNotStored),
+                                      text(kTextNothingSelected), text(kTextNothingSelected)}));
   EXPECT_EQ(Rows(), ">-Post 3 ");
   EXPECT_EQ(frame_.questions.size(), 3U);
   EXPECT_EQ(frame_.reloads, 2) << "after a failure, as a part may have been done";
