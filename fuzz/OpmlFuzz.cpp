@@ -95,7 +95,7 @@ void CheckList(std::string_view bytes, CodePage codePage, OpmlReading reading) {
   Require(plan.has_value(), "a short list has a plan");
   Require(CountChannels(plan->folders) + plan->leftOut == CountEntries(*outlines),
           "each feed is taken or left out");
-  Require(plan->named.size() == std::min<std::size_t>(plan->leftOut, kMostNamed),
+  Require(plan->named.size() == std::min(static_cast<std::size_t>(plan->leftOut), kMostNamed),
           "what is left out is named");
   for (const SubscriptionFolder& folder : plan->folders) {
     Require(!folder.name.empty(), "a folder has a name");
