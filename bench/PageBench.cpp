@@ -27,6 +27,7 @@
 #include "bench/ModuleHost.h"
 #include "kit/ManualClock.h"
 #include "kit/TestProfile.h"
+#include "profile/KeptDatabase.h"
 #include "store/Connection.h"
 #include "store/Counts.h"
 #include "ui/Fakes.h"
@@ -324,6 +325,8 @@ bool MeasureClicks(void* module) {
 
 int Main(int argc, char** argv) {
   const TestProfile profile;
+  // The host keeps it, as halvix does.
+  const KeptDatabase kept = KeepDatabase(profile.Paths().database, ShareDir(), std::chrono::seconds(1));
   Database database(profile);
   database.Fill();
   void* const module = LoadModule(profile);
