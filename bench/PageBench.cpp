@@ -326,7 +326,8 @@ bool MeasureClicks(void* module) {
 int Main(int argc, char** argv) {
   const TestProfile profile;
   // The host keeps it, as halvix does.
-  const KeptDatabase kept = KeepDatabase(profile.Paths().database, ShareDir(), std::chrono::seconds(1));
+  const KeptDatabase kept =
+      KeepDatabase(profile.Paths().database, ShareDir(), std::chrono::seconds(1));
   Database database(profile);
   database.Fill();
   void* const module = LoadModule(profile);

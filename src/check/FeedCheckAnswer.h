@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "fetch/FeedFault.h"
+
 namespace feedloom {
 
 // The result of the check of an address. Texts are in the module's code page.
@@ -15,6 +17,7 @@ struct FeedCheckAnswer {
   // The server (UrlOrigin) that wants a name and a password, or refuses those it got; else empty.
   std::string loginServer = {};
   bool loginIsLost = false;  // the login worked, but could not be kept
+  FeedFault fault = {};      // why it is no feed; None when it is one
 };
 
 }  // namespace feedloom

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "feed/FeedParser.h"
+#include "fetch/FeedFault.h"
 #include "fetch/FetchServices.h"
 #include "net/UrlTransfer.h"
 #include "threads/Messages.h"
@@ -42,6 +43,7 @@ struct FetchOutcome {
   std::chrono::seconds retryAfter{0};  // "Retry-After" of an answer 429 or 503 (RFC 9110); else 0
   std::string loginServer = {};  // with kLoginWanted: the UrlOrigin of the server that wants it
   bool loginIsLost = false;      // the request's login could not be kept
+  FeedFault fault = {};          // None exactly with kChannelRefreshed
 };
 
 // Downloads the document to `request.path`, parses it with `parser` and always removes the file.

@@ -1,6 +1,6 @@
 #include "fetch/FeedMemory.h"
 
-#include <fmt/core.h>
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <charconv>
@@ -16,7 +16,7 @@
 namespace feedloom {
 namespace {
 
-constexpr std::string_view kFirstLine = "Feedloom feed memory 1";
+constexpr std::string_view kFirstLine = "Feedloom feed memory 2";
 constexpr char kSeparator = '\t';
 
 std::vector<std::string_view> Split(std::string_view text, char separator) {
@@ -39,24 +39,84 @@ std::optional<Number> NumberIn(std::string_view text) {
   return number;
 }
 
-bool HasNoControls(const FeedVisit& visit) {
-  return !HasControls(visit.address) && !HasControls(visit.validators.etag) &&
-         !HasControls(visit.validators.lastModified);
+// The fields of a visit's line, in their order.
+std::vector<std::string> Fields(int id, const FeedVisit& visit) {
+  const auto number = [](std::int64_t value) { return fmt::format("{}", value); };
+  const auto time = [&](std::chrono::sys_seconds t) {
+    return number(t.time_since_epoch().count());
+  };
+  return {number(id),
+          visit.address,
+          visit.validators.etag,
+          visit.validators.lastModified,
+          time(visit.notBefore),
+          number(static_cast<int>(visit.fault.kind)),
+          number(visit.fault.number),
+          number(visit.fault.column),
+          visit.fault.detail,
+          time(visit.tried),
+          time(visit.succeeded),
+          time(visit.failingSince),
+          visit.movedTo,
+          number(visit.period.count())};
 }
 
-// Adds the visit of one line: channel id, address, ETag, Last-Modified, and `notBefore` in seconds
-// since 1970.
+// Takes the fields of a line one after another. A field that is missing or no number makes it
+// faulty.
+class FieldReader {
+ public:
+  explicit FieldReader(std::string_view line) : fields_(Split(line, kSeparator)) {}
+
+  bool IsFaulty() const { return isFaulty_; }
+  bool IsAtEnd() const { return next_ == fields_.size(); }
+
+  std::string Text() {
+    if (IsAtEnd()) isFaulty_ = true;
+    const std::string text(isFaulty_ ? std::string_view() : fields_[next_++]);
+    if (HasControls(text)) isFaulty_ = true;
+    return text;
+  }
+  template <typename Number = std::int64_t>
+  Number Value() {
+    const auto value = NumberIn<Number>(Text());
+    if (!value) isFaulty_ = true;
+    return value.value_or(Number());
+  }
+  std::chrono::sys_seconds Time() { return std::chrono::sys_seconds(Seconds()); }
+  std::chrono::seconds Seconds() { return std::chrono::seconds(Value()); }
+
+ private:
+  const std::vector<std::string_view> fields_;
+  std::size_t next_ = 0;
+  bool isFaulty_ = false;
+};
+
+FeedFault ReadFault(FieldReader& fields) {
+  FeedFault fault;
+  const int kind = fields.Value<int>();
+  const bool isKnown = kind >= 0 && kind <= static_cast<int>(FeedFaultKind::Other);
+  fault.kind = isKnown ? static_cast<FeedFaultKind>(kind) : FeedFaultKind::Other;
+  fault.number = fields.Value<int>();
+  fault.column = fields.Value<int>();
+  fault.detail = fields.Text();
+  return fault;
+}
+
 void ReadLine(std::string_view line, FeedVisits& visits) {
-  const auto fields = Split(line, kSeparator);
-  if (fields.size() != 5) return;
-  const auto id = NumberIn<int>(fields[0]);
-  const auto seconds = NumberIn<std::int64_t>(fields[4]);
-  if (!id || !seconds) return;
+  FieldReader fields(line);
+  const int id = fields.Value<int>();
   FeedVisit visit;
-  visit.address = fields[1];
-  visit.validators = {std::string(fields[2]), std::string(fields[3])};
-  visit.notBefore = std::chrono::sys_seconds(std::chrono::seconds(*seconds));
-  if (HasNoControls(visit)) visits[*id] = std::move(visit);
+  visit.address = fields.Text();
+  visit.validators.etag = fields.Text();
+  visit.validators.lastModified = fields.Text();
+  visit.notBefore = fields.Time();
+  visit.fault = ReadFault(fields);
+  visit.tried = fields.Time();
+  visit.succeeded = fields.Time();
+  visit.failingSince = fields.Time();
+  visit.movedTo = fields.Text();
+  visit.period = fields.Seconds();
+  if (!fields.IsFaulty() && fields.IsAtEnd()) visits[id] = std::move(visit);
 }
 
 }  // namespace
@@ -64,10 +124,10 @@ void ReadLine(std::string_view line, FeedVisits& visits) {
 std::string FeedVisitsText(const FeedVisits& visits) {
   std::string text = fmt::format("{}\n", kFirstLine);
   for (const auto& [id, visit] : visits) {
-    if (!HasNoControls(visit)) continue;
-    text += fmt::format("{0}{5}{1}{5}{2}{5}{3}{5}{4}\n", id, visit.address, visit.validators.etag,
-                        visit.validators.lastModified, visit.notBefore.time_since_epoch().count(),
-                        kSeparator);
+    const std::vector<std::string> fields = Fields(id, visit);
+    const auto hasControls = [](const std::string& field) { return HasControls(field); };
+    if (std::any_of(fields.begin(), fields.end(), hasControls)) continue;
+    text += fmt::format("{}\n", fmt::join(fields, std::string_view(&kSeparator, 1)));
   }
   return text;
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "fetch/FeedFault.h"
 #include "files/WholeFile.h"
 #include "net/UrlTransfer.h"
 #include "threads/Mutex.h"
@@ -18,10 +19,16 @@ struct FeedVisit {
   Validators validators = {};  // of the last document whose posts were all stored
   std::chrono::sys_seconds notBefore = {};  // when the server may be asked again ("Retry-After")
 
+  // What follows is for the user. A time of 0 means never, or not known.
+  FeedFault fault = {};                        // of the last try; None when it succeeded
+  std::chrono::sys_seconds tried = {};         // the last try's end
+  std::chrono::sys_seconds succeeded = {};     // the last success's end
+  std::chrono::sys_seconds failingSince = {};  // the first try of those that failed in a row
+  std::string movedTo = {};        // where the server says the feed has gone for good; UTF-8
+  std::chrono::seconds period{0};  // how long the feed wishes not to be asked again; 0: no wish
+
   bool operator==(const FeedVisit&) const = default;
-  bool IsEmpty() const {
-    return validators.AreEmpty() && notBefore.time_since_epoch().count() == 0;
-  }
+  bool IsEmpty() const { return *this == FeedVisit{address}; }
 };
 
 using FeedVisits = std::map<int, FeedVisit>;  // by channel id

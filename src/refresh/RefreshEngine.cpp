@@ -47,6 +47,7 @@ RefreshEngine::RefreshEngine(SharedServices services, MessageTarget& frame, Mess
     : run_(std::make_shared<RefreshRun>(std::move(services), frame, host, limits,
                                         std::move(newPosts))) {
   SweepTempFiles(run_->services->workDir);
+  run_->resources.memory.Load();
 }
 
 RefreshEngine::~RefreshEngine() { Stop(); }
@@ -105,6 +106,10 @@ void RefreshEngine::StopRun() {
 RefreshSums RefreshEngine::Sums() const {
   const MutexLock lock(run_->lock);
   return run_->sums;
+}
+
+FeedVisit RefreshEngine::LastVisit(const Channel& channel) const {
+  return run_->resources.memory.Last(channel.id, channel.xmlLink);
 }
 
 void RefreshEngine::Stop() {

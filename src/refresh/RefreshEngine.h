@@ -14,8 +14,8 @@
 namespace feedloom {
 
 // A process has at most one engine for a work folder. Only the thread that constructed the engine,
-// its owner, may call its functions, except IsChannelQueued, IsAnyChannelQueued, Sums and
-// Enqueue, which any thread may call.
+// its owner, may call its functions, except IsChannelQueued, IsAnyChannelQueued, Sums, LastVisit
+// and Enqueue, which any thread may call.
 //
 // The engine sends `frame` kMessageChannelWorker (when a worker begins, and when one is stopped at
 // the time limit), kMessageChannelInserted and kMessageChannelResult. It sends `host`
@@ -54,6 +54,10 @@ class RefreshEngine {
 
   // What the run under way, or the latest one, has done. At kRunEnded it is the run's result.
   RefreshSums Sums() const;
+
+  // Returns what the channel's server last said, or why it could not be asked. What other programs
+  // have learnt is read when the engine is made and when a run begins.
+  FeedVisit LastVisit(const Channel& channel) const;
 
   // Ends the run and refuses further ones: discards the entries that wait, stops the workers, and
   // waits for them until RefreshLimits::stopTimeout, or as long as a message is being sent.

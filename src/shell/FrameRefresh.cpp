@@ -34,6 +34,10 @@ void FrameRefresh::StartRefresh() {
   if (engine_) engine_->StartRefresh();
 }
 
+FeedVisit FrameRefresh::LastVisit(const Channel& channel) const {
+  return engine_ ? engine_->LastVisit(channel) : FeedVisit{channel.xmlLink};
+}
+
 void FrameRefresh::CheckFeed(const std::string& address, const std::optional<GivenLogin>& login,
                              std::function<void(const FeedCheckAnswer&)> onAnswer) {
   if (checker_) checker_->Start(address, login, std::move(onAnswer));

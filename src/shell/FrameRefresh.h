@@ -29,6 +29,7 @@ class FrameRefresh : public Refreshing {
   bool IsAnyChannelQueued(std::span<const int> channelIds) const override;
   void QueueRefresh(std::vector<Channel> entries) override;
   void StartRefresh() override;
+  FeedVisit LastVisit(const Channel& channel) const override;
   void CheckFeed(const std::string& address, const std::optional<GivenLogin>& login,
                  std::function<void(const FeedCheckAnswer&)> onAnswer) override;
   void StopFeedCheck() override;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "fetch/FeedMemory.h"
 #include "net/HostLogin.h"
 #include "refresh/RefreshQueue.h"
 
@@ -25,6 +26,10 @@ class Refreshing {
   virtual void QueueRefresh(std::vector<Channel> entries) = 0;
   // Starts refreshing the queued channels; does nothing when the queue is empty.
   virtual void StartRefresh() = 0;
+
+  // What the channel's server said at the last refresh, or why it could not be asked; one without
+  // times when that is not known. Cheap: may be asked for each row that is painted.
+  virtual FeedVisit LastVisit(const Channel& channel) const = 0;
 
   // Checks on another thread whether `address` leads to a feed, and calls `onAnswer` with the
   // result on the interface thread. At most one check runs: `onAnswer` is not called after the

@@ -46,15 +46,30 @@ TEST(RefreshQueue, ClaimsEachChannelOnceInOrderAndKnowsOneWithoutAnIdByFolderAnd
 }
 
 TEST(FeedMemory, ReadsWhatItWroteAndNoDamagedLine) {
-  const FeedVisits visits = {
-      {1, {"http://a/feed", {"\"e\"", "Sat, 21 Nov 2026 12:00:00 GMT"}}},
-      {-3, {"http://b/?q=\xC7\xD1", {"W/\"x y\"", ""}, std::chrono::sys_seconds(9h)}}};
+  const auto at = [](auto time) { return std::chrono::sys_seconds(time); };
+  const FeedVisits visits = {{1, {"http://a/feed", {"\"e\"", "Sat, 21 Nov 2026 12:00:00 GMT"}}},
+                             {-3, {"http://b/?q=\xC7\xD1", {"W/\"x y\"", ""}, at(9h)}},
+                             {4,
+                              {"http://c",
+                               {},
+                               {},
+                               {FeedFaultKind::BrokenXml, 7, 12, "no end"},
+                               at(3h),
+                               at(1h),
+                               at(2h),
+                               "http://d",
+                               40min}}};
   const std::string text = FeedVisitsText(visits);
   EXPECT_EQ(ReadFeedVisits(text), visits);
-  for (const char* bad : {"", "2", "2\tb\t\t", "x\tb\t\t\t0", "2\tb\t\t\t1x", "2\tb\t\t\t0\t",
-                          "2\tb\t\t\t", "99999999999\tb\t\t\t0", "2\tb\t\x01\t\t0"})
+  const std::string line = text.substr(text.find("4\thttp://c"));
+  const auto with = [&](const char* part, const char* other) {
+    return std::string(line).replace(line.find(part), std::string_view(part).size(), other);
+  };
+  for (const std::string& bad :
+       {std::string(), std::string("2"), with("4\t", "x\t"), with("4\t", "99999999999\t"),
+        with("2400", "2400x"), with("2400", "2400\t"), with("\t2400", ""), with("no end", "no\1")})
     EXPECT_EQ(ReadFeedVisits(text + bad + "\n"), visits) << bad;
-  EXPECT_TRUE(ReadFeedVisits("Feedloom feed memory 2" + text.substr(text.find('\n'))).empty());
+  EXPECT_TRUE(ReadFeedVisits("Feedloom feed memory 1" + text.substr(text.find('\n'))).empty());
   const FeedVisits odd = {{1, {"a\tb"}}, {2, {"a", {"e\n", ""}}}, {3, {"a", {"", "\x7F"}}}};
   EXPECT_EQ(ReadFeedVisits(FeedVisitsText(odd)), FeedVisits());
 }

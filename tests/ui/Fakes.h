@@ -53,6 +53,10 @@ struct FakeRefreshing : Refreshing {
     for (Channel& entry : entries) queue.Append(std::move(entry));
   }
   void StartRefresh() override { ++refreshes; }
+  FeedVisit LastVisit(const Channel& channel) const override {
+    const auto visit = visits.find(channel.id);
+    return visit == visits.end() ? FeedVisit{channel.xmlLink} : visit->second;
+  }
   void CheckFeed(const std::string& address, const std::optional<GivenLogin>& login,
                  CheckEnd onAnswer) override {
     checked.push_back(address);
@@ -62,6 +66,7 @@ struct FakeRefreshing : Refreshing {
   void StopFeedCheck() override { answerCheck = nullptr; }
 
   RefreshQueue queue;
+  FeedVisits visits;
   int refreshes = 0;
   std::vector<std::string> checked, given;  // addresses, logins
   CheckEnd answerCheck;                     // of the check that runs
