@@ -121,6 +121,15 @@ void ReadLine(std::string_view line, FeedVisits& visits) {
 
 }  // namespace
 
+bool IsDead(const FeedVisit& visit, std::chrono::sys_seconds now) {
+  constexpr int kStatusGone = 410;
+  constexpr std::chrono::days kLongEnough{30};
+  const FeedFault& fault = visit.fault;
+  if (fault.kind == FeedFaultKind::HttpStatus && fault.number == kStatusGone) return true;
+  const bool fails = visit.failingSince != std::chrono::sys_seconds();
+  return fails && now - visit.failingSince >= kLongEnough;
+}
+
 std::string FeedVisitsText(const FeedVisits& visits) {
   std::string text = fmt::format("{}\n", kFirstLine);
   for (const auto& [id, visit] : visits) {

@@ -31,6 +31,11 @@ struct FeedVisit {
   bool IsEmpty() const { return *this == FeedVisit{address}; }
 };
 
+// Returns whether the user is to be told that the feed has probably gone for good: its server has
+// said so (status 410, RFC 9110), or every try of the last 30 days has failed. Pure; any thread may
+// call it.
+bool IsDead(const FeedVisit& visit, std::chrono::sys_seconds now);
+
 using FeedVisits = std::map<int, FeedVisit>;  // by channel id
 
 // Convert visits to the text of the file, one line for each channel, and back. A visit with a
