@@ -11,7 +11,8 @@ from gi.repository import GLib
 
 PATIENCE = 15  # seconds, for anything to happen
 LOOK_AGAIN = 100  # milliseconds without news
-KEYS = {"Return": 0xFF0D, "Down": 0xFF54, "F6": 0xFFC3}  # by the display's key symbols
+KEYS = {"Return": 0xFF0D, "Escape": 0xFF1B, "Up": 0xFF52, "Down": 0xFF54, "Menu": 0xFF67, "Delete": 0xFFFF,
+        "F1": 0xFFBE, "F6": 0xFFC3}  # by the display's key symbols
 
 
 def children(node):

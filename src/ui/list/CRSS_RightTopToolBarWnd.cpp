@@ -97,7 +97,7 @@ CRSS_RightTopToolBarWnd::CRSS_RightTopToolBarWnd(const Skin& skin, QWidget* pare
   setAccessibleName(SkinText(skin, kTextRightTopToolBar));
   setFont(LoadSkinFont(skin, kSectionFont, kFontDefault));
   connect(&button_, &QAbstractButton::clicked, this, &CRSS_RightTopToolBarWnd::SearchRequested);
-  connect(&unread_, &QAbstractButton::clicked, this, &CRSS_RightTopToolBarWnd::UnreadOnlyWanted);
+  connect(&unread_, &QAbstractButton::toggled, this, &CRSS_RightTopToolBarWnd::UnreadOnlyWanted);
 }
 
 std::string CRSS_RightTopToolBarWnd::Word() const {

@@ -76,7 +76,9 @@ QHBoxLayout* CCtrlPanelDlg::MakeTabs() {
     row->addWidget(button);
   }
   row->addStretch();
-  connect(tabs_, &QButtonGroup::idClicked, this, &CCtrlPanelDlg::ShowPage);
+  connect(tabs_, &QButtonGroup::idToggled, this, [this](int page, bool isOn) {
+    if (isOn) ShowPage(page);
+  });
   return row;
 }
 
