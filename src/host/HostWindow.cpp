@@ -131,6 +131,7 @@ void HostWindow::MakeStopEntry(QMenu& menu) {
 // until that dialog is closed.
 QAction& HostWindow::AddEntry(QMenu& menu, const char* textKey, const std::function<void()>& run) {
   QAction& action = *menu.addAction(HostText(textKey));
+  action.setAutoRepeat(false);
   connect(&action, &QAction::triggered, this, run, Qt::QueuedConnection);
   return action;
 }

@@ -178,7 +178,9 @@ QModelIndex CRSS_GroupTreeCtrl::moveCursor(CursorAction action, Qt::KeyboardModi
 void CRSS_GroupTreeCtrl::mousePressEvent(QMouseEvent* event) {
   wasReported_ = false;
   isLeftPress_ = event->button() == Qt::LeftButton;
-  if (isCareful_ && event->button() == Qt::RightButton) return;
+  // A press beside all rows would take the selection away.
+  const bool isOnRow = indexAt(event->pos()).isValid();
+  if (isCareful_ && (event->button() == Qt::RightButton || !isOnRow)) return;
   if (!TakesPress(*event)) QTreeView::mousePressEvent(event);
 }
 

@@ -1,27 +1,11 @@
 #include "ui/tree/GroupTreeModel.h"
 
-#include <QString>
-#include <QTextDocument>
 #include <algorithm>
 #include <optional>
 #include <unordered_set>
 #include <utility>
 
-#include "look/QtText.h"
-#include "skin/TextPlaceholders.h"
-#include "threads/Messages.h"
-#include "ui/tree/RowLabel.h"
-
 namespace feedloom {
-namespace {
-
-// Qt would interpret a plain text that looks like HTML, so the text is escaped as rich text.
-QString ToolTip(const QString& name, const QString& failure) {
-  return Qt::convertFromPlainText(failure.isEmpty() ? name : name + '\n' + failure,
-                                  Qt::WhiteSpaceNormal);
-}
-
-}  // namespace
 
 GroupTreeModel::GroupTreeModel(CodePage codePage, RowTexts texts, QObject* parent)
     : QAbstractItemModel(parent), codePage_(codePage), texts_(std::move(texts)) {}
@@ -268,85 +252,6 @@ QVariant GroupTreeModel::data(const QModelIndex& index, int role) const {
   if (const GroupRow* const group = GroupAt(index)) return GroupData(*group, role);
   if (const ChildRow* const child = ChildAt(index)) return ChildData(*child, role);
   return {};
-}
-
-QString GroupTreeModel::FailureOf(const ChildRow& child) const {
-  if (child.state >= 0) return {};
-  const bool wantsLogin = child.state == kLoginWanted && !texts_.loginWanted.empty();
-  return ToQString(codePage_, wantsLogin                        ? texts_.loginWanted
-                              : child.state == kDocumentRefused ? texts_.documentRefused
-                                                                : texts_.downloadFailed);
-}
-
-QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {
-  switch (role) {
-    case Qt::DisplayRole:
-      return DisplayLabel(group.name, group.unreadCount);
-    case Qt::AccessibleTextRole:
-      return AccessibleLabel(group.name, group.unreadCount);
-    case KindRole:
-      return static_cast<int>(group.kind);
-    case Qt::ToolTipRole:
-      return ToolTip(DisplayName(group.name), {});
-    case NameRole:
-      return DisplayName(group.name);
-    case UnreadRole:
-      return group.unreadCount;
-    case HoldsFailureRole:
-      return std::ranges::any_of(group.children, [](const auto& row) { return row.state < 0; });
-    case HoldsNewRole:
-      return std::ranges::any_of(group.children, &ChildRow::isNew);
-    default:
-      return {};
-  }
-}
-
-QVariant GroupTreeModel::ChildData(const ChildRow& child, int role) const {
-  switch (role) {
-    case Qt::DisplayRole:
-      return DisplayLabel(child.title, child.unreadCount);
-    case Qt::AccessibleTextRole:
-      return AccessibleLabel(child);
-    case Qt::AccessibleDescriptionRole:
-      return FailureOf(child);
-    case KindRole:
-      return static_cast<int>(child.kind);
-    case NameRole:
-      return DisplayName(child.title);
-    case UnreadRole:
-      return child.unreadCount;
-    case StateRole:
-      return child.state;
-    case IsNewRole:
-      return child.isNew;
-    case IsAnimatedByMessageRole:
-      return child.isAnimatedByMessage;
-    case Qt::ToolTipRole:
-      return ToolTip(DisplayName(child.title), FailureOf(child));
-    default:
-      return {};
-  }
-}
-
-QString GroupTreeModel::DisplayName(const std::string& name) const {
-  return ToLine(codePage_, name);
-}
-
-QString GroupTreeModel::DisplayLabel(const std::string& name, int unreadCount) const {
-  return DisplayName(name) + QString::fromStdString(AppendCount({}, unreadCount));
-}
-
-QString GroupTreeModel::AccessibleLabel(const std::string& name, int unreadCount) const {
-  const QString shown = DisplayName(name);
-  if (unreadCount <= 0) return shown;
-  return shown + ", " + ToQString(codePage_, WithNumbers(texts_.unread, {unreadCount}));
-}
-
-QString GroupTreeModel::AccessibleLabel(const ChildRow& child) const {
-  QString label = AccessibleLabel(child.title, child.unreadCount);
-  if (child.isNew) label += ", " + ToQString(codePage_, texts_.isNew);
-  if (child.state < 0) label += ", " + ToQString(codePage_, texts_.isFailing);
-  return label;
 }
 
 }  // namespace feedloom

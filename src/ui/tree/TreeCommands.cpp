@@ -105,14 +105,13 @@ std::optional<Menu> TreeCommands::MenuOf(const QModelIndex& row) const {
   };
   const bool isProtected = target->kind == RowKind::Folder && target->order < 0;
   const std::size_t folders = model_.Groups().size() - 1;  // one group is the cabinet root
-  const RowKey key{target->kind, target->id};
   return RowMenu({.kind = target->kind,
                   .hasPosts = hasUnread || hasPosts(),
                   .isProtected = isProtected,
                   .hasOtherFolder = folders > 1,
                   .offersMoves = tree_.SelectsCarefully(),
-                  .canMoveUp = StepFrom(model_.Groups(), key, -1).has_value(),
-                  .canMoveDown = StepFrom(model_.Groups(), key, 1).has_value()});
+                  .canMoveUp = StepOf(target->row, -1).has_value(),
+                  .canMoveDown = StepOf(target->row, 1).has_value()});
 }
 
 Menu TreeCommands::WholeMenu() const {

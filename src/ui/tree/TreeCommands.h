@@ -110,7 +110,9 @@ class TreeCommands {
   void DeleteGroup();
   void RenameGroup();
   void RenameChild();
-  template <int steps>
+  // The place one step below the row, or above it for -1; none where there is no further one.
+  std::optional<RowPlace> StepOf(const QModelIndex& row, int step) const;
+  template <int step>
   void MoveBy();
   template <int status>
   void Mark();

@@ -146,12 +146,16 @@ void TreeCommands::Save(const DraggedPosts& posts, int cabinetId) {
   desk_.ReportMessage(desk_.GetSkin().GetText(kSectionTexts, kTextScrapFinished));
 }
 
-template <int steps>
+// Rows that are hidden are no step.
+std::optional<RowPlace> TreeCommands::StepOf(const QModelIndex& row, int step) const {
+  const auto key = model_.KeyOf(row);
+  return key ? StepFrom(model_.Groups(), *key, step + HiddenBeside(tree_, row, step))
+             : std::nullopt;
+}
+
+template <int step>
 void TreeCommands::MoveBy() {
-  const auto key = model_.KeyOf(row_);
-  const int past = HiddenBeside(tree_, row_, steps);
-  const auto place = key ? StepFrom(model_.Groups(), *key, steps + past) : std::nullopt;
-  if (place) MoveTo(*key, *place);
+  if (const auto place = StepOf(row_, step)) MoveTo(*model_.KeyOf(row_), *place);
 }
 template void TreeCommands::MoveBy<-1>();
 template void TreeCommands::MoveBy<1>();

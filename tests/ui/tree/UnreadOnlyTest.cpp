@@ -29,6 +29,8 @@ TEST_F(UnreadOnlyTest, ARowGoesWhenItIsReadAndLeftAndComesBackWithAnUnreadPost) 
   Click(PlaceOf("Daily"));
   pane->SetChannelUnread(daily, 0);
   EXPECT_EQ(RowsAfterAPause(), "News [Daily] 보관함(1) Keep(1) Later");
+  Click(tree->viewport()->rect().bottomLeft());  // beside all rows
+  EXPECT_EQ(RowsAfterAPause(), "News [Daily] 보관함(1) Keep(1) Later");
   pane->SetChannelUnread(weekly, 1);
   EXPECT_EQ(Rows(), "News(1) [Daily] Weekly(1) 보관함(1) Keep(1) Later");
   for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up}) Press(key);
@@ -65,6 +67,11 @@ TEST_F(UnreadOnlyTest, WhatIsHiddenIsCountedInAQuestionAndNotSelectedBehindADele
   EXPECT_EQ(RowsAfterAPause(), "News(3) [Daily(2)] Yearly(1) 보관함(1) Keep(1) Later");
   pane->Run(kCommandMoveDown);
   EXPECT_EQ(RowsAfterAPause(), "News(3) Yearly(1) [Daily(2)] 보관함(1) Keep(1) Later");
+  std::unique_ptr<QMenu> menu(OpenMenu("Yearly"));
+  for (const auto* const action : menu->actions())
+    EXPECT_FALSE(action->isEnabled() && action->data() == kCommandMoveUp)
+        << "above it stands only a hidden row";
+  menu.reset();
   Choose("Daily", kCommandDeleteChild);
   EXPECT_EQ(frame.askedMore, "") << "all of its posts are unread";
   EXPECT_EQ(RowsAfterAPause(), "News(1) [Yearly(1)] 보관함(1) Keep(1) Later");
