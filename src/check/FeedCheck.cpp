@@ -31,7 +31,9 @@ FeedCheckAnswer Examine(const FetchServices& services, const FeedRequest& reques
   FeedParser parser(services.Reading());
   const TimeLimit limit(services.clock, RefreshLimits().timeLimit, std::move(stop));
   const FetchOutcome outcome = FetchFeedFile(request, services, limit.Token(), parser);
-  FeedCheckAnswer answer{.loginServer = outcome.loginServer, .loginIsLost = outcome.loginIsLost};
+  FeedCheckAnswer answer{.loginServer = outcome.loginServer,
+                         .loginIsLost = outcome.loginIsLost,
+                         .fault = outcome.fault};
   if (outcome.result == kChannelRefreshed) {
     answer.isFeed = true;
     answer.title = parser.GetChannelTitle();

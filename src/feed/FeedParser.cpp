@@ -6,6 +6,15 @@ namespace feedloom {
 
 int FeedParser::Parse(const std::string& path, std::stop_token stop, const std::string& address) {
   reading_.address = address;
+  const ParseCode code = ParseAny(path, std::move(stop));
+  const bool isRefused = code < 0 || !IsFeed();
+  if (isRefused && code != kParseStopped && fault_.kind == DocumentFaultKind::None) {
+    fault_ = UnreadableFault(path, error_);
+  }
+  return code;
+}
+
+ParseCode FeedParser::ParseAny(const std::string& path, std::stop_token stop) {
   return reading_.isLenient && LooksLikeJson(path) ? ParseJson(path, stop)
                                                    : ParseXml(path, std::move(stop));
 }
@@ -26,10 +35,14 @@ ParseCode FeedParser::ParseXml(const std::string& path, std::stop_token stop) {
   error_ = document.Excess();
   if (stop.stop_requested()) return kParseStopped;
   if (status == XmlDocument::LoadStatus::OutOfMemory) return kDocumentNotCreated;
-  if (status != XmlDocument::LoadStatus::Loaded) return kDocumentUnreadable;
+  if (status != XmlDocument::LoadStatus::Loaded) {
+    fault_ = UnreadableFault(path, error_, document.Fault());
+    return kDocumentUnreadable;
+  }
   const XmlElement root = document.Root();
   if (!root) return kNoDocumentElement;
   ParseCode code = DetectFormat(root, format_, header_.variants);
+  fault_ = RootFault(root, code, format_);
   if (code < 0) return code;
   if (format_ == FeedFormat::Opml) return kParsed;
   code = ReadFeedHeader(root, reading_, header_);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "feed/DocumentFault.h"
 #include "feed/FeedDocument.h"
 
 namespace feedloom {
@@ -27,6 +28,9 @@ class FeedParser {
   // empty.
   const std::string& Error() const { return error_; }
 
+  // What the document is in place of a feed. None when it is one, and when Parse was stopped.
+  const DocumentFault& Fault() const { return fault_; }
+
   // The document's format; Unknown when Parse has not recognised the root element.
   FeedFormat GetFormat() const { return format_; }
   bool IsFeed() const { return format_ != FeedFormat::Unknown && format_ != FeedFormat::Opml; }
@@ -37,12 +41,14 @@ class FeedParser {
   std::vector<FeedItem> TakeItems() { return std::move(items_); }
 
  private:
+  ParseCode ParseAny(const std::string& path, std::stop_token stop);
   ParseCode ParseXml(const std::string& path, std::stop_token stop);
   ParseCode ParseJson(const std::string& path, const std::stop_token& stop);
 
   FeedReading reading_;
   const XmlLimits limits_;
   std::string error_;
+  DocumentFault fault_;
   FeedFormat format_ = FeedFormat::Unknown;
   FeedHeader header_;
   std::vector<FeedItem> items_;

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "fetch/FaultOf.h"
 #include "files/Path.h"
 #include "files/TempFile.h"
 #include "net/Url.h"
@@ -24,7 +25,10 @@ std::string TempPath(const std::string& workDir, std::string_view middle) {
 }
 
 FetchOutcome Failed(TransferResult download) {
-  FetchOutcome outcome{kDownloadFailed, kParsed, std::move(download.error)};
+  FeedFault fault = FaultOf(download);
+  FetchOutcome outcome{
+      .result = kDownloadFailed, .parseCode = kParsed, .error = std::move(download.error)};
+  outcome.fault = std::move(fault);
   const bool isBusy =
       download.status == kStatusTooManyRequests || download.status == kStatusUnavailable;
   if (isBusy) outcome.retryAfter = download.retryAfter;
@@ -74,11 +78,15 @@ FetchOutcome FetchFeedFile(const FeedRequest& request, const FetchServices& serv
   outcome.loginIsLost =
       request.login && !KeepHostLogin(HostLoginsPath(services.registry), *request.login);
   outcome.isNew = request.known.AreEmpty() || download.status != kStatusNotModified;
+  outcome.movedTo = std::move(download.movedTo);
   if (!outcome.isNew) return outcome;
   outcome.validators = std::move(download.validators);
   outcome.parseCode = parser.Parse(request.path, std::move(stop), outcome.address);
   outcome.error = parser.Error();
-  if (outcome.parseCode < 0 || !parser.IsFeed()) outcome.result = kDocumentRefused;
+  if (outcome.parseCode < 0 || !parser.IsFeed()) {
+    outcome.result = kDocumentRefused;
+    outcome.fault = FaultOf(parser.Fault());
+  }
   return outcome;
 }
 

@@ -43,7 +43,11 @@ struct FetchOutcome {
   std::chrono::seconds retryAfter{0};  // "Retry-After" of an answer 429 or 503 (RFC 9110); else 0
   std::string loginServer = {};  // with kLoginWanted: the UrlOrigin of the server that wants it
   bool loginIsLost = false;      // the request's login could not be kept
-  FeedFault fault = {};          // None exactly with kChannelRefreshed
+  FeedFault fault = {};          // None exactly with kChannelRefreshed; TimedOut after a stop
+  // Of an answer that came: where the feed has gone for good (TransferResult::movedTo), and how
+  // long it wishes not to be asked again, a day at most. A 304 has no period.
+  std::string movedTo = {};
+  std::chrono::seconds period{0};
 };
 
 // Downloads the document to `request.path`, parses it with `parser` and always removes the file.

@@ -3,10 +3,10 @@
 #include <curl/curl.h>
 #include <fmt/core.h>
 
-#include <ctime>
 #include <memory>
 #include <mutex>
 
+#include "net/AnswerHeaders.h"
 #include "net/TransferPool.h"
 #include "net/Url.h"
 #include "net/UrlHandle.h"
@@ -20,7 +20,6 @@ constexpr long kMaxRedirects = 10;
 // With two ways to choose from, the library sends a login only when it is asked for.
 constexpr long kLoginWays = CURLAUTH_BASIC | CURLAUTH_DIGEST;
 constexpr long kStatusUnauthorized = 401;
-constexpr std::size_t kLongestValidator = 1024;  // no server needs more
 
 struct FreeList {
   void operator()(curl_slist* list) const { curl_slist_free_all(list); }
@@ -167,9 +166,9 @@ class Transfer {
   void SetCallbacks() {
     Set(CURLOPT_WRITEFUNCTION, &OnBody);
     Set(CURLOPT_WRITEDATA, this);
-    if (!request_.onEvent) return;
     Set(CURLOPT_HEADERFUNCTION, &OnHeader);
     Set(CURLOPT_HEADERDATA, this);
+    if (!request_.onEvent) return;
     Set(CURLOPT_RESOLVER_START_FUNCTION, &OnResolverStart);
     Set(CURLOPT_RESOLVER_START_DATA, this);
     Set(CURLOPT_SOCKOPTFUNCTION, &OnSocket);
@@ -203,24 +202,40 @@ class Transfer {
   TransferResult Result(CURLcode code) {
     TransferResult result;
     curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &result.status);
-    result.retryAfter = RetryAfter();
+    result.retryAfter = AnswerRetryAfter(easy_);
     result.ok = code == CURLE_OK;
     if (result.ok || result.status != 0) result.address = EffectiveAddress();
+    if (redirects_.AllPermanent()) result.movedTo = result.address;
     result.wantsLogin = result.status == kStatusUnauthorized && OffersLogin();
-    if (result.ok) {
-      result.validators = {Validator("ETag"), Validator("Last-Modified")};
-      Report(TransferEvent::Complete);
-    } else if (code == CURLE_ABORTED_BY_CALLBACK) {
-      result.error = "stopped";
-    } else if (tooLong_ || code == CURLE_FILESIZE_EXCEEDED) {
-      result.error = fmt::format("longer than {} bytes", kMaxBytes);
-    } else if (result.wantsLogin) {
-      result.error = WasSent(result.address) ? "the server refuses the name and the password"
-                                             : "the server wants a name and a password";
-    } else {
-      result.error = *errorText_ != '\0' ? errorText_ : curl_easy_strerror(code);
+    result.failure = Failure(code, result);
+    if (!result.ok) {
+      result.error = ErrorText(code, result);
+      return result;
     }
+    result.validators = AnswerValidators(easy_);
+    result.maxAge = AnswerMaxAge(easy_);
+    Report(TransferEvent::Complete);
     return result;
+  }
+
+  TransferFailure Failure(CURLcode code, const TransferResult& result) const {
+    if (tooLong_) return TransferFailure::TooLarge;
+    if (result.wantsLogin && code == CURLE_HTTP_RETURNED_ERROR) return TransferFailure::LoginWanted;
+    return FailureOf(code, result.status != 0);
+  }
+
+  std::string ErrorText(CURLcode code, const TransferResult& result) const {
+    switch (result.failure) {
+      case TransferFailure::Stopped:
+        return "stopped";
+      case TransferFailure::TooLarge:
+        return fmt::format("longer than {} bytes", kMaxBytes);
+      case TransferFailure::LoginWanted:
+        return WasSent(result.address) ? "the server refuses the name and the password"
+                                       : "the server wants a name and a password";
+      default:
+        return *errorText_ != '\0' ? errorText_ : curl_easy_strerror(code);
+    }
   }
 
   bool OffersLogin() const {
@@ -241,27 +256,6 @@ class Transfer {
     return address == nullptr ? "" : UrlWithoutLogin(address);
   }
 
-  // The value of the header `name` in the last answer; empty when the header is missing.
-  std::string Header(const char* name) const {
-    curl_header* header = nullptr;
-    const bool isThere = curl_easy_header(easy_, name, 0, CURLH_HEADER, -1, &header) == CURLHE_OK;
-    return isThere ? header->value : "";
-  }
-
-  std::string Validator(const char* name) const {
-    std::string value = Header(name);
-    return value.size() > kLongestValidator || HasControls(value) ? "" : value;
-  }
-
-  // Retry-After is a number of seconds or a date (RFC 9110). The library's own value is not used:
-  // it is limited to six hours.
-  std::chrono::seconds RetryAfter() const {
-    const std::string value = Header("Retry-After");
-    if (const int seconds = ParseInt(value); seconds > 0) return std::chrono::seconds(seconds);
-    const std::time_t date = curl_getdate(value.c_str(), nullptr);
-    return std::chrono::seconds(date < 0 ? 0 : date - std::time(nullptr));
-  }
-
   void Report(TransferEvent event) const {
     if (request_.onEvent) request_.onEvent(event, host_);
   }
@@ -276,7 +270,8 @@ class Transfer {
 
   static std::size_t OnHeader(char* line, std::size_t, std::size_t count, void* self) {
     const std::string_view header(line, count);
-    const auto* transfer = static_cast<const Transfer*>(self);
+    auto* transfer = static_cast<Transfer*>(self);
+    transfer->redirects_.TakeLine(header);
     if (header.starts_with("HTTP/")) transfer->Report(TransferEvent::ResponseReceived);
     if (EqualsIgnoringAsciiCase(header.substr(0, 9), "Location:")) {
       transfer->Report(TransferEvent::Redirecting);
@@ -313,6 +308,7 @@ class Transfer {
   CURL* const easy_;
   curl_off_t received_ = 0;
   bool tooLong_ = false;
+  RedirectWatch redirects_;
 };
 
 TransferResult RunWithLogin(const TransferRequest& request, const std::stop_token& stop) {
@@ -337,11 +333,18 @@ TransferResult RunTransfer(const TransferRequest& request, std::stop_token stop)
   InitializeCurlOnce();
   TransferResult result = RunWithLogin(request, stop);
   const bool isElsewhere = UrlOrigin(result.address) != UrlOrigin(request.address);
-  if (!result.wantsLogin || !isElsewhere || request.form) return result;
-  TransferRequest there = request;
-  there.address = result.address;
-  there.rawQuery.reset();
-  return LoginFor(there) ? RunWithLogin(there, stop) : result;
+  if (result.wantsLogin && isElsewhere && !request.form) {
+    TransferRequest there = request;
+    there.address = result.address;
+    there.rawQuery.reset();
+    if (LoginFor(there)) {
+      const std::string movedTo = std::move(result.movedTo);
+      result = RunWithLogin(there, stop);
+      result.movedTo = movedTo;
+    }
+  }
+  if (!result.ok) result.movedTo.clear();
+  return result;
 }
 
 }  // namespace feedloom

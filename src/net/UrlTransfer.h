@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "net/HostLogin.h"
+#include "net/TransferFailure.h"
 #include "net/WebAccess.h"
 
 namespace feedloom {
@@ -63,9 +64,10 @@ struct TransferRequest {
 
 struct TransferResult {
   bool ok = false;
-  long status = 0;                     // the HTTP status of the last answer; 0 without an answer
-  std::string error;                   // English, ASCII; empty when ok
-  Validators validators = {};          // of the content; empty unless ok
+  long status = 0;         // the HTTP status of the last answer; 0 without an answer
+  std::string error = {};  // English, ASCII; empty when ok
+  TransferFailure failure = TransferFailure::Other;  // None exactly when ok
+  Validators validators = {};                        // of the content; empty unless ok
   std::chrono::seconds retryAfter{0};  // from now on, by the header Retry-After; 0 without it
   // The URL of the last answer, without a login: the request's address, or the target of the last
   // redirect. Empty when no server has answered.
@@ -73,6 +75,10 @@ struct TransferResult {
   // The server of `address` has answered 401: it wants a name and a password, by a way that is
   // supported (Basic or Digest, RFC 7617 and 7616), or refuses those that it was given.
   bool wantsLogin = false;
+  // `address`, when redirects led there and all of them were permanent (status 301 and 308, RFC
+  // 9110); else, and after a failure, empty.
+  std::string movedTo = {};
+  std::chrono::seconds maxAge{0};  // of the header Cache-Control (RFC 9111); 0 without it
 };
 
 // Runs the transfer on the calling thread and returns when it has ended. It fails on a status of

@@ -5,6 +5,7 @@
 #include <thread>
 #include <utility>
 
+#include "fetch/VisitAfter.h"
 #include "refresh/RefreshWorker.h"
 #include "store/Channels.h"
 #include "threads/Thread.h"
@@ -49,6 +50,7 @@ class JobReport : public WorkerReport {
       const MutexLock lock(run_.lock);
       auto& all = run_.sums.posts;
       all.insert(all.end(), posts.inserted.begin(), posts.inserted.end());
+      if (!run_.sums.wasStopped) run_.sums.missing += posts.failed;
     }
     if (!run_.newPosts || posts.rows + posts.failed == 0 || !Begin(true)) return;
     run_.newPosts(job_.channelId, posts.rows, posts.failed);
@@ -221,7 +223,13 @@ void StartWorker(const std::shared_ptr<RefreshRun>& run, const SharedJob& job) {
   run->GiveUp();
 }
 
+// The visit is remembered before the worker learns that it is stopped: it would do so for both.
 void StopWorker(RefreshRun& run, const Step& step) {
+  FeedMemory& memory = run.resources.memory;
+  FeedVisit last = memory.Last(step.channelId, step.job->entry.xmlLink);
+  const FeedFault fault{.kind = FeedFaultKind::TimedOut};
+  FeedVisit visit = VisitAfterFault(std::move(last), fault, run.services->clock.Now());
+  if (step.channelId >= 0) memory.Remember(step.channelId, std::move(visit));
   step.job->stop.request_stop();
   if (step.channelId >= 0) SetChannelState(*run.services->store, step.channelId, step.result);
   run.frame.Send(kMessageChannelWorker, step.channelId, 0);

@@ -6,6 +6,7 @@
 #include "feed/FeedDate.h"
 #include "feed/FeedParser.h"
 #include "fetch/FeedFetch.h"
+#include "fetch/VisitAfter.h"
 #include "store/ChannelAdder.h"
 #include "store/Channels.h"
 #include "store/Connection.h"
@@ -13,8 +14,6 @@
 
 namespace feedloom {
 namespace {
-
-constexpr std::chrono::hours kLongestWait{24};  // the longest "Retry-After" that is obeyed
 
 // Memory limits, in bytes, while five workers run. A worker whose document or posts exceed one
 // waits for its turn (LargeDocuments). An INSERT needs about five copies of its text.
@@ -78,30 +77,39 @@ Changes StoreInOneOperation(Connection& connection, ChannelRecord& record, Worke
   return posts;
 }
 
-// Returns whether all posts of `record` are in the store now.
-bool StoreChannel(ChannelRecord& record, Store& store, WorkerReport& report,
-                  const std::stop_token& stop) {
+// Returns the number of posts of `record` that are not in the store now.
+int StoreChannel(ChannelRecord& record, Store& store, WorkerReport& report,
+                 const std::stop_token& stop) {
   Changes posts{.failed = static_cast<int>(record.posts.size())};
   if (!stop.stop_requested()) {
     Connection connection(store);
     if (connection) posts = StoreInOneOperation(connection, record, report, stop);
   }
   report.Inserted(posts);
-  return posts.failed == 0;
+  return posts.failed;
 }
 
-// Returns whether the server has asked for a longer wait. A wait of more than kLongestWait means
-// that the clock was set back; it is ignored.
-bool MustWait(const FeedVisit& last, std::chrono::system_clock::time_point now) {
-  return now < last.notBefore && last.notBefore <= now + kLongestWait;
-}
+// What a try is remembered by. `missing` is the number of posts that could not be stored.
+struct Try {
+  const Channel& entry;
+  const FeedVisit& last;
+  const FetchOutcome& outcome;
+  const std::stop_token& stop;
+};
 
-void RememberWait(const Channel& entry, FeedVisit last, const FetchOutcome& outcome,
-                  const Clock& clock, FeedMemory& memory) {
-  const auto wait = std::min<std::chrono::seconds>(outcome.retryAfter, kLongestWait);
-  if (wait.count() <= 0 || entry.id < 0) return;
-  last.notBefore = std::chrono::floor<std::chrono::seconds>(clock.Now() + wait);
-  memory.Remember(entry.id, std::move(last));
+// A stop is no answer of the server; what stops a worker may have remembered something itself. But
+// without the posts that are missing the next request is for the whole document.
+void Remember(const Try& done, int channelId, int missing, const Clock& clock, FeedMemory& memory) {
+  if (channelId < 0) return;
+  FeedVisit visit = done.last;
+  const bool hasAll = done.outcome.result == kChannelRefreshed && missing == 0;
+  if (hasAll || !done.stop.stop_requested()) {
+    visit = VisitAfter(std::move(visit), done.outcome, missing, clock.Now());
+  } else {
+    visit = memory.Last(channelId, done.entry.xmlLink);
+    if (missing > 0) visit.validators = {};
+  }
+  memory.Remember(channelId, std::move(visit));
 }
 
 }  // namespace
@@ -117,7 +125,11 @@ void RefreshChannel(const Channel& entry, bool holdsPosts, const FetchServices& 
                                           .known = holdsPosts ? last.validators : Validators(),
                                           .pool = &resources.pool},
                                          services, stop, parser);
-  if (!outcome.isNew) return report.Unchanged();
+  const Try aTry{entry, last, outcome, stop};
+  if (!outcome.isNew) {
+    Remember(aTry, entry.id, 0, services.clock, resources.memory);
+    return report.Unchanged();
+  }
   if (outcome.result == kChannelRefreshed) {
     report.Fetched();
     ChannelRecord record = ToRecord(entry, parser);
@@ -126,13 +138,10 @@ void RefreshChannel(const Channel& entry, bool holdsPosts, const FetchServices& 
     } else {
       turn.Release();
     }
-    // Without validators the next request is for the whole document, with the posts that are
-    // missing.
-    const bool isStored = StoreChannel(record, *services.store, report, stop);
-    const Validators known = isStored ? outcome.validators : Validators();
-    if (record.id >= 0) resources.memory.Remember(record.id, {entry.xmlLink, known});
+    const int missing = StoreChannel(record, *services.store, report, stop);
+    Remember(aTry, record.id, missing, services.clock, resources.memory);
   } else {
-    RememberWait(entry, last, outcome, services.clock, resources.memory);
+    Remember(aTry, entry.id, 0, services.clock, resources.memory);
   }
   report.Ended(outcome.result);
 }

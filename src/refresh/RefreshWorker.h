@@ -40,6 +40,8 @@ struct RefreshResources {
 // Downloads and parses the feed of `entry`, inserts its channel if it has a negative id, stores the
 // channel's new posts, and tells `report`. The request is conditional (RFC 9110) when the channel
 // `holdsPosts`. While a server's "Retry-After" lasts, ends with kDownloadFailed without a request.
+// What the try has shown is remembered before `report` learns of its end; of one that was stopped
+// only what it has cost.
 // Blocks the calling worker thread. Ends within 100 ms of `stop`, or behind the SQL statement under
 // way.
 void RefreshChannel(const Channel& entry, bool holdsPosts, const FetchServices& services,

@@ -237,9 +237,11 @@ XmlDocument::LoadStatus XmlDocument::Load(const std::string& path, std::stop_tok
                                           const XmlLimits& limits, XmlFaults faults) {
   document_.reset();
   excess_.clear();
+  fault_ = {};
   StoppableFile file(path, stop);
   if (!file.IsOpen()) return LoadStatus::Unreadable;
   ParsedXml parsed = ParseFile(file, limits);
+  fault_ = std::move(parsed.fault);
   const bool isFaulty = parsed.status == LoadStatus::Unreadable && !stop.stop_requested();
   if (isFaulty && faults == XmlFaults::Mended && file.Size() <= kMostMended) {
     const bool isLarge = file.Size() > limits.atOnce;

@@ -65,6 +65,14 @@ class XmlElement {
   const _xmlNode* node_ = nullptr;
 };
 
+// Where a document is not well-formed, counted from 1, and why: the library's words, in English,
+// with a line feed at the end. A line of 0 means nowhere.
+struct XmlFault {
+  int line = 0;
+  int column = 0;
+  std::string reason = {};
+};
+
 enum class XmlFaults { Refused, Mended };
 
 class XmlDocument {
@@ -94,6 +102,9 @@ class XmlDocument {
   // What was too large for the last load, in English ("too large: …"); empty when nothing was.
   const std::string& Excess() const { return excess_; }
 
+  // The first fault of the last document that was not well-formed, before it was mended.
+  const XmlFault& Fault() const { return fault_; }
+
   // The document element; null unless the last load succeeded.
   XmlElement Root() const;
 
@@ -103,6 +114,7 @@ class XmlDocument {
   };
   std::unique_ptr<_xmlDoc, Free> document_;
   std::string excess_;
+  XmlFault fault_;
 };
 
 }  // namespace feedloom

@@ -18,9 +18,9 @@ void InitializeXmlOnce() {
   });
 }
 
-SilentXmlErrors::SilentXmlErrors()
+SilentXmlErrors::SilentXmlErrors(void* context, xmlStructuredErrorFunc report)
     : context_(xmlStructuredErrorContext), report_(xmlStructuredError) {
-  xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {});
+  xmlSetStructuredErrorFunc(context, report);
 }
 
 SilentXmlErrors::~SilentXmlErrors() { xmlSetStructuredErrorFunc(context_, report_); }

@@ -10,11 +10,12 @@ namespace feedloom {
 void InitializeXmlOnce();
 
 // Keeps the library from printing errors to stderr, for the calling thread and as long as the
-// object exists. The destructor restores the thread's earlier setting, because the thread may be
-// the host's.
+// object exists; `report` gets them, with `context`. The destructor restores the thread's earlier
+// setting, because the thread may be the host's.
 class SilentXmlErrors {
  public:
-  SilentXmlErrors();
+  explicit SilentXmlErrors(
+      void* context = nullptr, xmlStructuredErrorFunc report = [](void*, xmlErrorPtr) {});
   ~SilentXmlErrors();
   SilentXmlErrors(const SilentXmlErrors&) = delete;
   SilentXmlErrors& operator=(const SilentXmlErrors&) = delete;

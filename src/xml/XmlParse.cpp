@@ -46,12 +46,20 @@ int Read(void* context, char* buffer, int size) {
   return limit.AcceptsBytes({buffer, static_cast<std::size_t>(count)}) ? count : -1;
 }
 
+// The library's error callback. Notes what makes a document not well-formed.
+void NoteFirst(void* context, xmlErrorPtr error) {
+  auto* const first = static_cast<XmlFault*>(context);
+  if (first->line > 0 || error->level != XML_ERR_FATAL) return;
+  *first = {error->line, error->int2, error->message == nullptr ? "" : error->message};
+}
+
 }  // namespace
 
 ParsedXml ParseXml(const XmlBytes& bytes, const XmlLimits& limits, UnknownEntities unknown) {
   using Status = XmlDocument::LoadStatus;
   InitializeXmlOnce();
-  const SilentXmlErrors silence;
+  XmlFault fault;
+  const SilentXmlErrors silence(&fault, NoteFirst);
   const std::unique_ptr<xmlParserCtxt, FreeContext> context(xmlNewParserCtxt());
   if (!context) return {Status::OutOfMemory};
   XmlMemoryLimit limit(limits, *context, unknown);
@@ -63,7 +71,9 @@ ParsedXml ParseXml(const XmlBytes& bytes, const XmlLimits& limits, UnknownEntiti
   xmlDoc* const tree =
       xmlCtxtReadIO(context.get(), Read, nullptr, &watched, nullptr, bytes.encoding, options);
   std::string excess = limit.Excess(bytes.count);
-  if (excess.empty()) return {tree != nullptr ? Status::Loaded : Status::Unreadable, tree};
+  if (excess.empty()) {
+    return {tree != nullptr ? Status::Loaded : Status::Unreadable, tree, "", std::move(fault)};
+  }
   xmlFreeDoc(tree);
   return {Status::TooLarge, nullptr, std::move(excess)};
 }

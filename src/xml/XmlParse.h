@@ -16,6 +16,7 @@ struct ParsedXml {
   XmlDocument::LoadStatus status;
   xmlDoc* tree = nullptr;   // the caller's; null unless the status is Loaded
   std::string excess = {};  // in English; empty unless the status is TooLarge
+  XmlFault fault = {};      // the first one; without a line when it is well-formed
 };
 
 struct XmlBytes {
