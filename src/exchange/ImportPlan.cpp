@@ -72,7 +72,7 @@ class Planner {
     const std::string& address = FeedAddress(outline);
     // A list from somewhere else must not make the program read local files or run scripts.
     if (!IsWebAddress(address)) return LeaveOut(outline, LeftOutReason::NotOfTheWeb);
-    folder.channels.push_back({.title = NameOf(outline, address),
+    folder.channels.push_back({.title = NameOf(outline, UrlWithoutLogin(address)),
                                .xmlLink = address,
                                .htmlLink = std::string(Trim(outline.htmlUrl))});
   }
@@ -84,7 +84,7 @@ class Planner {
 
   void Name(const OpmlOutline& outline, LeftOutReason reason) {
     if (plan_.named.size() == kMostNamed) return;
-    plan_.named.push_back({NameOf(outline, FeedAddress(outline)), reason});
+    plan_.named.push_back({NameOf(outline, UrlWithoutLogin(FeedAddress(outline))), reason});
   }
 
   const std::string& listName_;

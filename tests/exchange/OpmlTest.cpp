@@ -74,8 +74,8 @@ TEST_F(Opml, TopOutlinesBecomeFoldersAndLoneFeedsShareOneNamedLikeTheList) {
       {"<outline text=' A ' xmlUrl='http://a/'>" + x + "</outline>", "2/0/0",
        "A: A=http://a/ x=http://x/"},
       {"<outline text=' ' title=' T ' xmlUrl='http://t/' htmlUrl=' h '/><outline "
-       "xmlUrl='http://n'/>",
-       "2/0/0", "list: T=http://t/h http://n=http://n"},
+       "xmlUrl='http://u:p@n'/>",
+       "2/0/0", "list: T=http://t/h http://n=http://u:p@n"},
       {"<outline text='A'><outline>" + x + y + "</outline><outline text='O' xmlUrl='http://o/'>" +
            x + "</outline></outline>",
        "1/0/3", "A: O=http://o/"},
