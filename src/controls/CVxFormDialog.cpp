@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/CButtonEx.h"
 #include "controls/CVxComboBox.h"
@@ -18,6 +19,7 @@ constexpr int kRowGap = 8;
 constexpr int kLabelGap = 12;
 constexpr int kButtonGap = 8;
 constexpr int kFieldWidth = 240;
+constexpr int kWidestText = 360;
 
 }  // namespace
 
@@ -59,6 +61,20 @@ CVxEdit* CVxFormDialog::AddEdit(const char* labelKey, CButtonEx* beside) {
   auto* edit = new CVxEdit(GetSkin(), this);
   AddRow(labelKey, edit, beside);
   return edit;
+}
+
+void CVxFormDialog::AddText(const char* labelKey, const QString& text) {
+  auto* const shown = new QLabel(text, this);
+  shown->setTextFormat(Qt::PlainText);
+  shown->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  shown->setWordWrap(true);
+  AddRow(labelKey, shown);
+  // A screen reader reads the label as a buddy's text, and texts in the order of the widgets.
+  static_cast<QLabel*>(rows_->labelForField(shown))->setBuddy(nullptr);
+  shown->raise();
+  const int inLines = shown->fontMetrics().size(0, text).width();
+  const int width = std::clamp(inLines, kFieldWidth, kWidestText);
+  shown->setFixedSize(width, shown->heightForWidth(width));
 }
 
 CVxComboBox* CVxFormDialog::AddComboBox(const char* labelKey, CButtonEx* beside) {

@@ -28,6 +28,8 @@ class CVxFormDialog : public CVxDialog {
   QWidget* AddBelow();
   // Add a row with a new field, a child, and return it.
   CVxEdit* AddEdit(const char* labelKey, CButtonEx* beside = nullptr);
+  // Adds a row with a text of any length, which is wrapped, and can be selected.
+  void AddText(const char* labelKey, const QString& text);
   CVxComboBox* AddComboBox(const char* labelKey, CButtonEx* beside = nullptr);
 
   // Adds the row of MakeButtonRow below the fields. Returns the OK button.

@@ -55,8 +55,8 @@ class HostConfig {
   // Whether a list without posts says so itself, beside an empty page in place of the main page.
   bool SaysEmptyLists() const;
 
-  // Whether a new folder and a channel's move have dialogs with titles of their own, and a rename
-  // to the same name is none.
+  // Whether a new folder and a channel's move have dialogs with titles of their own, a rename to
+  // the same name is none, and the dialogs of a channel say why its feed failed.
   bool HasHelpfulDialogs() const;
 
   // Whether feeds and lists of subscriptions with common faults are read as far as they can be.

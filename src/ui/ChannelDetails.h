@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "fetch/FeedMemory.h"
 #include "store/Rows.h"
 
 namespace feedloom {
@@ -10,6 +11,8 @@ namespace feedloom {
 // unread counts.
 struct ChannelDetails : Channel {
   std::string folderName;
+  int state = 0;         // as of ChannelRow
+  FeedVisit visit = {};  // as of Refreshing::LastVisit
 };
 
 }  // namespace feedloom

@@ -19,6 +19,7 @@
 #include "store/Channels.h"
 #include "store/SqlText.h"
 #include "ui/Desk.h"
+#include "ui/FaultText.h"
 #include "ui/Login.h"
 #include "ui/Refreshing.h"
 #include "ui/Subscribing.h"
@@ -141,7 +142,7 @@ void CRSS_ChannelAddDlg::OnChecked(const FeedCheckAnswer& answer) {
   if (!self) return;
   if (!answer.isFeed && TryOtherResolution()) return;
   if (!answer.isFeed && !answer.announcedFeed.empty()) return OfferAnnounced(answer.announcedFeed);
-  if (!answer.isFeed) return Refuse(kTextAddChannelCheckError, &address_);
+  if (!answer.isFeed) return RefuseAddress(answer.fault);
   homePage_ = answer.homePage;
   const CodePage codePage = desk_.GetStore().TextCodePage();
   const std::string title = UnescapeEntities(answer.title);  // as the store decodes it
@@ -248,6 +249,17 @@ void CRSS_ChannelAddDlg::Tell(const char* key) {
 void CRSS_ChannelAddDlg::Refuse(const char* key, QWidget* field) {
   field->setFocus();
   desk_.ShowTextMessage(kSectionTexts, key, MsgBoxKind::Notice);
+}
+
+// As Refuse: with the reason, where the host wishes for it and has a text.
+void CRSS_ChannelAddDlg::RefuseAddress(const FeedFault& fault) {
+  const Skin& skin = desk_.GetSkin();
+  const std::string reason = skin.Config().HasHelpfulDialogs() ? FaultText(skin, fault) : "";
+  if (reason.empty() || skin.GetText(kSectionTexts, kTextAddChannelNoFeed).empty()) {
+    return Refuse(kTextAddChannelCheckError, &address_);
+  }
+  address_.setFocus();
+  desk_.Ask(kTextAddChannelNoFeed, reason, MsgBoxKind::Notice);
 }
 
 void CRSS_ChannelAddDlg::done(int result) {

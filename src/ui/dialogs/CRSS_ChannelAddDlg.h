@@ -14,6 +14,7 @@ class Refreshing;
 class Subscribing;
 struct ChannelRecord;
 struct FeedCheckAnswer;
+struct FeedFault;
 
 // Subscribes to a feed: adds a channel to the store and the tree, and refreshes it. The address is
 // checked first, on another thread. The other fields are enabled only after the check has found a
@@ -51,6 +52,7 @@ class CRSS_ChannelAddDlg : public CVxFormDialog {
   void Subscribe(const ChannelRecord& record);
   QWidget* FieldOf(const std::string& fault) const;
   void Refuse(const char* key, QWidget* field);
+  void RefuseAddress(const FeedFault& fault);
   std::string TextOf(const CVxEdit& box) const;
 
   Desk& desk_;

@@ -13,8 +13,10 @@
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "store/Posts.h"
+#include "ui/ChannelReport.h"
 #include "ui/CommandKeys.h"
 #include "ui/Desk.h"
+#include "ui/Refreshing.h"
 #include "ui/UndoableSteps.h"
 #include "ui/tree/CRSS_GroupTreeCtrl.h"
 #include "ui/tree/CRSS_LeftToolBarWnd.h"
@@ -26,10 +28,19 @@
 namespace feedloom {
 namespace {
 
-RowTexts LoadRowTexts(const Skin& skin) {
-  return {.downloadFailed = skin.GetText(kSectionTexts, kTextChannelDownloadFailed),
-          .documentRefused = skin.GetText(kSectionTexts, kTextDocumentRefused),
-          .loginWanted = skin.GetText(kSectionTexts, kTextLoginWanted),
+RowTexts LoadRowTexts(Desk& desk, const Refreshing& refreshing) {
+  const Skin& skin = desk.GetSkin();
+  const Clock& clock = desk.GetStore().GetClock();
+  return {.report =
+              [&](const ChannelRow& channel) {
+                const FeedVisit visit = refreshing.LastVisit(channel);
+                return ChannelReport(skin, channel, visit, clock.Now());
+              },
+          .isDead =
+              [&](const ChannelRow& channel) {
+                const auto now = std::chrono::floor<std::chrono::seconds>(clock.Now());
+                return IsDead(refreshing.LastVisit(channel), now);
+              },
           .unread = skin.GetText(kSectionTexts, kTextRowUnread),
           .isNew = skin.GetText(kSectionTexts, kTextRowNew),
           .isFailing = skin.GetText(kSectionTexts, kTextRowFailing)};
@@ -58,7 +69,7 @@ CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subsc
     : QWidget(parent),
       desk_(desk),
       reading_(reading),
-      model_(desk.GetStore().TextCodePage(), LoadRowTexts(desk.GetSkin())),
+      model_(desk.GetStore().TextCodePage(), LoadRowTexts(desk, refreshing)),
       border_(LoadPaneFrame(desk.GetSkin())),
       toolbar_(new CRSS_LeftToolBarWnd(desk.GetSkin(), this)),
       tree_(new CRSS_GroupTreeCtrl(desk.GetSkin(), model_, this)),

@@ -187,7 +187,8 @@ void GroupTreeModel::SetChannelNewByMessage(int channelId, bool isNew) {
 void GroupTreeModel::SetChannelState(int channelId, int state) {
   const QModelIndex index = FindChannel(channelId);
   ChildRow* const row = MutableChildAt(index);
-  if (row == nullptr || row->state == state) return;
+  // A failure that follows another one may have a reason of its own.
+  if (row == nullptr || (row->state == state && state >= 0)) return;
   row->state = state;
   emit dataChanged(index, index, {StateRole, Qt::ToolTipRole});
 }

@@ -29,9 +29,9 @@ struct TreeContent {
 
 // Texts that rows show or tell besides their names, in the module's code page.
 struct RowTexts {
-  std::string downloadFailed;  // why a channel's last refresh failed
-  std::string documentRefused;
-  std::string loginWanted = {};
+  // What is to be told of the last refresh of a channel, in lines; empty when there is nothing.
+  std::function<std::string(const ChannelRow&)> report;
+  std::function<bool(const ChannelRow&)> isDead;  // asked for a channel whose refresh failed
   // A screen reader speaks these after the name:
   std::string unread = {};  // "%d" is replaced by the count
   std::string isNew = {};
@@ -39,10 +39,10 @@ struct RowTexts {
 };
 
 // The model has one column. Qt::DisplayRole is the label on one line; a very long name is
-// truncated. Qt::ToolTipRole is the name as rich text, with the reason when the last refresh
-// failed. Qt::AccessibleTextRole tells a screen reader in words all that the row shows;
-// Qt::AccessibleDescriptionRole is the reason of a failure. A function that is given the id or
-// index of a missing row changes nothing. Interface thread only.
+// truncated. Qt::ToolTipRole is the name as rich text, with what is to be told of the last
+// refresh. Qt::AccessibleTextRole tells a screen reader in words all that the row shows;
+// Qt::AccessibleDescriptionRole is what is to be told of the last refresh. A function that is given
+// the id or index of a missing row changes nothing. Interface thread only.
 class GroupTreeModel : public QAbstractItemModel {
  public:
   enum Role {
@@ -54,6 +54,7 @@ class GroupTreeModel : public QAbstractItemModel {
     HoldsFailureRole,         // bool, of a group: whether the refresh of one of its channels failed
     HoldsNewRole,             // bool, of a group: whether one of its channels is new
     IsAnimatedByMessageRole,  // bool
+    IsDeadRole,               // bool, of a channel: whether its feed has probably gone for good
   };
 
   GroupTreeModel(CodePage codePage, RowTexts texts, QObject* parent = nullptr);
@@ -186,7 +187,7 @@ class GroupTreeModel : public QAbstractItemModel {
   // These two also change the group's count.
   int SetUnread(const QModelIndex& child, int count);
   void LowerUnread(const QModelIndex& child);
-  QString FailureOf(const ChildRow& child) const;
+  QString ReportOf(const ChildRow& child) const;
   QVariant GroupData(const GroupRow& group, int role) const;
   QVariant ChildData(const ChildRow& child, int role) const;
   QString DisplayName(const std::string& name) const;

@@ -4,7 +4,6 @@
 
 #include "look/QtText.h"
 #include "skin/TextPlaceholders.h"
-#include "threads/Messages.h"
 #include "ui/tree/GroupTreeModel.h"
 #include "ui/tree/RowLabel.h"
 
@@ -12,19 +11,15 @@ namespace feedloom {
 namespace {
 
 // Qt would interpret a plain text that looks like HTML, so the text is escaped as rich text.
-QString ToolTip(const QString& name, const QString& failure) {
-  return Qt::convertFromPlainText(failure.isEmpty() ? name : name + '\n' + failure,
+QString ToolTip(const QString& name, const QString& report) {
+  return Qt::convertFromPlainText(report.isEmpty() ? name : name + '\n' + report,
                                   Qt::WhiteSpaceNormal);
 }
 
 }  // namespace
 
-QString GroupTreeModel::FailureOf(const ChildRow& child) const {
-  if (child.state >= 0) return {};
-  const bool wantsLogin = child.state == kLoginWanted && !texts_.loginWanted.empty();
-  return ToQString(codePage_, wantsLogin                        ? texts_.loginWanted
-                              : child.state == kDocumentRefused ? texts_.documentRefused
-                                                                : texts_.downloadFailed);
+QString GroupTreeModel::ReportOf(const ChildRow& child) const {
+  return child.kind == RowKind::Channel ? ToQString(codePage_, texts_.report(child)) : QString();
 }
 
 QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {
@@ -57,7 +52,7 @@ QVariant GroupTreeModel::ChildData(const ChildRow& child, int role) const {
     case Qt::AccessibleTextRole:
       return AccessibleLabel(child);
     case Qt::AccessibleDescriptionRole:
-      return FailureOf(child);
+      return ReportOf(child);
     case KindRole:
       return static_cast<int>(child.kind);
     case NameRole:
@@ -70,8 +65,10 @@ QVariant GroupTreeModel::ChildData(const ChildRow& child, int role) const {
       return child.isNew;
     case IsAnimatedByMessageRole:
       return child.isAnimatedByMessage;
+    case IsDeadRole:
+      return child.state < 0 && texts_.isDead(child);
     case Qt::ToolTipRole:
-      return ToolTip(DisplayName(child.title), FailureOf(child));
+      return ToolTip(DisplayName(child.title), ReportOf(child));
     default:
       return {};
   }

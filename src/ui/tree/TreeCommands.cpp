@@ -92,7 +92,8 @@ std::optional<TreeCommands::Target> TreeCommands::SelectedChild() const {
 }
 
 ChannelDetails TreeCommands::DetailsOf(const Target& channel) const {
-  return {*model_.ChildAt(channel.row), model_.GroupAt(channel.row.parent())->name};
+  const ChildRow& row = *model_.ChildAt(channel.row);
+  return {row, model_.GroupAt(channel.row.parent())->name, row.state, refreshing_.LastVisit(row)};
 }
 
 std::optional<Menu> TreeCommands::MenuOf(const QModelIndex& row) const {

@@ -72,6 +72,7 @@ QRect PaintCount(QPainter& painter, const QRect& area, const QModelIndex& index)
   painter.save();
   QFont font = painter.font();
   font.setBold(false);
+  font.setStrikeOut(false);
   painter.setFont(font);
   painter.setOpacity(kCountOpacity);
   painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, count);
@@ -102,6 +103,7 @@ void TreeRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   const bool isGroup = IsGroup(KindOf(index));
   QFont font = option.font;
   font.setBold(index.data(GroupTreeModel::UnreadRole).toInt() > 0);
+  font.setStrikeOut(index.data(GroupTreeModel::IsDeadRole).toBool());
 
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);

@@ -3,6 +3,7 @@
 #include "check/FeedCheckAnswer.h"
 #include "store/Cabinets.h"
 #include "store/Folders.h"
+#include "threads/Messages.h"
 #include "ui/dialogs/DialogFixture.h"
 
 namespace feedloom {
@@ -90,6 +91,31 @@ TEST_F(Dialogs, HelpWhereTheHostAsksForIt) {
   ShowGroupAdd(frame, frame, parent.get());
   WhenShown([&] { EXPECT_EQ(dialog->windowTitle(), "채널 이동"); });
   ShowChannelMove(frame, frame, parent.get(), channel_);
+}
+
+TEST_F(Dialogs, AHelpfulOneSaysHowAChannelsLastRefreshEnded) {
+  frame.skin.SetHostValue(kValueDialogs, kDialogsHelpful);
+  const auto at = [](int day) {
+    return std::chrono::floor<std::chrono::seconds>(NoonOf(2008, 5, day));
+  };
+  const std::string known =
+      "채널 정보; 채널: 똠방각하; 주소: http://example.com/Daily; 그룹 이름: News; 상태; ";
+  const auto expect = [&](const std::string& look) {
+    WhenShown([&] { EXPECT_EQ(Look(*dialog), known + look + "; >확인"); });
+    ShowChannelInfo(frame, parent.get(), channel_);
+  };
+  expect("알 수 없음; 마지막 성공: 알 수 없음; 마지막 시도: 알 수 없음");
+  channel_.visit = {.tried = at(2), .succeeded = at(2), .movedTo = "http://new/"};
+  expect(
+      "이상 없음; 마지막 성공: 2008-05-02 12:00; 마지막 시도: 2008-05-02 12:00; "
+      "새 주소: http://new/");
+  channel_.state = kDocumentRefused;
+  channel_.visit = {.fault = {FeedFaultKind::BrokenXml, 7, 1, std::string(150, 'x')},
+                    .tried = at(4),
+                    .failingSince = at(3)};
+  expect("7행 1열에서 잘못된 XML입니다: " + std::string(150, 'x') +
+         "\n처음 실패한 때: 2008-05-03 12:00; 마지막 성공: 알 수 없음; "
+         "마지막 시도: 2008-05-04 12:00");
 }
 
 TEST_F(Dialogs, ACabinetIsChosenFromAllInTheirOrder) {
@@ -202,6 +228,18 @@ TEST_F(Dialogs, AnAnnouncedAddressThatIsNoFeedIsReadAsTheBrowserReadsIt) {
       EXPECT_EQ(Messages(), Keys{kTextAddChannelCheckError});
     });
   }
+}
+
+TEST_F(Dialogs, AHelpfulOneSaysWhyAnAddressIsNoFeed) {
+  const FeedCheckAnswer refused{.fault = {FeedFaultKind::OpmlList}};
+  Add(news_, "http://h/", [&] { EXPECT_EQ(Check(refused), Keys{kTextAddChannelCheckError}); });
+  frame.skin.SetHostValue(kValueDialogs, kDialogsHelpful);
+  Add(news_, "http://h/", [&] {
+    EXPECT_EQ(Check(refused), Keys{kTextAddChannelNoFeed});
+    EXPECT_EQ(frame.askedMore, Korean("피드가 아니라 구독 목록(OPML)입니다"));
+    EXPECT_TRUE(Box().hasFocus());
+    EXPECT_EQ(Check({}), Keys{kTextAddChannelCheckError}) << "no reason is known";
+  });
 }
 
 TEST_F(Dialogs, AWebPageOffersItsFeedAndAFolderCanBeAddedOnTheWay) {

@@ -219,6 +219,19 @@ TEST_F(LeftContainerTest, ARowSaysItsNameItsCountAndWhatIsWrong) {
   }
 }
 
+TEST_F(LeftContainerTest, TheTipOfARowSaysWhyItsChannelFailedAndADeadOneIsStruckOut) {
+  pane->SetChannelState(daily, kDownloadFailed);
+  const QImage failing = tree->viewport()->grab(tree->visualRect(Row("Daily"))).toImage();
+  QSignalSpy changes(tree->model(), &QAbstractItemModel::dataChanged);
+  frame.visits[daily].fault = {FeedFaultKind::HttpStatus, 410};
+  pane->SetChannelState(daily, kDownloadFailed);
+  EXPECT_EQ(changes.count(), 1) << "a failure may have another reason than the one before";
+  const QString told = "서버의 응답: 410 (영구히 사라짐)\n이 피드는 없어진 듯합니다.";
+  EXPECT_EQ(Row("Daily").data(Qt::AccessibleDescriptionRole), told);
+  EXPECT_TRUE(Row("Daily").data(Qt::ToolTipRole).toString().contains("410"));
+  EXPECT_NE(tree->viewport()->grab(tree->visualRect(Row("Daily"))).toImage(), failing);
+}
+
 TEST_F(LeftContainerTest, RowsAreDrawnAlsoWithoutTheSkinsImages) {
   const Skin& shipped = frame.skin.Get();
   const auto text = [&](auto section, auto key) { return shipped.GetText(section, key); };
