@@ -95,6 +95,7 @@ TEST_F(Dialogs, HelpWhereTheHostAsksForIt) {
 
 TEST_F(Dialogs, AHelpfulOneSaysHowAChannelsLastRefreshEnded) {
   frame.skin.SetHostValue(kValueDialogs, kDialogsHelpful);
+  frame.db.Clock().Set(NoonOf(2008, 5, 5));
   const auto at = [](int day) {
     return std::chrono::floor<std::chrono::seconds>(NoonOf(2008, 5, day));
   };
