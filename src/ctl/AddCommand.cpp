@@ -8,6 +8,7 @@
 #include "ctl/Password.h"
 #include "ctl/Session.h"
 #include "feed/FeedParser.h"
+#include "fetch/FaultWords.h"
 #include "net/RequestAddress.h"
 #include "net/Url.h"
 #include "store/ChannelAdder.h"
@@ -36,9 +37,7 @@ int FolderFor(Session& session, const std::string& name) {
 }
 
 std::string Reason(const FetchOutcome& outcome, bool isLoginGiven) {
-  if (outcome.result != kLoginWanted) {
-    return outcome.error.empty() ? "this is not a feed" : outcome.error;
-  }
+  if (outcome.result != kLoginWanted) return FaultWords(outcome.fault);
   return fmt::format("{} ({}){}", outcome.error, outcome.loginServer,
                      isLoginGiven ? "" : "; give them with --user NAME");
 }

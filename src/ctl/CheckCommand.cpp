@@ -1,11 +1,13 @@
 // feedloomctl check: what the reader sees in a feed.
 #include "ctl/Commands.h"
+#include "ctl/FaultJson.h"
 #include "ctl/FetchOnce.h"
 #include "ctl/FileOrWebAddress.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "feed/FeedDate.h"
 #include "feed/FeedParser.h"
+#include "fetch/FaultOf.h"
 #include "profile/Files.h"
 
 namespace feedloom {
@@ -37,8 +39,10 @@ Json FeedJson(const Session& session, const FeedParser& parser, int result) {
 }
 
 int PrintFeed(const Session& session, const FeedParser& parser, int result) {
+  const DocumentFault& fault = parser.Fault();
   Json feed = FeedJson(session, parser, result);
   if (!parser.Error().empty()) feed["error"] = parser.Error();
+  if (fault.kind != DocumentFaultKind::None) feed["fault"] = FaultJson(FaultOf(fault));
   PrintJson(feed);
   return result < 0 ? kFailure : kSuccess;
 }
@@ -48,7 +52,7 @@ int CheckAddress(Session& session, const std::string& address) {
   const FetchOutcome outcome = FetchOnce(session, address, parser);
   const bool hasCome = outcome.result != kDownloadFailed && outcome.result != kLoginWanted;
   if (hasCome) return PrintFeed(session, parser, outcome.parseCode);
-  PrintJson({{"result", nullptr}, {"error", outcome.error}});
+  PrintJson({{"result", nullptr}, {"error", outcome.error}, {"fault", FaultJson(outcome.fault)}});
   return kFailure;
 }
 

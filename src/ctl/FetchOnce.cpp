@@ -8,7 +8,13 @@ namespace feedloom {
 FetchOutcome FetchOnce(Session& session, const std::string& address, FeedParser& parser,
                        const std::optional<GivenLogin>& login) {
   const SharedServices services = session.Services();
-  if (!services) return {kDownloadFailed, kParsed, "there is no folder to work in"};
+  if (!services) {
+    const std::string reason = "there is no folder to work in";
+    return {.result = kDownloadFailed,
+            .parseCode = kParsed,
+            .error = reason,
+            .fault = {.kind = FeedFaultKind::Other, .detail = reason}};
+  }
   const TimeLimit limit(services->clock, RefreshLimits().timeLimit);
   FetchOutcome outcome =
       FetchFeed({.address = address, .path = CheckFilePath(services->workDir), .login = login},

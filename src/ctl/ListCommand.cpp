@@ -2,6 +2,7 @@
 #include <fmt/core.h>
 
 #include "ctl/Commands.h"
+#include "ctl/FaultJson.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "store/Cabinets.h"
@@ -15,21 +16,40 @@ struct Lists {
   std::vector<FolderRow> folders;
   std::vector<ChannelRow> channels;
   std::vector<CabinetRow> cabinets;
+  FeedMemory memory;
+
+  FeedVisit VisitOf(const ChannelRow& row) const { return memory.Last(row.id, row.xmlLink); }
 };
 
-Json ChannelJson(const Session& session, const ChannelRow& channel) {
-  return {{"id", channel.id},
-          {"title", session.Utf8(channel.title)},
-          {"url", session.Utf8(channel.xmlLink)},
-          {"order", channel.order},
-          {"unread", channel.unreadCount},
-          {"state", channel.state}};
+std::chrono::sys_seconds Now() {
+  return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+}
+
+Json ChannelJson(const Session& session, const ChannelRow& channel, const Lists& lists) {
+  Json json = {{"id", channel.id},
+               {"title", session.Utf8(channel.title)},
+               {"url", session.Utf8(channel.xmlLink)},
+               {"order", channel.order},
+               {"unread", channel.unreadCount},
+               {"state", channel.state}};
+  AddVisit(json, lists.VisitOf(channel), Now());
+  return json;
+}
+
+std::string ChannelLine(const Session& session, const ChannelRow& channel, const Lists& lists) {
+  const FeedVisit visit = lists.VisitOf(channel);
+  const std::string moved =
+      visit.movedTo.empty() ? "" : fmt::format(" (has moved to {})", OneLine(visit.movedTo));
+  return fmt::format("  channel {}: {} ({} unread, {}) {}{}", channel.id,
+                     OneLine(session.Utf8(channel.title)), channel.unreadCount,
+                     VisitWords(channel.state, visit, Now()),
+                     OneLine(session.Utf8(channel.xmlLink)), moved);
 }
 
 Json FolderJson(const Session& session, const FolderRow& folder, const Lists& lists) {
   Json channels = Json::array();
   for (const ChannelRow& channel : lists.channels) {
-    if (channel.folderId == folder.id) channels.push_back(ChannelJson(session, channel));
+    if (channel.folderId == folder.id) channels.push_back(ChannelJson(session, channel, lists));
   }
   return {{"id", folder.id},
           {"name", session.Utf8(folder.name)},
@@ -59,10 +79,7 @@ void PrintLists(const Session& session, const Lists& lists) {
     PrintLine(
         fmt::format("folder {}: {} ({} unread)", folder.id, line(folder.name), folder.unreadCount));
     for (const ChannelRow& channel : lists.channels) {
-      if (channel.folderId != folder.id) continue;
-      PrintLine(fmt::format("  channel {}: {} ({} unread, {}) {}", channel.id, line(channel.title),
-                            channel.unreadCount, ResultWords(channel.state),
-                            line(channel.xmlLink)));
+      if (channel.folderId == folder.id) PrintLine(ChannelLine(session, channel, lists));
     }
   }
   for (const CabinetRow& cabinet : lists.cabinets) {
@@ -74,7 +91,8 @@ void PrintLists(const Session& session, const Lists& lists) {
 }  // namespace
 
 int RunList(Session& session) {
-  Lists lists;
+  Lists lists{.memory = FeedMemory(session.FeedMemoryFile())};
+  lists.memory.Load();
   if (!LoadFolderList(session.GetStore(), lists.folders) ||
       !LoadChannelList(session.GetStore(), lists.channels) ||
       !LoadCabinetList(session.GetStore(), lists.cabinets)) {

@@ -45,6 +45,7 @@ int RunRefresh(Session& session, const RefreshOptions& options) {
     RefreshEngine engine(services, progress, host, {}, [&](int channelId, int stored, int missing) {
       progress.CountPosts(channelId, stored, missing);
     });
+    progress.TakeVisitsFrom([&](const Channel& channel) { return engine.LastVisit(channel); });
     engine.Enqueue({channels->begin(), channels->end()});
     engine.StartRefresh();
     progress.Wait();

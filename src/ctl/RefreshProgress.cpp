@@ -5,7 +5,9 @@
 
 #include <utility>
 
+#include "ctl/FaultJson.h"
 #include "ctl/Session.h"
+#include "fetch/FaultWords.h"
 #include "threads/Messages.h"
 
 namespace feedloom {
@@ -34,7 +36,7 @@ RefreshProgress::RefreshProgress(Session& session, const std::vector<ChannelRow>
       started_(std::chrono::steady_clock::now()),
       drawsBar_(!session.WantsJson() && isatty(STDOUT_FILENO) != 0) {
   for (const ChannelRow& channel : channels) {
-    channels_[channel.id] = {session.Utf8(channel.title)};
+    channels_[channel.id] = {session.Utf8(channel.title), channel};
   }
 }
 
@@ -77,16 +79,20 @@ void RefreshProgress::End(int channelId, std::string_view result, bool failed) {
   Channel& channel = channels_[channelId];
   channel.ended = true;
   if (failed) ++failures_;
+  const FeedFault fault = visitOf_(channel.entry).fault;
   if (session_.WantsJson()) {
     lines_.push_back({{"id", channelId},
                       {"title", channel.title},
                       {"result", result},
                       {"new", channel.newPosts},
                       {"notStored", channel.missing}});
+    if (fault.kind != FeedFaultKind::None) lines_.back()["fault"] = FaultJson(fault);
     return;
   }
+  const std::string why =
+      fault.kind == FeedFaultKind::None ? std::string(result) : FaultWords(fault);
   if (drawsBar_) fmt::print("\r\x1b[K");
-  PrintLine(fmt::format("{}: {}", OneLine(channel.title), Words(channel, failed ? result : "")));
+  PrintLine(fmt::format("{}: {}", OneLine(channel.title), Words(channel, failed ? why : "")));
   if (drawsBar_) DrawBar();
 }
 

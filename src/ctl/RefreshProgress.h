@@ -2,11 +2,14 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "ctl/Output.h"
+#include "fetch/FeedMemory.h"
 #include "store/Rows.h"
 #include "store/Store.h"
 #include "threads/MessageTarget.h"
@@ -23,6 +26,11 @@ class RefreshProgress : public MessageTarget {
   // `channels` are the rows, read before the run, of those that it refreshes. `session` must
   // outlive the object.
   RefreshProgress(Session& session, const std::vector<ChannelRow>& channels);
+
+  // From now on `visitOf` tells the last visit of one of the channels. To be set before the run.
+  void TakeVisitsFrom(std::function<FeedVisit(const feedloom::Channel& channel)> visitOf) {
+    visitOf_ = std::move(visitOf);
+  }
 
   // Receives the engine's messages. Any thread may call it.
   std::intptr_t Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) override;
@@ -41,6 +49,7 @@ class RefreshProgress : public MessageTarget {
  private:
   struct Channel {
     std::string title;  // UTF-8
+    feedloom::Channel entry = {};
     int newPosts = 0;
     int missing = 0;  // new posts that could not be stored
     bool began = false;
@@ -57,6 +66,7 @@ class RefreshProgress : public MessageTarget {
   Session& session_;
   const std::chrono::steady_clock::time_point started_;
   const bool drawsBar_;
+  std::function<FeedVisit(const feedloom::Channel& channel)> visitOf_;
 
   mutable Mutex mutex_;
   std::condition_variable_any changed_;

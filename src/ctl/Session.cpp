@@ -87,9 +87,9 @@ SharedServices Session::Services() {
     PrintError(fmt::format("cannot make a folder in {}", config_.GetWorkDir()));
     return nullptr;
   }
-  return std::make_shared<FetchServices>(
-      FetchServices{store_, registry_, SystemClock(), workFolder_->Path(),
-                    FeedMemoryPath(config_.GetWorkDir()), config_.ReadsLeniently()});
+  return std::make_shared<FetchServices>(FetchServices{store_, registry_, SystemClock(),
+                                                       workFolder_->Path(), FeedMemoryFile(),
+                                                       config_.ReadsLeniently()});
 }
 
 }  // namespace feedloom

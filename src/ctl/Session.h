@@ -8,6 +8,7 @@
 #include "ctl/Commands.h"
 #include "ctl/WorkFolder.h"
 #include "feed/FeedItem.h"
+#include "fetch/FeedMemory.h"
 #include "fetch/FetchServices.h"
 #include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
@@ -33,6 +34,9 @@ class Session {
   // Returns the services for downloads, with a work folder of this process alone. When the folder
   // cannot be created, prints an error and returns null.
   SharedServices Services();
+
+  // The path of FeedMemory's file.
+  std::string FeedMemoryFile() const { return FeedMemoryPath(config_.GetWorkDir()); }
 
   // Convert from the module's code page to UTF-8, and back.
   std::string Utf8(std::string_view text) const { return TextCodePage().ToUtf8(text); }

@@ -1,5 +1,6 @@
 #include "feed/FeedParser.h"
 
+#include "feed/FeedPeriod.h"
 #include "feed/JsonFeed.h"
 
 namespace feedloom {
@@ -45,6 +46,7 @@ ParseCode FeedParser::ParseXml(const std::string& path, std::stop_token stop) {
   fault_ = RootFault(root, code, format_);
   if (code < 0) return code;
   if (format_ == FeedFormat::Opml) return kParsed;
+  period_ = WishedPeriod(root);
   code = ReadFeedHeader(root, reading_, header_);
   if (code < 0) return code;
   return ReadFeedItems(root, header_.variants, reading_, std::move(stop), items_);

@@ -1,6 +1,7 @@
 // Parses one downloaded document into a channel's header and items.
 #pragma once
 
+#include <chrono>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -31,6 +32,9 @@ class FeedParser {
   // What the document is in place of a feed. None when it is one, and when Parse was stopped.
   const DocumentFault& Fault() const { return fault_; }
 
+  // WishedPeriod; 0 for JSON Feed, which has no word for it.
+  std::chrono::seconds Period() const { return period_; }
+
   // The document's format; Unknown when Parse has not recognised the root element.
   FeedFormat GetFormat() const { return format_; }
   bool IsFeed() const { return format_ != FeedFormat::Unknown && format_ != FeedFormat::Opml; }
@@ -51,6 +55,7 @@ class FeedParser {
   DocumentFault fault_;
   FeedFormat format_ = FeedFormat::Unknown;
   FeedHeader header_;
+  std::chrono::seconds period_{0};
   std::vector<FeedItem> items_;
 };
 

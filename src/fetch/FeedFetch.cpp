@@ -2,8 +2,10 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <filesystem>
 
+#include "feed/FeedPeriod.h"
 #include "fetch/FaultOf.h"
 #include "files/Path.h"
 #include "files/TempFile.h"
@@ -87,6 +89,7 @@ FetchOutcome FetchFeedFile(const FeedRequest& request, const FetchServices& serv
     outcome.result = kDocumentRefused;
     outcome.fault = FaultOf(parser.Fault());
   }
+  outcome.period = std::min(std::max(parser.Period(), download.maxAge), kLongestPeriod);
   return outcome;
 }
 

@@ -130,6 +130,11 @@ bool IsDead(const FeedVisit& visit, std::chrono::sys_seconds now) {
   return fails && now - visit.failingSince >= kLongEnough;
 }
 
+bool IsDue(const FeedVisit& visit, std::chrono::sys_seconds now) {
+  if (visit.fault.kind != FeedFaultKind::None || now < visit.succeeded) return true;
+  return now >= visit.succeeded + visit.period - visit.period / 10;
+}
+
 std::string FeedVisitsText(const FeedVisits& visits) {
   std::string text = fmt::format("{}\n", kFirstLine);
   for (const auto& [id, visit] : visits) {

@@ -36,6 +36,12 @@ struct FeedVisit {
 // call it.
 bool IsDead(const FeedVisit& visit, std::chrono::sys_seconds now);
 
+// Returns whether a refresh that starts by itself asks the feed again: what it has had to say
+// longer than its period ago, or a failure. A tenth of the period is let off, so that a timer of
+// the same period meets it. A success later than `now` does not count. Pure; any thread may call
+// it.
+bool IsDue(const FeedVisit& visit, std::chrono::sys_seconds now);
+
 using FeedVisits = std::map<int, FeedVisit>;  // by channel id
 
 // Convert visits to the text of the file, one line for each channel, and back. A visit with a

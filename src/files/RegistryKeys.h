@@ -30,6 +30,7 @@ inline constexpr char kValueEmptyList[] = "EMPTY_LIST";            // kEmptyList
 inline constexpr char kValueDialogs[] = "DIALOGS";                 // kDialogsHelpful
 inline constexpr char kValueSelection[] = "SELECTION";             // kSelectionCareful
 inline constexpr char kValueLenient[] = "LENIENT";                 // kLenientOn
+inline constexpr char kValuePeriods[] = "PERIODS";                 // kPeriodsOn
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
 // The values of kValuePostLinks.
@@ -57,6 +58,9 @@ inline constexpr char kSelectionCareful[] = "CAREFUL";
 
 // The value of kValueLenient; anything else is the default.
 inline constexpr char kLenientOn[] = "ON";
+
+// The value of kValuePeriods; anything else is the default.
+inline constexpr char kPeriodsOn[] = "ON";
 
 // The values of the module's registry key. The first seven are the user's settings, which stand
 // there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.

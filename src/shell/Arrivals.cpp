@@ -249,8 +249,11 @@ void Arrivals::TellOf(const char* textKey, int channelId) {
 }
 
 void Arrivals::TellReceived() {
-  for (const int id : std::exchange(counted_, {})) TellOf(kTextReceivedChannel, id);
-  // A failure of the store that came last says more.
+  // A failure of the store says more than what was received: the posts of it may be missing.
+  const std::string received = desk_.GetSkin().GetText(kSectionTexts, kTextReceivedChannel);
+  for (const int id : std::exchange(counted_, {})) {
+    desk_.ReportPage(WithTitle(received, left_.ChannelTitle(id)), false);
+  }
   if (waiting_.empty() && !endText_.empty()) desk_.ReportPage(std::exchange(endText_, {}), false);
 }
 

@@ -69,6 +69,7 @@ bool HostConfig::StartsWithLast() const { return Is(kValueStart, kStartLast); }
 bool HostConfig::SaysEmptyLists() const { return Is(kValueEmptyList, kEmptyListLine); }
 bool HostConfig::HasHelpfulDialogs() const { return Is(kValueDialogs, kDialogsHelpful); }
 bool HostConfig::ReadsLeniently() const { return Is(kValueLenient, kLenientOn); }
+bool HostConfig::KeepsPeriods() const { return Is(kValuePeriods, kPeriodsOn); }
 bool HostConfig::SelectsCarefully() const { return Is(kValueSelection, kSelectionCareful); }
 
 ListPlace HostConfig::GetListPlace() const {

@@ -62,6 +62,10 @@ class HostConfig {
   // Whether feeds and lists of subscriptions with common faults are read as far as they can be.
   bool ReadsLeniently() const;
 
+  // Whether a refresh that starts by itself leaves channels out until their feeds' periods are
+  // over.
+  bool KeepsPeriods() const;
+
   // Whether the module selects, lists and marks read only what the user is sure to mean:
   // docs/host-interface.md tells the cases.
   bool SelectsCarefully() const;

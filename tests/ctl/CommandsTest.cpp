@@ -57,15 +57,18 @@ TEST_F(Commands, AddTakesTheFeedsTitleOrTheUsersAndListShowsFoldersWithTheirChan
             "/%ED%95%9C%E2%82%AC%F0%9F%98%80.xml\n  channel 4: Feed &/a (1 unread, ok) /a\n"
             "cabinet 1: My cabinet (0 unread)\n");
   Run("delete --channel 3");
-  EXPECT_EQ(
-      ReplaceAll(RunJson("list")["folders"][1].dump(), server_.Url(""), ""),
-      R"({"channels":[{"id":4,"order":2,"state":0,"title":"Feed &/a","unread":1,"url":"/a"}],)"
-      R"("id":2,"name":"새그룹","order":0,"unread":1})");
+  json folder = RunJson("list")["folders"][1];
+  EXPECT_EQ(folder["channels"][0].value("lastTry", "").substr(0, 2), "20");
+  for (const char* time : {"lastTry", "lastSuccess"}) folder["channels"][0].erase(time);
+  EXPECT_EQ(ReplaceAll(folder.dump(), server_.Url(""), ""),
+            R"({"channels":[{"dead":false,"fault":null,"id":4,"movedTo":null,"order":2,"state":0,)"
+            R"("title":"Feed &/a","unread":1,"url":"/a"}],"id":2,"name":"새그룹","order":0,)"
+            R"("unread":1})");
   EXPECT_EQ(Out("delete --folder 2"), "deleted\n");  // the first one that a user adds
   EXPECT_EQ(RunJson("posts").size(), 1u);
   server_.Serve("/opml", "<opml version='1.0'/>");
   ExpectRefused("add " + server_.Url("/a"), " is channel 2 of that folder already");
-  ExpectRefused("add " + server_.Url("/opml"), ": this is not a feed");
+  ExpectRefused("add " + server_.Url("/opml"), ": an OPML list, not a feed");
   ExpectRefused("add no.such", "http://no.such");
   EXPECT_EQ(RunJson("list")["folders"].size(), 1u);
 }
@@ -76,20 +79,28 @@ TEST_F(Commands, RefreshTellsEachChannelAndFailsWhenOneFails) {
   Run("add " + server_.Url("/a"));
   Run("add --folder B " + server_.Url("/b"));
   Run("delete --channel 1");
-  server_.Fail("/b", 503);
+  server_.Fail("/b", 410);
   const CtlResult result = Run("refresh");
   EXPECT_EQ(result.status, 1);
-  for (const char* line : {"Feed &/a: 3 new\n", "Feed &/b: download failed\n",
+  for (const char* line : {"Feed &/a: 3 new\n", "Feed &/b: HTTP status 410\n",
                            "\n2 channels, 3 new posts, 1 failure, "}) {
     EXPECT_NE(result.out.find(line), std::string::npos) << result.out;
   }
-  EXPECT_EQ(RunJson("list")["folders"][1]["channels"][0]["state"], -2);
-  Serve("/b", 2);
+  EXPECT_NE(Out("list").find("(0 unread, dead: HTTP status 410)"), std::string::npos);
+  const json failed = RunJson("list")["folders"][1]["channels"][0];
+  EXPECT_TRUE(failed["state"] == -2 && failed["dead"] == true && failed["lastSuccess"] == nullptr);
+  EXPECT_EQ(failed["fault"].dump(),
+            R"({"kind":"http-status","status":410,"text":"HTTP status 410"})");
+  EXPECT_EQ(json::parse(Out("--json refresh --channel 3"))["channels"][0]["fault"],
+            failed["fault"]);
+  Serve("/c", 2);
+  server_.Redirect("/b", server_.Url("/c"), 301);
   const json run = RunJson("refresh --channel 3");
   EXPECT_EQ(run["channels"].dump(),
             R"([{"id":3,"new":2,"notStored":0,"result":"ok","title":"Feed &/b"}])");
   EXPECT_EQ(RunJson("refresh --folder 1")["newPosts"], 0);
-  EXPECT_EQ(server_.Requests("/b"), 3);
+  EXPECT_EQ(server_.Requests("/b"), 4);
+  EXPECT_EQ(RunJson("list")["folders"][1]["channels"][0]["movedTo"], server_.Url("/c"));
 }
 
 TEST_F(Commands, ALoginIsAskedForKeptOnceItIsRightAndNeverShown) {
@@ -117,7 +128,7 @@ TEST_F(Commands, ALoginIsAskedForKeptOnceItIsRightAndNeverShown) {
   EXPECT_EQ(Status("refresh"), 0);
   folder_.Write("profile/logins.reg", "");
   const std::string failed = Out("refresh");
-  EXPECT_NE(failed.find("/b: name and password wanted\n"), std::string::npos);
+  EXPECT_NE(failed.find("/b: the server wants a name and a password\n"), std::string::npos);
   EXPECT_EQ(failed.find("secret"), std::string::npos);
   EXPECT_EQ(RunJson("list")["folders"][0]["channels"][0]["state"], -4);
 }
@@ -133,6 +144,7 @@ TEST_F(Commands, ProgramsOfOneProfileKeepOutOfEachOthersWorkFolders) {
   EXPECT_EQ(Status(check), 0);
   Serve("/a", 2);
   EXPECT_TRUE(words.get().starts_with("Feed &/a: 2 new\n"));
+  std::filesystem::remove(profile_ + "/work/feed_memory");
   EXPECT_TRUE(std::filesystem::is_empty(profile_ + "/work"));
 }
 
@@ -249,7 +261,9 @@ TEST_F(Commands, CheckShowsWhatTheReaderSeesOrWhyItIsNoFeed) {
        Rows{{folder_.Write("a", "<rss/>"), "result\": -93"},
             {folder_.Write("b", "<rss>\xFF</rss>"), "format\": null"},
             {folder_.Write("c", "<rss>" + Repeated("<b>", 300)), "error\": \"too large"},
-            {server_.Url("/absent"), "result\": null"},
+            {folder_.Write("e", "<rss\n></rs>"), "\"line\": 2"},
+            {folder_.Write("f", "<html><p>"), "\"kind\": \"web-page\""},
+            {server_.Url("/absent"), "\"status\": 404"},
             {std::string(5000, 'a') + ".no", "result\": null"}}) {
     const CtlResult result = Run("check " + source);
     EXPECT_EQ(result.status, 1) << source;

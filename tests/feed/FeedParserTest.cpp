@@ -110,6 +110,26 @@ static std::string Stored(const std::string& dates) {
   return stored;
 }
 
+TEST_F(Parsing, TellsHowLongAFeedWishesNotToBeAskedAgain) {
+  ExpectRows(
+      [this](auto& channel) {
+        FeedParser parser(codePage_);
+        const std::string document =
+            "<rss version='2.0'><channel>" + channel + "<item><ttl>9</ttl></item></channel></rss>";
+        EXPECT_EQ(parser.Parse(folder_.Write("feed.xml", document)), kParsed);
+        return std::to_string(parser.Period().count());
+      },
+      {" -> 0", "<ttl>60</ttl> -> 3600", "<ttl>-60</ttl> -> 0", "<ttl>99999999</ttl> -> 86400",
+       "<ttl>x</ttl><sy:updatePeriod> hourly</sy:updatePeriod> -> 3600",
+       "<ttl>300</ttl><sy:updatePeriod>daily</sy:updatePeriod>"
+       "<sy:updateFrequency>4</sy:updateFrequency> -> 21600",
+       "<sy:updateFrequency>2</sy:updateFrequency> -> 43200",
+       "<sy:updatePeriod>hourly</sy:updatePeriod><sy:updateFrequency>-1</sy:updateFrequency> "
+       "-> 3600",
+       "<sy:updatePeriod>never</sy:updatePeriod> -> 0",
+       "<sy:updatePeriod>yearly</sy:updatePeriod> -> 86400"});
+}
+
 TEST(FeedDate, IsReadAsFarAsItGoesAndMovedWhenTheMachinesZoneLeavesItOut) {
   setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
   tzset();

@@ -1,8 +1,11 @@
 // The module's life in its host, and its frame: start, messages and keys.
+#include <fstream>
 #include <random>
 #include <set>
 
 #include "controls/AccessibleTree.h"
+#include "fetch/FeedMemory.h"
+#include "files/RegistryKeys.h"
 #include "kit/FeedDocuments.h"
 #include "kit/ThreadRefusal.h"
 #include "shell/ModuleFixture.h"
@@ -170,6 +173,47 @@ TEST_F(Module, TellsBehindARefreshWhatItHasBroughtAlsoWhenTheHostStopsIt) {
   Send(kMessageRefreshAll);
   EXPECT_TRUE(WaitForRun());
   EXPECT_TRUE(WaitUntil([&] { return texts_.back() == "새 글 1개, 채널 1개 실패"; }));
+}
+
+TEST_F(Module, DoesNotSayThatAllWasReceivedWhenPostsCouldNotBeStored) {
+  server_.Serve("/1", NumberedRss("Feed", "http://example.com/", 3));
+  Sql("update TB_CHANNEL set channel_xmllink = '" + server_.Url("/1") + "'");
+  Sql("create trigger t before insert on TB_POST when new.post_link like '%/2' "
+      "begin select raise(fail, 'no room'); end");
+  CreateFrame();
+  Send(kMessageRefreshAll);
+  EXPECT_TRUE(WaitForRun());
+  EXPECT_TRUE(WaitUntil([&] { return UnreadTotal() == 2; }));
+  EXPECT_EQ(texts_.back(), "no room");
+}
+
+TEST_F(Module, ByItselfAsksOnlyChannelsThatAreDueForAHostThatWantsThat) {
+  constexpr int kChannels = 1000;
+  ASSERT_TRUE(profile_.TheRegistry().WriteString(kHostKey, kValuePeriods, kPeriodsOn));
+  Sql("delete from TB_CHANNEL");
+  Sql(
+      fmt::format("insert into TB_CHANNEL(channel_id, channel_title, channel_xmllink, "
+                  "channel_folderID, channel_order) with recursive n(i) as (select 1 union all "
+                  "select i + 1 from n where i < {}) select i, i, '{}' || i, 1, i from n",
+                  kChannels, server_.Url("/")));
+  const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+  FeedVisits visits;
+  for (int i = 1; i <= kChannels; ++i) {
+    const std::chrono::minutes ago(i % 100 == 0 ? 55 : 50);
+    visits[i] = {.address = server_.Url(fmt::format("/{}", i)),
+                 .succeeded = now - ago,
+                 .period = std::chrono::hours(1)};
+  }
+  visits[7].fault.kind = FeedFaultKind::TimedOut;
+  visits.erase(8);  // never asked
+  std::ofstream(FeedMemoryPath(profile_.Paths().workDir)) << FeedVisitsText(visits);
+  CreateFrame();
+  Columns().widget(0)->findChildren<QTimer*>(Qt::FindDirectChildrenOnly)[0]->start(0);
+  EXPECT_TRUE(WaitForRun());
+  std::set<int> asked;
+  for (int i = 1; i <= kChannels; ++i)
+    if (server_.Requests(fmt::format("/{}", i)) > 0) asked.insert(i);
+  EXPECT_EQ(asked, (std::set{7, 8, 100, 200, 300, 400, 500, 600, 700, 800, 900, 1000}));
 }
 
 TEST_F(Module, EndsInTheMiddleOfAnImportWhileADialogIsOpen) {

@@ -80,7 +80,7 @@ CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subsc
   setFocusProxy(tree_);
   tree_->setAccessibleName(SkinText(desk.GetSkin(), kTextTreeName));
   updateTimer_->setSingleShot(true);
-  connect(updateTimer_, &QTimer::timeout, this, [this] { Run(kCommandRefreshAll); });
+  connect(updateTimer_, &QTimer::timeout, this, [this] { commands_.RefreshByItself(); });
   connect(notificationTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::NoticeIsDue);
   connect(tree_, &CRSS_GroupTreeCtrl::RowSelected, this,
           [this] { ListSelectedPosts(FirstPost::First); });

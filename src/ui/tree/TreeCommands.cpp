@@ -1,6 +1,7 @@
 #include "ui/tree/TreeCommands.h"
 
 #include <algorithm>
+#include <chrono>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -237,6 +238,17 @@ void TreeCommands::Refresh(std::vector<Channel> channels) {
 }
 
 void TreeCommands::RefreshAll() { Refresh(ChannelsOf(model_.Groups())); }
+
+void TreeCommands::RefreshByItself() {
+  std::vector<Channel> channels = ChannelsOf(model_.Groups());
+  const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+  if (desk_.GetSkin().Config().KeepsPeriods()) {
+    std::erase_if(channels, [&](const Channel& channel) {
+      return !IsDue(refreshing_.LastVisit(channel), now);
+    });
+  }
+  Refresh(std::move(channels));
+}
 
 void TreeCommands::RefreshSelection() {
   if (const GroupRow* const group = model_.GroupAt(row_)) {

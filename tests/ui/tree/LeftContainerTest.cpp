@@ -330,8 +330,11 @@ TEST_F(LeftContainerTest, TheTimersFollowTheLiveSettings) {
     for (int i = 0; i < 2; ++i)
       EXPECT_EQ(timers[i]->isActive() ? timers[i]->interval() / 60'000 : 0, row[3 + i]) << row[2];
   }
+  const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+  frame.visits[daily] = {.succeeded = now, .period = std::chrono::hours(1)};
   for (QTimer* const timer : timers) timer->start(0);
   ASSERT_TRUE(QTest::qWaitFor([&] { return frame.refreshes == 1 && notices > 1; }));
+  EXPECT_TRUE(frame.queue.Contains(daily)) << "not due, but the host has not asked for that";
 }
 
 TEST_F(LeftContainerTest, AMarkMovesBesideAChannelWithNewPostsUntilItIsSelected) {
