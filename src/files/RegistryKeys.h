@@ -75,7 +75,7 @@ inline constexpr char kTextSuffix[] = "Str";
 inline constexpr char kValueBlockRemoteImages[] = "BlockRemoteImages";
 inline constexpr char kValueUserAgent[] = "UserAgent";
 
-// The values of the window's memory, texts of numbers.
+// The values of the window's memory, texts, most of numbers.
 inline constexpr char kValuePanes[] = "Panes";            // the tree's width, the list's height
 inline constexpr char kValueColumns[] = "Columns";        // the widths of the list's columns
 inline constexpr char kValueSorting[] = "Sorting";        // the list's column, 1 when descending
@@ -84,6 +84,7 @@ inline constexpr char kValueZoom[] = "Zoom";              // steps from the norm
 inline constexpr char kValueClosed[] = "Closed";          // RowKind and id, of each closed group
 inline constexpr char kValueSelected[] = "Selected";      // RowKind and id of the tree's row
 inline constexpr char kValueUnreadOnly[] = "UnreadOnly";  // 1 when only unread posts are shown
+inline constexpr char kValueMoved[] = "Moved";            // channels and addresses that were told
 inline constexpr char kValuePosts[] = "Posts";            // ids: current, on the first line, shown
 
 }  // namespace feedloom

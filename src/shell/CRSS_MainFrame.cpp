@@ -14,6 +14,7 @@
 #include "shell/FrameCommands.h"
 #include "shell/FrameKeys.h"
 #include "shell/FrameMemory.h"
+#include "shell/MovedChannels.h"
 #include "shell/PaneSizes.h"
 #include "shell/ReadingRetry.h"
 #include "shell/RefreshTexts.h"
@@ -252,7 +253,10 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
 
 void CRSS_MainFrame::OnRunEnded() {
   const RefreshSums sums = refresh_.Sums();
-  arrivals_->TellAtEnd(RefreshSumsText(skin_, sums));
+  std::string told = RefreshSumsText(skin_, sums);
+  const std::string moved = TellMovedOnce(skin_, registry_, left_->Subscriptions(), refresh_);
+  if (!moved.empty()) told += (told.empty() ? "" : ". ") + moved;
+  arrivals_->TellAtEnd(std::move(told));
   arrivals_->OnMessage(kMessageChannelResult, kRunEnded, 0);
   SetRefreshBusy(false);
   if (channelNotice_) channelNotice_->OnRunEnded(sums.posts);

@@ -102,6 +102,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   void ReloadSelection() override;
   void ShowPost(const PostRow& post) override;
   void ShowMainPage() override;
+  void ShowWebPage(const std::string& address) override;
   void GoToUnreadRow(bool forward) override;
   void PostWasRead(const PostRow& post, bool isScrapPost) override;
   void UnreadPostWasSaved(int cabinetId) override;

@@ -108,6 +108,10 @@ void CRSS_MainFrame::ShowMainPage() {
   rightTop_->SaysEmpty() ? rightBottom_->ShowEmptyPage() : rightBottom_->ShowMainPage();
 }
 
+void CRSS_MainFrame::ShowWebPage(const std::string& address) {
+  rightBottom_->ShowWebPage(QUrl(QString::fromStdString(address)));
+}
+
 void CRSS_MainFrame::AddChannel(const std::string& address) { left_->AddChannel(address); }
 
 void CRSS_MainFrame::GoToUnreadRow(bool forward) { left_->GoToUnreadRow(forward); }

@@ -71,6 +71,18 @@ bool MoveChannel(Store& store, int channelId, int folderId) {
                                folderId, channelId));
 }
 
+bool SetChannelAddress(Store& store, int channelId, std::string_view address) {
+  return ExecuteOnce(store,
+                     FormatSql("Update TB_CHANNEL Set channel_xmllink = '%s' Where channel_id = %d",
+                               address, channelId));
+}
+
+std::string HomePageOf(Store& store, int channelId) {
+  const auto table = QueryOnce(
+      store, FormatSql("Select channel_htmllink From TB_CHANNEL Where channel_id = %d", channelId));
+  return table && table->Rows() > 0 ? table->Text(0, 0) : std::string();
+}
+
 bool LoadChannelContents(Store& store, std::vector<ChannelContents>& out) {
   const auto table = QueryOnce(store,
                                "Select channel_id, channel_state, exists(Select 1 From TB_POST "

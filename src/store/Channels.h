@@ -3,6 +3,7 @@
 // database unless it is given a connection.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -28,6 +29,9 @@ bool ChannelTitleExists(Store& store, std::string_view title, int folderId);
 // failure.
 int GetChannelFolderId(Store& store, int channelId);
 
+// Returns the address of the channel's site; empty when it has none, and after a failure.
+std::string HomePageOf(Store& store, int channelId);
+
 // What a refresh needs to know of a channel before it begins.
 struct ChannelContents {
   int id = 0;
@@ -41,6 +45,8 @@ bool LoadChannelContents(Store& store, std::vector<ChannelContents>& out);
 // Return false after a failure.
 bool RenameChannel(Store& store, int channelId, std::string_view title);
 bool MoveChannel(Store& store, int channelId, int folderId);
+// Gives the channel another feed address; its posts stay.
+bool SetChannelAddress(Store& store, int channelId, std::string_view address);
 bool SetChannelState(Store& store, int channelId, int state);
 // Sets the state through `connection`; runs no statement that writes when the channel has it.
 bool SetChannelState(Connection& connection, int channelId, int state);

@@ -57,6 +57,8 @@ enum Command {
   kCommandNextDivider,
   kCommandOpenMenu,
   kCommandKeySheet,
+  kCommandFindAddress,
+  kCommandUseAddress,
 
   // Commands of the browser's menu and keys.
   kCommandOpenOutside,

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <span>
+#include <string>
 
 #include "store/Rows.h"
 #include "ui/PostList.h"
@@ -35,6 +36,9 @@ class Reading {
   // an empty page stands for the main page.
   virtual void ShowPost(const PostRow& post) = 0;
   virtual void ShowMainPage() = 0;
+  // Shows the web page at `address` (ASCII, http or https) in the browser, or in the system's where
+  // the host wishes for that.
+  virtual void ShowWebPage(const std::string& address) = 0;
 
   // Selects the next row of the tree with unread posts and shows its first unread post. When
   // `forward` is false, it is the previous row and its last unread post. Without such a row,

@@ -121,6 +121,7 @@ struct FakeReading : Reading {
   void ReloadSelection() override { ++reloads; }
   void ShowPost(const PostRow& post) override { shown.push_back(post.title); }
   void ShowMainPage() override { shown.emplace_back("(main page)"); }
+  void ShowWebPage(const std::string& address) override { shown.push_back(address); }
   void GoToUnreadRow(bool forward) override { unreadRowsAsked.push_back(forward); }
   void PostWasRead(const PostRow& row, bool kept) override { read.emplace_back(row.ownerId, kept); }
   void UnreadPostWasSaved(int cabinetId) override { savedTo.push_back(cabinetId); }

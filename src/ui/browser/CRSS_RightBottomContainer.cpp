@@ -219,6 +219,10 @@ void CRSS_RightBottomContainer::ShowPost(const PostRow& post) {
   }
 }
 
+void CRSS_RightBottomContainer::ShowWebPage(const QUrl& address) {
+  OpensOutside() ? commands_->OpenExternally(address) : view_->Navigate(address);
+}
+
 // The pane then shows the module's own pages only.
 bool CRSS_RightBottomContainer::OpensOutside() const {
   return desk_.GetSkin().Config().OpensLinksOutside();

@@ -49,6 +49,8 @@ class CRSS_RightBottomContainer : public QWidget {
   void ShowMainPage();
   void ShowEmptyPage();
   void ShowPost(const PostRow& post);
+  // Shows a page of the web, or opens it outside where the host wishes for that.
+  void ShowWebPage(const QUrl& address);
 
   // Runs the command with this number of ui/Commands.h for the page, or the post, on display.
   void RunCommand(int command);

@@ -102,6 +102,8 @@ class GroupTreeModel : public QAbstractItemModel {
   // NewPostAnimation::kByMessage.
   void SetChannelNewByMessage(int channelId, bool isNew);
   void SetChannelState(int channelId, int state);
+  // Gives a channel another feed address.
+  void SetAddress(int channelId, const std::string& address);
 
   // Append a folder behind the last folder, or a cabinet behind the last cabinet. A row that exists
   // already stays unchanged.

@@ -39,10 +39,13 @@ void GroupTreeModel::UpdateFolders(const std::vector<FolderRow>& folders) {
 void GroupTreeModel::UpdateChannels(const std::vector<ChannelRow>& channels) {
   for (const ChannelRow& channel : channels) {
     Insert(channel, Place::kByOrder);
-    const QModelIndex row = FindChannel(channel.id);
-    RenameTo(row, channel.title);
-    if (ChildRow* const child = MutableChildAt(row)) child->xmlLink = channel.xmlLink;
+    RenameTo(FindChannel(channel.id), channel.title);
+    SetAddress(channel.id, channel.xmlLink);
   }
+}
+
+void GroupTreeModel::SetAddress(int channelId, const std::string& address) {
+  if (ChildRow* const row = MutableChildAt(FindChannel(channelId))) row->xmlLink = address;
 }
 
 void GroupTreeModel::UpdateCabinets(const std::vector<CabinetRow>& cabinets) {

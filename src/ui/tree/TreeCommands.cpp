@@ -11,6 +11,7 @@
 #include "store/Folders.h"
 #include "store/PostLists.h"
 #include "store/Search.h"
+#include "ui/ChannelReport.h"
 #include "ui/Desk.h"
 #include "ui/Reading.h"
 #include "ui/Refreshing.h"
@@ -40,6 +41,8 @@ void TreeCommands::Run(int command, const QModelIndex& row) {
       {kCommandRenameChild, &TreeCommands::RenameChild},
       {kCommandMoveChannel, &TreeCommands::MoveChannel},
       {kCommandChannelInfo, &TreeCommands::ShowInfo},
+      {kCommandFindAddress, &TreeCommands::FindAddress},
+      {kCommandUseAddress, &TreeCommands::UseAddress},
       {kCommandMarkAllRead, &TreeCommands::Mark<1>},
       {kCommandMarkAllUnread, &TreeCommands::Mark<0>},
       {kCommandRefreshGroup, &TreeCommands::RefreshSelection},
@@ -106,6 +109,7 @@ std::optional<Menu> TreeCommands::MenuOf(const QModelIndex& row) const {
     return list && !list->posts.empty();
   };
   const bool isProtected = target->kind == RowKind::Folder && target->order < 0;
+  const bool offersAddresses = OffersNewAddresses(desk_.GetSkin());
   const std::size_t folders = model_.Groups().size() - 1;  // one group is the cabinet root
   return RowMenu({.kind = target->kind,
                   .hasPosts = hasUnread || hasPosts(),
@@ -113,7 +117,9 @@ std::optional<Menu> TreeCommands::MenuOf(const QModelIndex& row) const {
                   .hasOtherFolder = folders > 1,
                   .offersMoves = tree_.SelectsCarefully(),
                   .canMoveUp = StepOf(target->row, -1).has_value(),
-                  .canMoveDown = StepOf(target->row, 1).has_value()});
+                  .canMoveDown = StepOf(target->row, 1).has_value(),
+                  .isDead = offersAddresses && row.data(GroupTreeModel::IsDeadRole).toBool(),
+                  .hasMoved = offersAddresses && !NewAddressAt(row).empty()});
 }
 
 Menu TreeCommands::WholeMenu() const {
@@ -135,6 +141,13 @@ Menu TreeCommands::WholeMenu() const {
     Disable(menu, command);
   }
   return menu;
+}
+
+// Of a channel; else empty.
+std::string TreeCommands::NewAddressAt(const QModelIndex& row) const {
+  const ChildRow* const channel = model_.ChildAt(row);
+  if (channel == nullptr || channel->kind != RowKind::Channel) return {};
+  return NewAddressOf(*channel, refreshing_.LastVisit(*channel));
 }
 
 MsgBoxAnswer TreeCommands::Ask(const char* key, MsgBoxKind kind) const {
@@ -201,6 +214,16 @@ void TreeCommands::MoveChannel() {
 void TreeCommands::ShowInfo() {
   const auto channel = Selected(RowKind::Channel);
   if (channel) ShowChannelInfo(desk_, &tree_, DetailsOf(*channel));
+}
+
+void TreeCommands::FindAddress() {
+  if (const auto channel = Selected(RowKind::Channel)) newAddresses_.LookFor(channel->id);
+}
+
+void TreeCommands::UseAddress() {
+  if (const auto channel = Selected(RowKind::Channel)) {
+    newAddresses_.Offer(channel->id, NewAddressAt(channel->row));
+  }
 }
 
 void TreeCommands::ImportFromFile() { ImportFile(desk_, subscribing_, &tree_); }

@@ -11,6 +11,7 @@
 #include "controls/CMsgBox.h"
 #include "refresh/RefreshQueue.h"
 #include "ui/ChannelDetails.h"
+#include "ui/tree/NewAddresses.h"
 #include "ui/tree/TreeMenu.h"
 #include "ui/tree/TreeMoves.h"
 
@@ -39,7 +40,8 @@ class TreeCommands {
         reading_(reading),
         model_(model),
         tree_(tree),
-        openSettings_(std::move(openSettings)) {}
+        openSettings_(std::move(openSettings)),
+        newAddresses_(desk, refreshing, reading, model) {}
 
   // Runs the command with this number of ui/Commands.h, on `row` if one is given. What it changes
   // shows in the list only as far as the list shows that row.
@@ -82,6 +84,7 @@ class TreeCommands {
   std::optional<Target> SelectedChild() const;
   ChannelDetails DetailsOf(const Target& channel) const;
   MsgBoxAnswer Ask(const char* key, MsgBoxKind kind) const;
+  std::string NewAddressAt(const QModelIndex& row) const;
   std::string HiddenIn(const Target& target) const;
   bool MayMarkUnread(const Target& target) const;
 
@@ -102,6 +105,8 @@ class TreeCommands {
   void AddCabinet();
   void MoveChannel();
   void ShowInfo();
+  void FindAddress();
+  void UseAddress();
   void ImportFromFile();
   void ImportFromAddress();
   void Synchronise();
@@ -132,6 +137,7 @@ class TreeCommands {
   GroupTreeModel& model_;
   CRSS_GroupTreeCtrl& tree_;
   const std::function<void()> openSettings_;
+  NewAddresses newAddresses_;
   QPersistentModelIndex row_;  // of the command that runs
 };
 

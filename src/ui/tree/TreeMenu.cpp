@@ -30,6 +30,9 @@ Menu RowMenu(const RowFacts& row) {
     Disable(menu, kCommandRenameGroup);
   }
   if (!row.hasOtherFolder) Disable(menu, kCommandMoveChannel);
+  if (row.isDead || row.hasMoved) menu.push_back({});
+  if (row.isDead) menu.push_back({kCommandFindAddress, &kLabelFindAddress});
+  if (row.hasMoved) menu.push_back({kCommandUseAddress, &kLabelUseAddress});
   if (row.offersMoves && !HoldsScrapPosts(row.kind)) {
     menu.insert(menu.end(), {{},
                              {kCommandMoveUp, &kLabelMoveUp, row.canMoveUp},

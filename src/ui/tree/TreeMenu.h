@@ -15,6 +15,8 @@ struct RowFacts {
   bool offersMoves = false;    // the menu of a folder or channel has the commands for these:
   bool canMoveUp = true;
   bool canMoveDown = true;
+  bool isDead = false;    // a channel for which a new address can be looked for
+  bool hasMoved = false;  // a channel whose feed has a new address
 };
 
 // The context menu of a row. Commands that the row does not allow are disabled.

@@ -1,5 +1,6 @@
 // What the commands of the rows' menus do, and when they are grey, over a real database.
 
+#include "check/FeedCheckAnswer.h"
 #include "ui/tree/LeftPaneFixture.h"
 
 namespace feedloom {
@@ -99,6 +100,94 @@ TEST_F(TreeCommandsTest, EachDoesWhatItIsCalledToTheSelectedRow) {
   frame.db.Sql("alter table TB_POST rename to TB_GONE");
   Choose("Ball", kCommandMarkAllRead);
   EXPECT_EQ(frame.questions, Strings{kTextReadStatusError});
+}
+
+struct NewAddressTest : TreeCommandsTest {
+  NewAddressTest() {
+    frame.visits[daily] = {.fault = {FeedFaultKind::HttpStatus, 410}};
+    frame.visits[weekly].movedTo = "http://new.example/";
+    frame.db.Sql("update TB_CHANNEL set channel_state = -1 where channel_title = 'Daily'");
+    frame.db.Sql("update TB_CHANNEL set channel_htmllink = 'http://home.example/'");
+    frame.skin.SetHostValue(kValueDialogs, kDialogsHelpful);
+    Open();
+  }
+  // The commands beyond those that each channel has.
+  std::set<int> Offered(const char* label) {
+    const std::unique_ptr<QMenu> menu(OpenMenu(label));
+    std::set<int> commands;
+    for (const QAction* const action : menu->findChildren<QAction*>())
+      if (action->data().toInt() > 0 && action->data().toInt() < 0x8000)
+        commands.insert(action->data().toInt());
+    return commands;
+  }
+  int ChannelsAt(const std::string& address) {
+    return frame.db.Count("TB_CHANNEL where channel_xmllink = '" + address + "'");
+  }
+  // The questions while the home page of the dead channel is answered like this.
+  Strings Look(const FeedCheckAnswer& answer) {
+    frame.questions.clear();
+    Choose("Daily", kCommandFindAddress);
+    EXPECT_EQ(frame.checked.back(), "http://home.example/");
+    std::function(frame.answerCheck)(answer);
+    return frame.questions;
+  }
+};
+
+TEST_F(NewAddressTest, ADeadChannelTakesTheFeedThatItsHomePageNamesWithItsPosts) {
+  EXPECT_EQ(Offered("Daily"), std::set<int>{kCommandFindAddress});
+  const FeedCheckAnswer page{.announcedFeed = "http://home.example/a$b'c"};
+  EXPECT_EQ(Look(page), Strings{kTextAddressOffer});
+  EXPECT_EQ(
+      frame.askedMore,
+      Korean("Daily$지금 주소: http://example.com/Daily$새 주소: http://home.example/a%24b'c"));
+  EXPECT_FALSE(frame.queue.HasWaiting()) << "declined";
+  frame.nextAnswer = MsgBoxAnswer::Consented;
+  Look(page);
+  EXPECT_EQ(frame.queue.Claim()->xmlLink, "http://home.example/a$b'c");
+  EXPECT_EQ(frame.refreshes, 1);
+  EXPECT_EQ(ChannelsAt("http://home.example/a$b''c"), 1);
+  EXPECT_EQ(frame.db.Count("TB_POST"), 3);
+  EXPECT_EQ(Look({.announcedFeed = "http://home.example/c"}),
+            (Strings{kTextAddressOffer, kTextAddressBusy}));
+}
+
+TEST_F(NewAddressTest, WithoutOneTheUserIsToldWhyAndSeesThePage) {
+  const std::string place = "$http://home.example/";
+  const std::pair<FeedCheckAnswer, const char*> rows[] = {
+      {{.fault = {FeedFaultKind::NoSuchHost}}, "그런 서버가 없습니다. 주소를 확인해 주세요."},
+      {{.fault = {FeedFaultKind::WebPage}}, "홈페이지에 다른 피드가 없습니다"},
+      {{.announcedFeed = "http://example.com/Daily", .fault = {FeedFaultKind::WebPage}},
+       "홈페이지에 다른 피드가 없습니다"}};
+  for (const auto& [answer, reason] : rows) {
+    EXPECT_EQ(Look(answer), Strings{kTextNoNewAddress});
+    EXPECT_EQ(frame.askedMore, Korean(reason) + place);
+  }
+  EXPECT_TRUE(frame.shown.empty());
+  frame.nextAnswer = MsgBoxAnswer::Consented;
+  Look({});
+  EXPECT_EQ(frame.shown, Strings{"http://home.example/"});
+  frame.db.Sql("update TB_CHANNEL set channel_htmllink = ''");
+  Choose("Daily", kCommandFindAddress);
+  EXPECT_EQ(frame.checked.back(), "http://example.com/");
+}
+
+TEST_F(NewAddressTest, AMovedChannelTakesItsAddressWhereItsFolderHasItNotYet) {
+  EXPECT_EQ(Offered("Weekly"), std::set<int>{kCommandUseAddress});
+  frame.nextAnswer = MsgBoxAnswer::Consented;
+  frame.db.Sql(
+      "update TB_CHANNEL set channel_xmllink = 'http://new.example/' "
+      "where channel_title = 'Daily'");
+  Choose("Weekly", kCommandUseAddress);
+  EXPECT_EQ(frame.questions, (Strings{kTextAddressOffer, kTextAddChannelDuplicate}));
+  frame.db.Sql("delete from TB_CHANNEL where channel_title = 'Daily'");
+  Choose("Weekly", kCommandUseAddress);
+  EXPECT_EQ(ChannelsAt("http://new.example/"), 1);
+  EXPECT_TRUE(Offered("Weekly").empty());
+}
+
+TEST_F(NewAddressTest, AHostThatSaysNothingHasTheMenuOfAnyChannel) {
+  frame.skin.SetHostValue(kValueDialogs, "");
+  EXPECT_TRUE(Offered("Daily").empty() && Offered("Weekly").empty());
 }
 
 TEST_F(TreeCommandsTest, WithoutAWebDirectoryItsButtonIsGreyAndSaysWhy) {
