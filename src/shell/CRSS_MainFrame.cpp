@@ -264,7 +264,10 @@ void CRSS_MainFrame::OnRunEnded() {
 
 void CRSS_MainFrame::TellHost(unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
   hostShowsBusy_ = number != kMessageRefreshEnded;
-  if (number == kMessageRefreshBegan) SetRefreshBusy(true);
+  if (number == kMessageRefreshBegan) {
+    SetRefreshBusy(true);
+    status_.LetReplace();
+  }
   if (number == kMessageRefreshBegan && channelNotice_) channelNotice_->OnRunBegan();
   SendToWindow(window(), number, wParam, lParam);
 }

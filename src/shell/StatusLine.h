@@ -34,6 +34,10 @@ class StatusLine {
   // Whether the tree has been read; false at first.
   bool IsTreeRead() const { return isTreeRead_; }
   void SetTreeRead(bool isRead) { isTreeRead_ = isRead; }
+  // A refresh begins: its texts may replace what stands there, but for why the tree cannot be read.
+  void LetReplace() {
+    if (isTreeRead_) isTextKept_ = false;
+  }
   // Removes a failure from display.
   void ClearFailure();
   // Why the tree could not be read, as the store has told it last.

@@ -59,7 +59,7 @@ TEST_F(Arrivals, AreCountedTogetherBeforeEachChannelIsTold) {
   AddPosts(2, 1);
   Sql("alter table TB_POST rename to TB_KEPT");
   Send(kMessageChannelResult, kChannelRefreshed, 2);
-  EXPECT_TRUE(WaitUntil([&] { return texts_.size() > before + 5; }));
+  EXPECT_TRUE(WaitUntil([&] { return texts_.size() > before + 4; }));
   EXPECT_EQ(Rows(), "F(3) A(1)* B C(2)* ");
   Sql("alter table TB_KEPT rename to TB_POST");
   Send(kMessageChannelResult, kChannelRefreshed, 2);

@@ -185,6 +185,10 @@ TEST_F(Module, DoesNotSayThatAllWasReceivedWhenPostsCouldNotBeStored) {
   EXPECT_TRUE(WaitForRun());
   EXPECT_TRUE(WaitUntil([&] { return UnreadTotal() == 2; }));
   EXPECT_EQ(texts_.back(), "no room");
+  Sql("drop trigger t");
+  Send(kMessageRefreshAll);
+  EXPECT_TRUE(WaitForRun());
+  EXPECT_TRUE(WaitUntil([&] { return texts_.back() == "새 글 1개"; }));
 }
 
 TEST_F(Module, ByItselfAsksOnlyChannelsThatAreDueForAHostThatWantsThat) {
