@@ -20,6 +20,7 @@ constexpr int kLabelGap = 12;
 constexpr int kButtonGap = 8;
 constexpr int kFieldWidth = 240;
 constexpr int kWidestText = 360;
+constexpr int kTextIndent = 8;  // that of the texts in edit boxes
 
 }  // namespace
 
@@ -68,12 +69,13 @@ void CVxFormDialog::AddText(const char* labelKey, const QString& text) {
   shown->setTextFormat(Qt::PlainText);
   shown->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   shown->setWordWrap(true);
+  shown->setContentsMargins(kTextIndent, 0, 0, 0);
   AddRow(labelKey, shown);
   // A screen reader reads the label as a buddy's text, and texts in the order of the widgets.
   static_cast<QLabel*>(rows_->labelForField(shown))->setBuddy(nullptr);
   shown->raise();
   const int inLines = shown->fontMetrics().size(0, text).width();
-  const int width = std::clamp(inLines, kFieldWidth, kWidestText);
+  const int width = std::clamp(inLines + kTextIndent, kFieldWidth, kWidestText);
   shown->setFixedSize(width, shown->heightForWidth(width));
 }
 

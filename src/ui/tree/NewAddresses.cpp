@@ -54,6 +54,7 @@ void NewAddresses::LookFor(int channelId) {
 }
 
 void NewAddresses::OnAnswer(int channelId, const std::string& page, const FeedCheckAnswer& answer) {
+  desk_.ReportMessage({});  // that it is being looked for
   const ChildRow* const channel = model_.ChildAt(model_.FindChannel(channelId));
   if (channel == nullptr) return;
   const std::string found = EscapedAddress(answer.isFeed ? page : answer.announcedFeed);

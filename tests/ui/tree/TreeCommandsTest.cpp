@@ -163,6 +163,7 @@ TEST_F(NewAddressTest, WithoutOneTheUserIsToldWhyAndSeesThePage) {
     EXPECT_EQ(frame.askedMore, Korean(reason) + place);
   }
   EXPECT_TRUE(frame.shown.empty());
+  EXPECT_EQ(frame.messages.back(), "") << "the search has ended";
   frame.nextAnswer = MsgBoxAnswer::Consented;
   Look({});
   EXPECT_EQ(frame.shown, Strings{"http://home.example/"});
