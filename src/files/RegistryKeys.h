@@ -31,6 +31,7 @@ inline constexpr char kValueDialogs[] = "DIALOGS";                 // kDialogsHe
 inline constexpr char kValueSelection[] = "SELECTION";             // kSelectionCareful
 inline constexpr char kValueLenient[] = "LENIENT";                 // kLenientOn
 inline constexpr char kValuePeriods[] = "PERIODS";                 // kPeriodsOn
+inline constexpr char kValueIcons[] = "ICONS";                     // kIconsOn
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
 // The values of kValuePostLinks.
@@ -61,6 +62,11 @@ inline constexpr char kLenientOn[] = "ON";
 
 // The value of kValuePeriods; anything else is the default.
 inline constexpr char kPeriodsOn[] = "ON";
+
+// The value of kValueIcons that asks for them, and the one that halvix writes where the user does
+// not want them; anything else is the default, too.
+inline constexpr char kIconsOn[] = "ON";
+inline constexpr char kIconsOff[] = "OFF";
 
 // The values of the module's registry key. The first seven are the user's settings, which stand
 // there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.

@@ -107,6 +107,17 @@ void KeepListPlace(HostWindow& window, const Registry& registry) {
       });
 }
 
+void KeepIconsChoice(HostWindow& window, const Registry& registry) {
+  QObject::connect(&window, &HostWindow::SiteIconsChosen, &window,
+                   [&window, registry](bool areShown) {
+                     const char* const value = areShown ? kIconsOn : kIconsOff;
+                     if (!registry.WriteString(kHostKey, kValueIcons, value)) {
+                       ReportError("Cannot remember whether channels have icons.");
+                     }
+                     window.SendToFrame(kMessageViewChanged);
+                   });
+}
+
 // Runs the event loop of a window with the module's frame in it.
 class Show {
  public:
@@ -165,7 +176,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   ApplicationStyle look(Skin(tables, config));
   HostWindow window(FromModuleText(config.GetAppTitle()),
                     {SkinName(config), config.GetHostLanguage()},
-                    {config.OpensLinksOutside(), config.GetListPlace()});
+                    {config.OpensLinksOutside(), config.GetListPlace(), config.ShowsSiteIcons()});
   QObject::connect(&terminationSignals, &TerminationSignals::Requested, &window, &QWidget::close);
   if (options.screenshot) {
     window.resize(kInitialWidth, kInitialHeight);
@@ -176,6 +187,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   RestartOnAppearanceChoice(window, profile);
   KeepLinksChoice(window, registry);
   KeepListPlace(window, registry);
+  KeepIconsChoice(window, registry);
   LogTiming("window made");
   return Show(options, module, window, refreshes).Run();
 }

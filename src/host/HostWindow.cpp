@@ -153,10 +153,20 @@ void HostWindow::MakeViewMenu(const ViewChoices& choices) {
                choices.listPlace == ListPlace::Beside);
   view.addSeparator();
   MakeUnreadEntry(view);
-  QAction& outside = *view.addAction(HostText(kHostTextMenuLinksOutside));
-  outside.setCheckable(true);
-  outside.setChecked(choices.opensLinksOutside);
-  connect(&outside, &QAction::toggled, this, &HostWindow::LinksOutsideChosen);
+  AddSwitch(view, kHostTextMenuLinksOutside, choices.opensLinksOutside,
+            &HostWindow::LinksOutsideChosen);
+  view.setToolTipsVisible(true);
+  AddSwitch(view, kHostTextMenuSiteIcons, choices.showsSiteIcons, &HostWindow::SiteIconsChosen)
+      .setToolTip(HostText(kHostTextSiteIconsTip));
+}
+
+QAction& HostWindow::AddSwitch(QMenu& menu, const char* textKey, bool isOn,
+                               void (HostWindow::*chosen)(bool isOn)) {
+  QAction& action = *menu.addAction(HostText(textKey));
+  action.setCheckable(true);
+  action.setChecked(isOn);
+  connect(&action, &QAction::toggled, this, chosen);
+  return action;
 }
 
 // What the module answers shows, as it may not know the message.

@@ -32,6 +32,7 @@ struct Appearance {
 struct ViewChoices {
   bool opensLinksOutside = false;
   ListPlace listPlace = ListPlace::Default;
+  bool showsSiteIcons = false;
 };
 
 // The main window: a menu, the module's frame and a status bar. Its texts come from the host's
@@ -63,6 +64,8 @@ class HostWindow : public QMainWindow {
   void LinksOutsideChosen(bool opensOutside);
   // The user has chosen where the list stands.
   void ListPlaceChosen(feedloom::ListPlace place);
+  // The user has chosen whether channels have the icons of their sites.
+  void SiteIconsChosen(bool areShown);
 
  protected:
   bool event(QEvent* event) override;
@@ -78,6 +81,9 @@ class HostWindow : public QMainWindow {
   void AddListPlace(QMenu& menu, QActionGroup& group, const char* textKey, ListPlace place,
                     bool isChosen);
   void MakeUnreadEntry(QMenu& menu);
+  // Adds an entry that is on or off, and tells `chosen` when the user changes it.
+  QAction& AddSwitch(QMenu& menu, const char* textKey, bool isOn,
+                     void (HostWindow::*chosen)(bool isOn));
   void MakeKeysEntry(QMenu& menu);
   void MakeStopEntry(QMenu& menu);
   void MakeStatusBar();

@@ -10,10 +10,11 @@ namespace feedloom {
 
 std::vector<RegistryEntry> HostWishes() {
   return {
-      {kHostKey, kValueDialogs, kDialogsHelpful},     {kHostKey, kValueEmptyList, kEmptyListLine},
-      {kHostKey, kValueLenient, kLenientOn},          {kHostKey, kValueListPlace, kListAbove},
-      {kHostKey, kValueNotice, kNoticeChannels},      {kHostKey, kValuePeriods, kPeriodsOn},
-      {kHostKey, kValueSelection, kSelectionCareful}, {kHostKey, kValueStart, kStartLast}};
+      {kHostKey, kValueDialogs, kDialogsHelpful}, {kHostKey, kValueEmptyList, kEmptyListLine},
+      {kHostKey, kValueIcons, kIconsOn},          {kHostKey, kValueLenient, kLenientOn},
+      {kHostKey, kValueListPlace, kListAbove},    {kHostKey, kValueNotice, kNoticeChannels},
+      {kHostKey, kValuePeriods, kPeriodsOn},      {kHostKey, kValueSelection, kSelectionCareful},
+      {kHostKey, kValueStart, kStartLast}};
 }
 
 Failure StoreHostWishes(const std::string& dir) {

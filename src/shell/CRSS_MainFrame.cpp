@@ -19,6 +19,7 @@
 #include "shell/ReadingRetry.h"
 #include "shell/RefreshTexts.h"
 #include "shell/SettingsStore.h"
+#include "shell/SiteIconKeeper.h"
 #include "shell/SubscriptionExchange.h"
 #include "skin/Keys.h"
 #include "store/Backup.h"
@@ -86,6 +87,7 @@ void CRSS_MainFrame::StopRefresh() {
   if (arrivals_) arrivals_->Stop();
   exchange_.reset();
   retry_.reset();
+  icons_.reset();
   refresh_.Stop();
 }
 
@@ -152,6 +154,9 @@ void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
   exchange_ = std::make_unique<SubscriptionExchange>(
       *this, refresh_, *this, services_, toHere,
       [this](int channels, int present) { return AskHowToImport(*this, this, channels, present); });
+  icons_ = std::make_unique<SiteIconKeeper>(
+      services_, skin_.Config(), toHere,
+      [this](ChannelIcons icons) { left_->ShowIcons(std::move(icons)); });
   FirstContent start = reading.Finish();
   for (const std::string& failure : reading.Failures()) status_.ReportFailure(failure);
   ShowStart(std::move(start));
@@ -229,6 +234,7 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       break;
     case kMessageViewChanged:
       PlaceList();
+      if (icons_) icons_->FollowHost();
       break;
     case kMessageRefreshAll:
       left_->Run(kCommandRefreshAll);
@@ -259,6 +265,7 @@ void CRSS_MainFrame::OnRunEnded() {
   arrivals_->TellAtEnd(std::move(told));
   arrivals_->OnMessage(kMessageChannelResult, kRunEnded, 0);
   SetRefreshBusy(false);
+  if (icons_) icons_->Renew();
   if (channelNotice_) channelNotice_->OnRunEnded(sums.posts);
 }
 

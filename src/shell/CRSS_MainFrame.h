@@ -31,6 +31,7 @@ class FirstReading;
 class FrameMemory;
 class PaneSizes;
 class ReadingRetry;
+class SiteIconKeeper;
 class SubscriptionExchange;
 struct FirstContent;
 struct KeptView;
@@ -158,6 +159,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
                         }};
   std::unique_ptr<SubscriptionExchange> exchange_;  // null after StopRefresh, as the next
   std::unique_ptr<ReadingRetry> retry_;             // only while the tree is not read
+  std::unique_ptr<SiteIconKeeper> icons_;           // as exchange_
   std::optional<KeptView>& kept_;
   std::unique_ptr<PaneSizes> sizes_;  // null until the panes stand, as the next
   std::unique_ptr<FrameMemory> memory_;

@@ -66,6 +66,9 @@ class HostConfig {
   // over.
   bool KeepsPeriods() const;
 
+  // Whether channels have the icons of their sites, which are asked for them.
+  bool ShowsSiteIcons() const;
+
   // Whether the module selects, lists and marks read only what the user is sure to mean:
   // docs/host-interface.md tells the cases.
   bool SelectsCarefully() const;

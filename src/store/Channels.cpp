@@ -94,6 +94,18 @@ bool LoadChannelContents(Store& store, std::vector<ChannelContents>& out) {
   return true;
 }
 
+bool LoadChannelAddresses(Store& store, std::vector<Channel>& out) {
+  const auto table =
+      QueryOnce(store, "Select channel_id, channel_xmllink, channel_htmllink From TB_CHANNEL");
+  if (!table) return false;
+  for (int row = 0; row < table->Rows(); ++row) {
+    out.push_back({.id = table->Int(row, 0),
+                   .xmlLink = table->Text(row, 1),
+                   .htmlLink = table->Text(row, 2)});
+  }
+  return true;
+}
+
 bool SetChannelState(Store& store, int channelId, int state) {
   return ExecuteOnce(store, StateStatement(channelId, state));
 }

@@ -42,6 +42,10 @@ struct ChannelContents {
 // Appends one entry for each channel to `out`. Returns false after a failure.
 bool LoadChannelContents(Store& store, std::vector<ChannelContents>& out);
 
+// Appends the id, the feed's address and the home page of each channel to `out`. Returns false
+// after a failure.
+bool LoadChannelAddresses(Store& store, std::vector<Channel>& out);
+
 // Return false after a failure.
 bool RenameChannel(Store& store, int channelId, std::string_view title);
 bool MoveChannel(Store& store, int channelId, int folderId);

@@ -16,7 +16,7 @@ struct HostWindowTest : QObject, testing::Test {
   HostWindowTest() {
     SetHostTables(ReadHostTexts(skin_.Get().Config()), CodePage::Korean());
     window_ = std::make_unique<HostWindow>("Halvix", Appearance{"dark", "KOR"},
-                                           ViewChoices{false, ListPlace::Beside});
+                                           ViewChoices{false, ListPlace::Beside, true});
     auto* const frame = new QWidget(window_->ModuleParent());
     frame->installEventFilter(this);
     window_->SetFrame(frame);
@@ -121,7 +121,7 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
             "설정(&S)…  "
             "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E)  "
             "목록을 글 위에(&T) 목록을 글 옆에(&B)*  읽지 않은 글만 보기(&U) 링크를 시스템 "
-            "브라우저에서 열기(&S) "
+            "브라우저에서 열기(&S) 사이트 아이콘(&C)* "
             "도움말(&H) 키와 동작(&K)…F1 Feedloom 정보(&A) ");
   QObject::connect(window_.get(), &HostWindow::Closing, [&] { told << "closing"; });
   QObject::connect(window_.get(), &HostWindow::AppearanceChosen, [&](const Appearance& chosen) {
@@ -132,14 +132,17 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   QObject::connect(window_.get(), &HostWindow::ListPlaceChosen, [&](ListPlace place) {
     told << (place == ListPlace::Above ? "above" : "beside");
   });
+  QObject::connect(window_.get(), &HostWindow::SiteIconsChosen,
+                   [&](bool areShown) { told << (areShown ? "icons" : "no icons"); });
   for (const char* entry :
-       {"목록을 글 위에(&T)", "링크를 시스템 브라우저에서 열기(&S)", "어두운 화면(&D)",
-        "한국어(&K)", "밝은 화면(&L)", "English(&E)", "끝내기(&Q)"}) {
+       {"목록을 글 위에(&T)", "사이트 아이콘(&C)", "링크를 시스템 브라우저에서 열기(&S)",
+        "어두운 화면(&D)", "한국어(&K)", "밝은 화면(&L)", "English(&E)", "끝내기(&Q)"}) {
     for (auto* action : window_->findChildren<QAction*>())
       if (action->text() == entry) action->trigger();
   }
   QCoreApplication::processEvents();
-  EXPECT_EQ(told, QStringList({"outside", "above", "light KOR", "dark ENG", "closing"}));
+  EXPECT_EQ(told,
+            QStringList({"no icons", "outside", "above", "light KOR", "dark ENG", "closing"}));
 }
 
 TEST(CommandLine, GivesTheOptionsOrTheStatusToLeaveWith) {

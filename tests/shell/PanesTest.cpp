@@ -1,6 +1,7 @@
 // What the frame leads from one pane to another and out of the panes: dialogs and notices.
 
 #include "check/FeedCheckAnswer.h"
+#include "files/Path.h"
 #include "kit/FeedDocuments.h"
 #include "shell/ModuleFixture.h"
 #include "ui/Commands.h"
@@ -63,6 +64,44 @@ TEST_F(Panes, TheListStandsWhereTheHostWantsItWhileItKeepsSelectionAndSort) {
   EXPECT_LT(place("beside", {640, 480}).height(), 200) << "no room for three columns";
   EXPECT_EQ(frame_->width(), 640);
   EXPECT_EQ(List().columnWidth(kTitleColumn), 278);
+}
+
+TEST_F(Panes, AChannelGetsTheIconOfItsSiteBehindARefreshWhenTheHostWantsIt) {
+  const auto want = [this](const char* value) {
+    EXPECT_TRUE(profile_.TheRegistry().WriteString(kHostKey, kValueIcons, value));
+    if (frame_ != nullptr) Send(kMessageViewChanged);
+  };
+  const auto icon = [this] {
+    const auto channel = Tree().model()->index(0, 0, Tree().model()->index(0, 0));
+    return channel.data(Qt::DecorationRole).value<QPixmap>();
+  };
+  QByteArray png;
+  QBuffer buffer(&png);
+  QPixmap(16, 16).save(&buffer, "PNG");
+  server_.Serve("/favicon.ico", png.toStdString());
+  server_.Serve("/feed", NumberedRss("Feed", server_.Url("/"), 1));
+  Sql("update TB_CHANNEL set channel_xmllink = '" + server_.Url("/feed") +
+      "', channel_htmllink = ''");
+  CreateFrame();
+  Send(kMessageRefreshAll);
+  EXPECT_TRUE(WaitForRun());
+  EXPECT_EQ(server_.Requests("/favicon.ico"), 0) << "a host that says nothing";
+  want(kIconsOn);
+  EXPECT_TRUE(WaitUntil([&] { return !icon().isNull(); }));
+  want(kIconsOff);
+  EXPECT_TRUE(icon().isNull());
+  Destroy();
+  std::filesystem::remove_all(JoinPath(HostConfig(profile_.TheRegistry()).GetWorkDir(), "icons"));
+  want(kIconsOn);
+  CreateFrame();
+  EXPECT_TRUE(icon().isNull());
+  Send(kMessageRefreshAll);
+  EXPECT_TRUE(WaitUntil([&] { return !icon().isNull(); }));
+  EXPECT_EQ(server_.Requests("/favicon.ico"), 2);
+  Destroy();
+  CreateFrame();
+  EXPECT_TRUE(WaitUntil([&] { return !icon().isNull(); })) << "it is kept";
+  EXPECT_EQ(server_.Requests("/favicon.ico"), 2);
 }
 
 TEST_F(Panes, WhatOnePaneTellsTheOthersShow) {

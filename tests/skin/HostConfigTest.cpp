@@ -39,10 +39,12 @@ TEST_F(HostConfigTest, WhatAHostMayAskForIsOffUnlessItSaysSo) {
   Set("CODEPAGE", "utf-8");
   EXPECT_EQ(config_.GetCodePage(), CodePage::Utf8());
   EXPECT_FALSE(config_.OpensLinksOutside() || config_.AnnouncesChannels());
-  EXPECT_FALSE(config_.HasHelpfulDialogs());
+  EXPECT_FALSE(config_.HasHelpfulDialogs() || config_.ShowsSiteIcons());
   Set("NOTICE", "channels");
   Set("DIALOGS", "helpful");
+  Set("ICONS", "on");
   EXPECT_TRUE(config_.AnnouncesChannels() && config_.HasHelpfulDialogs());
+  EXPECT_TRUE(config_.ShowsSiteIcons());
   for (const auto& [value, isOutside] : {std::pair{"system", true}, {"PANE", false}}) {
     Set("POST_LINKS", value);
     EXPECT_EQ(config_.OpensLinksOutside(), isOutside);

@@ -72,6 +72,9 @@ class CRSS_LeftContainer : public QWidget {
   // `state` is the ChannelResult of the channel's last refresh: negative after a failure.
   void SetChannelState(int channelId, int state);
 
+  // Shows these icons in place of the skin's, but for channels whose last refresh has failed.
+  void ShowIcons(ChannelIcons icons) { model_.SetIcons(std::move(icons)); }
+
   // Reads counts from the store again, by two SQL statements. True: those of all cabinets. False:
   // those of all folders and channels, and the channels' states.
   void RecountUnread(bool ofScrapPosts);

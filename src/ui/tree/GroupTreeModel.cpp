@@ -193,6 +193,16 @@ void GroupTreeModel::SetChannelState(int channelId, int state) {
   emit dataChanged(index, index, {StateRole, Qt::ToolTipRole});
 }
 
+void GroupTreeModel::SetIcons(ChannelIcons icons) {
+  icons_ = std::move(icons);
+  for (const auto& group : groups_) {
+    const QModelIndex header = IndexOf(*group);
+    const int rows = rowCount(header);
+    if (rows == 0) continue;
+    emit dataChanged(index(0, 0, header), index(rows - 1, 0, header), {Qt::DecorationRole});
+  }
+}
+
 void GroupTreeModel::AddToUnread(GroupRow& group, int difference) {
   group.unreadCount = std::max(group.unreadCount + difference, 0);
   const QModelIndex header = IndexOf(group);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <QPixmap>
 #include <functional>
 #include <optional>
 #include <string>
@@ -38,11 +39,14 @@ struct RowTexts {
   std::string isFailing = {};
 };
 
+using ChannelIcons = std::unordered_map<int, QPixmap>;  // by channel id
+
 // The model has one column. Qt::DisplayRole is the label on one line; a very long name is
 // truncated. Qt::ToolTipRole is the name as rich text, with what is to be told of the last
 // refresh. Qt::AccessibleTextRole tells a screen reader in words all that the row shows;
-// Qt::AccessibleDescriptionRole is what is to be told of the last refresh. A function that is given
-// the id or index of a missing row changes nothing. Interface thread only.
+// Qt::AccessibleDescriptionRole is what is to be told of the last refresh. Qt::DecorationRole is
+// the icon of a channel's site, a null pixmap without one. A function that is given the id or index
+// of a missing row changes nothing. Interface thread only.
 class GroupTreeModel : public QAbstractItemModel {
  public:
   enum Role {
@@ -104,6 +108,8 @@ class GroupTreeModel : public QAbstractItemModel {
   void SetChannelState(int channelId, int state);
   // Gives a channel another feed address.
   void SetAddress(int channelId, const std::string& address);
+  // Gives the channels these icons; a channel that is not given has none.
+  void SetIcons(ChannelIcons icons);
 
   // Append a folder behind the last folder, or a cabinet behind the last cabinet. A row that exists
   // already stays unchanged.
@@ -190,6 +196,7 @@ class GroupTreeModel : public QAbstractItemModel {
   int SetUnread(const QModelIndex& child, int count);
   void LowerUnread(const QModelIndex& child);
   QString ReportOf(const ChildRow& child) const;
+  QPixmap IconOf(const ChildRow& child) const;
   QVariant GroupData(const GroupRow& group, int role) const;
   QVariant ChildData(const ChildRow& child, int role) const;
   QString DisplayName(const std::string& name) const;
@@ -204,6 +211,7 @@ class GroupTreeModel : public QAbstractItemModel {
   // The internal pointer of a child's index is its GroupRow; that of a group's index is null.
   GroupRows groups_;
   std::unordered_map<int, Position> channels_;  // by channel id
+  ChannelIcons icons_;
 };
 
 }  // namespace feedloom

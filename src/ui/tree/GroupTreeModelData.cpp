@@ -22,6 +22,11 @@ QString GroupTreeModel::ReportOf(const ChildRow& child) const {
   return child.kind == RowKind::Channel ? ToQString(codePage_, texts_.report(child)) : QString();
 }
 
+QPixmap GroupTreeModel::IconOf(const ChildRow& child) const {
+  const auto icon = icons_.find(child.id);
+  return child.kind == RowKind::Channel && icon != icons_.end() ? icon->second : QPixmap();
+}
+
 QVariant GroupTreeModel::GroupData(const GroupRow& group, int role) const {
   switch (role) {
     case Qt::DisplayRole:
@@ -53,6 +58,8 @@ QVariant GroupTreeModel::ChildData(const ChildRow& child, int role) const {
       return AccessibleLabel(child);
     case Qt::AccessibleDescriptionRole:
       return ReportOf(child);
+    case Qt::DecorationRole:
+      return IconOf(child);
     case KindRole:
       return static_cast<int>(child.kind);
     case NameRole:

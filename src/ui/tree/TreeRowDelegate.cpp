@@ -81,6 +81,20 @@ QRect PaintCount(QPainter& painter, const QRect& area, const QModelIndex& index)
   return area.adjusted(0, 0, -room, 0);
 }
 
+bool IsFailing(const QModelIndex& channel) {
+  return channel.data(GroupTreeModel::StateRole).toInt() < 0;
+}
+
+// Sites draw their icons for 16 pixels: one is a little larger than the skin's, around `square`.
+void PaintSiteIcon(QPainter& painter, const QRect& square, const QPixmap& icon) {
+  constexpr int kSide = 16;
+  constexpr int kMargin = (kSide - kRowIconSize) / 2;
+  painter.save();
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawPixmap(QRect(square.topLeft() - QPoint(kMargin, kMargin), QSize(kSide, kSide)), icon);
+  painter.restore();
+}
+
 // Elides a name that is too long.
 void PaintName(QPainter& painter, const QRect& area, const QModelIndex& index) {
   const QString name = index.data(GroupTreeModel::NameRole).toString();
@@ -154,7 +168,10 @@ void TreeRowDelegate::PaintChild(QPainter& painter, const QStyleOptionViewItem& 
     PaintNewMark(painter, IconRect(option.rect, kRowIndentation), index);
   }
   const int left = 2 * kRowIndentation;
-  painter.drawPixmap(IconRect(option.rect, left), IconOf(index));
+  const QRect square = IconRect(option.rect, left);
+  const auto siteIcon = index.data(Qt::DecorationRole).value<QPixmap>();
+  siteIcon.isNull() || IsFailing(index) ? painter.drawPixmap(square, IconOf(index))
+                                        : PaintSiteIcon(painter, square, siteIcon);
   const QRect label = option.rect.adjusted(left + kRowIconSize + kTextGap, 0, -kRightGap, 0);
   PaintName(painter, PaintCount(painter, label, index), index);
 }
@@ -177,8 +194,7 @@ const QPixmap& TreeRowDelegate::IconOf(const QModelIndex& child) const {
     const bool hasUnread = child.data(GroupTreeModel::UnreadRole).toInt() > 0;
     return hasUnread ? skin_.unreadCabinetIcon : skin_.cabinetIcon;
   }
-  const bool isFailing = child.data(GroupTreeModel::StateRole).toInt() < 0;
-  return isFailing ? skin_.failingChannelIcon : skin_.channelIcon;
+  return IsFailing(child) ? skin_.failingChannelIcon : skin_.channelIcon;
 }
 
 }  // namespace feedloom

@@ -259,6 +259,13 @@ TEST_F(LeftContainerTest, RowsAreDrawnAlsoWithoutTheSkinsImages) {
     EXPECT_EQ(icon.pixelColor(0, 0), QColor(color)) << label;
     EXPECT_NEAR(drawn(label, 41, 200).left(), 46, 1);
   }
+  QPixmap icon(32, 32);
+  icon.fill(Qt::green);
+  pane->ShowIcons({{daily, icon}, {weekly, icon}});
+  EXPECT_EQ(drawn("Daily", 0, 45), QRect(27, 2, 16, 16));
+  EXPECT_EQ(drawn("Weekly", 0, 45), QRect(30, 5, 9, 9)) << "that it fails is more important";
+  pane->ShowIcons({});
+  EXPECT_EQ(drawn("Daily", 0, 45), QRect(30, 5, 9, 9));
   EXPECT_EQ(drawn("News", 0, 14), QRect(3, 10, 8, 5));
   tree->collapse(Row("News"));
   EXPECT_EQ(drawn("News", 0, 14), QRect(5, 8, 5, 8));
