@@ -4,6 +4,7 @@
 #include <QImageReader>
 #include <QPainter>
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
 #include <ranges>
 
@@ -100,13 +101,17 @@ QImage InSquare(const QImage& picture) {
   return square;
 }
 
-bool IsVisible(const QImage& square) {
+// How light the picture is where it can be seen, from 0 to 255; nothing when it cannot.
+std::optional<int> Lightness(const QImage& square) {
+  int visible = 0, light = 0;
   for (int y = 0; y < square.height(); ++y) {
     for (int x = 0; x < square.width(); ++x) {
-      if (qAlpha(square.pixel(x, y)) > 0) return true;
+      const QRgb pixel = square.pixel(x, y);
+      visible += qAlpha(pixel);
+      light += qAlpha(pixel) * qGray(pixel) / 255;
     }
   }
-  return false;
+  return visible == 0 ? std::nullopt : std::optional(static_cast<int>(light * 255LL / visible));
 }
 
 }  // namespace
@@ -118,7 +123,24 @@ QImage SiteIconImage(std::string_view bytes) {
   const QImage picture = Decode(bytes, *format);
   if (picture.isNull()) return {};
   const QImage square = InSquare(picture);
-  return IsVisible(square) ? square : QImage();
+  return Lightness(square) ? square : QImage();
+}
+
+QImage OnGround(const QImage& icon, const QColor& ground) {
+  constexpr int kEnough = 50;  // of lightness
+  constexpr int kMiddle = 128;
+  constexpr QColor kDarkPlate(0x40, 0x40, 0x40);
+  const int under = qGray(ground.rgb());
+  if (std::abs(Lightness(icon).value_or(kMiddle) - under) >= kEnough) return icon;
+  QImage plated(icon.size(), QImage::Format_ARGB32_Premultiplied);
+  plated.fill(Qt::transparent);
+  QPainter painter(&plated);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(under < kMiddle ? QColor(Qt::white) : kDarkPlate);
+  painter.drawRoundedRect(plated.rect(), icon.width() / 6.0, icon.height() / 6.0);
+  painter.drawImage(0, 0, icon);
+  return plated;
 }
 
 std::string SiteIconFile(std::string_view bytes) {

@@ -18,4 +18,9 @@ QImage SiteIconImage(std::string_view bytes);
 // without a picture.
 std::string SiteIconFile(std::string_view bytes);
 
+// Returns `icon`, a picture of SiteIconImage, so that it can be seen on a ground of this colour:
+// one that is about as light gets a plate behind it, white on a dark ground and dark on a light
+// one.
+QImage OnGround(const QImage& icon, const QColor& ground);
+
 }  // namespace feedloom

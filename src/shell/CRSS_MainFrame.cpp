@@ -21,6 +21,7 @@
 #include "shell/SettingsStore.h"
 #include "shell/SiteIconKeeper.h"
 #include "shell/SubscriptionExchange.h"
+#include "skin/Colors.h"
 #include "skin/Keys.h"
 #include "store/Backup.h"
 #include "ui/Commands.h"
@@ -155,7 +156,7 @@ void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
       *this, refresh_, *this, services_, toHere,
       [this](int channels, int present) { return AskHowToImport(*this, this, channels, present); });
   icons_ = std::make_unique<SiteIconKeeper>(
-      services_, skin_.Config(), toHere,
+      services_, skin_.Config(), SkinColor(skin_, kColorTreeGround), toHere,
       [this](ChannelIcons icons) { left_->ShowIcons(std::move(icons)); });
   FirstContent start = reading.Finish();
   for (const std::string& failure : reading.Failures()) status_.ReportFailure(failure);

@@ -16,7 +16,8 @@ struct SiteIcon {
   std::vector<int> channels;
 };
 
-std::vector<SiteIcon> ReadIcons(const FetchServices& services, const std::stop_token& stop) {
+std::vector<SiteIcon> ReadIcons(const FetchServices& services, const QColor& ground,
+                                const std::stop_token& stop) {
   std::vector<Channel> channels;
   LoadChannelAddresses(*services.store, channels);
   std::map<std::string, std::vector<int>> sites;  // by the path of the icon
@@ -28,7 +29,7 @@ std::vector<SiteIcon> ReadIcons(const FetchServices& services, const std::stop_t
   for (auto& [path, ids] : sites) {
     if (stop.stop_requested()) break;
     const QImage image = SiteIconImage(ReadSiteIcon(path));
-    if (!image.isNull()) icons.push_back({image, std::move(ids)});
+    if (!image.isNull()) icons.push_back({OnGround(image, ground), std::move(ids)});
   }
   return icons;
 }
@@ -44,10 +45,11 @@ ChannelIcons IconsByChannel(const std::vector<SiteIcon>& icons) {
 
 }  // namespace
 
-SiteIconKeeper::SiteIconKeeper(SharedServices services, HostConfig host,
+SiteIconKeeper::SiteIconKeeper(SharedServices services, HostConfig host, QColor ground,
                                BackgroundJobs::Post toOwner, Show show)
     : services_(std::move(services)),
       host_(std::move(host)),
+      ground_(ground),
       show_(std::move(show)),
       isOn_(host_.ShowsSiteIcons()),
       jobs_(std::move(toOwner)) {
@@ -67,11 +69,11 @@ void SiteIconKeeper::FollowHost() {
 
 // Without a thread the icons stay as they are.
 void SiteIconKeeper::Start(bool asks) {
-  const auto job = [asks, services = services_, show = show_](const std::stop_token& stop,
-                                                              const BackgroundJobs::Tell& tell) {
+  const auto job = [asks, services = services_, ground = ground_, show = show_](
+                       const std::stop_token& stop, const BackgroundJobs::Tell& tell) {
     LowerThreadPriority();
     if (asks) AskForIcons(*services, SiteIconFile, stop);
-    tell([show, icons = ReadIcons(*services, stop)] { show(IconsByChannel(icons)); });
+    tell([show, icons = ReadIcons(*services, ground, stop)] { show(IconsByChannel(icons)); });
   };
   jobs_.Start(job, [] {});
 }

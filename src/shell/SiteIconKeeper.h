@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QImage>
+#include <QColor>
 #include <vector>
 
 #include "fetch/FetchServices.h"
@@ -17,9 +17,10 @@ class SiteIconKeeper {
  public:
   using Show = std::function<void(ChannelIcons icons)>;
 
-  // Reads the icons that are kept. `show` is called each time that icons have been read, and with
-  // none when the host does not want them any more.
-  SiteIconKeeper(SharedServices services, HostConfig host, BackgroundJobs::Post toOwner, Show show);
+  // Reads the icons that are kept. `ground` is the colour on which they are shown. `show` is called
+  // each time that icons have been read, and with none when the host does not want them any more.
+  SiteIconKeeper(SharedServices services, HostConfig host, QColor ground,
+                 BackgroundJobs::Post toOwner, Show show);
 
   // Asks the sites whose turn it is, and shows all icons then.
   void Renew();
@@ -31,6 +32,7 @@ class SiteIconKeeper {
 
   const SharedServices services_;
   const HostConfig host_;
+  const QColor ground_;
   const Show show_;
   bool isOn_;
   BackgroundJobs jobs_;

@@ -58,6 +58,18 @@ TEST(SiteIconImage, IsReadOfEachFormatAndKeptAsAPictureOfOurOwn) {
   EXPECT_EQ(best.pixelColor(9, 9), QColor(Qt::blue));
 }
 
+TEST(SiteIconImage, StandsOnAPlateWhereItWouldNotBeSeen) {
+  QImage icon = SiteIconImage(FileOf("png", {16, 16}, Qt::black));
+  icon.setPixelColor(0, 8, Qt::transparent);
+  const auto behind = [&](Qt::GlobalColor color) {
+    return OnGround(icon, color).pixelColor(0, 8).name(QColor::HexArgb).toStdString();
+  };
+  EXPECT_EQ(behind(Qt::black) + behind(Qt::white), "#ffffffff#00000000");
+  icon.fill(Qt::white);
+  icon.setPixelColor(0, 8, Qt::transparent);
+  EXPECT_EQ(behind(Qt::black) + behind(Qt::white), "#00000000#ff404040");
+}
+
 TEST(SiteIconImage, IsNoneOfOtherFormatsOfHostileSizesAndOfPicturesThatShowNothing) {
   const std::string png = FileOf("png", {16, 16});
   const std::string bomb = FileOf("png", {5000, 5000}), bitmap = FileOf("bmp", {600, 600});
