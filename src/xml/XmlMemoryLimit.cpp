@@ -99,7 +99,7 @@ std::string XmlMemoryLimit::Excess(std::size_t documentSize) const {
       return fmt::format("too large: a tag with more than {} attributes", kMostEquals);
     case Kind::Piece:
       return fmt::format(
-          "too large: a tag or a text of more than {:.0f} MiB in a document of {:.1f}",
+          "too large: a tag or a text of more than {:.0f} MiB in a document of {:.1f} MiB",
           MiB(kLongestPiece), MiB(documentSize));
     case Kind::Depth:
       return fmt::format("too large: more than {} elements within each other", xmlParserMaxDepth);

@@ -110,10 +110,10 @@ TEST_F(FaultyXml, ALongValueIsReadAndWhatIsTooLargeSaysByHowMuch) {
              {Repeated("<b/>", 400'000) + " -> too large: of its 1.5 MiB the first 0.7 fill the 32 "
                                           "MiB of memory that a document may take",
               std::string(11 << 20, 'x') + " -> too large: a tag or a text of more than 9 MiB in a "
-                                           "document of 11.0",
+                                           "document of 11.0 MiB",
               "<b c='" + std::string(11 << 20, 'x') +
                   "'/> -> too large: a tag or a text of more "
-                  "than 9 MiB in a document of 11.0",
+                  "than 9 MiB in a document of 11.0 MiB",
               "<b" + Repeated(" a=''", 40'000) +
                   "/> -> too large: a tag with more than 10000 "
                   "attributes",
