@@ -7,6 +7,7 @@ inline constexpr char kHostKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0";
 // The module's own settings.
 inline constexpr char kModuleKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold";
 // What the module's window remembers of itself.
+inline constexpr char kPeriodsKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold\\Periods";
 inline constexpr char kViewKey[] = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvix3.0\\Skyfold\\View";
 
 // The values of the host's registry key.

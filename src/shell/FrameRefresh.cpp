@@ -6,7 +6,8 @@ namespace feedloom {
 
 FrameRefresh::FrameRefresh(const std::shared_ptr<InterfaceThread>& thread, SharedServices services,
                            InterfaceTarget::Handler toFrame, InterfaceTarget::Handler toHost)
-    : frame_(thread, std::move(toFrame)),
+    : registry_(services->registry),
+      frame_(thread, std::move(toFrame)),
       host_(thread, std::move(toHost)),
       checker_(std::in_place, services, [thread](auto work) { thread->Queue(std::move(work)); }),
       engine_(std::in_place, services, frame_, host_) {}

@@ -30,11 +30,16 @@ class FrameRefresh : public Refreshing {
   void QueueRefresh(std::vector<Channel> entries) override;
   void StartRefresh() override;
   FeedVisit LastVisit(const Channel& channel) const override;
+  OwnPeriods Periods() const override { return LoadOwnPeriods(registry_); }
+  bool SetPeriod(const std::string& address, std::chrono::minutes period) override {
+    return StoreOwnPeriod(registry_, address, period);
+  }
   void CheckFeed(const std::string& address, const std::optional<GivenLogin>& login,
                  std::function<void(const FeedCheckAnswer&)> onAnswer) override;
   void StopFeedCheck() override;
 
  private:
+  const Registry registry_;
   InterfaceTarget frame_;
   InterfaceTarget host_;
   std::optional<FeedChecker> checker_;  // none after Stop, as the engine

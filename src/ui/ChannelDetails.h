@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 
 #include "fetch/FeedMemory.h"
@@ -11,8 +12,9 @@ namespace feedloom {
 // unread counts.
 struct ChannelDetails : Channel {
   std::string folderName;
-  int state = 0;         // as of ChannelRow
-  FeedVisit visit = {};  // as of Refreshing::LastVisit
+  int state = 0;                      // as of ChannelRow
+  FeedVisit visit = {};               // as of Refreshing::LastVisit
+  std::chrono::minutes ownPeriod{0};  // as of Refreshing::Periods
 };
 
 }  // namespace feedloom

@@ -1,6 +1,7 @@
 // The refresh of channels, and the check of an address that may become one.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <span>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "fetch/FeedMemory.h"
+#include "fetch/OwnPeriods.h"
 #include "net/HostLogin.h"
 #include "refresh/RefreshQueue.h"
 
@@ -30,6 +32,11 @@ class Refreshing {
   // What the channel's server said at the last refresh, or why it could not be asked; one without
   // times when that is not known. Cheap: may be asked for each row that is painted.
   virtual FeedVisit LastVisit(const Channel& channel) const = 0;
+
+  // The periods that the user has chosen for channels.
+  virtual OwnPeriods Periods() const = 0;
+  // Stores the period of the feed at `address`, 0 for the one that it wishes. False when it cannot.
+  [[nodiscard]] virtual bool SetPeriod(const std::string& address, std::chrono::minutes period) = 0;
 
   // Checks on another thread whether `address` leads to a feed, and calls `onAnswer` with the
   // result on the interface thread. At most one check runs: `onAnswer` is not called after the

@@ -5,6 +5,7 @@
 
 #include "controls/AccessibleTree.h"
 #include "fetch/FeedMemory.h"
+#include "fetch/OwnPeriods.h"
 #include "files/RegistryKeys.h"
 #include "kit/FeedDocuments.h"
 #include "kit/ThreadRefusal.h"
@@ -211,13 +212,16 @@ TEST_F(Module, ByItselfAsksOnlyChannelsThatAreDueForAHostThatWantsThat) {
   visits[7].fault.kind = FeedFaultKind::TimedOut;
   visits.erase(8);  // never asked
   std::ofstream(FeedMemoryPath(profile_.Paths().workDir)) << FeedVisitsText(visits);
+  for (const auto& [channel, own] : {std::pair("/9", 30), {"/100", 120}})
+    EXPECT_TRUE(
+        StoreOwnPeriod(profile_.TheRegistry(), server_.Url(channel), std::chrono::minutes(own)));
   CreateFrame();
   Columns().widget(0)->findChildren<QTimer*>(Qt::FindDirectChildrenOnly)[0]->start(0);
   EXPECT_TRUE(WaitForRun());
   std::set<int> asked;
   for (int i = 1; i <= kChannels; ++i)
     if (server_.Requests(fmt::format("/{}", i)) > 0) asked.insert(i);
-  EXPECT_EQ(asked, (std::set{7, 8, 100, 200, 300, 400, 500, 600, 700, 800, 900, 1000}));
+  EXPECT_EQ(asked, (std::set{7, 8, 9, 200, 300, 400, 500, 600, 700, 800, 900, 1000}));
 }
 
 TEST_F(Module, EndsInTheMiddleOfAnImportWhileADialogIsOpen) {

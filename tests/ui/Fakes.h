@@ -57,6 +57,10 @@ struct FakeRefreshing : Refreshing {
     const auto visit = visits.find(channel.id);
     return visit == visits.end() ? FeedVisit{channel.xmlLink} : visit->second;
   }
+  OwnPeriods Periods() const override { return periods; }
+  bool SetPeriod(const std::string& address, std::chrono::minutes period) override {
+    return periods[address] = period, true;
+  }
   void CheckFeed(const std::string& address, const std::optional<GivenLogin>& login,
                  CheckEnd onAnswer) override {
     checked.push_back(address);
@@ -67,6 +71,7 @@ struct FakeRefreshing : Refreshing {
 
   RefreshQueue queue;
   FeedVisits visits;
+  OwnPeriods periods;
   int refreshes = 0;
   std::vector<std::string> checked, given;  // addresses, logins
   CheckEnd answerCheck;                     // of the check that runs

@@ -113,8 +113,12 @@ void ShowChannelMove(Desk& desk, Subscribing& subscribing, QWidget* parent,
   Show(new CRSS_ChannelMoveDlg(desk, subscribing, parent, channel));
 }
 
-void ShowChannelInfo(Desk& desk, QWidget* parent, const ChannelDetails& channel) {
-  Show(new CRSS_ChannelInfoDlg(desk, parent, channel));
+std::optional<std::chrono::minutes> ShowChannelInfo(Desk& desk, QWidget* parent,
+                                                    const ChannelDetails& channel) {
+  auto* dialog = new CRSS_ChannelInfoDlg(desk, parent, channel);
+  std::optional<std::chrono::minutes> period;
+  RunDialog(dialog, [&] { period = dialog->Period(); });
+  return period == channel.ownPeriod ? std::nullopt : period;
 }
 
 std::optional<std::string> AskListAddress(Desk& desk, QWidget* parent) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QString>
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -44,7 +45,9 @@ void ShowCabinetAdd(Desk& desk, Subscribing& subscribing, QWidget* parent);
 void ShowChannelMove(Desk& desk, Subscribing& subscribing, QWidget* parent,
                      const ChannelDetails& channel);
 
-void ShowChannelInfo(Desk& desk, QWidget* parent, const ChannelDetails& channel);
+// Returns the period that the user has chosen in place of the channel's own one.
+std::optional<std::chrono::minutes> ShowChannelInfo(Desk& desk, QWidget* parent,
+                                                    const ChannelDetails& channel);
 
 // Returns the path to save a download to. `name` is the suggested file name, without a directory.
 // The dialog names `host`, where the file comes from, unless it is empty, and asks before it

@@ -83,6 +83,12 @@ void NewAddresses::Offer(int channelId, const std::string& address) {
   }
 }
 
+// One that cannot be stored is lost: the feed's own takes its place.
+void NewAddresses::MovePeriod(const std::string& from, const std::string& to) {
+  const auto period = refreshing_.Periods()[from];
+  if (period.count() > 0) static_cast<void>(refreshing_.SetPeriod(to, period));
+}
+
 // Returns the text key of an error message, null on success. A refresh that runs would bring the
 // state of the former address.
 const char* NewAddresses::Change(int channelId, const std::string& address) {
@@ -94,6 +100,7 @@ const char* NewAddresses::Change(int channelId, const std::string& address) {
     return kTextAddChannelDuplicate;
   }
   if (!SetChannelAddress(desk_.GetStore(), channelId, address)) return kTextAddressError;
+  MovePeriod(channel->xmlLink, address);
   model_.SetAddress(channelId, address);
   refreshing_.QueueRefresh({*channel});
   refreshing_.StartRefresh();

@@ -34,6 +34,7 @@ class NewAddresses {
  private:
   void OnAnswer(int channelId, const std::string& page, const FeedCheckAnswer& answer);
   void TellNone(const std::string& page, const FeedCheckAnswer& answer);
+  void MovePeriod(const std::string& from, const std::string& to);
   const char* Change(int channelId, const std::string& address);
   std::string PageOf(int channelId, const std::string& feedAddress) const;
   std::string Text(const char* key) const;

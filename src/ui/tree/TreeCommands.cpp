@@ -97,7 +97,8 @@ std::optional<TreeCommands::Target> TreeCommands::SelectedChild() const {
 
 ChannelDetails TreeCommands::DetailsOf(const Target& channel) const {
   const ChildRow& row = *model_.ChildAt(channel.row);
-  return {row, model_.GroupAt(channel.row.parent())->name, row.state, refreshing_.LastVisit(row)};
+  return {row, model_.GroupAt(channel.row.parent())->name, row.state, refreshing_.LastVisit(row),
+          refreshing_.Periods()[row.xmlLink]};
 }
 
 std::optional<Menu> TreeCommands::MenuOf(const QModelIndex& row) const {
@@ -213,7 +214,11 @@ void TreeCommands::MoveChannel() {
 
 void TreeCommands::ShowInfo() {
   const auto channel = Selected(RowKind::Channel);
-  if (channel) ShowChannelInfo(desk_, &tree_, DetailsOf(*channel));
+  if (!channel) return;
+  const ChannelDetails details = DetailsOf(*channel);
+  const auto period = ShowChannelInfo(desk_, &tree_, details);
+  if (!period) return;  // the object may have been deleted
+  if (!refreshing_.SetPeriod(details.xmlLink, *period)) Ask(kTextPeriodError, MsgBoxKind::Notice);
 }
 
 void TreeCommands::FindAddress() {
@@ -266,8 +271,11 @@ void TreeCommands::RefreshByItself() {
   std::vector<Channel> channels = ChannelsOf(model_.Groups());
   const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
   if (desk_.GetSkin().Config().KeepsPeriods()) {
+    OwnPeriods periods = refreshing_.Periods();
     std::erase_if(channels, [&](const Channel& channel) {
-      return !IsDue(refreshing_.LastVisit(channel), now);
+      FeedVisit visit = refreshing_.LastVisit(channel);
+      if (const auto own = periods[channel.xmlLink]; own.count() > 0) visit.period = own;
+      return !IsDue(visit, now);
     });
   }
   Refresh(std::move(channels));

@@ -119,6 +119,24 @@ TEST_F(Dialogs, AHelpfulOneSaysHowAChannelsLastRefreshEnded) {
          "마지막 시도: 2008-05-04 12:00");
 }
 
+TEST_F(Dialogs, TheUserChoosesHowLongAChannelIsLeftAlone) {
+  using std::chrono_literals::operator""h, std::chrono_literals::operator""min;
+  frame.skin.SetHostValue(kValuePeriods, kPeriodsOn);
+  const std::tuple<std::chrono::minutes, const char*, std::optional<std::chrono::minutes>> rows[] =
+      {{0min, "피드가 정한 간격", {}},
+       {0min, "하루에 한 번까지", 24h},
+       {24h, "피드가 정한 간격", 0min},
+       {7min, "", {}}};  // none of the choices
+  for (const auto& [own, choice, chosen] : rows) {
+    channel_.ownPeriod = own;
+    WhenShown([&, text = choice] {
+      if (*text == 0) EXPECT_EQ(List().currentText(), "");
+      Choose(text);
+    });
+    EXPECT_EQ(ShowChannelInfo(frame, parent.get(), channel_), chosen) << choice;
+  }
+}
+
 TEST_F(Dialogs, ACabinetIsChosenFromAllInTheirOrder) {
   const auto choose = [&](const std::vector<Qt::Key>& keys) {
     WhenShown([&] {

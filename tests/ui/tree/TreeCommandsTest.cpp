@@ -181,7 +181,9 @@ TEST_F(NewAddressTest, AMovedChannelTakesItsAddressWhereItsFolderHasItNotYet) {
   Choose("Weekly", kCommandUseAddress);
   EXPECT_EQ(frame.questions, (Strings{kTextAddressOffer, kTextAddChannelDuplicate}));
   frame.db.Sql("delete from TB_CHANNEL where channel_title = 'Daily'");
+  frame.periods["http://example.com/Weekly"] = std::chrono::hours(6);
   Choose("Weekly", kCommandUseAddress);
+  EXPECT_EQ(frame.periods["http://new.example/"], std::chrono::hours(6));
   EXPECT_EQ(ChannelsAt("http://new.example/"), 1);
   EXPECT_TRUE(Offered("Weekly").empty());
   frame.skin.SetHostValue(kValueDialogs, "");
