@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
-#include <ranges>
 
 namespace feedloom {
 namespace {
@@ -69,8 +68,11 @@ void TurnToBest(QImageReader& reader) {
     const int side = reader.size().width();
     return side >= kIconSide ? -side : side - 2 * kMaxSide;
   };
-  const auto pictures = std::views::iota(0, std::max(reader.imageCount(), 1));
-  reader.jumpToImage(*std::ranges::max_element(pictures, {}, rank));
+  int best = 0;
+  for (int picture = 1; picture < reader.imageCount(); ++picture) {
+    if (rank(picture) > rank(best)) best = picture;
+  }
+  reader.jumpToImage(best);
 }
 
 QImage Decode(std::string_view bytes, const Format& format) {
