@@ -91,7 +91,7 @@ void PrintLists(const Session& session, const Lists& lists) {
 }  // namespace
 
 int RunList(Session& session) {
-  Lists lists{.memory = FeedMemory(session.FeedMemoryFile())};
+  Lists lists{{}, {}, {}, FeedMemory(session.FeedMemoryFile())};
   lists.memory.Load();
   if (!LoadFolderList(session.GetStore(), lists.folders) ||
       !LoadChannelList(session.GetStore(), lists.channels) ||
