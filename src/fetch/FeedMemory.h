@@ -15,7 +15,7 @@
 namespace feedloom {
 
 struct FeedVisit {
-  std::string address;         // the feed's; the visit does not hold for any other address
+  std::string address = {};    // the feed's; the visit does not hold for any other address
   Validators validators = {};  // of the last document whose posts were all stored
   std::chrono::sys_seconds notBefore = {};  // when the server may be asked again ("Retry-After")
 

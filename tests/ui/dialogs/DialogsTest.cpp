@@ -130,7 +130,7 @@ TEST_F(Dialogs, TheUserChoosesHowLongAChannelIsLeftAlone) {
   for (const auto& [own, choice, chosen] : rows) {
     channel_.ownPeriod = own;
     WhenShown([&, text = choice] {
-      if (*text == 0) EXPECT_EQ(List().currentText(), "");
+      EXPECT_EQ(List().currentText().isEmpty(), *text == 0);
       Choose(text);
     });
     EXPECT_EQ(ShowChannelInfo(frame, parent.get(), channel_), chosen) << choice;

@@ -124,11 +124,11 @@ struct NewAddressTest : TreeCommandsTest {
     return frame.db.Count("TB_CHANNEL where channel_xmllink = '" + address + "'");
   }
   // The questions while the home page of the dead channel is answered like this.
-  Strings Look(const FeedCheckAnswer& answer) {
+  Strings Look(const FeedCheckAnswer& given) {
     frame.questions.clear();
     Choose("Daily", kCommandFindAddress);
     EXPECT_EQ(frame.checked.back(), "http://home.example/");
-    std::function(frame.answerCheck)(answer);
+    std::function(frame.answerCheck)(given);
     return frame.questions;
   }
 };
@@ -158,8 +158,8 @@ TEST_F(NewAddressTest, WithoutOneTheUserIsToldWhyAndSeesThePage) {
       {{.fault = {FeedFaultKind::WebPage}}, "홈페이지에 다른 피드가 없습니다"},
       {{.announcedFeed = "http://example.com/Daily", .fault = {FeedFaultKind::WebPage}},
        "홈페이지에 다른 피드가 없습니다"}};
-  for (const auto& [answer, reason] : rows) {
-    EXPECT_EQ(Look(answer), Strings{kTextNoNewAddress});
+  for (const auto& [given, reason] : rows) {
+    EXPECT_EQ(Look(given), Strings{kTextNoNewAddress});
     EXPECT_EQ(frame.askedMore, Korean(reason) + place);
   }
   EXPECT_TRUE(frame.shown.empty());
