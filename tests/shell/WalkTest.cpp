@@ -101,7 +101,7 @@ struct Walk : WalkFixture, testing::WithParamInterface<unsigned> {
     const char* const key = PickOf(keys);
     Tell(key);
     Press(key);
-    if (key != QString("Space")) return;
+    if (!QString(key).endsWith("Space")) return;
     bool hasScrolled = false;  // the page answers in turn
     frame_->findChild<QWebEngineView*>()->page()->toPlainText([&](auto) { hasScrolled = true; });
     EXPECT_TRUE(WaitUntil([&] { return hasScrolled; }));
