@@ -15,6 +15,7 @@
 #include "host/FirstPaint.h"
 #include "host/Graphics.h"
 #include "host/HostProfile.h"
+#include "host/HostSwitches.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
 #include "host/LoadedModule.h"
@@ -86,13 +87,13 @@ void RestartOnAppearanceChoice(HostWindow& window, const HostProfile& profile) {
       });
 }
 
-// The module reads the value each time that it is about to open a page.
-void KeepLinksChoice(HostWindow& window, const Registry& registry) {
-  QObject::connect(&window, &HostWindow::LinksOutsideChosen, &window,
-                   [registry](bool opensOutside) {
-                     const char* const value = opensOutside ? kLinksOutside : kLinksInPane;
-                     if (registry.WriteString(kHostKey, kValuePostLinks, value)) return;
-                     ReportError("Cannot remember where links open.");
+void KeepSwitches(HostWindow& window, const Registry& registry) {
+  QObject::connect(&window, &HostWindow::SwitchTurned, &window,
+                   [&window, registry](const HostSwitch& which, bool isOn) {
+                     if (!which.turn(registry, isOn)) {
+                       ReportError("Cannot keep a choice of the view menu.");
+                     }
+                     if (which.concernsModule) window.SendToFrame(kMessageViewChanged);
                    });
 }
 
@@ -107,15 +108,12 @@ void KeepListPlace(HostWindow& window, const Registry& registry) {
       });
 }
 
-void KeepIconsChoice(HostWindow& window, const Registry& registry) {
-  QObject::connect(&window, &HostWindow::SiteIconsChosen, &window,
-                   [&window, registry](bool areShown) {
-                     const char* const value = areShown ? kIconsOn : kIconsOff;
-                     if (!registry.WriteString(kHostKey, kValueIcons, value)) {
-                       ReportError("Cannot remember whether channels have icons.");
-                     }
-                     window.SendToFrame(kMessageViewChanged);
-                   });
+// What the view menu shows at first.
+ViewChoices StoredChoices(const Registry& registry) {
+  ViewChoices choices{.listPlace = HostConfig(registry).GetListPlace(), .on = {}};
+  for (const HostSwitch& one : HostSwitches())
+    if (one.isOn(registry)) choices.on.push_back(&one);
+  return choices;
 }
 
 // Runs the event loop of a window with the module's frame in it.
@@ -175,8 +173,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   SetHostTables(tables, config.GetCodePage());
   ApplicationStyle look(Skin(tables, config));
   HostWindow window(FromModuleText(config.GetAppTitle()),
-                    {SkinName(config), config.GetHostLanguage()},
-                    {config.OpensLinksOutside(), config.GetListPlace(), config.ShowsSiteIcons()});
+                    {SkinName(config), config.GetHostLanguage()}, StoredChoices(registry));
   QObject::connect(&terminationSignals, &TerminationSignals::Requested, &window, &QWidget::close);
   if (options.screenshot) {
     window.resize(kInitialWidth, kInitialHeight);
@@ -185,9 +182,8 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   }
   QuitOnClose(window, registry, options.screenshot.has_value());
   RestartOnAppearanceChoice(window, profile);
-  KeepLinksChoice(window, registry);
+  KeepSwitches(window, registry);
   KeepListPlace(window, registry);
-  KeepIconsChoice(window, registry);
   LogTiming("window made");
   return Show(options, module, window, refreshes).Run();
 }

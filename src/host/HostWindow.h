@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "skin/HostConfig.h"
 
@@ -18,6 +19,7 @@ class QToolButton;
 namespace feedloom {
 
 class ModulePane;
+struct HostSwitch;
 
 // A skin and a language, as the view menu offers them. A skin of another name, or an empty string,
 // is no entry of the menu.
@@ -28,11 +30,10 @@ struct Appearance {
   bool operator==(const Appearance&) const = default;
 };
 
-// What else the view menu offers.
+// What else the view menu shows at first.
 struct ViewChoices {
-  bool opensLinksOutside = false;
   ListPlace listPlace = ListPlace::Default;
-  bool showsSiteIcons = false;
+  std::vector<const HostSwitch*> on;  // of HostSwitches()
 };
 
 // The main window: a menu, the module's frame and a status bar. Its texts come from the host's
@@ -60,12 +61,10 @@ class HostWindow : public QMainWindow {
   void Closing();
   // The user has chosen another skin or language than the current one.
   void AppearanceChosen(const feedloom::Appearance& appearance);
-  // The user has chosen where links of posts open: in the system's browser, or in the pane.
-  void LinksOutsideChosen(bool opensOutside);
+  // The user has turned one of HostSwitches() on or off.
+  void SwitchTurned(const feedloom::HostSwitch& which, bool isOn);
   // The user has chosen where the list stands.
   void ListPlaceChosen(feedloom::ListPlace place);
-  // The user has chosen whether channels have the icons of their sites.
-  void SiteIconsChosen(bool areShown);
 
  protected:
   bool event(QEvent* event) override;
@@ -81,9 +80,7 @@ class HostWindow : public QMainWindow {
   void AddListPlace(QMenu& menu, QActionGroup& group, const char* textKey, ListPlace place,
                     bool isChosen);
   void MakeUnreadEntry(QMenu& menu);
-  // Adds an entry that is on or off, and tells `chosen` when the user changes it.
-  QAction& AddSwitch(QMenu& menu, const char* textKey, bool isOn,
-                     void (HostWindow::*chosen)(bool isOn));
+  void AddSwitch(QMenu& menu, const HostSwitch& which, bool isOn);
   void MakeKeysEntry(QMenu& menu);
   void MakeStopEntry(QMenu& menu);
   void MakeStatusBar();

@@ -4,6 +4,7 @@
 #include <QtWidgets>
 
 #include "host/CommandLine.h"
+#include "host/HostSwitches.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
 #include "host/WindowGeometry.h"
@@ -16,7 +17,7 @@ struct HostWindowTest : QObject, testing::Test {
   HostWindowTest() {
     SetHostTables(ReadHostTexts(skin_.Get().Config()), CodePage::Korean());
     window_ = std::make_unique<HostWindow>("Halvix", Appearance{"dark", "KOR"},
-                                           ViewChoices{false, ListPlace::Beside, true});
+                                           ViewChoices{ListPlace::Beside, {&HostSwitches()[1]}});
     auto* const frame = new QWidget(window_->ModuleParent());
     frame->installEventFilter(this);
     window_->SetFrame(frame);
@@ -127,13 +128,12 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   QObject::connect(window_.get(), &HostWindow::AppearanceChosen, [&](const Appearance& chosen) {
     told << QString::fromStdString(chosen.skin + " " + chosen.language);
   });
-  QObject::connect(window_.get(), &HostWindow::LinksOutsideChosen,
-                   [&](bool outside) { told << (outside ? "outside" : "inside"); });
   QObject::connect(window_.get(), &HostWindow::ListPlaceChosen, [&](ListPlace place) {
     told << (place == ListPlace::Above ? "above" : "beside");
   });
-  QObject::connect(window_.get(), &HostWindow::SiteIconsChosen,
-                   [&](bool areShown) { told << (areShown ? "icons" : "no icons"); });
+  QObject::connect(window_.get(), &HostWindow::SwitchTurned, [&](const auto& which, bool isOn) {
+    told << (isOn ? "on: " : "off: ") + QString(which.textKey);
+  });
   for (const char* entry :
        {"목록을 글 위에(&T)", "사이트 아이콘(&C)", "링크를 시스템 브라우저에서 열기(&S)",
         "어두운 화면(&D)", "한국어(&K)", "밝은 화면(&L)", "English(&E)", "끝내기(&Q)"}) {
@@ -141,8 +141,8 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
       if (action->text() == entry) action->trigger();
   }
   QCoreApplication::processEvents();
-  EXPECT_EQ(told,
-            QStringList({"no icons", "outside", "above", "light KOR", "dark ENG", "closing"}));
+  EXPECT_EQ(told, QStringList({"off: MENU_SITE_ICONS", "on: MENU_LINKS_OUTSIDE", "above",
+                               "light KOR", "dark ENG", "closing"}));
 }
 
 TEST(CommandLine, GivesTheOptionsOrTheStatusToLeaveWith) {
