@@ -23,16 +23,19 @@ inline constexpr char kValuePlatform[] = "CORVANE_PLATFORM";
 inline constexpr char kValueOsType[] = "CORVANE_OSTYPE";
 inline constexpr char kValueDebugMode[] = "Debug Mode";
 inline constexpr char kValueCodePage[] = "CODEPAGE";
-inline constexpr char kValuePostLinks[] = "POST_LINKS";            // kLinksInPane, kLinksOutside
-inline constexpr char kValueListPlace[] = "LIST_PLACE";            // kListAbove, kListBeside
-inline constexpr char kValueNotice[] = "NOTICE";                   // kNoticeChannels
-inline constexpr char kValueStart[] = "START";                     // kStartLast
-inline constexpr char kValueEmptyList[] = "EMPTY_LIST";            // kEmptyListLine
-inline constexpr char kValueDialogs[] = "DIALOGS";                 // kDialogsHelpful
-inline constexpr char kValueSelection[] = "SELECTION";             // kSelectionCareful
-inline constexpr char kValueLenient[] = "LENIENT";                 // kLenientOn
-inline constexpr char kValuePeriods[] = "PERIODS";                 // kPeriodsOn
-inline constexpr char kValueIcons[] = "ICONS";                     // kIconsOn
+inline constexpr char kValuePostLinks[] = "POST_LINKS";  // kLinksInPane, kLinksOutside
+inline constexpr char kValueListPlace[] = "LIST_PLACE";  // kListAbove, kListBeside
+inline constexpr char kValueNotice[] = "NOTICE";         // kNoticeChannels
+inline constexpr char kValueStart[] = "START";           // kStartLast
+inline constexpr char kValueEmptyList[] = "EMPTY_LIST";  // kEmptyListLine
+inline constexpr char kValueDialogs[] = "DIALOGS";       // kDialogsHelpful
+inline constexpr char kValueSelection[] = "SELECTION";   // kSelectionCareful
+inline constexpr char kValueLenient[] = "LENIENT";       // kLenientOn
+inline constexpr char kValuePeriods[] = "PERIODS";       // kPeriodsOn
+inline constexpr char kValueIcons[] = "ICONS";           // kIconsOn
+inline constexpr char kValueUpdates[] = "UPDATES";       // kUpdatesByHost
+// When halvix last had the channels refreshed by themselves, seconds since 1970.
+inline constexpr char kValueLastUpdate[] = "LAST_UPDATE";
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
 
 // The values of kValuePostLinks.
@@ -68,6 +71,9 @@ inline constexpr char kPeriodsOn[] = "ON";
 // not want them; anything else is the default, too.
 inline constexpr char kIconsOn[] = "ON";
 inline constexpr char kIconsOff[] = "OFF";
+
+// The value of kValueUpdates; anything else is the default.
+inline constexpr char kUpdatesByHost[] = "HOST";
 
 // The values of the module's registry key. The first seven are the user's settings, which stand
 // there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.

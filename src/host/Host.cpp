@@ -20,6 +20,8 @@
 #include "host/HostWindow.h"
 #include "host/LoadedModule.h"
 #include "host/ModuleLink.h"
+#include "host/NetworkState.h"
+#include "host/RefreshClock.h"
 #include "host/Screenshot.h"
 #include "host/TerminationSignals.h"
 #include "host/Timings.h"
@@ -119,8 +121,14 @@ ViewChoices StoredChoices(const Registry& registry) {
 // Runs the event loop of a window with the module's frame in it.
 class Show {
  public:
-  Show(const HostOptions& options, const LoadedModule& module, HostWindow& window, bool refreshes)
-      : options_(options), module_(module), window_(window), refreshes_(refreshes) {}
+  Show(const HostOptions& options, const LoadedModule& module, HostWindow& window,
+       const Registry& registry, bool refreshes)
+      : options_(options),
+        module_(module),
+        window_(window),
+        clock_(registry, SystemClock(), IsOnline,
+               [&window] { window.SendToFrame(kMessageRefreshDue); }),
+        refreshes_(refreshes) {}
   ~Show() {
     if (frame_ != nullptr) module_.destroyBtn();
   }
@@ -149,7 +157,10 @@ class Show {
     if (refreshes_) {
       QTimer::singleShot(0, &window_, [this] { window_.SendToFrame(kMessageRefreshAll); });
     }
-    if (!options_.screenshot) return {};
+    if (!options_.screenshot) {
+      clock_.Start();
+      return {};
+    }
     picture_.emplace(window_, *frame_, QFile::decodeName(options_.screenshot->c_str()));
     return picture_->Start();
   }
@@ -157,6 +168,7 @@ class Show {
   const HostOptions& options_;
   const LoadedModule& module_;
   HostWindow& window_;
+  RefreshClock clock_;
   const bool refreshes_;
   QWidget* frame_ = nullptr;  // the module's
   std::optional<PageTimings> timings_;
@@ -185,7 +197,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   KeepSwitches(window, registry);
   KeepListPlace(window, registry);
   LogTiming("window made");
-  return Show(options, module, window, refreshes).Run();
+  return Show(options, module, window, registry, refreshes).Run();
 }
 
 void FollowDesktopTheme(const HostProfile& profile) {

@@ -14,7 +14,7 @@ std::vector<RegistryEntry> HostWishes() {
       {kHostKey, kValueIcons, kIconsOn},          {kHostKey, kValueLenient, kLenientOn},
       {kHostKey, kValueListPlace, kListAbove},    {kHostKey, kValueNotice, kNoticeChannels},
       {kHostKey, kValuePeriods, kPeriodsOn},      {kHostKey, kValueSelection, kSelectionCareful},
-      {kHostKey, kValueStart, kStartLast}};
+      {kHostKey, kValueStart, kStartLast},        {kHostKey, kValueUpdates, kUpdatesByHost}};
 }
 
 Failure StoreHostWishes(const std::string& dir) {

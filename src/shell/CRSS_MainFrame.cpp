@@ -240,6 +240,9 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
     case kMessageRefreshAll:
       left_->Run(kCommandRefreshAll);
       break;
+    case kMessageRefreshDue:
+      left_->Run(kCommandRefreshDue);
+      break;
     case kMessageStopRefresh:
       refresh_.StopRun();
       break;

@@ -70,6 +70,7 @@ bool HostConfig::SaysEmptyLists() const { return Is(kValueEmptyList, kEmptyListL
 bool HostConfig::HasHelpfulDialogs() const { return Is(kValueDialogs, kDialogsHelpful); }
 bool HostConfig::ReadsLeniently() const { return Is(kValueLenient, kLenientOn); }
 bool HostConfig::KeepsPeriods() const { return Is(kValuePeriods, kPeriodsOn); }
+bool HostConfig::UpdatesByHost() const { return Is(kValueUpdates, kUpdatesByHost); }
 bool HostConfig::ShowsSiteIcons() const { return Is(kValueIcons, kIconsOn); }
 bool HostConfig::SelectsCarefully() const { return Is(kValueSelection, kSelectionCareful); }
 

@@ -66,6 +66,9 @@ class HostConfig {
   // over.
   bool KeepsPeriods() const;
 
+  // Whether the host has channels refreshed when their time has come, in place of the module.
+  bool UpdatesByHost() const;
+
   // Whether channels have the icons of their sites, which are asked for them.
   bool ShowsSiteIcons() const;
 

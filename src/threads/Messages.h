@@ -34,6 +34,7 @@ enum Message : unsigned {
   kMessageViewChanged = 0x307D,
   kMessageStopRefresh = 0x307E,
   kMessageUndo = 0x307F,
+  kMessageRefreshDue = 0x3081,
   kMessageShowKeys = 0x3082,
 
   // From the host to the frame: show only unread posts (wParam 1) or all of them (0); another

@@ -36,6 +36,7 @@ enum Command {
 
   // Commands of toolbars and keys only. Hosts do not know these numbers.
   kCommandRefreshAll = 1,
+  kCommandRefreshDue,
   kCommandRefreshSelection,
   kCommandDeleteSelection,
   kCommandDirectory,

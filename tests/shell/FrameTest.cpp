@@ -216,7 +216,7 @@ TEST_F(Module, ByItselfAsksOnlyChannelsThatAreDueForAHostThatWantsThat) {
     EXPECT_TRUE(
         StoreOwnPeriod(profile_.TheRegistry(), server_.Url(channel), std::chrono::minutes(own)));
   CreateFrame();
-  Columns().widget(0)->findChildren<QTimer*>(Qt::FindDirectChildrenOnly)[0]->start(0);
+  Send(kMessageRefreshDue);
   EXPECT_TRUE(WaitForRun());
   std::set<int> asked;
   for (int i = 1; i <= kChannels; ++i)

@@ -80,7 +80,7 @@ CRSS_LeftContainer::CRSS_LeftContainer(Desk& desk, Refreshing& refreshing, Subsc
   setFocusProxy(tree_);
   tree_->setAccessibleName(SkinText(desk.GetSkin(), kTextTreeName));
   updateTimer_->setSingleShot(true);
-  connect(updateTimer_, &QTimer::timeout, this, [this] { commands_.RefreshByItself(); });
+  connect(updateTimer_, &QTimer::timeout, this, [this] { Run(kCommandRefreshDue); });
   connect(notificationTimer_, &QTimer::timeout, this, &CRSS_LeftContainer::NoticeIsDue);
   connect(tree_, &CRSS_GroupTreeCtrl::RowSelected, this,
           [this] { ListSelectedPosts(FirstPost::First); });
@@ -172,6 +172,7 @@ void CRSS_LeftContainer::Settle() { tree_->Settle(); }
 void CRSS_LeftContainer::ShowUnreadOnly(bool isOn) { tree_->ShowUnreadOnly(isOn); }
 
 void CRSS_LeftContainer::RestartUpdateTimer() {
+  if (desk_.GetSkin().Config().UpdatesByHost()) return updateTimer_->stop();
   Restart(*updateTimer_, UpdatePeriod(desk_.State().liveSettings));
 }
 

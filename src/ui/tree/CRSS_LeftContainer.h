@@ -56,7 +56,7 @@ class CRSS_LeftContainer : public QWidget {
   void ShowUnreadOnly(bool isOn);
 
   // Restarts the update timer with the period in State().liveSettings, or stops it when the
-  // settings turn it off. The timer fires once, and TreeCommands::RefreshByItself.
+  // settings turn it off, or the host updates. The timer fires once, for kCommandRefreshDue.
   void RestartUpdateTimer();
   // Restarts or stops the notification timer in the same way. The timer fires periodically and
   // emits NoticeIsDue.

@@ -59,6 +59,7 @@ void TreeCommands::Run(int command, const QModelIndex& row) {
       {kCommandSynchronise, &TreeCommands::Synchronise},
       {kCommandSettings, &TreeCommands::OpenSettings},
       {kCommandRefreshAll, &TreeCommands::RefreshAll},
+      {kCommandRefreshDue, &TreeCommands::RefreshDue},
       {kCommandRefreshSelection, &TreeCommands::RefreshSelection},
       {kCommandDeleteSelection, &TreeCommands::DeleteSelection},
       {kCommandDirectory, &TreeCommands::OpenDirectory},
@@ -267,7 +268,7 @@ void TreeCommands::Refresh(std::vector<Channel> channels) {
 
 void TreeCommands::RefreshAll() { Refresh(ChannelsOf(model_.Groups())); }
 
-void TreeCommands::RefreshByItself() {
+void TreeCommands::RefreshDue() {
   std::vector<Channel> channels = ChannelsOf(model_.Groups());
   const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
   if (desk_.GetSkin().Config().KeepsPeriods()) {

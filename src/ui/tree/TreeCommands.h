@@ -51,9 +51,6 @@ class TreeCommands {
   // Runs kCommandAddChannel with a feed address, in the module's code page, as the dialog's preset.
   void AddChannel(const std::string& address);
 
-  // Refreshes all channels; for a host that KeepsPeriods those that are due (IsDue).
-  void RefreshByItself();
-
   // Moves a channel or folder to `place`: in the store first, and then in the tree. A failure, and
   // a folder that has the channel's address already, are told in the status text; the row stays.
   void MoveTo(const RowKey& moved, const RowPlace& place);
@@ -125,6 +122,8 @@ class TreeCommands {
   template <int status>
   void Mark();
   void RefreshAll();
+  // Refreshes all channels; for a host that KeepsPeriods those that are due (IsDue).
+  void RefreshDue();
   void RefreshSelection();
   void ListToday();
   void ListTodayOfGroup();

@@ -342,6 +342,10 @@ TEST_F(LeftContainerTest, TheTimersFollowTheLiveSettings) {
   for (QTimer* const timer : timers) timer->start(0);
   ASSERT_TRUE(QTest::qWaitFor([&] { return frame.refreshes == 1 && notices > 1; }));
   EXPECT_TRUE(frame.queue.Contains(daily)) << "not due, but the host has not asked for that";
+  frame.state.liveSettings = {};
+  frame.skin.SetHostValue(kValueUpdates, kUpdatesByHost);
+  pane->RestartUpdateTimer();
+  EXPECT_FALSE(timers[0]->isActive());
 }
 
 TEST_F(LeftContainerTest, AMarkMovesBesideAChannelWithNewPostsUntilItIsSelected) {
