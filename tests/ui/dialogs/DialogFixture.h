@@ -5,6 +5,8 @@
 #include "controls/CButtonEx.h"
 #include "controls/CVxDialog.h"
 #include "controls/DialogAnswers.h"
+#include "store/Cabinets.h"
+#include "store/Folders.h"
 #include "ui/ChannelDetails.h"
 #include "ui/Fakes.h"
 #include "ui/Login.h"
@@ -90,6 +92,34 @@ struct DialogFixture : testing::Test {
   std::unique_ptr<QWidget> parent = std::make_unique<QWidget>();
   DialogAnswers answers;
   QDialog* dialog = nullptr;  // that waits for the user
+};
+
+// With a folder, a channel and a cabinet.
+struct Dialogs : DialogFixture {
+  void Add(int folder, const char* address, Action action) {
+    WhenShown(std::move(action));
+    ShowChannelAdd(frame, frame, frame, parent.get(), folder, address);
+  }
+  Keys Check(const FeedCheckAnswer& answer) {
+    Click("주소 확인");
+    std::function(frame.answerCheck)(answer);
+    return Messages();
+  }
+  QComboBox& List() { return *dialog->findChild<QComboBox*>(); }
+  Keys Choose(const QString& folder) { return List().setCurrentText(folder), Click(); }
+  Keys ChooseWhileLocked(const QString& folder) {
+    const ForeignLock lock(frame.db.DbPath());
+    return Choose(folder);
+  }
+
+  int news_ = AddFolder(frame.GetStore(), "News", 4);
+  int daily_ = frame.db.AddChannelWithPosts(news_, "Daily", 1);
+  int keep_ = AddCabinet(frame.GetStore(), "Keep", 7);
+  ChannelDetails channel_{{.id = daily_,
+                           .folderId = news_,
+                           .title = Korean("똠방각하"),
+                           .xmlLink = "http://example.com/Daily"},
+                          "News"};
 };
 
 }  // namespace feedloom
