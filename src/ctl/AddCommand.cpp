@@ -2,14 +2,12 @@
 #include <fmt/core.h>
 
 #include "ctl/Commands.h"
-#include "ctl/FetchOnce.h"
 #include "ctl/FileOrWebAddress.h"
+#include "ctl/LoginFromUser.h"
 #include "ctl/Output.h"
-#include "ctl/Password.h"
 #include "ctl/Session.h"
 #include "feed/FeedParser.h"
 #include "fetch/FaultWords.h"
-#include "net/RequestAddress.h"
 #include "net/Url.h"
 #include "store/ChannelAdder.h"
 #include "store/Folders.h"
@@ -40,32 +38,6 @@ std::string Reason(const FetchOutcome& outcome, bool isLoginGiven) {
   if (outcome.result != kLoginWanted) return FaultWords(outcome.fault);
   return fmt::format("{} ({}){}", outcome.error, outcome.loginServer,
                      isLoginGiven ? "" : "; give them with --user NAME");
-}
-
-// Reads the password of `name` for the server of `address`. After a failure prints an error and
-// returns nothing.
-std::optional<GivenLogin> AskLogin(const std::string& name, const std::string& address) {
-  const std::string origin = UrlOrigin(RequestAddress(address));
-  if (origin.empty()) {
-    PrintError("--user is for an address on a web server");
-    return std::nullopt;
-  }
-  const auto password = ReadPassword(fmt::format("Password of {} at {}: ", name, origin));
-  if (!password) PrintError("no password on standard input");
-  return password ? std::optional(GivenLogin{origin, {name, *password}}) : std::nullopt;
-}
-
-// Fetches the feed with `login`. A redirect to the same host, usually from http to https, takes the
-// login along, which then is for that server.
-FetchOutcome FetchWithLogin(Session& session, const std::string& address,
-                            std::optional<GivenLogin>& login, FeedParser& parser) {
-  FetchOutcome outcome = FetchOnce(session, address, parser, login);
-  const bool hasMoved = login && outcome.result == kLoginWanted &&
-                        outcome.loginServer != login->origin &&
-                        UrlHost(outcome.loginServer) == UrlHost(login->origin);
-  if (!hasMoved) return outcome;
-  login->origin = outcome.loginServer;
-  return FetchOnce(session, address, parser, login);
 }
 
 // Returns the channel as the feed at `address` describes it. When there is no feed, or its login

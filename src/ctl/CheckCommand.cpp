@@ -1,8 +1,8 @@
 // feedloomctl check: what the reader sees in a feed.
 #include "ctl/Commands.h"
 #include "ctl/FaultJson.h"
-#include "ctl/FetchOnce.h"
 #include "ctl/FileOrWebAddress.h"
+#include "ctl/LoginFromUser.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "feed/FeedDate.h"
@@ -47,9 +47,11 @@ int PrintFeed(const Session& session, const FeedParser& parser, int result) {
   return result < 0 ? kFailure : kSuccess;
 }
 
-int CheckAddress(Session& session, const std::string& address) {
+int CheckAddress(Session& session, const std::string& address, const std::string& user) {
+  std::optional<GivenLogin> login;
+  if (!user.empty() && !(login = AskLogin(user, address))) return kFailure;
   FeedParser parser(session.Reading());
-  const FetchOutcome outcome = FetchOnce(session, address, parser);
+  const FetchOutcome outcome = FetchWithLogin(session, address, login, parser);
   const bool hasCome = outcome.result != kDownloadFailed && outcome.result != kLoginWanted;
   if (hasCome) return PrintFeed(session, parser, outcome.parseCode);
   PrintJson({{"result", nullptr}, {"error", outcome.error}, {"fault", FaultJson(outcome.fault)}});
@@ -58,12 +60,12 @@ int CheckAddress(Session& session, const std::string& address) {
 
 }  // namespace
 
-int RunCheck(Session& session, const std::string& source) {
-  if (!IsRegularFile(source)) {
-    return CheckAddress(session, FileOrWebAddress(session.GetSkin(), source));
+int RunCheck(Session& session, const CheckOptions& options) {
+  if (!IsRegularFile(options.source)) {
+    return CheckAddress(session, FileOrWebAddress(session.GetSkin(), options.source), options.user);
   }
   FeedParser parser(session.Reading());
-  const int result = parser.Parse(source);
+  const int result = parser.Parse(options.source);
   return PrintFeed(session, parser, result);
 }
 

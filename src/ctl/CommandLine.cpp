@@ -1,6 +1,9 @@
 #include "ctl/CommandLine.h"
 
+#include <fmt/core.h>
+
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <functional>
 
 #include "ctl/Commands.h"
@@ -11,12 +14,14 @@ namespace feedloom {
 namespace {
 
 constexpr int kUsageError = 2;
+constexpr char kUserHelp[] =
+    "Your name at the feed's server; the password is read from standard input";
 
 // The values of the arguments. The option parser writes into them, so they must outlive its parse.
 struct Arguments {
   GlobalOptions global;
   InitOptions init;
-  std::string source;
+  CheckOptions check;
   std::string place;
   AddOptions add;
   ImportOptions opml;
@@ -74,17 +79,16 @@ void AddProfileCommands(CLI::App& app, Arguments& a) {
 
 void AddFeedCommands(CLI::App& app, Arguments& a) {
   CLI::App* check = AddCommand(app, a, "check", "Print what the reader sees in a feed, as JSON",
-                               [&a](Session& session) { return RunCheck(session, a.source); });
-  check->add_option("source", a.source, "A file or an address")->required();
+                               [&a](Session& session) { return RunCheck(session, a.check); });
+  check->add_option("source", a.check.source, "A file or an address")->required();
+  check->add_option("--user", a.check.user, kUserHelp)->type_name("NAME");
 
   CLI::App* add = AddCommand(app, a, "add", "Subscribe to a feed",
                              [&a](Session& session) { return RunAdd(session, a.add); });
   add->add_option("url", a.add.address, "The feed's address")->required();
   add->add_option("--folder", a.add.folder, "The folder's name; made when there is none");
   add->add_option("--title", a.add.title, "The channel's title, instead of the feed's own");
-  add->add_option("--user", a.add.user,
-                  "Your name at the feed's server; the password is read from standard input")
-      ->type_name("NAME");
+  add->add_option("--user", a.add.user, kUserHelp)->type_name("NAME");
 
   CLI::App* refresh = AddCommand(app, a, "refresh", "Fetch the feeds and store their new posts",
                                  [&a](Session& session) { return RunRefresh(session, a.refresh); });
@@ -155,9 +159,17 @@ void AddChangingCommands(CLI::App& app, Arguments& a) {
 
   CLI::App* cleanup = AddCommand(app, a, "cleanup", "Delete posts that were stored long ago",
                                  [&a](Session& session) { return RunCleanup(session, a.days); });
-  cleanup->add_option("days", a.days, "Stored so many days ago or earlier")
+  cleanup->add_option("days", a.days, "Stored so many days ago or earlier; 0 means all")
       ->required()
       ->check(CLI::NonNegativeNumber);
+}
+
+// What was typed in place of a command, for the user.
+std::optional<std::string> UnknownCommand(const CLI::App& app) {
+  const std::vector<std::string> words = app.remaining();
+  const auto word = std::ranges::find_if(words, [](const auto& each) { return each[0] != '-'; });
+  if (!app.get_subcommands().empty() || word == words.end()) return std::nullopt;
+  return *word;
 }
 
 }  // namespace
@@ -178,6 +190,10 @@ int RunCommandLine(int argc, const char* const* argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
+    if (const auto unknown = UnknownCommand(app); unknown && error.get_exit_code() != 0) {
+      PrintError(fmt::format("there is no command {}; --help lists them", *unknown));
+      return kUsageError;
+    }
     return app.exit(error) == 0 ? kSuccess : kUsageError;
   }
   const int status = arguments.run();

@@ -26,7 +26,11 @@ struct InitOptions {
 int RunInit(const GlobalOptions& global, const InitOptions& options);
 
 // `source` is a file or the address of a feed.
-int RunCheck(Session& session, const std::string& source);
+struct CheckOptions {
+  std::string source;  // a file or an address
+  std::string user;    // as in AddOptions
+};
+int RunCheck(Session& session, const CheckOptions& options);
 
 struct AddOptions {
   std::string address;

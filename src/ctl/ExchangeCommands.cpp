@@ -80,9 +80,9 @@ void PrintJsonSums(const Session& session, const ImportSums& sums, int folders) 
 
 void PrintSums(const Session& session, const ImportSums& sums, int folders) {
   if (session.WantsJson()) return PrintJsonSums(session, sums, folders);
-  PrintLine(fmt::format("Added {} channels and {} folders; {} were there already, {} left out{}",
-                        sums.added, folders, sums.present, sums.leftOut,
-                        sums.named.empty() ? "" : ":"));
+  PrintLine(fmt::format("Added {} and {}; {} there already, {} left out{}",
+                        Counted(sums.added, "channel"), Counted(folders, "folder"), sums.present,
+                        sums.leftOut, sums.named.empty() ? "" : ":"));
   for (const LeftOutEntry& entry : sums.named) {
     const std::string name = OneLine(session.Utf8(entry.name));
     PrintLine(
@@ -117,7 +117,8 @@ void PrintExported(const Session& session, const std::string& path, const OpmlEx
   if (session.WantsJson()) {
     PrintJson({{"file", path}, {"folders", result.folders}, {"channels", result.channels}});
   } else {
-    PrintLine(fmt::format("Wrote {} channels of {} folders", result.channels, result.folders));
+    PrintLine(fmt::format("Wrote {} of {}", Counted(result.channels, "channel"),
+                          Counted(result.folders, "folder")));
   }
 }
 

@@ -1,6 +1,7 @@
 // The program's output. All texts are UTF-8.
 #pragma once
 
+#include <cstdint>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
@@ -23,6 +24,9 @@ void PrintError(std::string_view utf8);
 
 // Returns the words for `result`, a ChannelResult.
 std::string_view ResultWords(int result);
+
+// Returns "1 post", "2 posts", "0 posts" for the noun "post".
+std::string Counted(std::int64_t count, std::string_view noun);
 
 // Returns `utf8` with a blank for each control character, so that a feed's text cannot control the
 // terminal.

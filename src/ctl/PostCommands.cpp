@@ -82,8 +82,16 @@ int RunClip(Session& session, int postId, int cabinetId) {
 }
 
 int RunCleanup(Session& session, int days) {
-  if (!DeleteOldPosts(session.GetStore(), days)) return kFailure;
-  return Done(session, fmt::format("deleted the posts stored {} days ago or earlier", days));
+  const std::optional<int> deleted = DeleteOldPosts(session.GetStore(), days);
+  if (!deleted) return kFailure;
+  if (session.WantsJson()) {
+    PrintJson({{"deleted", *deleted}});
+  } else {
+    const std::string range =
+        days == 0 ? "" : fmt::format(" stored {} ago or earlier", Counted(days, "day"));
+    PrintLine(fmt::format("deleted {}{}", Counted(*deleted, "post"), range));
+  }
+  return session.Finish(kSuccess);
 }
 
 }  // namespace feedloom

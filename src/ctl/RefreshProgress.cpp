@@ -11,15 +11,6 @@
 #include "threads/Messages.h"
 
 namespace feedloom {
-namespace {
-
-template <typename Count>
-std::string Counted(Count count, std::string_view noun) {
-  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
-}
-
-}  // namespace
-
 // What became of the channel: why it failed (empty when it did not), and the numbers of its posts.
 std::string RefreshProgress::Words(const Channel& channel, std::string_view failure) {
   std::string words(failure);

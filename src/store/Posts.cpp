@@ -229,10 +229,13 @@ bool DeleteScrapPosts(Store& store, std::span<const int> scrapPostIds) {
   return ExecuteForIds(store, "Delete From TB_SCRAP_POST", " scrap_post_id = %d", "", scrapPostIds);
 }
 
-bool DeleteOldPosts(Store& store, int days) {
-  return ExecuteOnce(store, FormatSql("Delete From TB_POST where ABS(JULIANDAY('now') - "
-                                      "JULIANDAY(post_createdate)) >= %d",
-                                      days));
+std::optional<int> DeleteOldPosts(Store& store, int days) {
+  Connection connection(store);
+  if (!connection) return std::nullopt;
+  const std::string sql = FormatSql(
+      "Delete From TB_POST where ABS(JULIANDAY('now') - JULIANDAY(post_createdate)) >= %d", days);
+  const Changes changes = connection.ExecuteTogether({&sql, 1});
+  return changes.failed == 0 ? std::optional(changes.rows) : std::nullopt;
 }
 
 }  // namespace feedloom

@@ -44,7 +44,7 @@ bool DeletePosts(Store& store, std::span<const int> postIds);
 bool DeleteScrapPosts(Store& store, std::span<const int> scrapPostIds);
 
 // Deletes the posts that were stored `days` days ago or earlier; the date that the feed gave them
-// does not matter. Saved posts stay. Returns false after a failure.
-bool DeleteOldPosts(Store& store, int days);
+// does not matter. Saved posts stay. Returns how many there were, and nothing after a failure.
+std::optional<int> DeleteOldPosts(Store& store, int days);
 
 }  // namespace feedloom

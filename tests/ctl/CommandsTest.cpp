@@ -119,7 +119,9 @@ TEST_F(Commands, ALoginIsAskedForKeptOnceItIsRightAndNeverShown) {
                                                server_.Url("") + ")\n");
   EXPECT_EQ(Run("add" + at + " </dev/null").err, "feedloomctl: no password on standard input\n");
   EXPECT_EQ(Run("add --user me /etc/hostname </dev/null").status, 1);
+  EXPECT_NE(type("wrong", "check" + at).out.find("refuses the name"), std::string::npos);
   EXPECT_FALSE(std::filesystem::exists(profile_ + "/logins.reg"));
+  EXPECT_EQ(type("p w", "check" + at).status, 0);
   EXPECT_EQ(type("p w", "add" + at).out, "Added channel 1: " + url + "\n");
   EXPECT_EQ(type("p w", "add" + at).out,
             "Channel 1 was there; kept its name and password for " + server_.Url("") + "\n");
@@ -158,13 +160,13 @@ TEST_F(Commands, ListsAreImportedFromFilesAndAddressesAndExportedAgain) {
             R"(is not of the web"}],"present":0})");
   server_.Serve("/lists/web.opml", OpmlDocument(FeedOutline("c", "http://c/")));
   EXPECT_EQ(Out("import " + server_.Url("/lists/web.opml")),
-            "Added 1 channels and 1 folders; 0 were there already, 0 left out\n");
+            "Added 1 channel and 1 folder; 0 there already, 0 left out\n");
   EXPECT_EQ(Out("export " + folder_.File("out")), "Wrote 2 channels of 3 folders\n");
   EXPECT_NE(folder_.Read("out").find("xmlUrl=\"http://a/?x&amp;y\"/>"), std::string::npos);
   EXPECT_EQ(Out("export - | tail -c +155"), folder_.Read("out").substr(154));
   const std::string more = "import - <" + folder_.File("mine.opml");
   EXPECT_EQ(Out(more),
-            "Added 0 channels and 0 folders; 1 were there already, 1 left out:\n"
+            "Added 0 channels and 0 folders; 1 there already, 1 left out:\n"
             "  script: its address is not of the web\n");
   EXPECT_EQ(RunJson("import --doubles " + folder_.File("out"))["added"], 2);
   Run("delete --folder 4 5 6");
@@ -227,6 +229,7 @@ TEST_F(Commands, ChangeJustWhatTheyNameAndAClippedPostStays) {
       "posts --channel 2 --cabinet 1;posts --folder 1 --channel 2;posts --folder 1 --cabinet 1;"
       "posts --today --search o;posts --today --channel 2;posts --today --cabinet 1";
   ExpectRefused(misuses, "--help", 2);
+  ExpectRefused("lsit;--json lsit --foo", "there is no command lsit; --help", 2);
   ExpectRefused("delete --post 1 999;clip 999 --cabinet 1;show 999", "no post 999\n");
   ExpectRefused("delete --channel 2 9;mark read --channel 9;posts --channel 9;refresh --channel 9",
                 "there is no channel 9\n");
@@ -244,6 +247,8 @@ TEST_F(Commands, ChangeJustWhatTheyNameAndAClippedPostStays) {
     EXPECT_EQ(Status(arguments), 0);
     EXPECT_EQ(Ids(), left) << arguments;
   }
+  EXPECT_EQ(Out("cleanup 1") + Out("cleanup 0"),
+            "deleted 0 posts stored 1 day ago or earlier\ndeleted 0 posts\n");
   EXPECT_EQ(RunJson("posts --cabinet 1")[0]["title"], "둘 two");
   EXPECT_EQ(RunJson("list")["cabinets"][0]["unread"], 1);
   EXPECT_EQ(RunJson("list")["folders"][0]["channels"].size(), 0u);

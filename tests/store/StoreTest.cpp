@@ -278,8 +278,8 @@ TEST_F(SoundStore, MarkingAndDeletingReachJustTheNamedRowsAndWhatTheyHold) {
   db_.Sql(
       "insert into TB_POST(post_id, post_channelID, post_createDate) values(6, 9, datetime('now', "
       "'-165 hours')), (7, 9, datetime('now', '-8 days'))");
-  EXPECT_EQ(UnreadAfter(DeleteOldPosts(store_, 7)), "5,6") << "by the date in the store";
-  EXPECT_EQ(UnreadAfter(DeleteOldPosts(store_, 0)), "5");
+  EXPECT_EQ(UnreadAfter(DeleteOldPosts(store_, 7) > 0), "5,6") << "by the date in the store";
+  EXPECT_EQ(UnreadAfter(DeleteOldPosts(store_, 0) > 0), "5");
 }
 
 using FaultyStore = StoreTest;
