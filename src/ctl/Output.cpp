@@ -38,10 +38,6 @@ std::string_view ResultWords(int result) {
   }
 }
 
-std::string Counted(std::int64_t count, std::string_view noun) {
-  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
-}
-
 std::string OneLine(std::string_view utf8) {
   std::string line;
   for (std::size_t i = 0; i < utf8.size(); ++i) {

@@ -1,7 +1,8 @@
 // The program's output. All texts are UTF-8.
 #pragma once
 
-#include <cstdint>
+#include <fmt/core.h>
+
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
@@ -26,7 +27,10 @@ void PrintError(std::string_view utf8);
 std::string_view ResultWords(int result);
 
 // Returns "1 post", "2 posts", "0 posts" for the noun "post".
-std::string Counted(std::int64_t count, std::string_view noun);
+template <typename Count>
+std::string Counted(Count count, std::string_view noun) {
+  return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+}
 
 // Returns `utf8` with a blank for each control character, so that a feed's text cannot control the
 // terminal.

@@ -142,6 +142,8 @@ bool Connection::Execute(const std::string& sql) {
   });
 }
 
+int Connection::ChangedRows() const { return sqlite3_changes(handle_); }
+
 Changes Connection::ExecuteTogether(std::span<const std::string> statements,
                                     const Companions& companions) {
   Changes changes;

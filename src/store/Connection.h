@@ -70,6 +70,9 @@ class Connection {
   std::optional<ResultTable> Query(const std::string& sql);
   bool Execute(const std::string& sql);
 
+  // How many rows the last INSERT, UPDATE or DELETE that succeeded has changed.
+  int ChangedRows() const;
+
   // Runs each of `statements` (complete ones) even after one has failed, together as one
   // transaction under one hold of the store's lock. Failures are reported behind the last one. When
   // SQLite rolls the transaction back by itself (a full disk), the rows so far are lost.

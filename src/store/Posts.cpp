@@ -231,11 +231,10 @@ bool DeleteScrapPosts(Store& store, std::span<const int> scrapPostIds) {
 
 std::optional<int> DeleteOldPosts(Store& store, int days) {
   Connection connection(store);
-  if (!connection) return std::nullopt;
   const std::string sql = FormatSql(
       "Delete From TB_POST where ABS(JULIANDAY('now') - JULIANDAY(post_createdate)) >= %d", days);
-  const Changes changes = connection.ExecuteTogether({&sql, 1});
-  return changes.failed == 0 ? std::optional(changes.rows) : std::nullopt;
+  if (!connection || !connection.Execute(sql)) return std::nullopt;
+  return connection.ChangedRows();
 }
 
 }  // namespace feedloom

@@ -30,7 +30,7 @@ TEST_F(StoreFiles, StatementsKeepTheirTextsAndPauseBeforeAndAfter) {
               LoadCabinetList(store_, cabinets));
   EXPECT_TRUE(MarkPostsRead(store_, 1, std::vector{1, 2}) &&
               MarkFoldersRead(store_, 0, std::vector{1, 2}) &&
-              DeletePosts(store_, std::vector{1, 2}) && DeleteOldPosts(store_, 7));
+              DeletePosts(store_, std::vector{1, 2}) && DeleteOldPosts(store_, 7).has_value());
   EXPECT_EQ(
       fmt::format("{}", fmt::join(log.Take(), ";")),
       "select folder_name, folder_id, folder_order, ifnull(a_cnt,0) cnt from tb_folder left join "
