@@ -9,6 +9,7 @@
 #include "ctl/Commands.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
+#include "ctl/Since.h"
 
 namespace feedloom {
 namespace {
@@ -119,13 +120,25 @@ void AddExchangeCommands(CLI::App& app, Arguments& a) {
 }
 
 void AddReadingCommands(CLI::App& app, Arguments& a) {
-  CLI::App* posts = AddCommand(app, a, "posts", "List posts, newest first",
-                               [&a](Session& session) { return RunPosts(session, a.posts); });
+  CLI::App* posts =
+      AddCommand(app, a, "posts", "List posts, newest first; those of a folder channel by channel",
+                 [&a](Session& session) { return RunPosts(session, a.posts); });
   auto* channel = posts->add_option("--channel", a.posts.channel, "Of a channel by id");
   auto* folder = posts->add_option("--folder", a.posts.folder, "Of a folder by id");
   auto* cabinet = posts->add_option("--cabinet", a.posts.cabinet, "Of a cabinet by id");
   auto* today = posts->add_flag("--today", a.posts.today, "Unread ones published today");
   posts->add_option("--search", a.posts.word, "With this word in their title")->excludes(today);
+  posts->add_flag("--unread", a.posts.unread, "Only unread ones");
+  posts
+      ->add_option("--since", a.posts.since, "Only those of this day (2026-11-23) or age (7d, 12h)")
+      ->check([](const std::string& typed) {
+        return SinceDate(typed, {}) ? ""
+                                    : "neither a day (2026-11-23) nor an age (7d, 12h): " + typed;
+      })
+      ->type_name("WHEN");
+  posts->add_option("--limit", a.posts.limit, "Only so many, from the first one on")
+      ->check(CLI::PositiveNumber)
+      ->type_name("N");
   folder->excludes(channel)->excludes(cabinet);
   channel->excludes(cabinet)->excludes(today);
   cabinet->excludes(today);

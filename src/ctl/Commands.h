@@ -69,6 +69,9 @@ struct PostsOptions {
   std::optional<int> cabinet;
   bool today = false;
   std::optional<std::string> word;
+  bool unread = false;               // only these
+  std::optional<std::string> since;  // as SinceDate has it
+  std::optional<std::size_t> limit;  // so many from the first one on
 };
 int RunPosts(Session& session, const PostsOptions& options);
 

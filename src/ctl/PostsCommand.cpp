@@ -1,13 +1,16 @@
-// feedloomctl posts: lists the posts of a channel, a folder or a cabinet, also only those of today
-// or those with a word in their title.
+// feedloomctl posts: lists the posts of a channel, a folder or a cabinet, or some of them.
 #include <fmt/core.h>
+
+#include <algorithm>
 
 #include "ctl/Commands.h"
 #include "ctl/Output.h"
 #include "ctl/Selection.h"
 #include "ctl/Session.h"
+#include "ctl/Since.h"
 #include "store/PostLists.h"
 #include "store/Search.h"
+#include "threads/Clock.h"
 
 namespace feedloom {
 namespace {
@@ -40,6 +43,21 @@ bool Load(Session& session, const PostsOptions& options, PostRows& out) {
   return options.today ? LoadTodayUnread(store, out) : SearchPosts(store, word.value_or(""), out);
 }
 
+// A post without a date of its feed counts by the one of the store.
+std::string_view DateOf(const PostRow& post) {
+  return post.published.empty() ? post.created : post.published;
+}
+
+// Leaves those posts that `options` ask for.
+void Narrow(PostRows& posts, const PostsOptions& options) {
+  const std::string since =
+      options.since ? SinceDate(*options.since, SystemClock().Now()).value_or("") : "";
+  std::erase_if(posts, [&](const PostRow& post) {
+    return (options.unread && post.readStatus != 0) || DateOf(post) < since;
+  });
+  if (options.limit) posts.resize(std::min(posts.size(), *options.limit));
+}
+
 Json PostJson(const Session& session, const PostRow& post) {
   return {{"id", post.id},
           {"title", session.Utf8(post.title)},
@@ -62,6 +80,7 @@ void PrintPost(const Session& session, const PostRow& post) {
 int RunPosts(Session& session, const PostsOptions& options) {
   PostRows posts;
   if (!Load(session, options, posts)) return kFailure;
+  Narrow(posts, options);
   if (session.WantsJson()) {
     Json array = Json::array();
     for (const PostRow& post : posts) array.push_back(PostJson(session, post));

@@ -186,10 +186,11 @@ TEST_F(Commands, PostsAreListedNewestFirstInEveryScope) {
   EXPECT_EQ(Out("clip 2 --cabinet 1"), "clipped\n");
   const std::map<std::string, std::vector<const char*>> scopes{
       {"321", {"", "--channel 2", "--folder 1"}},
+      {"32", {"--since 2003-06-11", "--limit 2", "--folder 1 --limit 2 --since 2003-06-10"}},
       {"21", {"--search O"}},
       {"2", {"--channel 2 --search 둘", "--folder 1 --search 둘"}},
       {"1", {"--cabinet 1", "--cabinet 1 --search two"}},
-      {"", {"--cabinet 1 --search 셋", "--today", "--folder 1 --today"}}};
+      {"", {"--cabinet 1 --search 셋", "--today", "--folder 1 --today", "--since 7d"}}};
   for (const auto& [ids, options] : scopes)
     for (const char* scope : options) EXPECT_EQ(Ids(scope), ids) << scope;
   EXPECT_EQ(ReplaceAll(RunJson("posts")[2].dump(), server_.Url("/"), ""),
@@ -198,6 +199,9 @@ TEST_F(Commands, PostsAreListedNewestFirstInEveryScope) {
   Run("mark read --post 1");
   EXPECT_EQ(Out("posts --search O"),
             "     2 * 2003-06-11 04:00:00 둘 two [A]\n     1   2003-06-10 04:00:00 하나 one [A]\n");
+  EXPECT_EQ(Ids("--unread") + Ids("--unread --since 36500d --limit 9"), "32");
+  ExpectRefused("posts --since 2003-6;posts --since 1w;posts --since d;posts --since 99999d",
+                "neither a day", 2);
 }
 
 TEST_F(Commands, ShowPrintsThePageAndWritesItInItsOwnCodePage) {
