@@ -1,6 +1,8 @@
 // feedloomctl add: subscribes to a feed.
 #include <fmt/core.h>
 
+#include <span>
+
 #include "ctl/Commands.h"
 #include "ctl/FileOrWebAddress.h"
 #include "ctl/LoginFromUser.h"
@@ -40,13 +42,26 @@ std::string Reason(const FetchOutcome& outcome, bool isLoginGiven) {
                      isLoginGiven ? "" : "; give them with --user NAME");
 }
 
-// Returns the channel as the feed at `address` describes it. When there is no feed, or its login
-// cannot be kept, prints an error and returns nothing.
+// Tells which other feeds the page at `address` announces than the first one, which is taken.
+void TellOthers(const std::string& address, std::span<const std::string> announced) {
+  for (const std::string& other : announced.subspan(1))
+    PrintError(fmt::format("{} also has the feed {}", address, other));
+}
+
+// Returns the channel as the feed at `address` describes it, or the first feed that a web page
+// there announces. When there is no feed, or its login cannot be kept, prints an error and returns
+// nothing.
 std::optional<ChannelRecord> ReadChannel(Session& session, const std::string& address,
-                                         std::optional<GivenLogin>& login) {
+                                         std::optional<GivenLogin>& login,
+                                         bool isAnnounced = false) {
   FeedParser parser(session.Reading());
-  const FetchOutcome outcome = FetchWithLogin(session, address, login, parser);
+  const auto [outcome, announced] = FetchWithLogin(session, address, login, parser);
   const std::string shown = UrlWithoutLogin(address);
+  if (!announced.empty() && !isAnnounced) {
+    auto record = ReadChannel(session, announced.front(), login, true);
+    if (record) TellOthers(shown, announced);
+    return record;
+  }
   if (outcome.result != kChannelRefreshed || outcome.loginIsLost) {
     PrintError(fmt::format("{}: {}", shown,
                            outcome.loginIsLost ? "the name and the password could not be kept"
@@ -64,7 +79,10 @@ std::optional<ChannelRecord> ReadChannel(Session& session, const std::string& ad
 void PrintAdded(const Session& session, const ChannelRecord& record) {
   const std::string title = session.Utf8(record.title);
   if (session.WantsJson()) {
-    PrintJson({{"id", record.id}, {"folderId", record.folderId}, {"title", title}});
+    PrintJson({{"id", record.id},
+               {"folderId", record.folderId},
+               {"title", title},
+               {"address", UrlWithoutLogin(session.Utf8(record.xmlLink))}});
   } else {
     PrintLine(fmt::format("Added channel {}: {}", record.id, OneLine(title)));
   }

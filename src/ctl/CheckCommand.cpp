@@ -51,7 +51,7 @@ int CheckAddress(Session& session, const std::string& address, const std::string
   std::optional<GivenLogin> login;
   if (!user.empty() && !(login = AskLogin(user, address))) return kFailure;
   FeedParser parser(session.Reading());
-  const FetchOutcome outcome = FetchWithLogin(session, address, login, parser);
+  const FetchOutcome outcome = FetchWithLogin(session, address, login, parser).outcome;
   const bool hasCome = outcome.result != kDownloadFailed && outcome.result != kLoginWanted;
   if (hasCome) return PrintFeed(session, parser, outcome.parseCode);
   PrintJson({{"result", nullptr}, {"error", outcome.error}, {"fault", FaultJson(outcome.fault)}});

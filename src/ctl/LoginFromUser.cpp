@@ -2,7 +2,6 @@
 
 #include <fmt/core.h>
 
-#include "ctl/FetchOnce.h"
 #include "ctl/Output.h"
 #include "ctl/Password.h"
 #include "net/RequestAddress.h"
@@ -21,13 +20,14 @@ std::optional<GivenLogin> AskLogin(const std::string& name, const std::string& a
   return password ? std::optional(GivenLogin{origin, {name, *password}}) : std::nullopt;
 }
 
-FetchOutcome FetchWithLogin(Session& session, const std::string& address,
-                            std::optional<GivenLogin>& login, FeedParser& parser) {
-  FetchOutcome outcome = FetchOnce(session, address, parser, login);
+FetchedOnce FetchWithLogin(Session& session, const std::string& address,
+                           std::optional<GivenLogin>& login, FeedParser& parser) {
+  FetchedOnce fetched = FetchOnce(session, address, parser, login);
+  const FetchOutcome& outcome = fetched.outcome;
   const bool hasMoved = login && outcome.result == kLoginWanted &&
                         outcome.loginServer != login->origin &&
                         UrlHost(outcome.loginServer) == UrlHost(login->origin);
-  if (!hasMoved) return outcome;
+  if (!hasMoved) return fetched;
   login->origin = outcome.loginServer;
   return FetchOnce(session, address, parser, login);
 }

@@ -4,8 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "ctl/Session.h"
-#include "fetch/FeedFetch.h"
+#include "ctl/FetchOnce.h"
 
 namespace feedloom {
 
@@ -15,7 +14,7 @@ std::optional<GivenLogin> AskLogin(const std::string& name, const std::string& a
 
 // FetchOnce with `login`, if any. A redirect to the same host, usually from http to https, takes
 // the login along, which then is for that server.
-FetchOutcome FetchWithLogin(Session& session, const std::string& address,
-                            std::optional<GivenLogin>& login, FeedParser& parser);
+FetchedOnce FetchWithLogin(Session& session, const std::string& address,
+                           std::optional<GivenLogin>& login, FeedParser& parser);
 
 }  // namespace feedloom

@@ -103,6 +103,21 @@ TEST_F(Commands, RefreshTellsEachChannelAndFailsWhenOneFails) {
   EXPECT_EQ(RunJson("list")["folders"][1]["channels"][0]["movedTo"], server_.Url("/c"));
 }
 
+TEST_F(Commands, APageAddsTheFirstFeedThatItAnnouncesAndNamesTheOthers) {
+  const std::string page = server_.Url("/page");
+  const auto link = [](const char* feed) {
+    return fmt::format("<link rel='alternate' type='application/rss+xml' href='{}'>", feed);
+  };
+  server_.Serve("/page", "<html>" + link("/a") + link("/b"));
+  server_.Serve("/other", "<html>" + link("/page"));
+  Serve("/a", 1);
+  const CtlResult added = Run("--json add " + page);
+  EXPECT_EQ(json::parse(added.out)["address"], server_.Url("/a"));
+  EXPECT_EQ(added.err.substr(added.err.find("feedloomctl: http")),
+            "feedloomctl: " + page + " also has the feed " + server_.Url("/b") + "\n");
+  ExpectRefused("add " + server_.Url("/other"), page + ": a web page, not a feed\n");
+}
+
 TEST_F(Commands, ALoginIsAskedForKeptOnceItIsRightAndNeverShown) {
   const std::string url = server_.Url("/a"), at = " --user me " + url;
   server_.Protect("/a", RssDocument("", {}), "bWU6cCB3");  // me:p w
@@ -199,7 +214,7 @@ TEST_F(Commands, PostsAreListedNewestFirstInEveryScope) {
   Run("mark read --post 1");
   EXPECT_EQ(Out("posts --search O"),
             "     2 * 2003-06-11 04:00:00 둘 two [A]\n     1   2003-06-10 04:00:00 하나 one [A]\n");
-  EXPECT_EQ(Ids("--unread") + Ids("--unread --since 36500d --limit 9"), "32");
+  EXPECT_EQ(Ids("--unread") + Ids("--unread --since 36500d --limit 9"), "3232");
   ExpectRefused("posts --since 2003-6;posts --since 1w;posts --since d;posts --since 99999d",
                 "neither a day", 2);
 }
