@@ -12,6 +12,8 @@ struct ListSource {
   // entered it.
   std::string place;
   bool isAddress = false;
+  // Whether the user is asked before anything is added, as the list comes from another program.
+  bool asksFirst = false;
 };
 
 // What to do with what is there already: Rename adds all, and a folder whose name is taken under

@@ -20,6 +20,9 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, HostOption
       ->type_name("FILE");
   app.add_flag("--timings", options.timings,
                "Tell on standard error when the steps of the start and each page are done");
+  app.add_option("content", options.contents,
+                 "Addresses of feeds or pages to add, and OPML files to import")
+      ->type_name("CONTENT");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace feedloom {
 
@@ -11,6 +12,7 @@ struct HostOptions {
   std::optional<std::string> codePage;    // "EUC-KR" or "UTF-8", in upper or lower case
   std::optional<std::string> screenshot;  // the path of the PNG file to write
   bool timings = false;
+  std::vector<std::string> contents;  // addresses and files to open, as typed
 };
 
 // Parses the program's arguments into `options`. Returns nullopt when the program should start.

@@ -6,6 +6,13 @@
 #include <QMessageBox>
 #include <cstdio>
 #include <memory>
+#include <optional>
+
+#include "files/Registry.h"
+#include "host/ApplicationStyle.h"
+#include "profile/HostTexts.h"
+#include "skin/HostConfig.h"
+#include "skin/Skin.h"
 
 namespace feedloom {
 
@@ -19,12 +26,23 @@ bool HasDisplay() {
   return !qgetenv("DISPLAY").isEmpty() || !qgetenv("WAYLAND_DISPLAY").isEmpty();
 }
 
-void ShowErrorBox(const std::string& text) {
+namespace {
+
+std::optional<ApplicationStyle> StyleOf(const std::string& registry) {
+  const HostConfig config{Registry(registry)};
+  if (config.GetImageDir().empty()) return std::nullopt;
+  return std::optional<ApplicationStyle>(std::in_place, Skin(ReadHostTexts(config), config));
+}
+
+}  // namespace
+
+void ShowErrorBox(const std::string& text, const std::string& registry) {
   int argc = 1;
   char name[] = "halvix";
   char* argv[] = {name, nullptr};
   const auto application = qApp == nullptr ? std::make_unique<QApplication>(argc, argv) : nullptr;
-  QMessageBox box(QMessageBox::Critical, "Halvix", QString::fromStdString(text), QMessageBox::Ok);
+  const auto style = application ? StyleOf(registry) : std::nullopt;
+  QMessageBox box(QMessageBox::Critical, "Feedloom", QString::fromStdString(text), QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
   box.exec();
 }

@@ -12,7 +12,8 @@ void ReportError(const std::string& text);
 bool HasDisplay();
 
 // Shows `text` (UTF-8) in a modal message box and returns when the user has closed it. Creates an
-// application object for that time if there is none. Interface thread.
-void ShowErrorBox(const std::string& text);
+// application object for that time if there is none, which has the look and the language of the
+// profile with the registry file `registry`, where that can be read. Interface thread.
+void ShowErrorBox(const std::string& text, const std::string& registry);
 
 }  // namespace feedloom

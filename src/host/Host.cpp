@@ -18,11 +18,14 @@
 #include "host/HostSwitches.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
+#include "host/Instance.h"
 #include "host/LoadedModule.h"
 #include "host/ModuleLink.h"
 #include "host/NetworkState.h"
 #include "host/RefreshClock.h"
+#include "host/Refusal.h"
 #include "host/Screenshot.h"
+#include "host/SecondStart.h"
 #include "host/TerminationSignals.h"
 #include "host/Timings.h"
 #include "host/WindowGeometry.h"
@@ -51,9 +54,9 @@ Failure Prepare(const HostOptions& options, HostProfile& profile, LoadedModule& 
   return module.Load(profile.paths.module);
 }
 
-int Refuse(const HostOptions& options, const std::string& reason) {
-  ReportError(reason);
-  if (HasDisplay() && !options.screenshot) ShowErrorBox(reason);
+int Refuse(const HostOptions& options, const HostProfile& profile, const Refusal& refusal) {
+  ReportError(refusal.told);
+  if (HasDisplay() && !options.screenshot) ShowErrorBox(refusal.shown, profile.paths.registry);
   return kFailure;
 }
 
@@ -121,12 +124,13 @@ ViewChoices StoredChoices(const Registry& registry) {
 // Runs the event loop of a window with the module's frame in it.
 class Show {
  public:
-  Show(const HostOptions& options, const LoadedModule& module, HostWindow& window,
-       const Registry& registry, bool refreshes)
+  Show(const HostOptions& options, const HostProfile& profile, const LoadedModule& module,
+       HostWindow& window, bool refreshes)
       : options_(options),
+        profile_(profile),
         module_(module),
         window_(window),
-        clock_(registry, SystemClock(), IsOnline,
+        clock_(Registry(profile.paths.registry), SystemClock(), IsOnline,
                [&window] { window.SendToFrame(kMessageRefreshDue); }),
         refreshes_(refreshes) {}
   ~Show() {
@@ -140,7 +144,9 @@ class Show {
   int Run() {
     OnFirstPaint(window_, [this] {
       LogTiming("window painted");
-      if (auto failure = Fill()) QCoreApplication::exit(Refuse(options_, *failure));
+      if (auto failure = Fill()) {
+        QCoreApplication::exit(Refuse(options_, profile_, {*failure, *failure}));
+      }
     });
     window_.show();
     LogTiming("window shown");
@@ -166,6 +172,7 @@ class Show {
   }
 
   const HostOptions& options_;
+  const HostProfile& profile_;
   const LoadedModule& module_;
   HostWindow& window_;
   RefreshClock clock_;
@@ -178,7 +185,7 @@ class Show {
 // Shows the profile with its registry's current values. Returns the exit status, or kRestartWindow
 // when the user has chosen another skin or language.
 int ShowProfile(const HostOptions& options, const HostProfile& profile, const LoadedModule& module,
-                const TerminationSignals& terminationSignals, bool refreshes) {
+                const TerminationSignals& terminationSignals, Instance& instance, bool refreshes) {
   const Registry registry(profile.paths.registry);
   const HostConfig config(registry);
   const HostLookup tables = ReadHostTexts(config, profile.paths.texts);
@@ -196,8 +203,9 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   RestartOnAppearanceChoice(window, profile);
   KeepSwitches(window, registry);
   KeepListPlace(window, registry);
+  instance.Serve(window);
   LogTiming("window made");
-  return Show(options, module, window, registry, refreshes).Run();
+  return Show(options, profile, module, window, refreshes).Run();
 }
 
 void FollowDesktopTheme(const HostProfile& profile) {
@@ -206,7 +214,7 @@ void FollowDesktopTheme(const HostProfile& profile) {
 }
 
 int RunApplication(char* programName, const HostOptions& options, const HostProfile& profile,
-                   const LoadedModule& module) {
+                   const LoadedModule& module, HandOver first) {
   int argc = 1;
   char* argv[] = {programName, nullptr};
   LogTiming("module loaded");
@@ -218,10 +226,11 @@ int RunApplication(char* programName, const HostOptions& options, const HostProf
 
   if (profile.isNew) FollowDesktopTheme(profile);
   const TerminationSignals terminationSignals;
+  Instance instance(SocketPathsOf(profile.paths), std::move(first));
   const bool refreshes = profile.isNew && !options.screenshot;
-  int status = ShowProfile(options, profile, module, terminationSignals, refreshes);
+  int status = ShowProfile(options, profile, module, terminationSignals, instance, refreshes);
   while (status == kRestartWindow)
-    status = ShowProfile(options, profile, module, terminationSignals, false);
+    status = ShowProfile(options, profile, module, terminationSignals, instance, false);
   return status;
 }
 
@@ -234,9 +243,17 @@ int RunHost(int argc, char** argv) {
   LogTiming("arguments read");
   HostProfile profile(ProfileDir(options));
   LoadedModule module;
-  if (auto failure = Prepare(options, profile, module)) return Refuse(options, *failure);
+  const HandOver handOver = HandOverOf(options);
+  const auto open = [&] { return Prepare(options, profile, module); };
+  if (const Failure failure = open()) {
+    const bool isSecond = profile.lock.IsHeldElsewhere() && !options.screenshot;
+    const SecondStartEnd end = isSecond ? RunSecondStart(profile, handOver, open)
+                                        : SecondStartEnd{false, RefusalOf(*failure, profile.paths)};
+    if (end.isHandedOver) return 0;
+    if (end.refusal) return Refuse(options, profile, *end.refusal);
+  }
   if (profile.isNew) ReportError("Made a new profile in " + profile.paths.dir);
-  return RunApplication(argv[0], options, profile, module);
+  return RunApplication(argv[0], options, profile, module, handOver);
 }
 
 }  // namespace feedloom

@@ -82,8 +82,9 @@ Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
     const std::string language = options.language.value_or(DefaultLanguage());
     const CodePage codePage =
         options.codePage ? CodePage::FromName(*options.codePage) : DefaultCodePage(language);
-    if (auto failure = CreateProfile(paths.dir, ShareDir(), codePage, language)) return failure;
-    profile.isNew = true;
+    const Failure failure = CreateProfile(paths.dir, ShareDir(), codePage, language);
+    if (failure && !ProfileExists(paths)) return failure;
+    profile.isNew = !failure;  // else another program has made it in the same moment
   }
   if (auto failure = CheckWhole(paths)) return failure;
   if (auto failure = CheckCodePage(paths, options)) return failure;

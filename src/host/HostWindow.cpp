@@ -57,12 +57,15 @@ void HostWindow::SetFrame(QWidget* frame) {
   frame->setFocus();
 }
 
-std::intptr_t HostWindow::SendToFrame(unsigned message, std::intptr_t wParam) {
+std::intptr_t HostWindow::SendToFrame(unsigned message, std::intptr_t wParam,
+                                      std::intptr_t lParam) {
   if (!frame_) return 0;
-  WindowMessage event(message, wParam, 0);
+  WindowMessage event(message, wParam, lParam);
   QCoreApplication::sendEvent(frame_, &event);
   return event.result;
 }
+
+void HostWindow::ShowText(const QString& text) { emit pane_->TextReported(text); }
 
 // The module takes what is dropped anywhere on the window. Sent by the toolkit, the events of a
 // drag would come back to the widget that has accepted it.

@@ -54,7 +54,11 @@ class HostWindow : public QMainWindow {
   void SetFrame(QWidget* frame);
 
   // Sends the frame a message (threads/Messages.h) and returns its result; 0 without a frame.
-  std::intptr_t SendToFrame(unsigned message, std::intptr_t wParam = 0);
+  std::intptr_t SendToFrame(unsigned message, std::intptr_t wParam = 0, std::intptr_t lParam = 0);
+  bool HasFrame() const { return frame_ != nullptr; }
+
+  // Shows `text` in the status bar, as a text of the module.
+  void ShowText(const QString& text);
 
  signals:
   // The window is about to close.

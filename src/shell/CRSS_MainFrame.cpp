@@ -154,7 +154,8 @@ void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
   }
   exchange_ = std::make_unique<SubscriptionExchange>(
       *this, refresh_, *this, services_, toHere,
-      [this](int channels, int present) { return AskHowToImport(*this, this, channels, present); });
+      [this](int channels, int present) { return AskHowToImport(*this, this, channels, present); },
+      [this](const auto& name, int channels) { return AskToImport(*this, this, name, channels); });
   icons_ = std::make_unique<SiteIconKeeper>(
       services_, skin_.Config(), SkinColor(skin_, kColorTreeGround), toHere,
       [this](ChannelIcons icons) { left_->ShowIcons(std::move(icons)); });
@@ -252,6 +253,8 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
     case kMessageShowKeys:
       ShowKeySheet(skin_, this);
       break;
+    case kMessageOpenContent:
+      return OpenContent(lParam) ? 1 : 0;
     case kMessageShowUnreadOnly:
       if (wParam == 0 || wParam == 1) ShowUnreadOnly(wParam == 1);
       return state_.isUnreadOnly ? 1 : 0;
@@ -259,6 +262,12 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
       break;
   }
   return 0;
+}
+
+bool CRSS_MainFrame::OpenContent(std::intptr_t content) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): a message carries a pointer as lParam
+  const auto* const text = reinterpret_cast<const std::string*>(content);
+  return text != nullptr && drops_.TakeHandedOver(*text);
 }
 
 void CRSS_MainFrame::OnRunEnded() {

@@ -133,6 +133,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   void SetPreviewMode();
   void StopRefresh();
   void EndImport(bool isRead);
+  bool OpenContent(std::intptr_t content);
   void OnRunEnded();
   void TellHost(unsigned number, std::intptr_t wParam, std::intptr_t lParam);
   void SetRefreshBusy(bool busy);

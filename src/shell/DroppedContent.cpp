@@ -45,4 +45,9 @@ DroppedContent ReadDrop(const QMimeData& data) {
   return ReadText(QString::fromUtf8(urls[0].toEncoded()));
 }
 
+DroppedContent ReadHandedOver(const std::string& content) {
+  if (content.starts_with('/')) return ReadFile(QFile::decodeName(content.c_str()));
+  return ReadText(QString::fromStdString(content));
+}
+
 }  // namespace feedloom

@@ -1,4 +1,5 @@
-// What the user drops on the window from another program. Interface thread only.
+// What the user drops on the window from another program, or has a host hand over. Interface thread
+// only.
 #pragma once
 
 #include <string>
@@ -26,5 +27,9 @@ struct DroppedContent {
 bool MayBeDropped(const QMimeData& data);
 
 DroppedContent ReadDrop(const QMimeData& data);
+
+// The same of what a host hands over: an address in ASCII, or an absolute path in the file system's
+// encoding.
+DroppedContent ReadHandedOver(const std::string& content);
 
 }  // namespace feedloom

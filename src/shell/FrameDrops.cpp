@@ -38,8 +38,6 @@ FrameDrops::FrameDrops(QWidget& frame, Desk& desk, Subscribing& subscribing)
   frame.setAcceptDrops(true);
 }
 
-// What was dropped is queued: the other program waits for the end of the event, and a dialog may
-// open.
 bool FrameDrops::Handle(QEvent& event) {
   switch (event.type()) {
     case QEvent::DragEnter:
@@ -48,9 +46,7 @@ bool FrameDrops::Handle(QEvent& event) {
       return true;
     case QEvent::Drop:
       if (auto& drop = static_cast<QDropEvent&>(event); Accept(drop)) {
-        QMetaObject::invokeMethod(
-            &frame_, [this, content = ReadDrop(*drop.mimeData())] { Take(content); },
-            Qt::QueuedConnection);
+        TakeLater(ReadDrop(*drop.mimeData()), false);
       }
       return true;
     case QEvent::DragLeave:
@@ -60,8 +56,23 @@ bool FrameDrops::Handle(QEvent& event) {
   }
 }
 
-void FrameDrops::Take(const DroppedContent& content) {
-  if (content.kind == Kind::kFile) return subscribing_.ImportOpml({.place = content.text});
+bool FrameDrops::TakeHandedOver(const std::string& content) {
+  const DroppedContent read = ReadHandedOver(content);
+  if (read.kind != Kind::kFile && read.kind != Kind::kAddress) return false;
+  TakeLater(read, true);
+  return true;
+}
+
+// The other program, or the host, waits for the end of the event, and a dialog may open.
+void FrameDrops::TakeLater(const DroppedContent& content, bool asksFirst) {
+  QMetaObject::invokeMethod(
+      &frame_, [this, content, asksFirst] { Take(content, asksFirst); }, Qt::QueuedConnection);
+}
+
+void FrameDrops::Take(const DroppedContent& content, bool asksFirst) {
+  if (content.kind == Kind::kFile) {
+    return subscribing_.ImportOpml({.place = content.text, .asksFirst = asksFirst});
+  }
   if (content.kind == Kind::kAddress) return subscribing_.AddChannel(content.text);
   const CodePage codePage = desk_.GetStore().TextCodePage();
   desk_.ReportMessage(

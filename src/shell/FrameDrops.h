@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 class QDropEvent;
 class QEvent;
 class QWidget;
@@ -22,8 +24,14 @@ class FrameDrops {
   // Returns whether it was an event of a drag, which is then handled.
   bool Handle(QEvent& event);
 
+  // Takes what the host hands over, an address in ASCII or an absolute path in the file system's
+  // encoding, as if it had been dropped, except that a list is imported after a question only. It
+  // comes back before a dialog opens. False, and nothing happens, when it is nothing to take.
+  bool TakeHandedOver(const std::string& content);
+
  private:
-  void Take(const DroppedContent& content);
+  void TakeLater(const DroppedContent& content, bool asksFirst);
+  void Take(const DroppedContent& content, bool asksFirst);
 
   QWidget& frame_;
   Desk& desk_;

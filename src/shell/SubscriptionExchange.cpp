@@ -50,17 +50,20 @@ void SubscriptionExchange::Import(const ListSource& source,
     ReportEnd(result);
     onEnd(result.sums);
   };
-  importer_.Read(source, [this, end](const ReadList& list) {
+  importer_.Read(source, [this, source, end](const ReadList& list) {
     if (!list.plan) return end({.sums = std::nullopt, .error = list.error});
     const std::weak_ptr<const bool> life = life_;
-    const auto clash = HowToAdd(*list.plan);
+    const auto clash = HowToAdd(source, *list.plan);
     if (life.expired()) return;
     if (clash) return Add(*list.plan, *clash, end);
     desk_.ReportMessage(desk_.GetSkin().GetText(kSectionTexts, kTextOpmlCancelled));
   });
 }
 
-std::optional<NameClash> SubscriptionExchange::HowToAdd(const ImportPlan& plan) {
+std::optional<NameClash> SubscriptionExchange::HowToAdd(const ListSource& source,
+                                                        const ImportPlan& plan) {
+  const std::string name = source.place.substr(source.place.rfind('/') + 1);
+  if (source.asksFirst && !askFirst_(name, CountChannels(plan.folders))) return std::nullopt;
   if (!IsLenient()) return NameClash::Rename;
   const auto there = StoredSubscriptions(desk_.GetStore());
   if (!there || !Overlaps(*there, plan.folders)) return NameClash::Merge;

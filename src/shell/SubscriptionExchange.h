@@ -29,14 +29,19 @@ class SubscriptionExchange {
   // Asks the user what to do with what is there already: of a list with so many channels so many.
   // None: nothing is imported. The exchange may be destroyed meanwhile.
   using Ask = std::function<std::optional<NameClash>(int channels, int present)>;
+  // Asks the user whether the list of this name (UTF-8), with so many channels, is to be imported.
+  // The exchange may be destroyed meanwhile; the answer is then no.
+  using AskFirst = std::function<bool(const std::string& name, int channels)>;
 
   // `toHere` passes work to the interface thread. The others outlive the object.
   SubscriptionExchange(Desk& desk, Refreshing& refreshing, Subscribing& subscribing,
-                       SharedServices services, BackgroundJobs::Post toHere, Ask ask)
+                       SharedServices services, BackgroundJobs::Post toHere, Ask ask,
+                       AskFirst askFirst)
       : desk_(desk),
         refreshing_(refreshing),
         subscribing_(subscribing),
         ask_(std::move(ask)),
+        askFirst_(std::move(askFirst)),
         importer_(std::move(services), std::move(toHere)) {}
 
   // As Subscribing::ExportOpml.
@@ -54,7 +59,7 @@ class SubscriptionExchange {
   struct Synchronisation;
 
   bool IsLenient() const;
-  std::optional<NameClash> HowToAdd(const ImportPlan& plan);
+  std::optional<NameClash> HowToAdd(const ListSource& source, const ImportPlan& plan);
   void Add(const ImportPlan& plan, NameClash clash, std::function<void(const ImportEnd&)> onEnd);
   void ReportEnd(const ImportEnd& end);
   void ReportUnreadable(const OpmlCheck& check);
@@ -66,6 +71,7 @@ class SubscriptionExchange {
   Refreshing& refreshing_;
   Subscribing& subscribing_;
   const Ask ask_;
+  const AskFirst askFirst_;
   const std::shared_ptr<const bool> life_ = std::make_shared<bool>(true);
   OpmlImporter importer_;
 };

@@ -37,6 +37,12 @@ enum Message : unsigned {
   kMessageRefreshDue = 0x3081,
   kMessageShowKeys = 0x3082,
 
+  // From the host to the frame: open a content (lParam a const std::string*), which is an address
+  // in
+  // ASCII, or an absolute path in the file system's encoding. The answer is 1, or 0 when it is
+  // nothing that can be added.
+  kMessageOpenContent = 0x3083,
+
   // From the host to the frame: show only unread posts (wParam 1) or all of them (0); another
   // wParam changes nothing. The answer is 1 while only unread ones are shown, otherwise 0.
   kMessageShowUnreadOnly = 0x3080,

@@ -25,7 +25,12 @@ class FakeFrame : public QWidget {
  protected:
   bool event(QEvent* event) override {
     if (event->type() != feedloom::WindowMessage::kType) return QWidget::event(event);
-    Tell("message " + std::to_string(static_cast<feedloom::WindowMessage*>(event)->number));
+    auto& message = *static_cast<feedloom::WindowMessage*>(event);
+    if (message.number != feedloom::kMessageOpenContent) {
+      return Tell("message " + std::to_string(message.number)), true;
+    }
+    Tell("open " + *reinterpret_cast<const std::string*>(message.lParam));
+    message.result = 1;
     return true;
   }
   void keyPressEvent(QKeyEvent* event) override {

@@ -2,10 +2,13 @@
 
 #include <signal.h>
 
+#include <QDir>
 #include <QImage>
 #include <QProcess>
+#include <fstream>
 
 #include "files/Registry.h"
+#include "host/ProfileLock.h"
 #include "kit/TempFolder.h"
 #include "profile/Profile.h"
 #include "skin/Keys.h"
@@ -103,15 +106,33 @@ TEST_F(HalvixTest, ItsMenuCommandsTheModuleAndShowsItAnewInAnotherLook) {
   EXPECT_EQ(RegistryText(kValueImageDir), ShareDir() + "/skin/dark");
 }
 
-TEST_F(HalvixTest, IsAloneOnItsProfileButForTheCommandLine) {
+TEST_F(HalvixTest, IsAloneOnItsProfileAndOpensWhatLaterStartsHandOver) {
   UseModule();
+  const QString here = QDir::currentPath();
   {
-    Program first(HALVIX, Arguments({}));
-    ASSERT_TRUE(first.WaitForLine("idle"));
-    ExpectRefused("is in use by another halvix.");
+    Program first(HALVIX, Arguments({"http://a.example/"}));
+    ASSERT_TRUE(first.WaitForLine("loaded early"));
+    EXPECT_EQ(Run(HALVIX, {"list.opml"}), "");
+    ASSERT_TRUE(first.WaitForLine("open http://a.example/"));
+    ASSERT_TRUE(first.WaitForLine("open " + here + "/list.opml"));
+    EXPECT_EQ(Run(HALVIX, {"feed:b.example", "file:///tmp/%61"}), "");
+    EXPECT_TRUE(first.WaitForLine("open feed:b.example") && first.WaitForLine("open /tmp/a"));
+    ExpectRefused("is in use by another halvix.", {"--screenshot", picture_});
     Run(FEEDLOOMCTL, {"refresh"});
   }
   EXPECT_TRUE(RunOnce().contains("destroyed")) << "after the first was killed";
+}
+
+TEST_F(HalvixTest, SaysWhoElseHasItsProfile) {
+  UseModule();
+  RunOnce();
+  ProfileLock lock;
+  ASSERT_FALSE(lock.Take(paths_.dir));
+  const std::string file = paths_.dir + "/halvix.lock", here = ThisHolder().machine;
+  std::ofstream(file) << "elsewhere\nsomebody\n";
+  ExpectRefused("is in use on the machine elsewhere. Close the window there first.");
+  std::ofstream(file) << here << "\nsomebody\n";
+  ExpectRefused("The user somebody is using the profile '");
 }
 
 TEST_F(HalvixTest, RefusesWhatItCannotUseAndLeavesItAsItIs) {

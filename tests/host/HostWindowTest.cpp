@@ -1,9 +1,11 @@
 // The window and what stands behind it, in this process.
 
+#include <QSignalSpy>
 #include <QTest>
 #include <QtWidgets>
 
 #include "host/CommandLine.h"
+#include "host/ContentQueue.h"
 #include "host/HostSwitches.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
@@ -33,12 +35,18 @@ struct HostWindowTest : QObject, testing::Test {
 
   bool eventFilter(QObject* /*frame*/, QEvent* event) override {
     if (event->type() != WindowMessage::kType) return false;
-    told_.push_back(static_cast<WindowMessage*>(event)->number);
+    auto& message = *static_cast<WindowMessage*>(event);
+    told_.push_back(message.number);
+    if (message.number == kMessageOpenContent) {
+      opened_ << QString::fromStdString(*reinterpret_cast<const std::string*>(message.lParam));
+      message.result = opened_.back().startsWith("http:") ? 1 : 0;
+    }
     return true;
   }
 
   const ShippedSkin skin_;
   std::vector<unsigned> told_;  // to the frame
+  QStringList opened_;          // by the frame
   std::unique_ptr<HostWindow> window_;
 };
 
@@ -100,6 +108,28 @@ TEST_F(HostWindowTest, OffersToUndoTheLastStepAsLongAsTheModuleDoes) {
   EXPECT_FALSE(undo.isVisible());
 }
 
+TEST_F(HostWindowTest, OpensContentsOneByOneWhenTheUserIsFreeAndNamesWhatItDoesNot) {
+  auto& contents = *new ContentQueue(*window_);
+  QDialog dialog(window_.get());
+  dialog.setModal(true);
+  dialog.show();
+  HandOver many{{"http://a/", "/no%1", "http://b/", "ftp://c/"}, 3};
+  many.contents.resize(ContentQueue::kMostWaiting + 90, "x");
+  contents.Add(many);
+  QTimer look;  // behind those of the queue
+  look.start(250);
+  QSignalSpy looked(&look, &QTimer::timeout);
+  ASSERT_TRUE(looked.wait());
+  EXPECT_EQ(opened_, QStringList());
+  dialog.close();
+  const auto& status = *window_->statusBar()->findChild<QLabel*>();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !status.text().isEmpty(); }));
+  EXPECT_EQ(opened_.mid(0, 5).join(' '), "http://a/ /no%1 http://b/ ftp://c/ x");
+  EXPECT_TRUE(status.text().contains("추가하지 않았습니다: /no%1 외 7개"))
+      << status.text().toStdString();
+  EXPECT_TRUE(status.text().contains("10개까지 열 수 있습니다. 열지 않은 것: 93개"));
+}
+
 TEST_F(HostWindowTest, TheMenuShowsWhetherTheModuleShowsUnreadPostsOnly) {
   const auto actions = window_->findChildren<QAction*>();
   QAction& entry = **std::ranges::find(actions, "읽지 않은 글만 보기(&U)", &QAction::text);
@@ -150,13 +180,15 @@ TEST(CommandLine, GivesTheOptionsOrTheStatusToLeaveWith) {
   for (const QByteArray row :
        {"halvix -> |||", "halvix --profile a --lang kor --code-page Utf-8 -> a|kor|Utf-8|",
         "halvix --screenshot b --timings -> !|||b", "halvix --help -> 0", "halvix --version -> 0",
-        "halvix --lang FRA -> 2", "halvix --code-page CP949 -> 2", "halvix a -> 2"}) {
+        "halvix --lang FRA -> 2", "halvix --code-page CP949 -> 2", "halvix --opml a -> 2",
+        "halvix a --timings -- --b -> !|||+a+--b"}) {
     const QByteArrayList words = row.left(row.indexOf(" -> ")).split(' ');
     std::vector<const char*> argv(words.begin(), words.end());
     HostOptions o;
     const auto status = ReadCommandLine(static_cast<int>(argv.size()), argv.data(), o);
     std::string all = o.profileDir + (o.timings ? "!" : "");
     for (const auto& part : {o.language, o.codePage, o.screenshot}) all += "|" + part.value_or("");
+    for (const std::string& content : o.contents) all += "+" + content;
     EXPECT_EQ(status ? std::to_string(*status) : all, row.mid(row.indexOf(" -> ") + 4).data());
   }
   const std::string told = testing::internal::GetCapturedStdout();

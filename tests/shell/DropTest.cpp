@@ -40,4 +40,33 @@ TEST_F(Drops, AListIsImportedAndAnAddressBecomesAChannelWhereverTheyAreDropped) 
   EXPECT_EQ(page.url(), shown);
 }
 
+TEST_F(Drops, WhatTheHostHandsOverIsAddedAfterAQuestion) {
+  CreateFrame();
+  const TempFolder files;
+  const std::string list = files.Write("list $%d", OpmlDocument(NumberedFolder("Handed", 3)));
+  const auto open = [this](const std::string& content) {
+    WindowMessage message(kMessageOpenContent, 0, reinterpret_cast<std::intptr_t>(&content));
+    QCoreApplication::sendEvent(frame_, &message);
+    return message.result == 1;
+  };
+  for (const char* content : {"javascript:alert(1)", "/nowhere", "/", "", "list"})
+    EXPECT_FALSE(open(content)) << content;
+  Send(kMessageOpenContent);
+  QString shown;
+  const auto answer = [&](QDialog& dialog) {
+    shown = dialog.accessibleDescription();
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  };
+  answers_.Next(answer);
+  EXPECT_TRUE(open(list));
+  EXPECT_TRUE(WaitUntil([&] { return texts_.back() == "채널 목록을 가져오지 않았습니다."; }));
+  EXPECT_EQ(shown, "이 구독 목록을 가져오시겠습니까?\r\nlist $%d\r\n목록의 채널 3개");
+  Answer();
+  EXPECT_TRUE(open(list));
+  EXPECT_TRUE(WaitUntil([&] { return Labels().join(' ').contains("Handed"); }));
+  answers_.Next([&](QDialog& dialog) { shown = dialog.findChild<QLineEdit*>()->text(); });
+  EXPECT_TRUE(open("feed://a.example/"));
+  EXPECT_TRUE(WaitUntil([&] { return shown == "feed://a.example/"; })) << shown.toStdString();
+}
+
 }  // namespace feedloom

@@ -6,6 +6,7 @@
 #include "controls/CMsgBox.h"
 #include "look/QtText.h"
 #include "skin/Keys.h"
+#include "skin/Labels.h"
 #include "skin/TextPlaceholders.h"
 #include "store/Cabinets.h"
 #include "store/SqlText.h"
@@ -144,6 +145,14 @@ void ExportFile(Desk& desk, Subscribing& subscribing, QWidget* parent, const std
   if (!channels) return;
   desk.ReportMessage(
       WithNumbers(desk.GetSkin().GetText(kSectionTexts, kTextOpmlExported), {*channels}));
+}
+
+bool AskToImport(Desk& desk, QWidget* parent, const std::string& name, int channels) {
+  const CodePage codePage = desk.GetStore().TextCodePage();
+  const std::string question = WithLineBreaks(GetLabel(desk.GetSkin(), kLabelImportQuestion));
+  const std::string text = WithTitle(WithNumbers(question, {channels}), codePage.FromUtf8(name));
+  return ShowMsgBox(desk.GetSkin(), ToQString(codePage, text), MsgBoxKind::YesNo, parent) ==
+         MsgBoxAnswer::Consented;
 }
 
 std::optional<NameClash> AskHowToImport(Desk& desk, QWidget* parent, int channels, int present) {

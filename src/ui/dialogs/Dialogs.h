@@ -72,6 +72,8 @@ void ImportFile(Desk& desk, Subscribing& subscribing, QWidget* parent);
 void ImportAddress(Desk& desk, Subscribing& subscribing, QWidget* parent);
 void ExportFile(Desk& desk, Subscribing& subscribing, QWidget* parent, const std::string& name);
 
+// Asks whether the list of this name (UTF-8), with so many channels, is to be imported.
+bool AskToImport(Desk& desk, QWidget* parent, const std::string& name, int channels);
 // Asks what to do with what is there already of a list: of so many channels so many. The answer is
 // Merge, without a question, in a host that has no text for it.
 std::optional<NameClash> AskHowToImport(Desk& desk, QWidget* parent, int channels, int present);
