@@ -36,6 +36,21 @@ function(make_icon svg pixels)
   set_property(GLOBAL APPEND PROPERTY FEEDLOOM_MADE_FILES ${made})
 endfunction()
 
+# make_completion(SHELL PATH): the completion of feedloomctl's commands, as it prints it itself.
+function(make_completion shell path)
+  set(made ${made_dir}/completion.${shell})
+  add_custom_command(
+    OUTPUT ${made}
+    COMMAND feedloomctl completion ${shell} > ${made}
+    DEPENDS feedloomctl
+    COMMENT "Writing the completion for ${shell}"
+    VERBATIM)
+  cmake_path(GET path PARENT_PATH dir)
+  cmake_path(GET path FILENAME name)
+  install(FILES ${made} DESTINATION share/${dir} RENAME ${name})
+  set_property(GLOBAL APPEND PROPERTY FEEDLOOM_MADE_FILES ${made})
+endfunction()
+
 file(MAKE_DIRECTORY ${made_dir})
 
 # What strangers send is read here: no table of functions stays writable.
@@ -66,6 +81,9 @@ endforeach()
 foreach(page halvix feedloomctl feedloom-directory)
   make_gzip(${CMAKE_SOURCE_DIR}/docs/man/${page}.1 share/man/man1)
 endforeach()
+make_completion(bash bash-completion/completions/feedloomctl)
+make_completion(zsh zsh/vendor-completions/_feedloomctl)
+make_completion(fish fish/vendor_completions.d/feedloomctl.fish)
 make_gzip(${packaging_dir}/changelog ${doc_dir})
 install(FILES ${packaging_dir}/copyright DESTINATION ${doc_dir})
 

@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "ctl/Commands.h"
+#include "ctl/CompletedCommands.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "ctl/Since.h"
@@ -35,6 +36,7 @@ struct Arguments {
   int post = 0;
   int cabinet = 0;
   int days = 0;
+  std::string shell;
 
   // Runs the command that the arguments name.
   std::function<int()> run;
@@ -177,6 +179,20 @@ void AddChangingCommands(CLI::App& app, Arguments& a) {
       ->check(CLI::NonNegativeNumber);
 }
 
+// Last of all: the script completes all commands that the program has.
+void AddCompletion(CLI::App& app, Arguments& a) {
+  CLI::App* completion = app.add_subcommand("completion", "Print a shell's completion of commands");
+  const std::vector<std::string> shells(std::begin(kShells), std::end(kShells));
+  completion->add_option("shell", a.shell, "The shell")->required()->check(CLI::IsMember(shells));
+  completion->callback([&app, &a] {
+    a.run = [&app, &a] {
+      PrintLine(
+          CompletionScript(a.shell, app.get_name(), CompletedCommands(app), CompletedOptions(app)));
+      return kSuccess;
+    };
+  });
+}
+
 // What was typed in place of a command, for the user.
 std::optional<std::string> UnknownCommand(const CLI::App& app) {
   const std::vector<std::string> words = app.remaining();
@@ -200,6 +216,7 @@ int RunCommandLine(int argc, const char* const* argv) {
   AddExchangeCommands(app, arguments);
   AddReadingCommands(app, arguments);
   AddChangingCommands(app, arguments);
+  AddCompletion(app, arguments);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -273,6 +273,15 @@ TEST_F(Commands, ChangeJustWhatTheyNameAndAClippedPostStays) {
   EXPECT_EQ(RunJson("list")["folders"][0]["channels"].size(), 0u);
 }
 
+TEST_F(Commands, AShellCompletesCommandsOptionsAndTheirValues) {
+  const std::string typed = folder_.Write("typed", Out("completion bash") + R"(
+    type_() { COMP_WORDS=(feedloomctl "$@"); COMP_CWORD=$#; _feedloomctl; echo "${COMPREPLY[*]}"; }
+    type_ lis; type_ --json posts --s; type_ init --lang ''; type_ completion f; type_ import /)");
+  EXPECT_EQ(std::system(fmt::format("bash {} > {}", typed, folder_.File("got")).c_str()), 0);
+  EXPECT_EQ(folder_.Read("got"), "list\n--search --since\nKOR ENG\nfish\n\n");
+  ExpectRefused("completion", "shell is required", 2);
+}
+
 TEST_F(Commands, CheckShowsWhatTheReaderSeesOrWhyItIsNoFeed) {
   Run("init --code-page EUC-KR");
   server_.Serve("/a", RssDocument("한 ♥ 😀", {{"t", "l", "Tue, 10 Jun 2003 04:00:00 +0900", "d"}}));
