@@ -70,7 +70,7 @@ void AddTargets(CLI::App* sub, Arguments& arguments) {
 
 void AddProfileCommands(CLI::App& app, Arguments& a) {
   CLI::App* init = AddSubcommand(app, "init", "Make a profile");
-  init->add_option("--code-page", a.init.codePage, "EUC-KR (the default for KOR) or UTF-8")
+  init->add_option("--code-page", a.init.codePage, "EUC-KR (Korean), or UTF-8 as without it")
       ->check(CLI::IsMember({"EUC-KR", "UTF-8"}, CLI::ignore_case));
   init->add_option("--lang", a.init.language, "KOR or ENG; without it as the locale says")
       ->check(CLI::IsMember({"KOR", "ENG"}, CLI::ignore_case));

@@ -5,6 +5,7 @@
 #include "ctl/Output.h"
 #include "fetch/FeedMemory.h"
 #include "profile/HostTexts.h"
+#include "profile/MovedProfile.h"
 #include "profile/ProfileDefaults.h"
 #include "threads/Clock.h"
 
@@ -28,7 +29,7 @@ bool Succeeded(const Failure& failure) {
 Failure MakeProfile(const std::string& dir, const InitOptions& options) {
   const std::string language = options.language.value_or(DefaultLanguage());
   const CodePage codePage =
-      options.codePage ? CodePage::FromName(*options.codePage) : DefaultCodePage(language);
+      options.codePage ? CodePage::FromName(*options.codePage) : CodePage::Utf8();
   return CreateProfile(dir, ShareDir(), codePage, language);
 }
 
@@ -43,6 +44,7 @@ bool Prepare(const ProfilePaths& paths) {
     PrintError(fmt::format("{} is damaged; nothing was changed", paths.registry));
     return false;
   }
+  FollowMove(AbsolutePath(paths.dir));
   return Succeeded(RepairSharePaths(paths.dir, ShareDir()));
 }
 

@@ -15,6 +15,7 @@ inline constexpr char kValueImageDir[] = "IMAGEDIR";
 inline constexpr char kValueIniDir[] = "INIDIR";
 inline constexpr char kValueCurrentPath[] = "CURRENT_PATH";
 inline constexpr char kValueWorkDir[] = "WORKDIR";
+inline constexpr char kValueProfileDir[] = "PROFILE_DIR";  // where the profile was last
 inline constexpr char kValueAppTitle[] = "APP_TITLE";
 inline constexpr char kValueLanguage[] = "CORVANE_LANG";
 inline constexpr char kValueModelName[] = "CORVANE_DISPLAY_MODELNAME";

@@ -13,7 +13,7 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, HostOption
   app.add_option("--lang", options.language, "KOR or ENG; a new profile starts as the locale says")
       ->check(CLI::IsMember({"KOR", "ENG"}, CLI::ignore_case));
   app.add_option("--code-page", options.codePage,
-                 "EUC-KR (Korean) or UTF-8, for a new profile; else what fits the language")
+                 "EUC-KR (Korean), or UTF-8 as without it, for a new profile")
       ->check(CLI::IsMember({"EUC-KR", "UTF-8"}, CLI::ignore_case));
   app.add_option("--screenshot", options.screenshot,
                  "Show the first folder's first post, save the window's picture (PNG) and leave")

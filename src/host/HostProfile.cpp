@@ -12,6 +12,7 @@
 #include "files/Registry.h"
 #include "host/CommandLine.h"
 #include "profile/HostWishes.h"
+#include "profile/MovedProfile.h"
 #include "profile/ProfileDefaults.h"
 #include "skin/HostConfig.h"
 #include "skin/Keys.h"
@@ -81,7 +82,7 @@ Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
   if (!ProfileExists(paths)) {
     const std::string language = options.language.value_or(DefaultLanguage());
     const CodePage codePage =
-        options.codePage ? CodePage::FromName(*options.codePage) : DefaultCodePage(language);
+        options.codePage ? CodePage::FromName(*options.codePage) : CodePage::Utf8();
     const Failure failure = CreateProfile(paths.dir, ShareDir(), codePage, language);
     if (failure && !ProfileExists(paths)) return failure;
     profile.isNew = !failure;  // else another program has made it in the same moment
@@ -90,6 +91,7 @@ Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
   if (auto failure = CheckCodePage(paths, options)) return failure;
   if (auto failure = CheckWritable(paths)) return failure;
   if (auto failure = profile.lock.Take(paths.dir)) return failure;
+  FollowMove(paths.dir);
   if (auto failure = RepairSharePaths(paths.dir, ShareDir())) return failure;
   if (auto failure = StoreHostWishes(paths.dir)) return failure;
   profile.database = KeepDatabase(paths.database, ShareDir(), kPatience);

@@ -65,6 +65,7 @@ ProfileSources ReadProfileSources(const std::string& shareDir, const std::string
 std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir, CodePage codePage,
                          const std::string& language) {
   std::vector<RegistryEntry> entries = {
+      {kHostKey, kValueProfileDir, paths.dir},
       {kHostKey, kValueWorkDir, paths.workDir},
       {kHostKey, kValueAppTitle, kDefaultAppTitle},
       {kHostKey, kValueLanguage, language},

@@ -24,9 +24,13 @@ constexpr char kInsertChannel[] =
     "INSERT INTO TB_CHANNEL(channel_folderID, channel_title, channel_xmllink, channel_htmllink,"
     " channel_order) SELECT folder_id, ?1, ?2, ?3, 0 FROM TB_FOLDER";
 
+constexpr char kMoveAddresses[] =
+    "UPDATE TB_CHANNEL SET channel_xmllink = ?2 || substr(channel_xmllink, length(?1) + 1)"
+    " WHERE substr(channel_xmllink, 1, length(?1)) = ?1";
+
 constexpr char kSampleSiteUrl[] = "https://feedloom.example/";
 
-bool Insert(sqlite3* database, const char* sql, std::initializer_list<std::string_view> values) {
+bool Run(sqlite3* database, const char* sql, std::initializer_list<std::string_view> values) {
   sqlite3_stmt* prepared = nullptr;
   if (sqlite3_prepare_v2(database, sql, -1, &prepared, nullptr) != SQLITE_OK) return false;
   const std::unique_ptr<sqlite3_stmt, FinalizeStatement> statement(prepared);
@@ -40,10 +44,10 @@ bool Insert(sqlite3* database, const char* sql, std::initializer_list<std::strin
 
 bool Fill(sqlite3* database, const std::string& schema, const InitialContent& content) {
   return Execute(database, "BEGIN") && Execute(database, schema.c_str()) &&
-         Insert(database, kInsertFolder, {content.folderName}) &&
-         Insert(database, kInsertCabinet, {content.cabinetName}) &&
-         Insert(database, kInsertChannel,
-                {content.sampleTitle, content.sampleFeedUrl, kSampleSiteUrl}) &&
+         Run(database, kInsertFolder, {content.folderName}) &&
+         Run(database, kInsertCabinet, {content.cabinetName}) &&
+         Run(database, kInsertChannel,
+             {content.sampleTitle, content.sampleFeedUrl, kSampleSiteUrl}) &&
          Execute(database, "COMMIT");
 }
 
@@ -70,6 +74,17 @@ Failure CreateDatabase(const std::string& path, const std::string& schema,
     return failure;
   }
   return MoveIntoPlace(temporary, path);
+}
+
+bool MoveAddresses(const std::string& path, std::string_view from, std::string_view to) {
+  sqlite3* opened = nullptr;
+  const bool isOpen =
+      sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK;
+  const KeptDatabase database(opened);
+  if (!isOpen) return false;
+  constexpr int kPatience = 1000;  // milliseconds, with another program's lock
+  sqlite3_busy_timeout(opened, kPatience);
+  return Run(opened, kMoveAddresses, {from, to});
 }
 
 }  // namespace feedloom

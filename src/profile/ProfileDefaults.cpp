@@ -3,8 +3,6 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "text/Text.h"
-
 namespace feedloom {
 namespace {
 
@@ -24,12 +22,7 @@ std::string_view LocaleName() {
 std::string DefaultLanguage() {
   const std::string_view name = LocaleName();
   const std::string_view language = name.substr(0, name.find_first_of("_.@"));
-  const bool isNone = language.empty() || language == "C" || language == "POSIX";
-  return isNone || language == "ko" ? kKorean : kEnglish;
-}
-
-CodePage DefaultCodePage(const std::string& language) {
-  return EqualsIgnoringAsciiCase(language, kKorean) ? CodePage::Korean() : CodePage::Utf8();
+  return language == "ko" ? kKorean : kEnglish;
 }
 
 }  // namespace feedloom

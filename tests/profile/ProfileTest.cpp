@@ -7,6 +7,7 @@
 #include "profile/HostWishes.h"
 #include "profile/IniFile.h"
 #include "profile/KeptDatabase.h"
+#include "profile/MovedProfile.h"
 #include "profile/Profile.h"
 #include "profile/ProfileDefaults.h"
 #include "profile/SharePaths.h"
@@ -27,14 +28,15 @@ struct ProfileTest : testing::Test {
     fs::copy(ShareDir(), share_, fs::copy_options::recursive);
   }
   // The first cell of the last row that `sql` gives.
-  std::string Query(const std::string& sql) const {
+  std::string Query(const std::string& sql) const { return QueryIn(paths_, sql); }
+  std::string QueryIn(const ProfilePaths& paths, const std::string& sql) const {
     std::string cell;
     const auto keep = [](void* into, int, char** cells, char**) {
       *static_cast<std::string*>(into) = cells[0];
       return 0;
     };
     sqlite3* database = nullptr;
-    sqlite3_open(paths_.database.c_str(), &database);
+    sqlite3_open(paths.database.c_str(), &database);
     EXPECT_EQ(sqlite3_exec(database, sql.c_str(), keep, &cell, nullptr), SQLITE_OK) << sql;
     sqlite3_close(database);
     return korean_.ToUtf8(cell);
@@ -198,15 +200,38 @@ TEST_F(ProfileTest, PathsThatAreGoneAreRepairedAndTheSkinStays) {
   EXPECT_NE(Repair(), "");
 }
 
+TEST_F(ProfileTest, PathsInItFollowItWhenItIsMovedOrCopiedAndOthersStay) {
+  ASSERT_EQ(Create(), "");
+  Query("INSERT INTO TB_CHANNEL(channel_xmllink) VALUES('file:///elsewhere/a'), ('http://a/')");
+  for (const bool isKnown : {true, false}) {  // a profile of an older program does not know
+    const ProfilePaths copy(folder_.File(isKnown ? "a copy" : "another"));
+    fs::copy(paths_.dir, copy.dir, fs::copy_options::recursive);
+    const Registry registry(copy.registry);
+    if (!isKnown) ASSERT_TRUE(registry.WriteString(kHostKey, "PROFILE_DIR", ""));
+    for (int start = 0; start < 2; ++start) FollowMove(copy.dir);
+    EXPECT_EQ(HostConfig(registry).GetWorkDir(), copy.workDir);
+    EXPECT_EQ(HostConfig(registry).GetIniDir(), share_ + "/");
+    EXPECT_EQ(QueryIn(copy, "SELECT group_concat(channel_xmllink) FROM TB_CHANNEL"),
+              FileUrl(copy.sampleFeed) + ",file:///elsewhere/a,http://a/");
+  }
+  FollowMove(paths_.dir);
+  EXPECT_EQ(Config().GetWorkDir(), paths_.workDir) << "the first one is left alone";
+  ASSERT_TRUE(Registry(paths_.registry).WriteString(kHostKey, "WORKDIR", "/my/work"));
+  fs::create_directory_symlink(paths_.dir, folder_.File("link"));
+  FollowMove(folder_.File("link"));
+  EXPECT_EQ(Config().GetWorkDir(), "/my/work");
+  EXPECT_EQ(Query("SELECT channel_xmllink FROM TB_CHANNEL LIMIT 1"), FileUrl(paths_.sampleFeed));
+}
+
 TEST(ProfileDefaultsTest, FollowTheUsersLocaleAndDataDirectory) {
-  const char* const kLocales[][4] = {{"", "", "", "KOR"},
+  const char* const kLocales[][4] = {{"", "", "", "ENG"},
+                                     {"", "", "C", "ENG"},
                                      {"", "", "de_DE.UTF-8@euro", "ENG"},
                                      {"", "en_US", "ko_KR", "ENG"},
                                      {"ko", "en_US", "en_US", "KOR"}};
   for (const auto& [all, messages, lang, language] : kLocales) {
     setenv("LC_ALL", all, 1), setenv("LC_MESSAGES", messages, 1), setenv("LANG", lang, 1);
     EXPECT_EQ(DefaultLanguage(), language);
-    EXPECT_EQ(DefaultCodePage(language) == CodePage::Korean(), DefaultLanguage() == "KOR");
   }
   setenv("HOME", "/home/a", 1), setenv("XDG_DATA_HOME", "/data", 1);
   EXPECT_EQ(DefaultProfileDir(), "/data/halvix");
