@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <sstream>
 #include <system_error>
+#include <tuple>
 
 #include "files/Path.h"
 
@@ -23,12 +24,12 @@ std::string UserName() {
   return entry != nullptr ? entry->pw_name : std::to_string(geteuid());
 }
 
-// Nobody else writes meanwhile. A failure leaves the holder unknown.
+// Nobody else writes meanwhile. After a failure the holder is not known.
 void WriteHolder(int handle) {
   const LockHolder holder = ThisHolder();
   const std::string text = holder.machine + '\n' + holder.user + '\n';
-  if (ftruncate(handle, 0) == 0) [[maybe_unused]]
-    const auto written = pwrite(handle, text.data(), text.size(), 0);
+  std::ignore = pwrite(handle, text.data(), text.size(), 0) >= 0 &&
+                ftruncate(handle, off_t(text.size())) == 0;
 }
 
 }  // namespace
