@@ -47,13 +47,13 @@ CLI::App* AddSubcommand(CLI::App& app, const char* name, const char* help) {
   return sub->footer("Every command takes --profile DIR and --json.");
 }
 
-// Adds a command that runs on an open profile.
+// Adds a command that runs on an open profile, whose database it uses so.
 CLI::App* AddCommand(CLI::App& app, Arguments& arguments, const char* name, const char* help,
-                     std::function<int(Session&)> command) {
+                     std::function<int(Session&)> command, DatabaseUse use = DatabaseUse::Read) {
   CLI::App* sub = AddSubcommand(app, name, help);
-  sub->callback([&arguments, command = std::move(command)] {
-    arguments.run = [&arguments, command] {
-      const auto session = Session::Open(arguments.global);
+  sub->callback([&arguments, command = std::move(command), use] {
+    arguments.run = [&arguments, command, use] {
+      const auto session = Session::Open(arguments.global, use);
       return session ? command(*session) : kFailure;
     };
   });
@@ -81,20 +81,23 @@ void AddProfileCommands(CLI::App& app, Arguments& a) {
 }
 
 void AddFeedCommands(CLI::App& app, Arguments& a) {
-  CLI::App* check = AddCommand(app, a, "check", "Print what the reader sees in a feed, as JSON",
-                               [&a](Session& session) { return RunCheck(session, a.check); });
+  CLI::App* check = AddCommand(
+      app, a, "check", "Print what the reader sees in a feed, as JSON",
+      [&a](Session& session) { return RunCheck(session, a.check); }, DatabaseUse::None);
   check->add_option("source", a.check.source, "A file or an address")->required();
   check->add_option("--user", a.check.user, kUserHelp)->type_name("NAME");
 
-  CLI::App* add = AddCommand(app, a, "add", "Subscribe to a feed",
-                             [&a](Session& session) { return RunAdd(session, a.add); });
+  CLI::App* add = AddCommand(
+      app, a, "add", "Subscribe to a feed",
+      [&a](Session& session) { return RunAdd(session, a.add); }, DatabaseUse::Write);
   add->add_option("url", a.add.address, "The feed's address")->required();
   add->add_option("--folder", a.add.folder, "The folder's name; made when there is none");
   add->add_option("--title", a.add.title, "The channel's title, instead of the feed's own");
   add->add_option("--user", a.add.user, kUserHelp)->type_name("NAME");
 
-  CLI::App* refresh = AddCommand(app, a, "refresh", "Fetch the feeds and store their new posts",
-                                 [&a](Session& session) { return RunRefresh(session, a.refresh); });
+  CLI::App* refresh = AddCommand(
+      app, a, "refresh", "Fetch the feeds and store their new posts",
+      [&a](Session& session) { return RunRefresh(session, a.refresh); }, DatabaseUse::Write);
   auto* channel = refresh->add_option("--channel", a.refresh.channel, "One channel by id");
   refresh->add_option("--folder", a.refresh.folder, "The channels of a folder by id")
       ->excludes(channel);
@@ -106,16 +109,17 @@ void AddExchangeCommands(CLI::App& app, Arguments& a) {
   exporting->add_option("file", a.place, "The file, which is replaced; - for standard output")
       ->required();
 
-  CLI::App* importing = AddCommand(app, a, "import", "Add the subscriptions of an OPML list",
-                                   [&a](Session& session) { return RunImport(session, a.opml); });
+  CLI::App* importing = AddCommand(
+      app, a, "import", "Add the subscriptions of an OPML list",
+      [&a](Session& session) { return RunImport(session, a.opml); }, DatabaseUse::Write);
   importing->add_option("list", a.opml.list, "A file or an address; - for standard input")
       ->required();
   importing->add_flag("--doubles", a.opml.doubles,
                       "Add all again, also the folders and channels that are there");
 
-  CLI::App* directory =
-      AddCommand(app, a, "directory", "Search the web directory for feeds",
-                 [&a](Session& session) { return RunDirectory(session, a.directory); });
+  CLI::App* directory = AddCommand(
+      app, a, "directory", "Search the web directory for feeds",
+      [&a](Session& session) { return RunDirectory(session, a.directory); }, DatabaseUse::None);
   directory->add_option("word", a.directory.word, "What to look for")->required();
   directory->add_option("--page", a.directory.page, "Which page of 50 results, from 1 on")
       ->check(CLI::PositiveNumber);
@@ -153,27 +157,29 @@ void AddReadingCommands(CLI::App& app, Arguments& a) {
 }
 
 void AddChangingCommands(CLI::App& app, Arguments& a) {
-  CLI::App* mark = AddCommand(app, a, "mark", "Mark posts read or unread", [&a](Session& session) {
-    return RunMark(session, a.status == "read", a.targets);
-  });
+  CLI::App* mark = AddCommand(
+      app, a, "mark", "Mark posts read or unread",
+      [&a](Session& session) { return RunMark(session, a.status == "read", a.targets); },
+      DatabaseUse::Write);
   mark->add_option("status", a.status, "read or unread")
       ->required()
       ->check(CLI::IsMember({"read", "unread"}));
   AddTargets(mark, a);
 
-  CLI::App* remove =
-      AddCommand(app, a, "delete", "Delete posts, channels or folders with all they hold",
-                 [&a](Session& session) { return RunDelete(session, a.targets); });
+  CLI::App* remove = AddCommand(
+      app, a, "delete", "Delete posts, channels or folders with all they hold",
+      [&a](Session& session) { return RunDelete(session, a.targets); }, DatabaseUse::Write);
   AddTargets(remove, a);
 
-  CLI::App* clip =
-      AddCommand(app, a, "clip", "Save a copy of a post into a cabinet",
-                 [&a](Session& session) { return RunClip(session, a.post, a.cabinet); });
+  CLI::App* clip = AddCommand(
+      app, a, "clip", "Save a copy of a post into a cabinet",
+      [&a](Session& session) { return RunClip(session, a.post, a.cabinet); }, DatabaseUse::Write);
   clip->add_option("post", a.post, "The post's id")->required();
   clip->add_option("--cabinet", a.cabinet, "The cabinet's id")->required();
 
-  CLI::App* cleanup = AddCommand(app, a, "cleanup", "Delete posts that were stored long ago",
-                                 [&a](Session& session) { return RunCleanup(session, a.days); });
+  CLI::App* cleanup = AddCommand(
+      app, a, "cleanup", "Delete posts that were stored long ago",
+      [&a](Session& session) { return RunCleanup(session, a.days); }, DatabaseUse::Write);
   cleanup->add_option("days", a.days, "Stored so many days ago or earlier; 0 means all")
       ->required()
       ->check(CLI::NonNegativeNumber);

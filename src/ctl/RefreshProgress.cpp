@@ -1,8 +1,8 @@
 #include "ctl/RefreshProgress.h"
 
 #include <fmt/core.h>
-#include <unistd.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "ctl/FaultJson.h"
@@ -23,12 +23,11 @@ std::string RefreshProgress::Words(const Channel& channel, std::string_view fail
 }
 
 RefreshProgress::RefreshProgress(Session& session, const std::vector<ChannelRow>& channels)
-    : session_(session),
-      started_(std::chrono::steady_clock::now()),
-      drawsBar_(!session.WantsJson() && isatty(STDOUT_FILENO) != 0) {
+    : session_(session), started_(std::chrono::steady_clock::now()), line_(!session.WantsJson()) {
   for (const ChannelRow& channel : channels) {
     channels_[channel.id] = {session.Utf8(channel.title), channel};
   }
+  if (!channels_.empty()) ShowHowFar();
 }
 
 std::intptr_t RefreshProgress::Send(unsigned message, std::intptr_t wParam, std::intptr_t lParam) {
@@ -82,19 +81,15 @@ void RefreshProgress::End(int channelId, std::string_view result, bool failed) {
   }
   const std::string why =
       fault.kind == FeedFaultKind::None ? std::string(result) : FaultWords(fault);
-  if (drawsBar_) fmt::print("\r\x1b[K");
+  line_.Wipe();
   PrintLine(fmt::format("{}: {}", OneLine(channel.title), Words(channel, failed ? why : "")));
-  if (drawsBar_) DrawBar();
+  ShowHowFar();
 }
 
-void RefreshProgress::DrawBar() const {
-  constexpr std::size_t kWidth = 40;
-  std::size_t done = 0;
-  for (const auto& [id, channel] : channels_) done += channel.ended ? 1 : 0;
-  const std::size_t filled = done * kWidth / channels_.size();
-  fmt::print("[{}{}] {}/{}", std::string(filled, '#'), std::string(kWidth - filled, ' '), done,
-             channels_.size());
-  std::fflush(stdout);
+void RefreshProgress::ShowHowFar() const {
+  const auto done =
+      std::ranges::count_if(channels_, [](const auto& each) { return each.second.ended; });
+  line_.Show(fmt::format("{} of {}", done, channels_.size()));
 }
 
 void RefreshProgress::Wait() {
@@ -113,7 +108,7 @@ void RefreshProgress::PrintSummary() const {
                {"seconds", seconds.count()}});
     return;
   }
-  if (drawsBar_) fmt::print("\r\x1b[K");
+  line_.Wipe();
   const std::string missing = missing_ == 0 ? "" : fmt::format("{} not stored, ", missing_);
   PrintLine(fmt::format("{}, {}, {}{}, {:.1f} seconds", Counted(channels_.size(), "channel"),
                         Counted(newPosts_, "new post"), missing, Counted(failures_, "failure"),

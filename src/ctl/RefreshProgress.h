@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "ctl/Output.h"
+#include "ctl/ProgressLine.h"
 #include "fetch/FeedMemory.h"
 #include "store/Rows.h"
 #include "store/Store.h"
@@ -19,8 +20,8 @@ namespace feedloom {
 
 class Session;
 
-// Shows the progress of a refresh: prints a line for each channel that has ended, draws a bar when
-// stdout is a terminal, and sums up at the end.
+// Shows the progress of a refresh: prints a line for each channel that has ended, below it on a
+// terminal how many have, and sums up at the end.
 class RefreshProgress : public MessageTarget {
  public:
   // `channels` are the rows, read before the run, of those that it refreshes. `session` must
@@ -61,11 +62,11 @@ class RefreshProgress : public MessageTarget {
   void OnWorker(int channelId) FEEDLOOM_REQUIRES(mutex_);
   void EndRun() FEEDLOOM_REQUIRES(mutex_);
   void End(int channelId, std::string_view result, bool failed) FEEDLOOM_REQUIRES(mutex_);
-  void DrawBar() const FEEDLOOM_REQUIRES(mutex_);
+  void ShowHowFar() const FEEDLOOM_REQUIRES(mutex_);
 
   Session& session_;
   const std::chrono::steady_clock::time_point started_;
-  const bool drawsBar_;
+  const ProgressLine line_;
   std::function<FeedVisit(const feedloom::Channel& channel)> visitOf_;
 
   mutable Mutex mutex_;

@@ -12,7 +12,8 @@
 namespace feedloom {
 namespace {
 
-constexpr std::chrono::seconds kPatience(5);  // with another program's lock
+constexpr std::chrono::milliseconds kPatience(5'000);  // with other programs' locks
+constexpr std::chrono::milliseconds kNoPatience(0);
 
 // Returns the profile's directory. When there is no default one, prints an error and returns "".
 std::string ProfileDir(const GlobalOptions& global) {
@@ -62,26 +63,33 @@ int RunInit(const GlobalOptions& global, const InitOptions& options) {
   return kSuccess;
 }
 
-std::unique_ptr<Session> Session::Open(const GlobalOptions& global) {
+std::unique_ptr<Session> Session::Open(const GlobalOptions& global, DatabaseUse use) {
   const std::string dir = ProfileDir(global);
   if (dir.empty()) return nullptr;
   const ProfilePaths paths(dir);
   if (!Prepare(paths)) return nullptr;
-  return std::unique_ptr<Session>(new Session(global, paths));
+  const auto began = std::chrono::steady_clock::now();
+  std::unique_ptr<Session> session(new Session(global, paths, use));
+  const auto patience = kPatience - (std::chrono::steady_clock::now() - began);
+  if (WaitForLocks(session->database_.get(), use,
+                   std::chrono::duration_cast<std::chrono::milliseconds>(patience))) {
+    return session;
+  }
+  PrintError(kDatabaseInUse);
+  return nullptr;
 }
 
-Session::Session(const GlobalOptions& global, const ProfilePaths& paths)
-    : database_(KeepDatabase(paths.database, ShareDir(), kPatience)),
+Session::Session(const GlobalOptions& global, const ProfilePaths& paths, DatabaseUse use)
+    : database_(KeepDatabase(paths.database, ShareDir(),
+                             use == DatabaseUse::None ? kNoPatience : kPatience)),
       json_(global.json),
       registry_(paths.registry),
       config_(registry_),
       skin_(ReadHostTexts(config_, paths.texts), config_),
-      storeFailed_(std::make_shared<std::atomic<bool>>(false)),
-      store_(std::make_shared<Store>(ReadableDatabase(paths.database), config_.GetCodePage(),
-                                     SystemClock(), [failed = storeFailed_](std::string_view text) {
-                                       *failed = true;
-                                       PrintError(text);
-                                     })) {}
+      errors_(std::make_shared<StoreErrors>()),
+      store_(std::make_shared<Store>(
+          ReadableDatabase(paths.database), config_.GetCodePage(), SystemClock(),
+          [errors = errors_](std::string_view text) { errors->Report(text); })) {}
 
 SharedServices Session::Services() {
   workFolder_ = std::make_unique<WorkFolder>(config_.GetWorkDir());

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <atomic>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "ctl/Commands.h"
+#include "ctl/StoreErrors.h"
 #include "ctl/WorkFolder.h"
 #include "feed/FeedItem.h"
 #include "fetch/FeedMemory.h"
@@ -21,9 +21,10 @@ namespace feedloom {
 // functions.
 class Session {
  public:
-  // Opens the profile that `global` names, and creates it first when there is none. After a failure
-  // prints an error and returns null.
-  static std::unique_ptr<Session> Open(const GlobalOptions& global);
+  // Opens the profile that `global` names for a command that uses the database so, and creates it
+  // first when there is none. After a failure, also when another program locks the database for
+  // too long, prints an error and returns null.
+  static std::unique_ptr<Session> Open(const GlobalOptions& global, DatabaseUse use);
 
   Store& GetStore() { return *store_; }
   const Skin& GetSkin() const { return skin_; }
@@ -43,17 +44,17 @@ class Session {
   std::string Text(std::string_view utf8) const { return TextCodePage().FromUtf8(utf8); }
 
   // Returns `status`, or kFailure when the store has reported a failure.
-  int Finish(int status) const { return *storeFailed_ ? kFailure : status; }
+  int Finish(int status) const { return errors_->AnyReported() ? kFailure : status; }
 
  private:
-  Session(const GlobalOptions& global, const ProfilePaths& paths);
+  Session(const GlobalOptions& global, const ProfilePaths& paths, DatabaseUse use);
 
   const KeptDatabase database_;  // goes last
   const bool json_;
   const Registry registry_;
   const HostConfig config_;
   const Skin skin_;
-  const std::shared_ptr<std::atomic<bool>> storeFailed_;
+  const std::shared_ptr<StoreErrors> errors_;
   const std::shared_ptr<Store> store_;
   std::unique_ptr<WorkFolder> workFolder_;
 };

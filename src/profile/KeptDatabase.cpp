@@ -65,6 +65,17 @@ KeptDatabase KeepDatabase(const std::string& path, const std::string& shareDir,
   return database;
 }
 
+bool WaitForLocks(sqlite3* database, DatabaseUse use, std::chrono::milliseconds patience) {
+  if (database == nullptr || use == DatabaseUse::None) return true;
+  sqlite3_busy_timeout(database, static_cast<int>(patience.count()));
+  const bool writes = use == DatabaseUse::Write;
+  const bool isFree = Execute(
+      database, writes ? "BEGIN IMMEDIATE; ROLLBACK" : "SELECT 1 FROM sqlite_master LIMIT 0");
+  return isFree || sqlite3_errcode(database) != SQLITE_BUSY;
+}
+
+bool MeansLocked(std::string_view message) { return message == sqlite3_errstr(SQLITE_BUSY); }
+
 std::string ReadableDatabase(const std::string& path) {
   const std::string directory = std::filesystem::path(path).parent_path();
   if (access(directory.c_str(), W_OK) == 0 || HasFileBeside(path)) return path;

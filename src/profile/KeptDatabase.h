@@ -3,6 +3,7 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <string_view>
 
 struct sqlite3;
 
@@ -32,6 +33,16 @@ bool Execute(sqlite3* database, const char* sql);
 // again at the next call.
 KeptDatabase KeepDatabase(const std::string& path, const std::string& shareDir,
                           std::chrono::milliseconds patience);
+
+// What a program is about to do with a database.
+enum class DatabaseUse { None, Read, Write };
+
+// Waits, `patience` at most, until no other program's lock keeps `database` from being used so.
+// False when one still does. Other obstacles are left to whoever uses it: null is not locked.
+bool WaitForLocks(sqlite3* database, DatabaseUse use, std::chrono::milliseconds patience);
+
+// Whether `message` is what SQLite says of a statement that has found the database locked.
+bool MeansLocked(std::string_view message);
 
 // The name by which SQLite can read the database at `path`: the path itself, unless it lies in a
 // read-only directory without the files that write-ahead mode needs beside it. SQLite then reads

@@ -103,6 +103,19 @@ TEST_F(Commands, RefreshTellsEachChannelAndFailsWhenOneFails) {
   EXPECT_EQ(RunJson("list")["folders"][1]["channels"][0]["movedTo"], server_.Url("/c"));
 }
 
+TEST_F(Commands, ARefreshTellsATerminalHowFarItIs) {
+  Run("init --lang ENG");
+  const auto shown = [this](const char* terminal, const char* options) {
+    const std::string command =
+        fmt::format("script -qec 'TERM={} {} --profile {} {} refresh >/dev/null' /dev/null >{}",
+                    terminal, FEEDLOOMCTL, profile_, options, folder_.File("shown"));
+    EXPECT_EQ(std::system((command + " </dev/null").c_str()), 0);
+    return folder_.Read("shown");
+  };
+  EXPECT_EQ(shown("xterm", ""), "\x1b[K0 of 1\r\x1b[K\r\x1b[K1 of 1\r\x1b[K\r");
+  EXPECT_EQ(shown("dumb", "") + shown("xterm", "--json") + Run("refresh").err, "");
+}
+
 TEST_F(Commands, APageAddsTheFirstFeedThatItAnnouncesAndNamesTheOthers) {
   const std::string page = server_.Url("/page");
   const auto link = [](const char* feed) {
