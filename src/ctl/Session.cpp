@@ -38,8 +38,10 @@ Failure MakeProfile(const std::string& dir, const InitOptions& options) {
 // Returns whether it can be used; prints an error when it cannot.
 bool Prepare(const ProfilePaths& paths) {
   if (!ProfileExists(paths)) {
-    if (!Succeeded(MakeProfile(paths.dir, {}))) return false;
-    PrintError(fmt::format("made a new profile in {}", paths.dir));
+    const Failure failure = MakeProfile(paths.dir, {});
+    if (failure && !ProfileExists(paths)) return Succeeded(failure);
+    // Else another program has made it in the same moment.
+    if (!failure) PrintError(fmt::format("made a new profile in {}", paths.dir));
   }
   if (!Registry(paths.registry).IsReadable()) {
     PrintError(fmt::format("{} is damaged; nothing was changed", paths.registry));
