@@ -14,7 +14,7 @@ namespace feedloom {
 namespace {
 
 constexpr std::chrono::milliseconds kPeriod(100);
-constexpr int kMostShown = 200;  // characters of what was refused
+constexpr int kMostShown = 60;  // characters of what was refused
 
 // A dialog, a menu or a drag has an event loop of its own.
 bool IsUserBusy() {
@@ -51,12 +51,13 @@ void ContentQueue::GiveNext() {
 void ContentQueue::Report() {
   look_.stop();
   QStringList texts;
-  const QString name = QFile::decodeName(firstRefused_.c_str()).left(kMostShown);
+  if (omitted_ > 0) texts << HostText(kHostTextContentsOmitted).arg(omitted_).arg(kMostWaiting);
+  const QString whole = QFile::decodeName(firstRefused_.c_str());
+  const QString name = whole.size() > kMostShown ? whole.left(kMostShown) + "…" : whole;
   if (refused_ == 1) texts << HostText(kHostTextContentRefused).arg(name);
   if (refused_ > 1) {
     texts << HostText(kHostTextContentsRefused).arg(QString::number(refused_ - 1), name);
   }
-  if (omitted_ > 0) texts << HostText(kHostTextContentsOmitted).arg(omitted_).arg(kMostWaiting);
   if (!texts.isEmpty()) window_.ShowText(texts.join(' '));
   refused_ = omitted_ = 0;
 }

@@ -125,9 +125,9 @@ TEST_F(HostWindowTest, OpensContentsOneByOneWhenTheUserIsFreeAndNamesWhatItDoesN
   const auto& status = *window_->statusBar()->findChild<QLabel*>();
   ASSERT_TRUE(QTest::qWaitFor([&] { return !status.text().isEmpty(); }));
   EXPECT_EQ(opened_.mid(0, 5).join(' '), "http://a/ /no%1 http://b/ ftp://c/ x");
+  EXPECT_TRUE(status.text().startsWith("한 번에 10개까지 열 수 있습니다. 열지 않은 것: 93개"));
   EXPECT_TRUE(status.text().contains("추가하지 않았습니다: /no%1 외 7개"))
       << status.text().toStdString();
-  EXPECT_TRUE(status.text().contains("10개까지 열 수 있습니다. 열지 않은 것: 93개"));
 }
 
 TEST_F(HostWindowTest, TheMenuShowsWhetherTheModuleShowsUnreadPostsOnly) {
