@@ -23,6 +23,7 @@ constexpr char kUserHelp[] =
 struct Arguments {
   GlobalOptions global;
   InitOptions init;
+  BackupOptions backup;
   CheckOptions check;
   std::string place;
   AddOptions add;
@@ -75,6 +76,16 @@ void AddProfileCommands(CLI::App& app, Arguments& a) {
   init->add_option("--lang", a.init.language, "KOR or ENG; without it as the locale says")
       ->check(CLI::IsMember({"KOR", "ENG"}, CLI::ignore_case));
   init->callback([&a] { a.run = [&a] { return RunInit(a.global, a.init); }; });
+
+  CLI::App* backup = AddSubcommand(app, "backup", "Write the whole profile to one file");
+  backup->add_option("file", a.backup.file, "The file, which is replaced")->required();
+  backup->add_flag("--with-passwords", a.backup.passwords,
+                   "Also the names and passwords for feeds' servers");
+  backup->callback([&a] { a.run = [&a] { return RunBackup(a.global, a.backup); }; });
+
+  CLI::App* restore = AddSubcommand(app, "restore", "Give the profile what a backup holds");
+  restore->add_option("file", a.place, "The backup")->required();
+  restore->callback([&a] { a.run = [&a] { return RunRestore(a.global, a.place); }; });
 
   AddCommand(app, a, "list", "List folders, channels and cabinets",
              [](Session& session) { return RunList(session); });

@@ -25,6 +25,13 @@ struct InitOptions {
 };
 int RunInit(const GlobalOptions& global, const InitOptions& options);
 
+struct BackupOptions {
+  std::string file;
+  bool passwords = false;  // the backup holds the logins, too
+};
+int RunBackup(const GlobalOptions& global, const BackupOptions& options);
+int RunRestore(const GlobalOptions& global, const std::string& file);
+
 // `source` is a file or the address of a feed.
 struct CheckOptions {
   std::string source;  // a file or an address

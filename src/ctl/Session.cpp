@@ -6,7 +6,9 @@
 #include "fetch/FeedMemory.h"
 #include "profile/HostTexts.h"
 #include "profile/MovedProfile.h"
+#include "profile/ProfileBackup.h"
 #include "profile/ProfileDefaults.h"
+#include "profile/ProfileLock.h"
 #include "threads/Clock.h"
 
 namespace feedloom {
@@ -34,20 +36,21 @@ Failure MakeProfile(const std::string& dir, const InitOptions& options) {
   return CreateProfile(dir, ShareDir(), codePage, language);
 }
 
-// Creates the profile of `paths` when it does not exist, and checks and repairs it otherwise.
-// Returns whether it can be used; prints an error when it cannot.
+// A window that has the profile has completed it already, and would not see the change.
+Failure CompleteInterruptedRestore(const ProfilePaths& paths) {
+  if (!IsRestorePending(paths)) return {};
+  ProfileLock lock;
+  if (auto failure = lock.Take(paths.dir)) return failure;
+  return CompleteRestore(paths);
+}
+
 bool Prepare(const ProfilePaths& paths) {
-  if (!ProfileExists(paths)) {
-    const Failure failure = MakeProfile(paths.dir, {});
-    if (failure && !ProfileExists(paths)) return Succeeded(failure);
-    // Else another program has made it in the same moment.
-    if (!failure) PrintError(fmt::format("made a new profile in {}", paths.dir));
-  }
+  if (!Succeeded(CompleteInterruptedRestore(paths))) return false;
   if (!Registry(paths.registry).IsReadable()) {
     PrintError(fmt::format("{} is damaged; nothing was changed", paths.registry));
     return false;
   }
-  FollowMove(AbsolutePath(paths.dir));
+  FollowMove(paths.dir);
   return Succeeded(RepairSharePaths(paths.dir, ShareDir()));
 }
 
@@ -65,13 +68,29 @@ int RunInit(const GlobalOptions& global, const InitOptions& options) {
   return kSuccess;
 }
 
-std::unique_ptr<Session> Session::Open(const GlobalOptions& global, DatabaseUse use) {
+std::optional<ProfilePaths> FindProfile(const GlobalOptions& global) {
   const std::string dir = ProfileDir(global);
-  if (dir.empty()) return nullptr;
-  const ProfilePaths paths(dir);
-  if (!Prepare(paths)) return nullptr;
+  if (dir.empty()) return std::nullopt;
+  const ProfilePaths paths(AbsolutePath(dir));
+  if (ProfileExists(paths)) return paths;
+  const Failure failure = MakeProfile(paths.dir, {});
+  const bool isThere = ProfileExists(paths);  // another program may have made it in the same moment
+  if (!isThere) PrintError(failure.value_or(""));
+  if (!failure) PrintError(fmt::format("made a new profile in {}", paths.dir));
+  return isThere ? std::optional(paths) : std::nullopt;
+}
+
+std::optional<ProfilePaths> OpenProfile(const GlobalOptions& global) {
+  auto paths = FindProfile(global);
+  if (paths && !Prepare(*paths)) paths.reset();
+  return paths;
+}
+
+std::unique_ptr<Session> Session::Open(const GlobalOptions& global, DatabaseUse use) {
+  const auto paths = OpenProfile(global);
+  if (!paths) return nullptr;
   const auto began = std::chrono::steady_clock::now();
-  std::unique_ptr<Session> session(new Session(global, paths, use));
+  std::unique_ptr<Session> session(new Session(global, *paths, use));
   const auto patience = kPatience - (std::chrono::steady_clock::now() - began);
   if (WaitForLocks(session->database_.get(), use,
                    std::chrono::duration_cast<std::chrono::milliseconds>(patience))) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,12 @@
 #include "store/Store.h"
 
 namespace feedloom {
+
+// The paths of the profile that `global` names, which is created when there is none. FindProfile
+// looks no further, OpenProfile also checks and repairs it. After a failure they print an error and
+// return nothing.
+std::optional<ProfilePaths> FindProfile(const GlobalOptions& global);
+std::optional<ProfilePaths> OpenProfile(const GlobalOptions& global);
 
 // A profile that is open for one command. Belongs to the main thread; any thread may call its const
 // functions.

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "files/Path.h"
+#include "files/WorkFiles.h"
 #include "text/Text.h"
 
 namespace feedloom {
@@ -154,7 +155,9 @@ FeedVisits ReadFeedVisits(std::string_view text) {
   return visits;
 }
 
-std::string FeedMemoryPath(const std::string& workDir) { return JoinPath(workDir, "feed_memory"); }
+std::string FeedMemoryPath(const std::string& workDir) {
+  return JoinPath(workDir, kFeedMemoryFile);
+}
 
 void FeedMemory::Load() {
   FeedVisits visits = ReadFile();

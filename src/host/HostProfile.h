@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "host/ProfileLock.h"
 #include "profile/KeptDatabase.h"
 #include "profile/Profile.h"
+#include "profile/ProfileLock.h"
 
 namespace feedloom {
 

@@ -67,15 +67,6 @@ bool CopyPages(sqlite3* from, sqlite3* to) {
          Execute(to, kOneFile);
 }
 
-bool CopyDatabase(const std::string& fromPath, const std::string& toPath) {
-  const Handle from = Open(fromPath, SQLITE_OPEN_READWRITE);
-  if (!from) return false;
-  KeepWriteAheadLog(from.get());  // the host program ends it
-  if (!HasTables(from.get())) return false;
-  const Handle to = Open(toPath, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-  return to && CopyPages(from.get(), to.get()) && IsSound(to.get());
-}
-
 bool ReachedDisk(const std::string& path) {
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0) return false;
@@ -91,10 +82,37 @@ bool BackupDatabase(Store& store) {
   const MutexLock lock(store.Lock());
   // A killed program may have left them.
   for (const char* suffix : {"", "-wal"}) std::remove((unfinished + suffix).c_str());
-  const bool made = CopyDatabase(store.DbPath(), unfinished) && ReachedDisk(unfinished) &&
+  const bool made = CopyDatabase(store.DbPath(), unfinished) &&
                     std::rename(unfinished.c_str(), copy.c_str()) == 0;
   if (!made) std::remove(unfinished.c_str());
   return made;
+}
+
+bool CopyDatabase(const std::string& fromPath, const std::string& toPath) {
+  const Handle from = Open(fromPath, SQLITE_OPEN_READWRITE);
+  if (!from) return false;
+  KeepWriteAheadLog(from.get());  // the host program ends it
+  if (!HasTables(from.get())) return false;
+  const Handle to = Open(toPath, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  return to && CopyPages(from.get(), to.get()) && IsSound(to.get()) && ReachedDisk(toPath);
+}
+
+bool IsWholeDatabase(const std::string& path) {
+  const Handle handle = Open(path, SQLITE_OPEN_READWRITE);
+  if (!handle) return false;
+  KeepWriteAheadLog(handle.get());
+  return HasTables(handle.get()) && IsSound(handle.get());
+}
+
+bool ReplaceContent(const std::string& toPath, const std::string& fromPath) {
+  const Handle from = Open(fromPath, SQLITE_OPEN_READONLY);
+  const Handle to = Open(toPath, SQLITE_OPEN_READWRITE);
+  if (!from || !to) return false;
+  KeepWriteAheadLog(to.get());
+  sqlite3_backup* const backup = sqlite3_backup_init(to.get(), "main", from.get(), "main");
+  if (backup == nullptr) return false;
+  const int status = sqlite3_backup_step(backup, -1);
+  return sqlite3_backup_finish(backup) == SQLITE_OK && status == SQLITE_DONE;
 }
 
 }  // namespace feedloom

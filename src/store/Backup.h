@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "store/Store.h"
 
 namespace feedloom {
@@ -11,5 +13,18 @@ namespace feedloom {
 // write-ahead mode. Returns false when the copy cannot be made or the database is damaged: the
 // older copy stays then, and nothing is reported. Takes about 4 ms a megabyte. Any thread.
 bool BackupDatabase(Store& store);
+
+// Whether the file at `path` is a database with the store's tables and without damage. Reads all of
+// it.
+bool IsWholeDatabase(const std::string& path);
+
+// Copies the database at `from` to the file at `to`, which is new or empty, while other programs
+// may use it. The copy is one file, and on the disk. Returns false when there is damage or no such
+// database; `to` then is of no use.
+bool CopyDatabase(const std::string& from, const std::string& to);
+
+// Makes the database at `to` one with the content of the one at `from`, in one transaction. Other
+// programs may use it meanwhile. Returns false, and changes nothing, after a failure.
+bool ReplaceContent(const std::string& to, const std::string& from);
 
 }  // namespace feedloom

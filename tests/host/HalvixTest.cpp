@@ -8,9 +8,9 @@
 #include <fstream>
 
 #include "files/Registry.h"
-#include "host/ProfileLock.h"
 #include "kit/TempFolder.h"
 #include "profile/Profile.h"
+#include "profile/ProfileLock.h"
 #include "skin/Keys.h"
 
 namespace feedloom {

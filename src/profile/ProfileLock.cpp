@@ -1,4 +1,4 @@
-#include "host/ProfileLock.h"
+#include "profile/ProfileLock.h"
 
 #include <fcntl.h>
 #include <fmt/core.h>
