@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QThread>
+#include <QUrl>
 #include <chrono>
 
 #include "host/HostTables.h"
@@ -20,6 +21,14 @@ constexpr int kMostShown = 60;  // characters of what was refused
 bool IsUserBusy() {
   return QApplication::activeModalWidget() != nullptr ||
          QApplication::activePopupWidget() != nullptr || QThread::currentThread()->loopLevel() > 1;
+}
+
+// A content as the user is told it: in short, and without a user name and a password.
+QString NameOf(const std::string& content) {
+  const QString text = QFile::decodeName(content.c_str());
+  const QUrl url(text);
+  const QString plain = url.userInfo().isEmpty() ? text : url.toString(QUrl::RemoveUserInfo);
+  return plain.size() > kMostShown ? plain.left(kMostShown) + "…" : plain;
 }
 
 }  // namespace
@@ -52,8 +61,7 @@ void ContentQueue::Report() {
   look_.stop();
   QStringList texts;
   if (omitted_ > 0) texts << HostText(kHostTextContentsOmitted).arg(omitted_).arg(kMostWaiting);
-  const QString whole = QFile::decodeName(firstRefused_.c_str());
-  const QString name = whole.size() > kMostShown ? whole.left(kMostShown) + "…" : whole;
+  const QString name = NameOf(firstRefused_);
   if (refused_ == 1) texts << HostText(kHostTextContentRefused).arg(name);
   if (refused_ > 1) {
     texts << HostText(kHostTextContentsRefused).arg(QString::number(refused_ - 1), name);

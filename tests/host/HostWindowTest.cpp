@@ -9,6 +9,7 @@
 #include "host/HostSwitches.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
+#include "host/RaiseWindow.h"
 #include "host/WindowGeometry.h"
 #include "kit/ShippedSkin.h"
 #include "shell/Feedloom.h"
@@ -113,7 +114,7 @@ TEST_F(HostWindowTest, OpensContentsOneByOneWhenTheUserIsFreeAndNamesWhatItDoesN
   QDialog dialog(window_.get());
   dialog.setModal(true);
   dialog.show();
-  HandOver many{{"http://a/", "/no%1", "http://b/", "ftp://c/"}, 3};
+  HandOver many{{"http://a/", "ftp://me:pw@c/%10", "http://b/", "/no"}, 3};
   many.contents.resize(ContentQueue::kMostWaiting + 90, "x");
   contents.Add(many);
   QTimer look;  // behind those of the queue
@@ -124,10 +125,19 @@ TEST_F(HostWindowTest, OpensContentsOneByOneWhenTheUserIsFreeAndNamesWhatItDoesN
   dialog.close();
   const auto& status = *window_->statusBar()->findChild<QLabel*>();
   ASSERT_TRUE(QTest::qWaitFor([&] { return !status.text().isEmpty(); }));
-  EXPECT_EQ(opened_.mid(0, 5).join(' '), "http://a/ /no%1 http://b/ ftp://c/ x");
+  EXPECT_EQ(opened_.mid(0, 5).join(' '), "http://a/ ftp://me:pw@c/%10 http://b/ /no x");
   EXPECT_TRUE(status.text().startsWith("한 번에 10개까지 열 수 있습니다. 열지 않은 것: 93개"));
-  EXPECT_TRUE(status.text().contains("추가하지 않았습니다: /no%1 외 7개"))
+  EXPECT_TRUE(status.text().contains("추가하지 않았습니다: ftp://c/%10 외 7개"))
       << status.text().toStdString();
+}
+
+TEST_F(HostWindowTest, ComesBackFromWhereverItIs) {
+  window_->hide();
+  RaiseWindow(*window_);
+  EXPECT_TRUE(window_->isVisible() && QTest::qWaitForWindowActive(window_.get()));
+  window_->setWindowState(Qt::WindowMinimized | Qt::WindowMaximized);
+  RaiseWindow(*window_);
+  EXPECT_EQ(window_->windowState() & ~Qt::WindowActive, Qt::WindowMaximized);
 }
 
 TEST_F(HostWindowTest, TheMenuShowsWhetherTheModuleShowsUnreadPostsOnly) {
