@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <map>
 #include <string_view>
@@ -20,6 +21,7 @@
 #include "profile/MovedProfile.h"
 #include "skin/HostConfig.h"
 #include "store/Backup.h"
+#include "store/WriteAheadLog.h"
 
 namespace feedloom {
 namespace {
@@ -46,6 +48,15 @@ KeptDatabase Open(const std::string& path, int flags) {
   const bool isOpen = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr) == SQLITE_OK;
   KeptDatabase database(opened);
   return isOpen ? std::move(database) : nullptr;
+}
+
+// Waits for other programs' locks: a locked database must not pass for a damaged one.
+Failure CheckUnlocked(const std::string& path, DatabaseUse use) {
+  constexpr std::chrono::seconds kPatience(5);
+  const KeptDatabase database = Open(path, SQLITE_OPEN_READWRITE);
+  if (database) KeepWriteAheadLog(database.get());
+  if (WaitForLocks(database.get(), use, kPatience)) return {};
+  return fmt::format("The database '{}' is in use by another program.", path);
 }
 
 // One that a file can be copied into, for its user alone.
@@ -158,6 +169,7 @@ Failure BackUpProfile(const ProfilePaths& paths, const std::string& file, Backed
   if (!HasWholeRegistry(parts)) {
     return fmt::format("The registry file '{}' cannot be read or is damaged.", paths.registry);
   }
+  if (auto failure = CheckUnlocked(paths.database, DatabaseUse::Read)) return failure;
   return CopyTo(paths.database, file, parts);
 }
 
@@ -165,6 +177,7 @@ Failure TakeBackup(const ProfilePaths& paths, const std::string& file) {
   if (!HasWholeRegistry(ReadParts(file)) || !IsWholeDatabase(file)) {
     return fmt::format("'{}' is no backup of a profile, or it is damaged.", file);
   }
+  if (auto failure = CheckUnlocked(paths.database, DatabaseUse::Write)) return failure;
   const std::string pending = PendingFile(paths);
   const std::string taken = pending + ".taken";  // `file` may be the one that is written next
   if (auto failure = CopyTo(file, taken, {})) return failure;
@@ -180,6 +193,7 @@ Failure TakeBackup(const ProfilePaths& paths, const std::string& file) {
 Failure CompleteRestore(const ProfilePaths& paths) {
   if (!IsRestorePending(paths)) return {};
   const std::string pending = PendingFile(paths);
+  if (auto failure = CheckUnlocked(paths.database, DatabaseUse::Write)) return failure;
   if (auto failure = RestoreDatabase(paths.database, pending)) return failure;
   const auto places = PlacesOf(paths);
   for (const auto& [name, content] : ReadParts(pending)) {

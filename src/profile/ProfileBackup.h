@@ -1,6 +1,7 @@
 // Backups of a profile: one file, an SQLite database like that of the profile, with the profile's
 // other files in a table of its own, FEEDLOOM_BACKUP. Failures are messages for the user (UTF-8).
-// Paths are the file system's bytes.
+// Paths are the file system's bytes. The functions that use the profile's database wait 5 s for
+// locks of other programs, and then fail.
 #pragma once
 
 #include <string>
