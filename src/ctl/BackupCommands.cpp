@@ -1,9 +1,10 @@
-// feedloomctl backup and restore: the whole profile in one file.
+// feedloomctl backup, restore and convert: the whole profile in one file, and in another code page.
 #include <fmt/core.h>
 
 #include "ctl/Commands.h"
 #include "ctl/Output.h"
 #include "ctl/Session.h"
+#include "profile/ConvertProfile.h"
 #include "profile/ProfileBackup.h"
 #include "profile/ProfileLock.h"
 
@@ -31,6 +32,12 @@ Failure Restore(const ProfilePaths& paths, const std::string& file) {
   return CompleteRestore(paths);
 }
 
+Failure Convert(const ProfilePaths& paths) {
+  ProfileLock lock;
+  if (auto failure = lock.Take(paths.dir)) return failure;
+  return ConvertToUtf8(paths);
+}
+
 }  // namespace
 
 int RunBackup(const GlobalOptions& global, const BackupOptions& options) {
@@ -45,6 +52,13 @@ int RunRestore(const GlobalOptions& global, const std::string& file) {
   const auto paths = FindProfile(global);
   if (!paths) return kFailure;
   return Told(global, Restore(*paths, AbsolutePath(file)), "restored");
+}
+
+int RunConvert(const GlobalOptions& global) {
+  const auto paths = OpenProfile(global);
+  if (!paths) return kFailure;
+  const bool isUtf8 = HostConfig(Registry(paths->registry)).GetCodePage() == CodePage::Utf8();
+  return Told(global, Convert(*paths), isUtf8 ? "its texts are in UTF-8 already" : "converted");
 }
 
 }  // namespace feedloom

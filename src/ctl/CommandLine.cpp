@@ -87,6 +87,9 @@ void AddProfileCommands(CLI::App& app, Arguments& a) {
   restore->add_option("file", a.place, "The backup")->required();
   restore->callback([&a] { a.run = [&a] { return RunRestore(a.global, a.place); }; });
 
+  AddSubcommand(app, "convert", "Give the profile UTF-8 texts in place of Korean ones (EUC-KR)")
+      ->callback([&a] { a.run = [&a] { return RunConvert(a.global); }; });
+
   AddCommand(app, a, "list", "List folders, channels and cabinets",
              [](Session& session) { return RunList(session); });
 }

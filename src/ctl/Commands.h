@@ -31,6 +31,7 @@ struct BackupOptions {
 };
 int RunBackup(const GlobalOptions& global, const BackupOptions& options);
 int RunRestore(const GlobalOptions& global, const std::string& file);
+int RunConvert(const GlobalOptions& global);
 
 // `source` is a file or the address of a feed.
 struct CheckOptions {

@@ -173,6 +173,20 @@ Failure BackUpProfile(const ProfilePaths& paths, const std::string& file, Backed
   return CopyTo(paths.database, file, parts);
 }
 
+bool ChangeBackup(const std::string& file, const RegistryEntry& entry,
+                  const std::function<bool(sqlite3*)>& change) {
+  auto entries = ParseRegistryFile(ReadParts(file)[kRegistry]);
+  if (!entries) return false;
+  std::erase_if(*entries, [&](const RegistryEntry& each) {
+    return each.key == entry.key && each.name == entry.name;
+  });
+  entries->insert(entries->begin(), entry);
+  const KeptDatabase database = Open(file, SQLITE_OPEN_READWRITE);
+  return database && change(database.get()) &&
+         Execute(database.get(), "DELETE FROM FEEDLOOM_BACKUP WHERE name = 'registry.reg'") &&
+         AddPart(database.get(), kRegistry, FormatRegistryFile(*entries));
+}
+
 Failure TakeBackup(const ProfilePaths& paths, const std::string& file) {
   if (!HasWholeRegistry(ReadParts(file)) || !IsWholeDatabase(file)) {
     return fmt::format("'{}' is no backup of a profile, or it is damaged.", file);

@@ -4,9 +4,13 @@
 // locks of other programs, and then fail.
 #pragma once
 
+#include <functional>
 #include <string>
 
+#include "files/RegistryFile.h"
 #include "profile/Profile.h"
+
+struct sqlite3;
 
 namespace feedloom {
 
@@ -31,6 +35,11 @@ enum class BackedUpLogins { LeftOut, Included };
 
 // Whether a backup was taken and CompleteRestore has still something to do.
 bool IsRestorePending(const ProfilePaths& paths);
+
+// Changes the backup in `file`: gives its registry the value `entry`, and calls `change` with its
+// database. Returns false, and leaves the file of no use, when `change` does or after a failure.
+[[nodiscard]] bool ChangeBackup(const std::string& file, const RegistryEntry& entry,
+                                const std::function<bool(sqlite3*)>& change);
 
 // The file in which TakeBackup keeps what the profile was.
 std::string FormerProfile(const ProfilePaths& paths);

@@ -56,6 +56,20 @@ TEST_F(Backup, TakesThePlaceOfADamagedDatabaseAndNothingElseTakesOne) {
   EXPECT_EQ(folder_.Read("profile/module/rssdb.damaged"), "damaged");
 }
 
+TEST_F(Backup, IsMadeOfAProfileBeforeItsTextsAreConverted) {
+  Run("import " + folder_.Write("list", OpmlDocument(NumberedFolder("똠방", 2))));
+  Run("delete --channel 2");
+  const std::string before = Out("list");
+  EXPECT_EQ(Out("convert"), "converted\n");
+  EXPECT_EQ(Out("list"), before);
+  EXPECT_NE(folder_.Read("profile/module/rssdb").find("똠방"), std::string::npos);
+  Run("import " + folder_.Write("list", OpmlDocument(NumberedFolder("é😀", 1))));
+  EXPECT_NE(Out("list").find("é😀"), std::string::npos);
+  EXPECT_EQ(Out("convert"), "its texts are in UTF-8 already\n");
+  Run("restore " + profile_ + "/before-restore.db");
+  EXPECT_EQ(Out("list"), before);
+}
+
 TEST_F(Backup, IsRestoredByTheNextCommandWhereThatWasInterrupted) {
   Run("backup " + file_);
   Run("delete --channel 2");
