@@ -11,8 +11,10 @@
 
 #include "files/Registry.h"
 #include "host/CommandLine.h"
+#include "profile/DailyCopies.h"
 #include "profile/HostWishes.h"
 #include "profile/MovedProfile.h"
+#include "profile/ProfileBackup.h"
 #include "profile/ProfileDefaults.h"
 #include "skin/HostConfig.h"
 #include "skin/Keys.h"
@@ -91,7 +93,9 @@ Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
   if (auto failure = CheckCodePage(paths, options)) return failure;
   if (auto failure = CheckWritable(paths)) return failure;
   if (auto failure = profile.lock.Take(paths.dir)) return failure;
+  if (auto failure = CompleteRestore(paths)) return failure;
   FollowMove(paths.dir);
+  KeepDailyCopy(paths);
   if (auto failure = RepairSharePaths(paths.dir, ShareDir())) return failure;
   if (auto failure = StoreHostWishes(paths.dir)) return failure;
   profile.database = KeepDatabase(paths.database, ShareDir(), kPatience);

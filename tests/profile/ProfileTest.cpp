@@ -1,8 +1,11 @@
+#include <fcntl.h>
 #include <sqlite3.h>
 #include <stdlib.h>
 
+#include "kit/ManualClock.h"
 #include "kit/TempFolder.h"
 #include "net/UrlDownload.h"
+#include "profile/DailyCopies.h"
 #include "profile/HostTexts.h"
 #include "profile/HostWishes.h"
 #include "profile/IniFile.h"
@@ -198,6 +201,24 @@ TEST_F(ProfileTest, PathsThatAreGoneAreRepairedAndTheSkinStays) {
   }
   folder_.Write("deep/내 프로필/registry.reg", "not a registry");
   EXPECT_NE(Repair(), "");
+}
+
+TEST_F(ProfileTest, TheCopiesOfTheLastFiveDaysAreKept) {
+  ASSERT_EQ(Create(), "");
+  KeepDailyCopy(paths_);
+  EXPECT_EQ(Entries(), kAll) << "no copy yet";
+  const std::string last = paths_.database + ".bak";
+  for (const char* copy : {"a", "b", "c", "d", "e", "f", "g"}) {
+    fs::remove(last);
+    folder_.Write("deep/내 프로필/module/rssdb.bak", copy);
+    const timespec noon{NoonOf(2026, 5, std::min(*copy - 'a' + 1, 6)).time_since_epoch() / 1s, 0};
+    utimensat(0, last.c_str(), std::array{noon, noon}.data(), 0);  // two are of the sixth day
+    KeepDailyCopy(paths_);
+  }
+  std::string kept;
+  for (const std::string& copy : AutomaticCopies(paths_))
+    kept += copy.substr(copy.size() - 2) + ReadFile(copy).value() + " ";
+  EXPECT_EQ(kept, "akg 06g 05e 04d 03c 02b ");
 }
 
 TEST_F(ProfileTest, PathsInItFollowItWhenItIsMovedOrCopiedAndOthersStay) {
