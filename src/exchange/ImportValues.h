@@ -12,7 +12,9 @@ struct ListSource {
   // entered it.
   std::string place;
   bool isAddress = false;
-  // Whether the user is asked before anything is added, as the list comes from another program.
+  // Whether the list comes from another program. Then the user is asked before anything is added,
+  // and when it is a feed in place of a list, its address comes into the dialog that adds a
+  // channel.
   bool asksFirst = false;
 };
 

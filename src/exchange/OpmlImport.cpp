@@ -11,6 +11,7 @@
 
 #include "exchange/Missing.h"
 #include "exchange/OpmlExport.h"
+#include "feed/OwnAddress.h"
 #include "fetch/FeedFetch.h"
 #include "fetch/TimeLimit.h"
 #include "files/TempFile.h"
@@ -31,7 +32,7 @@ constexpr std::uintmax_t kMaxFileSize = 64u << 20;  // bytes; a download may be 
 
 // Reading.
 
-ReadList Refused(std::string error) { return {std::nullopt, std::move(error)}; }
+ReadList Refused(std::string error) { return {std::nullopt, std::move(error), {}}; }
 
 ReadList ReadDocument(const std::string& path, const std::string& listName,
                       const FetchServices& services, const std::stop_token& stop) {
@@ -45,9 +46,9 @@ ReadList ReadDocument(const std::string& path, const std::string& listName,
   }
   const OpmlReading reading = services.isLenient ? OpmlReading::Lenient : OpmlReading::Strict;
   const auto outlines = ReadOpml(document.Root(), services.TextCodePage(), reading, stop);
-  if (!outlines) return Refused("this is not OPML");
+  if (!outlines) return {std::nullopt, "this is not OPML", OwnAddress(document.Root())};
   auto plan = PlanImport(*outlines, listName);
-  return plan ? ReadList{std::move(plan), {}} : Refused("the list is too long");
+  return plan ? ReadList{std::move(plan), {}, {}} : Refused("the list is too long");
 }
 
 ReadList ReadListFile(const std::string& path, const FetchServices& services,

@@ -16,6 +16,8 @@ namespace feedloom {
 struct ReadList {
   std::optional<ImportPlan> plan;
   std::string error;  // English; empty when there is a plan
+  // Where the document, which is a feed in place of a list, is to be had (OwnAddress).
+  std::string feed = {};
 };
 
 // Reads the list at `source`. An address is downloaded to a temporary file first, with the limits

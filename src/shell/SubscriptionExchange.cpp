@@ -7,6 +7,7 @@
 
 #include "exchange/Missing.h"
 #include "exchange/OpmlExport.h"
+#include "feed/WebAddress.h"
 #include "skin/Keys.h"
 #include "skin/TextPlaceholders.h"
 #include "ui/Desk.h"
@@ -51,6 +52,8 @@ void SubscriptionExchange::Import(const ListSource& source,
     onEnd(result.sums);
   };
   importer_.Read(source, [this, source, end](const ReadList& list) {
+    const std::string feed = source.asksFirst ? EscapedAddress(list.feed) : "";
+    if (IsWebAddress(feed)) return AddFeed(feed);
     if (!list.plan) return end({.sums = std::nullopt, .error = list.error});
     const std::weak_ptr<const bool> life = life_;
     const auto clash = HowToAdd(source, *list.plan);
@@ -58,6 +61,12 @@ void SubscriptionExchange::Import(const ListSource& source,
     if (clash) return Add(*list.plan, *clash, end);
     desk_.ReportMessage(desk_.GetSkin().GetText(kSectionTexts, kTextOpmlCancelled));
   });
+}
+
+// Nothing is imported any more, and nothing has failed.
+void SubscriptionExchange::AddFeed(const std::string& address) {
+  desk_.ReportMessage("");
+  subscribing_.AddChannel(address);
 }
 
 std::optional<NameClash> SubscriptionExchange::HowToAdd(const ListSource& source,

@@ -48,7 +48,7 @@ class SubscriptionExchange {
   std::optional<int> Export(const std::string& path, const SubscriptionList& list);
   // As Subscribing::ImportOpml, except that `onEnd` is told what was imported, or none when the
   // list could not be read, for the caller to start the refresh or to show a message. It is not
-  // called when the user wants no import.
+  // called when the user wants no import, and when the dialog that adds a channel has come instead.
   void Import(const ListSource& source,
               std::function<void(const std::optional<ImportSums>&)> onEnd);
   // As Subscribing::Synchronise. `shown` returns what the tree holds at the end.
@@ -59,6 +59,7 @@ class SubscriptionExchange {
   struct Synchronisation;
 
   bool IsLenient() const;
+  void AddFeed(const std::string& address);
   std::optional<NameClash> HowToAdd(const ListSource& source, const ImportPlan& plan);
   void Add(const ImportPlan& plan, NameClash clash, std::function<void(const ImportEnd&)> onEnd);
   void ReportEnd(const ImportEnd& end);

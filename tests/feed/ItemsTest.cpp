@@ -4,6 +4,7 @@
 
 #include "feed/FeedAddress.h"
 #include "feed/FeedParser.h"
+#include "feed/OwnAddress.h"
 #include "kit/Rows.h"
 #include "kit/TempFolder.h"
 #include "text/Text.h"
@@ -183,6 +184,27 @@ TEST_F(Items, TellTheirAuthorsAndCategories) {
                     R"("url":"u:","authors":[{"name":"A"},{"url":"x"},{"name":"B"}],)"
                     R"("author":{"name":"A"},"tags":["a","b"]}]})"),
             "A,B|a,b");
+}
+
+TEST_F(Items, LeaveAFeedItsOwnAddressOrItsHomePage) {
+  const std::pair<const char*, const char*> documents[] = {
+      {"<feed><entry><link rel='self' href='e'/></entry><link href='h'/><link rel='self' "
+       "href='s'/></feed>",
+       "s"},
+      {"<feed><link rel='edit' href='x'/><link rel='alternate' href='h'/></feed>", "h"},
+      {"<rss version='2.0'><channel><link>h</link><atom:link href='s' rel='self'/></channel></rss>",
+       "s"},
+      {"<rss version='2.0'><channel><item><link>i</link></item><link> h </link></channel></rss>",
+       "h"},
+      {"<rdf:RDF><channel><link>h</link></channel><item><link>i</link></item></rdf:RDF>", "h"},
+      {"<rss version='2.0'/>", ""},
+      {"<opml><channel><link>h</link></channel></opml>", ""},
+      {"<html><link rel='self' href='s'/></html>", ""}};
+  for (const auto& [text, address] : documents) {
+    XmlDocument document;
+    ASSERT_EQ(document.Load(folder_.Write("feed", text)), XmlDocument::LoadStatus::Loaded);
+    EXPECT_EQ(OwnAddress(document.Root()), address) << text;
+  }
 }
 
 }  // namespace feedloom

@@ -64,9 +64,17 @@ TEST_F(Drops, WhatTheHostHandsOverIsAddedAfterAQuestion) {
   Answer();
   EXPECT_TRUE(open(list));
   EXPECT_TRUE(WaitUntil([&] { return Labels().join(' ').contains("Handed"); }));
-  answers_.Next([&](QDialog& dialog) { shown = dialog.findChild<QLineEdit*>()->text(); });
-  EXPECT_TRUE(open("feed://a.example/"));
-  EXPECT_TRUE(WaitUntil([&] { return shown == "feed://a.example/"; })) << shown.toStdString();
+  const std::string feed =
+      files.Write("feed",
+                  "<rss version='2.0'><channel><atom:link rel='self' href='http://a.example/%41'/>"
+                  "</channel></rss>");
+  for (const auto& [content, address] :
+       {std::pair(std::string("feed://a.example/"), "feed://a.example/"),
+        {feed, "http://a.example/%41"}}) {
+    answers_.Next([&](QDialog& dialog) { shown = dialog.findChild<QLineEdit*>()->text(); });
+    EXPECT_TRUE(open(content));
+    EXPECT_TRUE(WaitUntil([&] { return shown == address; })) << shown.toStdString();
+  }
 }
 
 }  // namespace feedloom
