@@ -68,12 +68,11 @@ TEST_F(Drops, WhatTheHostHandsOverIsAddedAfterAQuestion) {
       files.Write("feed",
                   "<rss version='2.0'><channel><atom:link rel='self' href='http://a.example/%41'/>"
                   "</channel></rss>");
-  for (const auto& [content, address] :
-       {std::pair(std::string("feed://a.example/"), "feed://a.example/"),
-        {feed, "http://a.example/%41"}}) {
+  for (const auto& row : {std::pair(std::string("feed://a.example/"), "feed://a.example/"),
+                          {feed, "http://a.example/%41"}}) {
     answers_.Next([&](QDialog& dialog) { shown = dialog.findChild<QLineEdit*>()->text(); });
-    EXPECT_TRUE(open(content));
-    EXPECT_TRUE(WaitUntil([&] { return shown == address; })) << shown.toStdString();
+    EXPECT_TRUE(open(row.first));
+    EXPECT_TRUE(WaitUntil([&] { return shown == row.second; })) << shown.toStdString();
   }
 }
 
