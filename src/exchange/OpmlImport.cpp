@@ -11,6 +11,7 @@
 
 #include "exchange/Missing.h"
 #include "exchange/OpmlExport.h"
+#include "feed/JsonFeed.h"
 #include "feed/OwnAddress.h"
 #include "fetch/FeedFetch.h"
 #include "fetch/TimeLimit.h"
@@ -34,6 +35,14 @@ constexpr std::uintmax_t kMaxFileSize = 64u << 20;  // bytes; a download may be 
 
 ReadList Refused(std::string error) { return {std::nullopt, std::move(error), {}}; }
 
+// The home page of a JSON Feed; empty when the file at `path` is none.
+std::string JsonFeedPage(const std::string& path, const FetchServices& services,
+                         const std::stop_token& stop) {
+  if (!services.isLenient || !LooksLikeJson(path)) return {};
+  const JsonFeed feed = ReadJsonFeed(path, services.TextCodePage(), {}, stop);
+  return feed.code == kParsed ? feed.header.link : "";
+}
+
 ReadList ReadDocument(const std::string& path, const std::string& listName,
                       const FetchServices& services, const std::stop_token& stop) {
   using Status = XmlDocument::LoadStatus;
@@ -42,7 +51,8 @@ ReadList ReadDocument(const std::string& path, const std::string& listName,
   const Status status = document.Load(path, stop, {.most = kMostListMemory}, faults);
   if (status == Status::TooLarge) return Refused("the list is too long");
   if (status == Status::Unreadable) {
-    return Refused("it cannot be read, or is not well-formed XML");
+    return {std::nullopt, "it cannot be read, or is not well-formed XML",
+            JsonFeedPage(path, services, stop)};
   }
   const OpmlReading reading = services.isLenient ? OpmlReading::Lenient : OpmlReading::Strict;
   const auto outlines = ReadOpml(document.Root(), services.TextCodePage(), reading, stop);

@@ -250,4 +250,16 @@ TEST_F(Opml, AStopOrAFailureEndsItWhatWasAddedStaysAndTheRestIsCounted) {
   EXPECT_EQ(kit_.db.Count("TB_CHANNEL") + kit_.db.Count("TB_FOLDER"), 105);
 }
 
+TEST_F(Opml, AFeedInPlaceOfAListIsNamedByItsAddress) {
+  const std::string json =
+      R"({"version":"https://jsonfeed.org/version/1","home_page_url":"http://h/","items":[]})";
+  const std::string atom = "<feed><link rel='self' href='http://s/'/></feed>";
+  for (isLenient_ = false;; isLenient_ = true) {
+    EXPECT_EQ(Read({.place = files_.Write("feed", json)}).feed, isLenient_ ? "http://h/" : "");
+    EXPECT_EQ(Read({.place = files_.Write("feed", atom)}).feed, "http://s/");
+    EXPECT_EQ(Read({.place = files_.Write("feed", R"({"home_page_url":"http://h/"})")}).feed, "");
+    if (isLenient_) break;
+  }
+}
+
 }  // namespace feedloom
