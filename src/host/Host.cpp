@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "host/ApplicationStyle.h"
+#include "host/BackupDialogs.h"
 #include "host/CommandLine.h"
 #include "host/DesktopTheme.h"
 #include "host/ErrorReport.h"
@@ -30,6 +31,7 @@
 #include "host/Timings.h"
 #include "host/WindowGeometry.h"
 #include "profile/HostTexts.h"
+#include "profile/ProfileBackup.h"
 #include "profile/SharePaths.h"
 #include "skin/HostConfig.h"
 #include "skin/Keys.h"
@@ -111,6 +113,14 @@ void KeepListPlace(HostWindow& window, const Registry& registry) {
         }
         window.SendToFrame(kMessageViewChanged);
       });
+}
+
+void OfferBackups(HostWindow& window, const HostProfile& profile) {
+  QObject::connect(&window, &HostWindow::BackupWanted, &window,
+                   [&] { BackUp(window, profile.paths); });
+  QObject::connect(&window, &HostWindow::RestoreWanted, &window, [&] {
+    Restore(window, profile.paths, [] { QCoreApplication::exit(kRestartWindow); });
+  });
 }
 
 // What the view menu shows at first.
@@ -203,6 +213,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   RestartOnAppearanceChoice(window, profile);
   KeepSwitches(window, registry);
   KeepListPlace(window, registry);
+  OfferBackups(window, profile);
   instance.Serve(window);
   LogTiming("window made");
   return Show(options, profile, module, window, refreshes).Run();
@@ -229,8 +240,10 @@ int RunApplication(char* programName, const HostOptions& options, const HostProf
   Instance instance(SocketPathsOf(profile.paths), std::move(first));
   const bool refreshes = profile.isNew && !options.screenshot;
   int status = ShowProfile(options, profile, module, terminationSignals, instance, refreshes);
-  while (status == kRestartWindow)
+  while (status == kRestartWindow) {
+    if (const Failure failure = CompleteRestore(profile.paths)) ReportError(*failure);
     status = ShowProfile(options, profile, module, terminationSignals, instance, false);
+  }
   return status;
 }
 

@@ -65,6 +65,9 @@ class HostWindow : public QMainWindow {
   void Closing();
   // The user has chosen another skin or language than the current one.
   void AppearanceChosen(const feedloom::Appearance& appearance);
+  // The user wants to back up the profile, or to restore a backup.
+  void BackupWanted();
+  void RestoreWanted();
   // The user has turned one of HostSwitches() on or off.
   void SwitchTurned(const feedloom::HostSwitch& which, bool isOn);
   // The user has chosen where the list stands.

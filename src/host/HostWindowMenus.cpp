@@ -23,6 +23,9 @@ void HostWindow::MakeMenu(const ViewChoices& view) {
   AddEntry(file, kHostTextMenuShowMessage, [this] { SendToFrame(kMessageShowTextAgain); });
   AddEntry(file, kHostTextMenuSettings, [this] { SendToFrame(kMessageOpenPanel); });
   file.addSeparator();
+  AddEntry(file, kHostTextMenuBackup, [this] { emit BackupWanted(); });
+  AddEntry(file, kHostTextMenuRestore, [this] { emit RestoreWanted(); });
+  file.addSeparator();
   AddEntry(file, kHostTextMenuQuit, [this] { close(); }).setShortcut(Qt::CTRL | Qt::Key_Q);
   MakeViewMenu(view);
   QMenu& help = *menuBar()->addMenu(HostText(kHostTextMenuHelp));

@@ -159,7 +159,7 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
     all << action->text() + (action->isChecked() ? "*" : "") + action->shortcut().toString();
   EXPECT_EQ(all.join(' ').toStdString(),
             "파일(&F) 모든 채널 새로 고침(&R)Ctrl+R 새로 고침 멈춤(&T) 마지막 메시지 보기(&M) 환경 "
-            "설정(&S)…  "
+            "설정(&S)…  백업(&B)… 백업에서 복원(&O)…  "
             "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E)  "
             "목록을 글 위에(&T) 목록을 글 옆에(&B)*  읽지 않은 글만 보기(&U) 링크를 시스템 "
             "브라우저에서 열기(&S) 사이트 아이콘(&C)* "
