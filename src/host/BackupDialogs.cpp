@@ -17,15 +17,17 @@ namespace feedloom {
 namespace {
 
 // The path that the user has chosen; empty when he has not.
-std::string ChooseFile(HostWindow& window, const char* titleKey, QFileDialog::AcceptMode mode) {
-  QFileDialog dialog(&window, HostText(titleKey),
+std::string ChooseFile(HostWindow& window, QFileDialog::AcceptMode mode) {
+  QFileDialog dialog(&window, HostText(kHostTextBackupFiles),
                      QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
   dialog.setAcceptMode(mode);
   const bool isSaved = mode == QFileDialog::AcceptSave;
   dialog.setFileMode(isSaved ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialog.setNameFilters({HostText(kHostTextBackupFiles) + " (*.db)", "* (*)"});
-  dialog.setDefaultSuffix("db");
-  if (isSaved) dialog.selectFile("feedloom-" + QDate::currentDate().toString(Qt::ISODate) + ".db");
+  if (isSaved) {
+    dialog.setDefaultSuffix("db");
+    dialog.selectFile("feedloom-" + QDate::currentDate().toString(Qt::ISODate) + ".db");
+  }
   if (dialog.exec() != QDialog::Accepted) return {};
   return QFile::encodeName(dialog.selectedFiles().value(0)).toStdString();
 }
@@ -52,7 +54,7 @@ bool Succeeded(HostWindow& window, const Failure& failure) {
 }  // namespace
 
 void BackUp(HostWindow& window, const ProfilePaths& paths) {
-  const std::string file = ChooseFile(window, kHostTextMenuBackup, QFileDialog::AcceptSave);
+  const std::string file = ChooseFile(window, QFileDialog::AcceptSave);
   if (file.empty()) return;
   const bool hasLogins = IsRegularFile(HostLoginsPath(Registry(paths.registry)));
   const bool withLogins = hasLogins && Consents(window, kHostTextBackupLogins);
@@ -62,7 +64,7 @@ void BackUp(HostWindow& window, const ProfilePaths& paths) {
 }
 
 void Restore(HostWindow& window, const ProfilePaths& paths, const std::function<void()>& restart) {
-  const std::string file = ChooseFile(window, kHostTextMenuRestore, QFileDialog::AcceptOpen);
+  const std::string file = ChooseFile(window, QFileDialog::AcceptOpen);
   if (file.empty() || !Consents(window, kHostTextRestoreQuestion)) return;
   if (Succeeded(window, TakeBackup(paths, file))) restart();
 }

@@ -3,7 +3,10 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QtWidgets>
+#include <fstream>
 
+#include "controls/DialogAnswers.h"
+#include "host/BackupDialogs.h"
 #include "host/CommandLine.h"
 #include "host/ContentQueue.h"
 #include "host/HostSwitches.h"
@@ -12,6 +15,8 @@
 #include "host/RaiseWindow.h"
 #include "host/WindowGeometry.h"
 #include "kit/ShippedSkin.h"
+#include "kit/TestProfile.h"
+#include "profile/ProfileBackup.h"
 #include "shell/Feedloom.h"
 
 namespace feedloom {
@@ -183,6 +188,38 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   QCoreApplication::processEvents();
   EXPECT_EQ(told, QStringList({"off: MENU_SITE_ICONS", "on: MENU_LINKS_OUTSIDE", "above",
                                "light KOR", "dark ENG", "closing"}));
+}
+
+TEST_F(HostWindowTest, ABackupTakesTheProfilesPlaceOnlyIfTheUserMeansIt) {
+  const TestProfile profile;
+  const std::string file = profile.Paths().dir + "/b.db";
+  std::ofstream(profile.Paths().dir + "/logins.reg");
+  DialogAnswers answers;
+  const auto choose = [&] {
+    answers.Next([&](QDialog& dialog) {
+      dialog.findChild<QLineEdit*>()->setText(QString::fromStdString(file));
+      dialog.accept();
+    });
+  };
+  const auto consent = [&](bool isMeant) {
+    answers.Next([isMeant](QDialog& dialog) {
+      if (!isMeant) return QTest::keyClick(&dialog, Qt::Key_Return);
+      dynamic_cast<QMessageBox&>(dialog).button(QMessageBox::Yes)->click();
+    });
+  };
+  choose(), consent(false);  // without logins
+  BackUp(*window_, profile.Paths());
+  EXPECT_TRUE(std::filesystem::exists(file));
+  int restarts = 0;
+  for (const bool isMeant : {false, true}) {
+    EXPECT_TRUE(restarts == 0 && !IsRestorePending(profile.Paths()));
+    choose(), consent(isMeant);
+    Restore(*window_, profile.Paths(), [&] { ++restarts; });
+  }
+  EXPECT_TRUE(restarts == 1 && IsRestorePending(profile.Paths()));
+  std::filesystem::remove(profile.Paths().dir + "/logins.reg");
+  EXPECT_EQ(CompleteRestore(profile.Paths()), Failure());
+  EXPECT_FALSE(std::filesystem::exists(profile.Paths().dir + "/logins.reg"));
 }
 
 TEST(CommandLine, GivesTheOptionsOrTheStatusToLeaveWith) {
