@@ -140,6 +140,7 @@ void CRSS_MainFrame::ConnectTree() {
   connect(left_, &CRSS_LeftContainer::UnreadOnlyWanted, this, &CRSS_MainFrame::ShowUnreadOnly);
   connect(rightTop_, &CRSS_RightTopContainer::UnreadOnlyWanted, this,
           &CRSS_MainFrame::ShowUnreadOnly);
+  connect(left_, &CRSS_LeftContainer::Changed, this, [this] { news_.OnChange(); });
   connect(left_, &CRSS_LeftContainer::SearchWanted, this, [this] { rightTop_->FocusSearch(); });
 }
 
@@ -253,6 +254,9 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
     case kMessageShowKeys:
       ShowKeySheet(skin_, this);
       break;
+    case kMessageShowNewPosts:
+      news_.Show();
+      break;
     case kMessageOpenContent:
       return OpenContent(lParam) ? 1 : 0;
     case kMessageShowUnreadOnly:
@@ -270,6 +274,10 @@ bool CRSS_MainFrame::OpenContent(std::intptr_t content) {
   return text != nullptr && drops_.TakeHandedOver(*text);
 }
 
+std::optional<int> CRSS_MainFrame::UnreadCount() const {
+  return status_.IsTreeRead() ? std::optional(left_->UnreadInChannels()) : std::nullopt;
+}
+
 void CRSS_MainFrame::OnRunEnded() {
   const RefreshSums sums = refresh_.Sums();
   std::string told = RefreshSumsText(skin_, sums);
@@ -280,6 +288,7 @@ void CRSS_MainFrame::OnRunEnded() {
   SetRefreshBusy(false);
   if (icons_) icons_->Renew();
   if (channelNotice_) channelNotice_->OnRunEnded(sums.posts);
+  news_.OnRunEnded(sums.posts);
 }
 
 void CRSS_MainFrame::TellHost(unsigned number, std::intptr_t wParam, std::intptr_t lParam) {

@@ -11,6 +11,7 @@
 #include "fetch/FetchServices.h"
 #include "shell/FrameDrops.h"
 #include "shell/FrameRefresh.h"
+#include "shell/HostNews.h"
 #include "shell/ModulePaths.h"
 #include "shell/NewPostNotice.h"
 #include "shell/StatusLine.h"
@@ -134,6 +135,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   void StopRefresh();
   void EndImport(bool isRead);
   bool OpenContent(std::intptr_t content);
+  std::optional<int> UnreadCount() const;
   void OnRunEnded();
   void TellHost(unsigned number, std::intptr_t wParam, std::intptr_t lParam);
   void SetRefreshBusy(bool busy);
@@ -149,6 +151,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   StatusLine status_{*this};
   NewPostNotice notice_{*this};
   FrameDrops drops_{*this, *this, *this};
+  HostNews news_{*this, *this, *this, [this] { return UnreadCount(); }};
   UndoableSteps steps_{*this, UndoHooks(status_, *this)};
   FrameRefresh refresh_{interfaceThread_, services_,
                         [this](unsigned number, std::intptr_t wParam, std::intptr_t lParam) {

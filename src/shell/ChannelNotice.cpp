@@ -4,7 +4,7 @@
 #include <map>
 #include <utility>
 
-#include "shell/NewPostNotice.h"
+#include "shell/HostNews.h"
 #include "shell/RefreshTexts.h"
 #include "store/Search.h"
 #include "ui/Desk.h"
@@ -14,14 +14,13 @@
 #include "ui/tree/TimerPeriods.h"
 
 namespace feedloom {
-namespace {
 
-// The posts' channels, those with the most posts first.
 std::vector<ChannelCount> CountByChannel(std::span<const PostRow> posts) {
   std::map<int, ChannelCount> counts;
   for (const PostRow& post : posts) {
     ChannelCount& count = counts[post.ownerId];
     count.title = post.ownerTitle;
+    if (count.posts == 0) count.newest = post.title;
     ++count.posts;
   }
   std::vector<ChannelCount> channels;
@@ -29,8 +28,6 @@ std::vector<ChannelCount> CountByChannel(std::span<const PostRow> posts) {
   std::ranges::stable_sort(channels, std::greater(), &ChannelCount::posts);
   return channels;
 }
-
-}  // namespace
 
 ChannelNotice::ChannelNotice(Desk& desk, Reading& reading, const Settings& settings, QWidget& frame)
     : desk_(desk), reading_(reading), settings_(settings), frame_(frame) {
@@ -65,13 +62,8 @@ void ChannelNotice::Show(std::span<const PostRow> posts) {
   window_->AnnounceChannels(NewPostsText(desk_.GetSkin(), static_cast<int>(posts.size())),
                             CountByChannel(posts),
                             NoticeAlphaValue(settings_.newFeedMsgTransparency));
-  QObject::connect(window_, &CRSS_AnnounceDlg::Clicked, &frame_, [this, ids = std::move(ids)] {
-    BringUp(*frame_.window());
-    PostList list;
-    if (LoadPostsWithIds(desk_.GetStore(), ids, list.posts)) {
-      reading_.ListPosts(ListMode::Today, std::move(list));
-    }
-  });
+  QObject::connect(window_, &CRSS_AnnounceDlg::Clicked, &frame_,
+                   [this, ids = std::move(ids)] { ShowAnnounced(desk_, reading_, frame_, ids); });
 }
 
 }  // namespace feedloom

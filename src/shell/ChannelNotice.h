@@ -14,7 +14,11 @@ namespace feedloom {
 class CRSS_AnnounceDlg;
 class Desk;
 class Reading;
+struct ChannelCount;
 struct Settings;
+
+// The channels of `posts`, which are ordered newest first; those with the most posts first.
+std::vector<ChannelCount> CountByChannel(std::span<const PostRow> posts);
 
 // Announces the posts that refreshes have brought, by their channels, when a refresh has ended: at
 // most once in the period of the settings, and not at all without one. What comes before the period

@@ -101,14 +101,16 @@ bool LoadPostsWithIds(Store& store, std::span<const int> ids, std::vector<PostRo
 
 bool FindUnreadPosts(Store& store, std::span<const int> ids, std::vector<PostRow>& out) {
   const auto table = QueryOnce(
-      store, "Select post_id, post_channelID, channel_title From TB_POST Inner " JOIN_CHANNELS
-             " Where post_readStatus = 0 and " +
-                 HasOneOf(ids) + NEWEST_FIRST);
+      store,
+      "Select post_id, post_channelID, channel_title, post_title From TB_POST Inner " JOIN_CHANNELS
+      " Where post_readStatus = 0 and " +
+          HasOneOf(ids) + NEWEST_FIRST);
   for (int row = 0; table && row < table->Rows(); ++row) {
     PostRow& post = out.emplace_back();
     post.id = table->Int(row, 0);
     post.ownerId = table->Int(row, 1);
     post.ownerTitle = table->Text(row, 2);
+    post.title = table->Text(row, 3);
   }
   return table.has_value();
 }

@@ -29,7 +29,8 @@ bool LoadTodayUnread(Store& store, std::vector<PostRow>& out);
 bool LoadFolderTodayUnread(Store& store, int folderId, std::vector<PostRow>& out);
 
 // The posts with these ids that are still there, with `ownerId` set. FindUnreadPosts leaves out
-// those that were read, and sets only `id`, `ownerId` and `ownerTitle`.
+// those that were read, and sets only `id`, `ownerId`, `ownerTitle` and
+// `title`.
 bool LoadPostsWithIds(Store& store, std::span<const int> ids, std::vector<PostRow>& out);
 bool FindUnreadPosts(Store& store, std::span<const int> ids, std::vector<PostRow>& out);
 

@@ -26,6 +26,11 @@ enum Message : unsigned {
   kMessageRefreshEnded = 0x5602,
   kMessageRefreshProgress = 0x5603,  // wParam and lParam: so many channels are done, of so many
   kMessageUnreadOnlyShown = 0x5604,  // wParam 1 or 0: only unread posts are shown now, or all
+  kMessageUnreadCount = 0x5605,      // wParam the number of unread posts of all channels
+  // What a refresh has brought: wParam the number of posts, lParam a const std::string*, in the
+  // module's code page: of each channel, 20 at most, a line with its title, the number of its new
+  // posts and the title of the newest one, with tabs between them.
+  kMessageNewPosts = 0x5606,
 
   // From the host to the frame. The parameters are ignored; the answer is 0.
   kMessageShowTextAgain = 0x3079,
@@ -36,6 +41,7 @@ enum Message : unsigned {
   kMessageUndo = 0x307F,
   kMessageRefreshDue = 0x3081,
   kMessageShowKeys = 0x3082,
+  kMessageShowNewPosts = 0x3084,  // those that the last kMessageNewPosts told of
 
   // From the host to the frame: open a content (lParam a const std::string*), which is an address
   // in

@@ -158,6 +158,8 @@ struct ModuleFixture : QObject, testing::Test {
   DialogAnswers answers_;
   std::vector<std::string> texts_;  // the status texts that the host was sent, as UTF-8
   std::vector<unsigned> numbers_;   // the messages that its top-level window was sent
+  QList<int> counts_;               // of unread posts, and
+  QStringList news_;                // the new posts that it was told
   std::unique_ptr<QWidget> host_;
   QWidget* pane_ = nullptr;
   QWidget* frame_ = nullptr;
@@ -169,6 +171,12 @@ struct ModuleFixture : QObject, testing::Test {
     if (event->type() != WindowMessage::kType) return false;
     const auto* const message = static_cast<WindowMessage*>(event);
     if (message->number == kMessageRefreshProgress) return true;
+    if (message->number == kMessageUnreadCount) return counts_ << int(message->wParam), true;
+    if (message->number == kMessageNewPosts) {
+      const auto& lines = *reinterpret_cast<const std::string*>(message->lParam);
+      news_ << QString("%1: %2").arg(message->wParam).arg(lines.c_str());
+      return true;
+    }
     if (window == host_.get()) numbers_.push_back(message->number);
     if (message->number == kMessageShowText) {
       const auto& text = *reinterpret_cast<const std::string*>(message->lParam);

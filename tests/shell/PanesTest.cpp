@@ -249,6 +249,13 @@ TEST_F(Panes, NewPostsAreAnnouncedBehindTheirRefreshByChannelAndAClickListsJustT
   Send(kMessageRefreshAll);
   EXPECT_TRUE(WaitForRun());
   EXPECT_EQ(Announced(), QStringList()) << "the period is not over";
+  EXPECT_EQ(news_.join('/').replace('\t', '|').replace('\n', ' '),
+            "23: C3|20|Post 1 C1|1|Post 1 C2|1|Post 1 C4|1|Post 1/1: C1|1|Post 2")
+      << "the host has its own";
+  Send(kMessageShowNewPosts);
+  EXPECT_EQ(Titles(), QStringList{"Post 2"});
+  EXPECT_EQ(counts_.front(), 4);
+  EXPECT_TRUE(WaitUntil([this] { return counts_.back() == 26; })) << "two are read";
 }
 
 }  // namespace feedloom

@@ -14,10 +14,11 @@ class QLabel;
 
 namespace feedloom {
 
-// A channel with new posts; the title is in the module's code page.
+// A channel with new posts; the titles are in the module's code page.
 struct ChannelCount {
   std::string title;
   int posts = 0;
+  std::string newest = {};  // title of the newest post
 };
 
 // Create it with new, for one announcement; it deletes itself when it closes. It stays on top and

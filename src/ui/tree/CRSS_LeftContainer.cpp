@@ -125,14 +125,17 @@ void CRSS_LeftContainer::SetUpToolBar() {
 
 // Marks and states are not read together with what a revision is for.
 void CRSS_LeftContainer::CountChanges() {
-  const auto count = [this] { ++revision_; };
+  const auto count = [this] {
+    ++revision_;
+    emit Changed();
+  };
   connect(&model_, &QAbstractItemModel::rowsInserted, this, count);
   connect(&model_, &QAbstractItemModel::rowsRemoved, this, count);
   connect(&model_, &QAbstractItemModel::rowsMoved, this, count);
   connect(&model_, &QAbstractItemModel::modelReset, this, count);
   connect(&model_, &QAbstractItemModel::dataChanged, this,
-          [this](const auto&, const auto&, const QList<int>& roles) {
-            if (roles.contains(Qt::DisplayRole)) ++revision_;
+          [count](const auto&, const auto&, const QList<int>& roles) {
+            if (roles.contains(Qt::DisplayRole)) count();
           });
 }
 

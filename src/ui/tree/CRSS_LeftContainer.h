@@ -146,6 +146,7 @@ class CRSS_LeftContainer : public QWidget {
   void SettingsWanted();
   void UnreadOnlyWanted(bool isOn);
   void NoticeIsDue();
+  void Changed();       // Revision() has risen
   void SearchWanted();  // the keyboard is to go to the search box
 
  protected:
