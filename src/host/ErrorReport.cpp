@@ -2,8 +2,11 @@
 
 #include <fmt/core.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <QPushButton>
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <optional>
@@ -36,15 +39,26 @@ std::optional<ApplicationStyle> StyleOf(const std::string& registry) {
 
 }  // namespace
 
-void ShowErrorBox(const std::string& text, const std::string& registry) {
+int ShowErrorBox(const std::string& text, const std::string& registry,
+                 const std::vector<std::string>& choices) {
   int argc = 1;
   char name[] = "halvix";
   char* argv[] = {name, nullptr};
   const auto application = qApp == nullptr ? std::make_unique<QApplication>(argc, argv) : nullptr;
   const auto style = application ? StyleOf(registry) : std::nullopt;
-  QMessageBox box(QMessageBox::Critical, "Feedloom", QString::fromStdString(text), QMessageBox::Ok);
+  QMessageBox box(QMessageBox::Critical, "Feedloom", QString::fromStdString(text),
+                  choices.empty() ? QMessageBox::Ok : QMessageBox::NoButton);
+  std::vector<const QAbstractButton*> buttons;
+  for (const std::string& choice : choices) {
+    auto* const button = box.addButton(QString::fromStdString(choice), QMessageBox::ActionRole);
+    buttons.push_back(button);
+    box.setDefaultButton(button);
+    box.setEscapeButton(button);
+  }
   box.setTextFormat(Qt::PlainText);
   box.exec();
+  const auto pressed = std::ranges::find(buttons, box.clickedButton());
+  return pressed == buttons.end() ? -1 : static_cast<int>(pressed - buttons.begin());
 }
 
 }  // namespace feedloom

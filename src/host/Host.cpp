@@ -11,6 +11,7 @@
 #include "host/ApplicationStyle.h"
 #include "host/BackupDialogs.h"
 #include "host/CommandLine.h"
+#include "host/DamageDialog.h"
 #include "host/DesktopTheme.h"
 #include "host/ErrorReport.h"
 #include "host/FirstPaint.h"
@@ -30,6 +31,7 @@
 #include "host/TerminationSignals.h"
 #include "host/Timings.h"
 #include "host/WindowGeometry.h"
+#include "profile/DatabaseRepair.h"
 #include "profile/HostTexts.h"
 #include "profile/ProfileBackup.h"
 #include "profile/SharePaths.h"
@@ -247,6 +249,19 @@ int RunApplication(char* programName, const HostOptions& options, const HostProf
   return status;
 }
 
+bool CanBeRepaired(const HostOptions& options, const HostProfile& profile) {
+  return HasDisplay() && !options.screenshot && ProfileExists(profile.paths) &&
+         Registry(profile.paths.registry).IsReadable() && NeedsRepair(profile.paths);
+}
+
+// The window has to begin in a process that had no application object yet.
+int RepairAndStartAgain(char** argv, HostProfile& profile) {
+  if (!OfferRepair(profile)) return kFailure;
+  execv("/proc/self/exe", argv);
+  ReportError("Cannot start again.");
+  return kFailure;
+}
+
 }  // namespace
 
 int RunHost(int argc, char** argv) {
@@ -259,6 +274,10 @@ int RunHost(int argc, char** argv) {
   const HandOver handOver = HandOverOf(options);
   const auto open = [&] { return Prepare(options, profile, module); };
   if (const Failure failure = open()) {
+    if (CanBeRepaired(options, profile)) {
+      ReportError(*failure);
+      return RepairAndStartAgain(argv, profile);
+    }
     const bool isSecond = profile.lock.IsHeldElsewhere() && !options.screenshot;
     const SecondStartEnd end = isSecond ? RunSecondStart(profile, handOver, open)
                                         : SecondStartEnd{false, RefusalOf(*failure, profile.paths)};

@@ -3,15 +3,13 @@
 #include <fmt/core.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
-#include <fstream>
-#include <string_view>
 #include <system_error>
 
 #include "files/Registry.h"
 #include "host/CommandLine.h"
 #include "profile/DailyCopies.h"
+#include "profile/DatabaseRepair.h"
 #include "profile/HostWishes.h"
 #include "profile/MovedProfile.h"
 #include "profile/ProfileBackup.h"
@@ -25,26 +23,16 @@ namespace {
 
 constexpr std::chrono::seconds kPatience(1);  // with another program's lock: no window yet
 
-// Opening a file of another kind as the database would also overwrite its backup copy with it.
-bool IsDatabase(const std::string& path) {
-  constexpr std::string_view kMark("SQLite format 3\0", 16);
-  std::array<char, kMark.size()> start{};
-  std::ifstream file(path, std::ios::binary);
-  return file.read(start.data(), start.size()) &&
-         std::string_view(start.data(), start.size()) == kMark;
-}
-
 Failure CheckWhole(const ProfilePaths& paths) {
   if (!Registry(paths.registry).IsReadable()) {
     return fmt::format("The registry file '{}' cannot be read or is damaged.", paths.registry);
   }
-  const char* fault = !IsRegularFile(paths.database) ? "is missing"
-                      : !IsDatabase(paths.database)  ? "cannot be read or is damaged"
-                                                     : nullptr;
-  if (fault == nullptr) return {};
-  const std::string copy = paths.database + ".bak";
-  return fmt::format("The database '{}' {}.{}", paths.database, fault,
-                     IsDatabase(copy) ? fmt::format(" There is a copy of it: '{}'.", copy) : "");
+  if (!NeedsRepair(paths)) return {};
+  const bool isThere = IsRegularFile(paths.database);
+  const std::string copy = GoodCopy(paths);
+  return fmt::format("The database '{}' {}.{}", paths.database,
+                     isThere ? "cannot be read or is damaged" : "is missing",
+                     copy.empty() ? "" : fmt::format(" There is a copy of it: '{}'.", copy));
 }
 
 Failure CheckCodePage(const ProfilePaths& paths, const HostOptions& options) {

@@ -130,4 +130,12 @@ Failure CreateProfile(const std::string& dir, const std::string& shareDir, CodeP
   return Write(paths, share, sources, RegistryText(paths, share, codePage, languageCode));
 }
 
+Failure MakeDatabase(const ProfilePaths& paths, const std::string& shareDir, CodePage codePage,
+                     const std::string& language) {
+  ProfileSources sources = ReadProfileSources(shareDir, ToUpperAscii(language), codePage);
+  if (sources.failure) return sources.failure;
+  sources.content.sampleFeedUrl = FileUrl(paths.sampleFeed);
+  return CreateDatabase(paths.database, sources.schema, sources.content);
+}
+
 }  // namespace feedloom

@@ -50,6 +50,10 @@ bool ProfileExists(const ProfilePaths& paths);
 [[nodiscard]] Failure CreateProfile(const std::string& dir, const std::string& shareDir,
                                     CodePage codePage, const std::string& language);
 
+// Makes the database of a profile that has none, as CreateProfile does.
+[[nodiscard]] Failure MakeDatabase(const ProfilePaths& paths, const std::string& shareDir,
+                                   CodePage codePage, const std::string& language);
+
 // Repairs the paths in the registry of the profile in `dir`. When its ini directory does not exist,
 // or its image directory contains no skin, the shared paths are set to `shareDir`, with the skin of
 // the same name if there is one and the light skin otherwise. A missing work directory is created

@@ -7,26 +7,21 @@
 
 #include <cerrno>
 #include <chrono>
-#include <filesystem>
 #include <map>
 #include <string_view>
-#include <system_error>
 
 #include "files/Path.h"
 #include "files/Registry.h"
 #include "files/RegistryFile.h"
-#include "files/WorkFiles.h"
 #include "net/HostLogin.h"
+#include "profile/DatabaseRepair.h"
 #include "profile/KeptDatabase.h"
 #include "profile/MovedProfile.h"
-#include "skin/HostConfig.h"
 #include "store/Backup.h"
 #include "store/WriteAheadLog.h"
 
 namespace feedloom {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr char kRegistry[] = "registry.reg";
 constexpr char kTexts[] = "string.ini";
@@ -121,35 +116,19 @@ Failure CopyTo(const std::string& from, const std::string& to, const Parts& more
   return fmt::format("Cannot copy the database '{}' to '{}'.", from, to);
 }
 
-// Puts a damaged database aside, with what was written to it last.
-Failure PutAside(const std::string& database) {
-  for (const char* const suffix : {"-wal", "-shm", "-journal", ""}) {
-    std::error_code error;
-    const std::string from = database + suffix;
-    if (fs::exists(from, error)) fs::rename(from, database + ".damaged" + suffix, error);
-    if (error) return fmt::format("Cannot rename '{}': {}.", from, error.message());
-  }
-  return {};
-}
-
-Failure RestoreDatabase(const std::string& database, const std::string& backup) {
+Failure RestoreDatabase(const ProfilePaths& paths, const std::string& backup) {
+  const std::string& database = paths.database;
   if (IsWholeDatabase(database)) {
     if (!ReplaceContent(database, backup)) {
       return fmt::format("The database '{}' is in use by another program.", database);
     }
   } else {
-    if (auto failure = PutAside(database)) return failure;
+    if (auto failure = PutAside(paths)) return failure;
     if (auto failure = CopyTo(backup, database, {})) return failure;
   }
   const KeptDatabase restored = Open(database, SQLITE_OPEN_READWRITE);
   if (restored && Execute(restored.get(), "DROP TABLE IF EXISTS FEEDLOOM_BACKUP")) return {};
   return fmt::format("Cannot write the database '{}'.", database);
-}
-
-// What servers have said of versions that the posts may lack now.
-void ForgetServers(const ProfilePaths& paths) {
-  const std::string workDir = HostConfig(Registry(paths.registry)).GetWorkDir();
-  unlink(JoinPath(workDir, kFeedMemoryFile).c_str());
 }
 
 }  // namespace
@@ -208,7 +187,7 @@ Failure CompleteRestore(const ProfilePaths& paths) {
   if (!IsRestorePending(paths)) return {};
   const std::string pending = PendingFile(paths);
   if (auto failure = CheckUnlocked(paths.database, DatabaseUse::Write)) return failure;
-  if (auto failure = RestoreDatabase(paths.database, pending)) return failure;
+  if (auto failure = RestoreDatabase(paths, pending)) return failure;
   const auto places = PlacesOf(paths);
   for (const auto& [name, content] : ReadParts(pending)) {
     const auto place = places.find(name);

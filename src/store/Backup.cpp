@@ -34,12 +34,11 @@ bool Execute(sqlite3* handle, const char* sql) {
   return sqlite3_exec(handle, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
+constexpr char kLookAtTables[] =
+    "Select 1 From TB_FOLDER, TB_CHANNEL, TB_POST, TB_SCRAP_CHANNEL, TB_SCRAP_POST Limit 0;";
+
 // True when the file has the store's tables: an emptied or foreign file must not replace a copy.
-bool HasTables(sqlite3* handle) {
-  return Execute(handle,
-                 "Select 1 From TB_FOLDER, TB_CHANNEL, TB_POST, TB_SCRAP_CHANNEL, TB_SCRAP_POST "
-                 "Limit 0;");
-}
+bool HasTables(sqlite3* handle) { return Execute(handle, kLookAtTables); }
 
 // True when SQLite finds no damage: a damaged database must not replace a copy.
 bool IsSound(sqlite3* handle) {
@@ -95,6 +94,14 @@ bool CopyDatabase(const std::string& fromPath, const std::string& toPath) {
   if (!HasTables(from.get())) return false;
   const Handle to = Open(toPath, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
   return to && CopyPages(from.get(), to.get()) && IsSound(to.get()) && ReachedDisk(toPath);
+}
+
+bool LooksDamaged(const std::string& path) {
+  const Handle handle = Open(path, SQLITE_OPEN_READWRITE);
+  if (!handle) return false;
+  KeepWriteAheadLog(handle.get());
+  const int status = sqlite3_exec(handle.get(), kLookAtTables, nullptr, nullptr, nullptr);
+  return status == SQLITE_NOTADB || status == SQLITE_CORRUPT || status == SQLITE_ERROR;
 }
 
 bool IsWholeDatabase(const std::string& path) {

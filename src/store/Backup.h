@@ -14,6 +14,10 @@ namespace feedloom {
 // older copy stays then, and nothing is reported. Takes about 4 ms a megabyte. Any thread.
 bool BackupDatabase(Store& store);
 
+// Whether the file at `path` is no database, or one without the store's tables, as its first pages
+// tell. False also when it cannot be opened, or another program locks it.
+bool LooksDamaged(const std::string& path);
+
 // Whether the file at `path` is a database with the store's tables and without damage. Reads all of
 // it.
 bool IsWholeDatabase(const std::string& path);

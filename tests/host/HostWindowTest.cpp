@@ -9,6 +9,7 @@
 #include "host/BackupDialogs.h"
 #include "host/CommandLine.h"
 #include "host/ContentQueue.h"
+#include "host/DamageDialog.h"
 #include "host/HostSwitches.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
@@ -16,6 +17,7 @@
 #include "host/WindowGeometry.h"
 #include "kit/ShippedSkin.h"
 #include "kit/TestProfile.h"
+#include "profile/DatabaseRepair.h"
 #include "profile/ProfileBackup.h"
 #include "shell/Feedloom.h"
 
@@ -220,6 +222,28 @@ TEST_F(HostWindowTest, ABackupTakesTheProfilesPlaceOnlyIfTheUserMeansIt) {
   std::filesystem::remove(profile.Paths().dir + "/logins.reg");
   EXPECT_EQ(CompleteRestore(profile.Paths()), Failure());
   EXPECT_FALSE(std::filesystem::exists(profile.Paths().dir + "/logins.reg"));
+}
+
+TEST_F(HostWindowTest, ADamagedDatabaseIsKeptWhateverTheUserChooses) {
+  HostProfile profile(TempFolder().File("p"));
+  const ProfilePaths& paths = profile.paths;
+  ASSERT_EQ(CreateProfile(paths.dir, ShareDir(), CodePage::Utf8(), "ENG"), Failure());
+  std::filesystem::copy(paths.database, paths.database + ".bak");
+  DialogAnswers answers;
+  for (const char* choice : {"Quit", "Restore", "Start empty"}) {
+    std::ofstream(paths.database) << choice;
+    EXPECT_TRUE(NeedsRepair(paths));
+    answers.Next([choice](QDialog& dialog) {
+      for (auto* button : dialog.findChildren<QAbstractButton*>())
+        if (button->text().startsWith(choice)) button->click();
+    });
+    EXPECT_EQ(OfferRepair(profile), *choice != 'Q');
+    EXPECT_EQ(NeedsRepair(paths), *choice == 'Q');
+  }
+  std::set<std::string> kept;
+  for (const auto& entry : std::filesystem::directory_iterator(paths.moduleDir))
+    if (entry.path().extension() != ".bak") kept.insert(ReadFile(entry.path()).value());
+  EXPECT_TRUE(kept.contains("Restore") && kept.contains("Start empty"));
 }
 
 TEST(CommandLine, GivesTheOptionsOrTheStatusToLeaveWith) {
