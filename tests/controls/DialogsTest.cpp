@@ -5,7 +5,7 @@
 #include "controls/CMsgBox.h"
 #include "controls/CVxEdit.h"
 #include "controls/CVxFormDialog.h"
-#include "controls/DialogAnswers.h"
+#include "kit/DialogAnswers.h"
 #include "kit/ShippedSkin.h"
 
 namespace feedloom {

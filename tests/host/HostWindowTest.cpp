@@ -5,7 +5,6 @@
 #include <QtWidgets>
 #include <fstream>
 
-#include "controls/DialogAnswers.h"
 #include "host/BackupDialogs.h"
 #include "host/CommandLine.h"
 #include "host/ContentQueue.h"
@@ -15,6 +14,7 @@
 #include "host/HostWindow.h"
 #include "host/RaiseWindow.h"
 #include "host/WindowGeometry.h"
+#include "kit/DialogAnswers.h"
 #include "kit/ShippedSkin.h"
 #include "kit/TestProfile.h"
 #include "profile/DatabaseRepair.h"

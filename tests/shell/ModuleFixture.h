@@ -8,7 +8,7 @@
 #include <QSignalSpy>
 #include <QWebEngineView>
 
-#include "controls/DialogAnswers.h"
+#include "kit/DialogAnswers.h"
 #include "kit/FeedServer.h"
 #include "kit/ManualClock.h"
 #include "kit/TestProfile.h"

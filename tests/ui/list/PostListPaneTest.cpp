@@ -1,5 +1,5 @@
 // Rows on the screen: what clicks, keys and the menu do to the store, the rows and the frame.
-#include "controls/DialogAnswers.h"
+#include "kit/DialogAnswers.h"
 #include "store/Cabinets.h"
 #include "ui/SavedPosts.h"
 #include "ui/list/ListPaneFixture.h"

@@ -4,7 +4,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include "controls/DialogAnswers.h"
+#include "kit/DialogAnswers.h"
 #include "store/Cabinets.h"
 #include "store/Folders.h"
 #include "ui/Fakes.h"
