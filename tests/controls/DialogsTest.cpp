@@ -5,8 +5,8 @@
 #include "controls/CMsgBox.h"
 #include "controls/CVxEdit.h"
 #include "controls/CVxFormDialog.h"
-#include "kit/DialogAnswers.h"
 #include "kit/ShippedSkin.h"
+#include "look/DialogAnswers.h"
 
 namespace feedloom {
 namespace {

@@ -8,10 +8,10 @@
 #include <QSignalSpy>
 #include <QWebEngineView>
 
-#include "kit/DialogAnswers.h"
 #include "kit/FeedServer.h"
 #include "kit/ManualClock.h"
 #include "kit/TestProfile.h"
+#include "look/DialogAnswers.h"
 #include "shell/Feedloom.h"
 #include "store/Connection.h"
 #include "ui/Desk.h"

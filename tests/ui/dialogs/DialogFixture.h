@@ -4,7 +4,7 @@
 #include "controls/AccessibleTree.h"
 #include "controls/CButtonEx.h"
 #include "controls/CVxDialog.h"
-#include "kit/DialogAnswers.h"
+#include "look/DialogAnswers.h"
 #include "store/Cabinets.h"
 #include "store/Folders.h"
 #include "ui/ChannelDetails.h"

@@ -1,5 +1,5 @@
 // Rows on the screen: what clicks, keys and the menu do to the store, the rows and the frame.
-#include "kit/DialogAnswers.h"
+#include "look/DialogAnswers.h"
 #include "store/Cabinets.h"
 #include "ui/SavedPosts.h"
 #include "ui/list/ListPaneFixture.h"

@@ -4,7 +4,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include "kit/DialogAnswers.h"
+#include "look/DialogAnswers.h"
 #include "store/Cabinets.h"
 #include "store/Folders.h"
 #include "ui/Fakes.h"
