@@ -6,10 +6,8 @@
 #include <QMessageBox>
 #include <QStandardPaths>
 
-#include "files/Registry.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
-#include "net/HostLogin.h"
 #include "profile/ProfileBackup.h"
 #include "skin/Keys.h"
 
@@ -56,8 +54,7 @@ bool Succeeded(HostWindow& window, const Failure& failure) {
 void BackUp(HostWindow& window, const ProfilePaths& paths) {
   const std::string file = ChooseFile(window, QFileDialog::AcceptSave);
   if (file.empty()) return;
-  const bool hasLogins = IsRegularFile(HostLoginsPath(Registry(paths.registry)));
-  const bool withLogins = hasLogins && Consents(window, kHostTextBackupLogins);
+  const bool withLogins = HasLogins(paths) && Consents(window, kHostTextBackupLogins);
   const auto logins = withLogins ? BackedUpLogins::Included : BackedUpLogins::LeftOut;
   if (!Succeeded(window, BackUpProfile(paths, file, logins))) return;
   window.ShowText(HostText(kHostTextBackupDone).arg(QFile::decodeName(file.c_str())));

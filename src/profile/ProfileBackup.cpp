@@ -139,6 +139,10 @@ std::string FormerProfile(const ProfilePaths& paths) {
   return JoinPath(paths.dir, "before-restore.db");
 }
 
+bool HasLogins(const ProfilePaths& paths) {
+  return IsRegularFile(HostLoginsPath(Registry(paths.registry)));
+}
+
 Failure BackUpProfile(const ProfilePaths& paths, const std::string& file, BackedUpLogins logins) {
   Parts parts;
   for (const auto& [name, place] : PlacesOf(paths)) {

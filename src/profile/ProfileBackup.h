@@ -17,6 +17,9 @@ namespace feedloom {
 // Whether the names and passwords for servers (logins.reg) come into a backup.
 enum class BackedUpLogins { LeftOut, Included };
 
+// Whether the profile keeps any.
+bool HasLogins(const ProfilePaths& paths);
+
 // Writes a backup to `file`, which is replaced when the new one is whole and on the disk, and which
 // only its user may read. Programs may use the profile meanwhile.
 [[nodiscard]] Failure BackUpProfile(const ProfilePaths& paths, const std::string& file,
