@@ -24,17 +24,20 @@ inline constexpr char kValuePlatform[] = "CORVANE_PLATFORM";
 inline constexpr char kValueOsType[] = "CORVANE_OSTYPE";
 inline constexpr char kValueDebugMode[] = "Debug Mode";
 inline constexpr char kValueCodePage[] = "CODEPAGE";
-inline constexpr char kValuePostLinks[] = "POST_LINKS";  // kLinksInPane, kLinksOutside
-inline constexpr char kValueListPlace[] = "LIST_PLACE";  // kListAbove, kListBeside
-inline constexpr char kValueNotice[] = "NOTICE";         // kNoticeChannels
-inline constexpr char kValueStart[] = "START";           // kStartLast
-inline constexpr char kValueEmptyList[] = "EMPTY_LIST";  // kEmptyListLine
-inline constexpr char kValueDialogs[] = "DIALOGS";       // kDialogsHelpful
-inline constexpr char kValueSelection[] = "SELECTION";   // kSelectionCareful
-inline constexpr char kValueLenient[] = "LENIENT";       // kLenientOn
-inline constexpr char kValuePeriods[] = "PERIODS";       // kPeriodsOn
-inline constexpr char kValueIcons[] = "ICONS";           // kIconsOn
-inline constexpr char kValueUpdates[] = "UPDATES";       // kUpdatesByHost
+inline constexpr char kValuePostLinks[] = "POST_LINKS";         // kLinksInPane, kLinksOutside
+inline constexpr char kValueListPlace[] = "LIST_PLACE";         // kListAbove, kListBeside
+inline constexpr char kValueNotice[] = "NOTICE";                // kNoticeChannels
+inline constexpr char kValueStart[] = "START";                  // kStartLast
+inline constexpr char kValueEmptyList[] = "EMPTY_LIST";         // kEmptyListLine
+inline constexpr char kValueDialogs[] = "DIALOGS";              // kDialogsHelpful
+inline constexpr char kValueSelection[] = "SELECTION";          // kSelectionCareful
+inline constexpr char kValueLenient[] = "LENIENT";              // kLenientOn
+inline constexpr char kValuePeriods[] = "PERIODS";              // kPeriodsOn
+inline constexpr char kValueIcons[] = "ICONS";                  // kIconsOn
+inline constexpr char kValueUpdates[] = "UPDATES";              // kUpdatesByHost
+inline constexpr char kValueClose[] = "CLOSE";                  // kCloseToTray
+inline constexpr char kValueTrayTold[] = "TRAY_TOLD";           // there once the user knows
+inline constexpr char kValueNotifications[] = "NOTIFICATIONS";  // kNotificationsOn
 // When halvix last had the channels refreshed by themselves, seconds since 1970.
 inline constexpr char kValueLastUpdate[] = "LAST_UPDATE";
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
@@ -75,6 +78,12 @@ inline constexpr char kIconsOff[] = "OFF";
 
 // The value of kValueUpdates; anything else is the default.
 inline constexpr char kUpdatesByHost[] = "HOST";
+
+// The value of kValueClose with which halvix goes on without its window; anything else ends it.
+inline constexpr char kCloseToTray[] = "TRAY";
+
+// The value of kValueNotifications with which halvix uses the desktop's; anything else is none.
+inline constexpr char kNotificationsOn[] = "ON";
 
 // The values of the module's registry key. The first seven are the user's settings, which stand
 // there twice: as numbers, and as decimal texts under these names with kTextSuffix appended.

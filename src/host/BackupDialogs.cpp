@@ -32,7 +32,7 @@ std::string ChooseFile(HostWindow& window, QFileDialog::AcceptMode mode) {
 
 // The safe answer is the one that the Enter key gives.
 bool Consents(HostWindow& window, const char* questionKey) {
-  QMessageBox box(QMessageBox::Question, window.windowTitle(), HostText(questionKey),
+  QMessageBox box(QMessageBox::Question, window.Caption(), HostText(questionKey),
                   QMessageBox::Yes | QMessageBox::No, &window);
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(QMessageBox::No);
@@ -42,7 +42,7 @@ bool Consents(HostWindow& window, const char* questionKey) {
 // Tells a failure. Returns whether there was none.
 bool Succeeded(HostWindow& window, const Failure& failure) {
   if (!failure) return true;
-  QMessageBox box(QMessageBox::Warning, window.windowTitle(), QString::fromStdString(*failure),
+  QMessageBox box(QMessageBox::Warning, window.Caption(), QString::fromStdString(*failure),
                   QMessageBox::Ok, &window);
   box.setTextFormat(Qt::PlainText);
   box.exec();

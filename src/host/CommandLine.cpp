@@ -18,6 +18,8 @@ std::optional<int> ReadCommandLine(int argc, const char* const* argv, HostOption
   app.add_option("--screenshot", options.screenshot,
                  "Show the first folder's first post, save the window's picture (PNG) and leave")
       ->type_name("FILE");
+  app.add_flag("--hidden", options.isHidden,
+               "Start in the desktop's tray, or minimised where there is none");
   app.add_flag("--timings", options.timings,
                "Tell on standard error when the steps of the start and each page are done");
   app.add_option("content", options.contents,

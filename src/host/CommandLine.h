@@ -12,6 +12,7 @@ struct HostOptions {
   std::optional<std::string> codePage;    // "EUC-KR" or "UTF-8", in upper or lower case
   std::optional<std::string> screenshot;  // the path of the PNG file to write
   bool timings = false;
+  bool isHidden = false;              // without a window at first
   std::vector<std::string> contents;  // addresses and files to open, as typed
 };
 

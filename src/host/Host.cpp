@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "host/ApplicationStyle.h"
+#include "host/Background.h"
 #include "host/BackupDialogs.h"
 #include "host/CommandLine.h"
 #include "host/DamageDialog.h"
@@ -87,7 +88,7 @@ void RestartOnAppearanceChoice(HostWindow& window, const HostProfile& profile) {
           failure = ChooseSkin(profile.paths.dir, ShareDir(), appearance.skin);
         }
         if (failure) {
-          QMessageBox::warning(&window, window.windowTitle(), QString::fromStdString(*failure));
+          QMessageBox::warning(&window, window.Caption(), QString::fromStdString(*failure));
         }
         if (!SaveWindowGeometry(window, registry)) {
           ReportError("Cannot remember the window's place.");
@@ -101,6 +102,7 @@ void KeepSwitches(HostWindow& window, const Registry& registry) {
                    [&window, registry](const HostSwitch& which, bool isOn) {
                      if (!which.turn(registry, isOn)) {
                        ReportError("Cannot keep a choice of the view menu.");
+                       window.ShowText(HostText(kHostTextChoiceNotKept));
                      }
                      if (which.concernsModule) window.SendToFrame(kMessageViewChanged);
                    });
@@ -156,16 +158,26 @@ class Show {
   int Run() {
     OnFirstPaint(window_, [this] {
       LogTiming("window painted");
-      if (auto failure = Fill()) {
-        QCoreApplication::exit(Refuse(options_, profile_, {*failure, *failure}));
-      }
+      FillOrEnd();
     });
     window_.show();
     LogTiming("window shown");
     return QCoreApplication::exec();
   }
 
+  // As Run, for a window that is not in sight.
+  int RunHidden() {
+    QTimer::singleShot(0, &window_, [this] { FillOrEnd(); });
+    return QCoreApplication::exec();
+  }
+
  private:
+  void FillOrEnd() {
+    if (auto failure = Fill()) {
+      QCoreApplication::exit(Refuse(options_, profile_, {*failure, *failure}));
+    }
+  }
+
   Failure Fill() {
     frame_ = module_.create(HostGetText, HostGetSkinValue, window_.ModuleParent());
     if (frame_ == nullptr) return "The module cannot make its window.";
@@ -205,7 +217,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   ApplicationStyle look(Skin(tables, config));
   HostWindow window(FromModuleText(config.GetAppTitle()),
                     {SkinName(config), config.GetHostLanguage()}, StoredChoices(registry));
-  QObject::connect(&terminationSignals, &TerminationSignals::Requested, &window, &QWidget::close);
+  QObject::connect(&terminationSignals, &TerminationSignals::Requested, &window, &HostWindow::Quit);
   if (options.screenshot) {
     window.resize(kInitialWidth, kInitialHeight);
   } else {
@@ -217,8 +229,13 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   KeepListPlace(window, registry);
   OfferBackups(window, profile);
   instance.Serve(window);
+  std::optional<Background> background;
+  if (!options.screenshot) background.emplace(window, registry);
   LogTiming("window made");
-  return Show(options, profile, module, window, refreshes).Run();
+  Show show(options, profile, module, window, refreshes);
+  if (!background || !options.isHidden) return show.Run();
+  background->StartHidden();
+  return show.RunHidden();
 }
 
 void FollowDesktopTheme(const HostProfile& profile) {
@@ -226,7 +243,7 @@ void FollowDesktopTheme(const HostProfile& profile) {
   if (auto failure = ChooseSkin(profile.paths.dir, ShareDir(), kDarkSkin)) ReportError(*failure);
 }
 
-int RunApplication(char* programName, const HostOptions& options, const HostProfile& profile,
+int RunApplication(char* programName, HostOptions options, const HostProfile& profile,
                    const LoadedModule& module, HandOver first) {
   int argc = 1;
   char* argv[] = {programName, nullptr};
@@ -242,6 +259,7 @@ int RunApplication(char* programName, const HostOptions& options, const HostProf
   Instance instance(SocketPathsOf(profile.paths), std::move(first));
   const bool refreshes = profile.isNew && !options.screenshot;
   int status = ShowProfile(options, profile, module, terminationSignals, instance, refreshes);
+  options.isHidden = false;
   while (status == kRestartWindow) {
     if (const Failure failure = CompleteRestore(profile.paths)) ReportError(*failure);
     status = ShowProfile(options, profile, module, terminationSignals, instance, false);

@@ -17,6 +17,10 @@ struct HostSwitch {
   bool concernsModule;  // which is told that its view has changed
 };
 
+// Whether the user wants the program to go on without its window, and notifications of the desktop.
+bool KeepsRunning(const Registry& registry);
+bool NotifiesDesktop(const Registry& registry);
+
 // In the menu's order.
 std::span<const HostSwitch> HostSwitches();
 

@@ -35,7 +35,8 @@ bool IsOfDrag(const QEvent& event) {
 }  // namespace
 
 HostWindow::HostWindow(const QString& caption, Appearance appearance, ViewChoices view)
-    : appearance_(std::move(appearance)),
+    : caption_(caption),
+      appearance_(std::move(appearance)),
       pane_(new ModulePane(this)),
       status_(new QLabel(this)),
       undo_(new QToolButton(this)),
@@ -81,6 +82,12 @@ bool HostWindow::event(QEvent* event) {
     case kMessageRefreshProgress:
       ShowProgress(static_cast<int>(message.wParam), static_cast<int>(message.lParam));
       return true;
+    case kMessageUnreadCount:
+      ShowUnread(static_cast<int>(message.wParam));
+      return true;
+    case kMessageNewPosts:
+      TellNewPosts(message);
+      return true;
     case kMessageUnreadOnlyShown:
       unreadOnly_->setChecked(message.wParam == 1);
       return true;
@@ -90,8 +97,29 @@ bool HostWindow::event(QEvent* event) {
 }
 
 void HostWindow::closeEvent(QCloseEvent* event) {
+  if (staysOnClose_ && staysOnClose_()) {
+    event->ignore();
+    return hide();
+  }
   emit Closing();
   QMainWindow::closeEvent(event);
+}
+
+// A hidden window cannot be closed.
+void HostWindow::Quit() {
+  emit Closing();
+  hide();
+}
+
+void HostWindow::ShowUnread(int unread) {
+  setWindowTitle(unread > 0 ? QString("(%1) %2").arg(unread).arg(caption_) : caption_);
+  emit UnreadCounted(unread);
+}
+
+void HostWindow::TellNewPosts(const WindowMessage& message) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): a message carries a pointer as lParam
+  const auto& lines = *reinterpret_cast<const std::string*>(message.lParam);
+  emit NewPostsCame(static_cast<int>(message.wParam), FromModuleText(lines));
 }
 
 void HostWindow::MakeStatusBar() {
@@ -143,7 +171,7 @@ void HostWindow::ShowProgress(int done, int total) {
 }
 
 void HostWindow::ShowAbout() {
-  QMessageBox::about(this, windowTitle(), HostText(kHostTextAbout).replace("%1", FEEDLOOM_VERSION));
+  QMessageBox::about(this, caption_, HostText(kHostTextAbout).replace("%1", FEEDLOOM_VERSION));
 }
 
 }  // namespace feedloom

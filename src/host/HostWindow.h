@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "skin/HostConfig.h"
@@ -19,6 +20,7 @@ class QToolButton;
 namespace feedloom {
 
 class ModulePane;
+class WindowMessage;
 struct HostSwitch;
 
 // A skin and a language, as the view menu offers them. A skin of another name, or an empty string,
@@ -45,6 +47,8 @@ class HostWindow : public QMainWindow {
   // `view` is what the view menu shows at first.
   explicit HostWindow(const QString& caption, Appearance appearance = {}, ViewChoices view = {});
 
+  const QString& Caption() const { return caption_; }
+
   // The widget to hand to the module's Create as parent. The window owns it, and shows the texts
   // that the module sends to it in the status bar.
   QWidget* ModuleParent() const;
@@ -57,12 +61,21 @@ class HostWindow : public QMainWindow {
   std::intptr_t SendToFrame(unsigned message, std::intptr_t wParam = 0, std::intptr_t lParam = 0);
   bool HasFrame() const { return frame_ != nullptr; }
 
+  // When the window is closed, `stays` is asked: true hides it. An empty one is never true.
+  void StayOnClose(std::function<bool()> stays) { staysOnClose_ = std::move(stays); }
+  // Ends the program, also when the window is hidden.
+  void Quit();
+
   // Shows `text` in the status bar, as a text of the module.
   void ShowText(const QString& text);
 
  signals:
   // The window is about to close.
   void Closing();
+  // So many posts are unread.
+  void UnreadCounted(int unread);
+  // A refresh has brought so many posts; `lines` as in kMessageNewPosts.
+  void NewPostsCame(int posts, const QString& lines);
   // The user has chosen another skin or language than the current one.
   void AppearanceChosen(const feedloom::Appearance& appearance);
   // The user wants to back up the profile, or to restore a backup.
@@ -94,9 +107,12 @@ class HostWindow : public QMainWindow {
   // `isRunning` tells whether a refresh runs.
   void ShowRefresh(bool isRunning);
   void ShowProgress(int done, int total);
+  void ShowUnread(int unread);
+  void TellNewPosts(const WindowMessage& message);
   void OfferUndo(const QString& step);
   void ShowAbout();
 
+  const QString caption_;
   const Appearance appearance_;
   ModulePane* const pane_;
   QLabel* const status_;
@@ -106,6 +122,7 @@ class HostWindow : public QMainWindow {
   QAction* stopRefresh_ = nullptr;  // the menu's entry, and what the button does
   QAction* unreadOnly_ = nullptr;
   QPointer<QWidget> frame_;
+  std::function<bool()> staysOnClose_;
 };
 
 }  // namespace feedloom

@@ -26,7 +26,7 @@ void HostWindow::MakeMenu(const ViewChoices& view) {
   AddEntry(file, kHostTextMenuBackup, [this] { emit BackupWanted(); });
   AddEntry(file, kHostTextMenuRestore, [this] { emit RestoreWanted(); });
   file.addSeparator();
-  AddEntry(file, kHostTextMenuQuit, [this] { close(); }).setShortcut(Qt::CTRL | Qt::Key_Q);
+  AddEntry(file, kHostTextMenuQuit, [this] { Quit(); }).setShortcut(Qt::CTRL | Qt::Key_Q);
   MakeViewMenu(view);
   QMenu& help = *menuBar()->addMenu(HostText(kHostTextMenuHelp));
   MakeKeysEntry(help);

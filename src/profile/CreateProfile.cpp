@@ -67,7 +67,7 @@ std::string RegistryText(const ProfilePaths& paths, const std::string& shareDir,
   std::vector<RegistryEntry> entries = {
       {kHostKey, kValueProfileDir, paths.dir},
       {kHostKey, kValueWorkDir, paths.workDir},
-      {kHostKey, kValueAppTitle, kDefaultAppTitle},
+      {kHostKey, kValueAppTitle, kOwnTitle},
       {kHostKey, kValueLanguage, language},
       {kHostKey, kValueCodePage, std::string(codePage.DeclaredName())}};
   std::ranges::move(SharePathsIn(shareDir, kLightSkin), std::back_inserter(entries));

@@ -5,6 +5,7 @@
 #include "files/Registry.h"
 #include "files/RegistryKeys.h"
 #include "profile/Profile.h"
+#include "skin/HostConfig.h"
 
 namespace feedloom {
 
@@ -24,6 +25,9 @@ Failure StoreHostWishes(const std::string& dir) {
   std::erase_if(missing, [&](const RegistryEntry& wish) {
     return registry.ReadString(wish.key, wish.name).has_value();
   });
+  if (registry.ReadString(kHostKey, kValueAppTitle) == kDefaultAppTitle) {
+    missing.push_back({kHostKey, kValueAppTitle, kOwnTitle});
+  }
   if (missing.empty() || registry.Write(missing)) return {};
   return fmt::format("Cannot write the registry file '{}'.", paths.registry);
 }

@@ -147,6 +147,24 @@ TEST_F(HostWindowTest, ComesBackFromWhereverItIs) {
   EXPECT_EQ(window_->windowState() & ~Qt::WindowActive, Qt::WindowMaximized);
 }
 
+TEST_F(HostWindowTest, IsTitledByTheUnreadPostsAndHidesOrEndsWhenItIsClosed) {
+  QSignalSpy news(window_.get(), &HostWindow::NewPostsCame),
+      ends(window_.get(), &HostWindow::Closing);
+  for (const int unread : {12, 0}) {
+    WindowMessage count(kMessageUnreadCount, unread, 0);
+    QCoreApplication::sendEvent(window_.get(), &count);
+    EXPECT_EQ(window_->windowTitle(), unread == 12 ? "(12) Halvix" : "Halvix");
+  }
+  const std::string lines = CodePage::Korean().FromUtf8("채널\t2\t글");
+  Send(window_.get(), kMessageNewPosts, &lines);
+  EXPECT_EQ(news, (QList<QVariantList>{{0, "채널\t2\t글"}}));
+  window_->StayOnClose([] { return true; });
+  window_->close();
+  EXPECT_TRUE(window_->isHidden() && ends.empty());
+  window_->Quit();
+  EXPECT_EQ(ends.size(), 1);
+}
+
 TEST_F(HostWindowTest, TheMenuShowsWhetherTheModuleShowsUnreadPostsOnly) {
   const auto actions = window_->findChildren<QAction*>();
   QAction& entry = **std::ranges::find(actions, "읽지 않은 글만 보기(&U)", &QAction::text);
@@ -170,6 +188,7 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
             "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E)  "
             "목록을 글 위에(&T) 목록을 글 옆에(&B)*  읽지 않은 글만 보기(&U) 링크를 시스템 "
             "브라우저에서 열기(&S) 사이트 아이콘(&C)* "
+            "닫아도 트레이에서 계속 실행(&W) 로그인할 때 시작(&G) 데스크톱 알림(&N) "
             "도움말(&H) 키와 동작(&K)…F1 Feedloom 정보(&A) ");
   QObject::connect(window_.get(), &HostWindow::Closing, [&] { told << "closing"; });
   QObject::connect(window_.get(), &HostWindow::AppearanceChosen, [&](const Appearance& chosen) {

@@ -85,7 +85,7 @@ TEST_F(ProfileTest, HoldsAProtectedFolderACabinetAndTheSampleChannelForItsUserAl
 TEST_F(ProfileTest, TheRegistryNamesPlacesLanguageTextsAndWhatIsDeletedWhen) {
   ASSERT_EQ(CreateProfile(paths_.dir, share_, CodePage::Utf8(), "eng"), std::nullopt);
   EXPECT_EQ(Config().GetCodePage(), CodePage::Utf8());
-  EXPECT_EQ(Config().GetHostLanguage() + Config().GetAppTitle(), "ENGHalvix 3.0");
+  EXPECT_EQ(Config().GetHostLanguage() + Config().GetAppTitle(), "ENGFeedloom");
   EXPECT_EQ(Registry(paths_.registry).ReadDword(kModuleKey, "FeedDeleteMode"), 1u);
   EXPECT_EQ(Registry(paths_.registry).ReadString(kModuleKey, "FeedDeleteDateStr"), "30");
   const auto [text, value] = ReadHostTexts(Config());
@@ -276,8 +276,10 @@ TEST_F(ProfileTest, AsksTheModuleForMoreUnlessTheProfileSaysOtherwise) {
   EXPECT_TRUE(Config().StartsWithLast() && Config().SaysEmptyLists());
   std::filesystem::remove(paths_.registry);  // an older profile has no such values
   ASSERT_TRUE(Registry(paths_.registry).WriteString(kHostKey, kValueStart, "MAIN"));
+  ASSERT_TRUE(Registry(paths_.registry).WriteString(kHostKey, kValueAppTitle, "Halvix 3.0"));
   EXPECT_EQ(StoreHostWishes(paths_.dir), Failure());
   EXPECT_TRUE(!Config().StartsWithLast() && Config().SaysEmptyLists());
+  EXPECT_EQ(Config().GetAppTitle(), "Feedloom");
 }
 
 }  // namespace feedloom
