@@ -2,6 +2,7 @@
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
+#include <QTimer>
 #include <QVariantMap>
 #include <utility>
 
@@ -60,8 +61,13 @@ void DesktopNotice::Announce(int posts, const QString& lines) {
   AskWhetherInhibited({posts, lines});
 }
 
+// Without a bus the toolkit gives a call that never ends.
 void DesktopNotice::Ask(const QDBusMessage& call,
                         const std::function<void(const QDBusMessage&)>& take) {
+  if (!bus_.isConnected()) {
+    const auto none = QDBusMessage::createError(QDBusError::Disconnected, "No session bus");
+    return QTimer::singleShot(0, this, [take, none] { take(none); });
+  }
   auto* const watcher =
       new QDBusPendingCallWatcher(bus_.asyncCall(call, static_cast<int>(patience_.count())), this);
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, take] {

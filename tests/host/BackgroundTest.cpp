@@ -111,6 +111,14 @@ TEST_F(DesktopNoticeTest, TellsOnceOfAServiceThatFailsAndLeavesOneAloneThatIsInh
   EXPECT_NE(failures[1][0].toString(), "");
 }
 
+TEST_F(DesktopNoticeTest, TellsThatThereIsNoBus) {
+  DesktopNotice notice(QDBusConnection("none"));
+  QSignalSpy failures(&notice, &DesktopNotice::Failed);
+  notice.Announce(1, "A\t1\tx");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !failures.empty(); }));
+  EXPECT_EQ(failures[0][0], "No session bus");
+}
+
 TEST(TrayIcon, HasTheNumberOnItUpTo99) {
   const auto picture = [](int unread, int size) {
     return WithCount(QIcon(), unread).pixmap(size).toImage();
