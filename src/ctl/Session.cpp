@@ -9,6 +9,7 @@
 #include "profile/ProfileBackup.h"
 #include "profile/ProfileDefaults.h"
 #include "profile/ProfileLock.h"
+#include "profile/WriteAhead.h"
 #include "threads/Clock.h"
 
 namespace feedloom {
@@ -16,6 +17,9 @@ namespace {
 
 constexpr std::chrono::milliseconds kPatience(5'000);  // with other programs' locks
 constexpr std::chrono::milliseconds kNoPatience(0);
+constexpr char kOlderMode[] =
+    "on the disk of this profile SQLite's write-ahead mode is not to be had: "
+    "programs wait while another one stores";
 
 // Returns the profile's directory. When there is no default one, prints an error and returns "".
 std::string ProfileDir(const GlobalOptions& global) {
@@ -91,6 +95,7 @@ std::unique_ptr<Session> Session::Open(const GlobalOptions& global, DatabaseUse 
   if (!paths) return nullptr;
   const auto began = std::chrono::steady_clock::now();
   std::unique_ptr<Session> session(new Session(global, *paths, use));
+  if (IsOlderModeNews(session->database_.get(), session->registry_)) PrintError(kOlderMode);
   const auto patience = kPatience - (std::chrono::steady_clock::now() - began);
   if (WaitForLocks(session->database_.get(), use,
                    std::chrono::duration_cast<std::chrono::milliseconds>(patience))) {

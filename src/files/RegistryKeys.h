@@ -16,6 +16,7 @@ inline constexpr char kValueIniDir[] = "INIDIR";
 inline constexpr char kValueCurrentPath[] = "CURRENT_PATH";
 inline constexpr char kValueWorkDir[] = "WORKDIR";
 inline constexpr char kValueProfileDir[] = "PROFILE_DIR";  // where the profile was last
+inline constexpr char kValueJournal[] = "JOURNAL";         // kJournalOlder
 inline constexpr char kValueAppTitle[] = "APP_TITLE";
 inline constexpr char kValueLanguage[] = "CORVANE_LANG";
 inline constexpr char kValueModelName[] = "CORVANE_DISPLAY_MODELNAME";
@@ -41,6 +42,9 @@ inline constexpr char kValueNotifications[] = "NOTIFICATIONS";  // kNotification
 // When halvix last had the channels refreshed by themselves, seconds since 1970.
 inline constexpr char kValueLastUpdate[] = "LAST_UPDATE";
 inline constexpr char kValueWindowGeometry[] = "WINDOW_GEOMETRY";  // of the host's main window
+
+// The value of kValueJournal: the user has been told that the database is in the older mode.
+inline constexpr char kJournalOlder[] = "OLDER";
 
 // The values of kValuePostLinks.
 inline constexpr char kLinksInPane[] = "PANE";

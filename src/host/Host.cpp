@@ -25,6 +25,7 @@
 #include "host/LoadedModule.h"
 #include "host/ModuleLink.h"
 #include "host/NetworkState.h"
+#include "host/OlderModeNotice.h"
 #include "host/RefreshClock.h"
 #include "host/Refusal.h"
 #include "host/Screenshot.h"
@@ -189,6 +190,7 @@ class Show {
     }
     if (!options_.screenshot) {
       clock_.Start();
+      TellOlderMode(window_, profile_);
       return {};
     }
     picture_.emplace(window_, *frame_, QFile::decodeName(options_.screenshot->c_str()));

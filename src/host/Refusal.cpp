@@ -2,7 +2,10 @@
 
 #include <pwd.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
+
+#include <filesystem>
 
 #include "files/Path.h"
 #include "files/Registry.h"
@@ -32,6 +35,18 @@ std::string StrangerWhoOwns(const std::string& dir) {
 
 }  // namespace
 
+// What the disk on which `dir` lies, or would, has to do with a failure; null when nothing.
+const char* DiskFault(const std::string& dir) {
+  constexpr fsblkcnt_t kRoom = 64 * 1024;  // for the registry and the index of the database
+  struct statvfs disk {};
+  std::filesystem::path place = dir;
+  while (statvfs(place.c_str(), &disk) != 0 && place.has_relative_path())
+    place = place.parent_path();
+  if ((disk.f_flag & ST_RDONLY) != 0) return kHostTextProfileDiskReadOnly;
+  const bool isKnown = disk.f_blocks > 0;
+  return isKnown && disk.f_bavail * disk.f_frsize < kRoom ? kHostTextProfileDiskFull : nullptr;
+}
+
 // The shared file is read itself: a profile that cannot be read does not say where it lies.
 Refusal ProfileRefusal(const char* textKey, const ProfilePaths& paths, const std::string& who) {
   const IniFile texts = IniFile::Read(JoinPath(ShareDir(), "string.ini"));
@@ -44,8 +59,11 @@ Refusal ProfileRefusal(const char* textKey, const ProfilePaths& paths, const std
 
 Refusal RefusalOf(const std::string& reason, const ProfilePaths& paths) {
   const std::string owner = StrangerWhoOwns(paths.dir);
-  if (owner.empty()) return {reason, reason};
-  return ProfileRefusal(kHostTextProfileNotYours, paths, owner);
+  if (!owner.empty()) return ProfileRefusal(kHostTextProfileNotYours, paths, owner);
+  const char* const fault = DiskFault(paths.dir);
+  if (fault == nullptr) return {reason, reason};
+  const Refusal refusal = ProfileRefusal(fault, paths);
+  return {reason + " " + refusal.told, refusal.shown + "\n\n" + reason};
 }
 
 }  // namespace feedloom

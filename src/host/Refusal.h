@@ -16,7 +16,7 @@ struct Refusal {
 Refusal ProfileRefusal(const char* textKey, const ProfilePaths& paths, const std::string& who = {});
 
 // The refusal of a profile that cannot be opened for this reason (English): when it belongs to
-// another user, that is the reason.
+// another user, that is the reason. Where its disk is full or read-only, that is said, too.
 Refusal RefusalOf(const std::string& reason, const ProfilePaths& paths);
 
 }  // namespace feedloom

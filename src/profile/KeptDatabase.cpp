@@ -7,6 +7,7 @@
 
 #include "files/Path.h"
 #include "profile/Files.h"
+#include "profile/WriteAhead.h"
 
 namespace feedloom {
 namespace {
@@ -17,9 +18,7 @@ namespace {
 constexpr char kCacheSize[] = "PRAGMA default_cache_size = 4000";
 
 void BringUpToDate(sqlite3* database, const std::string& additions) {
-  const bool isReady = Execute(database, "SELECT 1 FROM TB_CHANNEL, TB_POST LIMIT 0") &&
-                       Execute(database, "PRAGMA journal_mode = WAL");
-  if (!isReady) return;
+  if (!Execute(database, "SELECT 1 FROM TB_CHANNEL, TB_POST LIMIT 0")) return;
   const bool isNew = !Execute(database, "SELECT 1 FROM TB_GONE_LINK LIMIT 0");
   const bool done = Execute(database, "BEGIN") && (!isNew || Execute(database, kCacheSize)) &&
                     Execute(database, additions.c_str()) && Execute(database, "COMMIT");
@@ -51,17 +50,14 @@ void CloseDatabase::operator()(sqlite3* database) const { sqlite3_close(database
 
 KeptDatabase KeepDatabase(const std::string& path, const std::string& shareDir,
                           std::chrono::milliseconds patience) {
-  sqlite3* opened = nullptr;
-  const int status = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
-  KeptDatabase database(opened);
-  if (status != SQLITE_OK) return nullptr;
-  sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
+  KeptDatabase database = OpenInBestMode(path, patience);
+  if (!database) return nullptr;
   std::string additions;
   for (const char* const name : {"gone_links.sql", "undo.sql", "post_details.sql"}) {
     additions += ReadFile(JoinPath(shareDir, name)).value_or("");
   }
-  BringUpToDate(opened, additions);
-  KeepEmptiedFiles(opened);
+  BringUpToDate(database.get(), additions);
+  KeepEmptiedFiles(database.get());
   return database;
 }
 

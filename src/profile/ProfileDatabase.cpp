@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "profile/KeptDatabase.h"
+#include "profile/WriteAhead.h"
 
 namespace feedloom {
 namespace {
@@ -77,14 +78,9 @@ Failure CreateDatabase(const std::string& path, const std::string& schema,
 }
 
 bool MoveAddresses(const std::string& path, std::string_view from, std::string_view to) {
-  sqlite3* opened = nullptr;
-  const bool isOpen =
-      sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK;
-  const KeptDatabase database(opened);
-  if (!isOpen) return false;
-  constexpr int kPatience = 1000;  // milliseconds, with another program's lock
-  sqlite3_busy_timeout(opened, kPatience);
-  return Run(opened, kMoveAddresses, {from, to});
+  constexpr std::chrono::seconds kPatience(1);                    // with another program's lock
+  const KeptDatabase database = OpenInBestMode(path, kPatience);  // on another disk, maybe
+  return database && Run(database.get(), kMoveAddresses, {from, to});
 }
 
 }  // namespace feedloom

@@ -14,6 +14,7 @@
 #include "profile/Profile.h"
 #include "profile/ProfileDefaults.h"
 #include "profile/SharePaths.h"
+#include "profile/WriteAhead.h"
 #include "skin/Keys.h"
 
 namespace feedloom {
@@ -135,6 +136,50 @@ TEST_F(ProfileTest, AnOlderDatabaseIsBroughtUpToDateBesideItsUsersAndIsOneWholeF
   EXPECT_EQ(LinksAfter("SELECT 1"), "1a,1b");
   EXPECT_EQ(Query("SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"), "6");
   EXPECT_EQ(Query("PRAGMA cache_size"), "4000");
+}
+
+// As long as it lives, files lie where programs cannot share memory.
+class DiskWithoutSharedMemory {
+ public:
+  DiskWithoutSharedMemory() {
+    disk_.zName = "no-shared-memory";
+    disk_.xOpen = [](sqlite3_vfs* disk, const char* name, sqlite3_file* file, int flags, int* got) {
+      const int status = sqlite3_vfs_find("unix")->xOpen(disk, name, file, flags, got);
+      if (status != SQLITE_OK || (flags & SQLITE_OPEN_MAIN_DB) == 0) return status;
+      static sqlite3_io_methods methods;
+      methods = *file->pMethods;
+      methods.xShmMap = [](auto...) { return SQLITE_IOERR_SHMMAP; };
+      file->pMethods = &methods;
+      return SQLITE_OK;
+    };
+    sqlite3_vfs_register(&disk_, 1);
+  }
+  ~DiskWithoutSharedMemory() { sqlite3_vfs_unregister(&disk_); }
+
+ private:
+  sqlite3_vfs disk_ = *sqlite3_vfs_find("unix");
+};
+
+TEST_F(ProfileTest, ADatabaseThatCannotBeInWriteAheadModeWhereItLiesIsInTheOlderOneToldOnce) {
+  ASSERT_EQ(Create(), "");
+  const Registry registry(paths_.registry);
+  {
+    const DiskWithoutSharedMemory disk;
+    const KeptDatabase kept = Keep();
+    EXPECT_EQ(LinksAfter("INSERT INTO TB_POST(post_channelID, post_link) VALUES(1, 'a')"), "1a");
+    EXPECT_EQ(Query("PRAGMA journal_mode"), "delete");
+    EXPECT_TRUE(IsOlderModeNews(kept.get(), registry));
+    EXPECT_FALSE(IsOlderModeNews(Keep().get(), registry));
+    EXPECT_EQ(Query("PRAGMA journal_mode"), "delete") << "not tried on it again";
+    EXPECT_EQ(CreateProfile(folder_.File("new"), share_, korean_, "KOR"), std::nullopt);
+    EXPECT_EQ(QueryIn(ProfilePaths(folder_.File("new")), "SELECT count(*) FROM TB_CHANNEL"), "1");
+  }
+  EXPECT_FALSE(IsOlderModeNews(Keep().get(), registry));
+  EXPECT_EQ(Query("PRAGMA journal_mode"), "wal");
+  EXPECT_EQ(Entries(), kAll) << "nothing is left of what was tried";
+  const DiskWithoutSharedMemory again;
+  EXPECT_TRUE(IsOlderModeNews(Keep().get(), registry));
+  EXPECT_TRUE(IsOnNetwork(0x6969) && IsOnNetwork(0xFF534D42)) << "NFS and CIFS, in statfs(2)";
 }
 
 TEST_F(ProfileTest, ADeletedPostStaysAwayFromItsChannelUntilThatGoesInWhateverOrder) {
