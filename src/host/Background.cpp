@@ -1,5 +1,6 @@
 #include "host/Background.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 
 #include "host/ErrorReport.h"
@@ -58,12 +59,19 @@ void Background::FollowTray() {
   });
 }
 
-// The toolkit closes all windows when the session ends, which must not hide this one.
+// The session may end without another word.
 void Background::FollowSession() {
+  qApp->installEventFilter(this);
   QObject::connect(qApp, &QGuiApplication::commitDataRequest, &window_, [this] {
-    window_.StayOnClose({});
     if (!SaveWindowGeometry(window_, registry_)) ReportError("Cannot remember the window's place.");
   });
+}
+
+// At the session's end the toolkit would close the window first, which may only hide it.
+bool Background::eventFilter(QObject* receiver, QEvent* event) {
+  if (receiver != qApp || event->type() != QEvent::Quit) return false;
+  window_.Quit();
+  return true;
 }
 
 bool Background::HideToTray() {
