@@ -72,9 +72,14 @@ install(DIRECTORY ${CMAKE_SOURCE_DIR}/share/sample DESTINATION share/feedloom)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/share/feedloom/skin DESTINATION share/feedloom)
 
 install(FILES ${packaging_dir}/halvix.desktop DESTINATION share/applications)
+set(metainfo example.feedloom.halvix.metainfo.xml)
+configure_file(${packaging_dir}/${metainfo}.in ${made_dir}/${metainfo} @ONLY)
+install(FILES ${made_dir}/${metainfo} DESTINATION share/metainfo)
 set(icon ${CMAKE_SOURCE_DIR}/share/skin/src/halvix.svg)
 install(FILES ${icon} DESTINATION ${icon_dir}/scalable/apps)
-foreach(pixels 16 32 48 128)
+install(FILES ${CMAKE_SOURCE_DIR}/share/skin/src/halvix-symbolic.svg
+        DESTINATION ${icon_dir}/symbolic/apps)
+foreach(pixels 16 22 24 32 48 64 128 256)
   make_icon(${icon} ${pixels})
 endforeach()
 
