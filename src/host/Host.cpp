@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <optional>
 
+#include "host/AboutBox.h"
 #include "host/ApplicationStyle.h"
 #include "host/Background.h"
 #include "host/BackupDialogs.h"
@@ -120,9 +121,11 @@ void KeepListPlace(HostWindow& window, const Registry& registry) {
       });
 }
 
-void OfferBackups(HostWindow& window, const HostProfile& profile) {
+void ServeMenu(HostWindow& window, const HostProfile& profile) {
   QObject::connect(&window, &HostWindow::BackupWanted, &window,
                    [&] { BackUp(window, profile.paths); });
+  QObject::connect(&window, &HostWindow::AboutWanted, &window,
+                   [&] { ShowAbout(window, profile.paths); });
   QObject::connect(&window, &HostWindow::RestoreWanted, &window, [&] {
     Restore(window, profile.paths, [] { QCoreApplication::exit(kRestartWindow); });
   });
@@ -229,7 +232,7 @@ int ShowProfile(const HostOptions& options, const HostProfile& profile, const Lo
   RestartOnAppearanceChoice(window, profile);
   KeepSwitches(window, registry);
   KeepListPlace(window, registry);
-  OfferBackups(window, profile);
+  ServeMenu(window, profile);
   instance.Serve(window);
   std::optional<Background> background;
   if (!options.screenshot) background.emplace(window, registry);

@@ -5,13 +5,13 @@
 #include <QIcon>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QToolButton>
 #include <utility>
 
 #include "host/HostTables.h"
+#include "host/MessageLog.h"
 #include "host/ModulePane.h"
 #include "shell/Feedloom.h"
 #include "skin/Keys.h"
@@ -38,6 +38,7 @@ HostWindow::HostWindow(const QString& caption, Appearance appearance, ViewChoice
     : caption_(caption),
       appearance_(std::move(appearance)),
       pane_(new ModulePane(this)),
+      log_(new MessageLog(this)),
       status_(new QLabel(this)),
       undo_(new QToolButton(this)),
       busy_(new QProgressBar(this)),
@@ -144,6 +145,8 @@ void HostWindow::MakeStatusBar() {
   statusBar()->addPermanentWidget(stop_);
   connect(pane_, &ModulePane::TextReported, status_,
           [label = status_](const QString& text) { ShowStatus(*label, text); });
+  connect(pane_, &ModulePane::TextReported, log_, [this](const QString& text) { log_->Add(text); });
+  connect(pane_, &ModulePane::FailureReported, log_, &MessageLog::MarkFailure);
   connect(pane_, &ModulePane::UndoOffered, this, &HostWindow::OfferUndo);
   connect(
       undo_, &QToolButton::clicked, this, [this] { SendToFrame(kMessageUndo); },
@@ -168,10 +171,6 @@ void HostWindow::ShowRefresh(bool isRunning) {
 void HostWindow::ShowProgress(int done, int total) {
   busy_->setRange(0, total);
   busy_->setValue(done);
-}
-
-void HostWindow::ShowAbout() {
-  QMessageBox::about(this, caption_, HostText(kHostTextAbout).replace("%1", FEEDLOOM_VERSION));
 }
 
 }  // namespace feedloom

@@ -19,6 +19,7 @@ class QToolButton;
 
 namespace feedloom {
 
+class MessageLog;
 class ModulePane;
 class WindowMessage;
 struct HostSwitch;
@@ -81,6 +82,8 @@ class HostWindow : public QMainWindow {
   // The user wants to back up the profile, or to restore a backup.
   void BackupWanted();
   void RestoreWanted();
+  // The user wants to know about the program.
+  void AboutWanted();
   // The user has turned one of HostSwitches() on or off.
   void SwitchTurned(const feedloom::HostSwitch& which, bool isOn);
   // The user has chosen where the list stands.
@@ -110,11 +113,11 @@ class HostWindow : public QMainWindow {
   void ShowUnread(int unread);
   void TellNewPosts(const WindowMessage& message);
   void OfferUndo(const QString& step);
-  void ShowAbout();
 
   const QString caption_;
   const Appearance appearance_;
   ModulePane* const pane_;
+  MessageLog* const log_;
   QLabel* const status_;
   QToolButton* const undo_;
   QProgressBar* const busy_;

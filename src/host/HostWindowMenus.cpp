@@ -8,6 +8,8 @@
 #include "host/HostSwitches.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
+#include "host/MessageLog.h"
+#include "host/MessagesDialog.h"
 #include "profile/SharePaths.h"
 #include "shell/Feedloom.h"
 #include "skin/Keys.h"
@@ -21,6 +23,7 @@ void HostWindow::MakeMenu(const ViewChoices& view) {
   }).setShortcut(Qt::CTRL | Qt::Key_R);
   MakeStopEntry(file);
   AddEntry(file, kHostTextMenuShowMessage, [this] { SendToFrame(kMessageShowTextAgain); });
+  AddEntry(file, kHostTextMenuMessages, [this] { (new MessagesDialog(*log_, this))->show(); });
   AddEntry(file, kHostTextMenuSettings, [this] { SendToFrame(kMessageOpenPanel); });
   file.addSeparator();
   AddEntry(file, kHostTextMenuBackup, [this] { emit BackupWanted(); });
@@ -30,7 +33,7 @@ void HostWindow::MakeMenu(const ViewChoices& view) {
   MakeViewMenu(view);
   QMenu& help = *menuBar()->addMenu(HostText(kHostTextMenuHelp));
   MakeKeysEntry(help);
-  AddEntry(help, kHostTextMenuAbout, [this] { ShowAbout(); });
+  AddEntry(help, kHostTextMenuAbout, [this] { emit AboutWanted(); });
 }
 
 // The module listens to the key in its frame; here the key is shown, and used in the menu bar only.

@@ -18,6 +18,7 @@ void ModulePane::Fill(QWidget* frame) { layout()->addWidget(frame); }
 bool ModulePane::event(QEvent* event) {
   if (event->type() != WindowMessage::kType) return QWidget::event(event);
   const auto& message = *static_cast<WindowMessage*>(event);
+  if (message.number == kMessageTextIsFailure) return emit FailureReported(), true;
   // NOLINTNEXTLINE(performance-no-int-to-ptr): a message carries a pointer as lParam
   const auto* text = reinterpret_cast<const std::string*>(message.lParam);
   if (text == nullptr) return false;

@@ -17,6 +17,8 @@ class ModulePane : public QWidget {
  signals:
   // The module has sent a text for the user.
   void TextReported(const QString& text);
+  // The text that was reported last tells of a failure.
+  void FailureReported();
   // The module offers to undo what is called `step`; an empty text: no longer.
   void UndoOffered(const QString& step);
 

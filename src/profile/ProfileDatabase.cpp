@@ -77,6 +77,8 @@ Failure CreateDatabase(const std::string& path, const std::string& schema,
   return MoveIntoPlace(temporary, path);
 }
 
+std::string DatabaseVersion() { return sqlite3_libversion(); }
+
 bool MoveAddresses(const std::string& path, std::string_view from, std::string_view to) {
   constexpr std::chrono::seconds kPatience(1);                    // with another program's lock
   const KeptDatabase database = OpenInBestMode(path, kPatience);  // on another disk, maybe

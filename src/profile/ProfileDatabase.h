@@ -20,6 +20,9 @@ struct InitialContent {
 [[nodiscard]] Failure CreateDatabase(const std::string& path, const std::string& schema,
                                      const InitialContent& content);
 
+// The version of the database library, "3.40.1".
+std::string DatabaseVersion();
+
 // Gives channels of the database at `path` whose address begins with `from` one that begins with
 // `to` in its place (both ASCII). Returns false after a failure.
 [[nodiscard]] bool MoveAddresses(const std::string& path, std::string_view from,

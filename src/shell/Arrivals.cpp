@@ -254,7 +254,9 @@ void Arrivals::TellReceived() {
   for (const int id : std::exchange(counted_, {})) {
     desk_.ReportPage(WithTitle(received, left_.ChannelTitle(id)), false);
   }
-  if (waiting_.empty() && !endText_.empty()) desk_.ReportPage(std::exchange(endText_, {}), false);
+  if (!waiting_.empty() || endText_.empty()) return;
+  desk_.ReportPage(std::exchange(endText_, {}), false);
+  if (endIsFailure_) desk_.MarkFailure();
 }
 
 }  // namespace feedloom

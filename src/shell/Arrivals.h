@@ -45,7 +45,10 @@ class Arrivals {
 
   // `text` is the status text of a run that ends; it is told behind those of its channels. An empty
   // one is not told. To be called before the message of the run's end.
-  void TellAtEnd(std::string text) { endText_ = std::move(text); }
+  void TellAtEnd(std::string text, bool isFailure) {
+    endText_ = std::move(text);
+    endIsFailure_ = isFailure;
+  }
 
   // As Reading::RecountUnread. Posts that workers have stored, and that are not counted yet, are
   // added to the unread total.
@@ -98,6 +101,7 @@ class Arrivals {
   std::vector<int> waiting_;        // channels that were refreshed and are not counted yet
   std::vector<int> counted_;        // channels whose status texts are due
   std::string endText_;             // due behind them
+  bool endIsFailure_ = false;
 };
 
 }  // namespace feedloom

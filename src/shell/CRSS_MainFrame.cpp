@@ -283,7 +283,7 @@ void CRSS_MainFrame::OnRunEnded() {
   std::string told = RefreshSumsText(skin_, sums);
   const std::string moved = TellMovedOnce(skin_, registry_, left_->Subscriptions(), refresh_);
   if (!moved.empty()) told += (told.empty() ? "" : ". ") + moved;
-  arrivals_->TellAtEnd(std::move(told));
+  arrivals_->TellAtEnd(std::move(told), sums.failed > 0 || sums.missing > 0);
   arrivals_->OnMessage(kMessageChannelResult, kRunEnded, 0);
   SetRefreshBusy(false);
   if (icons_) icons_->Renew();

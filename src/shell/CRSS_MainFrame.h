@@ -82,6 +82,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   SharedState& State() override { return state_; }
   UndoableSteps& Steps() override { return steps_; }
   void ReportMessage(std::string_view text) override { status_.Report(text); }
+  void MarkFailure() override { status_.MarkFailure(); }
   void ReportPage(std::string_view text, bool hasEnded) override {
     status_.ReportPage(text, hasEnded);
   }

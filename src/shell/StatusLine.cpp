@@ -27,8 +27,11 @@ void StatusLine::ReportPage(std::string_view text, bool hasEnded) {
 void StatusLine::ReportFailure(std::string_view text) {
   if (!isTreeRead_ && std::exchange(startFailure_, text) == text) return;
   Report(text);
+  MarkFailure();
   isTextKept_ = true;
 }
+
+void StatusLine::MarkFailure() { SendToWindow(frame_.parentWidget(), kMessageTextIsFailure, 0, 0); }
 
 void StatusLine::ReportStep(std::string_view text) {
   Report(text);

@@ -24,6 +24,8 @@ class StatusLine {
   // Reports a failure of the store. As long as the tree cannot be read, each try of the start fails
   // for the same reason, which is told once.
   void ReportFailure(std::string_view text);
+  // Tells the host that the text which was reported last is of a failure.
+  void MarkFailure();
   // Reports what the user has done. As a failure, it stays while the next post is shown.
   void ReportStep(std::string_view text);
   // Tells the host that the step with this name can be undone; an empty one is no longer offered.

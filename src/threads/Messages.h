@@ -22,6 +22,7 @@ enum Message : unsigned {
   // lParam a const std::string*, in the module's code page: what the last step is called, which can
   // be undone; empty when that is no longer offered.
   kMessageUndoOffered = 0x3064,
+  kMessageTextIsFailure = 0x3065,  // the text that was shown last tells of a failure
   kMessageRefreshBegan = 0x5601,
   kMessageRefreshEnded = 0x5602,
   kMessageRefreshProgress = 0x5603,  // wParam and lParam: so many channels are done, of so many

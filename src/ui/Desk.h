@@ -31,6 +31,8 @@ class Desk {
   // `hasEnded`. It does not replace a failure of the store: that stays on display until the page
   // has ended, or as long as the tree cannot be read.
   virtual void ReportPage(std::string_view text, bool hasEnded) = 0;
+  // Tells the host that the status text which was passed last is of a failure.
+  virtual void MarkFailure() = 0;
   // Shows the host's text with this section and key in a message box and waits for the answer. The
   // frame may be destroyed meanwhile; the answer is then Declined.
   virtual MsgBoxAnswer ShowTextMessage(const char* section, const char* key, MsgBoxKind kind) = 0;

@@ -5,6 +5,7 @@
 #include <QtWidgets>
 #include <fstream>
 
+#include "host/AboutBox.h"
 #include "host/BackupDialogs.h"
 #include "host/CommandLine.h"
 #include "host/ContentQueue.h"
@@ -12,6 +13,8 @@
 #include "host/HostSwitches.h"
 #include "host/HostTables.h"
 #include "host/HostWindow.h"
+#include "host/MessageLog.h"
+#include "host/MessagesDialog.h"
 #include "host/RaiseWindow.h"
 #include "host/WindowGeometry.h"
 #include "kit/ShippedSkin.h"
@@ -183,7 +186,8 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   for (const auto* action : window_->findChildren<QAction*>())
     all << action->text() + (action->isChecked() ? "*" : "") + action->shortcut().toString();
   EXPECT_EQ(all.join(' ').toStdString(),
-            "파일(&F) 모든 채널 새로 고침(&R)Ctrl+R 새로 고침 멈춤(&T) 마지막 메시지 보기(&M) 환경 "
+            "파일(&F) 모든 채널 새로 고침(&R)Ctrl+R 새로 고침 멈춤(&T) 마지막 메시지 보기(&M) "
+            "메시지 목록(&L)… 환경 "
             "설정(&S)…  백업(&B)… 백업에서 복원(&O)…  "
             "끝내기(&Q)Ctrl+Q 보기(&V) 밝은 화면(&L) 어두운 화면(&D)*  한국어(&K)* English(&E)  "
             "목록을 글 위에(&T) 목록을 글 옆에(&B)*  읽지 않은 글만 보기(&U) 링크를 시스템 "
@@ -209,6 +213,34 @@ TEST_F(HostWindowTest, TheMenuOffersOtherLooksThanThoseOfNowAndTheEnd) {
   QCoreApplication::processEvents();
   EXPECT_EQ(told, QStringList({"off: MENU_SITE_ICONS", "on: MENU_LINKS_OUTSIDE", "above",
                                "light KOR", "dark ENG", "closing"}));
+}
+
+TEST_F(HostWindowTest, ListsWhatTheStatusBarSaidNewestFirstAndWhatOfItFailed) {
+  const auto say = [&](const std::string& text) {
+    Send(window_->ModuleParent(), kMessageShowText, &text);
+  };
+  say("one");
+  for (auto* action : window_->findChildren<QAction*>())
+    if (action->text() == "메시지 목록(&L)…") action->trigger();
+  QCoreApplication::processEvents();
+  const auto& list = *window_->findChild<QTreeWidget*>();
+  for (int i = 0; i < 600; ++i) say(std::to_string(i));
+  EXPECT_EQ(list.topLevelItemCount(), 500);
+  EXPECT_EQ(list.topLevelItem(0)->text(1), "599");
+  MessageLog log;
+  log.Add("a"), log.Add("b"), log.Add("b"), log.MarkFailure();
+  MessagesDialog dialog(log, nullptr);
+  const auto& rows = *dialog.findChild<QTreeWidget*>();
+  EXPECT_EQ(rows.topLevelItem(0)->text(1) + ";" + rows.topLevelItem(1)->text(1), "[실패] b (2×);a");
+}
+
+TEST_F(HostWindowTest, AboutTellsWhatItIsMadeWithAndWhereTheProfileLies) {
+  DialogAnswers answers;
+  QString told;
+  answers.Next([&](QDialog& dialog) { told = dynamic_cast<QMessageBox&>(dialog).text(); });
+  ShowAbout(*window_, ProfilePaths("/my/profile"));
+  for (const QString part : {FEEDLOOM_VERSION, qVersion(), "SQLite 3.", "MIT", "/my/profile"})
+    EXPECT_TRUE(told.contains(part)) << told.toStdString();
 }
 
 TEST_F(HostWindowTest, ABackupTakesTheProfilesPlaceOnlyIfTheUserMeansIt) {

@@ -20,6 +20,7 @@ struct FakeDesk : Desk {
   SharedState& State() override { return state; }
   UndoableSteps& Steps() override { return steps; }
   void ReportMessage(std::string_view text) override { messages.emplace_back(text); }
+  void MarkFailure() override {}
   void ReportPage(std::string_view text, bool) override { messages.emplace_back(text); }
   MsgBoxAnswer ShowTextMessage(const char*, const char* key, MsgBoxKind) override {
     questions.emplace_back(key);
