@@ -35,8 +35,7 @@ void ShowAbout(QWidget& window, const ProfilePaths& paths) {
                            .arg(FEEDLOOM_VERSION, qVersion(), EngineSays("_Z17qWebEngineVersionv"),
                                 EngineSays("_Z25qWebEngineChromiumVersionv"),
                                 QString::fromStdString(DatabaseVersion()), profile);
-  QMessageBox box(QMessageBox::Information, HostText(kHostTextMenuAbout).remove('&'), text,
-                  QMessageBox::Close, &window);
+  QMessageBox box(QMessageBox::Information, "Feedloom", text, QMessageBox::Close, &window);
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   const QIcon icon = window.windowIcon();
