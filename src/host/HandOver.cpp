@@ -12,9 +12,10 @@ namespace {
 
 // A frame is the length of its body, four bytes with the highest one first, and the body: fields
 // that each end with a zero byte, which no argument contains. They are kMark, the number of omitted
-// contents, the activation token, and the contents.
+// contents, the activation token, kHidden or nothing, and the contents.
 constexpr std::size_t kLengthBytes = 4;
 constexpr std::string_view kMark = "feedloom hand-over 1";
+constexpr std::string_view kHidden = "hidden";
 
 void AddField(std::string& body, std::string_view text) { body.append(text).push_back('\0'); }
 
@@ -46,14 +47,17 @@ std::vector<std::string> FieldsOf(std::string_view body) {
 }
 
 ReceivedFrame ReadBody(std::string_view body) {
-  constexpr std::size_t kHeadFields = 3;
+  constexpr std::size_t kHeadFields = 4;
   std::vector<std::string> fields = FieldsOf(body);
   if (fields.size() < kHeadFields || fields[0] != kMark || !body.ends_with('\0')) {
     return {ReceivedFrame::State::Nonsense};
   }
   const auto omitted = ReadNumber(fields[1]);
   if (!omitted) return {ReceivedFrame::State::Nonsense};
-  HandOver handOver{.contents = {}, .omitted = *omitted, .activationToken = fields[2]};
+  HandOver handOver{.contents = {},
+                    .omitted = *omitted,
+                    .activationToken = fields[2],
+                    .isHidden = fields[3] == kHidden};
   handOver.contents.assign(fields.begin() + kHeadFields, fields.end());
   return {ReceivedFrame::State::Whole, std::move(handOver)};
 }
@@ -91,8 +95,8 @@ std::string FrameOf(HandOver handOver) {
   // The number of omitted contents is known last and has this room.
   constexpr std::size_t kNumberBytes = 20;
   std::string contents;
-  const std::size_t taken =
-      kLengthBytes + kMark.size() + kNumberBytes + handOver.activationToken.size() + 3;
+  const std::size_t taken = kLengthBytes + kMark.size() + kNumberBytes +
+                            handOver.activationToken.size() + kHidden.size() + 4;
   for (const std::string& content : handOver.contents) {
     const bool fits = taken + contents.size() + content.size() < kMaxFrame;
     fits ? AddField(contents, content) : void(++handOver.omitted);
@@ -101,6 +105,7 @@ std::string FrameOf(HandOver handOver) {
   AddField(body, kMark);
   AddField(body, std::to_string(handOver.omitted));
   AddField(body, handOver.activationToken);
+  AddField(body, handOver.isHidden ? kHidden : "");
   body += contents;
   return LengthOf(body) + body;
 }

@@ -16,6 +16,7 @@ struct HandOver {
   std::size_t omitted = 0;  // further ones, for which there is no room
   // With which the desktop lets a window come to the front; empty without one.
   std::string activationToken = {};
+  bool isHidden = false;  // a start that wants no window
 
   bool operator==(const HandOver&) const = default;
 };

@@ -12,7 +12,8 @@ void Instance::Serve(HostWindow& window) {
   auto* const queue = new ContentQueue(window);
   QObject::connect(&socket_, &InstanceSocket::Received, queue,
                    [&window, queue](const HandOver& handOver) {
-                     RaiseWindow(window, handOver.activationToken);
+                     const bool isSilent = handOver.isHidden && handOver.contents.empty();
+                     if (!isSilent) RaiseWindow(window, handOver.activationToken);
                      queue->Add(handOver);
                    });
   queue->Add(std::exchange(first_, HandOver()));

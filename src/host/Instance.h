@@ -18,7 +18,8 @@ class Instance {
   Instance(const std::vector<std::string>& socketPaths, HandOver first)
       : socket_(socketPaths), first_(std::move(first)) {}
 
-  // From now on `window` opens what comes, and is raised with it.
+  // From now on `window` opens what comes, and is raised with it, but for a start that wants no
+  // window and opens nothing.
   void Serve(HostWindow& window);
 
  private:

@@ -139,9 +139,10 @@ class Profile:
         return {link for (link,) in self.database.sql("select post_link from TB_POST")}
 
     def files(self):
-        """But for those that the database has beside it as long as somebody uses it."""
+        """But for those that the database has beside it as long as somebody uses it, and the days'
+        copies."""
         return {str(path.relative_to(self.folder)) for path in self.folder.rglob("*")
-                if path.name not in ("rssdb-wal", "rssdb-shm")}
+                if not {"rssdb-wal", "rssdb-shm", "backups"}.intersection(path.parts)}
 
 
 class Server(http.server.ThreadingHTTPServer):

@@ -3,8 +3,13 @@
 
 #include <QLocalSocket>
 #include <QSignalSpy>
+#include <QTest>
+#include <future>
 
-#include "host/InstanceSocket.h"
+#include "host/HostTables.h"
+#include "host/HostWindow.h"
+#include "host/Instance.h"
+#include "kit/ShippedSkin.h"
 #include "kit/TempFolder.h"
 
 namespace feedloom {
@@ -32,7 +37,7 @@ TEST(HandOver, AnArgumentNamesAnAddressOrAFileSeenFromWhereItIsGiven) {
 }
 
 TEST(HandOver, ComesOutOfItsFrameAsItWentInAndLeavesOutWhatHasNoRoom) {
-  const HandOver sent{{"http://a.example/", "/a\xFF\n.opml", ""}, 3, "token"};
+  const HandOver sent{{"http://a.example/", "/a\xFF\n.opml", ""}, 3, "token", true};
   const std::string frame = FrameOf(sent);
   EXPECT_EQ(ReadFrame(frame).handOver, sent);
   for (std::size_t size = 0; size < frame.size(); ++size)
@@ -88,6 +93,21 @@ TEST_F(InstanceSocketTest, WhoSendsLearnsThatNobodyIsInOrNobodyAnswers) {
   EXPECT_EQ(SendHandOver(places, {}, milliseconds(1)), HandOverEnd::NobodyIn);
   const InstanceSocket busy({path_});
   EXPECT_EQ(SendHandOver(places, {}, milliseconds(1)), HandOverEnd::NoAnswer);
+}
+
+TEST_F(InstanceSocketTest, AWindowComesToTheFrontForALaterStartUnlessThatWantsNone) {
+  using namespace std::chrono_literals;
+  const ShippedSkin skin;
+  SetHostTables(ReadHostTexts(skin.Get().Config()), CodePage::Korean());
+  HostWindow window("Feedloom", {"dark", "KOR"}, {});
+  Instance instance({path_}, {});
+  instance.Serve(window);
+  for (const bool isHidden : {true, false}) {
+    auto sent = std::async([&] { return SendHandOver({path_}, {.isHidden = isHidden}, 5s); });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return sent.wait_for(0s) == std::future_status::ready; }));
+    EXPECT_EQ(sent.get(), HandOverEnd::Taken);
+    EXPECT_EQ(window.isVisible(), !isHidden);
+  }
 }
 
 TEST(SocketPaths, LieInTheProfileUnlessThatPathIsTooLong) {
