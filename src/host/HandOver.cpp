@@ -54,10 +54,8 @@ ReceivedFrame ReadBody(std::string_view body) {
   }
   const auto omitted = ReadNumber(fields[1]);
   if (!omitted) return {ReceivedFrame::State::Nonsense};
-  HandOver handOver{.contents = {},
-                    .omitted = *omitted,
-                    .activationToken = fields[2],
-                    .isHidden = fields[3] == kHidden};
+  HandOver handOver{
+      .omitted = *omitted, .activationToken = fields[2], .isHidden = fields[3] == kHidden};
   handOver.contents.assign(fields.begin() + kHeadFields, fields.end());
   return {ReceivedFrame::State::Whole, std::move(handOver)};
 }

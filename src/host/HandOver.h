@@ -12,7 +12,7 @@ namespace feedloom {
 
 struct HandOver {
   // Addresses, and absolute paths in the file system's encoding.
-  std::vector<std::string> contents;
+  std::vector<std::string> contents = {};
   std::size_t omitted = 0;  // further ones, for which there is no room
   // With which the desktop lets a window come to the front; empty without one.
   std::string activationToken = {};

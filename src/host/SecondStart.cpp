@@ -44,10 +44,7 @@ std::vector<std::string> SocketPathsOf(const ProfilePaths& paths) {
 HandOver HandOverOf(const HostOptions& options) {
   std::error_code error;  // a directory that has gone: the arguments are taken as they are
   const std::string directory = std::filesystem::current_path(error).string();
-  HandOver handOver{.contents = {},
-                    .omitted = 0,
-                    .activationToken = ActivationToken(),
-                    .isHidden = options.isHidden};
+  HandOver handOver{.activationToken = ActivationToken(), .isHidden = options.isHidden};
   for (const std::string& argument : options.contents)
     handOver.contents.push_back(ContentOf(argument, directory));
   return handOver;
