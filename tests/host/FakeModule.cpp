@@ -2,8 +2,13 @@
 // Create fails, with FAKE_MODULE=close it closes the window; other texts, with a ";" between them,
 // are entries of the host's menu that it chooses.
 
-#include <QtWidgets>
+#include <QAction>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QTimer>
+#include <QWidget>
 #include <iostream>
+#include <memory>
 
 #include "shell/Feedloom.h"
 #include "skin/Keys.h"
