@@ -8,8 +8,8 @@
 #include "fetch/OwnPeriods.h"
 #include "files/RegistryKeys.h"
 #include "kit/FeedDocuments.h"
-#include "kit/ThreadRefusal.h"
 #include "shell/ModuleFixture.h"
+#include "shell/ModuleThreads.h"
 
 namespace feedloom {
 
@@ -251,8 +251,9 @@ TEST_F(Module, CountsUnreadPostsAndThenDeletesOldOnesWhenTheSettingsSaySoAlsoWit
     Destroy();
   }
   QWidget window;
-  std::optional<ThreadRefusal> refusal(std::in_place);
-  frame_ = Create(&window);  // the browser engine has the threads that it cannot do without
+  std::optional<ModuleThreadRefusal> refusal(std::in_place);
+  frame_ = Create(&window);
+  EXPECT_GT(refusal->Refused(), 0);
   refusal.reset();
   EXPECT_EQ(Labels()[1], "  Feedloom 시작하기(1)");
 }
