@@ -34,6 +34,7 @@
 #include "host/TerminationSignals.h"
 #include "host/Timings.h"
 #include "host/WindowGeometry.h"
+#include "profile/DailyCopies.h"
 #include "profile/DatabaseRepair.h"
 #include "profile/HostTexts.h"
 #include "profile/ProfileBackup.h"
@@ -152,7 +153,9 @@ class Show {
                [&window] { window.SendToFrame(kMessageRefreshDue); }),
         refreshes_(refreshes) {}
   ~Show() {
-    if (frame_ != nullptr) module_.destroyBtn();
+    if (frame_ == nullptr) return;
+    KeepDailyCopy(profile_.paths);  // the module is about to replace the last copy
+    module_.destroyBtn();
   }
   Show(const Show&) = delete;
   Show& operator=(const Show&) = delete;

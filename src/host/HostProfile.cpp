@@ -8,7 +8,6 @@
 
 #include "files/Registry.h"
 #include "host/CommandLine.h"
-#include "profile/DailyCopies.h"
 #include "profile/DatabaseRepair.h"
 #include "profile/HostWishes.h"
 #include "profile/MovedProfile.h"
@@ -83,7 +82,6 @@ Failure OpenProfile(HostProfile& profile, const HostOptions& options) {
   if (auto failure = profile.lock.Take(paths.dir)) return failure;
   if (auto failure = CompleteRestore(paths)) return failure;
   FollowMove(paths.dir);
-  KeepDailyCopy(paths);
   if (auto failure = RepairSharePaths(paths.dir, ShareDir())) return failure;
   if (auto failure = StoreHostWishes(paths.dir)) return failure;
   profile.database = KeepDatabase(paths.database, ShareDir(), kPatience);

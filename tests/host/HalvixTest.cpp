@@ -86,7 +86,9 @@ TEST_F(HalvixTest, MakesAProfileAndRefreshesItsChannelsOnce) {
   EXPECT_EQ(RunOnce({"--lang", "eng", "--code-page", "utf-8"}),
             begin + "message 12412\nidle\ndestroyed\n");
   EXPECT_GT(RegistryText(kValueWindowGeometry).size(), 50u);
+  ASSERT_FALSE(WriteFileWhole(paths_.database + ".bak", "the last copy"));
   for (const int end : {SIGINT, SIGHUP}) EXPECT_EQ(RunOnce({}, end), begin + "idle\ndestroyed\n");
+  EXPECT_FALSE(fs::is_empty(paths_.dir + "/backups")) << "one of each day";
   ExpectRefused("keeps its texts in UTF-8; only a new profile can have EUC-KR.",
                 {"--lang", "KOR", "--code-page", "EUC-KR"});
   EXPECT_TRUE(RunOnce({"--lang", "kor"}).contains("text 끝내기(&Q)\n"));
