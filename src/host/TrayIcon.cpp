@@ -109,11 +109,15 @@ void TrayIcon::WatchTray() {
 
 void TrayIcon::SetThere(bool isThere) {
   if (std::exchange(isThere_, isThere) == isThere) return;
+  ShowCount(unread_);
   icon_.setVisible(isThere);
   if (!isThere) emit Gone();
 }
 
+// The icon is painted in all its sizes: not where nobody sees it.
 void TrayIcon::ShowCount(int unread) {
+  unread_ = unread;
+  if (!isThere_) return;
   icon_.setIcon(WithCount(base_, unread));
   const QString count =
       HostText(unread == 1 ? kHostTextUnreadPost : kHostTextUnreadPosts).arg(unread);

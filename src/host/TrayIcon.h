@@ -45,6 +45,7 @@ class TrayIcon : public QObject {
   QSystemTrayIcon icon_;
   QTimer look_;  // runs while the tray is one that nobody tells of
   bool isThere_;
+  int unread_ = 0;
 };
 
 }  // namespace feedloom
