@@ -42,6 +42,13 @@ bool HasFileBeside(const std::string& path) {
 
 }  // namespace
 
+KeptDatabase OpenDatabase(const std::string& path, int flags) {
+  sqlite3* opened = nullptr;
+  const bool isOpen = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr) == SQLITE_OK;
+  KeptDatabase database(opened);
+  return isOpen ? std::move(database) : nullptr;
+}
+
 bool Execute(sqlite3* database, const char* sql) {
   return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }

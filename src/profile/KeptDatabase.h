@@ -23,6 +23,9 @@ struct CloseDatabase {
 // Goes after all other connections of its program. Belongs to the thread that made it.
 using KeptDatabase = std::unique_ptr<sqlite3, CloseDatabase>;
 
+// Opens the database at `path` with SQLITE_OPEN_ `flags`. Null when that fails.
+KeptDatabase OpenDatabase(const std::string& path, int flags);
+
 // Runs `sql`, one or more statements without a result. False at the first that fails.
 bool Execute(sqlite3* database, const char* sql);
 

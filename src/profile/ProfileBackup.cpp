@@ -38,17 +38,10 @@ std::map<std::string, std::string, std::less<>> PlacesOf(const ProfilePaths& pat
 
 std::string PendingFile(const ProfilePaths& paths) { return JoinPath(paths.dir, "restore.db"); }
 
-KeptDatabase Open(const std::string& path, int flags) {
-  sqlite3* opened = nullptr;
-  const bool isOpen = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr) == SQLITE_OK;
-  KeptDatabase database(opened);
-  return isOpen ? std::move(database) : nullptr;
-}
-
 // Waits for other programs' locks: a locked database must not pass for a damaged one.
 Failure CheckUnlocked(const std::string& path, DatabaseUse use) {
   constexpr std::chrono::seconds kPatience(5);
-  const KeptDatabase database = Open(path, SQLITE_OPEN_READWRITE);
+  const KeptDatabase database = OpenDatabase(path, SQLITE_OPEN_READWRITE);
   if (database) KeepWriteAheadLog(database.get());
   if (WaitForLocks(database.get(), use, kPatience)) return {};
   return fmt::format("The database '{}' is in use by another program.", path);
@@ -74,7 +67,7 @@ bool AddPart(sqlite3* database, const std::string& name, const std::string& cont
 }
 
 bool AddParts(const std::string& path, const Parts& parts) {
-  const KeptDatabase database = Open(path, SQLITE_OPEN_READWRITE);
+  const KeptDatabase database = OpenDatabase(path, SQLITE_OPEN_READWRITE);
   bool isDone = database && Execute(database.get(), "BEGIN") &&
                 Execute(database.get(), "CREATE TABLE FEEDLOOM_BACKUP (name TEXT, content BLOB)");
   for (const auto& [name, content] : parts)
@@ -85,7 +78,7 @@ bool AddParts(const std::string& path, const Parts& parts) {
 // The parts of the backup at `path`; none at all when it is no backup.
 Parts ReadParts(const std::string& path) {
   Parts parts;
-  const KeptDatabase database = Open(path, SQLITE_OPEN_READONLY);
+  const KeptDatabase database = OpenDatabase(path, SQLITE_OPEN_READONLY);
   sqlite3_stmt* statement = nullptr;
   constexpr char kSelect[] = "SELECT name, content FROM FEEDLOOM_BACKUP";
   if (!database ||
@@ -126,7 +119,7 @@ Failure RestoreDatabase(const ProfilePaths& paths, const std::string& backup) {
     if (auto failure = PutAside(paths)) return failure;
     if (auto failure = CopyTo(backup, database, {})) return failure;
   }
-  const KeptDatabase restored = Open(database, SQLITE_OPEN_READWRITE);
+  const KeptDatabase restored = OpenDatabase(database, SQLITE_OPEN_READWRITE);
   if (restored && Execute(restored.get(), "DROP TABLE IF EXISTS FEEDLOOM_BACKUP")) return {};
   return fmt::format("Cannot write the database '{}'.", database);
 }
@@ -164,7 +157,7 @@ bool ChangeBackup(const std::string& file, const RegistryEntry& entry,
     return each.key == entry.key && each.name == entry.name;
   });
   entries->insert(entries->begin(), entry);
-  const KeptDatabase database = Open(file, SQLITE_OPEN_READWRITE);
+  const KeptDatabase database = OpenDatabase(file, SQLITE_OPEN_READWRITE);
   return database && change(database.get()) &&
          Execute(database.get(), "DELETE FROM FEEDLOOM_BACKUP WHERE name = 'registry.reg'") &&
          AddPart(database.get(), kRegistry, FormatRegistryFile(*entries));

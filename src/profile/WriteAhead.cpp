@@ -43,20 +43,13 @@ bool LacksSharedMemory(sqlite3* database) {
   return std::ranges::find(kFailures, sqlite3_extended_errcode(database)) != std::end(kFailures);
 }
 
-KeptDatabase Open(const std::string& path, int flags) {
-  sqlite3* opened = nullptr;
-  const int status = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
-  KeptDatabase database(opened);
-  return status == SQLITE_OK ? std::move(database) : nullptr;
-}
-
 // Tries it with another database beside that at `path`: a file that has been put into the mode in
 // vain could not be read any more.
 bool RefusesWriteAhead(const std::string& path) {
   if (LiesOnNetwork(path)) return true;
   const std::string tried = fmt::format("{}.mode{}", path, getpid());
   bool isRefused = false;
-  if (const auto database = Open(tried, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) {
+  if (const auto database = OpenDatabase(tried, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) {
     Execute(database.get(), "PRAGMA synchronous = OFF");
     Execute(database.get(), kWriteAhead);
     const bool works = Execute(database.get(), "CREATE TABLE TB_TRIED(id)");
@@ -79,7 +72,7 @@ bool MustLeaveWriteAhead(sqlite3* database, const std::string& path) {
 
 // A connection that has the database for itself keeps in its own memory what others share.
 void LeaveWriteAhead(const std::string& path) {
-  const KeptDatabase database = Open(path, SQLITE_OPEN_READWRITE);
+  const KeptDatabase database = OpenDatabase(path, SQLITE_OPEN_READWRITE);
   if (!database) return;
   Execute(database.get(), "PRAGMA locking_mode = EXCLUSIVE");
   Execute(database.get(), kOlderMode);
@@ -88,11 +81,11 @@ void LeaveWriteAhead(const std::string& path) {
 }  // namespace
 
 KeptDatabase OpenInBestMode(const std::string& path, std::chrono::milliseconds patience) {
-  KeptDatabase database = Open(path, SQLITE_OPEN_READWRITE);
+  KeptDatabase database = OpenDatabase(path, SQLITE_OPEN_READWRITE);
   if (database && MustLeaveWriteAhead(database.get(), path)) {
     database.reset();  // it would keep the other one from having the database for itself
     LeaveWriteAhead(path);
-    database = Open(path, SQLITE_OPEN_READWRITE);
+    database = OpenDatabase(path, SQLITE_OPEN_READWRITE);
   }
   if (!database) return nullptr;
   sqlite3_busy_timeout(database.get(), static_cast<int>(patience.count()));

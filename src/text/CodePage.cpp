@@ -12,17 +12,13 @@ namespace {
 constexpr const char* kUtf8Name = "UTF-8";
 constexpr const char* kKoreanName = "CP949";
 
-unsigned char Byte(std::string_view text, std::size_t at) {
-  return static_cast<unsigned char>(text[at]);
-}
-
 bool IsAscii(std::string_view text) {
   return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 std::size_t KoreanCharLength(std::string_view text) {
-  const unsigned char lead = Byte(text, 0);
-  return lead > 0x80 && lead < 0xFF && text.size() > 1 && Byte(text, 1) > 0x40 ? 2 : 1;
+  const unsigned char lead = ByteAt(text, 0);
+  return lead > 0x80 && lead < 0xFF && text.size() > 1 && ByteAt(text, 1) > 0x40 ? 2 : 1;
 }
 
 template <typename CharLengthOf>

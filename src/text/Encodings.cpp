@@ -3,16 +3,9 @@
 #include <algorithm>
 
 #include "text/Converter.h"
+#include "text/Text.h"
 
 namespace feedloom {
-namespace {
-
-unsigned char Byte(std::string_view text, std::size_t at) {
-  return static_cast<unsigned char>(text[at]);
-}
-
-}  // namespace
-
 std::optional<std::string> Utf8From(const std::string& encoding, std::string_view bytes,
                                     const Replacement& replacement) {
   Converter converter("UTF-8", encoding.c_str());
@@ -27,14 +20,14 @@ std::optional<std::string> Utf8From(const std::string& encoding, std::string_vie
 }
 
 std::size_t Utf8CharLength(std::string_view text) {
-  const unsigned char lead = Byte(text, 0);
+  const unsigned char lead = ByteAt(text, 0);
   if (lead < 0xC0) return 1;
   const std::size_t longest = std::min<std::size_t>(lead < 0xE0   ? 2
                                                     : lead < 0xF0 ? 3
                                                                   : 4,
                                                     text.size());
   std::size_t length = 1;
-  while (length < longest && (Byte(text, length) & 0xC0) == 0x80) ++length;
+  while (length < longest && (ByteAt(text, length) & 0xC0) == 0x80) ++length;
   return length;
 }
 

@@ -2,10 +2,15 @@
 // of a multi-byte code page as long as they search for white space or ASCII characters below '0'.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace feedloom {
+
+constexpr unsigned char ByteAt(std::string_view text, std::size_t at) {
+  return static_cast<unsigned char>(text[at]);
+}
 
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 

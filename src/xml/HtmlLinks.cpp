@@ -65,7 +65,7 @@ bool HoldsWord(std::string_view text, std::string_view word) {
   return false;
 }
 
-struct FreeContext {
+struct FreeHtmlContext {
   void operator()(htmlParserCtxt* context) const { htmlFreeParserCtxt(context); }
 };
 
@@ -130,7 +130,7 @@ class LinkReader {
   }
 
   const std::span<const std::string_view> types_;
-  std::unique_ptr<htmlParserCtxt, FreeContext> context_;
+  std::unique_ptr<htmlParserCtxt, FreeHtmlContext> context_;
   std::string base_;
   std::vector<std::string> links_;
 };

@@ -15,7 +15,7 @@ namespace {
 // The parser's time grows with the square of a tag's length.
 constexpr std::size_t kMostBytes = 16u << 10;
 
-struct FreeContext {
+struct FreeTextContext {
   void operator()(htmlParserCtxt* context) const { htmlFreeParserCtxt(context); }
 };
 
@@ -73,7 +73,7 @@ std::string HtmlText(std::string_view html, std::size_t characters) {
   handler.characters = handler.ignorableWhitespace = TextReader::OnText;
   handler.cdataBlock = [](void*, const xmlChar*, int) {};  // scripts and styles
   TextReader reader{.enough = characters * kLongestCharacter};
-  const std::unique_ptr<htmlParserCtxt, FreeContext> context(
+  const std::unique_ptr<htmlParserCtxt, FreeTextContext> context(
       htmlCreatePushParserCtxt(&handler, &reader, nullptr, 0, nullptr, XML_CHAR_ENCODING_UTF8));
   if (!context) return "";
   reader.context = context.get();

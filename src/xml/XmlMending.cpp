@@ -10,8 +10,6 @@
 namespace feedloom {
 namespace {
 
-constexpr std::string_view kMark = "\xEF\xBB\xBF";
-
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 bool IsControl(char c) { return static_cast<unsigned char>(c) < 0x20 && !IsBlank(c); }
 
@@ -38,8 +36,8 @@ void AppendAllowed(std::string_view text, std::string& out) {
 void SkipStart(std::string_view& text) {
   const auto skipBlanks = [&text] {
     for (;;) {
-      if (text.starts_with(kMark)) {
-        text.remove_prefix(kMark.size());
+      if (text.starts_with(kByteOrderMark)) {
+        text.remove_prefix(kByteOrderMark.size());
       } else if (!text.empty() && (IsBlank(text[0]) || IsControl(text[0]))) {
         text.remove_prefix(1);
       } else {

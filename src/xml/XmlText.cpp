@@ -13,7 +13,6 @@ namespace {
 constexpr char kUtf8[] = "UTF-8";
 constexpr char kKorean[] = "EUC-KR";
 constexpr char kWestern[] = "WINDOWS-1252";
-constexpr std::string_view kMark = "\xEF\xBB\xBF";
 constexpr std::string_view kUnknown = "\xEF\xBF\xBD";  // U+FFFD
 
 // The value of `name` in the XML declaration that stands near the beginning of `bytes`.
@@ -44,7 +43,7 @@ std::string DeclaredEncoding(std::string_view bytes) {
 
 // `text` begins like a document. A text that was read in an encoding of other width does not.
 bool BeginsLikeXml(std::string_view text) {
-  if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   const auto first = text.find_first_not_of(std::string_view(" \t\r\n\0", 5));
   return first != text.npos && text[first] == '<';
 }

@@ -6,6 +6,8 @@
 
 namespace feedloom {
 
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // of UTF-8
+
 // Returns the document `bytes` as UTF-8. A byte order mark may stay. Its encoding is, in this
 // order, what its first four bytes tell (DetectForeignEncoding), what it declares, UTF-8, EUC-KR;
 // the first in which all bytes are characters. Without one it is
