@@ -1,10 +1,11 @@
 # The headers that most files of a kind include, compiled once for the kind. A source includes what
 # it uses nonetheless: -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON builds without them.
 
-# A compiler cache passes by what was compiled with them. With one, every file is compiled from its
-# own includes, and an include that is missing shows.
+# A compiler cache passes by what was compiled with them. With one, every file is compiled by itself
+# from its own includes, and an include that is missing shows.
 if(CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+  set(CMAKE_UNITY_BUILD OFF)
 endif()
 
 # feedloom_headers(NAME HEADERS header... LINKS target... OPTIONS option...): a set of headers.

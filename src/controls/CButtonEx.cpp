@@ -17,8 +17,8 @@
 namespace feedloom {
 namespace {
 
-constexpr int kTextMargin = 12;  // between the text and the left and right edges
-constexpr int kImageEdge = 6;    // the border of an image that is not stretched
+constexpr int kLabelMargin = 12;  // between the text and the left and right edges
+constexpr int kImageEdge = 6;     // the border of an image that is not stretched
 constexpr int kFocusInset = 2;
 
 void DrawImage(QPainter& painter, const QRect& area, const QPixmap& image) {
@@ -57,7 +57,7 @@ QSize CButtonEx::sizeHint() const {
   const QSize image = SizeOf(images_[kButtonNormal]);
   if (text().isEmpty()) return image.isEmpty() ? QSize(24, 24) : image;
   const QSize label = fontMetrics().size(Qt::TextShowMnemonic, text());
-  return image.expandedTo(label + QSize(2 * kTextMargin, kImageEdge));
+  return image.expandedTo(label + QSize(2 * kLabelMargin, kImageEdge));
 }
 
 QSize CButtonEx::minimumSizeHint() const { return sizeHint(); }

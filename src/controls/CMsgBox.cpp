@@ -54,17 +54,15 @@ QWidget* WaitingWindow(QWidget* parent) {
   return parent;
 }
 
-constexpr int kMargin = 20;
-constexpr int kButtonGap = 8;
 constexpr QSize kSmallestText(220, 32);
-constexpr int kWidestText = 420;
+constexpr int kWidestMessage = 420;
 
-// The size of the text area: that of the text wrapped at kWidestText, but at most two thirds of the
-// screen, plus a scroll bar then.
+// The size of the text area: that of the text wrapped at kWidestMessage, but at most two thirds of
+// the screen, plus a scroll bar then.
 QSize TextAreaSize(const QLabel& label, const QSize& screen) {
   const QSize limit = screen * 2 / 3;
   const int oneLine = label.fontMetrics().size(0, label.text()).width();
-  const int width = std::min(std::clamp(oneLine, kSmallestText.width(), kWidestText),
+  const int width = std::min(std::clamp(oneLine, kSmallestText.width(), kWidestMessage),
                              std::max(limit.width(), kSmallestText.width()));
   const int height = std::max(label.heightForWidth(width), kSmallestText.height());
   if (height <= limit.height()) return {width, height};
@@ -80,8 +78,8 @@ CMsgBox::CMsgBox(const Skin& skin, const QString& text, MsgBoxKind kind, QWidget
 
   auto* column = new QVBoxLayout(this);
   column->setSizeConstraint(QLayout::SetFixedSize);
-  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  column->setSpacing(kMargin);
+  column->setContentsMargins(kDialogMargin, kDialogMargin, kDialogMargin, kDialogMargin);
+  column->setSpacing(kDialogMargin);
   column->addWidget(MakeTextArea(text));
   column->addLayout(MakeChoiceRow(kind));
 }
@@ -108,7 +106,7 @@ QWidget* CMsgBox::MakeTextArea(const QString& text) {
 
 QHBoxLayout* CMsgBox::MakeChoiceRow(MsgBoxKind kind) {
   auto* const row = new QHBoxLayout;
-  row->setSpacing(kButtonGap);
+  row->setSpacing(kDialogGap);
   row->addStretch();
   for (const Choice& choice : ChoicesOf(kind)) {
     CButtonEx* const button = MakeButton(kSectionMsgBox, choice.imageKey, choice.textKey);

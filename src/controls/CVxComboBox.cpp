@@ -11,7 +11,7 @@
 namespace feedloom {
 namespace {
 
-constexpr int kRowGap = 2;      // around an entry of the list
+constexpr int kEntryGap = 2;    // around an entry of the list
 constexpr int kTextMargin = 2;  // between the text and the outer pieces, as in an edit box
 
 // The desktop's style, but a long list is scrolled below its box: some styles would give it the
@@ -43,7 +43,7 @@ CVxComboBox::CVxComboBox(const Skin& skin, ComboLook look, QWidget* parent)
   auto* const style = new ShortList(QApplication::style()->name());
   style->setParent(this);
   setStyle(style);
-  if (auto* const list = qobject_cast<QListView*>(view())) list->setSpacing(kRowGap);
+  if (auto* const list = qobject_cast<QListView*>(view())) list->setSpacing(kEntryGap);
 }
 
 QSize CVxComboBox::sizeHint() const {

@@ -16,6 +16,10 @@ class Skin;
 // The transparency of a window that cannot be seen; that of an opaque one is 0.
 inline constexpr int kInvisible = 250;
 
+// The room in a dialog, in pixels: around its contents, and between neighbours.
+inline constexpr int kDialogMargin = 20;
+inline constexpr int kDialogGap = 8;
+
 // A dialog with the host's font and colours. Enter presses its confirm button, Escape cancels.
 //
 // The OK button calls accept(). A dialog that checks its fields overrides accept(), shows a message

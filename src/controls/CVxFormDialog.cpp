@@ -14,10 +14,7 @@
 namespace feedloom {
 namespace {
 
-constexpr int kMargin = 20;
-constexpr int kRowGap = 8;
 constexpr int kLabelGap = 12;
-constexpr int kButtonGap = 8;
 constexpr int kFieldWidth = 240;
 constexpr int kWidestText = 360;
 constexpr int kTextIndent = 8;  // that of the texts in edit boxes
@@ -27,14 +24,14 @@ constexpr int kTextIndent = 8;  // that of the texts in edit boxes
 CVxFormDialog::CVxFormDialog(const Skin& skin, const char* titleKey, QWidget* parent)
     : CVxDialog(skin, titleKey, parent), column_(new QVBoxLayout(this)), rows_(new QFormLayout) {
   column_->setSizeConstraint(QLayout::SetFixedSize);
-  column_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  column_->setSpacing(kMargin);
+  column_->setContentsMargins(kDialogMargin, kDialogMargin, kDialogMargin, kDialogMargin);
+  column_->setSpacing(kDialogMargin);
   column_->addLayout(rows_);
   rows_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   rows_->setRowWrapPolicy(QFormLayout::DontWrapRows);
   rows_->setLabelAlignment(Qt::AlignLeft);
   rows_->setHorizontalSpacing(kLabelGap);
-  rows_->setVerticalSpacing(kRowGap);
+  rows_->setVerticalSpacing(kDialogGap);
 }
 
 void CVxFormDialog::AddRow(const char* labelKey, QWidget* field, CButtonEx* beside) {
@@ -46,7 +43,7 @@ void CVxFormDialog::AddRow(const char* labelKey, QWidget* field, CButtonEx* besi
   if (beside == nullptr) return rows_->addRow(label, field);
   stops_.push_back(beside);
   auto* const row = new QHBoxLayout;
-  row->setSpacing(kButtonGap);
+  row->setSpacing(kDialogGap);
   row->addWidget(field, 1);
   row->addWidget(beside);
   rows_->addRow(label, row);

@@ -8,7 +8,7 @@
 namespace feedloom {
 namespace {
 
-constexpr int kMargin = 3;  // around image and text, with room for the focus ring
+constexpr int kRingMargin = 3;  // around image and text, with room for the focus ring
 constexpr int kTextGap = 6;
 
 }  // namespace
@@ -30,7 +30,7 @@ QSize CVxRadioButton::sizeHint() const {
   const QSize image = SizeOf(images_[kButtonNormal]);
   const QSize label = fontMetrics().size(Qt::TextShowMnemonic, text());
   return QSize(image.width() + kTextGap + label.width(), std::max(image.height(), label.height()))
-      .grownBy({kMargin, kMargin, kMargin, kMargin});
+      .grownBy({kRingMargin, kRingMargin, kRingMargin, kRingMargin});
 }
 
 QSize CVxRadioButton::minimumSizeHint() const { return sizeHint(); }
@@ -53,10 +53,10 @@ void CVxRadioButton::paintEvent(QPaintEvent* event) {
   const QSize size = SizeOf(image);
   const bool isPale = !isEnabled() && State() == kButtonPressed;
   painter.setOpacity(isPale ? kDisabledOpacity : 1.0);
-  painter.drawPixmap(kMargin, (height() - size.height()) / 2, image);
+  painter.drawPixmap(kRingMargin, (height() - size.height()) / 2, image);
   painter.setOpacity(1.0);
   painter.setPen(palette().color(foregroundRole()));
-  painter.drawText(rect().adjusted(kMargin + size.width() + kTextGap, 0, 0, 0),
+  painter.drawText(rect().adjusted(kRingMargin + size.width() + kTextGap, 0, 0, 0),
                    Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, text());
   if (!hasFocus()) return;
   DrawSkinFocus(painter, palette(), rect() & QRect(0, 0, sizeHint().width(), height()), 0);

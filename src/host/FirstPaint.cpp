@@ -9,14 +9,14 @@
 namespace feedloom {
 namespace {
 
-constexpr std::chrono::milliseconds kPatience(500);
+constexpr std::chrono::milliseconds kLongestWait(500);
 
 class PaintWatcher : public QObject {
  public:
   PaintWatcher(QWidget& window, std::function<void()> run)
       : QObject(&window), run_(std::move(run)) {
     window.installEventFilter(this);
-    QTimer::singleShot(kPatience, this, &PaintWatcher::Run);
+    QTimer::singleShot(kLongestWait, this, &PaintWatcher::Run);
   }
 
   bool eventFilter(QObject* window, QEvent* event) override {

@@ -15,7 +15,7 @@ namespace feedloom {
 namespace {
 
 constexpr char kAnswer = '1';
-constexpr std::chrono::seconds kPatience(5);  // with a program that connects and is silent
+constexpr std::chrono::seconds kReplyTimeout(5);  // with a program that connects and is silent
 
 // A socket's path has 107 bytes at most (unix(7)). The toolkit makes it in a directory beside,
 // whose name takes some more.
@@ -73,7 +73,7 @@ void InstanceSocket::Welcome() {
   while (QLocalSocket* const sender = server_.nextPendingConnection()) {
     connect(sender, &QLocalSocket::disconnected, sender, &QObject::deleteLater);
     connect(sender, &QLocalSocket::readyRead, this, [this, sender] { Read(*sender); });
-    QTimer::singleShot(kPatience, sender, [sender] { sender->abort(); });
+    QTimer::singleShot(kReplyTimeout, sender, [sender] { sender->abort(); });
     Read(*sender);
   }
 }

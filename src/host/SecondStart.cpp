@@ -13,7 +13,6 @@ namespace feedloom {
 namespace {
 
 using std::chrono::milliseconds;
-using Clock = std::chrono::steady_clock;
 
 constexpr milliseconds kForAnAnswer(5000);
 constexpr milliseconds kForASocket(10'000);
@@ -53,7 +52,8 @@ HandOver HandOverOf(const HostOptions& options) {
 SecondStartEnd RunSecondStart(const HostProfile& profile, const HandOver& handOver,
                               const std::function<Failure()>& open) {
   const ProfilePaths& paths = profile.paths;
-  for (const auto end = Clock::now() + kForASocket; Clock::now() < end;) {
+  for (const auto end = std::chrono::steady_clock::now() + kForASocket;
+       std::chrono::steady_clock::now() < end;) {
     const HandOverEnd sent = SendHandOver(SocketPathsOf(paths), handOver, kForAnAnswer);
     if (sent == HandOverEnd::Taken) return {.isHandedOver = true};
     if (sent == HandOverEnd::NoAnswer) break;

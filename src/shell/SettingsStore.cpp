@@ -9,13 +9,13 @@
 namespace feedloom {
 namespace {
 
-struct Field {
+struct SettingField {
   const char* name;
   int Settings::*member;
 };
 
 // In the order in which new values stand in the registry file.
-constexpr Field kFields[] = {
+constexpr SettingField kSettingFields[] = {
     {kValueNewFeedMode, &Settings::newFeedMode},
     {kValueNewFeedDuration, &Settings::newFeedDuration},
     {kValueNewFeedMsgDuration, &Settings::newFeedMsgDuration},
@@ -25,13 +25,13 @@ constexpr Field kFields[] = {
     {kValueFeedDeleteDate, &Settings::feedDeleteDate},
 };
 
-std::string TextName(const Field& field) { return std::string(field.name) + kTextSuffix; }
+std::string TextName(const SettingField& field) { return std::string(field.name) + kTextSuffix; }
 
-RegistryEntry NumberOf(const Settings& settings, const Field& field) {
+RegistryEntry NumberOf(const Settings& settings, const SettingField& field) {
   return {kModuleKey, field.name, static_cast<std::uint32_t>(settings.*field.member)};
 }
 
-RegistryEntry TextOf(const Settings& settings, const Field& field) {
+RegistryEntry TextOf(const Settings& settings, const SettingField& field) {
   return {kModuleKey, TextName(field), std::to_string(settings.*field.member)};
 }
 
@@ -51,7 +51,7 @@ Settings LoadFrameSettings(const Registry& registry) {
 
 Settings LoadPanelSettings(const Registry& registry) {
   Settings settings;
-  for (const Field& field : kFields) {
+  for (const SettingField& field : kSettingFields) {
     const auto text = registry.ReadString(kModuleKey, TextName(field));
     settings.*field.member = ParseInt(text.value_or(""));
   }
@@ -59,12 +59,12 @@ Settings LoadPanelSettings(const Registry& registry) {
 }
 
 bool SavePanelSettings(const Registry& registry, const Settings& settings) {
-  const std::span<const Field> all(kFields);
+  const std::span<const SettingField> all(kSettingFields);
   const auto update = all.first(2);  // mode and interval: both numbers, then both texts
   std::vector<RegistryEntry> entries;
-  for (const Field& field : update) entries.push_back(NumberOf(settings, field));
-  for (const Field& field : update) entries.push_back(TextOf(settings, field));
-  for (const Field& field : all.subspan(update.size())) {
+  for (const SettingField& field : update) entries.push_back(NumberOf(settings, field));
+  for (const SettingField& field : update) entries.push_back(TextOf(settings, field));
+  for (const SettingField& field : all.subspan(update.size())) {
     entries.push_back(NumberOf(settings, field));
     entries.push_back(TextOf(settings, field));
   }

@@ -124,14 +124,14 @@ void ReadUnreadOnly(const Numbers& numbers, ViewMemory& view) {
 
 Numbers WriteUnreadOnly(const ViewMemory& view) { return {view.isUnreadOnly ? 1 : 0}; }
 
-struct Field {
+struct ViewField {
   const char* name;
   void (*read)(const Numbers& numbers, ViewMemory& view);
   Numbers (*write)(const ViewMemory& view);
 };
 
 // In the order in which new values stand in the registry file.
-constexpr Field kFields[] = {
+constexpr ViewField kViewFields[] = {
     {kValuePanes, ReadPanes, WritePanes},
     {kValueColumns, ReadColumns, WriteColumns},
     {kValueSorting, ReadSorting, WriteSorting},
@@ -148,16 +148,16 @@ constexpr Field kFields[] = {
 ViewMemory LoadView(const Registry& registry) {
   ViewMemory view;
   for (const RegistryEntry& entry : registry.ReadKey(kViewKey)) {
-    const auto* const field = std::ranges::find(kFields, entry.name, &Field::name);
+    const auto* const field = std::ranges::find(kViewFields, entry.name, &ViewField::name);
     const auto* const text = std::get_if<std::string>(&entry.value);
-    if (field != std::end(kFields) && text) field->read(ParseNumbers(*text), view);
+    if (field != std::end(kViewFields) && text) field->read(ParseNumbers(*text), view);
   }
   return view;
 }
 
 bool SaveView(const Registry& registry, const ViewMemory& view) {
   std::vector<RegistryEntry> entries;
-  for (const Field& field : kFields) {
+  for (const ViewField& field : kViewFields) {
     entries.push_back({kViewKey, field.name, FormatNumbers(field.write(view))});
   }
   return registry.Write(entries);

@@ -12,14 +12,13 @@
 #include "look/SkinText.h"
 #include "skin/Keys.h"
 #include "ui/browser/AddressBox.h"
+#include "ui/browser/BarMargins.h"
 
 namespace feedloom {
 namespace {
 
 constexpr QSize kDefaultSize(508, 40);  // for what the skin does not specify
 
-constexpr int kEdge = 8;  // left and right of the controls
-constexpr int kGap = 4;   // between them
 constexpr int kSmallestAddress = 60;
 
 struct ButtonKeys {
@@ -117,13 +116,13 @@ void CRSS_RightBottomToolBarWnd::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void CRSS_RightBottomToolBarWnd::resizeEvent(QResizeEvent* /*event*/) {
-  int withoutAddress = 2 * kEdge;
-  for (const auto* button : buttons_) withoutAddress += button->sizeHint().width() + kGap;
+  int withoutAddress = 2 * kBarEdge;
+  for (const auto* button : buttons_) withoutAddress += button->sizeHint().width() + kBarGap;
 
-  int left = kEdge;
+  int left = kBarEdge;
   const auto place = [&](QWidget& control, QSize size) {
     control.setGeometry(QRect(QPoint(left, (height() - size.height()) / 2), size));
-    left += size.width() + kGap;
+    left += size.width() + kBarGap;
   };
   for (auto* button : buttons_) {
     if (button == &ButtonOf(kFirstBehindAddress)) {

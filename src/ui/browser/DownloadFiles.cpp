@@ -16,7 +16,7 @@ constexpr qsizetype kLongestName = 200;   // bytes; file systems allow 255
 constexpr qsizetype kLongestEnding = 20;  // bytes, with the dot
 
 // Bidi controls could disguise the file extension.
-bool IsInvisible(QChar c) {
+bool IsInvisibleInName(QChar c) {
   switch (c.category()) {
     case QChar::Other_Control:
     case QChar::Separator_Line:
@@ -65,7 +65,7 @@ bool ReachesDisk(const QString& path) {
 
 QString SafeFileName(const QString& suggested) {
   QString name = suggested;
-  name.removeIf(IsInvisible);
+  name.removeIf(IsInvisibleInName);
   name = LastPart(name);
   const auto isDotOrSpace = [](QChar c) { return c == '.' || c.isSpace(); };
   name.remove(0, std::ranges::find_if_not(name, isDotOrSpace) - name.begin());

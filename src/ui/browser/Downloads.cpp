@@ -73,7 +73,7 @@ bool MoveOrRemove(const QString& part, const QString& target) {
 
 }  // namespace
 
-Downloads::Downloads(QWebEngineProfile& profile, AskSavePath askSavePath, QObject* parent)
+Downloads::Downloads(QWebEngineProfile& profile, SavePathQuestion askSavePath, QObject* parent)
     : QObject(parent), askSavePath_(std::move(askSavePath)) {
   connect(&profile, &QWebEngineProfile::downloadRequested, this, &Downloads::Answer);
 }
@@ -105,7 +105,7 @@ void Downloads::Answer(Request* request) {
   if (isAsking_ || request->state() != Request::DownloadRequested) return Refuse(*request);
   const QPointer<Downloads> self = this;
   const QPointer<Request> asked = request;
-  const AskSavePath askSavePath = askSavePath_;
+  const SavePathQuestion askSavePath = askSavePath_;
   isAsking_ = true;
   const QString target = askSavePath(SafeFileName(request->suggestedFileName()), request->url());
   if (!self) return;

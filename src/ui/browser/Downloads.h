@@ -16,7 +16,7 @@ namespace feedloom {
 // Asks the user where to save the file that comes from `address`. `suggestedName` has no directory.
 // Returns the chosen path, or an empty text when the user has cancelled or must not be asked;
 // blocks while the dialog is open.
-using AskSavePath = std::function<QString(const QString& suggestedName, const QUrl& address)>;
+using SavePathQuestion = std::function<QString(const QString& suggestedName, const QUrl& address)>;
 
 enum class DownloadEvent { Progress, Done, Stopped, Failed };
 
@@ -27,7 +27,7 @@ class Downloads : public QObject {
  public:
   // Handles all downloads of `profile`, which outlives the object. A download that is requested
   // while the dialog for another one is open is refused.
-  Downloads(QWebEngineProfile& profile, AskSavePath askSavePath, QObject* parent);
+  Downloads(QWebEngineProfile& profile, SavePathQuestion askSavePath, QObject* parent);
   ~Downloads() override;
 
   bool AreUnderWay() const;
@@ -56,7 +56,7 @@ class Downloads : public QObject {
   // Stops all downloads without a signal and returns them.
   std::vector<Download> CancelAll();
 
-  const AskSavePath askSavePath_;
+  const SavePathQuestion askSavePath_;
   bool isAsking_ = false;
   std::vector<Download> downloads_;
 };

@@ -12,13 +12,11 @@
 #include "look/SkinFont.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
+#include "ui/browser/BarMargins.h"
 
 namespace feedloom {
 namespace {
 
-constexpr int kEdge = 8;            // left and right of the controls
-constexpr int kVerticalMargin = 3;  // above and below them
-constexpr int kGap = 4;             // between them
 constexpr int kWordWidth = 240;
 constexpr int kSmallestWord = 60;
 
@@ -79,8 +77,8 @@ void FindBar::LayOut() {
   connect(close, &QAbstractButton::clicked, this, &FindBar::Close);
 
   auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(kEdge, kVerticalMargin, kEdge, kVerticalMargin);
-  row->setSpacing(kGap);
+  row->setContentsMargins(kBarEdge, kBarVerticalMargin, kBarEdge, kBarVerticalMargin);
+  row->setSpacing(kBarGap);
   row->addWidget(word_, kWordShare);
   row->addWidget(previous);
   row->addWidget(next);

@@ -9,16 +9,10 @@
 #include "look/SkinFont.h"
 #include "look/SkinText.h"
 #include "skin/Keys.h"
+#include "ui/browser/BarMargins.h"
 #include "ui/browser/DisplayedAddress.h"
 
 namespace feedloom {
-namespace {
-
-constexpr int kEdge = 8;            // left and right of the controls
-constexpr int kVerticalMargin = 3;  // above and below them
-
-}  // namespace
-
 MediaBar::MediaBar(const Skin& skin, QWidget* parent)
     : QWidget(parent),
       skin_(skin),
@@ -34,7 +28,7 @@ MediaBar::MediaBar(const Skin& skin, QWidget* parent)
   player->setText(SkinText(skin, kTextSystemPlayer));
   connect(player, &QAbstractButton::clicked, this, [this] { emit PlayerWanted(media_); });
   auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(kEdge, kVerticalMargin, kEdge, kVerticalMargin);
+  row->setContentsMargins(kBarEdge, kBarVerticalMargin, kBarEdge, kBarVerticalMargin);
   row->addWidget(title_, 1);
   row->addWidget(player);
 }

@@ -24,8 +24,6 @@ namespace feedloom {
 namespace {
 
 constexpr QSize kFirstSize(640, 420);
-constexpr int kMargin = 20;
-constexpr int kGap = 8;
 constexpr int kTitleWidth = 180;
 constexpr int kFeedUrlWidth = 200;
 
@@ -71,18 +69,18 @@ void CRSS_DirectoryDlg::LayOut() {
   line_.setTextFormat(Qt::PlainText);
 
   auto* const top = new QHBoxLayout;
-  top->setSpacing(kGap);
+  top->setSpacing(kDialogGap);
   top->addWidget(label);
   top->addWidget(&word_, 1);
   top->addWidget(&searchButton_);
   auto* const bottom = new QHBoxLayout;
-  bottom->setSpacing(kGap);
+  bottom->setSpacing(kDialogGap);
   bottom->addWidget(&line_, 1);
   bottom->addWidget(&add_);
   bottom->addWidget(&close_);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  column->setSpacing(kGap);
+  column->setContentsMargins(kDialogMargin, kDialogMargin, kDialogMargin, kDialogMargin);
+  column->setSpacing(kDialogGap);
   column->addLayout(top);
   column->addWidget(&list_, 1);
   column->addLayout(bottom);

@@ -7,13 +7,14 @@
 namespace feedloom {
 namespace {
 
-constexpr NameDialogLook kLook{kTextRenameGroupTitle, kTextRenameGroupName, kSectionRenameGroup,
-                               kButtonRenameGroupConfirm, kButtonRenameGroupCancel};
+constexpr NameDialogLook kRenameLook{kTextRenameGroupTitle, kTextRenameGroupName,
+                                     kSectionRenameGroup, kButtonRenameGroupConfirm,
+                                     kButtonRenameGroupCancel};
 
 }  // namespace
 
 CRSS_GroupRenameDlg::CRSS_GroupRenameDlg(Desk& desk, QWidget* parent, const std::string& name)
-    : NameDialog(desk, parent, kLook, kGroupNameRule, name) {}
+    : NameDialog(desk, parent, kRenameLook, kGroupNameRule, name) {}
 
 bool CRSS_GroupRenameDlg::IsTaken(const std::string& name) const {
   return FolderNameExists(GetDesk().GetStore(), name);

@@ -12,8 +12,6 @@
 namespace feedloom {
 namespace {
 
-constexpr int kMargin = 20;
-constexpr int kGap = 8;
 constexpr int kWidth = 320;
 
 }  // namespace
@@ -22,8 +20,8 @@ CRSS_MergeDlg::CRSS_MergeDlg(const Skin& skin, const std::string& question, QWid
     : CVxDialog(skin, kTextOpmlTitle, parent) {
   auto* const column = new QVBoxLayout(this);
   column->setSizeConstraint(QLayout::SetFixedSize);
-  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  column->setSpacing(kGap);
+  column->setContentsMargins(kDialogMargin, kDialogMargin, kDialogMargin, kDialogMargin);
+  column->setSpacing(kDialogGap);
   AddQuestion(question);
   SetConfirmButton(AddChoice(kTextOpmlAddMissing, NameClash::Merge));
   AddChoice(kTextOpmlAddAll, NameClash::Rename);

@@ -15,9 +15,8 @@
 namespace feedloom {
 namespace {
 
-constexpr QSize kFirstSize(620, 560);
-constexpr int kMargin = 20;
-constexpr int kGap = 12;
+constexpr QSize kSheetSize(620, 560);
+constexpr int kSheetGap = 12;
 constexpr int kRowGap = 10;  // beside the letters' height
 
 QString KeysText(const Skin& skin, const KeyRow& row) {
@@ -39,7 +38,7 @@ class KeySheet : public CVxDialog {
     for (const KeyGroup& group : KeyTable()) Add(group);
     list_.expandAll();
     LayOut();
-    resize(kFirstSize);
+    resize(kSheetSize);
   }
 
  private:
@@ -59,8 +58,8 @@ class KeySheet : public CVxDialog {
     auto* const close = MakeButton(kSectionDirectory, kButtonDirectoryClose, kTextDirectoryClose);
     connect(close, &QAbstractButton::clicked, this, &QDialog::reject);
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    column->setSpacing(kGap);
+    column->setContentsMargins(kDialogMargin, kDialogMargin, kDialogMargin, kDialogMargin);
+    column->setSpacing(kSheetGap);
     column->addWidget(&list_, 1);
     column->addWidget(close, 0, Qt::AlignRight);
   }

@@ -14,7 +14,7 @@ constexpr RadioChoice kModes[] = {
     {kTextDoNotAutoUpdate, kPlaceDoNotAutoUpdate},
 };
 
-constexpr RadioChoice kIntervals[] = {
+constexpr RadioChoice kUpdateIntervals[] = {
     {kTextTime15, kPlaceUpdateTime15},
     {kTextTime30, kPlaceUpdateTime30},
     {kTextTime60, kPlaceUpdateTime60},
@@ -26,7 +26,7 @@ constexpr RadioChoice kIntervals[] = {
 CCtrlPanel01::CCtrlPanel01(const Skin& skin, QWidget* parent) : CtrlPanelPage(skin, parent) {
   mode_ = AddRadios(*AddHeading(kTextAutoUpdateTitle, kPlaceAutoUpdateTitle), kModes);
   AddLine(kPlaceTab1Line);
-  interval_ = AddRadios(*AddHeading(kTextUpdateTimeTitle, kPlaceUpdateTimeTitle), kIntervals);
+  interval_ = AddRadios(*AddHeading(kTextUpdateTimeTitle, kPlaceUpdateTimeTitle), kUpdateIntervals);
   for (QAbstractButton* radio : interval_->buttons()) {
     connect(mode_->button(1), &QAbstractButton::toggled, radio, &QWidget::setDisabled);
   }

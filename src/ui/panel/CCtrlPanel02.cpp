@@ -14,7 +14,7 @@ namespace {
 constexpr int kPercent = 100;
 constexpr int kEndsGap = 12;
 
-constexpr RadioChoice kIntervals[] = {
+constexpr RadioChoice kNoticeIntervals[] = {
     {kTextTime15, kPlaceNoticeTime15},
     {kTextTime30, kPlaceNoticeTime30},
     {kTextTime60, kPlaceNoticeTime60},
@@ -24,7 +24,7 @@ constexpr RadioChoice kIntervals[] = {
 }  // namespace
 
 CCtrlPanel02::CCtrlPanel02(const Skin& skin, QWidget* parent) : CtrlPanelPage(skin, parent) {
-  interval_ = AddRadios(*AddHeading(kTextNoticeTimeTitle, kPlaceNoticeTimeTitle), kIntervals);
+  interval_ = AddRadios(*AddHeading(kTextNoticeTimeTitle, kPlaceNoticeTimeTitle), kNoticeIntervals);
   AddLine(kPlaceTab2Line);
   AddHeading(kTextTransparencyTitle, kPlaceTransparencyTitle);
   Add(MakeSliderWithEnds(), kPlaceTransparency);

@@ -13,7 +13,7 @@
 namespace feedloom {
 namespace {
 
-constexpr QSize kMargin(20, 16);  // to the right of and below the controls
+constexpr QSize kPageMargin(20, 16);  // to the right of and below the controls
 
 }  // namespace
 
@@ -90,7 +90,7 @@ void CtrlPanelPage::Arrange() {
     controls_[i]->setGeometry(rects[i]);
     all |= rects[i];
   }
-  setMinimumSize(QSize(all.x() + all.width(), all.y() + all.height()) + kMargin);
+  setMinimumSize(QSize(all.x() + all.width(), all.y() + all.height()) + kPageMargin);
 }
 
 QLabel* MakeLabel(const QString& text, QWidget* parent) {
