@@ -10,6 +10,8 @@
 namespace feedloom {
 namespace {
 
+constexpr std::size_t kMostBefore = 20;  // so that the mark is in sight in a narrow line, too
+
 bool IsMarked(const QueryPart& part) {
   return !part.isExcluded && (part.field == QueryField::kAny || part.field == QueryField::kTitle);
 }
@@ -62,7 +64,8 @@ std::vector<Mark> FindMarks(std::string_view text, const TextQuery& query) {
 std::string TextAroundFirstMark(std::string_view text, const TextQuery& query,
                                 std::size_t characters) {
   const std::vector<Mark> marks = FindMarks(text, query);
-  const std::size_t begin = marks.empty() ? 0 : Before(text, marks.front().begin, characters / 4);
+  const std::size_t before = std::min(characters / 4, kMostBefore);
+  const std::size_t begin = marks.empty() ? 0 : Before(text, marks.front().begin, before);
   std::string around = begin > 0 ? "… " : "";
   return around.append(FirstCharacters(text.substr(begin), characters));
 }

@@ -17,6 +17,9 @@ struct PostList {
   // stands for "%s" in it.
   const char* whenEmpty = nullptr;
   std::string word = {};
+  // The query (search/TextQuery.h), in UTF-8, whose words are marked in the rows and in the pages
+  // of the posts; empty for none.
+  std::string marked = {};
 };
 
 }  // namespace feedloom

@@ -38,6 +38,8 @@ struct SharedState {
   ListMode listMode = ListMode::Selection;
   // True when the list shows the posts of the tree's selected row, not a search or today's posts.
   bool listShowsSelection = false;
+  // PostList::marked of the list.
+  std::string marked = {};
   // The RSS feeds of the latest web page, and its other feeds, in the page's order. Pages that the
   // Posts that are read, and rows of the tree without unread ones, are hidden.
   bool isUnreadOnly = false;

@@ -10,7 +10,9 @@
 #include "controls/CVxListCtrl.h"
 #include "controls/ColumnFill.h"
 #include "look/QtText.h"
+#include "look/SkinPalette.h"
 #include "look/SkinText.h"
+#include "skin/Colors.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
 #include "store/Posts.h"
@@ -66,7 +68,7 @@ void CRSS_RightTopContainer::SetUpList() {
   list_.setAccessibleName(SkinText(desk_.GetSkin(), kTextListName));
   list_.setFrameShape(QFrame::NoFrame);
   list_.setModel(&model_);
-  list_.setItemDelegate(new PostDelegate(&list_));
+  list_.setItemDelegate(NewDelegate(false));
   list_.SetColumnWidths({30, 278, 100, 100});
   const auto tellEmpty = [this] { list_.SetEmptyText(EmptyText()); };
   connect(&model_, &QAbstractItemModel::modelReset, this, tellEmpty);
@@ -97,6 +99,12 @@ void CRSS_RightTopContainer::SetUpList() {
   });
 }
 
+QAbstractItemDelegate* CRSS_RightTopContainer::NewDelegate(bool hasTwoLines) {
+  const QColor found = SkinColor(desk_.GetSkin(), kColorFound);
+  if (hasTwoLines) return new TwoLineDelegate(model_, found, &list_);
+  return new PostDelegate(model_, found, &list_);
+}
+
 void CRSS_RightTopContainer::SetTwoLines(bool areTwo) {
   if (list_.isHeaderHidden() == areTwo) return;
   const bool isCurrentSeen =
@@ -104,8 +112,7 @@ void CRSS_RightTopContainer::SetTwoLines(bool areTwo) {
   const ListViewState place = SaveViewState(list_, model_);
   model_.SetTwoLines(areTwo);
   delete list_.itemDelegate();
-  list_.setItemDelegate(areTwo ? static_cast<QAbstractItemDelegate*>(new TwoLineDelegate(&list_))
-                               : new PostDelegate(&list_));
+  list_.setItemDelegate(NewDelegate(areTwo));
   list_.SetOneColumn(areTwo ? std::optional(kTitleColumn) : std::nullopt);
   RestoreViewState(list_, model_, place);
   if (isCurrentSeen) list_.scrollTo(list_.currentIndex());
@@ -135,7 +142,9 @@ void CRSS_RightTopContainer::NoteFilled(const PostList& list) {
              .areSearchResults = list.areSearchResults,
              .areFromWeb = list.areFromWeb,
              .whenEmpty = list.whenEmpty,
-             .word = list.word};
+             .word = list.word,
+             .marked = list.marked};
+  desk_.State().marked = list.marked;
 }
 
 QString CRSS_RightTopContainer::EmptyText() const {

@@ -13,6 +13,8 @@
 #include "ui/list/PostFilter.h"
 #include "ui/list/WebSearch.h"
 
+class QAbstractItemDelegate;
+
 namespace feedloom {
 
 class CRSS_RightTopToolBarWnd;
@@ -92,6 +94,7 @@ class CRSS_RightTopContainer : public QWidget {
  private:
   void SetUpList();
   void SetUpKeys();
+  QAbstractItemDelegate* NewDelegate(bool hasTwoLines);
   void ShowClicked(int row);
   void NoteFilled(const PostList& list);
   QString EmptyText() const;

@@ -4,9 +4,13 @@
 #include <QTextDocumentFragment>
 
 #include "look/QtText.h"
+#include "search/Marks.h"
+#include "xml/HtmlText.h"
 
 namespace feedloom {
 namespace {
+
+constexpr int kCharacters = 200;
 
 constexpr auto kOptions =
     QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption;
@@ -38,10 +42,15 @@ QString WithCharacters(QString text) {
 
 QString FirstWords(CodePage codePage, std::string_view html) {
   constexpr std::size_t kBytes = 4'000;
-  constexpr qsizetype kCharacters = 200;
   constexpr qsizetype kWritten = 5 * kCharacters;  // "&amp;" is one
   const QString text = WithoutTags(ToQString(codePage, html.substr(0, kBytes))).simplified();
   return WithCharacters(text.left(kWritten)).simplified().left(kCharacters);
+}
+
+QString WordsAroundFound(CodePage codePage, std::string_view html, const TextQuery& query) {
+  constexpr std::size_t kBytes = 64'000;
+  const std::string text = HtmlText(codePage.ToUtf8(html.substr(0, kBytes)), kBytes);
+  return QString::fromStdString(TextAroundFirstMark(text, query, kCharacters));
 }
 
 }  // namespace feedloom

@@ -1,7 +1,9 @@
 #include "ui/list/PostDelegate.h"
 
+#include <QApplication>
 #include <QPainter>
 
+#include "ui/list/MarkedLine.h"
 #include "ui/list/PostListModel.h"
 
 namespace feedloom {
@@ -45,6 +47,10 @@ void PostDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
 
 void PostDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
+  const auto words = index.column() == kTitleColumn
+                         ? FindWords(index.data().toString(), model_.Marked())
+                         : std::vector<FoundWord>();
+  if (!words.empty()) return PaintMarked(*painter, option, index, words);
   VxListDelegate::paint(painter, option, index);
   if (index.column() != kReadColumn || !ReadStatus(index).isValid()) return;
   painter->save();
@@ -52,6 +58,28 @@ void PostDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const auto paintMark = IsUnread(index) ? DrawUnreadMark : PaintReadMark;
   paintMark(*painter, QRectF(option.rect).center(), TextColour(option));
   painter->restore();
+}
+
+// The text lies where the style would draw it.
+void PostDelegate::PaintMarked(QPainter& painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index,
+                               const std::vector<FoundWord>& words) const {
+  QStyleOptionViewItem cell = option;
+  initStyleOption(&cell, index);
+  const QStyle& style = *QApplication::style();
+  const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, cell.widget) + 1;
+  const QRect place = style.subElementRect(QStyle::SE_ItemViewItemText, &cell, cell.widget)
+                          .adjusted(margin, 0, -margin, 0);
+  cell.text.clear();
+  style.drawControl(QStyle::CE_ItemViewItem, &cell, &painter, cell.widget);
+  painter.save();
+  DrawLine(painter, cell.font, place,
+           {.text = index.data().toString(),
+            .words = words,
+            .colour = TextColour(option),
+            .wordColour = cell.palette.color(QPalette::Text),
+            .wordGround = foundGround_});
+  painter.restore();
 }
 
 }  // namespace feedloom

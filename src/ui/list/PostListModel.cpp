@@ -69,6 +69,7 @@ bool PostListModel::Shows(const PostList& list) const {
 void PostListModel::Replace(PostList list, const PostFilter& filter) {
   areScrapPosts_ = list.areScrapPosts;
   areFromWeb_ = list.areFromWeb;
+  marked_ = ParseTextQuery(list.marked);
   aside_.clear();
   posts_.clear();
   posts_.shrink_to_fit();
@@ -77,6 +78,7 @@ void PostListModel::Replace(PostList list, const PostFilter& filter) {
 }
 
 void PostListModel::Pack(std::vector<PostRow> rows) {
+  aroundFound_.clear();
   posts_.reserve(posts_.size() + rows.size());
   for (PostRow& row : rows) {
     posts_.emplace_back(std::move(row), static_cast<int>(posts_.size()));
@@ -217,7 +219,7 @@ QVariant PostListModel::data(const QModelIndex& index, int role) const {
     case kIsReadRole:
       return areFromWeb_ ? QVariant() : post.IsRead();
     case kFirstWordsRole:
-      return FirstWords(codePage_, post.Description());
+      return Words(post);
     default:
       return {};
   }
@@ -236,6 +238,15 @@ QString PostListModel::CellText(const PackedPost& post, int column) const {
     default:
       return {};
   }
+}
+
+// A list is painted again and again, and a hit may be anywhere in a long text.
+QString PostListModel::Words(const PackedPost& post) const {
+  if (marked_.parts.empty()) return FirstWords(codePage_, post.Description());
+  if (const QString* const known = aroundFound_[post.StoreIndex()]) return *known;
+  const QString words = WordsAroundFound(codePage_, post.Description(), marked_);
+  aroundFound_.insert(post.StoreIndex(), new QString(words));
+  return words;
 }
 
 // As rich text: Qt would interpret a plain text that looks like HTML.

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QCache>
 #include <QStringList>
 #include <span>
 #include <vector>
 
+#include "search/TextQuery.h"
 #include "text/CodePage.h"
 #include "ui/list/PackedPost.h"
 #include "ui/list/PostCells.h"
@@ -32,7 +34,8 @@ class PostListModel : public QAbstractTableModel {
  public:
   enum Role {
     kIsReadRole = Qt::UserRole,  // bool; invalid where posts have no read status
-    kFirstWordsRole,             // QString: what the post's text begins with
+    // QString: what the post's text begins with; what stands around the first marked word
+    kFirstWordsRole,
   };
 
   // `codePage` is the encoding of the posts' texts. Each heading beyond those of PostColumn adds an
@@ -64,6 +67,8 @@ class PostListModel : public QAbstractTableModel {
   const Sorting& SortedBy() const { return sorting_; }
 
   bool AreScrapPosts() const { return areScrapPosts_; }
+  // What is marked in the rows; without parts for nothing.
+  const TextQuery& Marked() const { return marked_; }
   PostRow At(int row) const;
   int IdAt(int row) const { return Post(row).Id(); }
   bool IsReadAt(int row) const { return Post(row).IsRead(); }
@@ -97,6 +102,7 @@ class PostListModel : public QAbstractTableModel {
  private:
   const PackedPost& Post(int row) const { return posts_[static_cast<std::size_t>(row)]; }
   QString CellText(const PackedPost& post, int column) const;
+  QString Words(const PackedPost& post) const;
   QString DateTip(const PackedPost& post) const;
   QVariant AccessibleText(const PackedPost& post, int column) const;
   QString AccessibleHeading(int section) const;
@@ -116,6 +122,8 @@ class PostListModel : public QAbstractTableModel {
   std::vector<PackedPost> aside_;
   std::vector<PostRow> packed_;  // rows that were packed and are still to be freed
   Sorting sorting_;
+  TextQuery marked_;
+  mutable QCache<int, QString> aroundFound_{1'000};  // by PackedPost::StoreIndex
   bool areScrapPosts_ = false;
   bool hasTwoLines_ = false;
   bool areFromWeb_ = false;

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "ui/list/MarkedLine.h"
 #include "ui/list/PostDelegate.h"
 #include "ui/list/PostListModel.h"
 
@@ -18,10 +19,10 @@ constexpr int kLine = 18;
 
 // "Channel, 2008-05-01, First words"; a part that is missing is left out. A long name of a channel
 // gives way, down to two fifths of `width`.
-QString Details(const QModelIndex& index, const QFontMetrics& metrics, int width) {
+QString Details(const QModelIndex& index, const QString& firstWords, const QFontMetrics& metrics,
+                int width) {
   const QString separator = QStringLiteral(" \u00B7 ");
-  QStringList parts{index.siblingAtColumn(kDateColumn).data().toString(),
-                    index.data(PostListModel::kFirstWordsRole).toString()};
+  QStringList parts{index.siblingAtColumn(kDateColumn).data().toString(), firstWords};
   parts.removeAll(QString());
   const int left = width - metrics.horizontalAdvance(separator + parts.join(separator));
   const QString owner = index.siblingAtColumn(kOwnerColumn).data().toString();
@@ -30,10 +31,14 @@ QString Details(const QModelIndex& index, const QFontMetrics& metrics, int width
   return parts.join(separator);
 }
 
-void DrawLine(QPainter& painter, const QFont& font, const QRect& line, const QString& text) {
-  painter.setFont(font);
-  const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideRight, line.width());
-  painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+// The words found in the last `length` characters of `text`.
+std::vector<FoundWord> FindAtEnd(const QString& text, qsizetype length, const TextQuery& query) {
+  std::vector<FoundWord> words = FindWords(text.last(length), query);
+  for (FoundWord& word : words) {
+    word.begin += text.size() - length;
+    word.end += text.size() - length;
+  }
+  return words;
 }
 
 }  // namespace
@@ -58,12 +63,22 @@ void TwoLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   font.setBold(isUnread);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  painter->setPen(text);
+  const QString title = index.data().toString();
   DrawLine(*painter, font, {line.left(), line.top() + kTitleTop, line.width(), kLine},
-           index.data().toString());
-  painter->setPen(row.palette.color(isSelected ? QPalette::Text : QPalette::PlaceholderText));
+           {.text = title,
+            .words = FindWords(title, model_.Marked()),
+            .colour = text,
+            .wordColour = text,
+            .wordGround = foundGround_});
+  const QString firstWords = index.data(PostListModel::kFirstWordsRole).toString();
+  const QString details = Details(index, firstWords, QFontMetrics(row.font), line.width());
+  const auto role = isSelected ? QPalette::Text : QPalette::PlaceholderText;
   DrawLine(*painter, row.font, {line.left(), line.top() + kDetailsTop, line.width(), kLine},
-           Details(index, QFontMetrics(row.font), line.width()));
+           {.text = details,
+            .words = FindAtEnd(details, firstWords.size(), model_.Marked()),
+            .colour = row.palette.color(role),
+            .wordColour = text,
+            .wordGround = foundGround_});
   if (isUnread)
     DrawUnreadMark(*painter,
                    QPointF(row.rect.left() + kMark / 2.0, row.rect.top() + kTitleTop + kLine / 2.0),

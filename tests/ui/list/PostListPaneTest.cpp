@@ -1,8 +1,11 @@
 // Rows on the screen: what clicks, keys and the menu do to the store, the rows and the frame.
 #include "look/DialogAnswers.h"
+#include "look/SkinPalette.h"
+#include "skin/Colors.h"
 #include "store/Cabinets.h"
 #include "ui/SavedPosts.h"
 #include "ui/list/ListPaneFixture.h"
+#include "ui/list/TwoLineDelegate.h"
 
 namespace feedloom {
 
@@ -305,6 +308,37 @@ TEST_F(PostListPaneTest, SortingAndRefillingKeepSelectionCurrentRowOrderAndPlace
   EXPECT_EQ(list_.SelectedRows().size(), 1U);
   pane_.Fill(NumberedPosts(40));  // begins anew
   EXPECT_EQ(OnLine(0), "Post 40 ");
+}
+
+TEST_F(PostListPaneTest, TheWordsOfASearchAreMarkedInTitlesAndBelowThem) {
+  PostList list = NumberedPosts(3);
+  list.posts[0].title = "A bridge with so long a title that it is cut before the other bridge, yes";
+  list.posts[1].description = "<p>Two bridges, a bridge</p>";
+  list.marked = "bridge";
+  pane_.Fill(list);
+  list_.setCurrentIndex({});
+  // The pixels in the upper half of a row, and in the lower one, that have the marks' colour.
+  const auto marks = [&](int row) {
+    const QImage image = list_.viewport()->grab(list_.visualRect(Index(row))).toImage();
+    std::pair<int, int> pixels;
+    for (int y = 0; y < image.height(); ++y) {
+      int& half = y < TwoLineDelegate::kRowHeight / 2 ? pixels.first : pixels.second;
+      for (int x = 0; x < image.width(); ++x)
+        half += image.pixelColor(x, y) == SkinColor(frame_.GetSkin(), kColorFound) ? 1 : 0;
+    }
+    return pixels;
+  };
+  const int once = marks(0).first;
+  EXPECT_GT(once, 100) << "the second one is cut off";
+  EXPECT_EQ(marks(1), std::pair(0, 0)) << "its title has none";
+  pane_.SetTwoLines(true);
+  EXPECT_GT(marks(0).first, once * 3 / 2);
+  EXPECT_EQ(marks(0).second, 0);
+  EXPECT_EQ(marks(1).first, 0);
+  EXPECT_GT(marks(1).second, 100);
+  EXPECT_EQ(marks(2), std::pair(0, 0));
+  pane_.Fill(NumberedPosts(3));
+  EXPECT_EQ(marks(1), std::pair(0, 0)) << "nothing was searched for";
 }
 
 }  // namespace feedloom

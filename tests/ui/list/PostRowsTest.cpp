@@ -6,6 +6,7 @@
 
 #include "kit/ThreadRefusal.h"
 #include "store/StoreKit.h"
+#include "ui/FoundWords.h"
 #include "ui/PostList.h"
 #include "ui/list/FirstWords.h"
 #include "ui/list/PostListModel.h"
@@ -71,6 +72,29 @@ TEST(FirstWords, AreTheTextWithoutMarkUpOnOneLine) {
       {"<p>" + std::string(9'000, 'x'), std::string(200, 'x')}};
   for (const auto& [html, words] : cases)
     EXPECT_EQ(FirstWords(CodePage::Utf8(), html).toStdString(), words);
+}
+
+TEST(FoundWords, AreCountedInTheToolkitsCharacters) {
+  const QString text = "🙂Über 🙂 강물이 uber";
+  std::string found;
+  for (const FoundWord& word : FindWords(text, ParseTextQuery("uber 강물")))
+    found += text.sliced(word.begin, word.end - word.begin).toStdString() + '|';
+  EXPECT_EQ(found, "Über|강물|uber|");
+}
+
+TEST_F(PostListModelTest, TellsTheWordsAroundTheFirstOneThatASearchHasFound) {
+  PostList list{.posts = {Post(1, "a"), Post(2, "b")}, .marked = "강물"};
+  list.posts[0].description = Korean("<p>" + std::string(9'000, 'x') + " 깊은 <b>강</b>물이</p>");
+  list.posts[1].description = "<p>Nothing of it</p>";
+  const auto words = [&](int row) { return Text(row, 1, PostListModel::kFirstWordsRole); };
+  model_.Fill(list);
+  EXPECT_EQ(words(0), "… 깊은 강물이");
+  EXPECT_EQ(words(1), "Nothing of it");
+  list.marked = "nothing";
+  model_.Refill({.posts = {list.posts[1]}, .marked = "it"});
+  EXPECT_EQ(words(0), "Nothing of it");
+  model_.Fill({.posts = {list.posts[0]}});
+  EXPECT_EQ(words(0), QString(200, 'x'));
 }
 
 TEST_F(PostListModelTest, SortsByEachColumnAndBack) {
