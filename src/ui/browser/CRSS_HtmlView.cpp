@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "ui/browser/LinkStrip.h"
+#include "ui/browser/PageMarks.h"
 #include "ui/browser/PageScheme.h"
 #include "ui/browser/PageScripts.h"
 #include "ui/browser/PageView.h"
@@ -108,6 +109,10 @@ void CRSS_HtmlView::Connect() {
   connect(page, &WebPage::Painted, this, &CRSS_HtmlView::PageShown);
   connect(page, &WebPage::Changed, this, &CRSS_HtmlView::ApplyZoom);
   connect(page, &WebPage::Changed, this, &CRSS_HtmlView::Changed);
+  connect(page, &WebPage::Ready, this, [this] {
+    const auto shown = engine_->page.Generated();
+    if (shown) MarkWords(engine_->page, shown->marked, !placeWhenShown_.isNull());
+  });
   connect(page, &WebPage::FramesFound, this, &CRSS_HtmlView::ReplaceFrames);
   connect(page, &QWebEnginePage::linkHovered, this, [this](const QString& link) {
     const QUrl meant = engine_->page.Meant(QUrl(link));
@@ -152,7 +157,7 @@ void CRSS_HtmlView::WritePageToBrowser(const PageToWrite& page) {
   PageStyle style = engine_->style();
   style.source = page.channel;
   const GeneratedPage generated = {WithHead(page.html, page.kind, page.showsRemoteImages, style),
-                                   page.kind, page.source, page.title};
+                                   page.kind, page.source, page.title, page.marked};
   // A large page gets a renderer process of its own, so that going back does not wait for it.
   if (IsLarge(generated)) ++engine_->host;
   Navigate(PageUrlFor(engine_->scheme.Pages().Add(generated), page.source));

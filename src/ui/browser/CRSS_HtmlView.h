@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "search/TextQuery.h"
 #include "ui/Login.h"
 #include "ui/browser/BrowserReport.h"
 #include "ui/browser/Downloads.h"
@@ -26,8 +27,9 @@ struct PageToWrite {
   PageKind kind = PageKind::Post;
   QUrl source = {};  // the address of the post, or of its media file
   bool showsRemoteImages = true;
-  QString title = {};    // of the post
-  QString channel = {};  // or cabinet, where the post is listed
+  QString title = {};     // of the post
+  QString channel = {};   // or cabinet, where the post is listed
+  TextQuery marked = {};  // whose words are marked on display; without parts for none
 };
 
 // What is at the point where the user has opened the context menu.

@@ -6,6 +6,7 @@
 #include <deque>
 #include <optional>
 
+#include "search/TextQuery.h"
 #include "ui/browser/PageRules.h"
 
 namespace feedloom {
@@ -14,7 +15,8 @@ struct GeneratedPage {
   QByteArray html;  // UTF-8
   PageKind kind = PageKind::Post;
   QUrl source = {};  // the address of the post, of its media file, or of the page that has crashed
-  QString title = {};  // of the post, in one line
+  QString title = {};     // of the post, in one line
+  TextQuery marked = {};  // whose words are marked on display; without parts for none
 };
 
 // So large that layout costs more than starting another renderer process.

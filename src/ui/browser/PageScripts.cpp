@@ -42,11 +42,12 @@ constexpr char kWatchPage[] = R"((() => {
     const isRefused = /^[a-z][^:]*:/i.test(href) && !/^(https?|mailto|feedloom):/i.test(href);
     if (!isGenerated || !isRefused) return;
     event.preventDefault();
-    console.log('%2' + href);
+    console.log('%3' + href);
   }, true);
   const find = Document.prototype.querySelector;
   const leads = find.call(document, 'meta[http-equiv=refresh i]') !== null;
-  if (isGenerated && !leads) console.log('%1' + location.href);
+  if (isGenerated) console.log('%1' + location.href);
+  if (isGenerated && !leads) console.log('%2' + location.href);
 })())";
 
 // The server of a post's picture is not that of the page; but what is found here, such as an image
@@ -146,8 +147,9 @@ QString IsImageLinkScript() {
       "Object.getOwnPropertyDescriptor(Document.prototype, 'activeElement').get.call(document))");
 }
 
-QString WatchPageScript(const QString& noRefreshMark, const QString& refusedMark) {
-  return QString(kWatchPage).arg(noRefreshMark, refusedMark);
+QString WatchPageScript(const QString& readyMark, const QString& noRefreshMark,
+                        const QString& refusedMark) {
+  return QString(kWatchPage).arg(readyMark, noRefreshMark, refusedMark);
 }
 
 QString FindFramesScript(const QString& mark) { return QString(kFindFrames).arg(mark); }

@@ -32,10 +32,12 @@ QString IsUserActiveScript();
 QString IsImageLinkScript();
 
 // Runs when a page is ready, and remembers the user's clicks. In a generated page it writes to the
-// console: `noRefreshMark` and the page's address when the page has no meta refresh; `refusedMark`
-// and the link's address when the user clicks a link of a scheme other than http, https, mailto and
-// feedloom, which it prevents, because the engine would refuse it without a signal.
-QString WatchPageScript(const QString& noRefreshMark, const QString& refusedMark);
+// console: `readyMark` and the page's address; `noRefreshMark` and the page's address when the page
+// has no meta refresh; `refusedMark` and the link's address when the user clicks a link of a scheme
+// other than http, https, mailto and feedloom, which it prevents, because the engine would refuse
+// it without a signal.
+QString WatchPageScript(const QString& readyMark, const QString& noRefreshMark,
+                        const QString& refusedMark);
 
 // Runs when a page is ready: a picture of a generated page that the module does not have is asked
 // for at the page's source, against which its address is resolved.

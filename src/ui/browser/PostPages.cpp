@@ -15,7 +15,8 @@ PageToWrite ToWrite(Desk& desk, const PostRow& post, const std::string& html, Pa
           .kind = kind,
           .source = QUrl(ToQString(codePage, post.link)),
           .title = ToLine(codePage, post.title),
-          .channel = ToLine(codePage, post.ownerTitle)};
+          .channel = ToLine(codePage, post.ownerTitle),
+          .marked = ParseTextQuery(desk.State().marked)};
 }
 
 }  // namespace

@@ -50,11 +50,12 @@ WebPage::WebPage(QWebEngineProfile* profile, const GeneratedPages& pages, AskLog
       pages_(pages),
       askLogin_(std::move(askLogin)),
       paintedMark_(QUuid::createUuid().toString()),
+      readyMark_(QUuid::createUuid().toString()),
       refusedMark_(QUuid::createUuid().toString()),
       noRefreshMark_(QUuid::createUuid().toString()),
       framesMark_(QUuid::createUuid().toString()) {
   SetUp(*settings());
-  scripts().insert(OnReady(WatchPageScript(noRefreshMark_, refusedMark_)));
+  scripts().insert(OnReady(WatchPageScript(readyMark_, noRefreshMark_, refusedMark_)));
   scripts().insert(OnReady(FindPicturesScript()));
   scripts().insert(OnReady(FindFramesScript(framesMark_)));
   connect(this, &QWebEnginePage::loadingChanged, this, &WebPage::OnLoading);
@@ -322,6 +323,8 @@ void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QStr
   if (message == paintedMark_ && !IsUnderWay(load_)) {
     load_ = Drawn(load_);
     emit Painted();
+  } else if (message.startsWith(readyMark_)) {
+    if (QUrl(message.mid(readyMark_.size())) == url()) emit Ready();
   } else if (message.startsWith(noRefreshMark_)) {
     load_.noRefreshPage = QUrl(message.mid(noRefreshMark_.size()));
   } else if (message.startsWith(framesMark_)) {

@@ -63,6 +63,8 @@ class WebPage : public QWebEnginePage {
   QUrl Meant(const QUrl& link) const;
 
  signals:
+  // The document of the generated page on display is complete; its images may still be missing.
+  void Ready();
   // The page of the latest navigation is loaded, or has failed to load, and is drawn.
   void Painted();
   // Load() or url() may have changed.
@@ -115,6 +117,7 @@ class WebPage : public QWebEnginePage {
   const AskLogin askLogin_;
   // Prefixes of the scripts' console messages; random, so that no page can forge them.
   const QString paintedMark_;
+  const QString readyMark_;
   const QString refusedMark_;
   const QString noRefreshMark_;
   const QString framesMark_;
