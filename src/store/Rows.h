@@ -51,6 +51,7 @@ struct PostRow {
   int isPodcast = 0;         // posts only
   int ownerId = 0;           // 0 from operations that do not set it
   std::string feedUrl = {};  // results of the web directory only: the feed that the post stands for
+  bool isSaved = false;      // a saved post; set by a search in texts, whose hits are of both kinds
 };
 
 struct ChannelWithPosts : Channel {
