@@ -11,6 +11,7 @@
 #include "ctl/Output.h"
 #include "ctl/Session.h"
 #include "ctl/Since.h"
+#include "ctl/TextHits.h"
 
 namespace feedloom {
 namespace {
@@ -139,7 +140,7 @@ void AddExchangeCommands(CLI::App& app, Arguments& a) {
       ->check(CLI::PositiveNumber);
 }
 
-void AddReadingCommands(CLI::App& app, Arguments& a) {
+void AddPosts(CLI::App& app, Arguments& a) {
   CLI::App* posts =
       AddCommand(app, a, "posts", "List posts, newest first; those of a folder channel by channel",
                  [&a](Session& session) { return RunPosts(session, a.posts); });
@@ -147,7 +148,18 @@ void AddReadingCommands(CLI::App& app, Arguments& a) {
   auto* folder = posts->add_option("--folder", a.posts.folder, "Of a folder by id");
   auto* cabinet = posts->add_option("--cabinet", a.posts.cabinet, "Of a cabinet by id");
   auto* today = posts->add_flag("--today", a.posts.today, "Unread ones published today");
-  posts->add_option("--search", a.posts.word, "With this word in their title")->excludes(today);
+  auto* word =
+      posts->add_option("--search", a.posts.word, "With this word in their title")->excludes(today);
+  auto* text =
+      posts
+          ->add_option("--text", a.posts.text,
+                       "Posts and saved posts with this in title or text, the best first: words, "
+                       "\"phrases\", beginnings*, title: channel: author: -without since: until:")
+          ->check([](const std::string& query) { return QueryFaultWords(query); })
+          ->type_name("QUERY")
+          ->excludes(today)
+          ->excludes(word);
+  posts->add_flag("--by-date", a.posts.byDate, "What --text finds newest first")->needs(text);
   posts->add_flag("--unread", a.posts.unread, "Only unread ones");
   posts
       ->add_option("--since", a.posts.since, "Only those of this day (2026-11-23) or age (7d, 12h)")
@@ -162,6 +174,10 @@ void AddReadingCommands(CLI::App& app, Arguments& a) {
   folder->excludes(channel)->excludes(cabinet);
   channel->excludes(cabinet)->excludes(today);
   cabinet->excludes(today);
+}
+
+void AddReadingCommands(CLI::App& app, Arguments& a) {
+  AddPosts(app, a);
 
   CLI::App* show = AddCommand(app, a, "show", "Print a post's page",
                               [&a](Session& session) { return RunShow(session, a.show); });

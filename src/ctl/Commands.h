@@ -77,6 +77,8 @@ struct PostsOptions {
   std::optional<int> cabinet;
   bool today = false;
   std::optional<std::string> word;
+  std::optional<std::string> text;   // a query as TextQuery has it: also saved posts, best first
+  bool byDate = false;               // what `text` finds, newest first
   bool unread = false;               // only these
   std::optional<std::string> since;  // as SinceDate has it
   std::optional<std::size_t> limit;  // so many from the first one on

@@ -8,6 +8,7 @@
 #include "ctl/Selection.h"
 #include "ctl/Session.h"
 #include "ctl/Since.h"
+#include "ctl/TextHits.h"
 #include "store/PostLists.h"
 #include "store/Search.h"
 #include "threads/Clock.h"
@@ -17,30 +18,33 @@ namespace {
 
 using PostRows = std::vector<PostRow>;
 
-bool LoadRow(Store& store, const RowKey& row, const std::optional<std::string>& word,
-             PostRows& out) {
-  return word ? SearchPosts(store, row, *word, out) : LoadPosts(store, row, out);
+std::optional<RowKey> RowOf(const PostsOptions& options) {
+  if (options.channel) return RowKey{RowKind::Channel, *options.channel};
+  if (options.folder) return RowKey{RowKind::Folder, *options.folder};
+  if (options.cabinet) return RowKey{RowKind::Cabinet, *options.cabinet};
+  return std::nullopt;
 }
 
-bool LoadFolder(Store& store, int id, bool today, const std::optional<std::string>& word,
-                PostRows& out) {
-  if (!FindFolder(store, id)) return false;
-  return today ? LoadFolderTodayUnread(store, id, out)
-               : LoadRow(store, {RowKind::Folder, id}, word, out);
+// Prints an error when it is not.
+bool IsThere(Store& store, const RowKey& row) {
+  if (row.kind == RowKind::Channel) return FindChannel(store, row.id).has_value();
+  if (row.kind == RowKind::Folder) return FindFolder(store, row.id).has_value();
+  return FindCabinet(store, row.id).has_value();
+}
+
+bool LoadToday(Store& store, const std::optional<RowKey>& folder, PostRows& out) {
+  return folder ? LoadFolderTodayUnread(store, folder->id, out) : LoadTodayUnread(store, out);
 }
 
 bool Load(Session& session, const PostsOptions& options, PostRows& out) {
   Store& store = session.GetStore();
-  std::optional<std::string> word;
-  if (options.word) word = session.Text(*options.word);
-  if (const auto id = options.channel) {
-    return FindChannel(store, *id) && LoadRow(store, {RowKind::Channel, *id}, word, out);
-  }
-  if (options.folder) return LoadFolder(store, *options.folder, options.today, word, out);
-  if (const auto id = options.cabinet) {
-    return FindCabinet(store, *id) && LoadRow(store, {RowKind::Cabinet, *id}, word, out);
-  }
-  return options.today ? LoadTodayUnread(store, out) : SearchPosts(store, word.value_or(""), out);
+  const std::optional<RowKey> row = RowOf(options);
+  if (row && !IsThere(store, *row)) return false;
+  if (options.text) return LoadTextHits(session, options, row, out);
+  if (options.today) return LoadToday(store, row, out);
+  const std::string word = session.Text(options.word.value_or(""));
+  if (!row) return SearchPosts(store, word, out);
+  return options.word ? SearchPosts(store, *row, word, out) : LoadPosts(store, *row, out);
 }
 
 // A post without a date of its feed counts by the one of the store.
@@ -60,6 +64,7 @@ void Narrow(PostRows& posts, const PostsOptions& options) {
 
 Json PostJson(const Session& session, const PostRow& post) {
   return {{"id", post.id},
+          {"saved", post.isSaved},
           {"title", session.Utf8(post.title)},
           {"link", session.Utf8(post.link)},
           {"date", session.Utf8(post.published)},
@@ -70,9 +75,9 @@ Json PostJson(const Session& session, const PostRow& post) {
 }
 
 void PrintPost(const Session& session, const PostRow& post) {
-  PrintLine(fmt::format("{:>6} {} {:19} {} [{}]", post.id, post.readStatus != 0 ? ' ' : '*',
+  PrintLine(fmt::format("{:>6} {} {:19} {} [{}{}]", post.id, post.readStatus != 0 ? ' ' : '*',
                         session.Utf8(post.published), OneLine(session.Utf8(post.title)),
-                        OneLine(session.Utf8(post.ownerTitle))));
+                        OneLine(session.Utf8(post.ownerTitle)), post.isSaved ? ", saved" : ""));
 }
 
 }  // namespace
@@ -80,6 +85,7 @@ void PrintPost(const Session& session, const PostRow& post) {
 int RunPosts(Session& session, const PostsOptions& options) {
   PostRows posts;
   if (!Load(session, options, posts)) return kFailure;
+  for (PostRow& post : posts) post.isSaved |= options.cabinet.has_value();
   Narrow(posts, options);
   if (session.WantsJson()) {
     Json array = Json::array();

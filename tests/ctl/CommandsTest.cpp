@@ -227,7 +227,7 @@ TEST_F(Commands, PostsAreListedNewestFirstInEveryScope) {
     for (const char* scope : options) EXPECT_EQ(Ids(scope), ids) << scope;
   EXPECT_EQ(ReplaceAll(RunJson("posts")[2].dump(), server_.Url("/"), ""),
             R"({"channel":"A","date":"2003-06-10 04:00:00","description":"<b>1</b>","id":1,)"
-            R"("link":"l","podcast":false,"read":false,"title":"하나 one"})");
+            R"("link":"l","podcast":false,"read":false,"saved":false,"title":"하나 one"})");
   Run("mark read --post 1");
   EXPECT_EQ(Out("posts --search O"),
             "     2 * 2003-06-11 04:00:00 둘 two [A]\n     1   2003-06-10 04:00:00 하나 one [A]\n");
