@@ -1,7 +1,9 @@
 #include "search/TextQuery.h"
 
 #include <algorithm>
+#include <chrono>
 #include <optional>
+#include <string>
 
 #include "search/Pieces.h"
 #include "text/Text.h"
@@ -66,13 +68,20 @@ void Append(std::string_view text, QueryPart& part) {
     part.pieces.push_back({std::move(piece.folded), piece.isPart, piece.joinsPrevious});
 }
 
-// A year, a month or a day, as "2006", "2006-05" or "2006-05-17".
+unsigned Number(std::string_view digits) { return static_cast<unsigned>(ParseInt(digits)); }
+
+// A year, a month or a day of the calendar, as "2006", "2006-05" or "2006-05-17".
 bool IsDate(std::string_view text) {
-  constexpr std::string_view kPattern = "0000-00-00";
+  constexpr std::string_view kFirstDay = "0000-01-01";
   if (text.size() != 4 && text.size() != 7 && text.size() != 10) return false;
-  return std::ranges::equal(text, kPattern.substr(0, text.size()), [](char c, char wanted) {
-    return wanted == '0' ? IsDigit(c) : c == wanted;
-  });
+  const std::string day = std::string(text).append(kFirstDay.substr(text.size()));
+  const bool isWritten = std::ranges::equal(
+      day, kFirstDay, [](char c, char first) { return first == '-' ? c == '-' : IsDigit(c); });
+  const std::string_view written = day;
+  return isWritten && std::chrono::year_month_day(std::chrono::year(ParseInt(written.substr(0, 4))),
+                                                  std::chrono::month(Number(written.substr(5, 2))),
+                                                  std::chrono::day(Number(written.substr(8, 2))))
+                          .ok();
 }
 
 // Less than every later date, and not less than every date that begins with `date`.

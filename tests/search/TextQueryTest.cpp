@@ -59,6 +59,8 @@ TEST(TextQuery, SaysWhatIsWrong) {
       {"since:2006", QueryFault::kNothing},
       {"x since:May", QueryFault::kDate},
       {"x until:2006-5", QueryFault::kDate},
+      {"x until:2006-13", QueryFault::kDate},
+      {"x since:2006-02-29", QueryFault::kDate},
       {std::string(100'000, '"'), QueryFault::kNothing},
       {std::string(100'000, 'x'), QueryFault::kNone},
   };
