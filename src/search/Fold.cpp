@@ -65,9 +65,7 @@ bool IsPart(UChar32 c) {
   }
 }
 
-bool IsNothing(UChar32 c) {
-  return c == '\'' || c == 0x2019 || u_hasBinaryProperty(c, UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
-}
+bool IsNothing(UChar32 c) { return u_hasBinaryProperty(c, UCHAR_DEFAULT_IGNORABLE_CODE_POINT); }
 
 CharacterKind KindOf(UChar32 c) {
   if (c < 0) return CharacterKind::kGap;
@@ -112,8 +110,7 @@ bool IsAsciiDigit(UChar32 c) { return IsBetween(c, '0', '9'); }
 
 Character AsciiCharacter(UChar32 c) {
   if (IsBetween(c, 'A', 'Z')) c += 'a' - 'A';
-  if (!IsBetween(c, 'a', 'z') && !IsAsciiDigit(c))
-    return {1, c == '\'' ? CharacterKind::kNothing : CharacterKind::kGap};
+  if (!IsBetween(c, 'a', 'z') && !IsAsciiDigit(c)) return {1, CharacterKind::kGap};
   return {1, CharacterKind::kLetter, std::string(1, static_cast<char>(c))};
 }
 

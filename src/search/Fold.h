@@ -8,10 +8,10 @@ namespace feedloom {
 
 // What a character is to the search.
 enum class CharacterKind {
-  kGap,     // blanks, punctuation, symbols
+  kGap,     // blanks, punctuation, symbols; an apostrophe, so that "Ann's" and "l'Ann" hold "Ann"
   kLetter,  // a letter or digit of a script that sets its words apart
   kPart,  // a character of a script whose words are searched by parts: Hangul, Han, Kana, Thai ...
-  kNothing  // an apostrophe, a soft hyphen or an invisible character: stands in no one's way
+  kNothing  // a soft hyphen or an invisible character: stands in no one's way
 };
 
 // A character as a reader sees it: with the marks that combine with it.

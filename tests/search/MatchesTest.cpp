@@ -52,6 +52,7 @@ std::string Marked(const std::string& query, std::string text) {
 TEST(Marks, StandWhereTheWordsAre) {
   EXPECT_EQ(Marked("uber 국경 -other", "Other Über, 한국경제"), "Other [Über], 한[국경]제");
   EXPECT_EQ(Marked("\"a b\" b", "a b b-a b"), "[a b] [b]-[a b]");
+  EXPECT_EQ(Marked("ann", "Ann's l’Ann"), "[Ann]'s l’[Ann]");
   EXPECT_EQ(Marked("micro* author:smith", "Smith's microscope"), "Smith's [microscope]");
   EXPECT_EQ(Marked("\"u\u0308ber\" uber", "u\u0308ber"), "[u\u0308ber]");
 }
