@@ -128,7 +128,10 @@ TEST(HtmlText, IsWhatAReaderSees) {
       {"plain  text -> plain text",
        "<p>Hel<b>lo</b>,<br/>w&ouml;rld</p><p>&lt;3 &#44032;</p> -> Hello, wörld <3 가",
        "<style>p{}</style><script>x</script><!-- no -->a<img alt='i'> & b <c -> a & b",
-       Repeated("<i>", 10'000) + "x -> ", Repeated("가", 6'000).insert(0, "<!--") + "-->x -> "});
+       "<SCRIPT>'</p>'</Script >a<p title='>' x=\">\">b</P\n>c<!-->d<!x><?y>e</>f -> a b cdef",
+       "&&amp;amp;&nosuch;&#x41&#65;&#0;&#xD800;&#99999999999;&#;AT&T -> &&amp;&nosuch;AA&#;AT&T",
+       Repeated("<i>", 10'000) + "x -> x", Repeated("가", 6'000).insert(0, "<!--") + "-->x -> x",
+       Repeated("<i title='", 10'000) + "x -> "});
 }
 
 }  // namespace feedloom
