@@ -14,23 +14,23 @@ constexpr std::size_t kMostWords = 1'000;
 
 // Evaluates to the texts of title and description as one text, in which blocks are lines. The parts
 // that it was made of are kept for kMarkWords. The search takes the same tags for parting words. A
-// form may have an element with the name of one of its members; so those are not asked for.
+// form may have an element with the name of one of its members and hide that member; so a form is
+// asked for nothing that matters.
 constexpr char kReadText[] = R"((() => {
   const joining = new Set(('a abbr acronym applet b basefont bdo big button cite code del dfn em ' +
     'feedloom-found font i iframe img input ins kbd label map mark object q s samp select small ' +
     'span strike strong sub sup textarea tt u var').split(' '));
-  const unread = 'math,noscript,script,select,style,svg,template,textarea';
-  const is = (node, selector) => Element.prototype.matches.call(node, selector);
+  const unread = new Set('math noscript script select style svg template textarea'.split(' '));
   const places = '[id^="title-"],[id^="disc-"]';
   const find = name => Document.prototype.querySelectorAll.call(document, name);
   const parts = [];
   let text = '';
   const read = root => {
     const walker = Document.prototype.createTreeWalker.call(document, root, 5, node =>
-      node.nodeType === 1 && is(node, unread) ? NodeFilter.FILTER_REJECT : NodeFilter.FILTER_ACCEPT);
+      unread.has(node.localName) ? NodeFilter.FILTER_REJECT : NodeFilter.FILTER_ACCEPT);
     let block = null;
     for (let node = walker.nextNode(); node !== null; node = walker.nextNode()) {
-      if (node.nodeType === 1) {
+      if (!(node instanceof Text)) {
         if (!joining.has(node.localName)) block = null;
         continue;
       }
@@ -43,7 +43,7 @@ constexpr char kReadText[] = R"((() => {
     }
   };
   for (const root of find(places))
-    if (!is(root, `:is(${places}) *`)) read(root);
+    if (!Element.prototype.matches.call(root, `:is(${places}) *`)) read(root);
   globalThis.readParts = parts;
   return text;
 })())";

@@ -37,7 +37,8 @@ TEST_F(PageMarks, AreTheWordsThatTheSearchLooksForAndThePagesTextStays) {
       Post("A Bridge", "/bridge",
            Korean("<p>&Uuml;ber die <b>Br&uuml;c</b>ke, 한강의 강물이 깊다.<br>x</p><ul><li>two<li>"
                   "metres</ul><a href='http://bridge/'>the bridge</a><script>bridge</script>"
-                  "<svg><text>bridge</text></svg><form><input name=parentElement>bridge</form>"));
+                  "<svg><text>bridge</text></svg><form><input name=parentElement><input "
+                  "name=nodeType>bridge</form>"));
   Show(post);
   const std::string before = Content();
   const std::tuple<const char*, int, const char*> cases[] = {
