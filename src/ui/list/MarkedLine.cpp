@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QTextLayout>
 #include <algorithm>
+#include <cmath>
 
 namespace feedloom {
 namespace {
@@ -39,9 +40,9 @@ void DrawLine(QPainter& painter, const QFont& font, const QRect& place, const Ma
   QTextLine row = layout.createLine();
   if (row.isValid()) row.setLineWidth(place.width());
   layout.endLayout();
-  const double above = row.isValid() ? (place.height() - row.height()) / 2 : 0;
+  const int height = static_cast<int>(std::ceil(layout.boundingRect().height()));
   painter.setPen(line.colour);
-  layout.draw(&painter, place.topLeft() + QPointF(0, above));
+  layout.draw(&painter, place.topLeft() + QPoint(0, (place.height() - height) / 2));
 }
 
 }  // namespace feedloom

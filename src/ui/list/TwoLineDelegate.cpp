@@ -19,8 +19,8 @@ constexpr int kLine = 18;
 
 // "Channel, 2008-05-01, First words"; a part that is missing is left out. A long name of a channel
 // gives way, down to two fifths of `width`.
-QString Details(const QModelIndex& index, const QString& firstWords, const QFontMetrics& metrics,
-                int width) {
+QString Line(const QModelIndex& index, const QString& firstWords, const QFontMetrics& metrics,
+             int width) {
   const QString separator = QStringLiteral(" \u00B7 ");
   QStringList parts{index.siblingAtColumn(kDateColumn).data().toString(), firstWords};
   parts.removeAll(QString());
@@ -31,14 +31,23 @@ QString Details(const QModelIndex& index, const QString& firstWords, const QFont
   return parts.join(separator);
 }
 
-// The words found in the last `length` characters of `text`.
-std::vector<FoundWord> FindAtEnd(const QString& text, qsizetype length, const TextQuery& query) {
-  std::vector<FoundWord> words = FindWords(text.last(length), query);
-  for (FoundWord& word : words) {
-    word.begin += text.size() - length;
-    word.end += text.size() - length;
-  }
-  return words;
+struct Details {
+  QString text;
+  std::vector<FoundWord> found;
+};
+
+// Words that were found go before channel and date where there is no room for all.
+Details DetailsOf(const QModelIndex& index, const TextQuery& query, const QFontMetrics& metrics,
+                  int width) {
+  const QString words = index.data(PostListModel::kFirstWordsRole).toString();
+  const QString text = Line(index, words, metrics, width);
+  std::vector<FoundWord> found = FindWords(words, query);
+  if (found.empty()) return {text, {}};
+  const qsizetype before = text.size() - words.size();
+  const QString first = text.first(before + found.front().end) + QChar(0x2026);
+  if (metrics.horizontalAdvance(first) > width) return {words, std::move(found)};
+  for (FoundWord& word : found) word = {word.begin + before, word.end + before};
+  return {text, std::move(found)};
 }
 
 }  // namespace
@@ -70,12 +79,11 @@ void TwoLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
             .colour = text,
             .wordColour = text,
             .wordGround = foundGround_});
-  const QString firstWords = index.data(PostListModel::kFirstWordsRole).toString();
-  const QString details = Details(index, firstWords, QFontMetrics(row.font), line.width());
+  const Details details = DetailsOf(index, model_.Marked(), QFontMetrics(row.font), line.width());
   const auto role = isSelected ? QPalette::Text : QPalette::PlaceholderText;
   DrawLine(*painter, row.font, {line.left(), line.top() + kDetailsTop, line.width(), kLine},
-           {.text = details,
-            .words = FindAtEnd(details, firstWords.size(), model_.Marked()),
+           {.text = details.text,
+            .words = details.found,
             .colour = row.palette.color(role),
             .wordColour = text,
             .wordGround = foundGround_});

@@ -8,7 +8,7 @@ class PostListModel;
 
 // Paints the rows of a PostListModel on two lines of its title column: the title, bold when the
 // post is unread, and below it the channel, the date and the first words of the text. Marks the
-// words that the model tells.
+// words that the model tells; those of the text stand alone where there is no room for all.
 class TwoLineDelegate : public VxListDelegate {
  public:
   static constexpr int kRowHeight = 44;  // pixels

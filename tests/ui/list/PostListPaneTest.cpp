@@ -337,6 +337,10 @@ TEST_F(PostListPaneTest, TheWordsOfASearchAreMarkedInTitlesAndBelowThem) {
   EXPECT_EQ(marks(1).first, 0);
   EXPECT_GT(marks(1).second, 100);
   EXPECT_EQ(marks(2), std::pair(0, 0));
+  pane_.resize(230, 240);
+  list.posts[1].ownerTitle = "A channel with a long name";
+  pane_.Fill(list);
+  EXPECT_GT(marks(1).second, 100) << "there is no room for the channel";
   pane_.Fill(NumberedPosts(3));
   EXPECT_EQ(marks(1), std::pair(0, 0)) << "nothing was searched for";
 }
