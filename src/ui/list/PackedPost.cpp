@@ -21,7 +21,8 @@ PackedPost::PackedPost(PostRow&& post, int storeIndex)
       id_(post.id),
       isPodcast_(post.isPodcast),
       ownerId_(post.ownerId),
-      storeIndex_(storeIndex) {
+      storeIndex_(storeIndex),
+      isSaved_(post.isSaved) {
   static_assert(std::size(kTexts) == kTextCount);
   // A length always fits into 32 bits: SQLite limits a text to one gigabyte by default.
   std::ranges::transform(kTexts, lengths_.begin(), [&](auto text) {
@@ -52,6 +53,7 @@ PostRow PackedPost::UnpackShort() const {
   post.id = id_;
   post.isPodcast = isPodcast_;
   post.ownerId = ownerId_;
+  post.isSaved = isSaved_;
   return post;
 }
 

@@ -49,6 +49,7 @@ class PackedPost {
   int isPodcast_;
   int ownerId_;
   int storeIndex_;
+  bool isSaved_;
 };
 
 }  // namespace feedloom

@@ -37,12 +37,12 @@ struct PostListModelTest : testing::Test {
 
 TEST_F(PostListModelTest, KeepsAllOfAPostAndTellsStatusTitleDayAndOwner) {
   const PostRow full{1,    2, "c", std::string(5'000, 'd'), "http://x/", "p", {"t\0t", 3}, "u",
-                     "ow", 1, 3,   "http://feed/"};
+                     "ow", 1, 3,   "http://feed/",          true};
   model_.Fill(
       {.posts = {Post(7, "새 글"), Post(8, "읽은\n\x01글", 1, "2008-05-01 10:00:00"), full}});
   const auto fields = [](const PostRow& post) {
-    const auto& [a, b, c, d, e, f, g, h, i, j, k, l] = post;
-    return std::tuple(a, b, c, d, e, f, g, h, i, j, k, l);
+    const auto& [a, b, c, d, e, f, g, h, i, j, k, l, m] = post;
+    return std::tuple(a, b, c, d, e, f, g, h, i, j, k, l, m);
   };
   EXPECT_EQ(fields(model_.At(2)), fields(full));
   EXPECT_EQ(Text(0, 0) + Text(0, 1) + Text(0, 2) + Text(0, 3), "0새 글2008-05-01똠방각하 소식");
