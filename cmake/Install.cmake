@@ -67,6 +67,7 @@ install(PROGRAMS ${CMAKE_SOURCE_DIR}/tools/feedloom-directory DESTINATION bin)
 install(FILES ${CMAKE_SOURCE_DIR}/share/string.ini ${CMAKE_SOURCE_DIR}/share/image.ini
               ${CMAKE_SOURCE_DIR}/share/schema.sql ${CMAKE_SOURCE_DIR}/share/gone_links.sql
               ${CMAKE_SOURCE_DIR}/share/undo.sql ${CMAKE_SOURCE_DIR}/share/post_details.sql
+              ${CMAKE_SOURCE_DIR}/share/text_index.sql
               DESTINATION share/feedloom)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/share/sample DESTINATION share/feedloom)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/share/feedloom/skin DESTINATION share/feedloom)

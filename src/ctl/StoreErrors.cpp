@@ -1,7 +1,7 @@
 #include "ctl/StoreErrors.h"
 
 #include "ctl/Output.h"
-#include "profile/KeptDatabase.h"
+#include "store/Connection.h"
 
 namespace feedloom {
 

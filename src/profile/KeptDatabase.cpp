@@ -60,7 +60,8 @@ KeptDatabase KeepDatabase(const std::string& path, const std::string& shareDir,
   KeptDatabase database = OpenInBestMode(path, patience);
   if (!database) return nullptr;
   std::string additions;
-  for (const char* const name : {"gone_links.sql", "undo.sql", "post_details.sql"}) {
+  for (const char* const name :
+       {"gone_links.sql", "undo.sql", "post_details.sql", "text_index.sql"}) {
     additions += ReadFile(JoinPath(shareDir, name)).value_or("");
   }
   BringUpToDate(database.get(), additions);
@@ -76,8 +77,6 @@ bool WaitForLocks(sqlite3* database, DatabaseUse use, std::chrono::milliseconds 
       database, writes ? "BEGIN IMMEDIATE; ROLLBACK" : "SELECT 1 FROM sqlite_master LIMIT 0");
   return isFree || sqlite3_errcode(database) != SQLITE_BUSY;
 }
-
-bool MeansLocked(std::string_view message) { return message == sqlite3_errstr(SQLITE_BUSY); }
 
 std::string ReadableDatabase(const std::string& path) {
   const std::string directory = std::filesystem::path(path).parent_path();

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <memory>
 #include <string>
-#include <string_view>
 
 struct sqlite3;
 
@@ -31,9 +30,9 @@ bool Execute(sqlite3* database, const char* sql);
 
 // Opens the database at `path`, and brings an older one up to date: into write-ahead mode, in which
 // programs read while another one writes, if it can be where it lies (OpenInBestMode),
-// and with the tables of gone_links.sql, undo.sql and post_details.sql in `shareDir`. What cannot
-// be changed, because it is read-only, locked for longer than `patience` or no profile's database,
-// stays as it is without a word, and is tried again at the next call.
+// and with the tables of gone_links.sql, undo.sql, post_details.sql and text_index.sql in
+// `shareDir`. What cannot be changed, because it is read-only, locked for longer than `patience` or
+// no profile's database, stays as it is without a word, and is tried again at the next call.
 KeptDatabase KeepDatabase(const std::string& path, const std::string& shareDir,
                           std::chrono::milliseconds patience);
 
@@ -43,9 +42,6 @@ enum class DatabaseUse { None, Read, Write };
 // Waits, `patience` at most, until no other program's lock keeps `database` from being used so.
 // False when one still does. Other obstacles are left to whoever uses it: null is not locked.
 bool WaitForLocks(sqlite3* database, DatabaseUse use, std::chrono::milliseconds patience);
-
-// Whether `message` is what SQLite says of a statement that has found the database locked.
-bool MeansLocked(std::string_view message);
 
 // The name by which SQLite can read the database at `path`: the path itself, unless it lies in a
 // read-only directory without the files that write-ahead mode needs beside it. SQLite then reads

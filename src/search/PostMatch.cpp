@@ -7,14 +7,13 @@
 namespace feedloom {
 namespace {
 
-constexpr std::size_t kMostCounted = 4;  // a word that stands there often says no more
-constexpr int kTitleWeight = 8;
+enum class Place { kNowhere, kText, kTitle };
 
 bool IsPieceAt(const QueryPart& part, std::size_t index, const Piece& piece) {
   const QueryPiece& wanted = part.pieces[index];
   if (wanted.joinsPrevious && index > 0 && !piece.joinsPrevious) return false;
-  const bool mayGoOn = part.isBeginning && index + 1 == part.pieces.size();
-  return mayGoOn ? piece.folded.starts_with(wanted.folded) : piece.folded == wanted.folded;
+  return GoesOn(part, index) ? piece.folded.starts_with(wanted.folded)
+                             : piece.folded == wanted.folded;
 }
 
 bool StandsAt(const QueryPart& part, const std::vector<Piece>& text, std::size_t first) {
@@ -29,23 +28,24 @@ class PostPieces {
  public:
   explicit PostPieces(const SearchedPost& post) : post_(post) {}
 
-  int CountIn(const QueryPart& part) {
+  Place PlaceOf(const QueryPart& part) {
+    const auto inText = [](bool isThere) { return isThere ? Place::kText : Place::kNowhere; };
     switch (part.field) {
-      case QueryField::kTitle:
-        return Count(part, Title()) * kTitleWeight;
       case QueryField::kChannel:
-        return Count(part, PiecesOf(post_.channel));
+        return inText(Holds(PiecesOf(post_.channel), part));
       case QueryField::kAuthor:
-        return Count(part, PiecesOf(post_.authors));
+        return inText(Holds(PiecesOf(post_.authors), part));
+      case QueryField::kTitle:
       case QueryField::kAny:
         break;
     }
-    return Count(part, Title()) * kTitleWeight + Count(part, Text());
+    if (Holds(Title(), part)) return Place::kTitle;
+    return inText(part.field == QueryField::kAny && Holds(Text(), part));
   }
 
  private:
-  static int Count(const QueryPart& part, const std::vector<Piece>& text) {
-    return static_cast<int>(PlacesOf(part, text, kMostCounted).size());
+  static bool Holds(const std::vector<Piece>& text, const QueryPart& part) {
+    return !PlacesOf(part, text, 1).empty();
   }
 
   const std::vector<Piece>& Title() {
@@ -87,11 +87,11 @@ std::vector<std::size_t> PlacesOf(const QueryPart& part, const std::vector<Piece
 int Relevance(const TextQuery& query, const SearchedPost& post) {
   if (!IsOfTime(query, post.published)) return 0;
   PostPieces pieces(post);
-  int relevance = 0;
+  int relevance = 1;
   for (const QueryPart& part : query.parts) {
-    const int count = pieces.CountIn(part);
-    if ((count == 0) != part.isExcluded) return 0;
-    relevance += count;
+    const Place place = pieces.PlaceOf(part);
+    if ((place == Place::kNowhere) != part.isExcluded) return 0;
+    if (place == Place::kTitle) ++relevance;
   }
   return relevance;
 }

@@ -20,8 +20,8 @@ struct SearchedPost {
   std::string published = {};  // as the store has it
 };
 
-// How well `post` meets `query`: greater than 0, and greater for a better one; 0 when it does not
-// meet it. What stands in the title counts more than what stands in the text.
+// How well `post` meets `query`: 0 when it does not meet it, else 1, and one more for each wanted
+// word or phrase in the title.
 int Relevance(const TextQuery& query, const SearchedPost& post);
 
 // The places in `text` at which `part` stands whole: for each the first of its pieces. `most` of

@@ -154,6 +154,10 @@ class Reader {
 
 }  // namespace
 
+bool GoesOn(const QueryPart& part, std::size_t index) {
+  return part.isBeginning && index + 1 == part.pieces.size() && !part.pieces[index].isPart;
+}
+
 TextQuery ParseTextQuery(std::string_view query) { return Reader().Read(query); }
 
 }  // namespace feedloom

@@ -21,9 +21,12 @@ struct QueryPiece {
 struct QueryPart {
   QueryField field = QueryField::kAny;
   bool isExcluded = false;
-  bool isBeginning = false;             // the last piece may be the beginning of a word
+  bool isBeginning = false;             // the last piece, if a word, may be a word's beginning
   std::vector<QueryPiece> pieces = {};  // not empty; follow one another
 };
+
+// Whether the piece at `index` is the beginning of a word, which may go on.
+bool GoesOn(const QueryPart& part, std::size_t index);
 
 enum class QueryFault {
   kNone,

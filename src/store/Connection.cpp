@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <cstdlib>
+#include <utility>
 
 #include "store/Like.h"
 #include "store/WriteAheadLog.h"
@@ -77,10 +78,13 @@ int ResultTable::Int(int row, int column) const {
   return cell == nullptr ? 0 : std::atoi(cell);
 }
 
-Connection::Connection(Store& store) : store_(store) {
+Connection::Connection(Store& store, ErrorReport report)
+    : store_(store), report_(report ? std::move(report) : [&store](std::string_view message) {
+        store.ReportStoreError(message);
+      }) {
   open_ = sqlite3_open(store.DbPath().c_str(), &handle_) == SQLITE_OK;
   if (!open_) {
-    store.ReportStoreError("Can't open database");
+    report_("Can't open database");
     return;
   }
   sqlite3_create_function(handle_, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, &store, Like,
@@ -119,7 +123,7 @@ bool Connection::Run(Statement statement) {
   int status = SQLITE_OK;
   Paced([&] { status = statement(&message); });
   if (status == SQLITE_OK) return true;
-  store_.ReportStoreError(message != nullptr ? message : sqlite3_errstr(status));
+  report_(message != nullptr ? message : sqlite3_errstr(status));
   sqlite3_free(message);
   return false;
 }
@@ -149,7 +153,7 @@ Changes Connection::ExecuteTogether(std::span<const std::string> statements,
   Changes changes;
   std::vector<std::string> failures;
   Paced([&] { changes = Transact(statements, companions, failures); });
-  for (const std::string& failure : failures) store_.ReportStoreError(failure);
+  for (const std::string& failure : failures) report_(failure);
   return changes;
 }
 
@@ -189,6 +193,8 @@ bool Connection::Step(const char* sql, std::vector<std::string>& failures) {
   failures.emplace_back(sqlite3_errmsg(handle_));
   return false;
 }
+
+bool MeansLocked(std::string_view message) { return message == sqlite3_errstr(SQLITE_BUSY); }
 
 std::optional<ResultTable> QueryOnce(Store& store, const std::string& sql) {
   Connection connection(store);

@@ -56,8 +56,9 @@ struct Companions {
 class Connection {
  public:
   // Opens the database of `store`, which must outlive the object. When that fails, reports "Can't
-  // open database", and the object converts to false.
-  explicit Connection(Store& store);
+  // open database", and the object converts to false. `report` gets all failures, when it is given,
+  // in place of the store's report.
+  explicit Connection(Store& store, ErrorReport report = nullptr);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
@@ -105,10 +106,14 @@ class Connection {
   bool Step(const char* sql, std::vector<std::string>& failures);
 
   Store& store_;
+  const ErrorReport report_;
   sqlite3* handle_ = nullptr;
   bool open_ = false;
   bool inOperation_ = false;
 };
+
+// Whether a failure's message says that another program has locked the database.
+bool MeansLocked(std::string_view message);
 
 // Runs `sql` on a connection of its own and returns its rows; none after a failure, which is
 // reported.

@@ -1,8 +1,13 @@
 #include "store/TextSearch.h"
 
 #include <algorithm>
+#include <functional>
+#include <limits>
 #include <tuple>
 
+#include "search/Terms.h"
+#include "store/IndexedSearch.h"
+#include "store/TextIndex.h"
 #include "store/TextScan.h"
 
 namespace feedloom {
@@ -46,32 +51,74 @@ class BestHits {
     hasMore_ = true;
   }
 
-  const HitOrder order_;
-  const std::size_t most_;
+  HitOrder order_;
+  std::size_t most_;
   std::vector<Hit> hits_;
   bool hasMore_ = false;
 };
+
+bool ScanAll(Store& store, const TextQuery& query, const SearchedRows& rows,
+             const std::stop_token& stop, const OnHit& onHit) {
+  Connection connection(store);
+  if (!connection) return false;
+  TextRows texts(connection, store, query, rows);
+  return ScanTexts(texts, rows, ScannedTexts::kAll, stop, onHit);
+}
+
+// Takes the hits of a search, which may begin anew.
+struct Taker {
+  OnHit take;
+  std::function<void()> forget;  // forgets what was taken
+};
+
+enum class Outcome { kFailed, kDone, kDoneWithoutIndex };
+
+Outcome Find(Store& store, const TextQuery& query, const SearchedRows& rows,
+             const std::vector<std::string>& expressions, std::size_t most,
+             const std::stop_token& stop, const Taker& taker) {
+  bool isDamaged = false;
+  if (!expressions.empty() && KeepsTextIndex(store)) {
+    const IndexAnswer answer =
+        SearchIndex(store, {query, rows, expressions, most}, stop, taker.take);
+    if (answer != IndexAnswer::kDamaged)
+      return answer == IndexAnswer::kDone ? Outcome::kDone : Outcome::kFailed;
+    isDamaged = true;
+    taker.forget();
+  }
+  if (!ScanAll(store, query, rows, stop, taker.take)) return Outcome::kFailed;
+  if (!isDamaged) return Outcome::kDone;
+  EmptyTextIndex(store);
+  return Outcome::kDoneWithoutIndex;
+}
 
 }  // namespace
 
 std::optional<TextHits> SearchTexts(Store& store, const TextSearch& search, std::stop_token stop) {
   const TextQuery query = ParseTextQuery(search.query);
   if (query.fault != QueryFault::kNone) return TextHits{};
+  std::vector<std::string> expressions = TermExpressions(query);
+  if (search.order == HitOrder::kDate && !expressions.empty()) expressions = {expressions.back()};
   BestHits best(search.order, search.most);
-  const bool isDone =
-      ScanTexts(store, query, {.within = search.within}, stop,
-                [&best](PostRow post, int relevance) { best.Add(std::move(post), relevance); });
-  if (!isDone) return std::nullopt;
-  return best.Take();
+  const Outcome outcome =
+      Find(store, query, {.within = search.within}, expressions, search.most, stop,
+           {[&](PostRow post, int relevance) { best.Add(std::move(post), relevance); },
+            [&] { best = BestHits(search.order, search.most); }});
+  if (outcome == Outcome::kFailed) return std::nullopt;
+  TextHits hits = best.Take();
+  hits.wasDamaged = outcome == Outcome::kDoneWithoutIndex;
+  return hits;
 }
 
 std::optional<int> CountUnreadHits(Store& store, const TextSearch& search, std::stop_token stop) {
   const TextQuery query = ParseTextQuery(search.query);
   int count = 0;
   if (query.fault != QueryFault::kNone) return count;
-  const bool isDone = ScanTexts(store, query, {.within = search.within, .areUnreadOnly = true},
-                                stop, [&count](const PostRow&, int) { ++count; });
-  if (!isDone) return std::nullopt;
+  std::vector<std::string> expressions = TermExpressions(query);
+  if (!expressions.empty()) expressions = {expressions.back()};
+  const Outcome outcome = Find(store, query, {.within = search.within, .areUnreadOnly = true},
+                               expressions, std::numeric_limits<std::size_t>::max(), stop,
+                               {[&](const PostRow&, int) { ++count; }, [&] { count = 0; }});
+  if (outcome == Outcome::kFailed) return std::nullopt;
   return count;
 }
 

@@ -25,10 +25,12 @@ struct TextSearch {
 struct TextHits {
   std::vector<PostRow> posts = {};  // the best, or newest, first; with `ownerId` and `isSaved` set
   bool hasMore = false;             // more than `most` were found; the first of them are here
+  bool wasDamaged = false;  // the index could not be read: the texts were, and it begins anew
 };
 
-// A query with a fault finds nothing. Returns none after a failure, and when `stop` was requested
-// meanwhile.
+// Posts with all words of the query in their title come first by relevance, then those with one,
+// and of equal ones the newest. A query with a fault finds nothing. Returns none after a failure,
+// and when `stop` was requested meanwhile.
 std::optional<TextHits> SearchTexts(Store& store, const TextSearch& search,
                                     std::stop_token stop = {});
 
