@@ -134,7 +134,7 @@ TEST_F(ProfileTest, AnOlderDatabaseIsBroughtUpToDateBesideItsUsersAndIsOneWholeF
   EXPECT_EQ(fs::file_size(paths_.database + "-wal"), 0);
   fs::remove(paths_.database + "-wal"), fs::remove(paths_.database + "-shm");
   EXPECT_EQ(LinksAfter("SELECT 1"), "1a,1b");
-  EXPECT_EQ(Query("SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"), "6");
+  EXPECT_EQ(Query("SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"), "12");
   EXPECT_EQ(Query("PRAGMA cache_size"), "4000");
 }
 
