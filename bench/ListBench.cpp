@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <ctime>
+#include <iterator>
 #include <limits>
 #include <numeric>
 #include <utility>
@@ -25,6 +26,7 @@ namespace {
 
 constexpr const char* kFill = "fill and first paint, 200,000 posts";
 constexpr const char* kScroll = "scroll to the end, the slowest frame";
+constexpr const char* kScrollFound = "scroll 1,000 marked hits of 20 KB, the slowest frame";
 constexpr const char* kSort = "sort by title";
 constexpr const char* kRemoveRange = "remove 100,000 selected rows in one range";
 constexpr const char* kRemoveOdd = "remove 100,000 selected rows, every second one";
@@ -60,6 +62,17 @@ PostList ManyPosts() {
     post.ownerTitle = fmt::format("Channel number {}", post.ownerId);
     post.description.assign(400, 'x');
   }
+  return list;
+}
+
+// What a search in texts has found: its word stands at the end of each long text.
+PostList Hits() {
+  PostList list = ManyPosts();
+  list.posts.resize(1'000);
+  std::string html = "<p>";
+  for (std::size_t i = 0; html.size() < 20'000; ++i) html.append("<b>a</b> ").append(TitleOf(i));
+  for (PostRow& post : list.posts) post.description = html + "needle</p>";
+  list.marked = "needle water";
   return list;
 }
 
@@ -113,6 +126,7 @@ void FillAndPaint(benchmark::State& state, FakeFrame& frame, const PostList& pos
 // Sets `slowest` to the slowest frame of the fastest repetition, in CPU seconds.
 void Scroll(benchmark::State& state, FakeFrame& frame, const PostList& posts, double& slowest) {
   Pane pane(frame);
+  pane.pane.SetTwoLines(!posts.marked.empty());
   pane.Fill(posts);
   QScrollBar& bar = *pane.View().verticalScrollBar();
   double slowestHere = 0;
@@ -125,7 +139,7 @@ void Scroll(benchmark::State& state, FakeFrame& frame, const PostList& posts, do
       slowestHere = std::max(slowestHere, seconds);
     }
   }
-  if (bar.value() < kPosts - 100) state.SkipWithError("the end was not reached");
+  if (bar.value() < std::ssize(posts.posts) - 100) state.SkipWithError("the end was not reached");
   slowest = std::min(slowest, slowestHere);
 }
 
@@ -216,6 +230,9 @@ int Main(int argc, char** argv) {
   double slowestFrame = std::numeric_limits<double>::max();
   add(kFill, [&](benchmark::State& state) { FillAndPaint(state, frame, posts); });
   add(kScroll, [&](benchmark::State& state) { Scroll(state, frame, posts, slowestFrame); });
+  double slowestOfFound = slowestFrame;
+  const PostList hits = Hits();
+  add(kScrollFound, [&](benchmark::State& state) { Scroll(state, frame, hits, slowestOfFound); });
   add(kSort, [&](benchmark::State& state) { SortByTitle(state, frame, posts); });
   add(kRemoveRange, [&](benchmark::State& state) { RemoveSelected(state, frame, posts, 1); });
   add(kRemoveOdd, [&](benchmark::State& state) { RemoveSelected(state, frame, posts, 2); });
@@ -228,6 +245,7 @@ int Main(int argc, char** argv) {
   };
   check(kFill, measured.Fastest(kFill), 150);
   check(kScroll, slowestFrame, 16);
+  check(kScrollFound, slowestOfFound, 16);
   check(kSort, measured.Fastest(kSort), 1500);
   check(kRemoveRange, measured.Fastest(kRemoveRange), 150);
   check(kRemoveOdd, measured.Fastest(kRemoveOdd), 300);
