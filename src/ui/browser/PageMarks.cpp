@@ -18,7 +18,7 @@ constexpr std::size_t kMostWords = 1'000;
 // asked for nothing that matters.
 constexpr char kReadText[] = R"((() => {
   const joining = new Set(('a abbr acronym applet b basefont bdo big button cite code del dfn em ' +
-    'feedloom-found font i iframe img input ins kbd label map mark object q s samp select small ' +
+    'embed feedloom-found font i iframe img input ins kbd label map object q s samp select small ' +
     'span strike strong sub sup textarea tt u var').split(' '));
   const unread = new Set('math noscript script select style svg template textarea'.split(' '));
   const places = '[id^="title-"],[id^="disc-"]';
