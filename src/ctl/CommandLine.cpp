@@ -32,6 +32,7 @@ struct Arguments {
   DirectoryOptions directory;
   RefreshOptions refresh;
   PostsOptions posts;
+  IndexOptions index;
   ShowOptions show;
   Targets targets;
   std::string status;
@@ -186,6 +187,13 @@ void AddReadingCommands(CLI::App& app, Arguments& a) {
                    "Write the page to this file, in the profile's own code page");
 }
 
+void AddIndex(CLI::App& app, Arguments& a) {
+  CLI::App* index = AddCommand(
+      app, a, "index", "Index texts for posts --text that wait for it, and show how many are",
+      [&a](Session& session) { return RunIndex(session, a.index); }, DatabaseUse::Write);
+  index->add_flag("--rebuild", a.index.rebuild, "Begin the index again");
+}
+
 void AddChangingCommands(CLI::App& app, Arguments& a) {
   CLI::App* mark = AddCommand(
       app, a, "mark", "Mark posts read or unread",
@@ -251,6 +259,7 @@ int RunCommandLine(int argc, const char* const* argv) {
   AddFeedCommands(app, arguments);
   AddExchangeCommands(app, arguments);
   AddReadingCommands(app, arguments);
+  AddIndex(app, arguments);
   AddChangingCommands(app, arguments);
   AddCompletion(app, arguments);
   try {

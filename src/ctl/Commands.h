@@ -85,6 +85,11 @@ struct PostsOptions {
 };
 int RunPosts(Session& session, const PostsOptions& options);
 
+struct IndexOptions {
+  bool rebuild = false;  // begin it again
+};
+int RunIndex(Session& session, const IndexOptions& options);
+
 struct ShowOptions {
   int post = 0;
   std::string output;  // the file that the page is written to; empty: stdout

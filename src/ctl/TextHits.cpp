@@ -1,9 +1,11 @@
 #include "ctl/TextHits.h"
 
 #include <fmt/core.h>
+#include <unistd.h>
 
 #include <limits>
 
+#include "ctl/IndexTexts.h"
 #include "ctl/Session.h"
 #include "search/TextQuery.h"
 #include "store/TextSearch.h"
@@ -16,6 +18,8 @@ std::size_t Most(const PostsOptions& options) {
   constexpr std::size_t kAll = std::numeric_limits<int>::max();
   return options.unread || options.since ? kAll : options.limit.value_or(kAll);
 }
+
+bool IsWritable(const Store& store) { return access(store.DbPath().c_str(), W_OK) == 0; }
 
 }  // namespace
 
@@ -35,6 +39,7 @@ std::string QueryFaultWords(std::string_view query) {
 
 bool LoadTextHits(Session& session, const PostsOptions& options, const std::optional<RowKey>& row,
                   std::vector<PostRow>& out) {
+  if (IsWritable(session.GetStore())) IndexTexts(session);
   const auto order = options.byDate ? HitOrder::kDate : HitOrder::kRelevance;
   auto hits = SearchTexts(session.GetStore(), {*options.text, row, order, Most(options)});
   if (!hits) return false;

@@ -18,7 +18,8 @@ class Session;
 std::string QueryFaultWords(std::string_view query);
 
 // Sets `out` to the posts and saved posts, of `row` when there is one, that `options.text` finds,
-// in the order asked for. Returns false after a failure, which is reported.
+// in the order asked for. Texts that wait for the index come into it first, where the database can
+// be written. Returns false after a failure, which is reported.
 bool LoadTextHits(Session& session, const PostsOptions& options, const std::optional<RowKey>& row,
                   std::vector<PostRow>& out);
 

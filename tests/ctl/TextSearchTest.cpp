@@ -76,4 +76,15 @@ TEST_F(TextSearches, SayWhatIsWrongWithAQuery) {
   ExpectRefused("posts --text \"$(printf 'a%.0s ' $(seq 50000))\"", "has more than ", 2);
 }
 
+TEST_F(TextSearches, FillTheIndexThatACommandCountsAndBeginsAgain) {
+  Prepare("UTF-8");
+  EXPECT_EQ(Out("index"), "added 4 texts; 4 indexed, 0 waiting\n");
+  Run("delete --post 1");
+  Run("clip 2 --cabinet 1");
+  EXPECT_EQ(Found("대통령"), "2s2");
+  EXPECT_EQ(RunJson("index").dump(), R"({"added":0,"indexed":4,"waiting":0})");
+  EXPECT_EQ(Out("index --rebuild"), "added 4 texts; 4 indexed, 0 waiting\n");
+  EXPECT_EQ(Found("대통령"), "2s2");
+}
+
 }  // namespace feedloom
