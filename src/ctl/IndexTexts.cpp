@@ -20,6 +20,7 @@ std::optional<int> IndexTexts(Session& session) {
   Store& store = session.GetStore();
   const std::optional<IndexState> state = ReadIndexState(store);
   if (!state) return std::nullopt;
+  if (state->waiting == 0) return 0;
   const auto began = std::chrono::steady_clock::now();
   const ProgressLine line(!session.WantsJson());
   int done = 0;

@@ -76,7 +76,9 @@ bool KeepsTextIndex(Store& store) {
 
 std::optional<IndexState> ReadIndexState(Store& store) {
   Connection connection(store);
-  if (!connection || !HasIndex(connection)) return std::nullopt;
+  if (!connection) return std::nullopt;
+  const Connection::Operation operation(connection);
+  if (!HasIndex(connection)) return std::nullopt;
   const auto indexed = QueryNumber(connection, "Select count(*) From TB_TEXT_DOC");
   const auto waiting = QueryNumber(connection, "Select count(*) From TB_TEXT_TODO");
   if (!indexed || !waiting) return std::nullopt;
@@ -86,6 +88,7 @@ std::optional<IndexState> ReadIndexState(Store& store) {
 std::optional<int> IndexSomeTexts(Store& store) {
   Connection connection(store);
   if (!connection) return std::nullopt;
+  const Connection::Operation operation(connection);
   if (!HasIndex(connection)) return 0;
   const auto texts = ReadWaitingTexts(connection, store.TextCodePage(), kTextsAtOnce);
   if (!texts) return std::nullopt;
