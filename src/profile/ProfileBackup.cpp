@@ -40,10 +40,10 @@ std::string PendingFile(const ProfilePaths& paths) { return JoinPath(paths.dir, 
 
 // Waits for other programs' locks: a locked database must not pass for a damaged one.
 Failure CheckUnlocked(const std::string& path, DatabaseUse use) {
-  constexpr std::chrono::seconds kPatience(5);
+  constexpr std::chrono::seconds kBackupPatience(5);
   const KeptDatabase database = OpenDatabase(path, SQLITE_OPEN_READWRITE);
   if (database) KeepWriteAheadLog(database.get());
-  if (WaitForLocks(database.get(), use, kPatience)) return {};
+  if (WaitForLocks(database.get(), use, kBackupPatience)) return {};
   return fmt::format("The database '{}' is in use by another program.", path);
 }
 

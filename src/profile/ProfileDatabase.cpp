@@ -80,8 +80,8 @@ Failure CreateDatabase(const std::string& path, const std::string& schema,
 std::string DatabaseVersion() { return sqlite3_libversion(); }
 
 bool MoveAddresses(const std::string& path, std::string_view from, std::string_view to) {
-  constexpr std::chrono::seconds kPatience(1);                    // with another program's lock
-  const KeptDatabase database = OpenInBestMode(path, kPatience);  // on another disk, maybe
+  constexpr std::chrono::seconds kDatabasePatience(1);  // with another program's lock
+  const KeptDatabase database = OpenInBestMode(path, kDatabasePatience);  // on another disk, maybe
   return database && Run(database.get(), kMoveAddresses, {from, to});
 }
 

@@ -12,7 +12,7 @@ namespace {
 constexpr int kMostCandidates = 20'000;
 constexpr std::size_t kReadAtOnce = 200;
 
-std::string InRow(const std::optional<RowKey>& within) {
+std::string DocCondition(const std::optional<RowKey>& within) {
   if (!within) return "";
   const std::string saved =
       fmt::format(" and text_doc_isSaved = {:d}", HoldsScrapPosts(within->kind));
@@ -73,7 +73,7 @@ std::optional<std::vector<Candidate>> FindCandidates(Connection& connection,
       "Join TB_TEXT_DOC On text_doc = TB_TEXT_INDEX.rowid Where TB_TEXT_INDEX Match '{}'{}{}{} "
       "Order By TB_TEXT_INDEX.rowid Desc Limit {}",
       expression, before ? fmt::format(" and TB_TEXT_INDEX.rowid < {}", *before) : "",
-      InRow(rows.within), OfTime(query), kMostCandidates));
+      DocCondition(rows.within), OfTime(query), kMostCandidates));
   if (!table) return std::nullopt;
   std::vector<Candidate> candidates;
   for (int row = 0; row < table->Rows(); ++row)

@@ -39,7 +39,7 @@ const TextTable& TableOf(bool areSaved) { return kTables[areSaved ? 1 : 0]; }
 constexpr PostLayout kLayout{.podcast = 9, .ownerId = 10};
 constexpr int kAuthorsColumn = 11;
 
-std::string InRow(const std::optional<RowKey>& within) {
+std::string RowCondition(const std::optional<RowKey>& within) {
   if (!within) return "";
   switch (within->kind) {
     case RowKind::Folder:
@@ -77,7 +77,8 @@ TextRows::TextRows(Connection& connection, const Store& store, const TextQuery& 
 std::string TextRows::Statement(bool areSaved, const std::string& condition) const {
   const TextTable& table = TableOf(areSaved);
   return fmt::format("{} Where {}{}{} Order By {} Limit {}",
-                     hasAuthors_ ? table.withAuthors : table.select, condition, InRow(rows_.within),
+                     hasAuthors_ ? table.withAuthors : table.select, condition,
+                     RowCondition(rows_.within),
                      rows_.areUnreadOnly ? fmt::format(" and {} = 0", table.readStatus) : "",
                      table.id, kRowsAtOnce);
 }

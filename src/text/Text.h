@@ -13,6 +13,7 @@ constexpr unsigned char ByteAt(std::string_view text, std::size_t at) {
 }
 
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool IsAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 // `text` without the ASCII white space at both ends. The result is a view into `text`.
 std::string_view Trim(std::string_view text);

@@ -15,8 +15,7 @@ namespace {
 constexpr std::string_view kBlanks = " \t\n\r\f";
 constexpr std::size_t kLongestReference = 32;  // bytes of its name or digits
 
-bool IsBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool IsHtmlBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
 
 // Takes all up to the first `end`, or all there is, off `html`.
 void SkipTo(std::string_view& html, std::size_t end) {
@@ -66,7 +65,7 @@ void SkipAttributes(std::string_view& html) {
     const char c = html.front();
     html.remove_prefix(1);
     if (isValue && (c == '"' || c == '\'')) SkipBehind(html, {&c, 1});
-    isValue = c == '=' || (isValue && IsBlank(c));
+    isValue = c == '=' || (isValue && IsHtmlBlank(c));
   }
   SkipTo(html, 1);
 }
@@ -91,7 +90,7 @@ bool TakeTag(std::string_view& html, std::size_t begin) {
   html.remove_prefix(begin);
   std::string name(html.substr(0, html.find_first_of(" \t\n\r\f/>")));
   html.remove_prefix(name.size());
-  for (char& c : name) c = IsLetter(c) ? static_cast<char>(c | 0x20) : c;
+  for (char& c : name) c = IsAsciiLetter(c) ? static_cast<char>(c | 0x20) : c;
   SkipAttributes(html);
   if (begin == 1 && (name == "script" || name == "style")) SkipRawText(html, name);
   return PartsWords(name);
@@ -99,7 +98,9 @@ bool TakeTag(std::string_view& html, std::size_t begin) {
 
 // Takes what begins with a "<" off `html`, and returns what a reader sees of it.
 std::string_view TakeMarkup(std::string_view& html) {
-  const auto isLetterAt = [&](std::size_t at) { return html.size() > at && IsLetter(html[at]); };
+  const auto isLetterAt = [&](std::size_t at) {
+    return html.size() > at && IsAsciiLetter(html[at]);
+  };
   if (isLetterAt(1)) return TakeTag(html, 1) ? " " : "";
   if (html.starts_with("</") && isLetterAt(2)) return TakeTag(html, 2) ? " " : "";
   const bool isComment = html.starts_with("<!--");
@@ -115,7 +116,7 @@ std::string_view TakeMarkup(std::string_view& html) {
 // A blank follows no other, and stands at no beginning.
 void Append(std::string_view more, std::string& text) {
   for (const char c : more) {
-    if (!IsBlank(c)) {
+    if (!IsHtmlBlank(c)) {
       text += c;
     } else if (!text.empty() && text.back() != ' ') {
       text += ' ';

@@ -114,9 +114,8 @@ ReferenceKind KindOfNumber(std::string_view digits) {
   return isAllowed ? ReferenceKind::Kept : ReferenceKind::Dropped;
 }
 
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsOfName(char c) {
-  return IsLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '.';
+  return IsAsciiLetter(c) || (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '.';
 }
 
 // What the ampersand that `text` begins with is. Only ASCII names count: HTML has no others.
@@ -128,7 +127,8 @@ Reference ReferenceAt(std::string_view text) {
   if (end == text.size() || text[end] != ';' || end == begin) return {};
   const std::string_view name = text.substr(begin, end - begin);
   if (isNumber) return {KindOfNumber(name), end + 1};
-  return {IsLetter(name[0]) || name[0] == '_' ? ReferenceKind::Kept : ReferenceKind::None, end + 1};
+  return {IsAsciiLetter(name[0]) || name[0] == '_' ? ReferenceKind::Kept : ReferenceKind::None,
+          end + 1};
 }
 
 // Takes the ampersand that `text` begins with, or the reference, and appends what it becomes.
