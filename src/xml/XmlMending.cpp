@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "text/Text.h"
 #include "xml/XmlText.h"
 
 namespace feedloom {
