@@ -37,12 +37,14 @@ std::vector<std::string> Column(sqlite3* database, const char* sql) {
   return cells;
 }
 
-// A statement for each column that may hold texts. The table of the backup holds UTF-8 already.
+// A statement for each column that may hold texts. The table of the backup holds UTF-8 already, as
+// does the index of texts, which is a virtual table with others behind it.
 constexpr char kStatements[] =
     "SELECT format('UPDATE \"%w\" SET \"%w\" = to_utf8(\"%w\") WHERE typeof(\"%w\") = ''text''',"
     " t.name, c.name, c.name, c.name)"
-    " FROM sqlite_master t, pragma_table_info(t.name) c"
-    " WHERE t.type = 'table' AND t.name NOT LIKE 'sqlite_%' AND t.name <> 'FEEDLOOM_BACKUP'";
+    " FROM pragma_table_list t, pragma_table_info(t.name) c"
+    " WHERE t.schema = 'main' AND t.type = 'table' AND t.name NOT LIKE 'sqlite_%' AND t.name <> "
+    "'FEEDLOOM_BACKUP'";
 
 bool ConvertTexts(sqlite3* database, CodePage codePage) {
   sqlite3_create_function(database, "to_utf8", 1, SQLITE_UTF8, &codePage, ToUtf8, nullptr, nullptr);
