@@ -68,6 +68,7 @@ install(FILES ${CMAKE_SOURCE_DIR}/share/string.ini ${CMAKE_SOURCE_DIR}/share/ima
               ${CMAKE_SOURCE_DIR}/share/schema.sql ${CMAKE_SOURCE_DIR}/share/gone_links.sql
               ${CMAKE_SOURCE_DIR}/share/undo.sql ${CMAKE_SOURCE_DIR}/share/post_details.sql
               ${CMAKE_SOURCE_DIR}/share/text_index.sql
+              ${CMAKE_SOURCE_DIR}/share/filters.sql
               DESTINATION share/feedloom)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/share/sample DESTINATION share/feedloom)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/share/feedloom/skin DESTINATION share/feedloom)

@@ -35,6 +35,7 @@ inline constexpr char kValueSelection[] = "SELECTION";          // kSelectionCar
 inline constexpr char kValueLenient[] = "LENIENT";              // kLenientOn
 inline constexpr char kValuePeriods[] = "PERIODS";              // kPeriodsOn
 inline constexpr char kValueIcons[] = "ICONS";                  // kIconsOn
+inline constexpr char kValueFilters[] = "FILTERS";              // kFiltersOn
 inline constexpr char kValueUpdates[] = "UPDATES";              // kUpdatesByHost
 inline constexpr char kValueClose[] = "CLOSE";                  // kCloseToTray
 inline constexpr char kValueTrayTold[] = "TRAY_TOLD";           // there once the user knows
@@ -79,6 +80,9 @@ inline constexpr char kPeriodsOn[] = "ON";
 // not want them; anything else is the default, too.
 inline constexpr char kIconsOn[] = "ON";
 inline constexpr char kIconsOff[] = "OFF";
+
+// The value of kValueFilters; anything else is the default.
+inline constexpr char kFiltersOn[] = "ON";
 
 // The value of kValueUpdates; anything else is the default.
 inline constexpr char kUpdatesByHost[] = "HOST";

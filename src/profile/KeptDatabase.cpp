@@ -61,7 +61,7 @@ KeptDatabase KeepDatabase(const std::string& path, const std::string& shareDir,
   if (!database) return nullptr;
   std::string additions;
   for (const char* const name :
-       {"gone_links.sql", "undo.sql", "post_details.sql", "text_index.sql"}) {
+       {"gone_links.sql", "undo.sql", "post_details.sql", "text_index.sql", "filters.sql"}) {
     additions += ReadFile(JoinPath(shareDir, name)).value_or("");
   }
   BringUpToDate(database.get(), additions);

@@ -30,9 +30,9 @@ bool Execute(sqlite3* database, const char* sql);
 
 // Opens the database at `path`, and brings an older one up to date: into write-ahead mode, in which
 // programs read while another one writes, if it can be where it lies (OpenInBestMode),
-// and with the tables of gone_links.sql, undo.sql, post_details.sql and text_index.sql in
-// `shareDir`. What cannot be changed, because it is read-only, locked for longer than `patience` or
-// no profile's database, stays as it is without a word, and is tried again at the next call.
+// and with the tables of gone_links.sql, undo.sql, post_details.sql, text_index.sql and filters.sql
+// in `shareDir`. What cannot be changed, because it is read-only, locked for longer than `patience`
+// or no profile's database, stays as it is without a word, and is tried again at the next call.
 KeptDatabase KeepDatabase(const std::string& path, const std::string& shareDir,
                           std::chrono::milliseconds patience);
 

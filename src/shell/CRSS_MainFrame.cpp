@@ -29,6 +29,7 @@
 #include "ui/browser/EngineProxy.h"
 #include "ui/dialogs/Dialogs.h"
 #include "ui/dialogs/KeySheet.h"
+#include "ui/filters/Filters.h"
 #include "ui/list/CRSS_RightTopContainer.h"
 #include "ui/notice/CRSS_AnnounceDlg.h"
 #include "ui/panel/ControlPanel.h"
@@ -254,6 +255,9 @@ std::intptr_t CRSS_MainFrame::OnMessage(unsigned number, std::intptr_t wParam,
     case kMessageShowKeys:
       ShowKeySheet(skin_, this);
       break;
+    case kMessageOpenFilters:
+      OpenFilters();
+      break;
     case kMessageShowNewPosts:
       news_.Show();
       break;
@@ -318,6 +322,17 @@ void CRSS_MainFrame::OpenControlPanel() {
   if (!self) return;
   isPanelOpen_ = false;
   if (settings) ApplyPanelSettings(*settings);
+}
+
+// The dialog may have changed stored posts: what it did comes into the window as another program's
+// changes do.
+void CRSS_MainFrame::OpenFilters() {
+  if (!skin_.Config().OffersFilters() || QApplication::activeModalWidget()) return;
+  const QPointer self(this);
+  ShowFilters(
+      *this, store_, [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); },
+      this);
+  if (self && status_.IsTreeRead()) arrivals_->LookForChanges();
 }
 
 void CRSS_MainFrame::ApplyPanelSettings(const Settings& settings) {

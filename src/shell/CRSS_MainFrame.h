@@ -70,6 +70,10 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   // Makes `settings` the live ones: restarts the timers and redraws the page. Modes become 0 or 1.
   void ApplyPanelSettings(const Settings& settings);
 
+  // Shows the dialog of filters, where the host wishes for it, and returns when it is closed. Does
+  // nothing while a dialog is open.
+  void OpenFilters();
+
   // Shows only unread posts in tree and list, or all, and tells the host.
   void ShowUnreadOnly(bool isOn);
 

@@ -72,6 +72,9 @@ class HostConfig {
   // Whether channels have the icons of their sites, which are asked for them.
   bool ShowsSiteIcons() const;
 
+  // Whether the user can edit filters of posts.
+  bool OffersFilters() const;
+
   // Whether the module selects, lists and marks read only what the user is sure to mean:
   // docs/host-interface.md tells the cases.
   bool SelectsCarefully() const;

@@ -43,6 +43,7 @@ enum Message : unsigned {
   kMessageRefreshDue = 0x3081,
   kMessageShowKeys = 0x3082,
   kMessageShowNewPosts = 0x3084,  // those that the last kMessageNewPosts told of
+  kMessageOpenFilters = 0x3085,
 
   // From the host to the frame: open a content (lParam a const std::string*), which is an address
   // in
