@@ -55,6 +55,7 @@ CRSS_FilterDlg::CRSS_FilterDlg(Desk& desk, std::shared_ptr<Store> store,
 void CRSS_FilterDlg::SetUpList() {
   list_.setAccessibleName(SkinText(GetSkin(), kTextFilterList));
   list_.setModel(&rules_);
+  ShowOutline(GetSkin(), list_);
   list_.setDragDropMode(QAbstractItemView::InternalMove);
   list_.setDefaultDropAction(Qt::MoveAction);
   list_.setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -13,7 +13,9 @@
 #include "controls/CVxDialog.h"
 #include "controls/CVxEdit.h"
 #include "filter/FilterSet.h"
+#include "look/SkinPalette.h"
 #include "look/SkinText.h"
+#include "skin/Colors.h"
 #include "skin/Keys.h"
 #include "ui/filters/ConditionRow.h"
 #include "ui/filters/FilterNames.h"
@@ -31,6 +33,13 @@ void AddRow(QFormLayout& rows, const Skin& skin, const char* labelKey, QWidget* 
 }
 
 }  // namespace
+
+void ShowOutline(const Skin& skin, QWidget& widget) {
+  constexpr int kToolkitDarkens = 140;  // per cent
+  QPalette palette = widget.palette();
+  palette.setColor(QPalette::Window, SkinColor(skin, kColorPaneLine).lighter(kToolkitDarkens));
+  widget.setPalette(palette);
+}
 
 RuleForm::RuleForm(const Skin& skin, const FilterNames& names, QWidget* parent)
     : QWidget(parent),
@@ -53,6 +62,7 @@ void RuleForm::Fill(const FilterNames& names) {
   ListPlaces(place_, skin_, names);
   ListCabinets(cabinet_, skin_, names);
   notice_.addItems(NoticeTexts(skin_));
+  for (QCheckBox* const box : {&marksRead_, &deletes_}) ShowOutline(skin_, *box);
   caution_.setTextFormat(Qt::PlainText);
   caution_.setWordWrap(true);
 }

@@ -20,6 +20,10 @@ class CVxEdit;
 class Skin;
 struct FilterNames;
 
+// Draws the outlines of check boxes, and of the frame, of `widget` in the skin's colour of lines:
+// the toolkit's own are derived from the ground, and cannot be seen on a dark one.
+void ShowOutline(const Skin& skin, QWidget& widget);
+
 // The fields of one rule. Interface thread only.
 class RuleForm : public QWidget {
   Q_OBJECT
