@@ -23,6 +23,7 @@ void StoredPosts::Count(FilterRule rule, std::function<void(std::optional<int> c
 
 void StoredPosts::Apply(FilterRule rule,
                         std::function<void(std::optional<FilterSums> sums)> onAnswer) {
+  rule.isOn = true;
   Run(
       [rule = std::move(rule)](Store& store, const std::stop_token& stop) {
         return ApplyFilters(store, {&rule, 1}, stop);

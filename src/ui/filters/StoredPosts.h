@@ -9,7 +9,8 @@
 
 namespace feedloom {
 
-// Counts the stored posts that a rule meets, and applies a rule to them, on a background thread.
+// Counts the stored posts that a rule meets, and applies a rule to them, on a background thread,
+// whether the rule is on or off.
 // The answers come on the owner's thread, which alone may call the functions; a later call, and the
 // object's end, stop what is under way, and its answer never comes. nullopt is a failure.
 class StoredPosts {

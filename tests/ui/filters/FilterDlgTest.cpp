@@ -133,6 +133,7 @@ TEST_F(FilterDlg, ShowsEachFieldAndWhatIsGone) {
 TEST_F(FilterDlg, AppliesARuleToStoredPostsAfterAQuestion) {
   FilterRule rule = Title("post 1");
   rule.deletes = true;
+  rule.isOn = false;  // for new posts
   Show({rule}, [&] {
     EXPECT_TRUE(Says("4개"));
     EXPECT_EQ(Click("저장된 글에 적용"), Keys{kTextFilterAskDelete});
