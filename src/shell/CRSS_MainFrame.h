@@ -114,7 +114,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   void PostWasRead(const PostRow& post, bool isScrapPost) override;
   void UnreadPostWasSaved(int cabinetId) override;
   void RecountUnread(bool ofScrapPosts) override;
-  void ShowUndone(const std::optional<UndoableRow>& row, std::span<const int> posts) override;
+  void ShowUndone(const std::optional<UndoableRow>& row, const PostIds& posts) override;
 
  signals:
   // The browser has drawn the page that was requested last.

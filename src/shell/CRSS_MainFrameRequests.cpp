@@ -122,7 +122,7 @@ void CRSS_MainFrame::PostWasRead(const PostRow& post, bool isScrapPost) {
 
 void CRSS_MainFrame::UnreadPostWasSaved(int cabinetId) { left_->UnreadPostWasSaved(cabinetId); }
 
-void CRSS_MainFrame::ShowUndone(const std::optional<UndoableRow>& row, std::span<const int> posts) {
+void CRSS_MainFrame::ShowUndone(const std::optional<UndoableRow>& row, const PostIds& posts) {
   left_->ShowUndone(row);
   if (!state_.listShowsSelection && !posts.empty()) rightTop_->Reread(posts);
 }

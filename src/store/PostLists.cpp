@@ -22,6 +22,13 @@ bool LoadAllCabinets(Store& store, int /*id*/, CabinetWithPosts& out) {
   return LoadAllCabinetsWithPosts(store, out);
 }
 
+// Runs the operation for the posts and for the saved posts, if there are any. False when one fails.
+template <typename Operation>
+bool OfEach(const PostIds& posts, Operation operation) {
+  const bool isDone = posts.posts.empty() || operation(std::span<const int>(posts.posts), false);
+  return (posts.saved.empty() || operation(std::span<const int>(posts.saved), true)) && isDone;
+}
+
 }  // namespace
 
 bool LoadPosts(Store& store, const RowKey& row, std::vector<PostRow>& out) {
@@ -67,9 +74,25 @@ bool MarkRead(Store& store, const RowKey& row, int status) {
   return false;
 }
 
-bool MarkRead(Store& store, std::span<const int> postIds, bool areScrapPosts, int status) {
-  return areScrapPosts ? MarkScrapPostsRead(store, status, postIds)
-                       : MarkPostsRead(store, status, postIds);
+bool MarkRead(Store& store, const PostIds& posts, int status) {
+  return OfEach(posts, [&](std::span<const int> ids, bool areSaved) {
+    return areSaved ? MarkScrapPostsRead(store, status, ids) : MarkPostsRead(store, status, ids);
+  });
+}
+
+bool DeletePosts(Store& store, const PostIds& posts) {
+  return OfEach(posts, [&](std::span<const int> ids, bool areSaved) {
+    return areSaved ? DeleteScrapPosts(store, ids) : DeletePosts(store, ids);
+  });
+}
+
+bool FindPosts(Store& store, const PostIds& posts, std::vector<PostRow>& out) {
+  return OfEach(posts, [&](std::span<const int> ids, bool areSaved) {
+    const std::size_t first = out.size();
+    const bool isDone = FindPosts(store, ids, areSaved, out);
+    for (PostRow& post : std::span(out).subspan(first)) post.isSaved = areSaved;
+    return isDone;
+  });
 }
 
 }  // namespace feedloom

@@ -20,6 +20,11 @@ bool SearchPosts(Store& store, const RowKey& row, std::string_view word, std::ve
 // Mark as read (status 1) or unread (status 0): all posts of the row; the posts, or saved posts,
 // with these ids.
 bool MarkRead(Store& store, const RowKey& row, int status);
-bool MarkRead(Store& store, std::span<const int> postIds, bool areScrapPosts, int status);
+bool MarkRead(Store& store, const PostIds& posts, int status);
+
+// Delete the posts with these ids, or append to `out` those of them that there are, posts before
+// saved ones and newest first. Where there are no ids, nothing happens.
+bool DeletePosts(Store& store, const PostIds& posts);
+bool FindPosts(Store& store, const PostIds& posts, std::vector<PostRow>& out);
 
 }  // namespace feedloom

@@ -54,6 +54,12 @@ struct PostRow {
   bool isSaved = false;      // a saved post; set by a search in texts, whose hits are of both kinds
 };
 
+// The numbers of posts, and of saved posts.
+struct PostIds {
+  std::vector<int> posts = {};
+  std::vector<int> saved = {};
+};
+
 struct ChannelWithPosts : Channel {
   std::string created;
   std::string updated;

@@ -98,17 +98,21 @@ bool KeepsDetails(Connection& connection) {
   return KeepsPostDetails(connection) && HasTable(connection, "TB_UNDO_POST_DETAIL");
 }
 
-// `first` copies the rows that are counted, `others` what belongs to them.
-std::optional<KeptStep> Keep(Store& store, const std::string& first, const std::string& others) {
+// Each of `counted` copies rows that are counted, `others` what belongs to them.
+std::optional<KeptStep> Keep(Store& store, std::initializer_list<std::string> counted,
+                             const std::string& others) {
   Connection connection(store);
   if (!connection) return std::nullopt;
   const Connection::Operation operation(connection);
   if (!KeepsSteps(connection)) return std::nullopt;
   const bool keepsDetails = KeepsDetails(connection);
+  std::string copies;
+  for (const std::string& copy : counted)
+    copies += copy + "Update TB_UNDO_STEP Set step_rows = step_rows + changes();";
   const auto table = connection.Query(
-      fmt::format("Begin Immediate;{}{}{}Insert Into TB_UNDO_STEP(step_rows) Values(changes());{}{}"
+      fmt::format("Begin Immediate;{}{}Insert Into TB_UNDO_STEP(step_rows) Values(0);{}{}{}"
                   "Select step_id, step_rows From TB_UNDO_STEP;Commit",
-                  keepsDetails ? kForgetDetails : "", kForget, first, others,
+                  keepsDetails ? kForgetDetails : "", kForget, copies, others,
                   keepsDetails ? kCopyDetails : ""));
   if (!table || table->Int(0, 1) == 0) return std::nullopt;
   return KeptStep{table->Int(0, 0), table->Int(0, 1)};
@@ -229,25 +233,27 @@ constexpr const char* kRowId =
 }  // namespace
 
 std::optional<KeptStep> KeepMarks(Store& store, const RowKey& row, int status) {
-  return Keep(store, CopyMarks(NamesOf(HoldsScrapPosts(row.kind)), PostsOfRow(row), status), "");
+  return Keep(store, {CopyMarks(NamesOf(HoldsScrapPosts(row.kind)), PostsOfRow(row), status)}, "");
 }
 
-std::optional<KeptStep> KeepMarks(Store& store, std::span<const int> postIds, bool areScrapPosts,
-                                  int status) {
-  const PostNames& posts = NamesOf(areScrapPosts);
-  return Keep(store, CopyMarks(posts, WithIds(posts, postIds), status), "");
+std::optional<KeptStep> KeepMarks(Store& store, const PostIds& posts, int status) {
+  return Keep(store,
+              {CopyMarks(kPosts, WithIds(kPosts, posts.posts), status),
+               CopyMarks(kScrapPosts, WithIds(kScrapPosts, posts.saved), status)},
+              "");
 }
 
-std::optional<KeptStep> KeepPosts(Store& store, std::span<const int> postIds, bool areScrapPosts) {
-  const PostNames& posts = NamesOf(areScrapPosts);
-  return Keep(store, CopyRows(areScrapPosts ? "SCRAP_POST" : "POST", WithIds(posts, postIds)),
-              CopyOwners(posts) + kCopyOldLinks);
+std::optional<KeptStep> KeepPosts(Store& store, const PostIds& posts) {
+  return Keep(store,
+              {CopyRows("POST", WithIds(kPosts, posts.posts)),
+               CopyRows("SCRAP_POST", WithIds(kScrapPosts, posts.saved))},
+              CopyOwners(kPosts) + CopyOwners(kScrapPosts) + kCopyOldLinks);
 }
 
 std::optional<KeptStep> KeepRow(Store& store, const RowKey& row) {
   const bool isFolder = row.kind == RowKind::Folder;
   if (row.kind == RowKind::Cabinet) {
-    return Keep(store, CopyRows("SCRAP_CHANNEL", fmt::format("scrap_channel_id = {}", row.id)),
+    return Keep(store, {CopyRows("SCRAP_CHANNEL", fmt::format("scrap_channel_id = {}", row.id))},
                 CopyRows("SCRAP_POST", PostsOfRow(row)));
   }
   const std::string channels =
@@ -256,8 +262,8 @@ std::optional<KeptStep> KeepRow(Store& store, const RowKey& row) {
       CopyRows("POST", PostsOfRow(row)) +
       CopyRows("GONE_LINK", "gone_channelID In (Select channel_id From TB_UNDO_CHANNEL)") +
       CopyRows("GONE_COUNT", "gone_count_channelID In (Select channel_id From TB_UNDO_CHANNEL)");
-  if (!isFolder) return Keep(store, channels, contents);
-  return Keep(store, CopyRows("FOLDER", fmt::format("folder_id = {}", row.id)),
+  if (!isFolder) return Keep(store, {channels}, contents);
+  return Keep(store, {CopyRows("FOLDER", fmt::format("folder_id = {}", row.id))},
               channels + contents);
 }
 

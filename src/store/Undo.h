@@ -5,9 +5,9 @@
 #pragma once
 
 #include <optional>
-#include <span>
 
 #include "store/RowKey.h"
+#include "store/Rows.h"
 #include "store/Store.h"
 
 namespace feedloom {
@@ -22,10 +22,9 @@ struct KeptStep {
 
 // For MarkRead (PostLists.h) with the same arguments.
 std::optional<KeptStep> KeepMarks(Store& store, const RowKey& row, int status);
-std::optional<KeptStep> KeepMarks(Store& store, std::span<const int> postIds, bool areScrapPosts,
-                                  int status);
-// For DeletePosts and DeleteScrapPosts. `postIds` is not empty.
-std::optional<KeptStep> KeepPosts(Store& store, std::span<const int> postIds, bool areScrapPosts);
+std::optional<KeptStep> KeepMarks(Store& store, const PostIds& posts, int status);
+// For DeletePosts of PostLists.h.
+std::optional<KeptStep> KeepPosts(Store& store, const PostIds& posts);
 // For DeleteFolder, DeleteChannel or DeleteCabinet.
 std::optional<KeptStep> KeepRow(Store& store, const RowKey& row);
 

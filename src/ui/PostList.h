@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -7,10 +8,11 @@
 
 namespace feedloom {
 
-// The contents of the post list: posts of channels, or saved posts of cabinets.
+// The contents of the post list: posts of channels, or saved posts of cabinets, or what a search in
+// texts has found of both, each of which knows what it is.
 struct PostList {
   std::vector<PostRow> posts = {};  // in display order
-  bool areScrapPosts = false;       // saved posts
+  bool areScrapPosts = false;       // saved posts only
   bool areSearchResults = false;    // results of a search; the list shows their number
   bool areFromWeb = false;          // of the web directory: nobody has read or not read them
   // The key of the text that the list shows if there are no posts, null for none, and the word that
@@ -21,5 +23,13 @@ struct PostList {
   // of the posts; empty for none.
   std::string marked = {};
 };
+
+// A list tells its rows apart by numbers of their own: of a saved post among posts, the negative of
+// its number in the store.
+inline int ListId(const PostRow& post) { return post.isSaved && post.id > 0 ? -post.id : post.id; }
+
+// The numbers in the store of what stands in a list with the numbers `listed`; `areScrapPosts` is
+// the list's.
+PostIds StoredIds(std::span<const int> listed, bool areScrapPosts);
 
 }  // namespace feedloom

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 
 #include "store/Rows.h"
@@ -54,7 +53,7 @@ class Reading {
   // Call this when a step was undone: tree and list read again what they show. `row`, a row of the
   // tree that has come back, is selected, and its posts listed. `posts` come back into a list that
   // is not of the tree's selection. No post is shown or marked read.
-  virtual void ShowUndone(const std::optional<UndoableRow>& row, std::span<const int> posts) = 0;
+  virtual void ShowUndone(const std::optional<UndoableRow>& row, const PostIds& posts) = 0;
 };
 
 }  // namespace feedloom

@@ -2,20 +2,20 @@
 
 #include "skin/Labels.h"
 #include "store/Cabinets.h"
-#include "store/Posts.h"
+#include "store/PostLists.h"
 #include "ui/Desk.h"
 #include "ui/Reading.h"
 
 namespace feedloom {
 
-DraggedPosts::DraggedPosts(std::vector<int> stored, bool areScrapPosts, std::vector<PostRow> others)
-    : stored_(std::move(stored)), areScrapPosts_(areScrapPosts), others_(std::move(others)) {
+DraggedPosts::DraggedPosts(PostIds stored, std::vector<PostRow> others)
+    : stored_(std::move(stored)), others_(std::move(others)) {
   setData(kFormat, {});
 }
 
 std::vector<PostRow> DraggedPosts::Read(Desk& desk) const {
   std::vector<PostRow> posts = others_;
-  if (!stored_.empty()) (void)FindPosts(desk.GetStore(), stored_, areScrapPosts_, posts);
+  (void)FindPosts(desk.GetStore(), stored_, posts);
   return posts;
 }
 

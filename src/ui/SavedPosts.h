@@ -20,17 +20,15 @@ class DraggedPosts : public QMimeData {
  public:
   static constexpr char kFormat[] = "application/x-feedloom-posts";
 
-  // `stored` are the ids of posts or, when `areScrapPosts`, of saved posts; `others` are posts that
-  // are not in the store.
-  DraggedPosts(std::vector<int> stored, bool areScrapPosts, std::vector<PostRow> others);
+  // `others` are posts that are not in the store.
+  DraggedPosts(PostIds stored, std::vector<PostRow> others);
 
   // The posts, those of the store as they are there now; those that have gone are left out. Empty
   // also after a failure of the store, which it reports.
   std::vector<PostRow> Read(Desk& desk) const;
 
  private:
-  const std::vector<int> stored_;
-  const bool areScrapPosts_;
+  const PostIds stored_;
   const std::vector<PostRow> others_;
 };
 

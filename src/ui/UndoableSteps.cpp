@@ -58,18 +58,16 @@ bool UndoableSteps::Run(const std::optional<KeptStep>& kept, Step step, Operatio
   return isDone;
 }
 
-bool UndoableSteps::MarkPosts(std::span<const int> ids, bool areScrapPosts, int status) {
-  const auto kept = KeepMarks(desk_.GetStore(), ids, areScrapPosts, status);
-  return Run(kept, {.name = MarkName(kept, status), .posts = {ids.begin(), ids.end()}},
-             [&] { return MarkRead(desk_.GetStore(), ids, areScrapPosts, status); });
+bool UndoableSteps::MarkPosts(const PostIds& posts, int status) {
+  const auto kept = KeepMarks(desk_.GetStore(), posts, status);
+  return Run(kept, {.name = MarkName(kept, status), .posts = posts},
+             [&] { return MarkRead(desk_.GetStore(), posts, status); });
 }
 
-bool UndoableSteps::DeletePosts(std::span<const int> ids, bool areScrapPosts) {
-  const auto kept = KeepPosts(desk_.GetStore(), ids, areScrapPosts);
-  const auto deleteIds = areScrapPosts ? DeleteScrapPosts : feedloom::DeletePosts;
-  return Run(kept,
-             {.name = CountName(desk_, kTextPostsDeleted, kept), .posts = {ids.begin(), ids.end()}},
-             [&] { return deleteIds(desk_.GetStore(), ids); });
+bool UndoableSteps::DeletePosts(const PostIds& posts) {
+  const auto kept = KeepPosts(desk_.GetStore(), posts);
+  return Run(kept, {.name = CountName(desk_, kTextPostsDeleted, kept), .posts = posts},
+             [&] { return feedloom::DeletePosts(desk_.GetStore(), posts); });
 }
 
 bool UndoableSteps::MarkRow(const RowKey& row, int status) {
@@ -109,7 +107,7 @@ void UndoableSteps::Undo() {
   }
   RestoreTotals(step);
   if (step.row) step.row->key.id = undone.rowId;
-  if (step.listing != desk_.State().listings) step.posts.clear();  // another list shows now
+  if (step.listing != desk_.State().listings) step.posts = {};  // another list shows now
   hooks_.show(step.row, step.posts);
   desk_.ReportMessage(WithTitle(TextOf(desk_, kTextUndone), step.name));
 }

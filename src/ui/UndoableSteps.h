@@ -36,7 +36,7 @@ class UndoableSteps {
     // Brings the counts up to date before a step is undone.
     std::function<void()> count;
     // Shows what has come back, as Reading::ShowUndone.
-    std::function<void(const std::optional<UndoableRow>& row, std::span<const int> posts)> show;
+    std::function<void(const std::optional<UndoableRow>& row, const PostIds& posts)> show;
   };
 
   // `desk` must outlive the object. A step is offered for the time `offered`, and can be undone
@@ -45,9 +45,9 @@ class UndoableSteps {
                 std::chrono::milliseconds offered = std::chrono::seconds(10));
 
   // Run the operation of the store, and keep what it changes. Return false after a failure of the
-  // operation. `ids` is not empty.
-  bool MarkPosts(std::span<const int> ids, bool areScrapPosts, int status);
-  bool DeletePosts(std::span<const int> ids, bool areScrapPosts);
+  // operation.
+  bool MarkPosts(const PostIds& posts, int status);
+  bool DeletePosts(const PostIds& posts);
   bool MarkRow(const RowKey& row, int status);
   // A folder, a channel or a cabinet. The caller lowers SharedState::unreadTotal.
   bool DeleteRow(const UndoableRow& row);
@@ -63,9 +63,9 @@ class UndoableSteps {
     int id = 0;
     std::string name;
     std::optional<UndoableRow> row = {};
-    std::vector<int> posts = {};  // posts of the list
-    int listing = 0;              // SharedState::listings and
-    int announced = 0;            // SharedState::announcedTotal at the step
+    PostIds posts = {};  // of the list
+    int listing = 0;     // SharedState::listings and
+    int announced = 0;   // SharedState::announcedTotal at the step
   };
 
   template <typename Operation>

@@ -47,7 +47,7 @@ TEST_F(Details, AreDroppedWithoutTheirTable) {
 TEST_F(Details, ComeBackWithTheirPostsAlsoUnderANewNumber) {
   db_.AddTables({"gone_links.sql", "undo.sql", "post_details.sql"});
   Insert({post_, {.link = "b", .details = {"B"}}, {.link = "c", .details = {"C"}}});
-  const auto step = KeepPosts(db_.Get(), std::vector{2, 3}, false);
+  const auto step = KeepPosts(db_.Get(), {.posts = {2, 3}});
   DeletePosts(db_.Get(), std::vector{2, 3});
   db_.Sql("insert into TB_POST(post_id, post_channelID, post_link) values(3, 1, 'other')");
   db_.Sql("insert into TB_POST_DETAIL values(3, 'N', '')");
@@ -64,7 +64,7 @@ TEST_F(Details, NeedNoUndoThatKnowsThem) {
   db_.AddTables({"gone_links.sql", "undo.sql", "post_details.sql"});
   db_.Sql("drop table TB_UNDO_POST_DETAIL");
   Insert({post_});
-  const auto step = KeepPosts(db_.Get(), std::vector{2}, false);
+  const auto step = KeepPosts(db_.Get(), {.posts = {2}});
   DeletePosts(db_.Get(), std::vector{2});
   EXPECT_EQ(UndoStep(db_.Get(), step->id).result, Undone::Result::kDone);
   EXPECT_EQ(db_.Count("TB_POST"), 2);

@@ -71,19 +71,19 @@ TEST_F(Undo, BringsEachStepBackAsIfItHadNeverBeen) {
     EXPECT_EQ(db_.Count("TB_UNDO_POST") + db_.Count("TB_UNDO_MARK"), 0);
   };
   // The arguments of a call are made in any order, so a step is kept before its operation.
-  auto step = KeepMarks(store_, ids, false, 1);
-  check(step, 1, MarkRead(store_, ids, false, 1), 0);
-  step = KeepMarks(store_, saved, true, 1);
-  check(step, 1, MarkRead(store_, saved, true, 1), 0);
+  auto step = KeepMarks(store_, {.posts = ids}, 1);
+  check(step, 1, MarkRead(store_, {.posts = ids}, 1), 0);
+  step = KeepMarks(store_, {.saved = saved}, 1);
+  check(step, 1, MarkRead(store_, {.saved = saved}, 1), 0);
   const std::tuple<RowKey, int, int> all[] = {
       {kFolder, 1, 5}, {kChannel, 0, 3}, {kCabinet, 1, 2}, {kCabinets, 1, 2}};
   for (const auto& [row, status, rows] : all) {
     step = KeepMarks(store_, row, status);
     check(step, rows, MarkRead(store_, row, status), 0);
   }
-  step = KeepPosts(store_, ids, false);
+  step = KeepPosts(store_, {.posts = ids});
   check(step, 3, DeletePosts(store_, ids), 0);
-  step = KeepPosts(store_, saved, true);
+  step = KeepPosts(store_, {.saved = saved});
   check(step, 1, DeleteScrapPosts(store_, saved), 0);
   step = KeepRow(store_, kChannel);
   check(step, 1, DeleteChannel(store_, 1), 1);
@@ -91,7 +91,7 @@ TEST_F(Undo, BringsEachStepBackAsIfItHadNeverBeen) {
   check(step, 1, DeleteFolder(store_, 1), 1);
   step = KeepRow(store_, kCabinet);
   check(step, 1, DeleteCabinet(store_, 1), 1);
-  EXPECT_FALSE(KeepMarks(store_, std::vector{3}, false, 1)) << "which is read already";
+  EXPECT_FALSE(KeepMarks(store_, {.posts = {3}}, 1)) << "which is read already";
   EXPECT_EQ(db_.Reports(), std::vector<std::string>());
 }
 
@@ -135,14 +135,14 @@ TEST_F(Undo, JoinsWhatHasComeAnewInsteadOfDoublingIt) {
   EXPECT_EQ(GetChannelFolderId(store_, 3), 3) << "the only folder";
 
   const std::vector<int> marked{12}, deleted{11, 13};
-  step = KeepPosts(store_, deleted, false);
+  step = KeepPosts(store_, {.posts = deleted});
   DeletePosts(store_, std::span(deleted).first(1));  // and then the disk was full
   db_.Sql(
       "delete from TB_GONE_LINK; insert into TB_POST(post_channelID, post_link) values(3, 'l1')");
   EXPECT_TRUE(IsBack(step));
   EXPECT_EQ(db_.Count("TB_POST where post_channelID = 3"), 5);
-  step = KeepMarks(store_, marked, false, 1);
-  MarkRead(store_, marked, false, 1);
+  step = KeepMarks(store_, {.posts = marked}, 1);
+  MarkRead(store_, {.posts = marked}, 1);
   db_.Sql("update TB_POST set post_link = 'another' where post_id = 12");
   EXPECT_TRUE(IsBack(step));
   EXPECT_EQ(db_.Count("TB_POST where post_id = 12 and post_readStatus = 1"), 1);
@@ -150,7 +150,7 @@ TEST_F(Undo, JoinsWhatHasComeAnewInsteadOfDoublingIt) {
 
 TEST_F(Undo, LeavesPostsOutWhoseChannelHasGoneAlsoWhenAnotherHasItsNumber) {
   const std::vector<int> ids{1, 11};
-  const auto step = KeepPosts(store_, ids, false);
+  const auto step = KeepPosts(store_, {.posts = ids});
   DeletePosts(store_, ids);
   DeleteChannel(store_, 3);
   db_.Sql(
@@ -165,7 +165,7 @@ TEST_F(Undo, OfManyPostsBringsTheLinksBackThatTheyHadPushedOut) {
   const std::string before = Rows();
   std::vector<int> ids(5'000);
   std::iota(ids.begin(), ids.end(), 4'016);
-  const auto step = KeepPosts(store_, ids, false);
+  const auto step = KeepPosts(store_, {.posts = ids});
   DeletePosts(store_, ids);
   EXPECT_TRUE(IsBack(step));
   EXPECT_EQ(Rows(), before);
@@ -188,11 +188,11 @@ TEST_F(Undo, IsAllOrNothingAndMayBeTriedAgain) {
 }
 
 TEST_F(Undo, KeepsTheLatestStepAndNoneWithoutItsTables) {
-  const auto first = KeepPosts(store_, std::vector{1}, false);
-  EXPECT_TRUE(KeepPosts(store_, std::vector{2}, false));
+  const auto first = KeepPosts(store_, {.posts = {1}});
+  EXPECT_TRUE(KeepPosts(store_, {.posts = {2}}));
   EXPECT_EQ(UndoStep(store_, first->id).result, Undone::Result::kNotKept);
   TestStore older;
-  EXPECT_FALSE(KeepPosts(older.Get(), std::vector{1}, false));
+  EXPECT_FALSE(KeepPosts(older.Get(), {.posts = {1}}));
   ForgetUndoStep(older.Get());
   EXPECT_EQ(older.Reports(), std::vector<std::string>());
 }

@@ -136,7 +136,7 @@ struct FakeReading : Reading {
     if (onRecount) onRecount(ofScrapPosts);
   }
 
-  void ShowUndone(const std::optional<UndoableRow>&, std::span<const int>) override {}
+  void ShowUndone(const std::optional<UndoableRow>&, const PostIds&) override {}
 
   SharedState& shared;
   std::function<void(bool ofScrapPosts)> onRecount;

@@ -18,7 +18,7 @@ TEST(UndoableSteps, AreOfferedForAWhileAndCanBeUndoneUntilThatSucceeds) {
        .count = [] {},
        .show = [&](const auto&, auto posts) { told += "show " + std::to_string(posts.size()); }},
       std::chrono::milliseconds(0));
-  EXPECT_TRUE(steps.DeletePosts(std::vector{1, 2}, false));
+  EXPECT_TRUE(steps.DeletePosts({.posts = {1, 2}}));
   untilTheEnd.exec();
   desk.db.Sql("create trigger T before insert on TB_POST begin select raise(fail, 'full'); end");
   steps.Undo();

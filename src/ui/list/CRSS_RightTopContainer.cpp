@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <functional>
+#include <unordered_map>
 #include <utility>
 
 #include "controls/CVxListCtrl.h"
@@ -15,7 +16,7 @@
 #include "skin/Colors.h"
 #include "skin/Keys.h"
 #include "skin/Labels.h"
-#include "store/Posts.h"
+#include "store/PostLists.h"
 #include "store/Search.h"
 #include "ui/CommandKeys.h"
 #include "ui/Desk.h"
@@ -37,6 +38,17 @@ PostListTexts LoadTexts(Desk& desk) {
           .unread = SkinText(desk.GetSkin(), kTextPostUnread),
           .ascending = SkinText(desk.GetSkin(), kTextSortedAscending),
           .descending = SkinText(desk.GetSkin(), kTextSortedDescending)};
+}
+
+// Puts `posts` in the order in which a search has found them; others come last.
+void PutInOrder(const std::vector<int>& listed, std::vector<PostRow>& posts) {
+  std::unordered_map<int, std::size_t> places;
+  for (const int id : listed) places.emplace(id, places.size());
+  const auto place = [&](const PostRow& post) {
+    const auto found = places.find(ListId(post));
+    return found == places.end() ? places.size() : found->second;
+  };
+  std::ranges::stable_sort(posts, {}, place);
 }
 
 }  // namespace
@@ -239,13 +251,17 @@ std::optional<PostRow> CRSS_RightTopContainer::Find(int postId) const {
   return rows.empty() ? std::nullopt : std::optional(model_.At(rows.front()));
 }
 
-void CRSS_RightTopContainer::Reread(std::span<const int> added) {
-  std::vector<int> ids = model_.Ids();
-  ids.insert(ids.end(), added.begin(), added.end());
+void CRSS_RightTopContainer::Reread(const PostIds& added) {
+  const std::vector<int> listed = model_.Ids();
+  PostIds stored = StoredIds(listed, filled_.areScrapPosts);
+  stored.posts.insert(stored.posts.end(), added.posts.begin(), added.posts.end());
+  stored.saved.insert(stored.saved.end(), added.saved.begin(), added.saved.end());
   const ListMode mode = desk_.State().listMode;
-  if (mode == ListMode::WebDirectory || ids.empty()) return;
+  const bool isNothing = stored.posts.empty() && stored.saved.empty();
+  if (mode == ListMode::WebDirectory || isNothing) return;
   PostList list = filled_;
-  if (!FindPosts(desk_.GetStore(), ids, list.areScrapPosts, list.posts)) return;
+  if (!FindPosts(desk_.GetStore(), stored, list.posts)) return;
+  if (!list.marked.empty()) PutInOrder(listed, list.posts);
   Refill(std::move(list));
   toolbar_.SetResultCount(mode == ListMode::Selection ? model_.rowCount() : -1);
 }

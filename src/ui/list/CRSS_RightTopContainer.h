@@ -37,8 +37,9 @@ class CRSS_RightTopContainer : public QWidget {
   // all rows are the same.
   void Refill(PostList list);
   // Reads the posts of the rows again from the store, together with `added`, and refills the list
-  // with them, newest first. Does nothing with the web directory's.
-  void Reread(std::span<const int> added);
+  // with them, newest first, or as a search in texts has found them. Does nothing with the web
+  // directory's.
+  void Reread(const PostIds& added);
 
   // Shows the post of row `index` in the browser, marks it read and selects its row. Posts of the
   // web directory are not in the store and are not marked. Shows the main page when there is no

@@ -24,7 +24,7 @@ class PackedPost {
   // As Unpack, but moves the description out, which the post has no longer.
   PostRow Release();
 
-  int Id() const { return id_; }
+  int Id() const { return isSaved_ ? -id_ : id_; }  // as ListId of ui/PostList.h
   int StoreIndex() const { return storeIndex_; }
   bool IsRead() const { return readStatus_ != 0; }
   void SetReadStatus(int status) { readStatus_ = status; }

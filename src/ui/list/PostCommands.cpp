@@ -33,9 +33,9 @@ void PostCommands::Display(int row, bool isGlimpse) {
   if (row < 0 || row >= model_.rowCount()) return reading_.ShowMainPage();
   const PostRow post = model_.At(row);
   reading_.ShowPost(post);
-  shown_ = post.id;
+  shown_ = model_.IdAt(row);
   if (isGlimpse) {
-    glimpsed_ = post.id;
+    glimpsed_ = shown_;
   } else if (PostsAreStored()) {
     MarkRead(row, post);
   }
@@ -52,9 +52,10 @@ void PostCommands::MarkGlimpsed() {
 
 void PostCommands::MarkRead(int row, const PostRow& post) {
   if (post.readStatus != 0) return;
-  if (!feedloom::MarkRead(desk_.GetStore(), {&post.id, 1}, model_.AreScrapPosts(), 1)) return;
+  const PostIds stored = Stored({model_.IdAt(row)});
+  if (!feedloom::MarkRead(desk_.GetStore(), stored, 1)) return;
   model_.SetReadStatus({&row, 1}, 1);
-  reading_.PostWasRead(post, model_.AreScrapPosts());
+  reading_.PostWasRead(post, !stored.saved.empty());
 }
 
 void PostCommands::ShowOnly(int row) {
@@ -124,15 +125,24 @@ void PostCommands::ToggleRead() {
 
 void PostCommands::MarkSelected(int status) {
   const std::vector<int> rows = ActedRows();
-  const std::vector<int> ids = model_.IdsOf(rows);
-  if (!desk_.Steps().MarkPosts(ids, model_.AreScrapPosts(), status)) return Reload();
+  const PostIds stored = Stored(model_.IdsOf(rows));
+  if (!desk_.Steps().MarkPosts(stored, status)) return Reload(stored);
   model_.SetReadStatus(rows, status);
-  reading_.RecountUnread(model_.AreScrapPosts());
+  Recount(stored);
+}
+
+PostIds PostCommands::Stored(const std::vector<int>& ids) const {
+  return StoredIds(ids, model_.AreScrapPosts());
+}
+
+void PostCommands::Recount(const PostIds& changed) {
+  if (!changed.posts.empty()) reading_.RecountUnread(false);
+  if (!changed.saved.empty()) reading_.RecountUnread(true);
 }
 
 // Some of several SQL statements may have been executed before one failed.
-void PostCommands::Reload() {
-  reading_.RecountUnread(model_.AreScrapPosts());
+void PostCommands::Reload(const PostIds& changed) {
+  Recount(changed);
   reading_.ReloadSelection();
 }
 
@@ -159,14 +169,14 @@ void PostCommands::Delete(const std::vector<int>& rows, const char* question,
   if (rows.empty()) return;
   // The ids are taken before the question, as a refresh may add rows while the user is asked.
   const std::vector<int> ids = model_.IdsOf(rows);
-  const bool areScrapPosts = model_.AreScrapPosts();
+  const PostIds stored = Stored(ids);
   const bool isOther = menuPost_.has_value();
   const auto answer = desk_.Ask(question, more, MsgBoxKind::OkCancel);
   if (answer != MsgBoxAnswer::Consented) return;  // the object may have been deleted
-  if (!desk_.Steps().DeletePosts(ids, areScrapPosts)) return Reload();
+  if (!desk_.Steps().DeletePosts(stored)) return Reload(stored);
   const std::vector<int> deleted = model_.RowsOf(ids);
   Remove(deleted, isOther && !std::ranges::binary_search(deleted, list_.currentIndex().row()));
-  reading_.RecountUnread(areScrapPosts);
+  Recount(stored);
   if (deleted.size() < ids.size()) reading_.ReloadSelection();  // some were hidden meanwhile
 }
 
@@ -202,8 +212,8 @@ QMimeData* PostCommands::Dragged(int pressed) {
   rest_.Settle();
   std::vector<int> rows = list_.SelectedRows();
   if (!std::ranges::binary_search(rows, pressed)) rows = {pressed};
-  return PostsAreStored() ? new DraggedPosts(model_.IdsOf(rows), model_.AreScrapPosts(), {})
-                          : new DraggedPosts({}, false, PostsAt(rows));
+  return PostsAreStored() ? new DraggedPosts(Stored(model_.IdsOf(rows)), {})
+                          : new DraggedPosts({}, PostsAt(rows));
 }
 
 }  // namespace feedloom

@@ -75,7 +75,9 @@ class PostCommands {
   const char* WhyNot(int command) const;
   void ToggleRead();
   void MarkSelected(int status);
-  void Reload();
+  PostIds Stored(const std::vector<int>& ids) const;
+  void Recount(const PostIds& changed);
+  void Reload(const PostIds& changed);
   std::string HiddenThatStay() const;
   void Delete(const std::vector<int>& rows, const char* question, const std::string& more = {});
   void Remove(const std::vector<int>& rows, bool isAside);

@@ -60,7 +60,7 @@ bool PostListModel::Shows(const PostList& list) const {
     for (const PackedPost& post : *posts) shown[post.Id()] = &post;
   }
   return std::ranges::all_of(list.posts, [&](const PostRow& post) {
-    const auto found = shown.find(post.id);
+    const auto found = shown.find(areScrapPosts_ ? post.id : ListId(post));
     return found != shown.end() && found->second->IsRead() == (post.readStatus != 0) &&
            found->second->Title() == post.title && found->second->OwnerTitle() == post.ownerTitle;
   });
@@ -81,6 +81,7 @@ void PostListModel::Pack(std::vector<PostRow> rows) {
   aroundFound_.clear();
   posts_.reserve(posts_.size() + rows.size());
   for (PostRow& row : rows) {
+    if (areScrapPosts_) row.isSaved = false;  // all are: their numbers are those of the store
     posts_.emplace_back(std::move(row), static_cast<int>(posts_.size()));
   }
   packed_ = std::move(rows);

@@ -67,13 +67,14 @@ class PostListModel : public QAbstractTableModel {
   const Sorting& SortedBy() const { return sorting_; }
 
   bool AreScrapPosts() const { return areScrapPosts_; }
+  // Ids are those of ListId.
   // What is marked in the rows; without parts for nothing.
   const TextQuery& Marked() const { return marked_; }
   PostRow At(int row) const;
   int IdAt(int row) const { return Post(row).Id(); }
   bool IsReadAt(int row) const { return Post(row).IsRead(); }
   std::vector<int> IdsOf(std::span<const int> rows) const;
-  // The ids of all posts, hidden ones too.
+  // The ids of all posts, hidden ones too, in the store's order.
   std::vector<int> Ids() const;
   // The rows of the posts with these ids, ascending. Ids without a row are skipped.
   std::vector<int> RowsOf(std::span<const int> ids) const;

@@ -25,10 +25,13 @@ void PostListModel::Hide(const PostFilter& filter) {
 }
 
 std::vector<int> PostListModel::Ids() const {
-  std::vector<int> ids;
+  std::vector<const PackedPost*> all;
   for (const auto* const posts : {&posts_, &aside_}) {
-    std::ranges::transform(*posts, back_inserter(ids), &PackedPost::Id);
+    for (const PackedPost& post : *posts) all.push_back(&post);
   }
+  std::ranges::sort(all, {}, &PackedPost::StoreIndex);
+  std::vector<int> ids;
+  std::ranges::transform(all, back_inserter(ids), &PackedPost::Id);
   return ids;
 }
 

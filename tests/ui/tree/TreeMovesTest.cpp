@@ -60,8 +60,8 @@ TEST_F(TreeMoves, ARowThatIsDraggedStandsWhereItIsDroppedAndStaysThere) {
 TEST_F(TreeMoves, PostsComeIntoTheCabinetOnWhichTheyAreDroppedAndNowhereElse) {
   PostRow found;
   found.title = "found";
-  DraggedPosts posts({1, 2, 99}, false, {found});
-  DraggedPosts saved({1}, true, {});
+  DraggedPosts posts({.posts = {1, 2, 99}}, {found});
+  DraggedPosts saved({.saved = {1}}, {});
   for (const char* const target : {"News", "Daily", "보관함", ""})
     Drop(posts, Qt::CopyAction, target, 0.5);
   EXPECT_TRUE(frame.messages.empty());
