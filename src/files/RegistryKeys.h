@@ -36,6 +36,7 @@ inline constexpr char kValueLenient[] = "LENIENT";              // kLenientOn
 inline constexpr char kValuePeriods[] = "PERIODS";              // kPeriodsOn
 inline constexpr char kValueIcons[] = "ICONS";                  // kIconsOn
 inline constexpr char kValueFilters[] = "FILTERS";              // kFiltersOn
+inline constexpr char kValueSearch[] = "SEARCH";                // kSearchText
 inline constexpr char kValueUpdates[] = "UPDATES";              // kUpdatesByHost
 inline constexpr char kValueClose[] = "CLOSE";                  // kCloseToTray
 inline constexpr char kValueTrayTold[] = "TRAY_TOLD";           // there once the user knows
@@ -75,6 +76,9 @@ inline constexpr char kLenientOn[] = "ON";
 
 // The value of kValuePeriods; anything else is the default.
 inline constexpr char kPeriodsOn[] = "ON";
+
+// The value of kValueSearch.
+inline constexpr char kSearchText[] = "TEXT";
 
 // The value of kValueIcons that asks for them, and the one that halvix writes where the user does
 // not want them; anything else is the default, too.

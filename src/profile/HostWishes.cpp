@@ -10,12 +10,17 @@
 namespace feedloom {
 
 std::vector<RegistryEntry> HostWishes() {
-  return {
-      {kHostKey, kValueDialogs, kDialogsHelpful}, {kHostKey, kValueEmptyList, kEmptyListLine},
-      {kHostKey, kValueIcons, kIconsOn},          {kHostKey, kValueLenient, kLenientOn},
-      {kHostKey, kValueListPlace, kListAbove},    {kHostKey, kValueNotice, kNoticeChannels},
-      {kHostKey, kValuePeriods, kPeriodsOn},      {kHostKey, kValueSelection, kSelectionCareful},
-      {kHostKey, kValueStart, kStartLast},        {kHostKey, kValueUpdates, kUpdatesByHost}};
+  return {{kHostKey, kValueDialogs, kDialogsHelpful},
+          {kHostKey, kValueEmptyList, kEmptyListLine},
+          {kHostKey, kValueIcons, kIconsOn},
+          {kHostKey, kValueLenient, kLenientOn},
+          {kHostKey, kValueListPlace, kListAbove},
+          {kHostKey, kValueNotice, kNoticeChannels},
+          {kHostKey, kValuePeriods, kPeriodsOn},
+          {kHostKey, kValueSearch, kSearchText},
+          {kHostKey, kValueSelection, kSelectionCareful},
+          {kHostKey, kValueStart, kStartLast},
+          {kHostKey, kValueUpdates, kUpdatesByHost}};
 }
 
 Failure StoreHostWishes(const std::string& dir) {

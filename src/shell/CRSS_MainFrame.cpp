@@ -149,7 +149,7 @@ void CRSS_MainFrame::ConnectTree() {
 
 void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
   SetPreviewMode();
-  const auto toHere = [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); };
+  const BackgroundJobs::Post toHere = ToInterfaceThread();
   arrivals_ = std::make_unique<Arrivals>(*this, *this, *left_, store_, mark, toHere);
   if (skin_.Config().AnnouncesChannels()) {
     channelNotice_ = std::make_unique<ChannelNotice>(*this, *this, settings_, *this);
@@ -175,13 +175,12 @@ void CRSS_MainFrame::ShowStart(FirstContent start) {
 }
 
 void CRSS_MainFrame::RetryStart() {
-  retry_ = std::make_unique<ReadingRetry>(
-      store_, settings_, [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); },
-      [this](FirstContent start) {
-        retry_.reset();
-        status_.ClearFailure();
-        ShowStart(std::move(start));
-      });
+  retry_ = std::make_unique<ReadingRetry>(store_, settings_, ToInterfaceThread(),
+                                          [this](FirstContent start) {
+                                            retry_.reset();
+                                            status_.ClearFailure();
+                                            ShowStart(std::move(start));
+                                          });
 }
 
 void CRSS_MainFrame::SetUpKeys(VxSplitter& right) {

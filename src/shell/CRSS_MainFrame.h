@@ -84,6 +84,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   Store& GetStore() override { return *store_; }
   const Skin& GetSkin() const override { return skin_; }
   SharedState& State() override { return state_; }
+  BackgroundJobs::Post ToInterfaceThread() override;
   UndoableSteps& Steps() override { return steps_; }
   void ReportMessage(std::string_view text) override { status_.Report(text); }
   void MarkFailure() override { status_.MarkFailure(); }

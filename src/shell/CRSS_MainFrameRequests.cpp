@@ -47,10 +47,13 @@ void CRSS_MainFrame::ChannelWasMoved(int channelId, int folderId) {
   left_->MoveChannel(channelId, folderId);
 }
 
+BackgroundJobs::Post CRSS_MainFrame::ToInterfaceThread() {
+  return [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); };
+}
+
 std::unique_ptr<DirectorySearch> CRSS_MainFrame::MakeDirectorySearch() {
   return std::make_unique<DirectorySearch>(
-      services_, skin_.GetText(kSectionTexts, kTextDirectoryService),
-      [thread = interfaceThread_](auto work) { thread->Queue(std::move(work)); });
+      services_, skin_.GetText(kSectionTexts, kTextDirectoryService), ToInterfaceThread());
 }
 
 std::optional<int> CRSS_MainFrame::ExportOpml(const std::string& path) {
@@ -124,7 +127,7 @@ void CRSS_MainFrame::UnreadPostWasSaved(int cabinetId) { left_->UnreadPostWasSav
 
 void CRSS_MainFrame::ShowUndone(const std::optional<UndoableRow>& row, const PostIds& posts) {
   left_->ShowUndone(row);
-  if (!state_.listShowsSelection && !posts.empty()) rightTop_->Reread(posts);
+  if (!state_.listShowsSelection && !posts.AreEmpty()) rightTop_->Reread(posts);
 }
 
 void CRSS_MainFrame::RecountUnread(bool ofScrapPosts) { arrivals_->Recount(ofScrapPosts); }

@@ -71,6 +71,8 @@ bool HostConfig::HasHelpfulDialogs() const { return Is(kValueDialogs, kDialogsHe
 bool HostConfig::ReadsLeniently() const { return Is(kValueLenient, kLenientOn); }
 bool HostConfig::KeepsPeriods() const { return Is(kValuePeriods, kPeriodsOn); }
 bool HostConfig::UpdatesByHost() const { return Is(kValueUpdates, kUpdatesByHost); }
+bool HostConfig::SearchesTexts() const { return Is(kValueSearch, kSearchText); }
+
 bool HostConfig::ShowsSiteIcons() const { return Is(kValueIcons, kIconsOn); }
 bool HostConfig::OffersFilters() const { return Is(kValueFilters, kFiltersOn); }
 bool HostConfig::SelectsCarefully() const { return Is(kValueSelection, kSelectionCareful); }

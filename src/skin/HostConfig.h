@@ -69,6 +69,9 @@ class HostConfig {
   // Whether the host has channels refreshed when their time has come, in place of the module.
   bool UpdatesByHost() const;
 
+  // Whether a search may look in the texts of posts, and does so at first.
+  bool SearchesTexts() const;
+
   // Whether channels have the icons of their sites, which are asked for them.
   bool ShowsSiteIcons() const;
 

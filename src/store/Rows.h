@@ -56,6 +56,8 @@ struct PostRow {
 
 // The numbers of posts, and of saved posts.
 struct PostIds {
+  bool AreEmpty() const { return posts.empty() && saved.empty(); }
+
   std::vector<int> posts = {};
   std::vector<int> saved = {};
 };

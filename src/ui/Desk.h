@@ -8,6 +8,7 @@
 #include "skin/Keys.h"
 #include "skin/Skin.h"
 #include "store/Store.h"
+#include "threads/BackgroundJobs.h"
 #include "ui/SharedState.h"
 
 namespace feedloom {
@@ -22,6 +23,9 @@ class Desk {
   virtual Store& GetStore() = 0;
   virtual const Skin& GetSkin() const = 0;
   virtual SharedState& State() = 0;
+  // Queues work for the interface thread; any thread may call the function, also when the frame has
+  // gone.
+  virtual BackgroundJobs::Post ToInterfaceThread() = 0;
   // Deletions and markings that the user can undo.
   virtual UndoableSteps& Steps() = 0;
 

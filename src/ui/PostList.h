@@ -14,6 +14,7 @@ struct PostList {
   std::vector<PostRow> posts = {};  // in display order
   bool areScrapPosts = false;       // saved posts only
   bool areSearchResults = false;    // results of a search; the list shows their number
+  bool hasMore = false;             // the search has found more than these
   bool areFromWeb = false;          // of the web directory: nobody has read or not read them
   // The key of the text that the list shows if there are no posts, null for none, and the word that
   // stands for "%s" in it.

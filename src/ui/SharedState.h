@@ -34,7 +34,8 @@ struct SharedState {
   int unreadTotal = 0;
   // The value of unreadTotal at the latest notice of new posts.
   int announcedTotal = 0;
-  int listings = 0;  // how often the list was filled
+  int listings = 0;      // how often the list was filled
+  int textSearches = 0;  // how many searches in texts were begun
   ListMode listMode = ListMode::Selection;
   // True when the list shows the posts of the tree's selected row, not a search or today's posts.
   bool listShowsSelection = false;

@@ -18,6 +18,9 @@ struct FakeDesk : Desk {
   Store& GetStore() override { return db.Get(); }
   const Skin& GetSkin() const override { return *shownSkin; }
   SharedState& State() override { return state; }
+  BackgroundJobs::Post ToInterfaceThread() override {
+    return [this](auto work) { interfaceThread.Queue(std::move(work)); };
+  }
   UndoableSteps& Steps() override { return steps; }
   void ReportMessage(std::string_view text) override { messages.emplace_back(text); }
   void MarkFailure() override {}
@@ -32,6 +35,7 @@ struct FakeDesk : Desk {
     return ShowTextMessage(kSectionTexts, key, kind);
   }
 
+  InterfaceThread interfaceThread;
   TestStore db;
   ShippedSkin skin;
   const Skin* shownSkin = &skin.Get();

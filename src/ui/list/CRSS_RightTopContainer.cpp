@@ -65,7 +65,8 @@ CRSS_RightTopContainer::CRSS_RightTopContainer(Desk& desk, Reading& reading,
       list_(*new CVxListCtrl(this)),
       commands_(desk, reading, model_, list_),
       webSearch_(desk, reading, subscribing, list_,
-                 [this](PostList list) { Append(std::move(list)); }) {
+                 [this](PostList list) { Append(std::move(list)); }),
+      textSearcher_(desk, reading, *this) {
   SetUpList();
   SetUpKeys();
   connect(&toolbar_, &CRSS_RightTopToolBarWnd::SearchRequested, this,
@@ -141,17 +142,19 @@ void CRSS_RightTopContainer::SetUpKeys() {
 
 void CRSS_RightTopContainer::Fill(PostList list) {
   webSearch_.Cancel();
+  textSearcher_.Cancel();
   NoteFilled(list);
   commands_.ForgetShown();
   model_.Fill(std::move(list), FilterFor({}));
   list_.ClearSorting();
   list_.scrollToTop();
-  toolbar_.SetResultCount(filled_.areSearchResults ? model_.rowCount() : -1);
+  toolbar_.SetResultCount(filled_.areSearchResults ? model_.rowCount() : -1, filled_.hasMore);
 }
 
 void CRSS_RightTopContainer::NoteFilled(const PostList& list) {
   filled_ = {.areScrapPosts = list.areScrapPosts,
              .areSearchResults = list.areSearchResults,
+             .hasMore = list.hasMore,
              .areFromWeb = list.areFromWeb,
              .whenEmpty = list.whenEmpty,
              .word = list.word,
@@ -257,13 +260,12 @@ void CRSS_RightTopContainer::Reread(const PostIds& added) {
   stored.posts.insert(stored.posts.end(), added.posts.begin(), added.posts.end());
   stored.saved.insert(stored.saved.end(), added.saved.begin(), added.saved.end());
   const ListMode mode = desk_.State().listMode;
-  const bool isNothing = stored.posts.empty() && stored.saved.empty();
-  if (mode == ListMode::WebDirectory || isNothing) return;
+  if (mode == ListMode::WebDirectory || stored.AreEmpty()) return;
   PostList list = filled_;
   if (!FindPosts(desk_.GetStore(), stored, list.posts)) return;
   if (!list.marked.empty()) PutInOrder(listed, list.posts);
   Refill(std::move(list));
-  toolbar_.SetResultCount(mode == ListMode::Selection ? model_.rowCount() : -1);
+  toolbar_.SetResultCount(mode == ListMode::Selection ? model_.rowCount() : -1, filled_.hasMore);
 }
 
 void CRSS_RightTopContainer::ShowClicked(int row) {
@@ -309,7 +311,14 @@ void CRSS_RightTopContainer::Search() {
     desk_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
     return;  // the pane may have been deleted
   }
-  toolbar_.Scope() == SearchScope::Web ? webSearch_.Begin(word) : SearchStore(word);
+  switch (toolbar_.Scope()) {
+    case SearchScope::Web:
+      return webSearch_.Begin(word);
+    case SearchScope::Local:
+      return SearchStore(word);
+    case SearchScope::Text:
+      return textSearcher_.Begin(word);
+  }
 }
 
 void CRSS_RightTopContainer::SearchStore(const std::string& word) {

@@ -8,6 +8,7 @@
 #include "controls/UserPause.h"
 #include "look/PaneFrame.h"
 #include "ui/Reading.h"
+#include "ui/TextSearcher.h"
 #include "ui/ViewMemory.h"
 #include "ui/list/PostCommands.h"
 #include "ui/list/PostFilter.h"
@@ -29,8 +30,8 @@ class CRSS_RightTopContainer : public QWidget {
   CRSS_RightTopContainer(Desk& desk, Reading& reading, Subscribing& subscribing, QWidget* parent);
 
   // Replaces the rows by `list` in its order and scrolls to the first row. Shows the number of
-  // posts when a search found them. Cancels a running search of the web directory. The caller sets
-  // the list mode before the call and shows a post after it.
+  // posts when a search found them. Cancels a running search of the web directory or of texts. The
+  // caller sets the list mode before the call and shows a post after it.
   void Fill(PostList list);
   // Replaces the rows by a newer version of the same list. Selection, current row and scroll
   // position are restored by the posts' ids; the sorting stays. Shows no post. Does nothing when
@@ -117,6 +118,7 @@ class CRSS_RightTopContainer : public QWidget {
   CVxListCtrl& list_;
   PostCommands commands_;
   WebSearch webSearch_;
+  TextSearcher textSearcher_;
   UserPause pause_{this, [this] { HideLeft(); }};
   PostList filled_;  // what the list was filled with last, without its posts
 };

@@ -50,7 +50,9 @@ CVxComboBox* MakeScopeBox(const Skin& skin, QWidget* parent) {
   scope->addItem(SkinText(skin, kLabelScopeWeb));
   scope->addItem(SkinText(skin, kLabelScopeLocal));
   scope->setToolTip(SkinText(skin, kTextSearchScope));
+  if (skin.Config().SearchesTexts()) scope->addItem(SkinText(skin, kLabelScopeText));
   if (!HasWebDirectory(skin)) DisableWeb(*scope, SkinText(skin, kTextDirectoryMissing));
+  if (skin.Config().SearchesTexts()) scope->setCurrentIndex(static_cast<int>(SearchScope::Text));
   // Qt's accessible name of a combo box is its current text, so the hidden label carries the name.
   auto* const label = new QLabel(scope->toolTip(), parent);
   label->setBuddy(scope);
@@ -64,10 +66,11 @@ CVxEdit* MakeWordBox(const Skin& skin, QWidget* parent) {
   return word;
 }
 
-QString ResultText(const Skin& skin, int count) {
+QString ResultText(const Skin& skin, int count, bool hasMore) {
   if (count < 0) return {};
   if (count == 0) return SkinText(skin, kTextSearchNothing);
-  return SkinText(skin, kLabelSearchResult).replace("%d", QString::number(count));
+  return SkinText(skin, kLabelSearchResult)
+      .replace("%d", QString::number(count) + (hasMore ? "+" : ""));
 }
 
 QFont ResultFont() {
@@ -113,8 +116,8 @@ void CRSS_RightTopToolBarWnd::SetScope(int scope) {
   if (entry.flags().testFlag(Qt::ItemIsEnabled)) scope_.setCurrentIndex(scope);
 }
 
-void CRSS_RightTopToolBarWnd::SetResultCount(int count) {
-  resultText_ = ResultText(skin_, count);
+void CRSS_RightTopToolBarWnd::SetResultCount(int count, bool hasMore) {
+  resultText_ = ResultText(skin_, count, hasMore);
   setAccessibleDescription(resultText_);
   word_.setAccessibleDescription(resultText_);
   LayOut();

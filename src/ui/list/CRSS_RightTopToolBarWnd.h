@@ -14,8 +14,9 @@ class CVxComboBox;
 class CVxEdit;
 class Skin;
 
-// Where a search looks: in the web directory of feeds, or in the posts of the store.
-enum class SearchScope { Web = 0, Local = 1 };
+// Where a search looks: in the web directory of feeds, in the titles of the store's posts, or in
+// titles and texts, which only some hosts offer.
+enum class SearchScope { Web = 0, Local = 1, Text = 2 };
 
 // The toolbar above the list: the search scope, the search word, the button, the number of posts
 // found, and at the right end the button that shows unread posts only. Its object name is
@@ -37,9 +38,9 @@ class CRSS_RightTopToolBarWnd : public QWidget {
   // Chooses a scope; does nothing when `scope` is none, or cannot be chosen.
   void SetScope(int scope);
 
-  // Shows the number of posts that a search has found, or that it has found none. A negative count
-  // shows nothing.
-  void SetResultCount(int count);
+  // Shows the number of posts that a search has found, with a "+" when it has found more, or that
+  // it has found none. A negative count shows nothing.
+  void SetResultCount(int count, bool hasMore = false);
   // Shows whether only unread posts are shown.
   void SetUnreadOnly(bool isOn);
   // Moves the keyboard focus to the word and selects it.

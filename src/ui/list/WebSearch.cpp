@@ -1,7 +1,5 @@
 #include "ui/list/WebSearch.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <utility>
 
 #include "controls/CVxListCtrl.h"
@@ -18,7 +16,8 @@ WebSearch::WebSearch(Desk& desk, Reading& reading, Subscribing& subscribing, CVx
       reading_(reading),
       subscribing_(subscribing),
       list_(list),
-      append_(std::move(append)) {
+      append_(std::move(append)),
+      escape_(list, [this] { Cancel(); }) {
   // Queued, because the list must not be disabled while it is still scrolling.
   connect(&list_, &CVxListCtrl::EndReached, this, &WebSearch::LoadNextPage, Qt::QueuedConnection);
 }
@@ -77,32 +76,18 @@ void WebSearch::Cancel() {
 
 void WebSearch::BeginWait() {
   list_.SetInputBlocked(true);
-  qApp->installEventFilter(this);
+  escape_.Start();
   Report(kTextDirectorySearching);
 }
 
 void WebSearch::EndWait() {
-  qApp->removeEventFilter(this);
+  escape_.Stop();
   list_.SetInputBlocked(false);
   desk_.ReportMessage("");  // removes the text of BeginWait
 }
 
 void WebSearch::Report(const char* textKey) {
   desk_.ReportMessage(desk_.GetSkin().GetText(kSectionTexts, textKey));
-}
-
-// An event filter instead of a shortcut: the browser has a shortcut for Escape, and Qt runs neither
-// of two shortcuts for one key.
-bool WebSearch::eventFilter(QObject* watched, QEvent* event) {
-  const bool isPress = event->type() == QEvent::KeyPress;
-  if (!isPress && event->type() != QEvent::ShortcutOverride) return false;
-  const auto& key = static_cast<const QKeyEvent&>(*event);
-  const auto* const widget = qobject_cast<QWidget*>(watched);
-  if (key.key() != Qt::Key_Escape || !widget || widget->window() != list_.window()) return false;
-  event->accept();  // an accepted ShortcutOverride makes Qt send the key press
-  // An auto-repeated Escape was pressed for a message box that has just closed.
-  if (isPress && !key.isAutoRepeat()) Cancel();
-  return true;
 }
 
 }  // namespace feedloom

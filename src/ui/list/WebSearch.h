@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "ui/EscapeWatch.h"
 #include "ui/PostList.h"
 
 namespace feedloom {
@@ -35,9 +36,6 @@ class WebSearch : public QObject {
   void Cancel();
   bool IsRunning() const;
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
   void LoadNextPage();
   void OnFirstPage(DirectoryAnswer answer, const std::string& word);
@@ -52,6 +50,7 @@ class WebSearch : public QObject {
   Subscribing& subscribing_;
   CVxListCtrl& list_;
   const std::function<void(PostList)> append_;
+  EscapeWatch escape_;
   int lastId_ = 0;
   std::unique_ptr<DirectorySearch> search_;  // null before the first search
 };

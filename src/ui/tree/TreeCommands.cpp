@@ -24,6 +24,19 @@
 
 namespace feedloom {
 
+TreeCommands::TreeCommands(Desk& desk, Refreshing& refreshing, Subscribing& subscribing,
+                           Reading& reading, GroupTreeModel& model, CRSS_GroupTreeCtrl& tree,
+                           std::function<void()> openSettings)
+    : desk_(desk),
+      refreshing_(refreshing),
+      subscribing_(subscribing),
+      reading_(reading),
+      model_(model),
+      tree_(tree),
+      openSettings_(std::move(openSettings)),
+      newAddresses_(desk, refreshing, reading, model),
+      textSearcher_(desk, reading, tree) {}
+
 void TreeCommands::Run(int command) { Run(command, tree_.SelectedRow()); }
 
 void TreeCommands::Run(int command, const QModelIndex& row) {
@@ -310,11 +323,13 @@ void TreeCommands::Search() {
   if (!target) return;
   const auto word = AskSearchWord(desk_, &tree_);
   if (!word) return;
+  const RowKey within{target->kind, target->id};
+  if (desk_.GetSkin().Config().SearchesTexts()) return textSearcher_.Begin(*word, within);
   PostList list{.areScrapPosts = HoldsScrapPosts(target->kind),
                 .areSearchResults = true,
                 .whenEmpty = kTextNothingFound,
                 .word = *word};
-  if (SearchPosts(desk_.GetStore(), {target->kind, target->id}, *word, list.posts)) {
+  if (SearchPosts(desk_.GetStore(), within, *word, list.posts)) {
     reading_.ListPosts(ListMode::Selection, std::move(list));
   }
 }

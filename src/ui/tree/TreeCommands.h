@@ -11,6 +11,7 @@
 #include "controls/CMsgBox.h"
 #include "refresh/RefreshQueue.h"
 #include "ui/ChannelDetails.h"
+#include "ui/TextSearcher.h"
 #include "ui/tree/NewAddresses.h"
 #include "ui/tree/TreeMenu.h"
 #include "ui/tree/TreeMoves.h"
@@ -33,15 +34,7 @@ class TreeCommands {
   // All that is passed by reference must outlive the object. `tree` shows `model`, and the dialogs
   // stand over it. `openSettings` shows the control panel.
   TreeCommands(Desk& desk, Refreshing& refreshing, Subscribing& subscribing, Reading& reading,
-               GroupTreeModel& model, CRSS_GroupTreeCtrl& tree, std::function<void()> openSettings)
-      : desk_(desk),
-        refreshing_(refreshing),
-        subscribing_(subscribing),
-        reading_(reading),
-        model_(model),
-        tree_(tree),
-        openSettings_(std::move(openSettings)),
-        newAddresses_(desk, refreshing, reading, model) {}
+               GroupTreeModel& model, CRSS_GroupTreeCtrl& tree, std::function<void()> openSettings);
 
   // Runs the command with this number of ui/Commands.h, on `row` if one is given. What it changes
   // shows in the list only as far as the list shows that row.
@@ -137,6 +130,7 @@ class TreeCommands {
   CRSS_GroupTreeCtrl& tree_;
   const std::function<void()> openSettings_;
   NewAddresses newAddresses_;
+  TextSearcher textSearcher_;
   QPersistentModelIndex row_;  // of the command that runs
 };
 
