@@ -30,7 +30,8 @@ CREATE TABLE IF NOT EXISTS TB_UNDO_POST_DETAIL (
 CREATE TABLE IF NOT EXISTS TB_UNDO_GONE_LINK AS SELECT * FROM TB_GONE_LINK LIMIT 0;
 CREATE TABLE IF NOT EXISTS TB_UNDO_GONE_COUNT AS SELECT * FROM TB_GONE_COUNT LIMIT 0;
 
--- The channels, or cabinets, of deleted posts: another one may have got the number since.
+-- The channels of deleted posts, and the cabinets, by the negative of their number: another one may
+-- have got the number since.
 CREATE TABLE IF NOT EXISTS TB_UNDO_OWNER (
   owner_id         INTEGER PRIMARY KEY,
   owner_createDate TEXT

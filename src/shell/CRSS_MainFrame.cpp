@@ -14,13 +14,12 @@
 #include "shell/FrameCommands.h"
 #include "shell/FrameKeys.h"
 #include "shell/FrameMemory.h"
-#include "shell/MovedChannels.h"
 #include "shell/PaneSizes.h"
 #include "shell/ReadingRetry.h"
-#include "shell/RefreshTexts.h"
 #include "shell/SettingsStore.h"
 #include "shell/SiteIconKeeper.h"
 #include "shell/SubscriptionExchange.h"
+#include "shell/TextIndexer.h"
 #include "skin/Colors.h"
 #include "skin/Keys.h"
 #include "store/Backup.h"
@@ -82,20 +81,6 @@ void CRSS_MainFrame::TakeDown() {
   delete left_;
   delete rightTop_;
   delete rightBottom_;
-}
-
-void CRSS_MainFrame::StopRefresh() {
-  interfaceThread_->Close();
-  if (arrivals_) arrivals_->Stop();
-  exchange_.reset();
-  retry_.reset();
-  icons_.reset();
-  refresh_.Stop();
-}
-
-void CRSS_MainFrame::EndRefresh() {
-  StopRefresh();
-  if (hostShowsBusy_) TellHost(kMessageRefreshEnded, 0, 0);
 }
 
 void CRSS_MainFrame::BuildPanes() {
@@ -161,6 +146,11 @@ void CRSS_MainFrame::BeginLife(FirstReading& reading, const WriteMark& mark) {
   icons_ = std::make_unique<SiteIconKeeper>(
       services_, skin_.Config(), SkinColor(skin_, kColorTreeGround), toHere,
       [this](ChannelIcons icons) { left_->ShowIcons(std::move(icons)); });
+  if (skin_.Config().SearchesTexts()) {
+    indexer_ = std::make_unique<TextIndexer>(store_, toHere,
+                                             [this](int percent) { TellIndexed(percent); });
+    indexer_->Start();
+  }
   FirstContent start = reading.Finish();
   for (const std::string& failure : reading.Failures()) status_.ReportFailure(failure);
   ShowStart(std::move(start));
@@ -279,34 +269,6 @@ bool CRSS_MainFrame::OpenContent(std::intptr_t content) {
 
 std::optional<int> CRSS_MainFrame::UnreadCount() const {
   return status_.IsTreeRead() ? std::optional(left_->UnreadInChannels()) : std::nullopt;
-}
-
-void CRSS_MainFrame::OnRunEnded() {
-  const RefreshSums sums = refresh_.Sums();
-  std::string told = RefreshSumsText(skin_, sums);
-  const std::string moved = TellMovedOnce(skin_, registry_, left_->Subscriptions(), refresh_);
-  if (!moved.empty()) told += (told.empty() ? "" : ". ") + moved;
-  arrivals_->TellAtEnd(std::move(told), sums.failed > 0 || sums.missing > 0);
-  arrivals_->OnMessage(kMessageChannelResult, kRunEnded, 0);
-  SetRefreshBusy(false);
-  if (icons_) icons_->Renew();
-  if (channelNotice_) channelNotice_->OnRunEnded(sums.posts);
-  news_.OnRunEnded(sums.posts);
-}
-
-void CRSS_MainFrame::TellHost(unsigned number, std::intptr_t wParam, std::intptr_t lParam) {
-  hostShowsBusy_ = number != kMessageRefreshEnded;
-  if (number == kMessageRefreshBegan) {
-    SetRefreshBusy(true);
-    status_.LetReplace();
-  }
-  if (number == kMessageRefreshBegan && channelNotice_) channelNotice_->OnRunBegan();
-  SendToWindow(window(), number, wParam, lParam);
-}
-
-void CRSS_MainFrame::SetRefreshBusy(bool busy) {
-  left_->SetBusy(busy);
-  busy ? setCursor(Qt::WaitCursor) : unsetCursor();
 }
 
 // The control panel and the announcement of new posts.

@@ -33,6 +33,7 @@ class FrameMemory;
 class PaneSizes;
 class ReadingRetry;
 class SiteIconKeeper;
+class TextIndexer;
 class SubscriptionExchange;
 struct FirstContent;
 struct KeptView;
@@ -145,6 +146,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   void OnRunEnded();
   void TellHost(unsigned number, std::intptr_t wParam, std::intptr_t lParam);
   void SetRefreshBusy(bool busy);
+  void TellIndexed(int percent);
 
   const std::shared_ptr<InterfaceThread> interfaceThread_;
   const Registry registry_;
@@ -170,6 +172,7 @@ class CRSS_MainFrame : public VxSplitter, public Desk, public Subscribing, publi
   std::unique_ptr<SubscriptionExchange> exchange_;  // null after StopRefresh, as the next
   std::unique_ptr<ReadingRetry> retry_;             // only while the tree is not read
   std::unique_ptr<SiteIconKeeper> icons_;           // as exchange_
+  std::unique_ptr<TextIndexer> indexer_;  // null unless the host wants it, and as exchange_
   std::optional<KeptView>& kept_;
   std::unique_ptr<PaneSizes> sizes_;  // null until the panes stand, as the next
   std::unique_ptr<FrameMemory> memory_;

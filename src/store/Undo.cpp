@@ -25,12 +25,18 @@ struct PostNames {
   const char* owner;   // the column
   const char* owners;  // the table
   const char* ownerPrefix;
+  const char* sign;  // of an owner's number in TB_UNDO_OWNER, which has those of both kinds
 };
 constexpr PostNames kPosts{"TB_POST",        "TB_UNDO_POST", "TB_UNDO_MARK", "post",
-                           "post_channelID", "TB_CHANNEL",   "channel"};
-constexpr PostNames kScrapPosts{"TB_SCRAP_POST", "TB_UNDO_SCRAP_POST",        "TB_UNDO_SCRAP_MARK",
-                                "scrap_post",    "scrap_post_scrapChannelID", "TB_SCRAP_CHANNEL",
-                                "scrap_channel"};
+                           "post_channelID", "TB_CHANNEL",   "channel",      ""};
+constexpr PostNames kScrapPosts{"TB_SCRAP_POST",
+                                "TB_UNDO_SCRAP_POST",
+                                "TB_UNDO_SCRAP_MARK",
+                                "scrap_post",
+                                "scrap_post_scrapChannelID",
+                                "TB_SCRAP_CHANNEL",
+                                "scrap_channel",
+                                "-"};
 
 constexpr const PostNames& NamesOf(bool areScrapPosts) {
   return areScrapPosts ? kScrapPosts : kPosts;
@@ -73,9 +79,9 @@ std::string CopyMarks(const PostNames& posts, const std::string& condition, int 
 
 std::string CopyOwners(const PostNames& posts) {
   return fmt::format(
-      "Insert Into TB_UNDO_OWNER Select {0}_id, {0}_createDate From {1} Where {0}_id In (Select "
+      "Insert Into TB_UNDO_OWNER Select {4}{0}_id, {0}_createDate From {1} Where {0}_id In (Select "
       "{2} From {3});",
-      posts.ownerPrefix, posts.owners, posts.owner, posts.kept);
+      posts.ownerPrefix, posts.owners, posts.owner, posts.kept, posts.sign);
 }
 
 // The links that are pushed out of the list of deleted posts by those of the step.
@@ -183,10 +189,11 @@ std::string BringBackFoldersChannelsAndCabinets() {
 std::string DropOrphans(const PostNames& posts) {
   return fmt::format(
       "Delete From {kept} Where {owner} Not In (Select {column}_id From {owners}) Or {owner} In "
-      "(Select owner_id From TB_UNDO_OWNER Join {owners} On {column}_id = owner_id Where "
+      "(Select {column}_id From TB_UNDO_OWNER Join {owners} On {sign}{column}_id = owner_id Where "
       "{column}_createDate Is Not owner_createDate);",
       fmt::arg("kept", posts.kept), fmt::arg("owner", posts.owner),
-      fmt::arg("column", posts.ownerPrefix), fmt::arg("owners", posts.owners));
+      fmt::arg("column", posts.ownerPrefix), fmt::arg("owners", posts.owners),
+      fmt::arg("sign", posts.sign));
 }
 
 // The links of deleted posts keep posts away as long as they are there. A post that was read and

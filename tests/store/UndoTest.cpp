@@ -85,6 +85,11 @@ TEST_F(Undo, BringsEachStepBackAsIfItHadNeverBeen) {
   check(step, 3, DeletePosts(store_, ids), 0);
   step = KeepPosts(store_, {.saved = saved});
   check(step, 1, DeleteScrapPosts(store_, saved), 0);
+  const PostIds both{.posts = ids, .saved = saved};
+  step = KeepMarks(store_, both, 1);
+  check(step, 2, MarkRead(store_, both, 1), 0);
+  step = KeepPosts(store_, both);
+  check(step, 4, DeletePosts(store_, both), 0);
   step = KeepRow(store_, kChannel);
   check(step, 1, DeleteChannel(store_, 1), 1);
   step = KeepRow(store_, kFolder);

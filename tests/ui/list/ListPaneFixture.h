@@ -18,9 +18,10 @@ using Strings = std::vector<std::string>;
 
 // Lists in a pane, as the frame itself does.
 struct ListingFrame : FakeDesk, FakeReading, FakeSubscribing {
-  explicit ListingFrame(bool isCareful)
+  using Wish = std::pair<const char*, const char*>;
+  explicit ListingFrame(const Wish& wish)
       : FakeReading(state), FakeSubscribing(static_cast<FakeDesk&>(*this)) {
-    if (isCareful) skin.SetHostValue(kValueSelection, kSelectionCareful);
+    if (wish.first != nullptr) skin.SetHostValue(wish.first, wish.second);
   }
   void ListPosts(ListMode mode, PostList list, FirstPost first) override {
     FakeReading::ListPosts(mode, list, first);
@@ -31,8 +32,8 @@ struct ListingFrame : FakeDesk, FakeReading, FakeSubscribing {
 };
 
 struct PostListPane : testing::Test {
-  // `isCareful`: the host wants rows to be selected carefully.
-  explicit PostListPane(bool isCareful = false) : frame_(isCareful) {
+  // `wish` is what the host asks for: a name and a value.
+  explicit PostListPane(const ListingFrame::Wish& wish = {}) : frame_(wish) {
     frame_.pane = &pane_;
     frame_.nextAnswer = MsgBoxAnswer::Consented;
     pane_.resize(560, 240);

@@ -237,7 +237,7 @@ TEST_F(PostListPaneTest, TheTitlesTakeTheRoomThatIsLeftIfTheHostPlacesTheList) {
 }
 
 struct CarefulListTest : PostListPaneTest {
-  CarefulListTest() : PostListPaneTest(true) {}
+  CarefulListTest() : PostListPaneTest({kValueSelection, kSelectionCareful}) {}
 };
 
 TEST_F(CarefulListTest, ARightPressActsOnItsPostAloneAndCtrlTakesAPostOutOfTheSelection) {
