@@ -59,21 +59,17 @@ class PostTexts {
   std::optional<std::string> text_;
 };
 
-struct ReadyCondition {
-  FilterField field;
-  FilterTest test;
-  std::unique_ptr<const RE2> expression;
-
-  bool IsMetBy(PostTexts& texts) const {
-    return RE2::PartialMatch(texts.Of(field), *expression) != (test == FilterTest::HoldsNot);
-  }
-};
-
 }  // namespace
 
 struct FilterSet::ReadyRule {
+  struct Condition {
+    FilterField field;
+    FilterTest test;
+    std::unique_ptr<const RE2> expression;
+  };
+
   FilterRule rule;
-  std::vector<ReadyCondition> conditions = {};
+  std::vector<Condition> conditions = {};
 
   // False when a condition is faulty.
   bool Compile() {
@@ -88,8 +84,10 @@ struct FilterSet::ReadyRule {
   bool IsMetBy(const FilteredPost& post, PostTexts& texts) const {
     if (rule.place == FilterPlace::Folder && rule.placeName != post.folder) return false;
     if (rule.place == FilterPlace::Channel && rule.placeName != post.channel) return false;
-    return std::ranges::all_of(
-        conditions, [&](const ReadyCondition& condition) { return condition.IsMetBy(texts); });
+    return std::ranges::all_of(conditions, [&](const Condition& condition) {
+      return RE2::PartialMatch(texts.Of(condition.field), *condition.expression) !=
+             (condition.test == FilterTest::HoldsNot);
+    });
   }
 };
 

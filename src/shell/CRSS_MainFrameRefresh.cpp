@@ -61,7 +61,7 @@ void CRSS_MainFrame::SetRefreshBusy(bool busy) {
 }
 
 void CRSS_MainFrame::TellIndexed(int percent) {
-  if (percent == 100) return ReportMessage("");
+  if (percent == 100) return TellText(*this, kTextIndexReady);
   ReportMessage(WithNumbers(skin_.GetText(kSectionTexts, kTextIndexProgress), {percent}));
 }
 

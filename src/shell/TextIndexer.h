@@ -19,7 +19,7 @@ class TextIndexer {
 
   TextIndexer(std::shared_ptr<Store> store, BackgroundJobs::Post toOwner, OnProgress onProgress);
 
-  // Begins in some seconds, when the user has what he has come for.
+  // Begins in some seconds, when the user has what he has come for, and looks again every minute.
   void Start();
   // Stops behind the transaction under way, for which nobody waits.
   void Stop();

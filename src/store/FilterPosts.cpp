@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kPostsAStep = 500;
 
-constexpr PostLayout kLayout{.podcast = 9};
+constexpr PostLayout kFilteredLayout{.podcast = 9};
 constexpr int kFolderColumn = 10;
 constexpr char kSelect[] =
     "Select " POST_COLUMNS ", folder_name, channel_xmllink, {} From TB_POST Inner " JOIN_CHANNELS
@@ -57,7 +57,7 @@ bool ForEachStep(Store& store, const FilterSet& rules, const std::stop_token& st
                                      hasDetails ? kJoinDetails : "", last, kPostsAStep));
     if (!rows) return false;
     std::vector<PostRow> posts;
-    AppendPosts(*rows, kLayout, posts);
+    AppendPosts(*rows, kFilteredLayout, posts);
     if (posts.empty()) return true;
     last = posts.back().id;
     std::vector<MetPost> met;

@@ -90,14 +90,17 @@ std::optional<int> IndexSomeTexts(Store& store) {
   if (!connection) return std::nullopt;
   const Connection::Operation operation(connection);
   if (!HasIndex(connection)) return 0;
-  const auto texts = ReadWaitingTexts(connection, store.TextCodePage(), kTextsAtOnce);
+  auto texts = ReadWaitingTexts(connection, store.TextCodePage(), kTextsAtOnce);
+  if (texts && texts->empty() && HasMostlyGoneTexts(connection)) {
+    if (!Empty(connection)) return std::nullopt;
+    texts = ReadWaitingTexts(connection, store.TextCodePage(), kTextsAtOnce);
+  }
   if (!texts) return std::nullopt;
   std::vector<std::string> statements;
   for (const WaitingText& text : *texts) {
     for (std::string& statement : StatementsFor(text)) statements.push_back(std::move(statement));
   }
   if (!statements.empty() && !ExecuteAll(connection, statements)) return std::nullopt;
-  if (texts->empty() && HasMostlyGoneTexts(connection) && !Empty(connection)) return std::nullopt;
   return static_cast<int>(texts->size());
 }
 

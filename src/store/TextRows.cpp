@@ -36,7 +36,7 @@ constexpr TextTable kTables[] = {
 
 const TextTable& TableOf(bool areSaved) { return kTables[areSaved ? 1 : 0]; }
 
-constexpr PostLayout kLayout{.podcast = 9, .ownerId = 10};
+constexpr PostLayout kSearchedLayout{.podcast = 9, .ownerId = 10};
 constexpr int kAuthorsColumn = 11;
 
 std::string RowCondition(const std::optional<RowKey>& within) {
@@ -88,7 +88,7 @@ std::optional<int> TextRows::Read(bool areSaved, const std::string& condition, c
   if (!rows) return std::nullopt;
   if (rows->Rows() == 0) return 0;
   std::vector<PostRow> posts;
-  AppendPosts(*rows, kLayout, posts);
+  AppendPosts(*rows, kSearchedLayout, posts);
   const int last = posts.back().id;
   for (int row = 0; row < rows->Rows(); ++row) {
     PostRow& post = posts[static_cast<std::size_t>(row)];

@@ -141,6 +141,19 @@ TEST_F(IndexedAndPlain, ADamagedIndexIsPassedByAndBeginsAnew) {
   EXPECT_EQ(Found(indexed_, search), Found(plain_, search));
 }
 
+TEST_F(IndexedAndPlain, AnIndexOfMostlyGoneTextsIsMadeAnew) {
+  Sql("insert into TB_POST(post_channelID, post_title) with recursive n(i) as (select 1 union all "
+      "select i + 1 from n where i < 30) select 1, 'linux' from n");
+  IndexAll();
+  indexed_.Sql("update sqlite_sequence set seq = 50000 where name = 'TB_TEXT_DOC'");
+  indexed_.Sql("update TB_POST set post_title = 'gone'");
+  IndexAll();
+  EXPECT_EQ(ReadIndexState(indexed_.Get())->indexed, 30);
+  EXPECT_EQ(indexed_.Value("select max(text_doc) from TB_TEXT_DOC"), "30");
+  EXPECT_EQ(Found(indexed_, {.query = "linux"}), "");
+  EXPECT_NE(Found(indexed_, {.query = "gone"}), "");
+}
+
 TEST_F(IndexedAndPlain, AQueryOfManyWordsIsNoDamage) {
   Sql("insert into TB_POST(post_channelID, post_title, post_desc) values(1, 'a', 'b')");
   IndexAll();

@@ -19,7 +19,7 @@ struct FakeDesk : Desk {
   const Skin& GetSkin() const override { return *shownSkin; }
   SharedState& State() override { return state; }
   BackgroundJobs::Post ToInterfaceThread() override {
-    return [this](auto work) { interfaceThread.Queue(std::move(work)); };
+    return [this](auto work) { ownThread.Queue(std::move(work)); };
   }
   UndoableSteps& Steps() override { return steps; }
   void ReportMessage(std::string_view text) override { messages.emplace_back(text); }
@@ -35,7 +35,7 @@ struct FakeDesk : Desk {
     return ShowTextMessage(kSectionTexts, key, kind);
   }
 
-  InterfaceThread interfaceThread;
+  InterfaceThread ownThread;
   TestStore db;
   ShippedSkin skin;
   const Skin* shownSkin = &skin.Get();

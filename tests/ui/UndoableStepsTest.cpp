@@ -16,7 +16,8 @@ TEST(UndoableSteps, AreOfferedForAWhileAndCanBeUndoneUntilThatSucceeds) {
       {.begin = [&](const std::string& name, bool) { told += name + ", "; },
        .end = [&] { told += "end, ", untilTheEnd.quit(); },
        .count = [] {},
-       .show = [&](const auto&, auto posts) { told += "show " + std::to_string(posts.size()); }},
+       .show = [&](const auto&,
+                   const auto& posts) { told += "show " + std::to_string(posts.posts.size()); }},
       std::chrono::milliseconds(0));
   EXPECT_TRUE(steps.DeletePosts({.posts = {1, 2}}));
   untilTheEnd.exec();

@@ -311,6 +311,8 @@ void CRSS_RightTopContainer::Search() {
     desk_.ShowTextMessage(kSectionTexts, kTextSearchEmpty, MsgBoxKind::Notice);
     return;  // the pane may have been deleted
   }
+  webSearch_.Cancel();
+  textSearcher_.Cancel();
   switch (toolbar_.Scope()) {
     case SearchScope::Web:
       return webSearch_.Begin(word);
