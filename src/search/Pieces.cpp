@@ -5,7 +5,9 @@
 namespace feedloom {
 
 std::vector<Piece> PiecesOf(std::string_view text) {
+  constexpr std::size_t kCommonSize = 5;  // of a piece, in bytes
   std::vector<Piece> pieces;
+  pieces.reserve(text.size() / kCommonSize);
   bool isBehindPiece = false;
   for (std::size_t at = 0; at < text.size();) {
     Character character = FirstCharacter(text.substr(at));

@@ -12,10 +12,9 @@
 namespace feedloom {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\n\r\f";
 constexpr std::size_t kLongestReference = 32;  // bytes of its name or digits
 
-bool IsHtmlBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
+bool IsHtmlBlank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r' || c == '\f'; }
 
 // Takes all up to the first `end`, or all there is, off `html`.
 void SkipTo(std::string_view& html, std::size_t end) {
