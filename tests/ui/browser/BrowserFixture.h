@@ -37,6 +37,13 @@ inline QVariant Ask(QWebEnginePage& page, const QString& script) {
   return answer->value_or(QVariant());
 }
 
+// Returns when the page has drawn frames for so long, by its own clock.
+inline void LetLive(QWebEnginePage& page, int milliseconds = 60) {
+  const QString lookAgain = "requestAnimationFrame(now => drawn = now); globalThis.drawn ?? 0";
+  const double end = Ask(page, "performance.now()").toDouble() + milliseconds;
+  EXPECT_TRUE(ComesTrue([&] { return Ask(page, lookAgain).toDouble() > end; }));
+}
+
 struct BrowserFrame : FakeDesk, FakeSubscribing, FakeReading {
   BrowserFrame() : FakeSubscribing(static_cast<FakeDesk&>(*this)), FakeReading(state) {}
   Registry registry{workFolder.File("registry.reg")};

@@ -84,12 +84,6 @@ struct Safety : BrowserFixture {
       EXPECT_TRUE(ComesTrue([&] { return Hits(attack) > 0; })) << attack.data();
   }
 
-  // Returns when the page has drawn frames for so long, by its own clock.
-  void LetLive(QWebEnginePage& page, int milliseconds = 60) {
-    const QString lookAgain = "requestAnimationFrame(now => drawn = now); globalThis.drawn ?? 0";
-    const double end = Ask(page, "performance.now()").toDouble() + milliseconds;
-    EXPECT_TRUE(ComesTrue([&] { return Ask(page, lookAgain).toDouble() > end; }));
-  }
   // The server, too, has then seen what the page has asked for.
   void Settle(int milliseconds = 60) {
     LetLive(Page(), milliseconds);
